@@ -1,0 +1,31 @@
+#!/bin/sh
+# SPDX-License-Identifier: MIT
+# Debian packages the project needs; sourced by run.sh and test.sh.
+# shellcheck disable=SC2034 # the lists are for those who source this
+
+build_packages="cmake ninja-build g++ pkg-config qt6-base-dev librtaudio-dev libfmt-dev"
+run_packages="fonts-dejavu-core qt6-wayland"
+test_packages="libgtest-dev libgmock-dev libbenchmark-dev clang clang-format clang-tidy libclang-rt-14-dev
+    jackd2 libjack-jackd2-dev xvfb xauth git"
+
+# install_missing PACKAGE...: installs those that are not there, as root or through sudo.
+install_missing() {
+    missing=""
+    for package in "$@"; do
+        dpkg-query -W -f '${Status}' "$package" 2>/dev/null | grep -q "ok installed" || missing="$missing $package"
+    done
+    [ -n "$missing" ] || return 0
+    as_root=""
+    if [ "$(id -u)" -ne 0 ]; then
+        as_root=sudo
+        command -v sudo >/dev/null || {
+            echo "These packages are missing, and neither root nor sudo is there to install them:$missing" >&2
+            return 1
+        }
+    fi
+    echo "Installing packages:$missing"
+    $as_root env DEBIAN_FRONTEND=noninteractive apt-get update -qq
+    # Word splitting is what makes the list a list.
+    # shellcheck disable=SC2086
+    $as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends $missing >/dev/null
+}

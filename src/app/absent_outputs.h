@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ports/playback_parts.h"
+#include "ports/tone_outputs.h"
+
+namespace quavix {
+
+/// Stands where an output or a playback part is not available. Its switch can't be set then, so that no tone
+/// ever comes here; only what playback calls in every case does, and has nothing to do.
+class AbsentOutputs : public MotorOutput,
+                      public ToneGenerator,
+                      public MidiNotes,
+                      public Portamento,
+                      public Voice,
+                      public BeatHook,
+                      public SynchronizedStart {
+  public:
+    void PlayNote(const std::string&, double) override {}
+    void FMODBeep(double, double, bool, bool) override {}
+    void FMODBeepStop() override {}
+    std::int32_t NoteToMIDI(std::int32_t, std::int32_t) override { return 0; }
+    void MIDINoteOn(std::int32_t) override {}
+    void MIDINoteOff(std::int32_t, std::int32_t) override {}
+    void SetWantedPitch(std::int32_t) override {}
+    void StartSound() override {}
+    void ChangeVoiceVol(double) override {}
+    void ChangeBaseFreq(double) override {}
+    void LineStarts() override {}
+    bool CurrentlyWaiting() const override { return false; }
+    void WaitButtonClick() override {}
+    bool ShouldBeNotWaiting() const override { return true; }
+    void ReenableWaitButton() override {}
+};
+
+}  // namespace quavix

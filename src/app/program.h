@@ -1,0 +1,124 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+
+#include "music/edit_history.h"
+#include "music/line_clipboard.h"
+#include "music/list_editing.h"
+#include "music/main_fields.h"
+#include "music/mod_buttons.h"
+#include "music/music_list.h"
+#include "music/note_entry.h"
+#include "music/numeric_fields.h"
+#include "playback/piano_keys.h"
+#include "playback/playback_engine.h"
+#include "playback/position_display.h"
+#include "playback/tone_code.h"
+#include "playback/tone_dispatcher.h"
+#include "ports/clipboard.h"
+#include "ports/clock.h"
+#include "ports/event_pump.h"
+#include "ports/file_picker.h"
+#include "ports/files.h"
+#include "ports/message_boxes.h"
+#include "ports/playback_parts.h"
+#include "ports/speaker.h"
+#include "ports/tone_outputs.h"
+#include "shell/debug_log.h"
+#include "shell/event_boundary.h"
+#include "shell/waiting.h"
+#include "songfile/loading_view.h"
+#include "songfile/song_changes.h"
+#include "songfile/song_document.h"
+#include "songfile/song_reader.h"
+#include "songfile/song_writer.h"
+
+namespace quavix {
+
+/// Everything outside the program that it works with. All of it must outlive the program.
+struct ProgramPorts {
+    Clock& Time;
+    EventPump& Pump;
+    MessageBoxes& Boxes;
+    FilePicker& Picker;
+    Clipboard& TextClipboard;
+    Files& Disk;
+    Speaker& PcSpeaker;
+    MotorOutput& Motor;
+    ToneGenerator& Generator;
+    MidiNotes& Midi;
+    Portamento& Glide;
+    Voice& Singer;
+    BeatHook& Beat;
+    SynchronizedStart& Synchro;
+    LoadingView& Loading;
+    /// Where the debug log and the tone code go while they are switched on.
+    std::string LogFile;
+    std::string ToneCodeFile;
+};
+
+/// The program behind its window: the one place where its parts are put together, whatever stands behind the
+/// ports.
+class Program {
+  public:
+    explicit Program(const ProgramPorts& ports)
+        : Log(ports.Disk, ports.Time, ports.LogFile),
+          Handlers(ports.Boxes, Log),
+          Wait(ports.Time, ports.Pump),
+          Numbers(Fields),
+          History(Fields, List),
+          Mods(Fields, List, History, Log),
+          Position(Fields, List, ports.Boxes, Log),
+          Code(Fields, ports.Disk, ports.ToneCodeFile),
+          Tones(Fields, {ports.PcSpeaker, ports.Motor, ports.Generator, ports.Midi, ports.Glide}, Code, Wait,
+                ports.Boxes, Log),
+          Entry(Fields, List, History, Log),
+          Keys(Fields, Entry, Tones, Position, Log),
+          Editing(Fields, List, Entry, History, [this] { Position.ShowSelectedLine(); }),
+          Lines(List, ports.TextClipboard, History, [this] { ShowPositionOfEdit(); }),
+          Playback({Fields, List, Mods, Position, Tones, Code, ports.Generator, ports.Singer, ports.Beat,
+                    ports.Synchro, ports.Time, Wait, ports.Boxes, Log}),
+          Reader(Fields, List, ports.Disk, ports.Boxes, ports.Picker, ports.Loading, Log),
+          Writer(Fields, List, ports.Disk, ports.Boxes, ports.Picker, Log),
+          Changes(Fields, List),
+          Document({Fields, List, Reader, Writer, ports.Boxes, Fields.Modified,
+                    [this] { History.MarkSaved(); }, [this] { History.MarkUnsaved(); }}) {
+        Writer.OnSaved = [this] { History.MarkSaved(); };
+        History.OnRestored = [this](bool onlyMods) {
+            if (onlyMods)
+                Mods.FollowSelectedLine();
+            ShowPositionOfEdit();
+        };
+    }
+
+    MainFields Fields;
+    MusicList List;
+    DebugLog Log;
+    EventBoundary Handlers;
+    Waiting Wait;
+    NumericFields Numbers;
+    EditHistory History;
+    ModButtons Mods;
+    PositionDisplay Position;
+    ToneCode Code;
+    ToneDispatcher Tones;
+    NoteEntry Entry;
+    PianoKeys Keys;
+    ListEditing Editing;
+    LineClipboard Lines;
+    PlaybackEngine Playback;
+    SongReader Reader;
+    SongWriter Writer;
+    SongChanges Changes;
+    SongDocument Document;
+
+  private:
+    /// The labels belong to the music while it plays.
+    void ShowPositionOfEdit() {
+        if (!Fields.MusicIsPlaying)
+            Position.ShowSelectedLine();
+    }
+};
+
+}  // namespace quavix

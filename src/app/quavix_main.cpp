@@ -1,0 +1,96 @@
+// SPDX-License-Identifier: MIT
+#include <cstdio>
+#include <cstdlib>
+#include <functional>
+#include <memory>
+
+#include "app/absent_outputs.h"
+#include "app/command_line.h"
+#include "app/program.h"
+#include "app/shutdown.h"
+#include "app/start_up.h"
+#include "app/window_parts_of.h"
+#include "platform/linux/immediate_end.h"
+#include "platform/linux/linux_processes.h"
+#include "platform/linux/posix_files.h"
+#include "platform/linux/speaker/choose_speaker.h"
+#include "platform/linux/system_clock.h"
+#include "platform/linux/termination_signals.h"
+#include "platform/linux/user_folders.h"
+#include "platform/qt/qt_application.h"
+#include "platform/qt/qt_clipboard.h"
+#include "platform/qt/qt_event_pump.h"
+#include "platform/qt/qt_file_picker.h"
+#include "platform/qt/qt_message_boxes.h"
+#include "platform/qt/qt_timers.h"
+#include "shell/file_exists.h"
+#include "shell/program_info.h"
+#include "shell/whole_text.h"
+#include "songfile/recovery.h"
+#include "ui/main_form.h"
+#include "ui/save_load_form.h"
+
+using namespace quavix;
+
+int main(int argc, char** argv) {
+    if (const auto answer = AnswerToOption({argv + 1, argv + argc})) {
+        std::fputs(answer->c_str(), stdout);
+        return EXIT_SUCCESS;
+    }
+
+    // The speaker comes first, as the real one forks its guard, which wants a process without threads. A
+    // signal ends the program even in the middle of a tone, while no handler can run.
+    TerminationSignals signals;
+    std::function<void()> closeProgram;
+    SpeakerChoice speakerChoice = SpeakerChoiceFromEnvironment();
+    speakerChoice.Clock.WaitUntil = [&](std::int64_t deadlineNs) {
+        if (signals.SleepUntil(deadlineNs) && closeProgram)
+            closeProgram();
+    };
+    const std::unique_ptr<Speaker> speaker = ChooseSpeaker(speakerChoice);
+    QtApplication application(argc, argv, program::Title, program::VersionText);
+    const std::string folder = application.ProgramFolder();
+
+    SystemClock clock;
+    PosixFiles files;
+    LinuxProcesses processes;
+    ImmediateEnd processEnd;
+    QtEventPump pump;
+    QtMessageBoxes boxes;
+    QtFilePicker picker;
+    QtClipboard clipboard;
+    QtTimers timers;
+    AbsentOutputs absent;
+    SaveLoadForm saveLoad(clock);
+
+    Program app({clock, pump, boxes, picker, clipboard, files, *speaker, absent, absent, absent, absent,
+                 absent, absent, absent, saveLoad, FileInFolder(folder, "debuglog.txt"),
+                 FileInFolder(folder, "tonecode.txt")});
+    Recovery recovery({app.Fields, app.List, app.Changes, app.Document, files, timers, clock, boxes,
+                       app.Handlers, app.Log, [&] { return app.Tones.IsSounding(); },
+                       StateFolderFromEnvironment()});
+    Shutdown shutdown(app.Fields, app.Log, processEnd);
+    shutdown.OnShutDown([&] { recovery.End(); });
+    closeProgram = [&] { shutdown.CloseProgram(); };
+    application.WhenReadable(signals.Descriptor(), closeProgram);
+
+    StartUp startUp({app.Fields, clock, files, boxes, processes, *speaker, app.Log,
+                     [&](const std::string& song) { app.Document.LoadFile(song); },
+                     [&](bool songIsLoaded) { recovery.OfferLeftovers(songIsLoaded); }},
+                    {folder, WinFolderFromEnvironment(), CommandText(application.Arguments())});
+    app.Handlers.Run("MainForm_Load", [&] { startUp.BeforeMainForm(); });
+    const auto close = [&] {
+        app.Handlers.Run("MainForm_QueryUnload", [&] {
+            if (!app.Document.MayClose())
+                return;
+            recovery.GiveUpUnsaved();
+            shutdown.CloseProgram();
+        });
+    };
+    MainForm mainForm(PartsOf(app, *speaker, boxes, saveLoad, close,
+                              [&] { return WholeText(files, FileInFolder(folder, "info.txt")); }));
+    app.Handlers.Run("MainForm_Load", [&] { startUp.AfterMainForm(); });
+    app.Handlers.Run("MainForm_Load", [&] { startUp.OfferUnsavedSongs(); });
+    mainForm.show();
+    return application.Run();
+}

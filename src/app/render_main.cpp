@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: MIT
+#include <csignal>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <span>
+
+#include <fmt/format.h>
+
+#include "app/render_target.h"
+#include "app/song_renderer.h"
+#include "platform/console/console_boxes.h"
+#include "platform/linux/posix_files.h"
+#include "shell/program_info.h"
+#include "simulation/rendered_speaker.h"
+
+namespace {
+
+enum ExitStatus { Written = 0, BadUsage = 1, SongNotRead = 2, NotWritten = 3 };
+
+volatile std::sig_atomic_t interruptedBy = 0;
+
+void Interrupt(int signal) {
+    interruptedBy = signal;
+}
+
+/// Shows the share done on one line of the terminal.
+class ProgressLine {
+  public:
+    bool Show(double share) {
+        const int percent = static_cast<int>(share * 100);
+        if (isTerminal_ && percent != shown_)
+            fmt::print(stderr, "\rRendering: {} %", shown_ = percent);
+        return interruptedBy == 0;
+    }
+    ~ProgressLine() {
+        if (shown_ >= 0)
+            fmt::print(stderr, "\r{:20}\r", "");
+    }
+
+  private:
+    bool isTerminal_ = quavix::StandardErrorIsTerminal();
+    int shown_ = -1;
+};
+
+/// Nothing is written over what is read, or twice to the same place.
+void CheckNames(const quavix::RenderOptions& options) {
+    const std::string* names[] = {&options.Song, &options.Out, &options.LogFile, &options.ToneCodeFile};
+    for (std::size_t i = 0; i < std::size(names); ++i) {
+        for (std::size_t j = 0; j < i; ++j) {
+            std::error_code error;
+            if (!names[i]->empty() &&
+                (*names[i] == *names[j] || std::filesystem::equivalent(*names[i], *names[j], error)))
+                throw quavix::RenderError(fmt::format("\"{}\" is named twice", *names[i]));
+        }
+    }
+}
+
+/// The log and the tone code of a rendering start empty.
+void StartAnew(const std::string& file) {
+    if (!file.empty() && !std::ofstream(file, std::ios::trunc))
+        throw quavix::RenderError(fmt::format("\"{}\" can't be written", file));
+}
+
+void Render(const quavix::RenderOptions& options) {
+    quavix::PosixFiles files;
+    quavix::ConsoleBoxes boxes(options.Yes);
+    CheckNames(options);
+    StartAnew(options.LogFile);
+    StartAnew(options.ToneCodeFile);
+    quavix::RenderTarget target(options.Out);
+    {
+        ProgressLine line;
+        quavix::SongRenderer(files, boxes, [&line](double share) {
+            return line.Show(share);
+        }).Render(options, target.Stream());
+    }
+    target.Commit();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    quavix::RenderOptions options;
+    try {
+        options =
+            quavix::ParseRenderOptions(std::span<const char* const>(argv, argc).subspan(argc > 0 ? 1 : 0));
+    } catch (const std::invalid_argument& error) {
+        fmt::print(stderr, "quavix-render: {}\n\n{}", error.what(), quavix::RenderUsage);
+        return BadUsage;
+    }
+    if (options.What == quavix::RenderOptions::Request::Help) {
+        fmt::print("{}", quavix::RenderUsage);
+        return Written;
+    }
+    if (options.What == quavix::RenderOptions::Request::Version) {
+        fmt::print("quavix-render {}\n", quavix::program::VersionText);
+        return Written;
+    }
+    std::signal(SIGINT, Interrupt);
+    std::signal(SIGTERM, Interrupt);
+    std::signal(SIGHUP, Interrupt);
+    std::signal(SIGPIPE, SIG_IGN);  // a reader that goes away is an error of writing
+    try {
+        Render(options);
+        return Written;
+    } catch (const quavix::RenderInterrupted&) {
+        std::signal(interruptedBy, SIG_DFL);
+        std::raise(interruptedBy);
+    } catch (const quavix::SongError& error) {
+        fmt::print(stderr, "quavix-render: {}: {}\n", options.Song, error.what());
+        return SongNotRead;
+    } catch (const std::exception& error) {
+        fmt::print(stderr, "quavix-render: {}\n", error.what());
+    }
+    return NotWritten;
+}

@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: MIT
+#include "app/render_options.h"
+
+#include <charconv>
+#include <stdexcept>
+#include <string_view>
+#include <vector>
+
+#include <fmt/format.h>
+
+namespace quavix {
+namespace {
+
+std::int32_t WholeNumber(std::string_view option, std::string_view text, std::int32_t lowest,
+                         std::int32_t highest) {
+    std::int32_t value = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+    if (error != std::errc() || end != text.data() + text.size() || value < lowest || value > highest) {
+        throw std::invalid_argument(
+            fmt::format("{} takes a whole number from {} to {}, not \"{}\"", option, lowest, highest, text));
+    }
+    return value;
+}
+
+void CheckOutput(std::string_view output) {
+    if (output == "speaker")
+        return;
+    if (output == "fmod" || output == "voice")
+        throw std::invalid_argument(fmt::format("the output \"{}\" is not available", output));
+    throw std::invalid_argument(fmt::format("there is no output \"{}\"", output));
+}
+
+void CheckWaveform(std::string_view waveform) {
+    if (waveform == "square")
+        return;
+    for (const std::string_view other : {"sine", "triangle", "noise"}) {
+        if (waveform == other)
+            throw std::invalid_argument(
+                fmt::format("the speaker makes square waves only; \"{}\" is not available", waveform));
+    }
+    throw std::invalid_argument(fmt::format("there is no waveform \"{}\"", waveform));
+}
+
+}  // namespace
+
+const char* const RenderUsage =
+    "quavix-render [--passes N] [--output speaker|fmod|voice] [--waveform sine|square|triangle|noise]\n"
+    "              [--tone-code FILE] [--log FILE] [--rate HZ] [--yes] SONG OUT.wav\n"
+    "\n"
+    "Plays SONG from its first line to its last N times (default 1) with its own settings and writes what\n"
+    "would be heard: mono 16-bit PCM at HZ samples per second (default 48000). OUT.wav may be - for\n"
+    "standard output.\n"
+    "\n"
+    "  --passes N         how many times the song is played\n"
+    "  --output NAME      what sounds (default speaker)\n"
+    "  --waveform NAME    the wave of the fmod output\n"
+    "  --tone-code FILE   write the tone code of what is played\n"
+    "  --log FILE         write the debug log\n"
+    "  --rate HZ          8000 to 192000\n"
+    "  --yes              answer Yes to every question; otherwise No\n"
+    "  --help, --version\n"
+    "\n"
+    "Exit status: 0 written, 1 bad usage, 2 the song could not be read, 3 the result could not be written.\n";
+
+RenderOptions ParseRenderOptions(std::span<const char* const> arguments) {
+    RenderOptions options;
+    std::vector<std::string> names;
+    bool onlyNames = false;
+    for (std::size_t i = 0; i < arguments.size(); ++i) {
+        const std::string_view argument = arguments[i];
+        const bool isOption = !onlyNames && argument.size() > 1 && argument.starts_with('-');
+        const auto value = [&]() -> std::string_view {
+            if (i + 1 == arguments.size())
+                throw std::invalid_argument(fmt::format("{} needs a value", argument));
+            return arguments[++i];
+        };
+        if (!isOption)
+            names.emplace_back(argument);
+        else if (argument == "--")
+            onlyNames = true;
+        else if (argument == "--help")
+            options.What = RenderOptions::Request::Help;
+        else if (argument == "--version")
+            options.What = RenderOptions::Request::Version;
+        else if (argument == "--yes")
+            options.Yes = true;
+        else if (argument == "--passes")
+            options.Passes = WholeNumber(argument, value(), 1, 1'000'000);
+        else if (argument == "--rate")
+            options.Rate = WholeNumber(argument, value(), 8000, 192000);
+        else if (argument == "--output")
+            CheckOutput(value());
+        else if (argument == "--waveform")
+            CheckWaveform(value());
+        else if (argument == "--log")
+            options.LogFile = value();
+        else if (argument == "--tone-code")
+            options.ToneCodeFile = value();
+        else
+            throw std::invalid_argument(fmt::format("unknown option {}", argument));
+    }
+    if (options.What != RenderOptions::Request::Render)
+        return options;
+    if (names.size() != 2)
+        throw std::invalid_argument("a song and the file to write are needed");
+    options.Song = names[0];
+    options.Out = names[1];
+    return options;
+}
+
+}  // namespace quavix

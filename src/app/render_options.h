@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string>
+
+namespace quavix {
+
+/// What quavix-render is asked to do.
+struct RenderOptions {
+    enum class Request { Render, Help, Version };
+
+    Request What = Request::Render;
+    std::string Song;
+    /// "-" is standard output.
+    std::string Out;
+    std::int32_t Passes = 1;
+    /// Samples per second, 8000 to 192000.
+    std::int32_t Rate = 48000;
+    std::string LogFile;
+    std::string ToneCodeFile;
+    /// Questions are answered Yes.
+    bool Yes = false;
+};
+
+/// How to call quavix-render.
+extern const char* const RenderUsage;
+
+/// Reads the command line without the program's name. Raises std::invalid_argument, saying what is wrong with
+/// it.
+RenderOptions ParseRenderOptions(std::span<const char* const> arguments);
+
+}  // namespace quavix

@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: MIT
+#include "app/render_target.h"
+
+#include <array>
+#include <iostream>
+#include <random>
+
+#include <fmt/format.h>
+
+#include "simulation/rendered_speaker.h"
+
+namespace quavix {
+namespace {
+
+std::string UnusedName(const std::string& beginning) {
+    std::random_device random;
+    return fmt::format("{}.{:08x}{:08x}.part", beginning, random(), random());
+}
+
+}  // namespace
+
+RenderTarget::RenderTarget(const std::string& out) : name_(out) {
+    namespace fs = std::filesystem;
+    std::error_code error;
+    if (out.empty())
+        throw RenderError("a file without a name can't be written");
+    if (out == "-") {
+        aside_ = UnusedName((fs::temp_directory_path(error) / "quavix-render").string());
+    } else {
+        const fs::file_status status = fs::status(out, error);
+        if (fs::is_directory(status))
+            throw RenderError(fmt::format("\"{}\" is a folder", out));
+        if (fs::exists(status) && !fs::is_regular_file(status)) {
+            stream_.open(out, std::ios::binary | std::ios::out);
+        } else {
+            place_ = fs::exists(status) ? fs::canonical(out, error) : fs::path(out);
+            aside_ = UnusedName(place_.string());
+        }
+    }
+    if (!aside_.empty())
+        stream_.open(aside_, std::ios::binary | std::ios::in | std::ios::out | std::ios::trunc);
+    if (out == "-" && stream_.is_open()) {
+        // Nobody else needs its name, and nothing is left of it however the program ends.
+        fs::remove(aside_, error);
+        aside_.clear();
+    }
+    if (!stream_.is_open()) {
+        aside_.clear();
+        throw RenderError(fmt::format("\"{}\" can't be written", out));
+    }
+}
+
+RenderTarget::~RenderTarget() {
+    stream_.close();
+    std::error_code error;
+    if (!aside_.empty())
+        std::filesystem::remove(aside_, error);
+}
+
+void RenderTarget::Commit() {
+    std::error_code error;
+    bool good = false;
+    if (name_ == "-") {
+        stream_.seekg(0);
+        std::array<char, 65536> block;
+        do {
+            stream_.read(block.data(), block.size());
+            std::cout.write(block.data(), stream_.gcount());
+        } while (stream_ && std::cout);
+        good = stream_.eof() && std::cout.flush();
+    } else {
+        stream_.close();
+        good = !stream_.fail();
+        if (good && !aside_.empty()) {
+            std::filesystem::rename(aside_, place_, error);
+            good = !error;
+        }
+    }
+    if (!good)
+        throw RenderError(fmt::format("\"{}\" can't be written", name_));
+    if (!place_.empty())
+        aside_.clear();
+}
+
+}  // namespace quavix

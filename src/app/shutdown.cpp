@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+#include "app/shutdown.h"
+
+namespace quavix {
+namespace {
+
+template <typename Step>
+void Try(Step step) {
+    try {
+        step();
+    } catch (...) {
+        // The program ends all the same.
+    }
+}
+
+}  // namespace
+
+void Shutdown::CloseProgram() {
+    if (fields_.ShuttingDown)
+        return;
+    fields_.ShuttingDown = true;
+    Try([this] { log_.LogText("[REQUEST TO CLOSE PROGRAM]"); });
+    DoShutDownStuff();
+    Try([this] { log_.LogText("KILLING PROCESS (should be last line in log)"); });
+    end_.EndProcess();
+}
+
+void Shutdown::DoShutDownStuff() {
+    Try([this] { log_.LogIndentInc("DoShutDownStuff() - START"); });
+    for (const auto& release : releases_)
+        Try(release);
+    Try([this] { log_.LogIndentDec("DoShutDownStuff() - END"); });
+}
+
+}  // namespace quavix

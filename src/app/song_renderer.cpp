@@ -1,0 +1,142 @@
+// SPDX-License-Identifier: MIT
+#include "app/song_renderer.h"
+
+#include <algorithm>
+#include <span>
+#include <utility>
+
+#include "app/absent_outputs.h"
+#include "app/program.h"
+#include "dsp/wav_writer.h"
+#include "music/lengths.h"
+#include "shell/runtime_error.h"
+#include "simulation/rendered_speaker.h"
+#include "simulation/simulated_time.h"
+
+namespace quavix {
+namespace {
+
+/// Nobody is asked for file names.
+class NoFilePicker : public FilePicker {
+  public:
+    std::string AskForSaveName(const FileDialog&) override { return {}; }
+    std::string AskForOpenName(const FileDialog&) override { return {}; }
+};
+
+/// Nothing is copied.
+class NoClipboard : public Clipboard {
+  public:
+    void SetText(const std::string&) override {}
+    std::string Text() override { return {}; }
+};
+
+/// Passes the rendering's progress on, and stops the load when that is wanted.
+class RenderLoadingView : public LoadingView {
+  public:
+    explicit RenderLoadingView(const std::function<bool(double)>& progress) : progress_(progress) {}
+
+    void ShowHideInfoText(bool) override {}
+    void SetInfoText(const std::string&) override {}
+    bool Progress(double) override {
+        if (!progress_(0))
+            throw RenderInterrupted();
+        return true;
+    }
+
+  private:
+    const std::function<bool(double)>& progress_;
+};
+
+/// Simulated time that looks after the rendering whenever the program lets events run.
+class RenderPump : public EventPump {
+  public:
+    RenderPump(SimulatedTime& time, RenderedSpeaker& speaker, const std::function<bool(double)>& progress)
+        : time_(time), speaker_(speaker), progress_(progress) {}
+
+    std::uint32_t WaitForInput(std::span<const WaitHandle> handles, std::uint32_t timeoutMs) override {
+        return time_.WaitForInput(handles, timeoutMs);
+    }
+
+    void DoEvents() override {
+        time_.DoEvents();
+        if (time_.Now() < next_ && ++calls_ < CallsBetween)
+            return;
+        next_ = time_.Now() + SimulatedTime::CountsPerSecond;
+        calls_ = 0;
+        speaker_.CatchUp();
+        const double seconds = static_cast<double>(time_.Now()) / SimulatedTime::CountsPerSecond;
+        if (!progress_(TotalSeconds > 0 ? std::min(seconds / TotalSeconds, 1.0) : 0))
+            throw RenderInterrupted();
+    }
+
+    double TotalSeconds = 0;
+
+  private:
+    /// Lines may follow each other without any time between them.
+    static constexpr int CallsBetween = 1000;
+
+    SimulatedTime& time_;
+    RenderedSpeaker& speaker_;
+    const std::function<bool(double)>& progress_;
+    std::int64_t next_ = 0;
+    int calls_ = 0;
+};
+
+void Load(Program& program, const std::string& song) {
+    bool loaded = false;
+    try {
+        loaded = program.Reader.ActuallyLoadMusic(song).Loaded;
+    } catch (const RuntimeError& error) {
+        throw SongError(error.what());
+    }
+    if (!loaded)
+        throw SongError("it was not loaded");
+}
+
+double SecondsOfSong(const Program& program) {
+    double wholeNotes = 0;
+    for (std::int32_t row = 1; row <= program.List.Count(); ++row) {
+        std::string mod(program.List.Text(row, Cell::Mod));
+        wholeNotes += GetEquivalentLength(program.List.Text(row, Cell::Length), mod);
+    }
+    return wholeNotes * BeatsPerWholeNote * 60 / program.Fields.BPM;
+}
+
+}  // namespace
+
+void SongRenderer::Render(const RenderOptions& options, std::ostream& out) {
+    SimulatedTime time;
+    WavWriter wav(out, options.Rate, 1);
+    RenderedSpeaker speaker(time, wav, options.Rate);
+    RenderPump pump(time, speaker, progress_);
+    NoFilePicker picker;
+    NoClipboard clipboard;
+    AbsentOutputs absent;
+    RenderLoadingView loading(progress_);
+    Program program({time, pump, boxes_, picker, clipboard, files_, speaker, absent, absent, absent, absent,
+                     absent, absent, absent, loading, options.LogFile, options.ToneCodeFile});
+    if (!options.LogFile.empty())
+        program.Log.Enable();
+    try {
+        program.Fields.TickFreq = ReadTickFreq(time, program.Log);
+        program.Fields.UseWriteCode = !options.ToneCodeFile.empty();
+        Load(program, options.Song);
+        pump.TotalSeconds = SecondsOfSong(program) * options.Passes;
+        program.Playback.OnRangeEnd = [&, left = options.Passes]() mutable {
+            if (--left == 0)
+                program.Playback.StopPlayButton_Click();
+        };
+        program.Playback.PlayAllButton_Click();
+    } catch (const RuntimeError& error) {
+        // Numbers of the song that can't be reckoned with; what is left are files that can't be written.
+        const std::int32_t number = error.Number();
+        if (number == RuntimeError::Overflow || number == RuntimeError::DivisionByZero)
+            throw SongError(error.what());
+        throw RenderError(error.what());
+    }
+    speaker.CatchUp();
+    if (!wav.Finish())
+        throw RenderError("the sound can't be written any further");
+}
+
+}  // namespace quavix

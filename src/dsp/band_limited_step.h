@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <array>
+
+namespace quavix {
+
+/// What has to be added to a hard step from 0 to 1 so that nothing of it lies above half the sample rate.
+///
+/// The hard step keeps 0 up to and including the sample at or before the edge and is 1 from the next sample
+/// on. Row p holds the correction for an edge p / Phases of a sample after a sample; its element m belongs to
+/// the sample m - Before samples after that one. Between rows, interpolate linearly.
+struct BandLimitedStep {
+    /// Samples that one edge reaches, and how many of them come before the sample at or before the edge.
+    static constexpr int Taps = 32;
+    static constexpr int Before = Taps / 2 - 1;
+    /// Rows per sample; row Phases is the edge on the following sample.
+    static constexpr int Phases = 128;
+
+    using Row = std::array<float, Taps>;
+    std::array<Row, Phases + 1> Correction;
+};
+
+/// The table; computed at the first call (about a millisecond), any thread.
+const BandLimitedStep& BandLimitedStepTable();
+
+}  // namespace quavix

@@ -1,0 +1,246 @@
+// SPDX-License-Identifier: MIT
+#include "music/edit_history.h"
+
+#include <utility>
+
+namespace quavix {
+namespace {
+
+/// The list's changes are the history's own for as long as this lives.
+class Restoring {
+  public:
+    explicit Restoring(bool& flag) : flag_(flag) { flag_ = true; }
+    ~Restoring() { flag_ = false; }
+    Restoring(const Restoring&) = delete;
+    Restoring& operator=(const Restoring&) = delete;
+
+  private:
+    bool& flag_;
+};
+
+std::string Caption(const char* command, const EditStep* step) {
+    return step == nullptr ? command : std::string(command) + " " + step->Name;
+}
+
+}  // namespace
+
+EditHistory::EditHistory(MainFields& fields, MusicList& list) : fields_(fields), list_(list) {
+    list_.AddObserver(*this);
+    const auto settingChanged = [this](const auto&) { ShowState(); };
+    fields_.BPM.Watch(settingChanged);
+    fields_.AlternateTimeText.Watch(settingChanged);
+    fields_.TimeSigSlider.Watch(settingChanged);
+    fields_.NoteSilenceRatioSlider.Watch(settingChanged);
+    StartOver();
+}
+
+EditHistory::~EditHistory() {
+    list_.RemoveObserver(*this);
+}
+
+void EditHistory::Undo() {
+    if (depth_ > 0 || applied_ == 0)
+        return;
+    const EditStep& step = steps_[applied_ - 1];
+    {
+        const Restoring restoring(restoring_);
+        step.TakeBack(list_, texts_);
+    }
+    --applied_;
+    Restored(step);
+}
+
+void EditHistory::Redo() {
+    if (depth_ > 0 || applied_ == steps_.size())
+        return;
+    const EditStep& step = steps_[applied_];
+    {
+        const Restoring restoring(restoring_);
+        step.DoAgain(list_, texts_);
+    }
+    ++applied_;
+    Restored(step);
+}
+
+void EditHistory::Restored(const EditStep& step) {
+    looseStep_ = false;
+    const bool onlyMods = step.ChangesOnlyMods();
+    if (list_.SelectedItem() != -1 && list_.IsSelected(list_.SelectedItem()))
+        list_.EnsureVisible(list_.SelectedItem());
+    else if (step.Changes.front().Rows.front() <= list_.Count())
+        list_.EnsureVisible(step.Changes.front().Rows.front());
+    ShowState();
+    if (OnRestored)
+        OnRestored(onlyMods);
+}
+
+void EditHistory::StartOver() {
+    steps_.clear();
+    texts_.Clear();
+    applied_ = 0;
+    size_ = 0;
+    firstState_ = ++lastState_;
+    open_.Changes.clear();
+    open_.SelectionBefore = ListSelection::Of(list_);
+    MarkSaved();
+}
+
+void EditHistory::MarkSaved() {
+    looseStep_ = false;  // so that undoing can come back to here
+    savedState_ = State();
+    savedSettings_ = CurrentSettings();
+    ShowState();
+}
+
+void EditHistory::MarkUnsaved() {
+    savedState_.reset();
+    ShowState();
+}
+
+void EditHistory::BeginGesture(std::string name) {
+    if (depth_++ > 0)
+        return;
+    looseStep_ = false;
+    open_ = {.Name = std::move(name), .SelectionBefore = ListSelection::Of(list_)};
+}
+
+void EditHistory::EndGesture() {
+    if (--depth_ == 0 && !open_.Changes.empty())
+        Push(std::exchange(open_, {}));
+}
+
+void EditHistory::BeforeChange() {
+    if (!restoring_ && depth_ == 0)
+        open_ = {.Name = "Change", .SelectionBefore = ListSelection::Of(list_)};
+}
+
+/// A change outside a gesture is a step, or joins the one before it.
+void EditHistory::Changed() {
+    if (restoring_ || depth_ > 0)
+        return;
+    if (looseStep_) {
+        JoinLooseStep(std::exchange(open_, {}));
+    } else {
+        looseStep_ = true;
+        Push(std::exchange(open_, {}));
+    }
+}
+
+void EditHistory::JoinLooseStep(EditStep change) {
+    EditStep& step = steps_.back();
+    const std::size_t size = change.CountSize();
+    step.Size += size;
+    size_ += size;
+    for (EditChange& part : change.Changes)
+        step.Add(std::move(part));
+    step.SelectionAfter = ListSelection::Of(list_);
+    step.State = ++lastState_;
+    if (step.Changes.empty()) {
+        looseStep_ = false;
+        --applied_;
+        ForgetRedo();
+    }
+    ForgetOldest();
+    ShowState();
+}
+
+void EditHistory::Push(EditStep step) {
+    ForgetRedo();
+    step.SelectionAfter = ListSelection::Of(list_);
+    step.State = ++lastState_;
+    step.Size = step.CountSize();
+    size_ += step.Size;
+    steps_.push_back(std::move(step));
+    ++applied_;
+    ForgetOldest();
+    ShowState();
+}
+
+void EditHistory::ForgetRedo() {
+    while (steps_.size() > applied_) {
+        size_ -= steps_.back().Size;
+        steps_.pop_back();
+    }
+}
+
+void EditHistory::ForgetOldest() {
+    while (size_ > HighestSize && steps_.size() > 1) {
+        size_ -= steps_.front().Size;
+        firstState_ = steps_.front().State;
+        steps_.pop_front();
+        --applied_;
+    }
+}
+
+void EditHistory::RowInserted(std::int32_t row) {
+    RowsInserted({&row, 1});
+}
+
+void EditHistory::BeforeRowRemoved(std::int32_t row) {
+    BeforeRowsRemoved({&row, 1});
+}
+
+void EditHistory::RowsInserted(std::span<const std::int32_t> rows) {
+    if (restoring_)
+        return;
+    open_.Add(RowsChange(EditChange::Kind::Inserted, rows));
+    Changed();
+}
+
+void EditHistory::BeforeRowsRemoved(std::span<const std::int32_t> rows) {
+    BeforeChange();
+    if (!restoring_)
+        open_.Add(RowsChange(EditChange::Kind::Removed, rows));
+}
+
+void EditHistory::Reset() {
+    StartOver();
+}
+
+void EditHistory::BeforeCellChanged(std::int32_t row, Cell cell) {
+    BeforeChange();
+    if (!restoring_)
+        cellBefore_ = texts_.IdOf(list_.Text(row, cell));
+}
+
+void EditHistory::CellChanged(std::int32_t row, Cell cell) {
+    if (restoring_)
+        return;
+    open_.Add({.What = EditChange::Kind::CellWritten,
+               .Rows = {row},
+               .Written = cell,
+               .Before = cellBefore_,
+               .After = texts_.IdOf(list_.Text(row, cell))});
+    Changed();
+}
+
+EditChange EditHistory::RowsChange(EditChange::Kind kind, std::span<const std::int32_t> rows) {
+    EditChange change{.What = kind, .Rows = {rows.begin(), rows.end()}};
+    change.Lines.reserve(rows.size());
+    for (const std::int32_t row : rows) {
+        change.Lines.push_back(
+            {texts_.IdOf(list_.Text(row, Cell::Length)), texts_.IdOf(list_.Text(row, Cell::Note1)),
+             texts_.IdOf(list_.Text(row, Cell::Note2)), texts_.IdOf(list_.Text(row, Cell::Mod))});
+    }
+    return change;
+}
+
+std::uint64_t EditHistory::State() const {
+    return applied_ == 0 ? firstState_ : steps_[applied_ - 1].State;
+}
+
+EditHistory::Settings EditHistory::CurrentSettings() const {
+    return {fields_.BPM, fields_.AlternateTime, fields_.TimeSigSlider, fields_.NoteSilenceRatioSlider};
+}
+
+void EditHistory::ShowState() {
+    const EditStep* undo = applied_ == 0 ? nullptr : &steps_[applied_ - 1];
+    const EditStep* redo = applied_ == steps_.size() ? nullptr : &steps_[applied_];
+    fields_.CanUndo = undo != nullptr;
+    fields_.CanRedo = redo != nullptr;
+    fields_.UndoText = Caption("Undo", undo);
+    fields_.RedoText = Caption("Redo", redo);
+    fields_.Modified = savedState_ != State() || savedSettings_ != CurrentSettings();
+}
+
+}  // namespace quavix

@@ -1,0 +1,101 @@
+// SPDX-License-Identifier: MIT
+#include "music/edit_step.h"
+
+#include <algorithm>
+
+namespace quavix {
+namespace {
+
+void InsertLines(MusicList& list, const EditChange& change, const TextPool& texts) {
+    list.InsertRows(change.Rows, [&](std::size_t index) {
+        std::array<std::string_view, 4> cells;
+        std::transform(change.Lines[index].begin(), change.Lines[index].end(), cells.begin(),
+                       [&texts](TextPool::Id id) { return texts.Text(id); });
+        return cells;
+    });
+}
+
+/// Makes the change, or takes it back.
+void Apply(MusicList& list, const EditChange& change, const TextPool& texts, bool back) {
+    switch (change.What) {
+        case EditChange::Kind::CellWritten:
+            list.SetText(change.Rows.front(), change.Written,
+                         texts.Text(back ? change.Before : change.After));
+            break;
+        case EditChange::Kind::Inserted:
+        case EditChange::Kind::Removed:
+            if ((change.What == EditChange::Kind::Inserted) != back)
+                InsertLines(list, change, texts);
+            else
+                list.RemoveRows(change.Rows);
+            break;
+    }
+}
+
+}  // namespace
+
+ListSelection ListSelection::Of(const MusicList& list) {
+    ListSelection selection{.Item = list.SelectedItem()};
+    for (const std::int32_t row : list.SelectedRows()) {
+        if (!selection.Runs.empty() && selection.Runs.back().second == row - 1)
+            selection.Runs.back().second = row;
+        else
+            selection.Runs.emplace_back(row, row);
+    }
+    return selection;
+}
+
+void ListSelection::Restore(MusicList& list) const {
+    std::vector<std::int32_t> rows;
+    for (const auto& [first, last] : Runs) {
+        for (std::int32_t row = first; row <= last; ++row)
+            rows.push_back(row);
+    }
+    list.SetSelection(Item, rows);
+}
+
+void EditStep::TakeBack(MusicList& list, const TextPool& texts) const {
+    for (auto change = Changes.rbegin(); change != Changes.rend(); ++change)
+        Apply(list, *change, texts, true);
+    SelectionBefore.Restore(list);
+}
+
+void EditStep::DoAgain(MusicList& list, const TextPool& texts) const {
+    for (const EditChange& change : Changes)
+        Apply(list, change, texts, false);
+    SelectionAfter.Restore(list);
+}
+
+void EditStep::Add(EditChange change) {
+    if (Changes.empty() || Changes.back().What != change.What) {
+        Changes.push_back(std::move(change));
+        return;
+    }
+    EditChange& last = Changes.back();
+    if (change.What == EditChange::Kind::CellWritten && last.Written == change.Written &&
+        last.Rows == change.Rows) {
+        last.After = change.After;
+        if (last.After == last.Before)
+            Changes.pop_back();
+    } else if (change.What == EditChange::Kind::Inserted && change.Rows.front() > last.Rows.back()) {
+        last.Rows.insert(last.Rows.end(), change.Rows.begin(), change.Rows.end());
+        last.Lines.insert(last.Lines.end(), change.Lines.begin(), change.Lines.end());
+    } else {
+        Changes.push_back(std::move(change));
+    }
+}
+
+bool EditStep::ChangesOnlyMods() const {
+    return std::all_of(Changes.begin(), Changes.end(), [](const EditChange& change) {
+        return change.What == EditChange::Kind::CellWritten && change.Written == Cell::Mod;
+    });
+}
+
+std::size_t EditStep::CountSize() const {
+    std::size_t size = SelectionBefore.Runs.size() + SelectionAfter.Runs.size();
+    for (const EditChange& change : Changes)
+        size += change.Rows.size();
+    return size;
+}
+
+}  // namespace quavix

@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: MIT
+#include "music/line_clipboard.h"
+
+#include <numeric>
+#include <string>
+
+#include "music/selection.h"
+
+namespace quavix {
+namespace {
+
+/// "Cut line", "Cut lines".
+std::string GestureName(const char* verb, std::size_t lines) {
+    return std::string(verb) + (lines == 1 ? " line" : " lines");
+}
+
+}  // namespace
+
+void LineClipboard::CopyLines() {
+    const std::vector<std::int32_t> rows = list_.SelectedRows();
+    if (!rows.empty())
+        clipboard_.SetText(TextOfLines(list_, rows));
+}
+
+void LineClipboard::CutLines() {
+    const std::vector<std::int32_t> rows = list_.SelectedRows();
+    if (rows.empty())
+        return;
+    clipboard_.SetText(TextOfLines(list_, rows));
+    const EditGesture gesture(history_, GestureName("Cut", rows.size()));
+    Remove(rows);
+}
+
+void LineClipboard::EraseLines() {
+    const std::vector<std::int32_t> rows = list_.SelectedRows();
+    if (rows.empty())
+        return;
+    const EditGesture gesture(history_, GestureName("Erase", rows.size()));
+    Remove(rows);
+}
+
+LineClipboard::PasteResult LineClipboard::PasteLines() {
+    const LinesOfText read = ReadLines(clipboard_.Text());
+    if (!read.Lines.empty()) {
+        const EditGesture gesture(history_, GestureName("Paste", read.Lines.size()));
+        const std::vector<std::int32_t> selected = list_.SelectedRows();
+        const std::int32_t row = selected.empty() ? list_.Count() + 1 : selected.front();
+        InsertBlock(row, read.Lines);
+        list_.EnsureVisible(row);
+        showPosition_();
+    }
+    return {.Pasted = read.Lines.size(), .Rejected = read.Rejected};
+}
+
+void LineClipboard::DuplicateLines() {
+    const std::vector<std::int32_t> selected = list_.SelectedRows();
+    if (selected.empty())
+        return;
+    const EditGesture gesture(history_, GestureName("Duplicate", selected.size()));
+    std::vector<MusicLine> lines;
+    lines.reserve(selected.size());
+    for (const std::int32_t row : selected)
+        lines.push_back(list_.Line(row));
+    const std::int32_t first = selected.back() + 1;
+    InsertBlock(first, lines);
+    std::vector<std::int32_t> copies(lines.size());
+    std::iota(copies.begin(), copies.end(), first);
+    list_.SetSelection(first, copies);
+    list_.EnsureVisible(first);
+    showPosition_();
+}
+
+void LineClipboard::Remove(const std::vector<std::int32_t>& rows) {
+    if (rows.size() == 1)
+        list_.Remove(rows.front());
+    else
+        list_.RemoveRows(rows);
+    const std::int32_t next = rows.back() + 1 - static_cast<std::int32_t>(rows.size());
+    if (DoesIndexExist(list_, next))
+        list_.Select(next);
+    showPosition_();
+}
+
+void LineClipboard::InsertBlock(std::int32_t row, const std::vector<MusicLine>& lines) {
+    std::vector<std::int32_t> rows(lines.size());
+    std::iota(rows.begin(), rows.end(), row);
+    list_.InsertRows(rows, [&lines](std::size_t index) {
+        const MusicLine& line = lines[index];
+        return std::array<std::string_view, 4>{line.Length, line.Note1, line.Note2, line.Mod};
+    });
+}
+
+}  // namespace quavix

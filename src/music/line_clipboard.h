@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstddef>
+#include <functional>
+#include <utility>
+#include <vector>
+
+#include "music/edit_history.h"
+#include "music/line_text.h"
+#include "music/music_list.h"
+#include "ports/clipboard.h"
+
+namespace quavix {
+
+/// The commands for one or several selected lines; with none, they do nothing (pasting appends). The
+/// clipboard holds lines as song text, so that they go between copies of the program and into an editor.
+class LineClipboard {
+  public:
+    /// `showPosition` brings the position display up to date with the selection; called after each change.
+    LineClipboard(MusicList& list, Clipboard& clipboard, EditHistory& history,
+                  std::function<void()> showPosition)
+        : list_(list), clipboard_(clipboard), history_(history), showPosition_(std::move(showPosition)) {}
+
+    struct PasteResult {
+        std::size_t Pasted = 0;
+        /// Lines of the clipboard that are no music.
+        std::size_t Rejected = 0;
+    };
+
+    void CopyLines();
+    void CutLines();
+    /// Inserts the clipboard's lines as notes are entered: before the first selected line, which stays
+    /// selected, or at the end. A clipboard without music changes nothing.
+    PasteResult PasteLines();
+    /// Inserts copies behind the last selected line, and selects them in place of the lines.
+    void DuplicateLines();
+    /// Removes the selected lines. The line behind the last of them is selected, if there is one.
+    void EraseLines();
+
+  private:
+    void Remove(const std::vector<std::int32_t>& rows);
+    void InsertBlock(std::int32_t row, const std::vector<MusicLine>& lines);
+
+    MusicList& list_;
+    Clipboard& clipboard_;
+    EditHistory& history_;
+    std::function<void()> showPosition_;
+};
+
+}  // namespace quavix

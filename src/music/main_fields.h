@@ -1,0 +1,124 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+
+#include "music/parameters.h"
+#include "shell/currency.h"
+#include "shell/watched.h"
+
+namespace quavix {
+
+/// Colour values as red + green × 256 + blue × 65536.
+namespace colour {
+inline constexpr std::int32_t Orange = 33023;
+inline constexpr std::int32_t DarkGreen = 32768;
+inline constexpr std::int32_t Red = 255;
+/// The system's window background.
+inline constexpr std::int32_t WindowBackground = -1;
+}  // namespace colour
+
+/// The notes of the line that is sounding; empty texts for none. Two notes sound in turn, too quickly to be
+/// shown one by one.
+struct SoundingNotes {
+    std::string Note1{};
+    std::string Note2{};
+
+    friend bool operator==(const SoundingNotes&, const SoundingNotes&) = default;
+};
+
+/// The main window's fields: the switches of the mods, the song's settings, and what its controls hold. There
+/// is one, passed by reference to those who need it. The window sets a control's value here when the user
+/// changes it, and watches it for everybody else's changes; a check box is true when ticked.
+struct MainFields {
+    // Switches of the mods and options.
+    bool UseMotor = false;
+    bool UseFMOD = false;
+    bool UsePortamento = false;
+    bool MutePCSpeaker = false;
+    bool UseMIDIOut = false;
+    bool DoNotShutUpFMOD = false;
+    bool UseNoUpdate = false;
+    bool UseWriteCode = false;
+    Watched<bool> MusicIsPlaying;
+    bool ShuttingDown = false;
+    /// Octaves between the played notes and the motor's range, 0 to 6.
+    std::int32_t MotorOct = 3;
+
+    /// Performance-counter counts per second, in the counter's own scale.
+    Currency TickFreq;
+
+    // Settings of the song.
+    Watched<std::uint8_t> KeyboardOctave{parameter::KeyboardOctave.Default};
+    Watched<std::int32_t> BPM{parameter::Bpm.Default};
+    std::int32_t BeatsPerBar = parameter::TimeSig.Default;
+    std::int16_t AlternateTime = parameter::AlternateTime.Default;
+
+    // Controls that hold them.
+    Watched<std::string> KeyboardOctaveText{std::to_string(parameter::KeyboardOctave.Default)};
+    Watched<std::string> BPMText{std::to_string(parameter::Bpm.Default)};
+    Watched<std::int32_t> BPMTextBackColor{colour::WindowBackground};
+    Watched<std::string> AlternateTimeText{std::to_string(parameter::AlternateTime.Default)};
+    Watched<std::int32_t> AlternateTimeTextBackColor{colour::WindowBackground};
+    Watched<std::int32_t> TimeSigSlider{parameter::TimeSig.Default};
+    Watched<std::string> lblTimeSig{std::to_string(parameter::TimeSig.Default)};
+    Watched<std::int32_t> NoteSilenceRatioSlider{parameter::NoteSilenceRatio.Default};
+    Watched<std::string> NoteSilenceRatioLabel;
+    Watched<std::int32_t> NoteLengthCombo{parameter::NoteLength.Default};
+
+    // Editing options.
+    Watched<bool> NoteClickPlayCheck{true};
+    Watched<bool> NoteClickAddCheck{true};
+    Watched<bool> AddNote1Option{true};
+    Watched<bool> AddNote2Option{false};
+    Watched<bool> NoteReplaceCheck{false};
+    Watched<bool> NoteLengthReplaceCheck{false};
+    Watched<bool> ModDottedCheck{false};
+    Watched<bool> ModTripletCheck{false};
+    Watched<bool> AddNote1OptionEnabled{true};
+    Watched<bool> AddNote2OptionEnabled{true};
+    Watched<bool> NoteReplaceCheckEnabled{true};
+    Watched<bool> NoteLengthReplaceCheckEnabled{false};
+
+    /// Captions above the three groups of keys: the octave of each.
+    std::array<Watched<std::string>, 3> OctLabel;
+
+    // What can be undone and redone, with the commands' captions ("Undo Erase line").
+    Watched<bool> CanUndo;
+    Watched<bool> CanRedo;
+    Watched<std::string> UndoText{"Undo"};
+    Watched<std::string> RedoText{"Redo"};
+    /// The song is not as it was last saved or loaded.
+    Watched<bool> Modified;
+
+    // Which notes to play.
+    Watched<bool> ClickPlayNote1Check{true};
+    Watched<bool> ClickPlayNote2Check{true};
+    Watched<bool> PlayNote1Check{true};
+    Watched<bool> PlayNote2Check{true};
+
+    // Playback options.
+    Watched<bool> MuteTweebleCheck{false};
+    Watched<bool> NoUpdateCheck{false};
+    Watched<bool> UseBeatCheck{false};
+    Watched<bool> UseVoiceCheck{false};
+    /// Volume of the voice in ten-thousandths.
+    std::int32_t VoiceVolSlider = 0;
+
+    // What playback enables and shows.
+    Watched<bool> PianoKeysEnabled{true};
+    Watched<bool> PlayAllButtonEnabled{true};
+    Watched<bool> PlayFromLineButtonEnabled{true};
+    Watched<bool> StopPlayButtonEnabled{false};
+    Watched<bool> NoUpdateCheckEnabled{true};
+    Watched<bool> BeepTextLabelVisible{false};
+    Watched<SoundingNotes> NotesSounding;
+    Watched<std::string> lblPlayBar{"001"};
+    Watched<std::string> lblPlayPos{"001"};
+    Watched<std::int32_t> lblPlayPosBackColor{colour::DarkGreen};
+    Watched<std::string> lblPlaySig{"01.00"};
+};
+
+}  // namespace quavix

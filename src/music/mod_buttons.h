@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "music/edit_history.h"
+#include "music/main_fields.h"
+#include "music/music_list.h"
+#include "shell/debug_log.h"
+
+namespace quavix {
+
+/// The Dotted and Triplet boxes: at most one is ticked, and they write the selected line's Mod. Without a
+/// selected line they only preset the next note's. Watches the boxes for as long as the fields live, and must
+/// live as long.
+class ModButtons {
+  public:
+    ModButtons(MainFields& fields, MusicList& list, EditHistory& history, DebugLog& log);
+    ModButtons(const ModButtons&) = delete;
+    ModButtons& operator=(const ModButtons&) = delete;
+
+    void ModDottedCheck_Click();
+    void ModTripletCheck_Click();
+
+    /// Sets the boxes from the selected line, whose Mod is written anew by them; does nothing without one.
+    void UpdateModButtons();
+
+    /// The same for a line that must stay as it is.
+    void FollowSelectedLine();
+
+  private:
+    void Clicked(bool ticked, Watched<bool>& other, const char* mod);
+
+    MainFields& fields_;
+    MusicList& list_;
+    EditHistory& history_;
+    DebugLog& log_;
+    bool clearingOther_ = false;
+    bool following_ = false;
+};
+
+}  // namespace quavix

@@ -1,0 +1,249 @@
+// SPDX-License-Identifier: MIT
+#include "music/music_list.h"
+
+#include <limits>
+#include <utility>
+
+#include "shell/runtime_error.h"
+
+namespace quavix {
+namespace {
+
+std::size_t Index(std::int32_t row) {
+    return static_cast<std::size_t>(row) - 1;
+}
+
+/// Row numbers must ascend within 1 to `highest`.
+void CheckRows(std::span<const std::int32_t> rows, std::int32_t highest) {
+    std::int32_t before = 0;
+    for (const std::int32_t row : rows) {
+        if (row <= before || row > highest)
+            throw RuntimeError(RuntimeError::IndexOutOfBounds);
+        before = row;
+    }
+}
+
+}  // namespace
+
+template <typename Notification, typename... Args>
+void MusicList::Notify(Notification notification, Args... args) {
+    if (resetting_)
+        return;
+    for (MusicListObserver* observer : observers_)
+        (observer->*notification)(args...);
+}
+
+const MusicList::Row& MusicList::At(std::int32_t row) const {
+    if (row < 1 || row > Count())
+        throw RuntimeError(RuntimeError::IndexOutOfBounds);
+    return rows_[Index(row)];
+}
+
+MusicList::Row& MusicList::At(std::int32_t row) {
+    return const_cast<Row&>(std::as_const(*this).At(row));
+}
+
+std::string_view MusicList::Text(std::int32_t row, Cell cell) const {
+    return texts_.Text(At(row).Cells[static_cast<std::size_t>(cell)]);
+}
+
+MusicLine MusicList::Line(std::int32_t row) const {
+    return {std::string(Text(row, Cell::Length)), std::string(Text(row, Cell::Note1)),
+            std::string(Text(row, Cell::Note2)), std::string(Text(row, Cell::Mod))};
+}
+
+void MusicList::SetText(std::int32_t row, Cell cell, std::string_view text) {
+    TextPool::Id& id = At(row).Cells[static_cast<std::size_t>(cell)];
+    const TextPool::Id newId = texts_.IdOf(text);
+    if (newId == id)
+        return;
+    Notify(&MusicListObserver::BeforeCellChanged, row, cell);
+    id = newId;
+    Notify(&MusicListObserver::CellChanged, row, cell);
+}
+
+void MusicList::Insert(std::int32_t row, const MusicLine& line) {
+    if (row < 1 || row > Count() + 1)
+        throw RuntimeError(RuntimeError::IndexOutOfBounds);
+    Notify(&MusicListObserver::BeforeRowInserted, row);
+    Row added;
+    added.Cells = {texts_.IdOf(line.Length), texts_.IdOf(line.Note1), texts_.IdOf(line.Note2),
+                   texts_.IdOf(line.Mod)};
+    rows_.insert(rows_.begin() + static_cast<std::ptrdiff_t>(Index(row)), added);
+    if (selectedItem_ >= row)
+        ++selectedItem_;
+    Notify(&MusicListObserver::RowInserted, row);
+}
+
+void MusicList::Append(std::string_view length, std::string_view note1, std::string_view note2,
+                       std::string_view mod) {
+    if (Count() == std::numeric_limits<std::int32_t>::max())
+        throw RuntimeError(RuntimeError::Overflow);
+    const std::int32_t row = Count() + 1;
+    Notify(&MusicListObserver::BeforeRowInserted, row);
+    Row added;
+    added.Cells = {texts_.IdOf(length), texts_.IdOf(note1), texts_.IdOf(note2), texts_.IdOf(mod)};
+    rows_.push_back(added);
+    Notify(&MusicListObserver::RowInserted, row);
+}
+
+void MusicList::Remove(std::int32_t row) {
+    const bool wasSelected = At(row).Selected;
+    Notify(&MusicListObserver::BeforeRowRemoved, row);
+    rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(Index(row)));
+    const bool wasSelectedItem = selectedItem_ == row;
+    if (wasSelected)
+        --selectedCount_;
+    if (wasSelectedItem)
+        selectedItem_ = -1;
+    else if (selectedItem_ > row)
+        --selectedItem_;
+    Notify(&MusicListObserver::RowRemoved, row);
+    if (wasSelected || wasSelectedItem)
+        Notify(&MusicListObserver::SelectionChanged);
+}
+
+void MusicList::InsertRows(std::span<const std::int32_t> rows, const LineSource& line) {
+    const auto room = static_cast<std::size_t>(std::numeric_limits<std::int32_t>::max() - Count());
+    if (rows.size() > room)
+        throw RuntimeError(RuntimeError::Overflow);
+    CheckRows(rows, Count() + static_cast<std::int32_t>(rows.size()));
+    if (rows.empty())
+        return;
+    Notify(&MusicListObserver::BeforeRowsInserted, rows);
+    std::size_t from = rows_.size();
+    std::size_t to = from + rows.size();
+    rows_.resize(to);
+    const std::int32_t itemBefore = selectedItem_;
+    for (std::size_t left = rows.size(); left > 0;) {
+        --to;
+        if (to == Index(rows[left - 1])) {
+            --left;
+            const std::array<std::string_view, 4> texts = line(left);
+            rows_[to] = {};
+            for (std::size_t cell = 0; cell < texts.size(); ++cell)
+                rows_[to].Cells[cell] = texts_.IdOf(texts[cell]);
+        } else {
+            rows_[to] = rows_[--from];
+            if (itemBefore >= 1 && Index(itemBefore) == from)
+                selectedItem_ = static_cast<std::int32_t>(to) + 1;
+        }
+    }
+    Notify(&MusicListObserver::RowsInserted, rows);
+}
+
+void MusicList::RemoveRows(std::span<const std::int32_t> rows) {
+    CheckRows(rows, Count());
+    if (rows.empty())
+        return;
+    Notify(&MusicListObserver::BeforeRowsRemoved, rows);
+    const std::int32_t itemBefore = selectedItem_;
+    bool selectionChanges = false;
+    std::size_t to = Index(rows.front());
+    std::size_t next = 0;
+    for (std::size_t from = to; from < rows_.size(); ++from) {
+        const bool isItem = itemBefore >= 1 && Index(itemBefore) == from;
+        if (next < rows.size() && from == Index(rows[next])) {
+            ++next;
+            selectedCount_ -= rows_[from].Selected ? 1 : 0;
+            selectionChanges = selectionChanges || isItem || rows_[from].Selected;
+            if (isItem)
+                selectedItem_ = -1;
+            continue;
+        }
+        if (isItem)
+            selectedItem_ = static_cast<std::int32_t>(to) + 1;
+        rows_[to++] = rows_[from];
+    }
+    rows_.resize(to);
+    Notify(&MusicListObserver::RowsRemoved, rows);
+    if (selectionChanges)
+        Notify(&MusicListObserver::SelectionChanged);
+}
+
+void MusicList::Clear() {
+    Notify(&MusicListObserver::BeforeReset);
+    rows_.clear();
+    texts_.Clear();
+    selectedItem_ = -1;
+    selectedCount_ = 0;
+    Notify(&MusicListObserver::Reset);
+}
+
+bool MusicList::IsSelected(std::int32_t row) const {
+    return At(row).Selected;
+}
+
+std::vector<std::int32_t> MusicList::SelectedRows() const {
+    if (selectedCount_ == 1 && selectedItem_ >= 1 && At(selectedItem_).Selected)
+        return {selectedItem_};
+    std::vector<std::int32_t> rows;
+    rows.reserve(static_cast<std::size_t>(selectedCount_));
+    for (std::int32_t row = 1; rows.size() < static_cast<std::size_t>(selectedCount_); ++row) {
+        if (rows_[Index(row)].Selected)
+            rows.push_back(row);
+    }
+    return rows;
+}
+
+bool MusicList::ClearFlags() {
+    if (selectedCount_ == 0)
+        return false;
+    if (selectedCount_ == 1 && selectedItem_ >= 1 && At(selectedItem_).Selected) {
+        At(selectedItem_).Selected = false;  // the usual case: no walk through a long list
+    } else {
+        for (Row& row : rows_)
+            row.Selected = false;
+    }
+    selectedCount_ = 0;
+    return true;
+}
+
+void MusicList::Select(std::int32_t row) {
+    if (At(row).Selected && selectedCount_ == 1 && selectedItem_ == row)
+        return;
+    ClearFlags();
+    At(row).Selected = true;
+    selectedCount_ = 1;
+    selectedItem_ = row;
+    Notify(&MusicListObserver::SelectionChanged);
+}
+
+void MusicList::Unselect(std::int32_t row) {
+    if (!At(row).Selected)
+        return;
+    At(row).Selected = false;
+    --selectedCount_;
+    Notify(&MusicListObserver::SelectionChanged);
+}
+
+void MusicList::SetSelection(std::int32_t selectedItem, const std::vector<std::int32_t>& rows) {
+    if (selectedItem != -1)
+        At(selectedItem);
+    for (const std::int32_t row : rows)
+        At(row);
+    ClearFlags();
+    for (const std::int32_t row : rows) {
+        selectedCount_ += At(row).Selected ? 0 : 1;
+        At(row).Selected = true;
+    }
+    selectedItem_ = selectedItem;
+    Notify(&MusicListObserver::SelectionChanged);
+}
+
+void MusicList::EnsureVisible(std::int32_t row) {
+    At(row);
+    Notify(&MusicListObserver::EnsureVisible, row);
+}
+
+void MusicList::BeginReset() {
+    Notify(&MusicListObserver::BeforeReset);
+    resetting_ = true;
+}
+
+void MusicList::EndReset() {
+    resetting_ = false;
+    Notify(&MusicListObserver::Reset);
+}
+
+}  // namespace quavix

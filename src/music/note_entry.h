@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "music/edit_history.h"
+#include "music/main_fields.h"
+#include "music/music_list.h"
+#include "shell/debug_log.h"
+
+namespace quavix {
+
+/// Enters notes into the music list.
+class NoteEntry {
+  public:
+    NoteEntry(MainFields& fields, MusicList& list, EditHistory& history, DebugLog& log)
+        : fields_(fields), list_(list), history_(history), log_(log) {}
+
+    /// Enters a note where the selection and the editing options say: as a new line before the selected one
+    /// (without one, at the end), or into the selected line. Then moves the selection so that the next note
+    /// follows this one. Note number -1 is no note: the line is silent, or keeps its notes. Any other number
+    /// outside 0..11 is entered as "Err" and the number. `octave` is written as given. `lengthIndex` is a
+    /// choice of the note-length list.
+    void AddNote(std::int32_t noteNum, std::int32_t octave, std::int32_t lengthIndex);
+
+  private:
+    std::int32_t FindInsertPoint();
+    bool DecideToReplace(std::int32_t insertPoint);
+    void InsertLine(std::int32_t insertPoint, const std::string& length);
+    void WriteNote(std::int32_t row, const std::string& noteLetter, std::int32_t octave);
+    void WriteLength(std::int32_t row, const std::string& length);
+    void MoveSelection(std::int32_t insertPoint);
+    const char* Mod() const;
+
+    MainFields& fields_;
+    MusicList& list_;
+    EditHistory& history_;
+    DebugLog& log_;
+};
+
+}  // namespace quavix

@@ -1,0 +1,42 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+#include <sys/stat.h>
+#include <system_error>
+#include <utility>
+
+namespace quavix {
+
+/// The error that the last system call has left.
+std::error_code LastError();
+
+/// An open file, closed when destroyed; -1 is none. Calls that a signal interrupts are taken up again.
+class FileDescriptor {
+  public:
+    explicit FileDescriptor(int fd = -1) : fd_(fd) {}
+    FileDescriptor(FileDescriptor&& other) noexcept : fd_(std::exchange(other.fd_, -1)) {}
+    FileDescriptor& operator=(FileDescriptor&& other) noexcept;
+    ~FileDescriptor() { Close(); }
+
+    /// openat() that is never inherited by a child, never waits for a pipe's other end and takes no terminal.
+    static FileDescriptor Open(int folder, const char* name, int flags, mode_t mode = 0);
+
+    bool IsOpen() const { return fd_ >= 0; }
+    int Get() const { return fd_; }
+
+    /// Writes all bytes at the file's position.
+    std::error_code WriteAll(std::string_view bytes) const;
+    /// Makes the content durable.
+    std::error_code Sync() const;
+    std::error_code Close();
+
+  private:
+    int fd_;
+};
+
+/// What keeps a file of this type from being read or written as an ordinary one.
+std::error_code UnlessOrdinary(const struct stat& status);
+
+}  // namespace quavix

@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: MIT
+#include "platform/linux/speaker/event_speaker.h"
+
+#include <cerrno>
+#include <cstring>
+#include <utility>
+
+#include <fmt/format.h>
+
+#include "platform/linux/speaker/tone_events.h"
+
+namespace quavix {
+
+EventSpeaker::EventSpeaker(UniqueFd device, UniqueFd lock, ToneClock clock)
+    : lock_(std::move(lock)), device_(std::move(device)), guard_(device_.Get()), clock_(std::move(clock)) {
+    if (!guard_.Start())
+        failure_ =
+            fmt::format("The guard that keeps the PC speaker from sounding on could not be started ({}).",
+                        guard_.Problem());
+}
+
+EventSpeaker::~EventSpeaker() {
+    WriteTone(device_.Get(), 0);
+}
+
+void EventSpeaker::Beep(std::int32_t frequency, std::int32_t durationMs) {
+    if (durationMs <= 0)
+        return;
+    const std::int64_t deadlineNs = clock_.DeadlineAfter(durationMs);
+    if (Failed() || !CanSound(frequency) || !SwitchOn(frequency, deadlineNs)) {
+        clock_.WaitUntil(deadlineNs);
+        return;
+    }
+    // Also where the wait ends with an exception.
+    struct OffAtEnd {
+        EventSpeaker& Sounding;
+        ~OffAtEnd() { Sounding.SwitchOff(); }
+    } offAtEnd{*this};
+    clock_.WaitUntil(deadlineNs);
+}
+
+bool EventSpeaker::SwitchOn(std::int32_t frequency, std::int64_t deadlineNs) {
+    if (!guard_.Announce(deadlineNs) && !(guard_.Start() && guard_.Announce(deadlineNs))) {
+        failure_ = fmt::format(
+            "The guard that keeps the PC speaker from sounding on is gone and could not be "
+            "started again ({}).",
+            guard_.Problem());
+        return false;
+    }
+    // The program may have been stopped on the way here.
+    if (clock_.Now() < deadlineNs && !WriteTone(device_.Get(), frequency))
+        failure_ = fmt::format("The PC speaker's device fails: {}.", std::strerror(errno));
+    return true;
+}
+
+void EventSpeaker::SwitchOff() {
+    if (!WriteTone(device_.Get(), 0) && failure_.empty())
+        failure_ = fmt::format("The PC speaker's device fails: {}.", std::strerror(errno));
+    guard_.TellOff();
+}
+
+SpeakerStatus EventSpeaker::Status() const {
+    SpeakerStatus status;
+    status.InUse = Failed() ? "silent" : "PC speaker";
+    status.Reason = failure_;
+    status.Silent = Failed();
+    return status;
+}
+
+}  // namespace quavix

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+
+#include "platform/linux/speaker/platform_speaker.h"
+#include "platform/linux/speaker/speaker_guard.h"
+#include "platform/linux/speaker/tone_clock.h"
+#include "platform/linux/speaker/unique_fd.h"
+
+namespace quavix {
+
+/// The real PC speaker, through the kernel's event device. A guard process sees to it that the device is
+/// never left sounding, and no tone sounds without one.
+class EventSpeaker : public PlatformSpeaker {
+  public:
+    /// `device` is open for writing and known to be a PC speaker. Starts the guard; where that is not
+    /// possible the speaker has failed from the beginning. `lock` is kept as long as the speaker.
+    EventSpeaker(UniqueFd device, UniqueFd lock, ToneClock clock);
+
+    /// Switches the device off.
+    ~EventSpeaker() override;
+
+    void Beep(std::int32_t frequency, std::int32_t durationMs) override;
+    SpeakerStatus Status() const override;
+    bool Failed() const override { return !failure_.empty(); }
+
+  private:
+    bool SwitchOn(std::int32_t frequency, std::int64_t deadlineNs);
+    void SwitchOff();
+
+    UniqueFd lock_;
+    UniqueFd device_;
+    SpeakerGuard guard_;
+    ToneClock clock_;
+    std::string failure_;
+};
+
+}  // namespace quavix

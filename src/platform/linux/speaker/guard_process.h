@@ -1,0 +1,22 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+
+namespace quavix {
+
+/// What the guard is told: a tone may sound until this moment of the monotonic clock; 0: it was switched off.
+struct GuardMessage {
+    std::int64_t DeadlineNs = 0;
+};
+
+/// How long past a tone's end the guard lets the program switch it off itself.
+inline constexpr std::int64_t GuardGraceNs = 5'000'000;
+
+/// The guard's whole life, right after fork() with every signal blocked: gives up everything it has of the
+/// program but the device and its end of the channel, sends one byte to say it is ready, then switches the
+/// device off whenever a tone is past its end, and once more when the program is gone. The process may have
+/// been forked from one with threads, so this makes system calls and nothing else.
+[[noreturn]] void RunGuardProcess(int device, int channel);
+
+}  // namespace quavix

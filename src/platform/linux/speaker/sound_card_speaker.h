@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <memory>
+
+#include "platform/linux/speaker/platform_speaker.h"
+#include "platform/linux/speaker/sound_card.h"
+#include "platform/linux/speaker/tone_clock.h"
+
+namespace quavix {
+
+/// Plays the tones as a band-limited square wave on the sound card. When the card is lost, tones are silent
+/// and keep their time, and a later tone tries to get it back, at most every two seconds.
+class SoundCardSpeaker : public PlatformSpeaker {
+  public:
+    /// Begins to open the card and waits for it a moment; one that takes longer is used as soon as it is
+    /// open.
+    explicit SoundCardSpeaker(ToneClock clock);
+
+    /// Lets the last samples of the last tone sound.
+    ~SoundCardSpeaker() override;
+
+    void Beep(std::int32_t frequency, std::int32_t durationMs) override;
+    SpeakerStatus Status() const override;
+
+    /// True where the card is known to be unavailable, for the time being.
+    bool Unavailable() const { return card_.Now() == SoundCard::State::Unavailable; }
+    std::string Problem() const { return card_.Description(); }
+
+  private:
+    bool Lost(const TonePlayer& player) const;
+    std::shared_ptr<TonePlayer> UsablePlayer(std::int64_t nowNs);
+
+    ToneClock clock_;
+    SoundCard card_;
+    std::int64_t triedNs_;
+};
+
+}  // namespace quavix

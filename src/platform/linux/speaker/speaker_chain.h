@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "platform/linux/speaker/platform_speaker.h"
+
+namespace quavix {
+
+/// Uses the first of several speakers that can be had, and the next one when it fails; remembers why.
+class SpeakerChain : public Speaker {
+  public:
+    using Maker = std::function<SpeakerAttempt()>;
+
+    /// Tries `makers` in their order; the last one must not refuse or fail. `remark` goes before every
+    /// reason.
+    SpeakerChain(std::deque<Maker> makers, std::string remark);
+
+    /// A speaker that failed is replaced before the next tone begins, not within one.
+    void Beep(std::int32_t frequency, std::int32_t durationMs) override;
+    SpeakerStatus Status() const override;
+
+  private:
+    void TakeNext();
+    void AddReason(const std::string& reason, const std::string& remedy);
+
+    std::deque<Maker> makers_;
+    std::unique_ptr<PlatformSpeaker> speaker_;
+    std::string reason_;
+    std::string remedy_;
+};
+
+}  // namespace quavix

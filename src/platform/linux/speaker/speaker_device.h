@@ -1,0 +1,54 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/linux/speaker/unique_fd.h"
+
+namespace quavix {
+
+/// What an input device says about itself.
+struct InputDeviceFacts {
+    bool IsInputDevice = false;  // a character device of the input subsystem
+    std::string Name;
+    std::string PhysicalPath;
+    bool HasTones = false;  // takes tone events
+};
+
+/// The input devices of the system, as far as finding the speaker needs them.
+class InputDevices {
+  public:
+    virtual ~InputDevices() = default;
+
+    /// Paths at which the speaker may be, the likeliest first; paths that lead nowhere are allowed.
+    virtual std::vector<std::string> Candidates() const = 0;
+
+    /// What is known about the device at `path` without opening it.
+    virtual InputDeviceFacts LookAt(const std::string& path) const = 0;
+
+    /// Opens for writing only, closed on exec. No descriptor: `error` is the system's error number.
+    virtual UniqueFd Open(const std::string& path, int& error) const = 0;
+
+    /// What the opened device itself says.
+    virtual InputDeviceFacts Ask(const UniqueFd& device) const = 0;
+};
+
+enum class DeviceProblem { None, NotThere, NoPermission, NotASpeaker, CannotOpen };
+
+/// The speaker's descriptor, or why there is none.
+struct FoundDevice {
+    UniqueFd Device;
+    std::string Path;
+    DeviceProblem Problem = DeviceProblem::NotThere;
+    int Error = 0;  // the system's error number, for NoPermission and CannotOpen
+};
+
+/// True where all of it says "PC speaker": nothing else is ever written to.
+bool IsPcSpeaker(const InputDeviceFacts& facts);
+
+/// Finds and opens the PC speaker. A `path` that is not empty is the only place looked at, and must be a PC
+/// speaker just as well.
+FoundDevice FindPcSpeaker(const InputDevices& devices, const std::string& path = {});
+
+}  // namespace quavix

@@ -1,0 +1,82 @@
+// SPDX-License-Identifier: MIT
+#include "platform/qt/qt_application.h"
+
+#include <cstdio>
+#include <cstdlib>
+
+#include <QApplication>
+#include <QFile>
+#include <QFileInfo>
+#include <QSocketNotifier>
+
+namespace quavix {
+namespace {
+
+/// While the application object is made, the only fatal message is that there is no display to be had; the
+/// toolkit would abort after it.
+void ReportMissingDisplay(QtMsgType type, const QMessageLogContext&, const QString& text) {
+    if (type != QtFatalMsg) {
+        std::fprintf(stderr, "%s\n", qPrintable(text));
+        return;
+    }
+    std::fprintf(
+        stderr,
+        "quavix: can't open a window, as there is no display to show it on.\n"
+        "quavix: start it from a desktop, or set DISPLAY or WAYLAND_DISPLAY to a display that you may "
+        "use.\n");
+    std::fflush(stderr);
+    std::_Exit(EXIT_FAILURE);
+}
+
+std::unique_ptr<QApplication> MakeApplication(int& argc, char** argv) {
+    const QtMessageHandler earlier = qInstallMessageHandler(ReportMissingDisplay);
+    auto application = std::make_unique<QApplication>(argc, argv);
+    qInstallMessageHandler(earlier);
+    return application;
+}
+
+}  // namespace
+
+struct QtApplication::Parts {
+    std::unique_ptr<QApplication> Application;
+    std::vector<std::unique_ptr<QSocketNotifier>> Notifiers;
+};
+
+QtApplication::QtApplication(int& argc, char** argv, const std::string& name, const std::string& version)
+    : parts_(std::make_unique<Parts>()) {
+    parts_->Application = MakeApplication(argc, argv);
+    QApplication::setApplicationName(QString::fromStdString(name));
+    QApplication::setApplicationVersion(QString::fromStdString(version));
+    QApplication::setDesktopFileName("quavix");
+}
+
+QtApplication::~QtApplication() {
+    parts_->Notifiers.clear();
+}
+
+std::vector<std::string> QtApplication::Arguments() const {
+    std::vector<std::string> arguments;
+    for (const QString& argument : QApplication::arguments().mid(1))
+        arguments.push_back(QFile::encodeName(argument).toStdString());
+    return arguments;
+}
+
+std::string QtApplication::ProgramFolder() const {
+    return QFile::encodeName(QApplication::applicationDirPath()).toStdString();
+}
+
+void QtApplication::WhenReadable(int descriptor, std::function<void()> handler) {
+    auto notifier = std::make_unique<QSocketNotifier>(descriptor, QSocketNotifier::Read);
+    QObject::connect(notifier.get(), &QSocketNotifier::activated, notifier.get(),
+                     [notifier = notifier.get(), handler = std::move(handler)] {
+                         notifier->setEnabled(false);
+                         handler();
+                     });
+    parts_->Notifiers.push_back(std::move(notifier));
+}
+
+int QtApplication::Run() {
+    return QApplication::exec();
+}
+
+}  // namespace quavix

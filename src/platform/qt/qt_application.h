@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace quavix {
+
+/// The connection to the desktop; one at a time, made before any window. Where there is no display to show
+/// windows on, making it says so on standard error and ends the process with status 1.
+class QtApplication {
+  public:
+    /// Takes the toolkit's own options out of the command line; both arguments must outlive the object.
+    QtApplication(int& argc, char** argv, const std::string& name, const std::string& version);
+    ~QtApplication();
+    QtApplication(const QtApplication&) = delete;
+    QtApplication& operator=(const QtApplication&) = delete;
+
+    /// What is left of the command line, without the program's own name.
+    std::vector<std::string> Arguments() const;
+
+    /// The folder of the executable, as the file system takes it.
+    std::string ProgramFolder() const;
+
+    /// Calls `handler` from the event loop once a file descriptor has become readable; only once.
+    void WhenReadable(int descriptor, std::function<void()> handler);
+
+    /// Handles events until the last window is closed.
+    int Run();
+
+  private:
+    struct Parts;
+    std::unique_ptr<Parts> parts_;
+};
+
+}  // namespace quavix

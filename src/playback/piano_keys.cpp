@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+#include "playback/piano_keys.h"
+
+#include <array>
+#include <exception>
+#include <string>
+
+#include "music/notes.h"
+#include "music/piano_layout.h"
+#include "shell/numbers.h"
+
+namespace quavix {
+namespace {
+
+constexpr std::array<const char*, 3> GroupLogNames = {" (orange region)", " (blue region)",
+                                                      " (green region)"};
+
+}  // namespace
+
+void PianoKeys::PianoKey_Click(std::int32_t index) {
+    constexpr const char* End = "PianoKey clicked - END";
+    log_.LogIndentInc("PianoKey clicked - START");
+    try {
+        Click(index);
+    } catch (const std::exception&) {
+        log_.LogIndentDec(End);
+        throw;
+    }
+    log_.LogIndentDec(End);
+}
+
+void PianoKeys::Click(std::int32_t index) {
+    constexpr double DurationMs = 50;
+    const PianoKeyPlace place = PlaceOfKey(index);
+    log_.Text("Index is {}{}", index, GroupLogNames[static_cast<std::size_t>(place.Group)]);
+    const std::int32_t octave = ToByte(std::int32_t{fields_.KeyboardOctave} + place.OctaveOffset);
+    log_.Text("Index:{}, CurrentOctave:{}", place.NoteNum, octave);
+    if (fields_.NoteClickPlayCheck) {
+        std::string note = NoteNumToNoteString(place.NoteNum, octave, true, fields_.MotorOct);
+        tones_.UniBeep(note, DurationMs, {.SpecificStop = true});
+    }
+    if (fields_.NoteClickAddCheck)
+        entry_.AddNote(place.NoteNum, octave, fields_.NoteLengthCombo);
+    position_.ShowSelectedLine();
+}
+
+void PianoKeys::PianoKey_KeyDown(std::int32_t /*index*/, std::int32_t keyCode, std::int32_t shift) {
+    if (shift != CtrlOnly || (keyCode != UpArrow && keyCode != DownArrow))
+        return;
+    const std::uint8_t octave = fields_.KeyboardOctave;
+    if (keyCode == UpArrow && octave < parameter::KeyboardOctave.Highest)
+        fields_.KeyboardOctave = static_cast<std::uint8_t>(octave + 1);
+    if (keyCode == DownArrow && octave > parameter::KeyboardOctave.Lowest)
+        fields_.KeyboardOctave = static_cast<std::uint8_t>(octave - 1);
+    fields_.KeyboardOctaveText = std::to_string(fields_.KeyboardOctave);
+}
+
+bool PianoKeys::IsSounding(std::int32_t index) const {
+    const SoundingNotes& notes = fields_.NotesSounding;
+    const std::int32_t octave = fields_.KeyboardOctave;
+    return KeyOfNote(notes.Note1, octave) == index || KeyOfNote(notes.Note2, octave) == index;
+}
+
+}  // namespace quavix

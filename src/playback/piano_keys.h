@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+
+#include "music/main_fields.h"
+#include "music/note_entry.h"
+#include "playback/position_display.h"
+#include "playback/tone_dispatcher.h"
+#include "shell/debug_log.h"
+
+namespace quavix {
+
+/// The keys of the on-screen keyboard, 0 to 35 from the left.
+class PianoKeys {
+  public:
+    // Key codes and shift states as PianoKey_KeyDown() takes them.
+    static constexpr std::int32_t UpArrow = 38;
+    static constexpr std::int32_t DownArrow = 40;
+    static constexpr std::int32_t CtrlOnly = 2;
+
+    PianoKeys(MainFields& fields, NoteEntry& entry, ToneDispatcher& tones, PositionDisplay& position,
+              DebugLog& log)
+        : fields_(fields), entry_(entry), tones_(tones), position_(position), log_(log) {}
+
+    /// Sounds the key's note and enters it into the list, as far as the options want either. Raises Overflow
+    /// where the key's octave is below 0 or above 255, before anything sounds; SubscriptOutOfRange for an
+    /// index that is no key.
+    void PianoKey_Click(std::int32_t index);
+
+    /// The octave keys: Ctrl with the up or the down arrow moves KeyboardOctave within 2 to 9. Any other key
+    /// does nothing, whichever key of the keyboard has the focus.
+    void PianoKey_KeyDown(std::int32_t index, std::int32_t keyCode, std::int32_t shift);
+
+    /// Whether a key's note belongs to the line that playback is sounding (MainFields::NotesSounding).
+    bool IsSounding(std::int32_t index) const;
+
+  private:
+    void Click(std::int32_t index);
+
+    MainFields& fields_;
+    NoteEntry& entry_;
+    ToneDispatcher& tones_;
+    PositionDisplay& position_;
+    DebugLog& log_;
+};
+
+}  // namespace quavix

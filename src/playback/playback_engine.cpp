@@ -1,0 +1,386 @@
+// SPDX-License-Identifier: MIT
+#include "playback/playback_engine.h"
+
+#include <utility>
+
+#include "music/lengths.h"
+#include "music/selection.h"
+#include "shell/numbers.h"
+
+namespace quavix {
+namespace {
+
+constexpr std::int32_t SecondsPerMinute = 60;
+
+/// The notes are shown as sounding for as long as this lives.
+class ShownSounding {
+  public:
+    ShownSounding(MainFields& fields, SoundingNotes notes) : fields_(fields) {
+        fields_.NotesSounding = std::move(notes);
+    }
+    ~ShownSounding() { fields_.NotesSounding = SoundingNotes(); }
+    ShownSounding(const ShownSounding&) = delete;
+    ShownSounding& operator=(const ShownSounding&) = delete;
+
+  private:
+    MainFields& fields_;
+};
+
+}  // namespace
+
+PlaybackEngine::PlaybackEngine(const PlaybackParts& parts) : p_(parts), timetableBpm_(parts.Fields.BPM) {
+    p_.Fields.BPM.Watch([this](std::int32_t) { TempoChanged(); });
+}
+
+void PlaybackEngine::PlayMusic(std::int32_t& startPoint, std::int32_t& endPoint, bool onlyThisLine) {
+    const auto end = [this] {
+        p_.Fields.MusicIsPlaying = false;
+        AfterPlayMusic();
+        p_.Log.LogIndentDec("PlayMusic() - END");
+    };
+    try {
+        p_.Log.LogIndentInc("PlayMusic() - START");
+        p_.Fields.MusicIsPlaying = true;
+        BeforePlayMusic();
+        if (PrepareRange(startPoint, endPoint)) {
+            Run run{.StartPoint = startPoint,
+                    .EndPoint = endPoint,
+                    .OnlyThisLine = onlyThisLine,
+                    .CurrentLine = startPoint - 1,
+                    .AlternationStep = {},
+                    .WaitingMargin = {}};
+            PlayLines(run);
+        }
+    } catch (const std::exception&) {
+        // The window's controls must not stay as they are during playback, even where the log is what failed.
+        p_.Fields.BeepTextLabelVisible = false;
+        EnableCommonControls(true);
+        EnableStopping(false);
+        end();
+        throw;
+    }
+    end();
+}
+
+bool PlaybackEngine::PrepareRange(std::int32_t startPoint, std::int32_t& endPoint) {
+    p_.Log.Text("StartPoint = {}", startPoint);
+    p_.Log.Text("EndPoint = {}", endPoint);
+    const Currency reading = ReadClock();
+    p_.Log.Text("QueryPerformanceCounter returned {}", reading.ToText());
+    startTickTime_ = currentTickTime_;
+    p_.Log.Text("StartTickTime = {}", startTickTime_.ToText());
+    playedBeats_ = {};
+    timetableBpm_ = p_.Fields.BPM;
+    if (!DoesIndexExist(p_.List, startPoint)) {
+        Message(
+            fmt::format("StartPoint is {}\nHowever, that line doesn't exist.\n(Exiting sub)", startPoint));
+        return false;
+    }
+    if (!DoesIndexExist(p_.List, endPoint)) {
+        ShowEndPointMessages(endPoint);
+        return false;
+    }
+    p_.Position.WorkOutPlayPos(startPoint, position_);
+    p_.Position.ShowPosition(position_);
+    return true;
+}
+
+void PlaybackEngine::PlayLines(Run& run) {
+    while (p_.Fields.MusicIsPlaying) {
+        if (!PlayLine(run))
+            return;
+    }
+}
+
+/// Plays the next line; false when playback is to end.
+bool PlaybackEngine::PlayLine(Run& run) {
+    ++run.CurrentLine;
+    if (DoesIndexExist(p_.List, run.CurrentLine)) {
+        p_.List.Select(run.CurrentLine);
+        p_.List.EnsureVisible(run.CurrentLine);
+        p_.Mods.UpdateModButtons();
+    }
+    if (!DoesIndexExist(p_.List, run.EndPoint))
+        ShowEndPointMessages(run.EndPoint);
+    // The message boxes run handlers too, so the line is looked for once more.
+    if (run.CurrentLine > run.EndPoint || !DoesIndexExist(p_.List, run.CurrentLine)) {
+        Message(fmt::format(
+            "EndPoint is {}\nHowever, somehow this program now is about to try to look at line {}.\n"
+            "(Stopping playing)",
+            run.EndPoint, run.CurrentLine));
+        return false;
+    }
+    const Line line = ReadLine(run.CurrentLine);
+    if (p_.Fields.UseVoiceCheck)
+        SetVoicePitch(line);
+    p_.Beat.LineStarts();
+    const Currency reading = ReadClock();
+    p_.Log.Text("QueryPerformanceCounter returned {}", reading.ToText());
+    p_.Log.Text("CurrentTickTime = {}", currentTickTime_.ToText());
+    SoundLine(run, line);
+    SilenceGeneratorInRest(line);
+    if (!p_.Fields.MusicIsPlaying)
+        return false;
+    if (!p_.Fields.NoUpdateCheck && !run.OnlyThisLine)
+        UpdatePosition(run, line);
+    if (!WaitForNextLine(run, line))
+        return false;
+    if (run.CurrentLine == run.EndPoint)
+        EndOfRange(run);
+    p_.Log.LogText("Respond to any input");
+    p_.Wait.DoEvents();
+    return true;
+}
+
+void PlaybackEngine::ShowEndPointMessages(std::int32_t& endPoint) {
+    Message(fmt::format(
+        "EndPoint is {}\nHowever, that line doesn't exist.\n(Changing it to last line in the list)",
+        endPoint));
+    endPoint = p_.List.Count();
+    Message(fmt::format("EndPoint changed to {}", endPoint));
+}
+
+PlaybackEngine::Line PlaybackEngine::ReadLine(std::int32_t row) {
+    MusicLine text = p_.List.Line(row);
+    Line line;
+    line.Length = Currency::FromDouble(GetEquivalentLength(text.Length, text.Mod) * BeatsPerWholeNote);
+    line.IsTriplet = text.Mod.find("tri") != std::string::npos;
+    line.Note1 = std::move(text.Note1);
+    line.Note2 = std::move(text.Note2);
+    p_.Log.Text("CurrentLineLength = {}", line.Length.ToText());
+    p_.Log.Text("CurrentNote1 = \"{}\"", line.Note1);
+    p_.Log.Text("CurrentNote2 = \"{}\"", line.Note2);
+    return line;
+}
+
+void PlaybackEngine::SetVoicePitch(const Line& line) {
+    p_.Log.LogIndentInc("'Setting voice to correct pitch' section - START");
+    if (line.Note2.empty()) {
+        p_.Log.LogText("VoiceMainForm.ChangeVoiceVol 0");
+        p_.Singer.ChangeVoiceVol(0);
+    } else {
+        constexpr double SliderScale = 10000;
+        constexpr double Tuning = 1.08;
+        const double volume = p_.Fields.VoiceVolSlider / SliderScale;
+        p_.Log.Text("VoiceMainForm.ChangeVoiceVol {}", NumberText(volume));
+        p_.Singer.ChangeVoiceVol(volume);
+        const double frequency = p_.Tones.FrequencyOfNote(line.Note2);
+        const double pitch = Currency::FromDouble(frequency * Tuning).ToDouble() / 4;
+        p_.Log.Text("VoiceMainForm.ChangeBaseFreq {}", NumberText(pitch));
+        p_.Singer.ChangeBaseFreq(pitch);
+    }
+    p_.Log.LogIndentDec("'Setting voice to correct pitch' section - END");
+}
+
+void PlaybackEngine::SoundLine(Run& run, const Line& line) {
+    const MainFields& fields = p_.Fields;
+    const bool play1 = run.OnlyThisLine ? fields.ClickPlayNote1Check : fields.PlayNote1Check;
+    const bool play2 = run.OnlyThisLine ? fields.ClickPlayNote2Check : fields.PlayNote2Check;
+    const bool sounds1 = play1 && !line.Note1.empty();
+    const bool sounds2 = play2 && !line.Note2.empty();
+    if (sounds1 && sounds2)
+        SoundAlternating(run, line);
+    else if (sounds1)
+        SoundSingleNote(line.Note1, line);
+    else if (sounds2)
+        SoundSingleNote(line.Note2, line);
+}
+
+void PlaybackEngine::SoundSingleNote(const std::string& note, const Line& line) {
+    // From the whole units, so that halves of a millisecond are exact.
+    constexpr double UnitsPerMs = Currency::Scale / 1000.0;
+    const Currency duration = TimeAtBeat(SoundingBeats(line)) - currentTickTime_;
+    const double durationMs = static_cast<double>(duration.Units()) / UnitsPerMs;
+    if (durationMs <= 0)
+        return;
+    const ShownSounding shown(p_.Fields, {.Note1 = note});
+    UniBeep(note, durationMs, false);
+}
+
+void PlaybackEngine::SoundAlternating(Run& run, const Line& line) {
+    p_.Log.LogIndentInc("Alternating section - START");
+    const Currency beepLength = SoundingBeats(line);
+    p_.Log.Text("BeepLength = {}", beepLength.ToText());
+    if (p_.Fields.NoteSilenceRatioSlider < parameter::NoteSilenceRatio.Highest)
+        run.AlternationStep = Currency::FromDouble(p_.Fields.AlternateTime / 1000.0);
+    const Currency step = run.AlternationStep;
+    const ShownSounding shown(p_.Fields, {.Note1 = line.Note1, .Note2 = line.Note2});
+    // Tones without length make no sound, and would hold the thread for the whole line.
+    while (p_.Fields.AlternateTime > 0 && currentTickTime_ + step < TimeAtBeat(beepLength)) {
+        p_.Fields.BeepTextLabelVisible = true;
+        p_.Log.LogText("Alternate: ");
+        p_.Log.LogText(alternateNote2Next_ ? "2" : "1", NoNewLine::Yes);
+        const bool anotherFollows = currentTickTime_ + step < TimeAtBeat(beepLength) - step;
+        UniBeep(alternateNote2Next_ ? line.Note2 : line.Note1, p_.Fields.AlternateTime, anotherFollows);
+        alternateNote2Next_ = !alternateNote2Next_;
+        ReadClock();
+    }
+    p_.Log.LogIndentDec("Alternating section - END");
+}
+
+void PlaybackEngine::SilenceGeneratorInRest(const Line& line) {
+    const MainFields& fields = p_.Fields;
+    if (!fields.DoNotShutUpFMOD)
+        return;
+    const bool play1 = fields.PlayNote1Check;
+    const bool play2 = fields.PlayNote2Check;
+    const bool rest = (play1 || play2) && (!play1 || line.Note1.empty()) && (!play2 || line.Note2.empty());
+    if (rest)
+        p_.Generator.FMODBeepStop();
+}
+
+void PlaybackEngine::UpdatePosition(const Run& run, const Line& line) {
+    if (line.IsTriplet)
+        p_.Position.WorkOutPlayPos(run.CurrentLine + 1, position_);  // so that thirds leave no residue
+    else
+        position_ += line.Length.ToDouble() / BeatsPerWholeNote;
+    p_.Position.ShowPosition(position_);
+}
+
+/// Waits for the next line's start; false when playback was stopped meanwhile.
+bool PlaybackEngine::WaitForNextLine(Run& run, const Line& line) {
+    constexpr std::int32_t SliceMs = 15;
+    // A legato line hands over this early, so that the next tone starts without a gap.
+    constexpr Currency LegatoMargin = Currency::FromUnits(200);
+    p_.Log.LogIndentInc("'Waiting for next note' section - START");
+    ReadClock();
+    if (p_.Fields.NoteSilenceRatioSlider < parameter::NoteSilenceRatio.Highest)
+        run.WaitingMargin = {};
+    else if (TimeAtBeat(line.Length) - currentTickTime_ > LegatoMargin)
+        run.WaitingMargin = LegatoMargin;
+    // The time is worked out in each round: the tempo may change during the wait.
+    while (!run.OnlyThisLine && currentTickTime_ + run.WaitingMargin < TimeAtBeat(line.Length)) {
+        p_.Wait.MsgWaitObj(SliceMs);
+        p_.Code.WriteWait(SliceMs);
+        if (!p_.Fields.MusicIsPlaying) {
+            p_.Log.LogIndentDec("MusicIsPlaying = False - skipping to EndingPlayMusic");
+            return false;
+        }
+        ReadClock();
+        p_.Log.LogText(".", NoNewLine::Yes);
+    }
+    playedBeats_ = playedBeats_ + line.Length;
+    p_.Log.LogIndentDec("'Waiting for next note' section - END");
+    return true;
+}
+
+void PlaybackEngine::EndOfRange(Run& run) {
+    if (run.OnlyThisLine) {
+        p_.Log.LogText("MusicIsPlaying -> FALSE");
+        p_.Fields.MusicIsPlaying = false;
+        return;
+    }
+    run.CurrentLine = run.StartPoint - 1;
+    p_.Position.WorkOutPlayPos(run.StartPoint, position_);
+    p_.Position.ShowPosition(position_);
+    if (OnRangeEnd)
+        OnRangeEnd();
+}
+
+Currency PlaybackEngine::ReadClock() {
+    const Currency reading = Currency::FromUnits(p_.Time.PerformanceCounter());
+    currentTickTime_ = Currency::FromDouble(reading / p_.Fields.TickFreq);
+    return reading;
+}
+
+/// The time at which so many beats after the finished lines have passed.
+Currency PlaybackEngine::TimeAtBeat(Currency beatsAfterPlayed) const {
+    const Currency beats = playedBeats_ + beatsAfterPlayed;
+    return startTickTime_ +
+           Currency::FromDouble(Quotient(beats.ToDouble() * SecondsPerMinute, p_.Fields.BPM.Get()));
+}
+
+Currency PlaybackEngine::SoundingBeats(const Line& line) const {
+    const double ratio = p_.Fields.NoteSilenceRatioSlider / 100.0;
+    return Currency::FromDouble(line.Length.ToDouble() * ratio);
+}
+
+void PlaybackEngine::UniBeep(std::string note, double durationMs, bool continuous) {
+    p_.Fields.BeepTextLabelVisible = true;
+    p_.Tones.UniBeep(note, durationMs, {.SpecificContinuous = continuous});
+    p_.Fields.BeepTextLabelVisible = false;
+}
+
+void PlaybackEngine::Message(const std::string& text) {
+    p_.Boxes.Show({.Title = "PlayMusic sub", .Text = text, .Icon = BoxIcon::Warning});
+}
+
+/// Moves the start of the timetable so that the line being played started when it did: from there on the new
+/// tempo holds, without a jump.
+void PlaybackEngine::TempoChanged() {
+    const std::int32_t before = std::exchange(timetableBpm_, p_.Fields.BPM);
+    if (!p_.Fields.MusicIsPlaying || before == 0 || timetableBpm_ == 0)
+        return;
+    const double played = playedBeats_.ToDouble() * SecondsPerMinute;
+    startTickTime_ = startTickTime_ + Currency::FromDouble(played / before - played / timetableBpm_);
+}
+
+void PlaybackEngine::EnableCommonControls(bool enable) {
+    p_.Fields.PianoKeysEnabled = enable;
+    p_.Fields.PlayFromLineButtonEnabled = enable;
+    p_.Fields.PlayAllButtonEnabled = enable;
+}
+
+void PlaybackEngine::EnableStopping(bool enable) {
+    p_.Fields.StopPlayButtonEnabled = enable;
+    p_.Fields.NoUpdateCheckEnabled = !enable;
+}
+
+void PlaybackEngine::BeforePlayMusic() {
+    p_.Log.LogIndentInc("BeforePlayMusic() - START");
+    p_.Log.LogText("Disabling common controls");
+    EnableCommonControls(false);
+    p_.Log.LogText("Enabling 'Stop playing'");
+    EnableStopping(true);
+    p_.Log.LogIndentDec("BeforePlayMusic() - END");
+}
+
+void PlaybackEngine::AfterPlayMusic() {
+    p_.Log.LogIndentInc("AfterPlayMusic() - START");
+    p_.Log.LogText("Enabling common controls");
+    EnableCommonControls(true);
+    p_.Log.LogText("Disabling 'Stop playing'");
+    EnableStopping(false);
+    if (p_.Fields.UseVoiceCheck) {
+        p_.Log.LogText("VoiceMainForm.ChangeVoiceVol 0");
+        p_.Singer.ChangeVoiceVol(0);
+    }
+    p_.Log.LogText("FMODBeepStop()");
+    p_.Generator.FMODBeepStop();
+    if (!p_.Synchro.ShouldBeNotWaiting()) {
+        p_.Log.LogText("SynchroForm.ShouldBeNotWaiting = TRUE, re-enabling 'Start Waiting' button");
+        p_.Synchro.ReenableWaitButton();
+    }
+    p_.Log.LogIndentDec("AfterPlayMusic() - END");
+}
+
+void PlaybackEngine::PlayRange(std::int32_t startPoint) {
+    if (p_.List.Count() == 0) {
+        AfterPlayMusic();
+    } else {
+        std::int32_t endPoint = p_.List.Count();
+        PlayMusic(startPoint, endPoint, false);
+    }
+    if (p_.Synchro.CurrentlyWaiting())
+        p_.Synchro.WaitButtonClick();
+}
+
+void PlaybackEngine::PlayAllButton_Click() {
+    PlayRange(1);
+}
+
+void PlaybackEngine::PlayFromLineButton_Click() {
+    PlayRange(HasRealSelection(p_.List) ? GetSelectedIndex(p_.List) : 1);
+}
+
+void PlaybackEngine::StopPlayButton_Click() {
+    p_.Fields.MusicIsPlaying = false;
+}
+
+void PlaybackEngine::MainList_ItemClick(std::int32_t row) {
+    p_.Mods.UpdateModButtons();
+    std::int32_t endPoint = row;
+    PlayMusic(row, endPoint, true);
+}
+
+}  // namespace quavix

@@ -1,0 +1,117 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+
+#include "music/main_fields.h"
+#include "music/mod_buttons.h"
+#include "music/music_list.h"
+#include "playback/position_display.h"
+#include "playback/tone_dispatcher.h"
+#include "ports/playback_parts.h"
+#include "shell/debug_log.h"
+#include "shell/waiting.h"
+
+namespace quavix {
+
+/// What playback works with.
+struct PlaybackParts {
+    MainFields& Fields;
+    MusicList& List;
+    ModButtons& Mods;
+    PositionDisplay& Position;
+    ToneDispatcher& Tones;
+    ToneCode& Code;
+    ToneGenerator& Generator;
+    Voice& Singer;
+    BeatHook& Beat;
+    SynchronizedStart& Synchro;
+    Clock& Time;
+    Waiting& Wait;
+    MessageBoxes& Boxes;
+    DebugLog& Log;
+};
+
+/// Plays ranges of the music list against an absolute timetable: each line starts at the start of playback
+/// plus all beats before it, so that nothing adds up. Waits run handlers, so the list, the settings and the
+/// switches may change at any tone; they are read anew for each line. Watches the tempo for as long as the
+/// fields live, and must live as long.
+class PlaybackEngine {
+  public:
+    explicit PlaybackEngine(const PlaybackParts& parts);
+    PlaybackEngine(const PlaybackEngine&) = delete;
+    PlaybackEngine& operator=(const PlaybackEngine&) = delete;
+
+    /// Plays lines `startPoint` to `endPoint`, again and again until MusicIsPlaying is cleared, or only once
+    /// and without waiting for its end where `onlyThisLine` says that a line was clicked. Returns when
+    /// playback has ended. A missing line shows a message; a missing end point becomes the last line. Errors
+    /// of the time arithmetic (a tempo of 0) end playback and are passed on.
+    void PlayMusic(std::int32_t& startPoint, std::int32_t& endPoint, bool onlyThisLine);
+
+    void PlayAllButton_Click();
+    void PlayFromLineButton_Click();
+    /// Only asks playback to stop; it does so after the tone that is sounding.
+    void StopPlayButton_Click();
+    /// A click on a row: plays that line once.
+    void MainList_ItemClick(std::int32_t row);
+
+    /// Called whenever the end of the range is reached, before it starts over; may clear MusicIsPlaying.
+    std::function<void()> OnRangeEnd;
+
+  private:
+    /// One line of music while it is played.
+    struct Line {
+        Currency Length;  // beats
+        std::string Note1;
+        std::string Note2;
+        bool IsTriplet = false;
+    };
+    /// What one call of PlayMusic carries from line to line.
+    struct Run {
+        std::int32_t StartPoint;
+        std::int32_t& EndPoint;
+        bool OnlyThisLine;
+        std::int32_t CurrentLine;
+        Currency AlternationStep;
+        Currency WaitingMargin;
+    };
+
+    void EnableCommonControls(bool enable);
+    void EnableStopping(bool enable);
+    void BeforePlayMusic();
+    void AfterPlayMusic();
+    void PlayRange(std::int32_t startPoint);
+    void PlayLines(Run& run);
+    bool PrepareRange(std::int32_t startPoint, std::int32_t& endPoint);
+    bool PlayLine(Run& run);
+    void ShowEndPointMessages(std::int32_t& endPoint);
+    Line ReadLine(std::int32_t row);
+    void SetVoicePitch(const Line& line);
+    void SoundLine(Run& run, const Line& line);
+    void SoundSingleNote(const std::string& note, const Line& line);
+    void SoundAlternating(Run& run, const Line& line);
+    void SilenceGeneratorInRest(const Line& line);
+    void UpdatePosition(const Run& run, const Line& line);
+    bool WaitForNextLine(Run& run, const Line& line);
+    void EndOfRange(Run& run);
+
+    /// Takes the time; returns the counter reading.
+    Currency ReadClock();
+    Currency TimeAtBeat(Currency beatsAfterPlayed) const;
+    Currency SoundingBeats(const Line& line) const;
+    void UniBeep(std::string note, double durationMs, bool continuous);
+    void Message(const std::string& text);
+    void TempoChanged();
+
+    PlaybackParts p_;
+    Currency startTickTime_;
+    Currency currentTickTime_;
+    Currency playedBeats_;
+    std::int32_t timetableBpm_;
+    double position_ = 0;
+    bool alternateNote2Next_ = false;
+};
+
+}  // namespace quavix

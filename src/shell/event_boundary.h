@@ -1,0 +1,28 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <functional>
+#include <string_view>
+
+#include "ports/message_boxes.h"
+#include "shell/debug_log.h"
+
+namespace quavix {
+
+/// Where run-time errors end: every event handler runs inside one call of Run(), which logs an error that the
+/// handler raised, shows it in a message box, and lets the program carry on.
+class EventBoundary {
+  public:
+    EventBoundary(MessageBoxes& boxes, DebugLog& log) : boxes_(boxes), log_(log) {}
+
+    /// Runs `body`; `handler` is the handler's name for the log. Returns whether it ended without an error.
+    bool Run(std::string_view handler, const std::function<void()>& body);
+
+  private:
+    void Report(std::string_view handler, int number, const char* text);
+
+    MessageBoxes& boxes_;
+    DebugLog& log_;
+};
+
+}  // namespace quavix

@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+#include "shell/waiting.h"
+
+#include <span>
+
+namespace quavix {
+namespace {
+
+/// Tick counts are unsigned 32-bit values that wrap; as signed values their bits are the same.
+std::int32_t WrappingAdd(std::int32_t a, std::int32_t b) {
+    return static_cast<std::int32_t>(static_cast<std::uint32_t>(a) + static_cast<std::uint32_t>(b));
+}
+
+std::int32_t WrappingSubtract(std::int32_t a, std::int32_t b) {
+    return static_cast<std::int32_t>(static_cast<std::uint32_t>(a) - static_cast<std::uint32_t>(b));
+}
+
+}  // namespace
+
+std::int32_t Waiting::MsgWaitObj(std::int32_t interval, WaitHandle handle, std::int32_t handleCount) {
+    constexpr std::int32_t Forever = -1;
+    const std::span<const WaitHandle> handles(&handle, handleCount > 0 ? 1 : 0);
+    std::int32_t end = 0;
+    std::int32_t remaining = Forever;
+    if (interval != Forever)
+        end = WrappingAdd(static_cast<std::int32_t>(clock_.TickCount()), interval);
+    for (;;) {
+        if (interval != Forever) {
+            remaining = WrappingSubtract(end, static_cast<std::int32_t>(clock_.TickCount()));
+            // More time left than was asked for means that the end has passed and the subtraction wrapped.
+            const bool sameSign = (remaining ^ interval) > 0;
+            if (sameSign ? remaining > interval : remaining < 0)
+                return EventPump::WaitTimedOut;
+        }
+        const std::uint32_t result = pump_.WaitForInput(handles, static_cast<std::uint32_t>(remaining));
+        pump_.DoEvents();
+        if (result != handles.size())
+            return static_cast<std::int32_t>(result);
+    }
+}
+
+Currency ReadTickFreq(Clock& clock, DebugLog& log) {
+    const Currency tickFreq = Currency::FromUnits(clock.PerformanceFrequency());
+    log.Text("QueryPerformanceFrequency returned {} (TickFreq set to this)", tickFreq.ToText());
+    return tickFreq;
+}
+
+}  // namespace quavix

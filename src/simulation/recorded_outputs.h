@@ -1,0 +1,55 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "ports/playback_parts.h"
+#include "ports/tone_outputs.h"
+#include "simulation/simulated_time.h"
+#include "simulation/timeline.h"
+
+namespace quavix {
+
+/// Stands behind every output and playback part at once: writes each call to the timeline, and lets time pass
+/// where the real one waits, running what comes in meanwhile.
+class RecordedOutputs : public MotorOutput,
+                        public ToneGenerator,
+                        public MidiNotes,
+                        public Portamento,
+                        public Voice,
+                        public BeatHook,
+                        public SynchronizedStart {
+  public:
+    RecordedOutputs(SimulatedTime& time, Timeline& timeline) : time_(time), timeline_(timeline) {}
+
+    void PlayNote(const std::string& noteName, double durationMs) override;
+    void FMODBeep(double frequency, double durationMs, bool noStop, bool noWait) override;
+    void FMODBeepStop() override;
+    std::int32_t NoteToMIDI(std::int32_t noteNum, std::int32_t octaveNum) override;
+    void MIDINoteOn(std::int32_t midiNoteNum) override;
+    void MIDINoteOff(std::int32_t midiNoteNum, std::int32_t channel) override;
+    void SetWantedPitch(std::int32_t frequency) override;
+    void StartSound() override;
+    void ChangeVoiceVol(double volume) override;
+    void ChangeBaseFreq(double frequency) override;
+    void LineStarts() override;
+    bool CurrentlyWaiting() const override { return IsWaiting; }
+    void WaitButtonClick() override;
+    bool ShouldBeNotWaiting() const override { return NotWaiting; }
+    void ReenableWaitButton() override;
+
+    /// Runs at every line's beat hook.
+    std::function<void()> OnLine;
+    bool IsWaiting = false;
+    bool NotWaiting = true;
+
+  private:
+    void Record(const std::string& event) { timeline_.Record(time_.Now(), event); }
+    void Wait(double ms);
+
+    SimulatedTime& time_;
+    Timeline& timeline_;
+};
+
+}  // namespace quavix

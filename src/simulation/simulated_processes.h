@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+
+#include "ports/processes.h"
+
+namespace quavix {
+
+/// One process of any number, that remembers what was done to it. This process is 4711, every window's owner
+/// 815.
+class SimulatedProcesses : public Processes {
+  public:
+    std::int32_t CurrentProcessId() override { return 4711; }
+    std::int32_t WindowProcessId(std::intptr_t) override { return 815; }
+    ProcessHandle Open(std::uint32_t access, std::int32_t processId) override;
+    bool SetPriorityClass(ProcessHandle process, std::int32_t priorityClass) override;
+    std::int32_t GetPriorityClass(ProcessHandle process) override;
+    void Close(ProcessHandle process) override;
+
+    /// The calls so far, a line each.
+    const std::string& Calls() const { return calls_; }
+
+    /// Opening with any of these rights is refused.
+    std::uint32_t RefuseRights = 0;
+    std::int32_t PriorityClass = 32;
+
+  private:
+    std::string calls_;
+};
+
+}  // namespace quavix

@@ -1,0 +1,23 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "ports/speaker.h"
+#include "simulation/simulated_time.h"
+#include "simulation/timeline.h"
+
+namespace quavix {
+
+/// A speaker that writes its tones to the timeline and lets their time pass.
+class SimulatedSpeaker : public Speaker {
+  public:
+    SimulatedSpeaker(SimulatedTime& time, Timeline& timeline) : time_(time), timeline_(timeline) {}
+
+    void Beep(std::int32_t frequency, std::int32_t durationMs) override;
+    SpeakerStatus Status() const override { return {.InUse = "simulated"}; }
+
+  private:
+    SimulatedTime& time_;
+    Timeline& timeline_;
+};
+
+}  // namespace quavix

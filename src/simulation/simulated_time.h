@@ -1,0 +1,88 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <set>
+
+#include "ports/clock.h"
+#include "ports/event_pump.h"
+#include "ports/timers.h"
+
+namespace quavix {
+
+/// Simulated time: a wait advances the clock at once, and runs what was scheduled in between. Nothing takes
+/// time but waits and blocking tones; a program that asks for the time again and again without waiting sees
+/// it pass slowly, so that no loop on the clock spins for ever.
+class SimulatedTime : public Clock, public EventPump, public Timers {
+  public:
+    static constexpr std::int64_t CountsPerMs = 10'000;
+    static constexpr std::int64_t CountsPerSecond = 1000 * CountsPerMs;
+
+    struct Origin {
+        std::int64_t Counter = 0;
+        std::uint32_t TickCount = 0;
+        TimeOfDay Time = {12, 0, 0};
+        /// The day that it always is.
+        Date Today = {2001, 2, 3};
+    };
+
+    SimulatedTime() : SimulatedTime(Origin{}) {}
+    explicit SimulatedTime(const Origin& start) : start_(start) {}
+
+    // Clock
+    std::int64_t PerformanceCounter() override;
+    std::int64_t PerformanceFrequency() override { return CountsPerSecond; }
+    std::uint32_t TickCount() override;
+    TimeOfDay LocalTime() override;
+    Date LocalDate() override { return start_.Today; }
+
+    // EventPump. A wait for ever with nothing to come raises std::logic_error.
+    std::uint32_t WaitForInput(std::span<const WaitHandle> handles, std::uint32_t timeoutMs) override;
+    void DoEvents() override;
+
+    // Timers
+    Id Start(std::int32_t intervalMs, std::function<void()> tick) override;
+    void Stop(Id timer) override;
+
+    /// Runs `event` as input that arrives `ms` milliseconds after the start (at the next wait, where that is
+    /// past). Events of the same moment run in the order in which they were scheduled.
+    void At(double ms, std::function<void()> event);
+
+    /// Signals a handle `ms` milliseconds after the start; it stays signalled.
+    void SignalAt(double ms, WaitHandle handle);
+
+    /// Lets `ms` pass without running anything, as a blocking call does.
+    void Block(std::int64_t ms) { Advance(now_ + ms * CountsPerMs); }
+
+    /// Time since the start, in counts of 100 ns.
+    std::int64_t Now() const { return now_; }
+
+    /// Runs all that is scheduled up to `ms` milliseconds after the start, as an idle main loop does.
+    void RunUntil(double ms);
+
+  private:
+    struct Event {
+        std::function<void()> Run;
+        Id Timer = 0;
+    };
+
+    void Advance(std::int64_t to);
+    bool IsDue() const { return !events_.empty() && events_.begin()->first <= now_; }
+    void ScheduleTick(Id timer, std::int64_t at);
+
+    Origin start_;
+    std::int64_t now_ = 0;
+    std::int64_t readingsWithoutWait_ = 0;
+    std::multimap<std::int64_t, Event> events_;
+    std::set<WaitHandle> signalled_;
+    struct Timer {
+        std::int32_t IntervalMs;
+        std::function<void()> Tick;
+    };
+    std::map<Id, Timer> timers_;
+    Id lastTimer_ = 0;
+};
+
+}  // namespace quavix

@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "songfile/song_document.h"
+
+namespace quavix {
+
+/// What the choice between saving and loading needs of the windows.
+///
+/// Thread: the user-interface thread. No call runs handlers.
+class SaveLoadView {
+  public:
+    virtual ~SaveLoadView() = default;
+
+    /// Shows or hides the save/load window. Showing returns at once; the choice comes as a click.
+    virtual void ShowSaveLoadForm(bool show) = 0;
+
+    /// Whether the main window takes input.
+    virtual void EnableMainForm(bool enable) = 0;
+
+    virtual void BringMainFormToFront() = 0;
+};
+
+/// The save/load window: its clicks, and the one that opens it. The main window is disabled while it is open.
+/// Whatever comes of saving or loading, be it an error that is raised, the window is closed and the main
+/// window enabled again afterwards.
+class SaveLoad {
+  public:
+    SaveLoad(SaveLoadView& view, SongDocument& document) : view_(view), document_(document) {}
+
+    void SaveLoadButton_Click();
+    void SaveButton_Click();
+    void LoadButton_Click();
+    void CancelButton_Click();
+
+  private:
+    void Close();
+    template <typename Action>
+    void CloseAfter(Action action);
+
+    SaveLoadView& view_;
+    SongDocument& document_;
+};
+
+}  // namespace quavix

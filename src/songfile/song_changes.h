@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+
+#include "music/main_fields.h"
+#include "music/music_list.h"
+#include "shell/watched.h"
+
+namespace quavix {
+
+/// Notices every change of the song: of its lines, and of the settings that say how it sounds. What is
+/// selected, and how notes are entered, is no part of the song.
+///
+/// The fields and the list must outlive it; the fields must not change afterwards.
+class SongChanges : private MusicListObserver {
+  public:
+    SongChanges(MainFields& fields, MusicList& list);
+    ~SongChanges() override { list_.RemoveObserver(*this); }
+    SongChanges(const SongChanges&) = delete;
+    SongChanges& operator=(const SongChanges&) = delete;
+
+    /// Grows with every change. Watchers are told in the middle of it: they must not change the song.
+    Watched<std::uint64_t> Count;
+
+  private:
+    void RowInserted(std::int32_t) override { Changed(); }
+    void RowRemoved(std::int32_t) override { Changed(); }
+    void Reset() override { Changed(); }
+    void CellChanged(std::int32_t, Cell) override { Changed(); }
+    void Changed();
+
+    MusicList& list_;
+};
+
+}  // namespace quavix

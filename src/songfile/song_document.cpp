@@ -1,0 +1,127 @@
+// SPDX-License-Identifier: MIT
+#include "songfile/song_document.h"
+
+#include <optional>
+#include <utility>
+
+#include "music/parameters.h"
+#include "shell/program_info.h"
+
+namespace quavix {
+namespace {
+
+/// A flag that is set for as long as this lives.
+class Flagged {
+  public:
+    explicit Flagged(bool& flag) : flag_(flag), before_(std::exchange(flag, true)) {}
+    ~Flagged() { flag_ = before_; }
+    Flagged(const Flagged&) = delete;
+    Flagged& operator=(const Flagged&) = delete;
+
+  private:
+    bool& flag_;
+    bool before_;
+};
+
+}  // namespace
+
+SongDocument::SongDocument(SongDocumentParts parts) : p_(std::move(parts)) {
+    // From the first setting that is replaced on it is no longer the old file's song, however loading ends.
+    p_.Reader.OnReplace = [this] { fileName_ = std::string(); };
+}
+
+bool SongDocument::New() {
+    if (!MayClose())
+        return false;
+    {
+        const MusicListReset reset(p_.List);
+        p_.List.Clear();
+    }
+    ResetTiming();
+    fileName_ = std::string();
+    p_.MarkSaved();
+    return true;
+}
+
+void SongDocument::ResetTiming() {
+    MainFields& fields = p_.Fields;
+    fields.BPM = parameter::Bpm.Default;
+    fields.BPMText = std::to_string(parameter::Bpm.Default);
+    fields.BeatsPerBar = parameter::TimeSig.Default;
+    fields.lblTimeSig = std::to_string(parameter::TimeSig.Default);
+    fields.TimeSigSlider = parameter::TimeSig.Default;
+    fields.NoteSilenceRatioSlider = parameter::NoteSilenceRatio.Default;
+    fields.AlternateTime = parameter::AlternateTime.Default;
+    fields.AlternateTimeText = std::to_string(parameter::AlternateTime.Default);
+}
+
+bool SongDocument::Save() {
+    const std::string name = fileName_;
+    if (name.empty())
+        return SaveAs();
+    if (!p_.Writer.SaveAs(name))
+        return false;
+    p_.MarkSaved();
+    return true;
+}
+
+bool SongDocument::SaveAs() {
+    const std::optional<std::string> name = p_.Writer.SaveMusic();
+    if (!name)
+        return false;
+    fileName_ = *name;
+    p_.MarkSaved();
+    return true;
+}
+
+template <typename LoadSong>
+LoadResult SongDocument::WhileLoading(LoadSong load) {
+    const Flagged loading(loading_);
+    return load();
+}
+
+bool SongDocument::Load() {
+    return Take(WhileLoading([this] { return p_.Reader.LoadMusic(); }));
+}
+
+bool SongDocument::LoadFile(const std::string& fileName) {
+    return Take(WhileLoading([&] { return p_.Reader.ActuallyLoadMusic(fileName); }));
+}
+
+bool SongDocument::Take(const LoadResult& loaded) {
+    if (!loaded)
+        return false;
+    fileName_ = loaded.Whole ? loaded.FileName : std::string();
+    p_.MarkSaved();
+    return true;
+}
+
+LoadResult SongDocument::Recover(const std::string& copy, const std::string& fileName) {
+    LoadResult loaded = WhileLoading([&] { return p_.Reader.ActuallyLoadMusic(copy); });
+    if (loaded) {
+        fileName_ = loaded.Whole ? fileName : std::string();
+        p_.MarkModified();
+    }
+    return loaded;
+}
+
+bool SongDocument::MayClose() {
+    if (asking_)
+        return false;
+    if (!p_.Modified)
+        return true;
+    const Flagged asking(asking_);
+    const std::string& name = fileName_;
+    const BoxAnswer answer =
+        p_.Boxes.Show({.Title = program::Title,
+                       .Text = (name.empty() ? "This song hasn't been saved yet."
+                                             : "This song has changes that haven't been saved:\n" + name) +
+                               "\n\nSave it now?",
+                       .Icon = BoxIcon::Warning,
+                       .Buttons = BoxButtons::YesNoCancel});
+    if (answer == BoxAnswer::Yes)
+        return Save();
+    return answer == BoxAnswer::No;
+}
+
+}  // namespace quavix

@@ -1,0 +1,198 @@
+// SPDX-License-Identifier: MIT
+#include "songfile/song_reader.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <memory>
+#include <optional>
+
+#include "music/music_line_text.h"
+#include "music/text.h"
+#include "music/text_lines.h"
+#include "shell/file_exists.h"
+#include "shell/numbers.h"
+#include "shell/program_info.h"
+#include "shell/runtime_error.h"
+#include "songfile/file_text.h"
+#include "songfile/song_captions.h"
+#include "songfile/song_text.h"
+
+namespace quavix {
+namespace {
+
+/// The loading view is in its information mode for as long as this lives.
+class InformationMode {
+  public:
+    explicit InformationMode(LoadingView& view) : view_(view) {
+        view_.ShowHideInfoText(true);
+        view_.SetInfoText("Loading...");
+    }
+    ~InformationMode() { view_.ShowHideInfoText(false); }
+    InformationMode(const InformationMode&) = delete;
+    InformationMode& operator=(const InformationMode&) = delete;
+
+  private:
+    LoadingView& view_;
+};
+
+/// Whether a line begins with a lower-case word in any letter case.
+bool BeginsWith(std::string_view line, std::string_view word) {
+    return AtStartOfString(LowerCase(line.substr(0, word.size())), word);
+}
+
+/// The usual line is "Quarter C4 - -"; room is only made for as many lines as the text can hold of such.
+constexpr std::size_t ShortUsualLine = 10;
+constexpr std::int64_t LinesPerProgress = 20'000;
+
+}  // namespace
+
+LoadResult SongReader::LoadMusic() {
+    const std::string fileName = picker_.AskForOpenName({.Title = "Loading music / config",
+                                                         .Filter = std::string(caption::SongFilter),
+                                                         .FileMustExist = true,
+                                                         .HideReadOnly = true});
+    if (fileName.empty())
+        return {};
+    if (FileExists(fileName, files_, log_))
+        return ActuallyLoadMusic(fileName);
+    boxes_.Show({.Title = "Can't open file!",
+                 .Text = "The file you want to open...\n" + fileName + "\n...can't be seen.",
+                 .Icon = BoxIcon::Warning});
+    return {};
+}
+
+LoadResult SongReader::ActuallyLoadMusic(const std::string& fileToLoad) {
+    constexpr const char* End = "ActuallyLoadMusic() - END";
+    log_.IndentInc("ActuallyLoadMusic(\"{}\") - START", fileToLoad);
+    LoadResult loaded;
+    try {
+        loaded = LoadFile(fileToLoad);
+    } catch (...) {
+        log_.LogIndentDec(End);
+        throw;
+    }
+    log_.LogIndentDec(End);
+    return loaded;
+}
+
+LoadResult SongReader::LoadFile(const std::string& fileName) {
+    std::error_code error;
+    auto file = files_.OpenForInput(fileName, error);
+    RaiseFileError(error, fileName);
+    const InformationMode informing(view_);
+    FileText reading(files_, view_, log_);
+    std::optional<std::string> text = reading.Read(std::move(file), fileName);
+    if (!text) {
+        log_.LogText("Loading was stopped");
+        return {};
+    }
+    const bool hasHeader = AtStartOfString(*text, SongHeader);
+    if (!hasHeader && !AskWhetherToLoadAnyway())
+        return {};
+    if (OnReplace)
+        OnReplace();
+    settings_.ResetTimeSig();
+    TextLines lines(*text);
+    // The lines leave their carriage returns out as they are taken.
+    log_.LogText("Removing new-line chars from value of each index in SplitFile()");
+    const bool allSettings = LoadSettings(lines);
+    log_.LogText("Loading music list");
+    const bool allLines = LoadLines(lines, text->size());
+    log_.LogText("EndOfLoadMusic");
+    return {.Loaded = true,
+            .Whole = hasHeader && allSettings && allLines && !reading.Repaired(),
+            .FileName = fileName};
+}
+
+bool SongReader::AskWhetherToLoadAnyway() {
+    log_.LogText("File doesn't contain 'format text' at the start");
+    return boxes_.Show(
+               {.Title = "Probably weird file format",
+                .Text = "This file doesn't contain this text at the start of it which says that it is in "
+                        "this program's format: \n" +
+                        std::string(SongHeader) +
+                        "\n\nOf course, apart from that it could still be in this program's format.\n"
+                        "Try to load it?",
+                .Icon = BoxIcon::Warning,
+                .Buttons = BoxButtons::YesNo}) == BoxAnswer::Yes;
+}
+
+bool SongReader::LoadSettings(TextLines& lines) {
+    static constexpr std::string_view LowerMusicListStart = "musicliststart";
+    bool known = true;
+    while (lines.Next()) {
+        const std::string_view line = lines.Text();
+        if (IsOfNewerRevision(line))
+            known = false;
+        if (BeginsWith(line, LowerMusicListStart))
+            break;
+        settings_.Apply(line);
+    }
+    return known;
+}
+
+bool SongReader::IsOfNewerRevision(std::string_view line) {
+    static constexpr std::string_view Key = "revision";
+    if (!BeginsWith(line, Key) || !IsNumeric(line.substr(Key.size())))
+        return false;
+    if (ToInt32(Val(line.substr(Key.size()))) <= program::Revision)
+        return false;
+    constexpr const char* Title = "File was made with newer program version";
+    log_.LogText(Title);
+    boxes_.Show(
+        {.Title = Title,
+         .Text = std::string("This file was made with a newer version of Quavix than you're using. As "
+                             "long as it doesn't contain info about features only in a newer version, "
+                             "there should be no problem opening it with this version.\r\n\r\n"
+                             "However, I'll have made the newer version for a reason, so I recommend "
+                             "that you download and use it instead.\r\n\r\nYou can get it from ") +
+                 program::UpdateAddress});
+    return true;
+}
+
+bool SongReader::LoadLines(TextLines& lines, std::size_t textSize) {
+    bool whole = true;
+    std::optional<MusicListReset> reset(list_);
+    list_.Clear();
+    const std::size_t rest = textSize - std::min(textSize, lines.NextStart());
+    list_.Reserve(rest / ShortUsualLine);
+    for (std::int64_t count = 1; lines.Next(); ++count) {
+        if (count % LinesPerProgress == 0) {
+            // Whoever shows the list has to find it whole while handlers may run.
+            reset.reset();
+            const double ratio = static_cast<double>(lines.NextStart()) / static_cast<double>(textSize + 1);
+            if (!view_.Progress(FileText::ProgressShare + (1 - FileText::ProgressShare) * ratio))
+                return false;
+            reset.emplace(list_);
+        }
+        const std::string_view line = lines.Text();
+        if (line.empty() || line.starts_with("//"))
+            continue;
+        const MusicLineText cells = SplitMusicLine(lines.Line());
+        list_.Append(cells.Length, cells.Note1, cells.Note2, cells.Mod);
+        if (!cells.Complete) {
+            whole = false;
+            reset.reset();
+            if (LoadMusicListLineError(line) == BoxAnswer::Cancel)
+                return false;
+            reset.emplace(list_);
+        }
+    }
+    return whole;
+}
+
+BoxAnswer SongReader::LoadMusicListLineError(std::string_view line) {
+    log_.Text("LoadMusicListLineError(ERRORLINE:{})", line);
+    std::string text =
+        "After 'MUSICLISTSTART' in the save file, there should be only lines of \n"
+        "Length Note1 Note2\r\nOR:Length Note1 Note2 Mod\n"
+        "However, there are less than 3 things on this line separated by a space. \nThe line is: \n";
+    text += line;
+    text += "\nThis line will be skipped.\n\nCarry on trying to load the file?";
+    return boxes_.Show({.Title = "Music list line error in save file",
+                        .Text = std::move(text),
+                        .Icon = BoxIcon::Warning,
+                        .Buttons = BoxButtons::OkCancel});
+}
+
+}  // namespace quavix

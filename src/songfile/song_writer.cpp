@@ -1,0 +1,70 @@
+// SPDX-License-Identifier: MIT
+#include "songfile/song_writer.h"
+
+#include "shell/file_exists.h"
+#include "shell/runtime_error.h"
+#include "songfile/song_captions.h"
+#include "songfile/song_format.h"
+
+namespace quavix {
+
+std::optional<std::string> SongWriter::SaveMusic() {
+    constexpr const char* End = "SaveMusic() - END";
+    std::optional<std::string> saved;
+    log_.LogIndentInc("SaveMusic() - START");
+    try {
+        saved = AskAndSave();
+    } catch (...) {
+        log_.LogIndentDec(End);
+        throw;
+    }
+    log_.LogIndentDec(End);
+    return saved;
+}
+
+std::optional<std::string> SongWriter::AskAndSave() {
+    const std::string fileName = picker_.AskForSaveName({.Title = "Saving music and config",
+                                                         .Filter = std::string(caption::SongFilter),
+                                                         .PathMustExist = true});
+    if (fileName.empty() || !MayReplace(fileName))
+        return std::nullopt;
+    return SaveAs(fileName) ? std::optional(fileName) : std::nullopt;
+}
+
+bool SongWriter::SaveAs(const std::string& fileName) {
+    // The digits stand where the opening quotation mark would; readers of old logs know the line so.
+    log_.Text("Opening 34{}\", saving", fileName);
+    std::error_code error;
+    const auto file = files_.OpenForOutput(fileName, error);
+    if (!file) {
+        TellNotWritable(fileName);
+        return false;
+    }
+    error = WriteSong(fields_, list_, *file);
+    if (!error)
+        error = file->Commit();
+    RaiseFileError(error, fileName);
+    if (OnSaved)
+        OnSaved();
+    return true;
+}
+
+bool SongWriter::MayReplace(const std::string& fileName) {
+    if (!FileExists(fileName, files_, log_))
+        return true;
+    return boxes_.Show({.Title = "File already exists",
+                        .Text = "The file you want to save this as:\n" + fileName +
+                                "\n...already exists.\n\nShould this file be replaced?",
+                        .Icon = BoxIcon::Warning,
+                        .Buttons = BoxButtons::YesNo}) == BoxAnswer::Yes;
+}
+
+void SongWriter::TellNotWritable(const std::string& fileName) {
+    boxes_.Show({.Title = "Can't save as this file!",
+                 .Text = "The file you want to save this as...\r\n" + fileName +
+                         "\r\n...can't be written to.\r\n\r\n"
+                         "It's probably currently being written to by some other program.",
+                 .Icon = BoxIcon::Warning});
+}
+
+}  // namespace quavix

@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "music/main_fields.h"
+#include "music/music_list.h"
+#include "ports/file_picker.h"
+#include "ports/files.h"
+#include "ports/message_boxes.h"
+#include "shell/debug_log.h"
+
+namespace quavix {
+
+/// Saves the song in a file that the user chooses.
+class SongWriter {
+  public:
+    SongWriter(const MainFields& fields, const MusicList& list, Files& files, MessageBoxes& boxes,
+               FilePicker& picker, DebugLog& log)
+        : fields_(fields), list_(list), files_(files), boxes_(boxes), picker_(picker), log_(log) {}
+
+    /// Asks for a file name and writes the file. An existing file is replaced after a question, in one step:
+    /// it is whole at any moment, the old song or the new one. A file that can't be opened is told in a box;
+    /// a failure while writing (disk full) leaves the old file and raises the classic file error.
+    /// Returns the file's name where the song was saved.
+    std::optional<std::string> SaveMusic();
+
+    /// The same with a name that is known already, without any question. Returns whether the song was saved.
+    bool SaveAs(const std::string& fileName);
+
+    /// Called when the song has been saved.
+    std::function<void()> OnSaved;
+
+  private:
+    std::optional<std::string> AskAndSave();
+    bool MayReplace(const std::string& fileName);
+    void TellNotWritable(const std::string& fileName);
+
+    const MainFields& fields_;
+    const MusicList& list_;
+    Files& files_;
+    MessageBoxes& boxes_;
+    FilePicker& picker_;
+    DebugLog& log_;
+};
+
+}  // namespace quavix

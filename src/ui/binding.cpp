@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: MIT
+#include "ui/binding.h"
+
+#include <QAbstractButton>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QRadioButton>
+#include <QSlider>
+
+#include "ui/colours.h"
+#include "ui/mod_texts.h"
+
+namespace quavix {
+
+void RunHandler(const QObject& control, std::string_view event, EventBoundary& handlers,
+                const std::function<void()>& handler) {
+    std::string name = control.objectName().toStdString();
+    name += '_';
+    name += event;
+    handlers.Run(name, handler);
+}
+
+void BindButton(QAbstractButton* button, EventBoundary& handlers, std::function<void()> clicked) {
+    QObject::connect(button, &QAbstractButton::clicked, button,
+                     [button, &handlers, clicked = std::move(clicked)] {
+                         RunHandler(*button, "Click", handlers, clicked);
+                     });
+}
+
+void BindCheck(QCheckBox* box, Watched<bool>& value, EventBoundary& handlers, std::function<void()> clicked) {
+    ShowIn(box, value, [box](bool ticked) { box->setChecked(ticked); });
+    QObject::connect(box, &QCheckBox::clicked, box,
+                     [box, &value, &handlers, clicked = std::move(clicked)](bool ticked) {
+                         RunHandler(*box, "Click", handlers, [&] {
+                             value = ticked;
+                             if (clicked)
+                                 clicked();
+                         });
+                     });
+}
+
+void BindText(QLineEdit* edit, Watched<std::string>& value, EventBoundary& handlers) {
+    ShowIn(edit, value, [edit](const std::string& text) {
+        const QString shown = QString::fromStdString(text);
+        if (edit->text() != shown)  // the cursor stays where it is while the user types
+            edit->setText(shown);
+    });
+    QObject::connect(edit, &QLineEdit::textEdited, edit, [edit, &value, &handlers](const QString& text) {
+        RunHandler(*edit, "Change", handlers, [&] { value = text.toStdString(); });
+    });
+}
+
+void BindText(QLineEdit* edit, Watched<std::string>& value, Watched<std::int32_t>& backColor,
+              EventBoundary& handlers) {
+    ShowIn(edit, backColor, [edit](std::int32_t colour) { PaintField(edit, colour); });
+    BindText(edit, value, handlers);
+}
+
+void BindSlider(QSlider* slider, Watched<std::int32_t>& value, const Parameter& range, std::string_view event,
+                EventBoundary& handlers) {
+    slider->setRange(range.Lowest, range.Highest);
+    ShowIn(slider, value, [slider](std::int32_t position) { slider->setValue(position); });
+    QObject::connect(slider, &QSlider::valueChanged, slider,
+                     [slider, &value, event, &handlers](int position) {
+                         RunHandler(*slider, event, handlers, [&] { value = position; });
+                     });
+}
+
+void BindCombo(QComboBox* combo, Watched<std::int32_t>& value, EventBoundary& handlers) {
+    ShowIn(combo, value, [combo](std::int32_t entry) { combo->setCurrentIndex(entry); });
+    QObject::connect(combo, &QComboBox::activated, combo, [combo, &value, &handlers](int entry) {
+        RunHandler(*combo, "Click", handlers, [&] { value = entry; });
+    });
+}
+
+void BindOptions(QRadioButton* first, Watched<bool>& firstValue, QRadioButton* second,
+                 Watched<bool>& secondValue, EventBoundary& handlers) {
+    for (const auto& [button, own, other] :
+         {std::tuple{first, &firstValue, &secondValue}, std::tuple{second, &secondValue, &firstValue}}) {
+        ShowIn(button, *own, [option = button](bool chosen) {
+            if (chosen)
+                option->setChecked(true);
+        });
+        QObject::connect(button, &QRadioButton::clicked, button,
+                         [option = button, ownValue = own, otherValue = other, &handlers] {
+                             RunHandler(*option, "Click", handlers, [&] {
+                                 *otherValue = false;
+                                 *ownValue = true;
+                             });
+                         });
+    }
+}
+
+void BindLabel(QLabel* label, const Watched<std::string>& caption) {
+    ShowIn(label, caption,
+           [label](const std::string& text) { label->setText(QString::fromStdString(text)); });
+}
+
+void BindEnabled(QWidget* widget, const Watched<bool>& enabled) {
+    ShowIn(widget, enabled, [widget](bool isEnabled) { widget->setEnabled(isEnabled); });
+}
+
+void DisableUntilBuilt(QWidget* control) {
+    control->setEnabled(false);
+    control->setToolTip(control->toolTip() + "\n" + text::NotBuiltYet);
+}
+
+}  // namespace quavix

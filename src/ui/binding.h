@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <functional>
+#include <string_view>
+#include <utility>
+
+#include <QPointer>
+#include <QWidget>
+
+#include "music/parameters.h"
+#include "shell/event_boundary.h"
+#include "shell/watched.h"
+
+class QAbstractButton;
+class QCheckBox;
+class QComboBox;
+class QLabel;
+class QLineEdit;
+class QRadioButton;
+class QSlider;
+
+namespace quavix {
+
+// Ties controls to watched values: the control shows the value, and what the user does to the control sets
+// it. The values must outlive the control's use, not the control itself.
+
+/// Calls `show` with the value now and with every later one, for as long as `widget` lives.
+template <typename T, typename Show>
+void ShowIn(QWidget* widget, const Watched<T>& value, Show show) {
+    show(value.Get());
+    value.Watch([guard = QPointer<QWidget>(widget), show = std::move(show)](const T& now) {
+        if (guard)
+            show(now);
+    });
+}
+
+/// Runs `handler` as "<name of the control>_<event>".
+void RunHandler(const QObject& control, std::string_view event, EventBoundary& handlers,
+                const std::function<void()>& handler);
+
+/// A click runs `clicked`.
+void BindButton(QAbstractButton* button, EventBoundary& handlers, std::function<void()> clicked);
+
+/// A click sets the value and then runs `clicked`, where there is one.
+void BindCheck(QCheckBox* box, Watched<bool>& value, EventBoundary& handlers,
+               std::function<void()> clicked = {});
+
+/// What is typed sets the value.
+void BindText(QLineEdit* edit, Watched<std::string>& value, EventBoundary& handlers);
+
+/// The same for a field that marks what it doesn't take by its colour.
+void BindText(QLineEdit* edit, Watched<std::string>& value, Watched<std::int32_t>& backColor,
+              EventBoundary& handlers);
+
+/// Moving the slider sets the value.
+void BindSlider(QSlider* slider, Watched<std::int32_t>& value, const Parameter& range, std::string_view event,
+                EventBoundary& handlers);
+
+/// Choosing an entry sets the value, which counts from 0.
+void BindCombo(QComboBox* combo, Watched<std::int32_t>& value, EventBoundary& handlers);
+
+/// A click sets one option and clears the other.
+void BindOptions(QRadioButton* first, Watched<bool>& firstValue, QRadioButton* second,
+                 Watched<bool>& secondValue, EventBoundary& handlers);
+
+void BindLabel(QLabel* label, const Watched<std::string>& caption);
+void BindEnabled(QWidget* widget, const Watched<bool>& enabled);
+
+/// Greys a control out that this version of the program has nothing behind, and says so in its tooltip.
+void DisableUntilBuilt(QWidget* control);
+
+}  // namespace quavix

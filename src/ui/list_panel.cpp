@@ -1,0 +1,21 @@
+// SPDX-License-Identifier: MIT
+#include "ui/list_panel.h"
+
+#include "ui/binding.h"
+#include "ui_list_panel.h"
+
+namespace quavix {
+
+ListPanel::ListPanel(const WindowParts& parts, QWidget* parent)
+    : QWidget(parent), parts_(parts), ui_(std::make_unique<Ui::ListPanel>()) {
+    ui_->setupUi(this);
+    ui_->MainList->SetList(parts_.List);
+    connect(ui_->MainList, &MusicListView::ItemClicked, this, [this](int row) {
+        RunHandler(*ui_->MainList, "ItemClick", parts_.Handlers,
+                   [&] { parts_.Playback.MainList_ItemClick(row); });
+    });
+}
+
+ListPanel::~ListPanel() = default;
+
+}  // namespace quavix

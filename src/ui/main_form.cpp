@@ -1,0 +1,192 @@
+// SPDX-License-Identifier: MIT
+#include "ui/main_form.h"
+
+#include <QCloseEvent>
+#include <QDropEvent>
+#include <QFile>
+#include <QFileInfo>
+#include <QLabel>
+#include <QMimeData>
+#include <QPushButton>
+#include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
+
+#include "shell/program_info.h"
+#include "ui/binding.h"
+#include "ui/editing_panel.h"
+#include "ui/keyboard_panel.h"
+#include "ui/list_panel.h"
+#include "ui/main_menu.h"
+#include "ui/mods_panel.h"
+#include "ui/note_entry_panel.h"
+#include "ui/notes_to_play_panel.h"
+#include "ui/playback_panel.h"
+#include "ui/position_panel.h"
+#include "ui/save_load_form.h"
+#include "ui/speaker_panel.h"
+#include "ui/timing_panel.h"
+#include "ui_main_form.h"
+
+/// The icon comes out of a static library, which the linker would leave behind. The macro wants no namespace.
+static void LoadResources() {
+    Q_INIT_RESOURCE(resources);
+}
+
+namespace quavix {
+namespace {
+
+/// On a screen too low for all of a column it scrolls, with room for the scroll bar beside the controls.
+void KeepColumnWide(QScrollArea* area, const QWidget* column) {
+    area->setFixedWidth(column->minimumSizeHint().width() + area->verticalScrollBar()->sizeHint().width());
+}
+
+/// The file that is being dragged, as the file system takes its name; empty where it is no single file.
+std::string DraggedFile(const QDropEvent& event) {
+    const QList<QUrl> urls = event.mimeData()->urls();
+    if (urls.size() != 1 || !urls.first().isLocalFile())
+        return {};
+    return QFile::encodeName(urls.first().toLocalFile()).toStdString();
+}
+
+}  // namespace
+
+MainForm::MainForm(const WindowParts& parts, QWidget* parent)
+    : QMainWindow(parent),
+      parts_(parts),
+      ui_(std::make_unique<Ui::MainForm>()),
+      saveLoad_(*this, parts_.Document) {
+    ui_->setupUi(this);
+    LoadResources();
+    setWindowIcon(QIcon(":/quavix.png"));
+    title_ = QString("%1 (v%2.%3.%4 BETA)")
+                 .arg(windowTitle())
+                 .arg(program::MajorVersion)
+                 .arg(program::MinorVersion)
+                 .arg(program::Revision);
+    auto* menu = new MainMenu(parts_, *this);
+    AddPanels();
+    menu->ServeList(*findChild<QTableView*>("MainList"));
+    ConnectSaveLoadForm();
+    ShowIn(this, parts_.Document.FileName(), [this](const std::string&) { ShowTitle(); });
+    ShowIn(this, parts_.Document.Modified(), [this](bool) { ShowTitle(); });
+    KeepColumnWide(ui_->settingsScroll, ui_->settings);
+    KeepColumnWide(ui_->modsScroll, ui_->mods);
+    resize(size().boundedTo(screen()->availableSize()));
+}
+
+MainForm::~MainForm() = default;
+
+/// In the order in which the Tab key goes through them.
+void MainForm::AddPanels() {
+    ui_->settingsColumn->addWidget(new NoteEntryPanel(parts_, this));
+    ui_->settingsColumn->addWidget(new TimingPanel(parts_, this));
+    ui_->settingsColumn->addStretch(1);
+    AddDebugLogNotice();
+    ui_->listColumn->addWidget(new PlaybackPanel(parts_, this));
+    ui_->listColumn->addWidget(new ListPanel(parts_, this), 1);
+    ui_->listColumn->addWidget(new EditingPanel(parts_, this));
+    AddSaveLoadButton();
+    ui_->modsColumn->addWidget(new NotesToPlayPanel(parts_, this));
+    ui_->modsColumn->addWidget(new ModsPanel(parts_, this));
+    ui_->modsColumn->addStretch(1);
+    ui_->keyboardRow->addWidget(new KeyboardPanel(parts_, this));
+    ui_->bottomRow->addWidget(new SpeakerPanel(parts_, this), 1);
+    ui_->bottomRow->addWidget(new PositionPanel(parts_, this));
+}
+
+void MainForm::AddSaveLoadButton() {
+    auto* button = new QPushButton(tr("&SAVE / LOAD"), this);
+    button->setObjectName("SaveLoadButton");
+    button->setAccessibleName(tr("Save / Load"));
+    button->setToolTip(tr("Save the song in a file, or load one"));
+    BindButton(button, parts_.Handlers, [this] { saveLoad_.SaveLoadButton_Click(); });
+    ui_->modsColumn->addWidget(button);
+}
+
+void MainForm::AddDebugLogNotice() {
+    auto* notice = new QLabel("DEBUG LOGGING ENABLED", this);
+    notice->setObjectName("lblDebugLogging");
+    notice->setAccessibleName(notice->text());
+    notice->setToolTip(tr("The program writes what it does into debuglog.txt in its folder"));
+    QFont font = notice->font();
+    font.setBold(true);
+    notice->setFont(font);
+    notice->setVisible(parts_.Log.Enabled());
+    ui_->settingsColumn->addWidget(notice);
+}
+
+void MainForm::ConnectSaveLoadForm() {
+    SaveLoadForm* form = &parts_.SaveLoadWindow;
+    const auto run = [this, form](const char* handler, void (SaveLoad::*click)()) {
+        parts_.Handlers.Run(handler, [&] { (saveLoad_.*click)(); });
+    };
+    connect(form, &SaveLoadForm::SaveClicked, this,
+            [run] { run("SaveButton_Click", &SaveLoad::SaveButton_Click); });
+    connect(form, &SaveLoadForm::LoadClicked, this,
+            [run] { run("LoadButton_Click", &SaveLoad::LoadButton_Click); });
+    connect(form, &SaveLoadForm::CancelClicked, this,
+            [run] { run("CancelButton_Click", &SaveLoad::CancelButton_Click); });
+}
+
+void MainForm::ShowSaveLoadForm(bool show) {
+    if (show)
+        parts_.SaveLoadWindow.OpenAbove(*this);
+    else
+        parts_.SaveLoadWindow.hide();
+}
+
+void MainForm::BringMainFormToFront() {
+    raise();
+    activateWindow();
+}
+
+void MainForm::ShowTitle() {
+    QString title = title_;
+    const QString file = QFile::decodeName(parts_.Document.FileName().Get().c_str());
+    if (!file.isEmpty())
+        title += " - " + QFileInfo(file).fileName() + (parts_.Document.Modified() ? " *" : "");
+    setWindowTitle(title);
+}
+
+void MainForm::closeEvent(QCloseEvent* event) {
+    parts_.CloseProgram();
+    // The user may have wanted to keep the song after all.
+    event->setAccepted(parts_.Fields.ShuttingDown);
+}
+
+void MainForm::keyPressEvent(QKeyEvent* event) {
+    const MainFields& fields = parts_.Fields;
+    const bool isPlain = event->modifiers() == Qt::NoModifier && !event->isAutoRepeat();
+    if (isPlain && event->key() == Qt::Key_Space && fields.PlayAllButtonEnabled)
+        RunHandler(*this, "KeyPress", parts_.Handlers, [this] { parts_.Playback.PlayAllButton_Click(); });
+    else if (isPlain && (event->key() == Qt::Key_Space || event->key() == Qt::Key_Escape) &&
+             fields.StopPlayButtonEnabled)
+        RunHandler(*this, "KeyPress", parts_.Handlers, [this] { parts_.Playback.StopPlayButton_Click(); });
+    else
+        QMainWindow::keyPressEvent(event);
+}
+
+void MainForm::dragEnterEvent(QDragEnterEvent* event) {
+    if (!DraggedFile(*event).empty())
+        event->acceptProposedAction();
+}
+
+/// The dragging program waits for the end of the drop, so the load comes afterwards.
+void MainForm::dropEvent(QDropEvent* event) {
+    const std::string file = DraggedFile(*event);
+    if (file.empty())
+        return;
+    event->acceptProposedAction();
+    QMetaObject::invokeMethod(
+        this, [this, file] { LoadDropped(file); }, Qt::QueuedConnection);
+}
+
+void MainForm::LoadDropped(const std::string& fileName) {
+    RunHandler(*this, "Drop", parts_.Handlers, [&] {
+        if (parts_.Document.MayClose() && parts_.Document.LoadFile(fileName))
+            parts_.Position.ShowSelectedLine();
+    });
+}
+
+}  // namespace quavix

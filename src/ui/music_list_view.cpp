@@ -1,0 +1,169 @@
+// SPDX-License-Identifier: MIT
+#include "ui/music_list_view.h"
+
+#include <algorithm>
+
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QScopedValueRollback>
+
+#include "music/list_columns.h"
+
+namespace quavix {
+
+MusicListView::MusicListView(QWidget* parent) : QTableView(parent) {
+    setSelectionBehavior(QAbstractItemView::SelectRows);
+    setSelectionMode(QAbstractItemView::ExtendedSelection);
+    setEditTriggers(QAbstractItemView::NoEditTriggers);
+    setTabKeyNavigation(false);
+    setAlternatingRowColors(true);
+    setShowGrid(false);
+    setWordWrap(false);
+    setCornerButtonEnabled(false);
+    horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    horizontalHeader()->setHighlightSections(false);
+    horizontalHeader()->setSectionsClickable(false);
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    verticalHeader()->setDefaultAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    verticalHeader()->setHighlightSections(false);
+    constexpr int RowPadding = 6;
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() + RowPadding);
+    connect(this, &QTableView::clicked, this, [this](const QModelIndex& index) {
+        if (!extendsSelection_)
+            Q_EMIT ItemClicked(index.row() + 1);
+    });
+}
+
+MusicListView::~MusicListView() {
+    if (list_ != nullptr)
+        list_->RemoveObserver(*this);
+}
+
+void MusicListView::SetList(MusicList& list) {
+    list_ = &list;
+    model_ = new MusicListModel(list, this);
+    setModel(model_);
+    list.AddObserver(*this);  // after the model, which has to know of new rows first
+    ShowSelection();
+}
+
+void MusicListView::resizeEvent(QResizeEvent* event) {
+    QTableView::resizeEvent(event);
+    if (model_ == nullptr)
+        return;
+    int units = 0;
+    for (const ListColumn& column : MainListColumns)
+        units += column.Width;
+    // By edges rather than widths, so that nothing is left over at the right.
+    int left = 0;
+    int unitsSoFar = 0;
+    for (std::size_t i = 0; i < MainListColumns.size(); ++i) {
+        unitsSoFar += MainListColumns[i].Width;
+        const int right = viewport()->width() * unitsSoFar / units;
+        horizontalHeader()->resizeSection(static_cast<int>(i), right - left);
+        left = right;
+    }
+}
+
+void MusicListView::mousePressEvent(QMouseEvent* event) {
+    extendsSelection_ = (event->modifiers() & (Qt::ControlModifier | Qt::ShiftModifier)) != 0 ||
+                        event->button() != Qt::LeftButton;
+    QTableView::mousePressEvent(event);
+}
+
+void MusicListView::keyPressEvent(QKeyEvent* event) {
+    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    if (isEnter && currentIndex().isValid() && selectionModel()->isSelected(currentIndex())) {
+        Q_EMIT ItemClicked(currentIndex().row() + 1);
+        return;
+    }
+    if (event->key() == Qt::Key_Space && event->modifiers() == Qt::NoModifier) {
+        event->ignore();  // the window plays and stops with it
+        return;
+    }
+    QTableView::keyPressEvent(event);
+    // A key that moves to a row highlights it, also where the row was the current one already.
+    static constexpr int Moves[] = {Qt::Key_Up,  Qt::Key_Down,   Qt::Key_Home,
+                                    Qt::Key_End, Qt::Key_PageUp, Qt::Key_PageDown};
+    const bool moves = std::find(std::begin(Moves), std::end(Moves), event->key()) != std::end(Moves);
+    if (moves && event->modifiers() == Qt::NoModifier && !selectionModel()->hasSelection() &&
+        currentIndex().isValid())
+        selectRow(currentIndex().row());
+}
+
+void MusicListView::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
+    QTableView::selectionChanged(selected, deselected);
+    WriteSelection();
+}
+
+void MusicListView::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+    QTableView::currentChanged(current, previous);
+    WriteSelection();
+}
+
+std::vector<std::int32_t> MusicListView::SelectedRows() const {
+    std::vector<std::int32_t> rows;
+    for (const QItemSelectionRange& range : selectionModel()->selection()) {
+        for (int row = range.top(); row <= range.bottom(); ++row)
+            rows.push_back(row + 1);
+    }
+    return rows;
+}
+
+/// The user's selection goes to the list. The list's selected item outlives its highlight.
+void MusicListView::WriteSelection() {
+    if (list_ == nullptr || syncing_ || model_->IsChanging())
+        return;
+    const std::vector<std::int32_t> rows = SelectedRows();
+    std::int32_t item = list_->SelectedItem();
+    if (rows.size() == 1)
+        item = rows.front();
+    else if (!rows.empty() && currentIndex().isValid())
+        item = currentIndex().row() + 1;
+    if (item == list_->SelectedItem() && rows.size() <= 1 &&
+        rows.size() == static_cast<std::size_t>(list_->SelectedCount()) &&
+        (rows.empty() || list_->IsSelected(rows.front())))
+        return;
+    const QScopedValueRollback syncing(syncing_, true);
+    list_->SetSelection(item, rows);
+}
+
+/// The list's selection goes to the view.
+void MusicListView::ShowSelection() {
+    if (syncing_)
+        return;
+    const QScopedValueRollback syncing(syncing_, true);
+    const std::int32_t item = list_->SelectedItem();
+    const auto rowFlags = QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows;
+    if (list_->SelectedCount() == 0) {
+        selectionModel()->clearSelection();
+    } else if (list_->SelectedCount() == 1 && item != -1 && list_->IsSelected(item)) {
+        selectionModel()->setCurrentIndex(model_->index(item - 1, 0), rowFlags);
+    } else {
+        QItemSelection selection;
+        for (std::int32_t row = 1; row <= list_->Count(); ++row) {
+            const std::int32_t first = row;
+            while (row <= list_->Count() && list_->IsSelected(row))
+                ++row;
+            if (row > first)
+                selection.select(model_->index(first - 1, 0), model_->index(row - 2, 3));
+        }
+        selectionModel()->select(selection, rowFlags);
+    }
+}
+
+QModelIndex MusicListView::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
+    if (action == MoveHome)
+        return model_->index(0, 0);
+    if (action == MoveEnd)
+        return model_->index(model_->rowCount() - 1, 0);
+    return QTableView::moveCursor(action, modifiers);
+}
+
+void MusicListView::EnsureVisible(std::int32_t row) {
+    executeDelayedItemsLayout();  // new rows take their places later, but must be there to be scrolled to
+    scrollTo(model_->index(row - 1, 0));
+}
+
+}  // namespace quavix

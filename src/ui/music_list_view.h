@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QTableView>
+
+#include "ui/music_list_model.h"
+
+namespace quavix {
+
+/// The view of the music list: its highlighted rows and the list's selection are one and the same, whoever
+/// changes them. Nothing in it takes longer for a longer song while rows are only shown.
+class MusicListView : public QTableView, private MusicListObserver {
+    Q_OBJECT
+
+  public:
+    explicit MusicListView(QWidget* parent = nullptr);
+    ~MusicListView() override;
+
+    /// Shows a list, which must outlive the view. Called once.
+    void SetList(MusicList& list);
+
+  Q_SIGNALS:
+    /// The user has clicked a row, or pressed Enter on it; rows count from 1. A click that only extends the
+    /// selection is none.
+    void ItemClicked(int row);
+
+  protected:
+    void resizeEvent(QResizeEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    /// Home and End go to the first and the last row.
+    QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
+    void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
+    void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
+
+  private:
+    // MusicListObserver: what others do to the selection.
+    void RowRemoved(std::int32_t) override { ShowSelection(); }
+    void Reset() override { ShowSelection(); }
+    void SelectionChanged() override { ShowSelection(); }
+    void EnsureVisible(std::int32_t row) override;
+
+    void ShowSelection();
+    void WriteSelection();
+    std::vector<std::int32_t> SelectedRows() const;
+
+    MusicList* list_ = nullptr;
+    MusicListModel* model_ = nullptr;
+    bool extendsSelection_ = false;
+    bool syncing_ = false;
+};
+
+}  // namespace quavix

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <memory>
+
+#include <QDialog>
+
+#include "ports/clock.h"
+#include "songfile/loading_view.h"
+
+namespace quavix {
+
+namespace Ui {
+class SaveLoadForm;
+}
+
+/// Asks whether to save or to load a song, and shows how far a load is. Opened for the choice, it stays until
+/// it is hidden; a load that nobody opened it for shows it after half a second.
+class SaveLoadForm : public QDialog, public LoadingView {
+    Q_OBJECT
+
+  public:
+    explicit SaveLoadForm(Clock& time, QWidget* parent = nullptr);
+    ~SaveLoadForm() override;
+
+    /// Shows the choice above a window, without waiting for it.
+    void OpenAbove(QWidget& window);
+
+    // LoadingView
+    void ShowHideInfoText(bool show) override;
+    void SetInfoText(const std::string& text) override;
+    bool Progress(double ratio) override;
+
+    /// Escape and closing the window cancel the choice, or stop the load.
+    void reject() override;
+
+  Q_SIGNALS:
+    void SaveClicked();
+    void LoadClicked();
+    void CancelClicked();
+
+  private:
+    std::unique_ptr<Ui::SaveLoadForm> ui_;
+    Clock& time_;
+    bool loading_ = false;
+    bool shownForLoading_ = false;
+    bool cancelled_ = false;
+    std::uint32_t startTicks_ = 0;
+    std::uint32_t eventTicks_ = 0;
+};
+
+}  // namespace quavix

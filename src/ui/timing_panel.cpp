@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+#include "ui/timing_panel.h"
+
+#include "ui/binding.h"
+#include "ui/mod_texts.h"
+#include "ui_timing_panel.h"
+
+namespace quavix {
+namespace {
+
+/// A label that shows a number keeps the width of its longest one, so that the slider beside it stays put.
+void KeepWidthOf(QLabel* label, const QString& longest) {
+    label->setMinimumWidth(label->fontMetrics().horizontalAdvance(longest));
+}
+
+}  // namespace
+
+TimingPanel::TimingPanel(const WindowParts& parts, QWidget* parent)
+    : QGroupBox(parent), parts_(parts), ui_(std::make_unique<Ui::TimingPanel>()) {
+    ui_->setupUi(this);
+    ui_->BPMUpDown->SetBuddy(ui_->BPMText, tr("BPM"));
+    ui_->MetronomeButton->setText(text::MetronomeCaption);
+    ui_->MetronomeButton->setAccessibleName(text::MetronomeCaption);
+    ui_->MetronomeButton->setToolTip(text::MetronomeTip);
+    DisableUntilBuilt(ui_->MetronomeButton);
+    ui_->BPMText->setMinimumWidth(ui_->BPMText->fontMetrics().horizontalAdvance("000000"));
+    KeepWidthOf(ui_->lblTimeSig, "100%");
+    KeepWidthOf(ui_->NoteSilenceRatioLabel, "100%");
+
+    MainFields& fields = parts_.Fields;
+    EventBoundary& handlers = parts_.Handlers;
+    BindText(ui_->BPMText, fields.BPMText, fields.BPMTextBackColor, handlers);
+    connect(ui_->BPMUpDown, &UpDown::Stepped, this, [this](int direction) {
+        RunHandler(*ui_->BPMUpDown, "Change", parts_.Handlers,
+                   [&] { parts_.Numbers.BPMUpDown_Change(direction); });
+    });
+    BindSlider(ui_->TimeSigSlider, fields.TimeSigSlider, parameter::TimeSig, "Change", handlers);
+    BindLabel(ui_->lblTimeSig, fields.lblTimeSig);
+    BindSlider(ui_->NoteSilenceRatioSlider, fields.NoteSilenceRatioSlider, parameter::NoteSilenceRatio,
+               "Scroll", handlers);
+    BindLabel(ui_->NoteSilenceRatioLabel, fields.NoteSilenceRatioLabel);
+    BindText(ui_->AlternateTimeText, fields.AlternateTimeText, fields.AlternateTimeTextBackColor, handlers);
+}
+
+TimingPanel::~TimingPanel() = default;
+
+}  // namespace quavix

@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "music/edit_history.h"
+#include "music/line_clipboard.h"
+#include "music/list_editing.h"
+#include "music/main_fields.h"
+#include "music/music_list.h"
+#include "music/numeric_fields.h"
+#include "playback/piano_keys.h"
+#include "playback/playback_engine.h"
+#include "playback/position_display.h"
+#include "playback/tone_dispatcher.h"
+#include "ports/message_boxes.h"
+#include "ports/speaker.h"
+#include "shell/debug_log.h"
+#include "shell/event_boundary.h"
+#include "songfile/song_document.h"
+
+namespace quavix {
+
+class SaveLoadForm;
+
+/// What the windows show and call. All of it must outlive them.
+struct WindowParts {
+    MainFields& Fields;
+    MusicList& List;
+    NumericFields& Numbers;
+    EditHistory& History;
+    ListEditing& Editing;
+    LineClipboard& Lines;
+    PianoKeys& Keys;
+    PositionDisplay& Position;
+    ToneDispatcher& Tones;
+    PlaybackEngine& Playback;
+    SongDocument& Document;
+    Speaker& PcSpeaker;
+    MessageBoxes& Boxes;
+    EventBoundary& Handlers;
+    DebugLog& Log;
+    SaveLoadForm& SaveLoadWindow;
+    /// The user wants the program to end.
+    std::function<void()> CloseProgram;
+    /// The text of the manual, empty where it can't be read.
+    std::function<std::string()> ReadManual;
+};
+
+}  // namespace quavix

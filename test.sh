@@ -1,0 +1,47 @@
+#!/bin/sh
+# SPDX-License-Identifier: MIT
+# test.sh: builds everything and runs every test, in release and under the sanitizers.
+set -eu
+cd "$(dirname "$0")"
+. packaging/packages.sh
+# Word splitting is what makes the lists lists.
+# shellcheck disable=SC2086
+install_missing $build_packages $run_packages $test_packages
+
+step() { printf '\n=== %s\n' "$1"; }
+jobs=$(nproc)
+
+step "Format"
+git ls-files '*.h' '*.cpp' | xargs clang-format --dry-run -Werror
+
+step "Release build"
+cmake --preset release -DQUAVIX_TESTS=ON -DQUAVIX_BENCH=ON >/dev/null
+cmake --build --preset release -- --quiet
+
+step "Lint"
+packaging/lint.sh
+
+step "Sanitizer build"
+cmake --preset asan >/dev/null
+cmake --build --preset asan -- --quiet
+
+step "Fuzzing"
+cmake --preset fuzz >/dev/null
+cmake --build --preset fuzz -- --quiet
+for fuzzer in build/fuzz/bin/quavix-fuzz-*; do
+    subject=${fuzzer##*quavix-fuzz-}
+    # New finds go to a folder of the build, the seeds stay as they are.
+    mkdir -p "build/fuzz/found/$subject"
+    "$fuzzer" -max_total_time=30 -verbosity=0 -print_final_stats=1 -dict="fuzz/$subject.dict" \
+        "build/fuzz/found/$subject" "fuzz/corpus/$subject" 2>build/fuzz/fuzz.log ||
+        { tail -n 50 build/fuzz/fuzz.log; exit 1; }
+    grep number_of_executed_units build/fuzz/fuzz.log
+done
+
+step "Tests under AddressSanitizer and UndefinedBehaviorSanitizer"
+ctest --preset asan -j "$jobs" --no-tests=error --quiet --output-log build/asan/tests.log ||
+    { cat build/asan/tests.log; exit 1; }
+tail -n 20 build/asan/tests.log
+
+step "Tests"
+ctest --preset release -j "$jobs" --no-tests=error --output-on-failure

@@ -1,0 +1,74 @@
+// SPDX-License-Identifier: MIT
+#include "app/render_options.h"
+
+#include <stdexcept>
+
+#include <gtest/gtest.h>
+
+namespace quavix {
+namespace {
+
+RenderOptions Parse(std::vector<const char*> arguments) {
+    return ParseRenderOptions(arguments);
+}
+
+TEST(RenderOptions, HaveDefaults) {
+    const RenderOptions options = Parse({"a.QVX", "b.wav"});
+    EXPECT_EQ(options.Song, "a.QVX");
+    EXPECT_EQ(options.Out, "b.wav");
+    EXPECT_EQ(options.Passes, 1);
+    EXPECT_EQ(options.Rate, 48000);
+    EXPECT_FALSE(options.Yes);
+}
+
+TEST(RenderOptions, AreTakenInAnyOrder) {
+    const RenderOptions options = Parse({"--passes", "3", "a", "--rate", "44100", "--yes", "--log", "l", "-",
+                                         "--tone-code", "t", "--output", "speaker", "--waveform", "square"});
+    EXPECT_EQ(options.Song, "a");
+    EXPECT_EQ(options.Out, "-");
+    EXPECT_EQ(options.Passes, 3);
+    EXPECT_EQ(options.Rate, 44100);
+    EXPECT_EQ(options.LogFile, "l");
+    EXPECT_EQ(options.ToneCodeFile, "t");
+    EXPECT_TRUE(options.Yes);
+}
+
+TEST(RenderOptions, BehindTwoHyphensEverythingIsAName) {
+    EXPECT_EQ(Parse({"--", "--yes", "-x"}).Song, "--yes");
+}
+
+TEST(RenderOptions, HelpAndVersionNeedNoNames) {
+    EXPECT_EQ(Parse({"--help"}).What, RenderOptions::Request::Help);
+    EXPECT_EQ(Parse({"--version"}).What, RenderOptions::Request::Version);
+}
+
+TEST(RenderOptions, WhatMakesNoSenseIsSaid) {
+    for (const auto& arguments : std::vector<std::vector<const char*>>{{},
+                                                                       {"a"},
+                                                                       {"a", "b", "c"},
+                                                                       {"--wrong", "a", "b"},
+                                                                       {"a", "b", "--passes"},
+                                                                       {"a", "b", "--passes", "0"},
+                                                                       {"a", "b", "--passes", "2x"},
+                                                                       {"a", "b", "--passes", "99999999999"},
+                                                                       {"a", "b", "--rate", "7999"},
+                                                                       {"a", "b", "--rate", "192001"},
+                                                                       {"a", "b", "--output", "fmod"},
+                                                                       {"a", "b", "--output", "voice"},
+                                                                       {"a", "b", "--output", "x"},
+                                                                       {"a", "b", "--waveform", "sine"},
+                                                                       {"a", "b", "--waveform", "x"}})
+        EXPECT_THROW(ParseRenderOptions(arguments), std::invalid_argument);
+}
+
+TEST(RenderOptions, OutputsThatAreNotThereYetAreNotAvailable) {
+    try {
+        Parse({"a", "b", "--output", "voice"});
+        FAIL();
+    } catch (const std::invalid_argument& error) {
+        EXPECT_STREQ(error.what(), "the output \"voice\" is not available");
+    }
+}
+
+}  // namespace
+}  // namespace quavix

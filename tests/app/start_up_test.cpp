@@ -1,0 +1,107 @@
+// SPDX-License-Identifier: MIT
+#include "app/start_up.h"
+
+#include <gtest/gtest.h>
+
+#include "support/simulated_program.h"
+
+namespace quavix {
+namespace {
+
+/// A system whose processes can't be opened.
+struct NoProcesses : Processes {
+    std::int32_t CurrentProcessId() override { return 100; }
+    std::int32_t WindowProcessId(std::intptr_t) override { return 0; }
+    ProcessHandle Open(std::uint32_t, std::int32_t processId) override {
+        Opened += std::to_string(processId) + " ";
+        return 0;
+    }
+    bool SetPriorityClass(ProcessHandle, std::int32_t) override { return false; }
+    std::int32_t GetPriorityClass(ProcessHandle) override { return 0; }
+    void Close(ProcessHandle) override {}
+    std::string Opened;
+};
+
+struct Started : test::SimulatedProgram {
+    void Start(const std::string& commandLine) {
+        StartUp startUp({App.Fields, Time, Disk, Boxes, System, Speaker, App.Log,
+                         [this](const std::string& song) { Loaded += song; },
+                         [this](bool songIsLoaded) { Offered = songIsLoaded ? "told" : "offered"; }},
+                        {"/program", "/windows", commandLine});
+        startUp.BeforeMainForm();
+        startUp.AfterMainForm();
+        startUp.OfferUnsavedSongs();
+    }
+    NoProcesses System;
+    std::string Loaded;
+    std::string Offered;
+};
+
+TEST(StartUp, OrdinarilyShowsNothing) {
+    Started p;
+    p.Start("");
+    EXPECT_TRUE(p.Boxes.Shown().empty());
+    EXPECT_FALSE(p.App.Log.Enabled());
+    EXPECT_FALSE(p.App.Fields.UseWriteCode);
+    EXPECT_EQ(p.App.Fields.TickFreq.Units(), SimulatedTime::CountsPerSecond);
+    EXPECT_EQ(p.Loaded, "");
+}
+
+TEST(StartUp, LogsItsStepsInOrder) {
+    Started p;
+    p.Disk.Put("/program/logenable", "");
+    p.Start("\"/music/my song.QVX\"");
+    const std::string version = std::to_string(1) + ".0.0";
+    EXPECT_EQ(p.LogText(),
+              "[PROGRAM STARTED]\n"
+              "App.Path = /program\n"
+              "Version info: " +
+                  version +
+                  "\n"
+                  "WinFolder is \"/windows\"\n"
+                  "Speaker in use: simulated\n"
+                  "FileExists(\"/program/tonecode.txt\") = FALSE\n"
+                  "UseWriteCode is FALSE\n"
+                  "QueryPerformanceFrequency returned 1000 (TickFreq set to this)\n"
+                  "Command string given - Command = \"\"/music/my song.QVX\"\"\n"
+                  "FileExists(\"/music/my song.QVX\") = FALSE\n");
+    EXPECT_EQ(p.System.Opened, "1 1 ");
+}
+
+TEST(StartUp, AToneCodeFileSwitchesToneCodeOnAndSaysSo) {
+    Started p;
+    p.Disk.Put("/program/tonecode.txt", "");
+    p.Start("");
+    EXPECT_TRUE(p.App.Fields.UseWriteCode);
+    ASSERT_EQ(p.Boxes.Shown().size(), 1u);
+    EXPECT_EQ(p.Boxes.Shown()[0].Title, "Writing of tone/silence code is enabled");
+    EXPECT_EQ(p.Boxes.Shown()[0].Icon, BoxIcon::Information);
+}
+
+TEST(StartUp, LoadsTheSongOnTheCommandLine) {
+    Started p;
+    p.Disk.Put("/music/my song.QVX", "");
+    p.Start("\"/music/my song.QVX\"");
+    EXPECT_EQ(p.Loaded, "/music/my song.QVX");
+    EXPECT_EQ(p.Offered, "told");
+    EXPECT_TRUE(p.Boxes.Shown().empty());
+}
+
+TEST(StartUp, ACommandLineThatIsNoFileIsShownAsItWasGiven) {
+    Started p;
+    p.Start("\"no such\" file");
+    EXPECT_EQ(p.Loaded, "");
+    EXPECT_EQ(p.Offered, "offered");
+    ASSERT_EQ(p.Boxes.Shown().size(), 1u);
+    EXPECT_EQ(p.Boxes.Shown()[0].Title, "Can't load the file");
+    EXPECT_EQ(p.Boxes.Shown()[0].Icon, BoxIcon::Warning);
+    EXPECT_EQ(p.Boxes.Shown()[0].Text,
+              "You gave this text to this program as you were starting it:\n"
+              "\"no such\" file\n"
+              "This program can only try to load text given to it as a file.\n"
+              "In other words, it expects that text to be a file name.\n"
+              "But that file can't be seen, so it can't load it.");
+}
+
+}  // namespace
+}  // namespace quavix

@@ -1,0 +1,79 @@
+// SPDX-License-Identifier: MIT
+// The songs that come with the program: each loads without a word and sounds as written.
+#include <filesystem>
+#include <sstream>
+
+#include <gtest/gtest.h>
+
+#include "app/song_renderer.h"
+#include "platform/linux/posix_files.h"
+#include "simulation/simulated_dialogs.h"
+#include "simulation/simulated_time.h"
+#include "support/measure.h"
+#include "support/simulated_program.h"
+#include "support/wav_reader.h"
+
+namespace quavix {
+namespace {
+
+std::vector<std::string> Examples() {
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(QUAVIX_SOURCE_DIR "/examples")) {
+        if (entry.path().extension() == ".QVX")
+            names.push_back(entry.path());
+    }
+    return names;
+}
+
+class Example : public testing::TestWithParam<std::string> {};
+
+TEST_P(Example, LoadsWithoutAWordAndRendersToItsLength) {
+    PosixFiles files;
+    Timeline events;
+    SimulatedTime time;
+    SimulatedMessageBoxes boxes(time, events);
+    RenderOptions options;
+    options.Song = GetParam();
+    std::stringstream out;
+    SongRenderer(files, boxes, [](double) { return true; }).Render(options, out);
+    EXPECT_EQ(events.Text(), "");
+    const auto sound = test::ReadWav(out.str());
+    ASSERT_TRUE(sound);
+    const double seconds = static_cast<double>(sound->Frames()) / sound->SampleRate;
+    EXPECT_GT(seconds, 20);
+    EXPECT_LT(seconds, 180);
+    EXPECT_GT(test::Rms(sound->Samples), 0.2) << "hardly a sound";
+}
+
+std::string NameOf(const testing::TestParamInfo<std::string>& info) {
+    std::string name = std::filesystem::path(info.param).stem();
+    std::erase(name, '-');
+    return name;
+}
+
+INSTANTIATE_TEST_SUITE_P(Songs, Example, testing::ValuesIn(Examples()), NameOf);
+
+TEST(Examples, AreSixAtLeast) {
+    EXPECT_GE(Examples().size(), 6U);
+}
+
+TEST(Examples, TheOdeBeginsWithItsMelody) {
+    PosixFiles files;
+    Timeline events;
+    SimulatedTime time;
+    SimulatedMessageBoxes boxes(time, events);
+    RenderOptions options;
+    options.Song = QUAVIX_SOURCE_DIR "/examples/Ode-to-Joy.QVX";
+    std::stringstream out;
+    SongRenderer(files, boxes, [](double) { return true; }).Render(options, out);
+    const auto tones = test::FindTones(test::ReadWav(out.str())->Samples, 48000);
+    // mi mi fa sol, sol fa mi re, do do re mi, mi re re
+    const int steps[] = {4, 4, 5, 7, 7, 5, 4, 2, 0, 0, 2, 4, 4, 2, 2};
+    ASSERT_GT(tones.size(), std::size(steps));
+    const double tonic = tones[8].FrequencyHz;
+    for (std::size_t i = 0; i < std::size(steps); ++i)
+        EXPECT_NEAR(test::Cents(tones[i].FrequencyHz, tonic) / 100, steps[i], 0.05) << "note " << i;
+}
+
+}  // namespace
+}  // namespace quavix

@@ -1,0 +1,427 @@
+// SPDX-License-Identifier: MIT
+#include "music/edit_history.h"
+
+#include <numeric>
+#include <random>
+
+#include <gtest/gtest.h>
+
+#include "support/simulated_program.h"
+
+namespace quavix::test {
+namespace {
+
+struct EditHistoryTest : testing::Test, SimulatedProgram {
+    EditHistoryTest() { SetSong({"Whole C4 E4 Dot", "Half D4 F4 -", "Quarter E4 - Tri"}); }
+
+    std::string Captions() const { return App.Fields.UndoText.Get() + ", " + App.Fields.RedoText.Get(); }
+
+    const std::string Start = "Whole C4 E4 Dot\nHalf D4 F4 -\nQuarter E4 - Tri\n";
+};
+
+TEST_F(EditHistoryTest, ANewSongHasNothingToUndo) {
+    EXPECT_EQ(Captions(), "Undo, Redo");
+    EXPECT_FALSE(App.Fields.CanUndo);
+    EXPECT_FALSE(App.Fields.CanRedo);
+    EXPECT_FALSE(App.Fields.Modified);
+    App.History.Undo();
+    App.History.Redo();
+    EXPECT_EQ(SongText(), Start);
+}
+
+TEST_F(EditHistoryTest, EveryCommandIsOneNamedStep) {
+    App.Keys.PianoKey_Click(12);
+    EXPECT_EQ(Captions(), "Undo Add note C4, Redo");
+    App.List.Select(2);
+    App.Editing.ClearNote1Button_Click();
+    EXPECT_EQ(Captions(), "Undo Clear Note 1, Redo");
+    App.Editing.ClearNote2Button_Click();
+    EXPECT_EQ(Captions(), "Undo Clear Note 2, Redo");
+    App.Fields.ModDottedCheck = true;
+    EXPECT_EQ(Captions(), "Undo Dotted, Redo");
+    App.Fields.ModTripletCheck = true;
+    EXPECT_EQ(Captions(), "Undo Triplet, Redo");
+    App.Editing.Command1_Click();
+    EXPECT_EQ(Captions(), "Undo Erase line, Redo");
+    App.Editing.SilentLineButton_Click();
+    EXPECT_EQ(Captions(), "Undo Blank line, Redo");
+    App.Fields.NoteReplaceCheck = true;
+    App.Keys.PianoKey_Click(13);
+    EXPECT_EQ(Captions(), "Undo Replace with C#4, Redo");
+    int steps = 0;
+    for (; App.Fields.CanUndo; ++steps)
+        App.History.Undo();
+    EXPECT_EQ(steps, 8);
+    EXPECT_EQ(SongText(), Start);
+}
+
+TEST_F(EditHistoryTest, UndoAndRedoRestoreRowsAndSelection) {
+    App.List.Select(2);
+    App.Editing.Command1_Click();
+    const std::string erased = SongText();
+    App.List.Select(1);
+    App.History.Undo();
+    EXPECT_EQ(SongText(), "Whole C4 E4 Dot\n> Half D4 F4 -\nQuarter E4 - Tri\n");
+    EXPECT_EQ(App.List.SelectedItem(), 2);
+    EXPECT_EQ(Captions(), "Undo, Redo Erase line");
+    App.List.Select(1);
+    App.History.Redo();
+    EXPECT_EQ(SongText(), erased);
+    EXPECT_EQ(Captions(), "Undo Erase line, Redo");
+}
+
+TEST_F(EditHistoryTest, ANewStepForgetsWhatCouldBeRedone) {
+    App.List.Select(2);
+    App.Editing.Command1_Click();
+    App.History.Undo();
+    App.Editing.ClearNote1Button_Click();
+    EXPECT_FALSE(App.Fields.CanRedo);
+    App.History.Redo();
+    EXPECT_EQ(App.List.Line(2).Note1, "");
+}
+
+TEST_F(EditHistoryTest, ACommandThatChangesNoTextIsNoStep) {
+    App.List.Select(3);
+    App.Editing.ClearNote2Button_Click();
+    App.Editing.UnselectButton_Click();
+    EXPECT_FALSE(App.Fields.CanUndo);
+    EXPECT_FALSE(App.Fields.Modified);
+}
+
+TEST_F(EditHistoryTest, GesturesInsideAGestureBelongToIt) {
+    {
+        const EditGesture outer(App.History, "Everything");
+        const EditGesture inner(App.History, "Part");
+        App.List.Remove(1);
+        App.List.SetText(1, Cell::Note1, "G4");
+        App.History.Undo();
+        EXPECT_EQ(App.List.Count(), 2) << "nothing is undone in the middle";
+    }
+    EXPECT_EQ(Captions(), "Undo Everything, Redo");
+    App.History.Undo();
+    EXPECT_EQ(SongText(), Start);
+}
+
+TEST_F(EditHistoryTest, ChangesOutsideAnyGestureGatherInOneStep) {
+    App.List.SetText(1, Cell::Note1, "G4");
+    App.List.Remove(2);
+    App.List.Insert(1, {"1/8", "A4", "", ""});
+    EXPECT_EQ(Captions(), "Undo Change, Redo");
+    App.List.Select(1);
+    App.Editing.Command1_Click();
+    App.History.Undo();
+    EXPECT_EQ(Captions(), "Undo Change, Redo Erase line");
+    App.History.Undo();
+    EXPECT_EQ(SongText(), Start);
+    EXPECT_FALSE(App.Fields.CanUndo);
+}
+
+TEST_F(EditHistoryTest, ManyRowsThatComeOneByOneAreUndoneAtOnce) {
+    constexpr std::int32_t Rows = 200'000;
+    App.List.Select(2);
+    for (std::int32_t row = 0; row < Rows; ++row)
+        App.List.Append("1/8", row % 2 == 0 ? "C4" : "D4", "", "");
+    App.List.Insert(2, {"1/16", "G4", "", ""});
+    App.List.Insert(4, {"1/16", "A4", "", ""});
+    App.List.Insert(1, {"1/16", "B4", "", ""});
+    App.History.Undo();
+    EXPECT_EQ(SongText(), "Whole C4 E4 Dot\n> Half D4 F4 -\nQuarter E4 - Tri\n");
+    App.History.Redo();
+    EXPECT_EQ(App.List.Count(), Rows + 6);
+    EXPECT_EQ(App.List.Line(1).Note1, "B4");
+    EXPECT_EQ(App.List.Line(3).Note1, "G4");
+    EXPECT_EQ(App.List.Line(5).Note1, "A4");
+    EXPECT_EQ(App.List.Line(Rows + 6).Note1, "D4");
+    EXPECT_TRUE(App.List.IsSelected(4));
+}
+
+TEST_F(EditHistoryTest, AChangeThatIsTakenBackByHandIsNoStep) {
+    App.List.SetText(1, Cell::Note1, "G4");
+    App.List.SetText(1, Cell::Note1, "C4");
+    EXPECT_FALSE(App.Fields.CanUndo);
+    EXPECT_FALSE(App.Fields.Modified);
+}
+
+TEST_F(EditHistoryTest, PlayingChangesNothingThatCouldBeUndone) {
+    App.List.Select(1);
+    App.Editing.ClearNote2Button_Click();
+    App.History.Undo();
+    App.Playback.OnRangeEnd = [this] { App.Playback.StopPlayButton_Click(); };
+    App.Playback.PlayAllButton_Click();
+    App.Playback.MainList_ItemClick(3);
+    EXPECT_EQ(Captions(), "Undo, Redo Clear Note 2");
+    EXPECT_FALSE(App.Fields.Modified);
+}
+
+TEST_F(EditHistoryTest, ASpellingThatPlayingPutsRightIsAStep) {
+    App.List.SetText(2, Cell::Mod, "DOT");
+    App.History.StartOver();
+    App.Playback.MainList_ItemClick(2);
+    EXPECT_EQ(App.List.Line(2).Mod, "Dot") << "the box writes what it says";
+    EXPECT_EQ(Captions(), "Undo Modifier, Redo");
+    App.List.Select(2);
+    App.History.Undo();
+    EXPECT_EQ(App.List.Line(2).Mod, "DOT");
+    EXPECT_EQ(Captions(), "Undo, Redo Modifier");
+}
+
+TEST_F(EditHistoryTest, TheBoxesFollowAModThatIsUndone) {
+    App.List.Select(2);
+    App.Fields.ModDottedCheck = true;
+    App.History.Undo();
+    EXPECT_FALSE(App.Fields.ModDottedCheck);
+    EXPECT_EQ(SongText(), "Whole C4 E4 Dot\n> Half D4 F4 -\nQuarter E4 - Tri\n");
+    App.History.Redo();
+    EXPECT_TRUE(App.Fields.ModDottedCheck);
+    EXPECT_EQ(App.List.Line(2).Mod, "Dot");
+    App.Keys.PianoKey_Click(12);
+    App.History.Undo();
+    EXPECT_TRUE(App.Fields.ModDottedCheck) << "a preset for the next note stays";
+}
+
+TEST_F(EditHistoryTest, ThePositionFollowsWhatIsUndoneExceptDuringPlayback) {
+    App.List.Select(3);
+    App.Editing.Command1_Click();
+    App.History.Undo();
+    EXPECT_EQ(App.Fields.lblPlayBar.Get(), "003");
+    App.Fields.lblPlayBar = "music";
+    App.Fields.MusicIsPlaying = true;
+    App.History.Redo();
+    EXPECT_EQ(App.Fields.lblPlayBar.Get(), "music");
+}
+
+TEST_F(EditHistoryTest, LoadingAndClearingStartOver) {
+    App.Keys.PianoKey_Click(12);
+    Disk.Put("song", "Quavix by Dastrel-204 file format\r\nBPM 99\r\nMUSICLISTSTART\r\nHalf C4 - -\r\n");
+    App.Reader.ActuallyLoadMusic("song");
+    EXPECT_EQ(Captions(), "Undo, Redo");
+    EXPECT_FALSE(App.Fields.Modified);
+    App.History.Undo();
+    EXPECT_EQ(SongText(), "Half C4 - -\n");
+    App.Keys.PianoKey_Click(12);
+    App.List.Clear();
+    EXPECT_FALSE(App.Fields.CanUndo);
+    EXPECT_FALSE(App.Fields.Modified);
+}
+
+TEST_F(EditHistoryTest, AResetInsideAGestureForgetsWhatTheGestureDidBefore) {
+    {
+        const EditGesture gesture(App.History, "Reset");
+        App.List.Remove(1);
+        App.List.Clear();
+        App.List.Append("Half", "C4", "", "");
+    }
+    App.History.Undo();
+    EXPECT_EQ(SongText(), "");
+    EXPECT_FALSE(App.Fields.CanUndo);
+}
+
+TEST_F(EditHistoryTest, UndoingBackToTheSaveMakesTheSongUnmodified) {
+    App.Keys.PianoKey_Click(12);
+    EXPECT_TRUE(App.Fields.Modified);
+    Picker.AnswerNext("song.QVX");
+    App.Writer.SaveMusic();
+    EXPECT_FALSE(App.Fields.Modified);
+    App.Keys.PianoKey_Click(12);
+    EXPECT_TRUE(App.Fields.Modified);
+    App.History.Undo();
+    EXPECT_FALSE(App.Fields.Modified);
+    App.History.Undo();
+    EXPECT_TRUE(App.Fields.Modified);
+    App.History.Redo();
+    EXPECT_FALSE(App.Fields.Modified);
+    App.History.Undo();
+    App.Keys.PianoKey_Click(12);
+    EXPECT_TRUE(App.Fields.Modified) << "the same text, but another way to it";
+}
+
+TEST_F(EditHistoryTest, ASaveThatWasCancelledOrFailedLeavesTheSongModified) {
+    App.Keys.PianoKey_Click(12);
+    Picker.AnswerNext("");
+    App.Writer.SaveMusic();
+    EXPECT_TRUE(App.Fields.Modified);
+}
+
+TEST_F(EditHistoryTest, AChangeOutsideAGestureAfterASaveCanBeUndoneBackToIt) {
+    App.List.SetText(1, Cell::Note1, "G4");
+    App.History.MarkSaved();
+    App.List.SetText(1, Cell::Note1, "A4");
+    EXPECT_TRUE(App.Fields.Modified);
+    App.History.Undo();
+    EXPECT_EQ(App.List.Line(1).Note1, "G4");
+    EXPECT_FALSE(App.Fields.Modified);
+}
+
+TEST_F(EditHistoryTest, TheSettingsOfTheSoundCountAsChangesUntilTheyAreSetBack) {
+    App.Fields.BPMText = "99";
+    EXPECT_TRUE(App.Fields.Modified);
+    App.Fields.BPMText = "140";
+    EXPECT_FALSE(App.Fields.Modified);
+    App.Fields.AlternateTimeText = "50";
+    EXPECT_TRUE(App.Fields.Modified);
+    App.Fields.AlternateTimeText = "20";
+    App.Fields.TimeSigSlider = 3;
+    EXPECT_TRUE(App.Fields.Modified);
+    App.Fields.TimeSigSlider = 4;
+    App.Fields.NoteSilenceRatioSlider = 100;
+    EXPECT_TRUE(App.Fields.Modified);
+    App.History.MarkSaved();
+    EXPECT_FALSE(App.Fields.Modified);
+    App.Fields.NoteLengthCombo = 0;
+    App.Fields.KeyboardOctaveText = "7";
+    EXPECT_FALSE(App.Fields.Modified) << "these are for the next note only";
+}
+
+TEST_F(EditHistoryTest, ARecoveredSongIsModifiedUntilItIsSaved) {
+    App.History.MarkUnsaved();
+    EXPECT_TRUE(App.Fields.Modified);
+    App.Keys.PianoKey_Click(12);
+    App.History.Undo();
+    EXPECT_TRUE(App.Fields.Modified);
+    App.History.MarkSaved();
+    EXPECT_FALSE(App.Fields.Modified);
+}
+
+TEST_F(EditHistoryTest, TheOldestStepsAreForgottenBeforeTheyFillTheMemory) {
+    constexpr std::int32_t Rows = 1'000'000;
+    {
+        const MusicListReset reset(App.List);
+        for (std::int32_t row = 4; row <= Rows; ++row)
+            App.List.Append("1/8", "C4", "", "");
+    }
+    std::vector<std::int32_t> all(Rows);
+    std::iota(all.begin(), all.end(), 1);
+    int done = 0;
+    for (; done < 3; ++done) {
+        App.List.SetSelection(1, all);
+        App.Lines.EraseLines();
+        EXPECT_EQ(App.List.Count(), 0);
+        {
+            const EditGesture gesture(App.History, "Fill");
+            App.List.InsertRows(all, [](std::size_t) {
+                return std::array<std::string_view, 4>{"Half", "D4", "", ""};
+            });
+        }
+    }
+    int undone = 0;
+    for (; App.Fields.CanUndo; ++undone)
+        App.History.Undo();
+    EXPECT_EQ(undone, 3) << "each with a million rows and a run of selected ones";
+    EXPECT_TRUE(App.Fields.Modified) << "the way back to the start is forgotten";
+}
+
+/// What the song and its selection are, and whatever else undo restores.
+std::string StateOf(const SimulatedProgram& program) {
+    return program.SongText() + std::to_string(program.App.List.SelectedItem());
+}
+
+/// Does something at random; only through commands, so that every change of the selection belongs to one.
+void DoAnything(SimulatedProgram& program, std::mt19937& random) {
+    Program& app = program.App;
+    const auto below = [&random](std::int32_t limit) {
+        return static_cast<std::int32_t>(random() % static_cast<std::uint32_t>(limit));
+    };
+    const auto anyRows = [&] {
+        std::vector<std::int32_t> rows;
+        for (std::int32_t row = 1; row <= app.List.Count(); ++row) {
+            if (below(4) == 0)
+                rows.push_back(row);
+        }
+        return rows;
+    };
+    switch (below(16)) {
+        case 0:
+        case 1:
+        case 2:
+            app.Keys.PianoKey_Click(below(36));
+            break;
+        case 3:
+            app.Editing.ClearNote1Button_Click();
+            break;
+        case 4:
+            app.Editing.ClearNote2Button_Click();
+            break;
+        case 5:
+            app.Editing.Command1_Click();
+            break;
+        case 6:
+            app.Editing.SilentLineButton_Click();
+            break;
+        case 7:
+            app.Fields.ModDottedCheck = !app.Fields.ModDottedCheck;
+            break;
+        case 8:
+            app.Fields.ModTripletCheck = !app.Fields.ModTripletCheck;
+            break;
+        case 9:
+            app.Fields.NoteReplaceCheck = !app.Fields.NoteReplaceCheck;
+            app.Fields.NoteLengthReplaceCheck = below(2) == 0;
+            app.Fields.NoteLengthCombo = below(5);
+            break;
+        case 10:
+            app.Lines.CopyLines();
+            break;
+        case 11:
+            app.Lines.CutLines();
+            break;
+        case 12:
+            app.Lines.PasteLines();
+            break;
+        case 13:
+            if (app.List.Count() < 200)
+                app.Lines.DuplicateLines();
+            break;
+        case 14:
+            app.Lines.EraseLines();
+            break;
+        default: {
+            const std::vector<std::int32_t> rows = anyRows();
+            const bool several = below(3) == 0;
+            if (several)
+                app.List.SetSelection(rows.empty() ? -1 : rows[random() % rows.size()], rows);
+            else if (app.List.Count() > 0)
+                app.List.Select(1 + below(app.List.Count()));
+            break;
+        }
+    }
+}
+
+TEST(EditHistoryOfAnything, UndoesToTheStartAndRedoesToTheEnd) {
+    for (std::uint32_t seed = 1; seed <= 60; ++seed) {
+        SimulatedProgram program;
+        program.App.Fields.NoteClickPlayCheck = false;
+        program.SetSong({"Whole C4 E4 Dot", "Half D4 F4 -", "Quarter E4 - Tri", "1/8 - - -"});
+        std::mt19937 random(seed);
+        // The state before and after each step.
+        std::vector<std::pair<std::string, std::string>> steps;
+        for (int i = 0; i < 150; ++i) {
+            const std::string before = StateOf(program);
+            const std::string rowsBefore = program.SongText();
+            DoAnything(program, random);
+            std::string rowsOnly = program.SongText();
+            const auto withoutMarks = [](std::string text) {
+                std::erase(text, '>');
+                std::erase(text, '*');
+                std::erase(text, ' ');
+                return text;
+            };
+            if (withoutMarks(rowsOnly) != withoutMarks(rowsBefore))
+                steps.emplace_back(before, StateOf(program));
+        }
+        for (auto step = steps.rbegin(); step != steps.rend(); ++step) {
+            ASSERT_TRUE(program.App.Fields.CanUndo) << seed;
+            program.App.History.Undo();
+            ASSERT_EQ(StateOf(program), step->first) << "seed " << seed;
+        }
+        EXPECT_FALSE(program.App.Fields.CanUndo) << "seed " << seed;
+        EXPECT_FALSE(program.App.Fields.Modified) << "seed " << seed;
+        for (const auto& step : steps) {
+            program.App.History.Redo();
+            ASSERT_EQ(StateOf(program), step.second) << "seed " << seed;
+        }
+        EXPECT_FALSE(program.App.Fields.CanRedo) << "seed " << seed;
+    }
+}
+
+}  // namespace
+}  // namespace quavix::test

@@ -1,0 +1,192 @@
+// SPDX-License-Identifier: MIT
+// Lines as text, and the commands that carry them.
+#include "music/line_clipboard.h"
+
+#include <random>
+
+#include <gtest/gtest.h>
+
+#include "support/simulated_program.h"
+
+namespace quavix::test {
+namespace {
+
+struct LineClipboardTest : testing::Test, SimulatedProgram {
+    LineClipboardTest() { SetSong({"Whole C4 E4 Dot", "Half D4 - -", "Quarter - - Tri", "1/8 F4 - -"}); }
+
+    const std::string Start = "Whole C4 E4 Dot\nHalf D4 - -\nQuarter - - Tri\n1/8 F4 - -\n";
+};
+
+TEST(LineText, ReadsWhatASongFileMayHold) {
+    const LinesOfText read =
+        ReadLines("Quarter c4 e#4 Dot\r\n\r\n  \t\n// a comment\nHalf - d4\nWhole - - -");
+    EXPECT_EQ(read.Lines,
+              (std::vector<MusicLine>{
+                  {"Quarter", "C4", "E#4", "Dot"}, {"Half", "", "D4", ""}, {"Whole", "", "", ""}}));
+    EXPECT_EQ(read.Rejected, 0U);
+}
+
+TEST(LineText, TakesEveryEndOfLine) {
+    for (const char* text : {"Half A4 -\nHalf B4 -", "Half A4 -\r\nHalf B4 -\r\n", "Half A4 -\rHalf B4 -\r"})
+        EXPECT_EQ(ReadLines(text).Lines,
+                  (std::vector<MusicLine>{{"Half", "A4", "", ""}, {"Half", "B4", "", ""}}))
+            << text;
+}
+
+TEST(LineText, CountsTheLinesThatHaveFewerThanThreeFields) {
+    const LinesOfText read = ReadLines("Half\nHalf C4\nHalf C4 -\nhello, world\n");
+    EXPECT_EQ(read.Lines, (std::vector<MusicLine>{{"Half", "C4", "", ""}}));
+    EXPECT_EQ(read.Rejected, 3U);
+}
+
+TEST(LineText, KeepsAllThatFollowsTheThirdBlankAsTheMod) {
+    EXPECT_EQ(ReadLines("Half C4 - Dot and more").Lines.at(0).Mod, "Dot and more");
+}
+
+TEST(LineText, SurvivesAnyText) {
+    std::mt19937 random(3);
+    const std::string alphabet = "\r\n -/CDc4#\tHalf\0\xC3\xA9";
+    for (int i = 0; i < 3000; ++i) {
+        std::string text(random() % 40, ' ');
+        for (char& c : text)
+            c = alphabet[random() % alphabet.size()];
+        const LinesOfText read = ReadLines(text);
+        EXPECT_LE(read.Lines.size() + read.Rejected, text.size() + 1);
+    }
+}
+
+TEST(LineText, ComesBackAsItWas) {
+    std::mt19937 random(5);
+    const auto oneOf = [&random](std::initializer_list<const char*> texts) {
+        return texts.begin()[random() % texts.size()];
+    };
+    MusicList list;
+    std::vector<std::int32_t> rows;
+    for (std::int32_t row = 1; row <= 500; ++row) {
+        list.Append(oneOf({"Whole", "Half", "Quarter", "1/8", "1/16", "odd"}), oneOf({"", "C4", "A#10"}),
+                    oneOf({"", "B0", "ERR12-4"}), oneOf({"", "Dot", "Tri", "dot tri"}));
+        rows.push_back(row);
+    }
+    const LinesOfText read = ReadLines(TextOfLines(list, rows));
+    ASSERT_EQ(read.Lines.size(), rows.size());
+    for (const std::int32_t row : rows)
+        EXPECT_EQ(read.Lines[static_cast<std::size_t>(row) - 1], list.Line(row));
+}
+
+TEST_F(LineClipboardTest, CopyingPutsTheSelectedLinesOnTheClipboardAndChangesNothing) {
+    App.List.SetSelection(3, {3, 1});
+    App.Lines.CopyLines();
+    EXPECT_EQ(Clipboard.Text(), "Whole C4 E4 Dot\nQuarter - - Tri\n");
+    EXPECT_EQ(Timeline.Text("clipboard"), "0.0000 clipboard Whole C4 E4 Dot|Quarter - - Tri|\n");
+    EXPECT_FALSE(App.Fields.CanUndo);
+    EXPECT_EQ(App.List.SelectedRows(), (std::vector<std::int32_t>{1, 3}));
+}
+
+TEST_F(LineClipboardTest, WithoutASelectedLineTheClipboardStaysAsItIs) {
+    Clipboard.Put("something else");
+    App.Lines.CopyLines();
+    App.Lines.CutLines();
+    App.Lines.EraseLines();
+    App.Lines.DuplicateLines();
+    EXPECT_EQ(Clipboard.Text(), "something else");
+    EXPECT_EQ(SongText(), Start);
+    EXPECT_FALSE(App.Fields.CanUndo);
+}
+
+TEST_F(LineClipboardTest, CuttingIsOneStep) {
+    App.List.SetSelection(1, {1, 2});
+    App.Lines.CutLines();
+    EXPECT_EQ(Clipboard.Text(), "Whole C4 E4 Dot\nHalf D4 - -\n");
+    EXPECT_EQ(SongText(), "> Quarter - - Tri\n1/8 F4 - -\n");
+    EXPECT_EQ(App.Fields.UndoText.Get(), "Undo Cut lines");
+    App.History.Undo();
+    EXPECT_EQ(SongText(), "> Whole C4 E4 Dot\n> Half D4 - -\nQuarter - - Tri\n1/8 F4 - -\n");
+    EXPECT_EQ(App.List.SelectedItem(), 1);
+}
+
+TEST_F(LineClipboardTest, LinesArePastedBeforeTheSelectedOneWhichStaysSelected) {
+    Clipboard.Put("Half a4 -\r\nHalf b4 - dot\r\n");
+    App.List.Select(2);
+    const auto result = App.Lines.PasteLines();
+    EXPECT_EQ(result.Pasted, 2U);
+    EXPECT_EQ(result.Rejected, 0U);
+    EXPECT_EQ(SongText(),
+              "Whole C4 E4 Dot\nHalf A4 - -\nHalf B4 - dot\n> Half D4 - -\nQuarter - - Tri\n1/8 F4 - -\n");
+    EXPECT_EQ(App.Fields.UndoText.Get(), "Undo Paste lines");
+    App.History.Undo();
+    EXPECT_EQ(SongText(), "Whole C4 E4 Dot\n> Half D4 - -\nQuarter - - Tri\n1/8 F4 - -\n");
+}
+
+TEST_F(LineClipboardTest, WithoutASelectedLineLinesAreAppended) {
+    Clipboard.Put("Half A4 -");
+    App.Lines.PasteLines();
+    EXPECT_EQ(SongText(), Start + "Half A4 - -\n");
+    EXPECT_EQ(App.Fields.UndoText.Get(), "Undo Paste line");
+    App.List.Clear();
+    App.Lines.PasteLines();
+    EXPECT_EQ(SongText(), "Half A4 - -\n");
+}
+
+TEST_F(LineClipboardTest, TextThatIsNoMusicIsCountedAndChangesNothing) {
+    Clipboard.Put("dear sir\nhello\n");
+    const auto result = App.Lines.PasteLines();
+    EXPECT_EQ(result.Pasted, 0U);
+    EXPECT_EQ(result.Rejected, 2U);
+    EXPECT_FALSE(App.Fields.CanUndo);
+    Clipboard.Put("");
+    EXPECT_EQ(App.Lines.PasteLines().Rejected, 0U);
+}
+
+TEST_F(LineClipboardTest, CopiesStandBehindTheLastSelectedLineAndAreSelected) {
+    App.List.SetSelection(1, {1, 3});
+    App.Lines.DuplicateLines();
+    EXPECT_EQ(SongText(),
+              "Whole C4 E4 Dot\nHalf D4 - -\nQuarter - - Tri\n> Whole C4 E4 Dot\n> Quarter - - Tri\n"
+              "1/8 F4 - -\n");
+    EXPECT_EQ(App.Fields.UndoText.Get(), "Undo Duplicate lines");
+    EXPECT_EQ(Timeline.Text("clipboard"), "");
+    App.History.Undo();
+    EXPECT_EQ(SongText(), "> Whole C4 E4 Dot\nHalf D4 - -\n> Quarter - - Tri\n1/8 F4 - -\n");
+}
+
+TEST_F(LineClipboardTest, ErasingOneSelectedLineIsTheSameAsEraseWholeLine) {
+    for (std::int32_t row = 1; row <= 4; ++row) {
+        SimulatedProgram other;
+        SimulatedProgram one;
+        for (SimulatedProgram* program : {&other, &one}) {
+            program->SetSong({"Whole C4 E4 Dot", "Half D4 - -", "Quarter - - Tri", "1/8 F4 - -"});
+            program->App.List.Select(row);
+        }
+        other.App.Editing.Command1_Click();
+        one.App.Lines.EraseLines();
+        EXPECT_EQ(one.SongText(), other.SongText());
+        EXPECT_EQ(one.App.List.SelectedItem(), other.App.List.SelectedItem());
+        EXPECT_EQ(one.App.Fields.UndoText.Get(), other.App.Fields.UndoText.Get());
+    }
+}
+
+TEST_F(LineClipboardTest, ErasingSeveralLinesSelectsTheOneBehindThem) {
+    App.List.SetSelection(3, {1, 3});
+    App.Lines.EraseLines();
+    EXPECT_EQ(SongText(), "Half D4 - -\n> 1/8 F4 - -\n");
+    App.List.SetSelection(1, {1, 2});
+    App.Lines.EraseLines();
+    EXPECT_EQ(SongText(), "");
+    EXPECT_EQ(App.List.SelectedItem(), -1);
+    App.History.Undo();
+    App.History.Undo();
+    EXPECT_EQ(App.List.SelectedRows(), (std::vector<std::int32_t>{1, 3}));
+    EXPECT_EQ(App.List.SelectedItem(), 3);
+}
+
+TEST_F(LineClipboardTest, LinesGoFromOneCopyOfTheProgramToAnother) {
+    App.List.SetSelection(1, {1, 2, 3, 4});
+    App.Lines.CopyLines();
+    SimulatedProgram other;
+    other.Clipboard.Put(Clipboard.Text());
+    other.App.Lines.PasteLines();
+    EXPECT_EQ(other.SongText(), Start);
+}
+
+}  // namespace
+}  // namespace quavix::test

@@ -1,0 +1,156 @@
+// SPDX-License-Identifier: MIT
+#include "music/list_editing.h"
+
+#include <gtest/gtest.h>
+
+#include "support/simulated_program.h"
+
+namespace quavix::test {
+namespace {
+
+struct ListEditingTest : testing::Test, SimulatedProgram {
+    ListEditingTest() { SetSong({"Whole C4 E4 Dot", "Half D4 F4 -", "Quarter E4 - Tri", "1/8 F4 - -"}); }
+
+    std::string Enabled() const {
+        const MainFields& fields = App.Fields;
+        std::string text;
+        for (const bool enabled :
+             {fields.AddNote1OptionEnabled.Get(), fields.AddNote2OptionEnabled.Get(),
+              fields.NoteReplaceCheckEnabled.Get(), fields.NoteLengthReplaceCheckEnabled.Get()})
+            text += enabled ? "1" : "0";
+        return text;
+    }
+
+    const std::string Start = "Whole C4 E4 Dot\nHalf D4 F4 -\nQuarter E4 - Tri\n1/8 F4 - -\n";
+};
+
+TEST_F(ListEditingTest, ClearingANoteLeavesTheRestOfTheLine) {
+    App.List.Select(1);
+    App.Editing.ClearNote1Button_Click();
+    EXPECT_EQ(App.List.Line(1), (MusicLine{"Whole", "", "E4", "Dot"}));
+    App.Editing.ClearNote2Button_Click();
+    EXPECT_EQ(App.List.Line(1), (MusicLine{"Whole", "", "", "Dot"})) << "a silent line";
+    EXPECT_TRUE(App.List.IsSelected(1));
+    EXPECT_EQ(App.List.Line(2), (MusicLine{"Half", "D4", "F4", ""}));
+}
+
+TEST_F(ListEditingTest, ErasingALineSelectsTheOneThatTakesItsPlace) {
+    App.List.Select(2);
+    App.Editing.Command1_Click();
+    EXPECT_EQ(SongText(), "Whole C4 E4 Dot\n> Quarter E4 - Tri\n1/8 F4 - -\n");
+    App.Editing.Command1_Click();
+    EXPECT_EQ(SongText(), "Whole C4 E4 Dot\n> 1/8 F4 - -\n");
+}
+
+TEST_F(ListEditingTest, ErasingTheLastLineLeavesNoSelection) {
+    App.List.Select(4);
+    App.Editing.Command1_Click();
+    EXPECT_EQ(App.List.Count(), 3);
+    EXPECT_EQ(App.List.SelectedItem(), -1);
+    EXPECT_EQ(App.List.SelectedCount(), 0);
+    App.Editing.Command1_Click();
+    EXPECT_EQ(App.List.Count(), 3);
+}
+
+TEST_F(ListEditingTest, WithoutARealSelectionNothingIsChanged) {
+    for (const bool lostHighlight : {false, true}) {
+        if (lostHighlight) {
+            App.List.Select(2);
+            App.List.Unselect(2);
+        }
+        App.Editing.ClearNote1Button_Click();
+        App.Editing.ClearNote2Button_Click();
+        App.Editing.Command1_Click();
+        App.Editing.UnselectButton_Click();
+        App.Fields.ModDottedCheck = !lostHighlight;
+        EXPECT_FALSE(App.Fields.CanUndo);
+    }
+    EXPECT_EQ(SongText(), "Whole C4 E4 Dot\n* Half D4 F4 -\nQuarter E4 - Tri\n1/8 F4 - -\n");
+}
+
+TEST_F(ListEditingTest, TheBlankLineIsInsertedWithTheChosenLengthAndMod) {
+    App.List.Select(2);
+    App.Fields.NoteLengthCombo = 4;
+    App.Editing.SilentLineButton_Click();
+    EXPECT_EQ(SongText(), "Whole C4 E4 Dot\n1/16 - - -\n> Half D4 F4 -\nQuarter E4 - Tri\n1/8 F4 - -\n");
+}
+
+TEST_F(ListEditingTest, TheBlankLineReplacesOnlyLengthAndMod) {
+    App.Fields.NoteReplaceCheck = true;
+    App.Fields.NoteLengthReplaceCheck = true;
+    App.Fields.ModTripletCheck = true;
+    App.Fields.NoteLengthCombo = 0;
+    App.List.Select(2);
+    App.Editing.SilentLineButton_Click();
+    EXPECT_EQ(SongText(), "Whole C4 E4 Dot\nWhole D4 F4 Tri\n> Quarter E4 - Tri\n1/8 F4 - -\n");
+    App.Fields.NoteLengthReplaceCheck = false;
+    App.Editing.SilentLineButton_Click();
+    EXPECT_EQ(SongText(), "Whole C4 E4 Dot\nWhole D4 F4 Tri\nQuarter E4 - Tri\n> 1/8 F4 - -\n")
+        << "without the length, the selection only moves on";
+}
+
+TEST_F(ListEditingTest, UnselectingLeavesTheItemAndShowsTheEndOfTheSong) {
+    App.List.Select(2);
+    App.Editing.UnselectButton_Click();
+    EXPECT_EQ(SongText(), "Whole C4 E4 Dot\n* Half D4 F4 -\nQuarter E4 - Tri\n1/8 F4 - -\n");
+    EXPECT_EQ(App.Fields.lblPlayBar.Get(), "003");
+    App.Entry.AddNote(0, 4, 0);
+    EXPECT_EQ(App.List.Line(5).Note1, "C4") << "the next note is appended";
+}
+
+TEST_F(ListEditingTest, DottedWhileTripletIsTickedLeavesDotted) {
+    App.List.Select(3);
+    App.Mods.UpdateModButtons();
+    ASSERT_TRUE(App.Fields.ModTripletCheck);
+    App.Fields.ModDottedCheck = true;
+    EXPECT_TRUE(App.Fields.ModDottedCheck);
+    EXPECT_FALSE(App.Fields.ModTripletCheck);
+    EXPECT_EQ(App.List.Line(3).Mod, "Dot");
+}
+
+TEST_F(ListEditingTest, TheOptionsOfEnteringNotesAreAvailableWithIt) {
+    EXPECT_EQ(Enabled(), "1110") << "as the program starts";
+    App.Fields.NoteClickAddCheck = false;
+    EXPECT_EQ(Enabled(), "0000");
+    App.Fields.NoteClickAddCheck = true;
+    EXPECT_EQ(Enabled(), "1110");
+    App.Fields.NoteReplaceCheck = true;
+    EXPECT_EQ(Enabled(), "1111");
+    App.Fields.NoteClickAddCheck = false;
+    EXPECT_EQ(Enabled(), "0000");
+    App.Fields.NoteClickAddCheck = true;
+    EXPECT_EQ(Enabled(), "1111");
+    App.Fields.NoteReplaceCheck = false;
+    EXPECT_EQ(Enabled(), "1110");
+}
+
+TEST_F(ListEditingTest, ASongThatSwitchesNoteEntryOffGreysItsOptions) {
+    Disk.Put("song", "Quavix by Dastrel-204 file format\r\nNoteClickAdd 0\r\nMUSICLISTSTART\r\n");
+    App.Reader.ActuallyLoadMusic("song");
+    EXPECT_EQ(Enabled(), "0000");
+}
+
+TEST_F(ListEditingTest, OnlyOneOfTheTwoNoteColumnsIsChosen) {
+    App.Fields.AddNote2Option = true;
+    EXPECT_FALSE(App.Fields.AddNote1Option);
+    App.Fields.AddNote1Option = true;
+    EXPECT_FALSE(App.Fields.AddNote2Option);
+    EXPECT_TRUE(App.Fields.AddNote1Option);
+}
+
+TEST_F(ListEditingTest, ErasingWhileThePlayedLineSoundsGoesOn) {
+    App.Fields.MutePCSpeaker = true;
+    App.Fields.BPM = 600;
+    Time.At(150, [this] { App.Editing.Command1_Click(); });
+    App.Playback.OnRangeEnd = [this] { App.Playback.StopPlayButton_Click(); };
+    App.Playback.PlayAllButton_Click();
+    EXPECT_EQ(App.List.Count(), 3);
+    App.History.Undo();
+    std::string rows;
+    for (std::int32_t row = 1; row <= App.List.Count(); ++row)
+        rows += App.List.Line(row).Length + " ";
+    EXPECT_EQ(rows, "Whole Half Quarter 1/8 ");
+}
+
+}  // namespace
+}  // namespace quavix::test

@@ -1,0 +1,192 @@
+// SPDX-License-Identifier: MIT
+#include "music/note_entry.h"
+
+#include <gtest/gtest.h>
+
+#include "support/simulated_program.h"
+
+namespace quavix::test {
+namespace {
+
+struct NoteEntryTest : testing::Test, SimulatedProgram {
+    /// What adding a note logs.
+    std::string LogOf(std::int32_t noteNum, std::int32_t octave, std::int32_t lengthIndex) {
+        App.Log.Enable();
+        App.Entry.AddNote(noteNum, octave, lengthIndex);
+        return LogText();
+    }
+};
+
+TEST_F(NoteEntryTest, WithoutASelectionALineIsAppended) {
+    EXPECT_EQ(LogOf(0, 4, 3),
+              "    AddNote(0, 4, 3 (1/8)) - START\n"
+              "    NoteLetter = C\n"
+              "    GetSelectedIndex(MainList) returned -1 - inserting at end of list.\n"
+              "    InsertPoint = 1\n"
+              "    Not possible to replace as-of-yet unmade note.\n"
+              "    Replace = FALSE\n"
+              "    INSERTING (creating list item)...\n"
+              "    Setting note's text...\n"
+              "    It's not meant to be silent - setting text for NOTE1.\n"
+              "    AddNote() - END\n"
+              "\n");
+    EXPECT_EQ(SongText(), "1/8 C4 - -\n");
+}
+
+TEST_F(NoteEntryTest, ALineIsInsertedBeforeTheSelectedOneWhichStaysSelected) {
+    SetSong({"Whole C4 - -", "Half D4 - -", "Quarter E4 - -"});
+    App.List.Select(2);
+    EXPECT_EQ(LogOf(10, 5, 0),
+              "    AddNote(10, 5, 0 (Whole)) - START\n"
+              "    NoteLetter = A#\n"
+              "    GetSelectedIndex(MainList) returned 2 - asking item to see if it's actually selected.\n"
+              "    It is! Inserting here.\n"
+              "    InsertPoint = 2\n"
+              "    Replace = FALSE\n"
+              "    INSERTING (creating list item)...\n"
+              "    Setting note's text...\n"
+              "    It's not meant to be silent - setting text for NOTE1.\n"
+              "    AddNote() - END\n"
+              "\n");
+    EXPECT_EQ(SongText(), "Whole C4 - -\nWhole A#5 - -\n> Half D4 - -\nQuarter E4 - -\n");
+    App.Entry.AddNote(11, 5, 0);
+    EXPECT_EQ(SongText(), "Whole C4 - -\nWhole A#5 - -\nWhole B5 - -\n> Half D4 - -\nQuarter E4 - -\n")
+        << "the next note follows the first one";
+}
+
+TEST_F(NoteEntryTest, AnItemThatHasLostItsHighlightIsNoInsertPoint) {
+    SetSong({"Whole C4 - -", "Half D4 - -"});
+    App.List.Select(1);
+    App.List.Unselect(1);
+    App.Fields.NoteReplaceCheck = true;
+    EXPECT_EQ(LogOf(2, 4, 2),
+              "    AddNote(2, 4, 2 (Quarter)) - START\n"
+              "    NoteLetter = D\n"
+              "    GetSelectedIndex(MainList) returned 1 - asking item to see if it's actually selected.\n"
+              "    It's not - inserting at end of list.\n"
+              "    InsertPoint = 3\n"
+              "    Not possible to replace as-of-yet unmade note.\n"
+              "    Replace = FALSE\n"
+              "    INSERTING (creating list item)...\n"
+              "    Setting note's text...\n"
+              "    It's not meant to be silent - setting text for NOTE1.\n"
+              "    AddNote() - END\n"
+              "\n");
+    EXPECT_EQ(SongText(), "* Whole C4 - -\nHalf D4 - -\nQuarter D4 - -\n");
+}
+
+TEST_F(NoteEntryTest, ReplacingWritesOneNoteAndGoesToTheNextLine) {
+    SetSong({"Whole C4 - -", "Half D4 - Tri", "Quarter E4 - -"});
+    App.List.Select(2);
+    App.Fields.NoteReplaceCheck = true;
+    App.Fields.AddNote2Option = true;
+    EXPECT_EQ(LogOf(9, 4, 4),
+              "    AddNote(9, 4, 4 (1/16)) - START\n"
+              "    NoteLetter = A\n"
+              "    GetSelectedIndex(MainList) returned 2 - asking item to see if it's actually selected.\n"
+              "    It is! Inserting here.\n"
+              "    InsertPoint = 2\n"
+              "    Possible to replace note, and replacing is wanted.\n"
+              "    Replace = TRUE\n"
+              "    REPLACING (doing nothing here)...\n"
+              "    Setting note's text...\n"
+              "    It's not meant to be silent - setting text for NOTE2.\n"
+              "    AddNote() - END\n"
+              "\n");
+    EXPECT_EQ(SongText(), "Whole C4 - -\nHalf D4 A4 Tri\n> Quarter E4 - -\n");
+}
+
+TEST_F(NoteEntryTest, ReplacingTheLastLineClearsTheSelectionAndTheNextNoteIsAppended) {
+    SetSong({"Whole C4 - -", "Half D4 - -"});
+    App.List.Select(2);
+    App.Fields.NoteReplaceCheck = true;
+    App.Entry.AddNote(4, 4, 2);
+    EXPECT_EQ(SongText(), "Whole C4 - -\n* Half E4 - -\n");
+    EXPECT_FALSE(App.List.IsSelected(2));
+    App.Entry.AddNote(5, 4, 2);
+    EXPECT_EQ(SongText(), "Whole C4 - -\n* Half E4 - -\nQuarter F4 - -\n");
+}
+
+TEST_F(NoteEntryTest, ReplacingTheLengthTooWritesLengthAndMod) {
+    SetSong({"Whole C4 - Tri", "Half D4 - Dot", "Quarter E4 - -"});
+    App.List.Select(1);
+    App.Fields.NoteReplaceCheck = true;
+    App.Fields.NoteLengthReplaceCheck = true;
+    EXPECT_EQ(LogOf(1, 3, 2),
+              "    AddNote(1, 3, 2 (Quarter)) - START\n"
+              "    NoteLetter = C#\n"
+              "    GetSelectedIndex(MainList) returned 1 - asking item to see if it's actually selected.\n"
+              "    It is! Inserting here.\n"
+              "    InsertPoint = 1\n"
+              "    Possible to replace note, and replacing is wanted.\n"
+              "    Replace = TRUE\n"
+              "    REPLACING (doing nothing here)...\n"
+              "    Setting note's text...\n"
+              "    It's not meant to be silent - setting text for NOTE1.\n"
+              "    Also changing main text (i.e. Length)...\n"
+              "    Modifier: None\n"
+              "    AddNote() - END\n"
+              "\n");
+    EXPECT_EQ(SongText(), "Quarter C#3 - -\n> Half D4 - Dot\nQuarter E4 - -\n");
+}
+
+TEST_F(NoteEntryTest, ANewLineTakesTheModOfTheBoxes) {
+    App.Fields.ModDottedCheck = true;
+    App.Entry.AddNote(0, 4, 2);
+    App.Fields.ModTripletCheck = true;
+    App.Entry.AddNote(0, 4, 2);
+    App.Fields.ModTripletCheck = false;
+    App.Entry.AddNote(0, 4, 2);
+    EXPECT_EQ(SongText(), "Quarter C4 - Dot\nQuarter C4 - Tri\nQuarter C4 - -\n");
+}
+
+TEST_F(NoteEntryTest, TheModWrittenWithTheLengthIsLogged) {
+    App.Fields.NoteLengthReplaceCheck = true;
+    App.Fields.ModDottedCheck = true;
+    EXPECT_EQ(LogOf(-1, 0, 9),
+              "    AddNote(-1, 0, 9 ()) - START\n"
+              "    NoteLetter = -\n"
+              "    GetSelectedIndex(MainList) returned -1 - inserting at end of list.\n"
+              "    InsertPoint = 1\n"
+              "    Not possible to replace as-of-yet unmade note.\n"
+              "    Replace = FALSE\n"
+              "    INSERTING (creating list item)...\n"
+              "    Setting note's text...\n"
+              "    It's meant to be silent.\n"
+              "    Also changing main text (i.e. Length)...\n"
+              "    Modifier: Dotted\n"
+              "    AddNote() - END\n"
+              "\n");
+    App.Fields.ModTripletCheck = true;
+    App.Entry.AddNote(-1, 0, 1);
+    EXPECT_NE(LogText().find("    Modifier: Triplet\n"), std::string::npos);
+    EXPECT_EQ(SongText(), " - - Dot\nHalf - - Tri\n");
+}
+
+TEST_F(NoteEntryTest, ANumberThatIsNoNoteIsEnteredAsAnError) {
+    EXPECT_NE(LogOf(12, 4, 2).find("    NoteLetter = Err12-\n"), std::string::npos);
+    App.Entry.AddNote(-2, 4, 2);
+    EXPECT_EQ(SongText(), "Quarter Err12-4 - -\nQuarter Err-2-4 - -\n");
+}
+
+TEST_F(NoteEntryTest, AnOctaveOfTwoDigitsIsWrittenAsItIs) {
+    App.Entry.AddNote(0, 10, 2);
+    EXPECT_EQ(SongText(), "Quarter C10 - -\n");
+}
+
+TEST_F(NoteEntryTest, InsertingAmongSeveralSelectedLinesLeavesOneSelected) {
+    SetSong({"Whole C4 - -", "Half D4 - -", "Quarter E4 - -"});
+    App.List.SetSelection(2, {1, 2, 3});
+    App.Entry.AddNote(0, 5, 2);
+    EXPECT_EQ(SongText(), "Whole C4 - -\nQuarter C5 - -\n> Half D4 - -\nQuarter E4 - -\n");
+}
+
+TEST_F(NoteEntryTest, TheLogIsTheSameAtAnyDepth) {
+    App.Log.Enable();
+    App.Log.LogIndentInc("outer");
+    App.Entry.AddNote(0, 4, 3);
+    EXPECT_EQ(App.Log.LogIndent(), 1);
+}
+
+}  // namespace
+}  // namespace quavix::test

@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: MIT
+#include "platform/qt/qt_file_picker.h"
+
+#include <QtTest>
+#include <QtWidgets>
+#include <gtest/gtest.h>
+
+namespace quavix {
+namespace {
+
+TEST(NameFilters, TakePairsOfNamesAndPatterns) {
+    EXPECT_EQ(NameFilters("This program's file type (*.QVX)|*.QVX|All files (*.*)|*.*"),
+              (QStringList{"This program's file type (*.QVX *.qvx)", "All files (*)"}));
+    EXPECT_EQ(NameFilters("MIDI|*.mid;*.midi"), (QStringList{"MIDI (*.mid *.midi)"}));
+}
+
+TEST(NameFilters, LeaveAnOddNameOut) {
+    EXPECT_EQ(NameFilters("Songs|*.qvx|odd"), (QStringList{"Songs (*.qvx)"}));
+    EXPECT_EQ(NameFilters(""), QStringList{});
+}
+
+TEST(WithExtension, IsAddedToANameWithoutOneWhereTheFilterStandsForOneKind) {
+    const QString own = NameFilters("Songs (*.QVX)|*.QVX").first();
+    EXPECT_EQ(WithExtension("/home/me/song", own), "/home/me/song.QVX");
+    EXPECT_EQ(WithExtension("/home/me.d/song", own), "/home/me.d/song.QVX");
+    EXPECT_EQ(WithExtension("/home/me/No. 5", own), "/home/me/No. 5.QVX");
+    EXPECT_EQ(WithExtension("song.", own), "song.QVX");
+}
+
+TEST(WithExtension, LeavesWhatTheUserSaidAlone) {
+    const QString own = NameFilters("Songs (*.QVX)|*.QVX").first();
+    EXPECT_EQ(WithExtension("song.qvx", own), "song.qvx");
+    EXPECT_EQ(WithExtension("song.txt", own), "song.txt");
+    EXPECT_EQ(WithExtension("song", NameFilters("All files (*.*)|*.*").first()), "song");
+    EXPECT_EQ(WithExtension("song", ""), "song");
+}
+
+/// Answers the file dialog that is about to open.
+void AnswerDialog(const QString& name, QString* folderShown) {
+    QTimer::singleShot(0, [name, folderShown] {
+        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        *folderShown = dialog->directory().absolutePath();
+        dialog->findChild<QLineEdit*>("fileNameEdit")->setText(name);
+        static_cast<QDialog*>(dialog)->accept();
+        if (dialog->isVisible())
+            dialog->reject();
+    });
+}
+
+TEST(QtFilePicker, RemembersTheFolder) {
+    const QTemporaryDir folder;
+    QtFilePicker picker;
+    QString shown;
+    AnswerDialog(folder.filePath("song"), &shown);
+    EXPECT_EQ(picker.AskForSaveName({.Title = "Save", .Filter = "Songs|*.QVX|All files|*.*"}),
+              folder.filePath("song.QVX").toStdString());
+    AnswerDialog("other", &shown);
+    EXPECT_EQ(picker.AskForSaveName({.Title = "Save", .Filter = "All files|*.*"}),
+              folder.filePath("other").toStdString());
+    EXPECT_EQ(shown, folder.path());
+}
+
+}  // namespace
+}  // namespace quavix

@@ -1,0 +1,81 @@
+// SPDX-License-Identifier: MIT
+#include "platform/qt/qt_message_boxes.h"
+
+#include <string>
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QTimer>
+#include <QtTest>
+#include <gtest/gtest.h>
+
+namespace quavix {
+namespace {
+
+/// Shows a box and works it with `act` once it stands open.
+template <typename Act>
+BoxAnswer ShowAnd(const MessageBox& box, Act act) {
+    QTimer::singleShot(0, [act] { act(*qobject_cast<QMessageBox*>(QApplication::activeModalWidget())); });
+    QtMessageBoxes boxes;
+    return boxes.Show(box);
+}
+
+void PressEscape(QMessageBox& box) {
+    QTest::keyClick(&box, Qt::Key_Escape);
+}
+void PressEnter(QMessageBox& box) {
+    QTest::keyClick(&box, Qt::Key_Return);
+}
+
+TEST(QtMessageBoxes, ShowsPlainTextWithItsTitleAndIcon) {
+    QString title, text;
+    QMessageBox::Icon icon{};
+    ShowAnd({.Title = "Title", .Text = "<b>1</b>\r\n2\n3", .Icon = BoxIcon::Warning}, [&](QMessageBox& box) {
+        title = box.windowTitle();
+        text = box.text();
+        icon = box.icon();
+        EXPECT_EQ(box.textFormat(), Qt::PlainText);
+        PressEnter(box);
+    });
+    EXPECT_EQ(title, "Title");
+    EXPECT_EQ(text, "<b>1</b>\n2\n3");
+    EXPECT_EQ(icon, QMessageBox::Warning);
+}
+
+TEST(QtMessageBoxes, TextOfAnyLengthFitsOnTheScreen) {
+    const std::string endless(1'000'000, 'x');
+    std::string manyLines;
+    for (int i = 0; i < 10'000; ++i)
+        manyLines += "line\n";
+    for (const std::string& text : {endless, manyLines, endless + "\n" + manyLines}) {
+        ShowAnd({.Title = endless, .Text = "The line is: \n" + text + "\r\nCarry on?"}, [](QMessageBox& box) {
+            EXPECT_TRUE(box.text().startsWith("The line is: \n"));
+            EXPECT_TRUE(box.text().endsWith("\nCarry on?"));
+            EXPECT_TRUE(box.text().contains(QString::fromUtf8("…")));
+            EXPECT_LT(box.text().size(), 25'000);
+            EXPECT_LT(box.height(), 2000);
+            EXPECT_LT(box.width(), 2000);
+            PressEnter(box);
+        });
+    }
+}
+
+TEST(QtMessageBoxes, ClosingABoxAnswersTheCautiousChoice) {
+    EXPECT_EQ(ShowAnd({.Title = "", .Text = "?", .Buttons = BoxButtons::YesNo}, PressEscape), BoxAnswer::No);
+    EXPECT_EQ(ShowAnd({.Title = "", .Text = "?", .Buttons = BoxButtons::OkCancel}, PressEscape),
+              BoxAnswer::Cancel);
+    EXPECT_EQ(ShowAnd({.Title = "", .Text = "?", .Buttons = BoxButtons::YesNoCancel}, PressEscape),
+              BoxAnswer::Cancel);
+    EXPECT_EQ(ShowAnd({.Title = "", .Text = "!"}, PressEscape), BoxAnswer::Ok);
+}
+
+TEST(QtMessageBoxes, EnterAnswersTheFirstChoice) {
+    EXPECT_EQ(ShowAnd({.Title = "", .Text = "?", .Buttons = BoxButtons::YesNo}, PressEnter), BoxAnswer::Yes);
+    EXPECT_EQ(ShowAnd({.Title = "", .Text = "?", .Buttons = BoxButtons::YesNoCancel}, PressEnter),
+              BoxAnswer::Yes);
+    EXPECT_EQ(ShowAnd({.Title = "", .Text = "?", .Buttons = BoxButtons::OkCancel}, PressEnter),
+              BoxAnswer::Ok);
+}
+
+}  // namespace
+}  // namespace quavix

@@ -1,0 +1,259 @@
+// SPDX-License-Identifier: MIT
+#include "playback/piano_keys.h"
+
+#include <sstream>
+
+#include <gtest/gtest.h>
+
+#include "music/piano_layout.h"
+#include "shell/runtime_error.h"
+#include "support/simulated_program.h"
+
+namespace quavix::test {
+namespace {
+
+struct PianoKeysTest : testing::Test, SimulatedProgram {
+    std::string Labels() const {
+        std::string text;
+        for (const Watched<std::string>& label : App.Fields.OctLabel)
+            text += label.Get() + " ";
+        return text;
+    }
+    std::string KeysSounding() const {
+        std::string keys;
+        for (std::int32_t index = 0; index < PianoKeyCount; ++index)
+            keys += App.Keys.IsSounding(index) ? std::to_string(index) + " " : "";
+        return keys;
+    }
+};
+
+TEST_F(PianoKeysTest, EachGroupEntersItsOctave) {
+    for (const std::int32_t key : {9, 21, 33})
+        App.Keys.PianoKey_Click(key);
+    EXPECT_EQ(SongText(), "1/8 A3 - -\n1/8 A4 - -\n1/8 A5 - -\n");
+}
+
+TEST_F(PianoKeysTest, AClickSoundsTheNoteThenEntersItAndLogsBoth) {
+    App.Log.Enable();
+    App.Keys.PianoKey_Click(0);
+    EXPECT_EQ(LogText(),
+              "    PianoKey clicked - START\n"
+              "    Index is 0 (orange region)\n"
+              "    Index:0, CurrentOctave:3\n"
+              "        UniBeep(NOTESTRING:\"C3\", DURATION:50, NOTEISFREQUENCY:FALSE, "
+              "SPECIFICCONTINUOUS:FALSE, SPECIFICSTOP:TRUE, FMODNOWAIT:FALSE) - START\n"
+              "        PC Speaker Beep 131, 50 - BEFORE\n"
+              "        PC Speaker Beep - AFTER\n"
+              "        UniBeep() - END\n"
+              "\n"
+              "        AddNote(0, 3, 3 (1/8)) - START\n"
+              "        NoteLetter = C\n"
+              "        GetSelectedIndex(MainList) returned -1 - inserting at end of list.\n"
+              "        InsertPoint = 1\n"
+              "        Not possible to replace as-of-yet unmade note.\n"
+              "        Replace = FALSE\n"
+              "        INSERTING (creating list item)...\n"
+              "        Setting note's text...\n"
+              "        It's not meant to be silent - setting text for NOTE1.\n"
+              "        AddNote() - END\n"
+              "\n"
+              "        WorkOutPlayPos(0) - START\n"
+              "        'CurrentLine < 1' section\n"
+              "        'Item count NOT = 0' section\n"
+              "        Calculating play position by summing all line lengths\n"
+              "        WorkOutPlayPos() - END\n"
+              "\n"
+              "    PianoKey clicked - END\n"
+              "\n");
+    EXPECT_EQ(Timeline.Text("speaker"), "0.0000 speaker 131 Hz 50 ms\n");
+}
+
+TEST_F(PianoKeysTest, TheGroupsHaveTheirNamesInTheLog) {
+    App.Fields.NoteClickPlayCheck = false;
+    App.Fields.NoteClickAddCheck = false;
+    App.Log.Enable();
+    for (const std::int32_t key : {11, 12, 23, 24, 35})
+        App.Keys.PianoKey_Click(key);
+    std::string groups;
+    std::istringstream lines(LogText());
+    for (std::string line; std::getline(lines, line);) {
+        if (line.find("ndex") != std::string::npos)
+            groups += line + "\n";
+    }
+    EXPECT_EQ(groups,
+              "    Index is 11 (orange region)\n    Index:11, CurrentOctave:3\n"
+              "    Index is 12 (blue region)\n    Index:0, CurrentOctave:4\n"
+              "    Index is 23 (blue region)\n    Index:11, CurrentOctave:4\n"
+              "    Index is 24 (green region)\n    Index:0, CurrentOctave:5\n"
+              "    Index is 35 (green region)\n    Index:11, CurrentOctave:5\n");
+    EXPECT_EQ(Timeline.Text("speaker"), "");
+    EXPECT_EQ(SongText(), "");
+}
+
+TEST_F(PianoKeysTest, TheOptionsDecideWhetherItSoundsAndWhetherItIsEntered) {
+    App.Fields.NoteClickAddCheck = false;
+    App.Keys.PianoKey_Click(21);
+    EXPECT_EQ(Timeline.Text("speaker"), "0.0000 speaker 440 Hz 50 ms\n");
+    EXPECT_EQ(SongText(), "");
+    App.Fields.NoteClickAddCheck = true;
+    App.Fields.NoteClickPlayCheck = false;
+    App.Keys.PianoKey_Click(21);
+    EXPECT_EQ(Timeline.Text("speaker"), "0.0000 speaker 440 Hz 50 ms\n");
+    EXPECT_EQ(SongText(), "1/8 A4 - -\n");
+}
+
+TEST_F(PianoKeysTest, AClickedKeyGlidesWherePortamentoIsOn) {
+    App.Fields.UsePortamento = true;
+    App.Keys.PianoKey_Click(21);
+    EXPECT_EQ(Timeline.Text("speaker"), "");
+    EXPECT_NE(Timeline.Text().find("440"), std::string::npos);
+}
+
+TEST_F(PianoKeysTest, AClickedKeyStopsAGeneratorThatIsNeverSilentOtherwise) {
+    App.Fields.UseFMOD = true;
+    App.Fields.DoNotShutUpFMOD = true;
+    App.Keys.PianoKey_Click(21);
+    const std::string clicked = Timeline.Text();
+    Timeline.Clear();
+    std::string note = "A4";
+    App.Tones.UniBeep(note, 50, {.SpecificStop = true});
+    EXPECT_EQ(clicked.substr(clicked.find(' ')), Timeline.Text().substr(Timeline.Text().find(' ')));
+    Timeline.Clear();
+    App.Tones.UniBeep(note, 50);
+    EXPECT_NE(clicked.substr(clicked.find(' ')), Timeline.Text().substr(Timeline.Text().find(' ')));
+}
+
+TEST_F(PianoKeysTest, OptionsChangedWhileTheToneSoundsCount) {
+    App.Fields.MutePCSpeaker = true;
+    Time.At(20, [this] { App.Fields.NoteClickAddCheck = false; });
+    App.Keys.PianoKey_Click(21);
+    EXPECT_EQ(SongText(), "");
+}
+
+TEST_F(PianoKeysTest, ComposingFromNothingAppendsNoteAfterNote) {
+    App.Fields.NoteLengthCombo = 2;
+    App.Fields.ModDottedCheck = true;
+    App.Keys.PianoKey_Click(12);
+    App.Keys.PianoKey_Click(16);
+    EXPECT_EQ(SongText(), "Quarter C4 - Dot\nQuarter E4 - Dot\n");
+    EXPECT_EQ(App.List.SelectedItem(), -1);
+}
+
+TEST_F(PianoKeysTest, ThePositionGoesWithTheSelectedLineOrTheEndOfTheSong) {
+    SetSong({"Whole C4 - -", "Whole D4 - -"});
+    App.Fields.NoteLengthCombo = 0;
+    App.Keys.PianoKey_Click(12);
+    EXPECT_EQ(App.Fields.lblPlayBar.Get(), "004");
+    App.List.Select(1);
+    App.Keys.PianoKey_Click(12);
+    EXPECT_EQ(App.Fields.lblPlayBar.Get(), "002") << "of the line behind the new one";
+}
+
+TEST_F(PianoKeysTest, AnOctaveThatNoNoteHasIsAnOverflowBeforeAnythingHappens) {
+    App.Log.Enable();
+    App.Fields.KeyboardOctave = 0;
+    try {
+        App.Keys.PianoKey_Click(3);
+        FAIL() << "no error";
+    } catch (const RuntimeError& error) {
+        EXPECT_EQ(error.Number(), RuntimeError::Overflow);
+    }
+    EXPECT_EQ(SongText(), "");
+    EXPECT_EQ(Timeline.Text("speaker"), "");
+    EXPECT_EQ(LogText(),
+              "    PianoKey clicked - START\n    Index is 3 (orange region)\n    PianoKey clicked - END\n\n");
+    EXPECT_EQ(App.Log.LogIndent(), 0);
+    App.Keys.PianoKey_Click(12);
+    EXPECT_EQ(SongText(), "1/8 C0 - -\n");
+    App.Fields.KeyboardOctave = 255;
+    EXPECT_THROW(App.Keys.PianoKey_Click(24), RuntimeError);
+    EXPECT_THROW(App.Keys.PianoKey_Click(36), RuntimeError);
+    EXPECT_THROW(App.Keys.PianoKey_Click(-1), RuntimeError);
+}
+
+TEST_F(PianoKeysTest, TheTenthOctaveIsEnteredWithTwoDigitsAndSoundsAsOctave0) {
+    App.Fields.KeyboardOctave = 9;
+    App.Keys.PianoKey_Click(24);
+    EXPECT_EQ(SongText(), "1/8 C10 - -\n");
+    EXPECT_EQ(Timeline.Text("speaker"), "0.0000 speaker 16 Hz 50 ms\n");
+}
+
+TEST_F(PianoKeysTest, CtrlWithTheArrowsMovesTheOctaveFrom2To9) {
+    for (int i = 0; i < 9; ++i)
+        App.Keys.PianoKey_KeyDown(0, PianoKeys::UpArrow, PianoKeys::CtrlOnly);
+    EXPECT_EQ(App.Fields.KeyboardOctave, 9);
+    EXPECT_EQ(App.Fields.KeyboardOctaveText.Get(), "9");
+    EXPECT_EQ(Labels(), "8 9 10 ");
+    App.Keys.PianoKey_KeyDown(35, PianoKeys::DownArrow, PianoKeys::CtrlOnly);
+    EXPECT_EQ(Labels(), "7 8 9 ");
+    for (int i = 0; i < 9; ++i)
+        App.Keys.PianoKey_KeyDown(0, PianoKeys::DownArrow, PianoKeys::CtrlOnly);
+    EXPECT_EQ(App.Fields.KeyboardOctave, 2);
+    EXPECT_EQ(App.Fields.KeyboardOctaveText.Get(), "2");
+    EXPECT_EQ(Labels(), "1 2 3 ");
+}
+
+TEST_F(PianoKeysTest, OtherKeysAndOtherShiftStatesDoNothing) {
+    for (const std::int32_t shift : {0, 1, 3, 4, 6})
+        App.Keys.PianoKey_KeyDown(0, PianoKeys::UpArrow, shift);
+    for (const std::int32_t key : {37, 39, 32, 0})
+        App.Keys.PianoKey_KeyDown(0, key, PianoKeys::CtrlOnly);
+    EXPECT_EQ(App.Fields.KeyboardOctave, 4);
+    App.Fields.KeyboardOctaveText = "";
+    App.Keys.PianoKey_KeyDown(0, 39, PianoKeys::CtrlOnly);
+    EXPECT_EQ(App.Fields.KeyboardOctaveText.Get(), "");
+}
+
+TEST_F(PianoKeysTest, AnOctaveThatWasTypedAboveTheRangeOnlyComesDown) {
+    App.Fields.KeyboardOctaveText = "12";
+    App.Keys.PianoKey_KeyDown(0, PianoKeys::UpArrow, PianoKeys::CtrlOnly);
+    EXPECT_EQ(App.Fields.KeyboardOctave, 12);
+    App.Keys.PianoKey_KeyDown(0, PianoKeys::DownArrow, PianoKeys::CtrlOnly);
+    EXPECT_EQ(App.Fields.KeyboardOctave, 11);
+}
+
+TEST_F(PianoKeysTest, TheOctaveLabelsFollowEveryChange) {
+    EXPECT_EQ(Labels(), "3 4 5 ");
+    App.Fields.KeyboardOctaveText = "12";
+    EXPECT_EQ(Labels(), "11 12 13 ");
+    App.Fields.KeyboardOctaveText = "1";
+    EXPECT_EQ(Labels(), "1 2 3 ");
+    Disk.Put("song", "Quavix by Dastrel-204 file format\r\nKeyboardOctave 7\r\nMUSICLISTSTART\r\n");
+    App.Reader.ActuallyLoadMusic("song");
+    EXPECT_EQ(Labels(), "6 7 8 ");
+    App.Fields.KeyboardOctave = 0;
+    EXPECT_EQ(Labels(), "-1 0 1 ");
+}
+
+TEST_F(PianoKeysTest, WhileMusicPlaysTheKeysOfTheSoundingLineShow) {
+    SetSong({"Quarter C4 E5 -", "Quarter A4 - -", "Quarter - - -", "Quarter - B3 -", "Quarter C9 H4 -"});
+    App.Fields.BPM = 60;
+    App.Fields.PlayNote1Check = true;
+    std::string seen;
+    App.Fields.NotesSounding.Watch([&](const SoundingNotes&) { seen += KeysSounding() + "|"; });
+    App.Playback.OnRangeEnd = [this] { App.Playback.StopPlayButton_Click(); };
+    App.Playback.PlayAllButton_Click();
+    // Two notes show together although they sound in turn; C9 has no key, and H4 is no note.
+    EXPECT_EQ(seen, "12 28 ||21 ||11 ||||");
+    EXPECT_EQ(App.Fields.NotesSounding.Get(), SoundingNotes());
+}
+
+TEST_F(PianoKeysTest, TheKeysThatSoundMoveWithTheOctave) {
+    App.Fields.NotesSounding = SoundingNotes{.Note1 = "C4", .Note2 = "C10"};
+    EXPECT_EQ(KeysSounding(), "12 ");
+    App.Fields.KeyboardOctave = 5;
+    EXPECT_EQ(KeysSounding(), "0 ");
+    App.Fields.KeyboardOctave = 6;
+    EXPECT_EQ(KeysSounding(), "");
+    App.Fields.KeyboardOctave = 1;
+    EXPECT_EQ(KeysSounding(), "0 ") << "only the last digit of an octave counts";
+}
+
+TEST_F(PianoKeysTest, AKeyIsSpokenWithItsNote) {
+    EXPECT_EQ(SpokenKeyName(13, 4), "C sharp 4");
+    EXPECT_EQ(SpokenKeyName(11, 4), "B 3");
+    EXPECT_EQ(SpokenKeyName(24, 4), "C 5");
+}
+
+}  // namespace
+}  // namespace quavix::test

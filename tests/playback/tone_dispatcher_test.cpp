@@ -1,0 +1,244 @@
+// SPDX-License-Identifier: MIT
+#include "playback/tone_dispatcher.h"
+
+#include <gtest/gtest.h>
+
+#include "shell/runtime_error.h"
+#include "support/simulated_program.h"
+
+namespace quavix {
+namespace {
+
+class UniBeepTest : public testing::Test {
+  protected:
+    /// Sounds a tone and returns the note string as it comes back.
+    std::string Beep(std::string note, double duration, const ToneOptions& options = {}) {
+        P.App.Tones.UniBeep(note, duration, options);
+        return note;
+    }
+    std::string ToneCode() const { return P.Disk.Content("/program/tonecode.txt"); }
+
+    test::SimulatedProgram P;
+    MainFields& Fields = P.App.Fields;
+};
+
+constexpr ToneOptions Frequency{.NoteIsFrequency = true};
+
+TEST_F(UniBeepTest, ANoteSoundsOnThePcSpeakerInWholeHertz) {
+    Beep("C4", 500);
+    Beep("A#5", 20);
+    EXPECT_EQ(P.Timeline.Text(), "0.0000 speaker 262 Hz 500 ms\n0.5000 speaker 932 Hz 20 ms\n");
+}
+
+TEST_F(UniBeepTest, AnEmptyNoteStringBecomesC4ForTheCallerToo) {
+    P.App.Log.Enable();
+    EXPECT_EQ(Beep("", 100), "C4");
+    EXPECT_EQ(P.Timeline.Text(), "0.0000 speaker 262 Hz 100 ms\n");
+    EXPECT_NE(P.LogText().find("    NoteString not set - setting to C4\n"), std::string::npos);
+}
+
+TEST_F(UniBeepTest, LogsItsArgumentsAndTheSpeakersCall) {
+    P.App.Log.Enable();
+    Beep("C#3", 12.5, {.SpecificContinuous = true});
+    EXPECT_EQ(
+        P.LogText(),
+        "    UniBeep(NOTESTRING:\"C#3\", DURATION:12.5, NOTEISFREQUENCY:FALSE, SPECIFICCONTINUOUS:TRUE, "
+        "SPECIFICSTOP:FALSE, FMODNOWAIT:FALSE) - START\n"
+        "    PC Speaker Beep 139, 12.5 - BEFORE\n"
+        "    PC Speaker Beep - AFTER\n"
+        "    UniBeep() - END\n\n");
+}
+
+TEST_F(UniBeepTest, DurationsAndFrequenciesAreRoundedHalvesToEven) {
+    Beep("162.5", 14.5, Frequency);
+    Beep("105.625", 15.5, Frequency);
+    EXPECT_EQ(P.Timeline.Text(), "0.0000 speaker 162 Hz 14 ms\n0.0140 speaker 106 Hz 16 ms\n");
+}
+
+TEST_F(UniBeepTest, ADurationOrFrequencyOutside32BitsIsAnOverflow) {
+    EXPECT_THROW(Beep("C4", 3e9), RuntimeError);
+    EXPECT_THROW(Beep("3000000000", 10, Frequency), RuntimeError);
+}
+
+TEST_F(UniBeepTest, AnUnknownNoteWarnsAndSoundsZeroHertz) {
+    Beep("H4", 10);
+    EXPECT_EQ(P.Boxes.Shown().size(), 1U);
+    EXPECT_EQ(P.Timeline.Text("speaker"), "0.0000 speaker 0 Hz 10 ms\n");
+}
+
+TEST_F(UniBeepTest, ALastCharacterThatIsNoDigitIsOctaveZero) {
+    Beep("A", 10);
+    EXPECT_EQ(P.Timeline.Text(), "0.0000 speaker 28 Hz 10 ms\n") << "27.5 Hz";
+}
+
+TEST_F(UniBeepTest, TheMotorComesBeforeEveryOtherOutput) {
+    Fields.UseMotor = Fields.UseFMOD = Fields.MutePCSpeaker = Fields.UsePortamento = true;
+    Beep("C4", 200);
+    EXPECT_EQ(P.Timeline.Text(), "0.0000 motor C1 200 ms\n");
+}
+
+TEST_F(UniBeepTest, TheMotorGetsTheNoteMovedByItsOctave) {
+    Fields.UseMotor = true;
+    Fields.MotorOct = 1;
+    Beep("F4", 10);
+    Beep("F#4", 10);
+    EXPECT_EQ(P.Timeline.Text(), "0.0000 motor F3 10 ms\n0.0100 motor F#2 10 ms\n");
+}
+
+TEST_F(UniBeepTest, TheSoundCardComesBeforeTheMutedSpeakerAndNoOtherWaitIsMade) {
+    Fields.UseFMOD = Fields.MutePCSpeaker = Fields.UsePortamento = true;
+    Beep("A4", 100, {.FMODNoWait = true});
+    EXPECT_EQ(P.Timeline.Text(), "0.0000 generator 440 Hz 100 ms no wait\n");
+    EXPECT_EQ(P.Time.Now(), 0);
+}
+
+TEST_F(UniBeepTest, TheMutedSpeakerComesBeforeThePortamento) {
+    Fields.MutePCSpeaker = Fields.UsePortamento = true;
+    Beep("A4", 100);
+    EXPECT_EQ(P.Timeline.Text(), "");
+    EXPECT_EQ(P.Time.Now(), 100 * SimulatedTime::CountsPerMs);
+}
+
+TEST_F(UniBeepTest, ThePortamentoGetsThePitchAndNobodyWaits) {
+    Fields.UsePortamento = true;
+    P.App.Log.Enable();
+    Beep("A4", 100);
+    EXPECT_EQ(P.Timeline.Text(), "0.0000 portamento 440 Hz\n0.0000 portamento start\n");
+    EXPECT_EQ(P.Time.Now(), 0);
+    EXPECT_NE(P.LogText().find("    PC Speaker - Tweeble Portamento - WantedPitch -> 440\n"),
+              std::string::npos);
+}
+
+/// Whether the generator is asked to keep sounding.
+TEST_F(UniBeepTest, TheSoundCardKeepsSoundingOnlyWhereNothingStopsIt) {
+    Fields.UseFMOD = true;
+    const auto keeps = [this](const char* note, const ToneOptions& options) {
+        P.Timeline.Clear();
+        Beep(note, 10, options);
+        return P.Timeline.Text().find("no stop") != std::string::npos;
+    };
+    EXPECT_FALSE(keeps("C4", {}));
+    EXPECT_TRUE(keeps("C4", {.SpecificContinuous = true}));
+    EXPECT_FALSE(keeps("C4", {.SpecificContinuous = true, .SpecificStop = true}));
+    EXPECT_FALSE(keeps("500", {.NoteIsFrequency = true, .SpecificContinuous = true}));
+    Fields.DoNotShutUpFMOD = true;
+    EXPECT_TRUE(keeps("C4", {}));
+    EXPECT_FALSE(keeps("C4", {.SpecificStop = true}));
+    EXPECT_FALSE(keeps("500", Frequency));
+}
+
+TEST_F(UniBeepTest, RequestsToTheSoundCardChangeNothingElsewhere) {
+    Beep("C4", 30, {.SpecificContinuous = true, .FMODNoWait = true});
+    EXPECT_EQ(P.Time.Now(), 30 * SimulatedTime::CountsPerMs);
+    Fields.MutePCSpeaker = true;
+    Beep("C4", 30, {.SpecificContinuous = true, .FMODNoWait = true});
+    EXPECT_EQ(P.Time.Now(), 60 * SimulatedTime::CountsPerMs);
+}
+
+TEST_F(UniBeepTest, MidiNoteOnAndOffStandAroundTheTone) {
+    Fields.UseMIDIOut = true;
+    Beep("A4", 100);
+    EXPECT_EQ(P.Timeline.Text(),
+              "0.0000 midi on 57\n0.0000 speaker 440 Hz 100 ms\n0.1000 midi off 57 channel -1\n");
+}
+
+TEST_F(UniBeepTest, OverMidiTheMetronomesClicksAreB5AndB4AndAnyOtherFrequencyC3) {
+    Fields.UseMIDIOut = true;
+    for (const char* frequency : {"1000", "500", "440"})
+        Beep(frequency, 20, Frequency);
+    EXPECT_EQ(P.Timeline.Text(),
+              "0.0000 midi on 71\n0.0000 speaker 1000 Hz 20 ms\n0.0200 midi off 71 channel -1\n"
+              "0.0200 midi on 59\n0.0200 speaker 500 Hz 20 ms\n0.0400 midi off 59 channel -1\n"
+              "0.0400 midi on 36\n0.0400 speaker 440 Hz 20 ms\n0.0600 midi off 36 channel -1\n");
+}
+
+TEST_F(UniBeepTest, MidiSwitchedOnWhileAToneSoundsSendsNoNoteOff) {
+    Fields.MutePCSpeaker = true;
+    P.Time.At(50, [&] { Fields.UseMIDIOut = true; });
+    Beep("A4", 100);
+    EXPECT_EQ(P.Timeline.Text("midi"), "");
+}
+
+TEST_F(UniBeepTest, MidiSwitchedOffWhileAToneSoundsSendsNoNoteOffEither) {
+    Fields.MutePCSpeaker = Fields.UseMIDIOut = true;
+    P.Time.At(50, [&] { Fields.UseMIDIOut = false; });
+    Beep("A4", 100);
+    EXPECT_EQ(P.Timeline.Text("midi"), "0.0000 midi on 57\n");
+}
+
+TEST_F(UniBeepTest, AnErrorLeavesNoMidiNoteHanging) {
+    Fields.UseMIDIOut = true;
+    EXPECT_THROW(Beep("A4", 3e9), RuntimeError);
+    EXPECT_EQ(P.Timeline.Text("midi"), "0.0000 midi on 57\n0.0000 midi off 57 channel -1\n");
+}
+
+TEST_F(UniBeepTest, LogsTheMidiSectionIndented) {
+    Fields.UseMIDIOut = true;
+    P.App.Log.Enable();
+    Beep("A4", 10);
+    EXPECT_NE(P.LogText().find("        UseMIDIOut section 1 START\n        UseMIDIOut section 1 END\n\n"),
+              std::string::npos);
+}
+
+TEST_F(UniBeepTest, ToneCodeIsAStatementPerTone) {
+    Fields.UseWriteCode = true;
+    Beep("C4", 500);
+    Beep("12000", 20, Frequency);
+    Beep("100000", 1234567, Frequency);
+    EXPECT_EQ(ToneCode(),
+              "Beep         262,    500     'C4\r\n"
+              "Beep       12000,     20     '12000 Hz [no note]\r\n"
+              "Beep       100000, 1234567     '100000 Hz [no note]\r\n");
+}
+
+TEST_F(UniBeepTest, MutedToneCodeHasTheToneAndThenTheWait) {
+    Fields.UseWriteCode = Fields.MutePCSpeaker = true;
+    P.App.Log.Enable();
+    Beep("A4", 99.6);
+    EXPECT_EQ(ToneCode(),
+              "Beep         440,   99.6     'A4\r\n"
+              "MsgWaitObj           100\r\n");
+    EXPECT_NE(P.LogText().find("    MsgWaitObj 100\n"), std::string::npos);
+}
+
+TEST_F(UniBeepTest, AMutedToneOfNegativeLengthIsOver) {
+    Fields.MutePCSpeaker = true;
+    Beep("A4", -1);
+    Beep("A4", -500);
+    EXPECT_EQ(P.Time.Now(), 0);
+}
+
+TEST_F(UniBeepTest, ToneCodeIsWrittenBeforeTheToneWhateverTheOutput) {
+    Fields.UseWriteCode = Fields.UseFMOD = true;
+    std::string codeDuringTone;
+    P.Time.At(5, [&] { codeDuringTone = ToneCode(); });
+    Beep("A4", 10);
+    EXPECT_EQ(codeDuringTone, "Beep         440,     10     'A4\r\n");
+}
+
+TEST_F(UniBeepTest, WithoutTheSwitchNoToneCodeIsWritten) {
+    Beep("C4", 10);
+    EXPECT_FALSE(P.Disk.Has("/program/tonecode.txt"));
+}
+
+TEST_F(UniBeepTest, AToneCodeFileThatCannotBeWrittenIsAnErrorBeforeTheTone) {
+    Fields.UseWriteCode = true;
+    P.Disk.FailWriting("/program/tonecode.txt", std::errc::no_space_on_device);
+    EXPECT_THROW(Beep("C4", 10), RuntimeError);
+    EXPECT_EQ(P.Timeline.Text("speaker"), "");
+}
+
+TEST_F(UniBeepTest, MuteIsObeyedFromTheNextToneOn) {
+    P.App.Log.Enable();
+    Fields.MuteTweebleCheck = true;
+    P.App.Tones.MuteTweebleCheck_Click();
+    EXPECT_TRUE(Fields.MutePCSpeaker);
+    Fields.MuteTweebleCheck = false;
+    P.App.Tones.MuteTweebleCheck_Click();
+    EXPECT_FALSE(Fields.MutePCSpeaker);
+    EXPECT_EQ(P.LogText(),
+              "MuteTweeble clicked - MutePCSpeaker -> TRUE\nMuteTweeble clicked - MutePCSpeaker -> FALSE\n");
+}
+
+}  // namespace
+}  // namespace quavix

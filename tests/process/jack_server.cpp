@@ -1,0 +1,139 @@
+// SPDX-License-Identifier: MIT
+#include "jack_server.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <cstdlib>
+#include <ctime>
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <gtest/gtest.h>
+
+#include "platform/linux/speaker/tone_clock.h"
+#include "platform/linux/speaker/unique_fd.h"
+
+namespace quavix {
+namespace {
+
+constexpr std::int64_t PatienceNs = 20 * ToneClock::NsPerSecond;
+constexpr std::size_t MostSamples = 48000 * 20;
+
+jack_client_t* OpenClient() {
+    return jack_client_open("quavix test", JackNoStartServer, nullptr);
+}
+
+}  // namespace
+
+JackServer::JackServer() : name_("quavix-test-" + std::to_string(getpid())) {
+    setenv("JACK_DEFAULT_SERVER", name_.c_str(), 1);
+    setenv("JACK_NO_START_SERVER", "1", 1);
+    jack_set_error_function([](const char*) {});
+    jack_set_info_function([](const char*) {});
+}
+
+JackServer::~JackServer() {
+    End(SIGTERM);
+}
+
+bool JackServer::Start() {
+    std::array<int, 2> ends{-1, -1};
+    if (pipe2(ends.data(), O_CLOEXEC) != 0)
+        return false;
+    const UniqueFd output(ends[0]);
+    UniqueFd serversOutput(ends[1]);
+    process_ = fork();
+    if (process_ == 0) {
+        dup2(serversOutput.Get(), STDOUT_FILENO);
+        dup2(serversOutput.Get(), STDERR_FILENO);
+        signal(SIGPIPE, SIG_IGN);  // nobody listens to it for long
+        execlp("jackd", "jackd", "-r", "-S", "-t", "10000", "-d", "dummy", "-r", "48000", "-p", "128",
+               nullptr);
+        _exit(127);
+    }
+    serversOutput.Close();
+    const std::int64_t until = MonotonicNs() + PatienceNs;
+    while (MonotonicNs() < until) {
+        if (jack_client_t* client = OpenClient()) {
+            jack_client_close(client);
+            return true;
+        }
+        // It says something as it gets further; its end is an end of output.
+        pollfd waiting{output.Get(), POLLIN, 0};
+        constexpr int MostMs = 100;
+        std::array<char, 4096> said{};
+        if (poll(&waiting, 1, MostMs) == 1 && read(output.Get(), said.data(), said.size()) == 0)
+            return false;
+    }
+    return false;
+}
+
+void JackServer::Kill() {
+    End(SIGKILL);
+}
+
+void JackServer::End(int signal) {
+    if (process_ <= 0)
+        return;
+    kill(process_, signal);
+    while (waitpid(process_, nullptr, 0) < 0 && errno == EINTR) {
+    }
+    process_ = -1;
+}
+
+JackRecorder::JackRecorder()
+    : client_(OpenClient()),
+      port_(jack_port_register(client_, "in", JACK_DEFAULT_AUDIO_TYPE, JackPortIsInput, 0)),
+      recorded_(MostSamples) {
+    sem_init(&arrived_, 0, 0);
+    jack_set_process_callback(client_, &Process, this);
+    EXPECT_EQ(jack_activate(client_), 0);
+}
+
+JackRecorder::~JackRecorder() {
+    jack_client_close(client_);
+    sem_destroy(&arrived_);
+}
+
+bool JackRecorder::Listen() {
+    const char** sources =
+        jack_port_get_all_connections(client_, jack_port_by_name(client_, "system:playback_1"));
+    bool any = false;
+    for (const char** source = sources; source != nullptr && *source != nullptr; ++source)
+        any |= jack_connect(client_, *source, jack_port_name(port_)) == 0;
+    jack_free(sources);
+    return any;
+}
+
+bool JackRecorder::RecordUntil(const std::function<bool(const std::vector<float>&)>& enough) {
+    for (;;) {
+        timespec until{};
+        clock_gettime(CLOCK_REALTIME, &until);
+        until.tv_sec += PatienceNs / ToneClock::NsPerSecond;
+        if (sem_timedwait(&arrived_, &until) != 0)
+            return false;
+        const auto end =
+            recorded_.begin() + static_cast<std::ptrdiff_t>(size_.load(std::memory_order_acquire));
+        if (enough({recorded_.begin(), end}))
+            return true;
+        if (end == recorded_.end())
+            return false;
+    }
+}
+
+int JackRecorder::Process(jack_nframes_t frames, void* recorder) {
+    auto& self = *static_cast<JackRecorder*>(recorder);
+    const auto* in = static_cast<const float*>(jack_port_get_buffer(self.port_, frames));
+    const std::size_t size = self.size_.load(std::memory_order_relaxed);
+    const std::size_t count = std::min<std::size_t>(frames, self.recorded_.size() - size);
+    std::copy_n(in, count, self.recorded_.begin() + static_cast<std::ptrdiff_t>(size));
+    self.size_.store(size + count, std::memory_order_release);
+    sem_post(&self.arrived_);
+    return 0;
+}
+
+}  // namespace quavix

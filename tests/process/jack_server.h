@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <atomic>
+#include <functional>
+#include <semaphore.h>
+#include <string>
+#include <sys/types.h>
+#include <vector>
+
+#include <jack/jack.h>
+
+namespace quavix {
+
+/// A JACK server of the test's own, on its dummy driver; JACK clients of this process find it and no other.
+class JackServer {
+  public:
+    JackServer();
+    ~JackServer();
+    JackServer(const JackServer&) = delete;
+    JackServer& operator=(const JackServer&) = delete;
+
+    /// Whether clients can connect, after waiting for that as long as it takes within reason.
+    bool Start();
+
+    /// Ends it without a chance to say goodbye.
+    void Kill();
+
+  private:
+    void End(int signal);
+
+    std::string name_;
+    pid_t process_ = -1;
+};
+
+/// Records what arrives at the server's first loudspeaker.
+class JackRecorder {
+  public:
+    JackRecorder();
+    ~JackRecorder();
+    JackRecorder(const JackRecorder&) = delete;
+    JackRecorder& operator=(const JackRecorder&) = delete;
+
+    /// Listens to what is connected to the loudspeaker now. False: nothing is.
+    bool Listen();
+
+    /// Waits until `enough` says so about what was recorded so far. False: it never did.
+    bool RecordUntil(const std::function<bool(const std::vector<float>&)>& enough);
+
+  private:
+    static int Process(jack_nframes_t frames, void* recorder);
+
+    jack_client_t* client_;
+    jack_port_t* port_;
+    std::vector<float> recorded_;
+    std::atomic<std::size_t> size_{0};
+    sem_t arrived_{};
+};
+
+}  // namespace quavix

@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: MIT
+#include <cstdint>
+#include <cstdio>
+#include <numeric>
+#include <string>
+#include <vector>
+
+#include "app/absent_outputs.h"
+#include "app/program.h"
+#include "platform/console/console_boxes.h"
+#include "platform/linux/posix_files.h"
+#include "simulation/recorded_loading_view.h"
+#include "simulation/simulated_clipboard.h"
+#include "simulation/simulated_dialogs.h"
+#include "simulation/simulated_speaker.h"
+#include "songfile/recovery.h"
+
+// Edits a song without end, with recovery copies in the folder it is given, until it is killed. Its time is
+// simulated, so that one copy follows the other at once. Every copy holds a multiple of a hundred equal
+// lines. Writes a byte to standard output after the first copy.
+int main(int argumentCount, char** arguments) {
+    using namespace quavix;
+    if (argumentCount != 2)
+        return 2;
+    const std::string folder = arguments[1];
+    SimulatedTime time;
+    Timeline timeline;
+    ConsoleBoxes boxes(false);
+    SimulatedFilePicker picker(time, timeline);
+    SimulatedClipboard clipboard(time, timeline);
+    PosixFiles files;
+    SimulatedSpeaker speaker(time, timeline);
+    AbsentOutputs absent;
+    RecordedLoadingView loading(time, timeline);
+    Program app({time, time, boxes, picker, clipboard, files, speaker, absent, absent, absent, absent, absent,
+                 absent, absent, loading, folder + "/log", folder + "/code"});
+    Recovery recovery({app.Fields, app.List, app.Changes, app.Document, files, time, time, boxes,
+                       app.Handlers, app.Log, [] { return false; }, folder});
+    for (std::int32_t pass = 1;; ++pass) {
+        constexpr std::int32_t Songs = 40;
+        constexpr std::int32_t LinesMore = 100;
+        // Erased, not cleared: that would begin a new song, which has nothing to be copied.
+        if (pass % Songs == 0) {
+            std::vector<std::int32_t> rows(static_cast<std::size_t>(app.List.Count()));
+            std::iota(rows.begin(), rows.end(), 0);
+            app.List.RemoveRows(rows);
+        }
+        for (std::int32_t i = 0; i < LinesMore; ++i)
+            app.List.Append("Quarter", "C4", "", "");
+        time.RunUntil(static_cast<double>(pass) * Recovery::DelayMs);
+        if (!recovery.Problem().Get().empty())
+            return 1;
+        if (pass == 1 && (std::fputc('.', stdout) == EOF || std::fflush(stdout) != 0))
+            return 1;
+    }
+}

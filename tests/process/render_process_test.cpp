@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: MIT
+// quavix-render as it is called: what it exits with, and what it leaves.
+#include <cstdlib>
+#include <sys/wait.h>
+
+#include <fmt/format.h>
+#include <gtest/gtest.h>
+
+#include "support/temporary_folder.h"
+#include "support/wav_reader.h"
+
+namespace quavix {
+namespace {
+
+class RenderProgram : public testing::Test {
+  protected:
+    RenderProgram() {
+        Folder.Put("song", "Quavix by Dastrel-204 file format\nBPM 120\nMUSICLISTSTART\nQuarter A4 - -\n");
+        Folder.Put("other", "MUSICLISTSTART\nQuarter A4 - -\n");
+    }
+
+    /// Runs a shell line in the folder, `$render` being the program; returns its exit status, or 128 and the
+    /// signal.
+    int Run(const std::string& line) {
+        const int status = std::system(fmt::format("cd '{}' && render='{}' && {{ {}; }} 2>errors",
+                                                   Folder.Path().string(), QUAVIX_RENDER, line)
+                                           .c_str());
+        return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+    }
+    std::string Errors() const { return Folder.Content("errors"); }
+    bool HasNothingHalfWritten() { return Run("! ls *.part") == 0; }
+
+    test::TemporaryFolder Folder;
+};
+
+TEST_F(RenderProgram, WritesASongAndExitsWith0) {
+    EXPECT_EQ(Run("$render song out.wav"), 0);
+    EXPECT_EQ(test::ReadWavFile(Folder.File("out.wav"))->Frames(), 510 * 48U);
+    EXPECT_EQ(Errors(), "") << "no progress where nobody sees it";
+}
+
+TEST_F(RenderProgram, WritesToStandardOutputWithTrueSizes) {
+    EXPECT_EQ(Run("$render song - | cat >out.wav"), 0);
+    const auto sound = test::ReadWavFile(Folder.File("out.wav"));
+    ASSERT_TRUE(sound);
+    EXPECT_EQ(sound->StatedDataBytes, sound->Frames() * 2);
+}
+
+TEST_F(RenderProgram, ExitsWith1ForBadUsage) {
+    EXPECT_EQ(Run("$render song"), 1);
+    EXPECT_NE(Errors().find("quavix-render [--passes N]"), std::string::npos);
+    EXPECT_EQ(Run("$render --output voice song out.wav"), 1);
+    EXPECT_NE(Errors().find("not available"), std::string::npos);
+}
+
+TEST_F(RenderProgram, ExitsWith2WhenTheSongCannotBeRead) {
+    EXPECT_EQ(Run("$render none out.wav"), 2);
+    EXPECT_EQ(Run("$render . out.wav"), 2);
+    EXPECT_EQ(Run("$render other out.wav"), 2) << "the question is answered No";
+    EXPECT_NE(Errors().find("Probably weird file format: This file doesn't contain"), std::string::npos);
+    EXPECT_EQ(Run("test -e out.wav"), 1);
+    EXPECT_EQ(Run("$render --yes other out.wav"), 0);
+}
+
+TEST_F(RenderProgram, ExitsWith3WhenTheResultCannotBeWritten) {
+    EXPECT_EQ(Run("$render song none/out.wav"), 3);
+    EXPECT_EQ(Run("$render song ."), 3);
+    EXPECT_EQ(Run("$render song /dev/full"), 3);
+    EXPECT_EQ(Run("$render song - >/dev/full"), 3);
+    EXPECT_EQ(Run("$render --log none/log song out.wav"), 3);
+    EXPECT_EQ(Run("$render --tone-code /dev/full song out.wav"), 3);
+    EXPECT_TRUE(HasNothingHalfWritten());
+}
+
+TEST_F(RenderProgram, NeverWritesOverTheSong) {
+    const std::string song = Folder.Content("song");
+    EXPECT_EQ(Run("$render song song"), 3);
+    EXPECT_EQ(Run("$render --log song song out.wav"), 3);
+    EXPECT_EQ(Run("ln -s song link && $render song link"), 3);
+    EXPECT_EQ(Folder.Content("song"), song);
+}
+
+TEST_F(RenderProgram, WritesTheLogAndTheToneCodeAnew) {
+    Folder.Put("log", "old\n");
+    EXPECT_EQ(Run("$render --log log --tone-code code song out.wav"), 0);
+    EXPECT_EQ(Folder.Content("log").find("old"), std::string::npos);
+    EXPECT_NE(Folder.Content("log").find("PlayMusic() - END"), std::string::npos);
+    EXPECT_TRUE(Folder.Content("code").starts_with("Beep         440,    450     'A4\r\n"));
+}
+
+TEST_F(RenderProgram, InterruptedItLeavesNothing) {
+    for (const char* signal : {"INT", "TERM", "HUP"}) {
+        const int status =
+            Run(fmt::format("$render --passes 1000000 song out.wav & child=$!; "
+                            "until ls out.wav.*.part >/dev/null 2>&1; do :; done; "
+                            "kill -{} $child; wait $child",
+                            signal));
+        EXPECT_GT(status, 128) << signal;
+        EXPECT_TRUE(HasNothingHalfWritten()) << signal;
+        EXPECT_EQ(Run("test -e out.wav"), 1) << signal;
+    }
+}
+
+TEST_F(RenderProgram, AReaderThatGoesAwayIsAnErrorOfWriting) {
+    EXPECT_EQ(Run("{ $render --passes 200 song -; echo $? >status; } | head -c 10 >/dev/null; cat status; "
+                  "exit $(cat status)"),
+              3);
+}
+
+}  // namespace
+}  // namespace quavix

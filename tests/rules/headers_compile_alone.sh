@@ -1,0 +1,13 @@
+#!/bin/sh
+# SPDX-License-Identifier: MIT
+# headers_compile_alone.sh COMPILER SOURCE_DIR GENERATED_DIR: every header that needs no toolkit compiles by itself.
+set -eu
+compiler=$1
+source_dir=$2
+generated_dir=$3
+cd "$source_dir"
+find . -name '*.h' ! -path './ui/*' ! -path './platform/qt/*' | sort |
+    xargs -P "$(nproc)" -I{} sh -c '
+        printf "#include \"%s\"\n" "$4" | sed "s|\./||" |
+            "$1" -std=c++20 -fsyntax-only -DFMT_SHARED -I"$2" -I"$3" $5 -x c++ - ||
+            { echo "does not compile alone: $4"; exit 255; }' sh "$compiler" "$source_dir" "$generated_dir" {} "$(pkg-config --cflags rtaudio)"

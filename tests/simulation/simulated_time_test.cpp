@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: MIT
+#include "simulation/simulated_time.h"
+
+#include <stdexcept>
+#include <string>
+
+#include <gtest/gtest.h>
+
+namespace quavix {
+namespace {
+
+constexpr auto Ms = SimulatedTime::CountsPerMs;
+
+TEST(SimulatedTime, RunsTheEventsOfAMomentInTheirOrder) {
+    SimulatedTime time;
+    std::string heard;
+    time.At(20, [&] { heard += "c"; });
+    time.At(10, [&] { heard += "a"; });
+    time.At(10, [&] { heard += "b"; });
+    time.RunUntil(30);
+    EXPECT_EQ(heard, "abc");
+    EXPECT_EQ(time.Now(), 30 * Ms);
+}
+
+TEST(SimulatedTime, ABlockingCallRunsNothingUntilSomebodyWaits) {
+    SimulatedTime time;
+    std::int64_t handledAt = -1;
+    time.At(10, [&] { handledAt = time.Now(); });
+    time.Block(50);
+    EXPECT_EQ(handledAt, -1);
+    EXPECT_EQ(time.WaitForInput({}, 100), 0U) << "input is pending already";
+    time.DoEvents();
+    EXPECT_EQ(handledAt, 50 * Ms);
+}
+
+TEST(SimulatedTime, WhatBecomesDueWhileHandlersRunBelongsToTheNextCall) {
+    SimulatedTime time;
+    int runs = 0;
+    time.At(0, [&] {
+        ++runs;
+        time.Block(5);
+        time.At(1, [&] { ++runs; });
+    });
+    time.DoEvents();
+    EXPECT_EQ(runs, 1);
+    time.DoEvents();
+    EXPECT_EQ(runs, 2);
+}
+
+TEST(SimulatedTime, TimersTickUntilTheyAreStoppedAlsoByThemselves) {
+    SimulatedTime time;
+    std::string heard;
+    Timers::Id own = 0;
+    own = time.Start(10, [&] {
+        heard += "a";
+        if (heard.size() > 4)
+            time.Stop(own);
+    });
+    const Timers::Id other = time.Start(25, [&] { heard += "b"; });
+    time.At(60, [&] { time.Stop(other); });
+    time.RunUntil(200);
+    EXPECT_EQ(heard, "aabaab");
+    time.Stop(12345);
+}
+
+TEST(SimulatedTime, MissedTicksAreNotMadeUp) {
+    SimulatedTime time;
+    int ticks = 0;
+    time.Start(10, [&] { ++ticks; });
+    time.Block(95);
+    time.DoEvents();
+    EXPECT_EQ(ticks, 1);
+    time.RunUntil(105);
+    EXPECT_EQ(ticks, 2);
+}
+
+TEST(SimulatedTime, AskingForTheTimeAgainAndAgainLetsItPass) {
+    SimulatedTime time;
+    const std::int64_t start = time.PerformanceCounter();
+    for (int i = 0; i < 200'000; ++i)
+        time.PerformanceCounter();
+    EXPECT_GT(time.PerformanceCounter(), start);
+}
+
+TEST(SimulatedTime, AWaitThatCouldNeverEndIsAnError) {
+    SimulatedTime time;
+    EXPECT_THROW(time.WaitForInput({}, EventPump::Forever), std::logic_error);
+}
+
+TEST(SimulatedTime, TheTimeOfDayPassesMidnight) {
+    SimulatedTime time({.Time = {23, 59, 58}});
+    time.Block(3000);
+    const TimeOfDay now = time.LocalTime();
+    EXPECT_EQ(now.Hour, 0);
+    EXPECT_EQ(now.Minute, 0);
+    EXPECT_EQ(now.Second, 1);
+}
+
+}  // namespace
+}  // namespace quavix

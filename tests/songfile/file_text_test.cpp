@@ -1,0 +1,196 @@
+// SPDX-License-Identifier: MIT
+#include "songfile/file_text.h"
+
+#include <gtest/gtest.h>
+
+#include "shell/runtime_error.h"
+#include "songfile/song_files.h"
+
+namespace quavix {
+namespace {
+
+using test::Header;
+using test::Song;
+using test::SongProgram;
+using namespace std::string_literals;
+
+constexpr std::size_t MiB = 1024 * 1024;
+const std::string MusicStart = Header + "MUSICLISTSTART\n";
+
+TEST(FileText, LoadsBytesThatAreNoUtf8AsLatin1AndSaysSo) {
+    SongProgram p;
+    p.App.Log.Enable();
+    p.LoadFile(MusicStart + "Half C4 - caf\xE9 \xC3\xA9\n");
+    EXPECT_EQ(p.Rows(), "Half|C4||caf\xC3\xA9 \xC3\xA9\n");
+    EXPECT_EQ(p.LogText(),
+              "    ActuallyLoadMusic(\"/songs/song.QVX\") - START\n"
+              "    Problem loading - loading byte-by-byte\n"
+              "    Removing new-line chars from value of each index in SplitFile()\n"
+              "    Loading music list\n"
+              "    EndOfLoadMusic\n"
+              "    ActuallyLoadMusic() - END\n\n");
+    EXPECT_EQ(p.Loading.InfoText,
+              "Loading byte-by-byte...\r\n(May be slow)\r\nThis happens due to errors caused by your default "
+              "non-Unicode language setup, since this file contains Unicode characters.");
+    EXPECT_FALSE(p.Loading.InfoShown);
+}
+
+TEST(FileText, LoadsUtf8WithoutAWord) {
+    SongProgram p;
+    p.LoadFile(MusicStart + "Half C4 - \xF0\x9F\x8E\xB5\n");
+    EXPECT_EQ(p.Rows(), "Half|C4||\xF0\x9F\x8E\xB5\n");
+    EXPECT_EQ(p.Loading.InfoText, "Loading...");
+}
+
+TEST(FileText, TakesNulBytesAsOrdinaryCharacters) {
+    SongProgram p;
+    p.LoadFile(MusicStart + "Half C4 - a\0b\nH\0 - -\n"s);
+    EXPECT_EQ(p.Rows(), "Half|C4||a\0b\nH\0|||\n"s);
+}
+
+TEST(FileText, MakesTheSameOfEveryReadSize) {
+    const std::string content = MusicStart + "H\xE9 C4 \xC3\xA9 \xFF\xC3\n\xF0\x9F\x8E\xB5 a b \xE2\x82";
+    SongProgram whole;
+    whole.LoadFile(content);
+    for (std::size_t size = 1; size < 12; ++size) {
+        SongProgram p;
+        p.Disk.SetReadSize(size);
+        p.LoadFile(content);
+        EXPECT_EQ(p.Rows(), whole.Rows()) << size;
+    }
+}
+
+TEST(FileText, ReadsAGrowingFileToItsFirstLength) {
+    SongProgram p;
+    p.Disk.SetReadSize(16);
+    p.Disk.BeforeRead([&](const std::string& name, std::uint64_t position) {
+        if (position > 0)
+            p.Disk.Put(name, p.Disk.Content(name) + "Half G4 - -\n");
+    });
+    p.LoadFile(MusicStart + "Half C4 - -\nHalf D4 - -\n");
+    EXPECT_EQ(p.Rows(), "Half|C4||\nHalf|D4||\n");
+}
+
+TEST(FileText, TakesWhatWasReadOfAShrinkingOrDeletedFile) {
+    SongProgram p;
+    p.Disk.SetReadSize(Header.size() + 8);
+    p.Disk.BeforeRead([&](const std::string& name, std::uint64_t position) {
+        if (position > 0)
+            p.Disk.Delete(name);
+    });
+    p.LoadFile(Header + "BPM 99\r\n" + "MUSICLISTSTART\r\nHalf C4 - -\r\n");
+    EXPECT_EQ(p.App.Fields.BPM, 99);
+    EXPECT_EQ(p.App.List.Count(), 0);
+    EXPECT_TRUE(p.Boxes.Shown().empty());
+}
+
+TEST(FileText, ReadsAFileOnceMoreWhenReadingFails) {
+    SongProgram p;
+    p.App.Log.Enable();
+    p.Disk.SetReadSize(16);
+    bool failed = false;
+    p.Disk.BeforeRead([&](const std::string& name, std::uint64_t position) {
+        if (position > 0 && !failed) {
+            failed = true;
+            p.Disk.FailReadingOnce(name, std::errc::io_error);
+        }
+    });
+    p.LoadFile(MusicStart + "Half C4 - -\n");
+    EXPECT_EQ(p.Rows(), "Half|C4||\n");
+    EXPECT_NE(p.LogText().find("Problem loading - loading byte-by-byte"), std::string::npos);
+}
+
+TEST(FileText, RaisesTheErrorWhenReadingFailsForGoodAndChangesNothing) {
+    SongProgram p;
+    p.SetSong({"Quarter C4 - -"});
+    p.App.Fields.TimeSigSlider = 3;
+    p.Disk.SetReadSize(16);
+    p.Disk.BeforeRead([&](const std::string& name, std::uint64_t position) {
+        if (position > 0)
+            p.Disk.FailReading(name, std::errc::io_error);
+    });
+    try {
+        p.LoadFile(MusicStart + "Half C4 - -\n");
+        ADD_FAILURE() << "no error";
+    } catch (const RuntimeError& error) {
+        EXPECT_EQ(error.Number(), RuntimeError::DeviceIoError);
+    }
+    EXPECT_EQ(p.Rows(), "Quarter|C4||\n");
+    EXPECT_EQ(p.App.Fields.BeatsPerBar, 3);
+    EXPECT_FALSE(p.Loading.InfoShown);
+}
+
+TEST(FileText, RaisesTheErrorWhenTheFileIsGoneBeforeItIsOpenedOnceMore) {
+    SongProgram p;
+    p.Disk.BeforeRead([&](const std::string& name, std::uint64_t) {
+        p.Disk.Put(name, "\xFF");
+        p.Disk.FailReadingOnce(name, std::errc::io_error);
+        p.Disk.Delete(name);
+    });
+    try {
+        p.LoadFile(MusicStart);
+        ADD_FAILURE() << "no error";
+    } catch (const RuntimeError& error) {
+        EXPECT_EQ(error.Number(), RuntimeError::FileNotFound);
+    }
+    EXPECT_FALSE(p.Loading.InfoShown);
+}
+
+TEST(FileText, ChangesNothingWhenReadingIsStopped) {
+    SongProgram p;
+    p.App.Log.Enable();
+    p.SetSong({"Quarter C4 - -"});
+    p.App.Fields.TimeSigSlider = 3;
+    p.Loading.OnProgress = [](double) { return false; };
+    p.LoadFile(MusicStart + std::string(3 * MiB, '\n'));
+    EXPECT_EQ(p.Loading.Ratios.size(), 1U);
+    EXPECT_EQ(p.Rows(), "Quarter|C4||\n");
+    EXPECT_EQ(p.App.Fields.BeatsPerBar, 3);
+    EXPECT_FALSE(p.Loading.InfoShown);
+    EXPECT_TRUE(p.LogText().ends_with("    ActuallyLoadMusic() - END\n\n"));
+}
+
+TEST(FileText, ChangesNothingWhenReadingByteByByteIsStopped) {
+    SongProgram p;
+    p.SetSong({"Quarter C4 - -"});
+    p.Loading.OnProgress = [&](double) { return !p.Loading.InfoText.starts_with("Loading byte"); };
+    p.LoadFile(MusicStart + std::string(3 * MiB, '\xE9'));
+    EXPECT_EQ(p.Rows(), "Quarter|C4||\n");
+    EXPECT_FALSE(p.Loading.InfoShown);
+}
+
+TEST(FileText, TellsItsProgressOncePerPiece) {
+    SongProgram p;
+    p.Disk.SetReadSize(MiB / 4);
+    p.LoadFile(MusicStart + "//" + std::string(4 * MiB, 'x'));
+    EXPECT_EQ(p.Loading.Ratios.size(), 4U);
+    EXPECT_LE(p.Loading.Ratios.back(), FileText::ProgressShare);
+}
+
+#if defined(__SANITIZE_ADDRESS__)
+constexpr std::size_t LongLine = 20 * MiB;
+#else
+constexpr std::size_t LongLine = 100 * MiB;
+#endif
+
+TEST(FileText, LoadsAVeryLongLine) {
+    SongProgram p;
+    std::string content = MusicStart + "Half C4 - ";
+    content.append(LongLine, 'x');
+    p.Disk.Put(Song, std::move(content));
+    p.App.Reader.ActuallyLoadMusic(Song);
+    ASSERT_EQ(p.App.List.Count(), 1);
+    EXPECT_EQ(p.App.List.Text(1, Cell::Mod).size(), LongLine);
+}
+
+TEST(FileText, LoadsAVeryLongSettingsLine) {
+    SongProgram p;
+    std::string content = Header;
+    content.append(LongLine, 'x');
+    p.Disk.Put(Song, std::move(content));
+    p.App.Reader.ActuallyLoadMusic(Song);
+    EXPECT_EQ(p.App.List.Count(), 0);
+}
+
+}  // namespace
+}  // namespace quavix

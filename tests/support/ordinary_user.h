@@ -1,0 +1,30 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdlib>
+#include <sys/types.h>
+#include <unistd.h>
+
+namespace quavix::test {
+
+/// An ordinary user for as long as it lives: permissions say nothing to the superuser.
+class OrdinaryUser {
+  public:
+    OrdinaryUser() {
+        if (::geteuid() == 0)
+            isRoot_ = ::seteuid(Nobody) == 0;
+    }
+    ~OrdinaryUser() {
+        if (isRoot_ && ::seteuid(0) != 0)
+            std::abort();
+    }
+
+    OrdinaryUser(const OrdinaryUser&) = delete;
+    OrdinaryUser& operator=(const OrdinaryUser&) = delete;
+
+  private:
+    static constexpr uid_t Nobody = 65534;
+    bool isRoot_ = false;
+};
+
+}  // namespace quavix::test

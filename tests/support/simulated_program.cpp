@@ -1,0 +1,49 @@
+// SPDX-License-Identifier: MIT
+#include "support/simulated_program.h"
+
+#include <sstream>
+
+#include "music/line_text.h"
+
+namespace quavix::test {
+
+void SimulatedProgram::SetSong(std::initializer_list<const char*> lines) {
+    App.List.Clear();
+    for (const char* line : lines) {
+        std::istringstream words(line);
+        std::string cells[4];
+        for (std::string& cell : cells) {
+            words >> cell;
+            if (cell == "-")
+                cell.clear();
+        }
+        App.List.Insert(App.List.Count() + 1, {cells[0], cells[1], cells[2], cells[3]});
+    }
+    App.History.StartOver();
+}
+
+std::string SimulatedProgram::SongText() const {
+    std::string text;
+    for (std::int32_t row = 1; row <= App.List.Count(); ++row) {
+        if (App.List.IsSelected(row))
+            text += "> ";
+        else if (App.List.SelectedItem() == row)
+            text += "* ";
+        AppendLineText(text, App.List, row);
+        text += '\n';
+    }
+    return text;
+}
+
+std::string SimulatedProgram::LogText() const {
+    std::istringstream lines(Disk.Content("/program/debuglog.txt"));
+    std::string text;
+    for (std::string line; std::getline(lines, line);) {
+        const std::size_t separator = line.find(" - ");
+        const std::string entry = separator == std::string::npos ? line : line.substr(separator + 3);
+        text += entry.substr(0, entry.find('\r')) + "\n";
+    }
+    return text;
+}
+
+}  // namespace quavix::test

@@ -1,0 +1,48 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <initializer_list>
+#include <string>
+
+#include "app/program.h"
+#include "simulation/recorded_loading_view.h"
+#include "simulation/recorded_outputs.h"
+#include "simulation/simulated_clipboard.h"
+#include "simulation/simulated_dialogs.h"
+#include "simulation/simulated_files.h"
+#include "simulation/simulated_speaker.h"
+#include "simulation/simulated_time.h"
+#include "simulation/timeline.h"
+
+namespace quavix::test {
+
+/// The whole program on simulated ports, with its start-up values.
+struct SimulatedProgram {
+    explicit SimulatedProgram(const SimulatedTime::Origin& start = {}) : Time(start) {
+        App.Fields.TickFreq = ReadTickFreq(Time, App.Log);
+    }
+
+    /// Replaces the song; each line is "Length Note1 Note2 Mod" with "-" for an empty cell.
+    void SetSong(std::initializer_list<const char*> lines);
+
+    /// The song, a line per row as in a song file; "> " stands before rows with their selected flag set, "* "
+    /// before a selected item that has lost it.
+    std::string SongText() const;
+
+    /// What the debug log holds, without the times of day.
+    std::string LogText() const;
+
+    quavix::Timeline Timeline;
+    SimulatedTime Time;
+    SimulatedMessageBoxes Boxes{Time, Timeline};
+    SimulatedFilePicker Picker{Time, Timeline};
+    SimulatedClipboard Clipboard{Time, Timeline};
+    SimulatedFiles Disk;
+    SimulatedSpeaker Speaker{Time, Timeline};
+    RecordedOutputs Outputs{Time, Timeline};
+    RecordedLoadingView Loading{Time, Timeline};
+    Program App{{Time, Time, Boxes, Picker, Clipboard, Disk, Speaker, Outputs, Outputs, Outputs, Outputs,
+                 Outputs, Outputs, Outputs, Loading, "/program/debuglog.txt", "/program/tonecode.txt"}};
+};
+
+}  // namespace quavix::test

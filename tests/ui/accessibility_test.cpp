@@ -1,0 +1,111 @@
+// SPDX-License-Identifier: MIT
+#include <map>
+#include <set>
+
+#include "ui/manual_form.h"
+#include "ui/piano_keyboard.h"
+#include "ui/save_load_form.h"
+#include "ui/speaker_form.h"
+#include "ui/ui_program.h"
+
+namespace quavix {
+namespace {
+
+/// The controls that a user works or reads, without the parts they are made of.
+std::vector<QWidget*> ControlsOf(QWidget& window) {
+    std::vector<QWidget*> controls;
+    for (auto* widget : window.findChildren<QWidget*>()) {
+        const bool isControl = qobject_cast<QAbstractButton*>(widget) || qobject_cast<QLineEdit*>(widget) ||
+                               qobject_cast<QAbstractSlider*>(widget) || qobject_cast<QTableView*>(widget) ||
+                               qobject_cast<QComboBox*>(widget) || qobject_cast<PianoKeyboard*>(widget);
+        const bool isPart = widget->objectName().isEmpty() || widget->objectName().startsWith("qt_");
+        if (isControl && !isPart && widget->window() == &window)
+            controls.push_back(widget);
+    }
+    return controls;
+}
+
+TEST(Accessibility, EveryControlHasANameAndATooltip) {
+    test::UiProgram p;
+    SpeakerForm speaker(PartsOf(
+        p.App, p.Reported, p.Boxes, p.SaveLoadWindow, [] {}, [] { return ""; }));
+    ManualForm manual("text");
+    for (QWidget* window : {static_cast<QWidget*>(&p.Form), static_cast<QWidget*>(&speaker),
+                            static_cast<QWidget*>(&p.SaveLoadWindow), static_cast<QWidget*>(&manual)}) {
+        EXPECT_FALSE(ControlsOf(*window).empty());
+        for (const QWidget* control : ControlsOf(*window)) {
+            EXPECT_FALSE(control->accessibleName().isEmpty()) << control->objectName().toStdString();
+            EXPECT_FALSE(control->toolTip().isEmpty()) << control->objectName().toStdString();
+        }
+    }
+}
+
+TEST(Accessibility, NoTwoControlsShareAnAccelerator) {
+    test::UiProgram p;
+    std::map<QString, QString> owners;
+    for (auto* widget : p.Form.findChildren<QWidget*>()) {
+        QString text;
+        if (const auto* button = qobject_cast<QAbstractButton*>(widget))
+            text = button->text();
+        else if (const auto* label = qobject_cast<QLabel*>(widget); label && label->buddy())
+            text = label->text();
+        const QKeySequence key = QKeySequence::mnemonic(text);
+        if (key.isEmpty())
+            continue;
+        EXPECT_EQ(owners.count(key.toString()), 0u)
+            << key.toString().toStdString() << " of " << widget->objectName().toStdString();
+        owners[key.toString()] = widget->objectName();
+    }
+    for (const QAction* menu : p.Form.menuBar()->actions()) {
+        const QString key = QKeySequence::mnemonic(menu->text()).toString();
+        EXPECT_EQ(owners.count(key), 0u) << key.toStdString();
+        owners[key] = menu->text();
+    }
+    for (const char* used : {"Alt+1", "Alt+2", "Alt+B", "Alt+U", "Alt+S", "Alt+F", "Alt+E", "Alt+H"})
+        EXPECT_EQ(owners.count(used), 1u) << used;
+}
+
+TEST(Accessibility, NoTwoActionsShareAShortcutOrALetterOfTheirMenu) {
+    test::UiProgram p;
+    std::set<QString> shortcuts;
+    for (const auto* menu : p.Form.findChildren<QMenu*>()) {
+        std::set<QString> letters;
+        for (const QAction* action : menu->actions()) {
+            for (const QKeySequence& key : action->shortcuts())
+                EXPECT_TRUE(shortcuts.insert(key.toString()).second) << key.toString().toStdString();
+            const QString letter = QKeySequence::mnemonic(action->text()).toString();
+            EXPECT_TRUE(action->isSeparator() || letters.insert(letter).second)
+                << action->text().toStdString();
+        }
+    }
+    EXPECT_GE(shortcuts.size(), 15u);
+}
+
+TEST(Accessibility, TheTabKeyGoesThroughEveryControlInTheOrderOfReading) {
+    test::UiProgram p;
+    std::vector<std::string> order = {"NoteClickPlayCheck",     "NoteClickAddCheck", "AddNote1Option",
+                                      "NoteReplaceCheck",       "NoteLengthCombo",   "ModDottedCheck",
+                                      "ModTripletCheck",        "BPMText",           "TimeSigSlider",
+                                      "NoteSilenceRatioSlider", "AlternateTimeText", "PlayAllButton",
+                                      "PlayFromLineButton",     "MainList",          "ClearNote1Button",
+                                      "ClearNote2Button",       "Command1",          "SilentLineButton",
+                                      "UnselectButton",         "SaveLoadButton",    "ClickPlayNote1Check",
+                                      "ClickPlayNote2Check",    "PlayNote1Check",    "PlayNote2Check"};
+    for (const char* mod : {"FMOD", "Voice", "MIDIOut", "MIDIIn", "MIDIFile", "Porta", "Motor", "Beat",
+                            "CircuitBent", "Synchro"})
+        order.push_back(std::string("Use") + mod + "HButton");
+    for (const char* below : {"PianoKey", "KeyboardOctaveText", "SpeakerDetailsButton", "MuteTweebleCheck",
+                              "NoUpdateCheck", "NoUpdateHButton"})
+        order.push_back(below);
+    auto& first = p.Find<QWidget>("NoteClickPlayCheck");
+    first.setFocus();
+    std::vector<std::string> visited;
+    do {
+        visited.push_back(p.Form.focusWidget()->objectName().toStdString());
+        QTest::keyClick(p.Form.focusWidget(), Qt::Key_Tab);
+    } while (p.Form.focusWidget() != &first && visited.size() < 100);
+    EXPECT_EQ(visited, order);
+}
+
+}  // namespace
+}  // namespace quavix

@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+#include "ui/mods_panel.h"
+
+#include "ui/ui_program.h"
+
+namespace quavix {
+namespace {
+
+TEST(ModsPanel, GreysOutWhatIsNotThereYetAndSaysSo) {
+    test::UiProgram p;
+    for (const text::Mod* mod : text::Mods) {
+        const auto& check = p.Find<QCheckBox>(mod->CheckName);
+        EXPECT_FALSE(check.isEnabled()) << mod->CheckName;
+        EXPECT_EQ(check.text(), mod->Caption);
+        EXPECT_EQ(check.toolTip(), QString(mod->ToolTip) + "\n(Not available in this version yet)");
+    }
+    for (const char* name : {"MetronomeButton", "MotorOctSlider"}) {
+        EXPECT_FALSE(p.Find<QWidget>(name).isEnabled()) << name;
+        EXPECT_TRUE(p.Find<QWidget>(name).toolTip().endsWith(text::NotBuiltYet)) << name;
+    }
+    EXPECT_EQ(p.TextOf("lblMotorOct"), "Motor Octave");
+}
+
+TEST(ModsPanel, EveryQuestionMarkExplainsItsMod) {
+    test::UiProgram p;
+    for (const text::Mod* mod : text::Mods) {
+        std::string button = mod->CheckName;
+        button.replace(button.size() - 5, 5, "HButton");
+        // A click by the mouse would miss what has to be scrolled to.
+        p.Find<QAbstractButton>(button.c_str()).click();
+        EXPECT_EQ(p.Boxes.Shown().back().Title, mod->HelpTitle);
+        EXPECT_EQ(p.Boxes.Shown().back().Text, mod->HelpText);
+        EXPECT_EQ(p.Boxes.Shown().back().Icon, BoxIcon::Information);
+    }
+    EXPECT_EQ(p.Boxes.Shown().size(), std::size(text::Mods));
+}
+
+TEST(ModsPanel, HelpTextsStandWordForWord) {
+    EXPECT_STREQ(text::UseVoice.HelpText,
+                 "Makes the program use a voice system for 'singing' one of the note columns.\n"
+                 "This uses FMOD (See the question-mark button above this one).");
+    EXPECT_STREQ(
+        text::UseCircuitBent.HelpText,
+        "All this does is make the program create random 'beep' sounds by quickly playing random notes."
+        "\r\n\r\nRemember that if you're using MIDI output, a very large number of notes will be sent out "
+        "through here too!\r\nSo please make sure the volume of your external MIDI device is not set too "
+        "high.");
+    EXPECT_STREQ(text::UseMotor.ToolTip,
+                 "Just in case you happen to have a spare microcontroller and motor speed controller lying "
+                 "around ;P");
+    EXPECT_STREQ(text::UseMIDIOut.HelpTitle, "Using MIDI Output");
+    EXPECT_STREQ(text::UseMIDIIn.HelpTitle, "Using MIDI Input");
+    EXPECT_STREQ(text::UseMIDIFile.HelpTitle, "Playing a MIDI file");
+}
+
+}  // namespace
+}  // namespace quavix

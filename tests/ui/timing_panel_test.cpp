@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: MIT
+#include "ui/ui_program.h"
+
+namespace quavix {
+namespace {
+
+void Type(QLineEdit& field, const char* text) {
+    field.setFocus();
+    field.selectAll();
+    QTest::keyClicks(&field, text);
+}
+
+QColor BackgroundOf(const QLineEdit& field) {
+    return field.palette().color(QPalette::Base);
+}
+
+TEST(TimingPanel, ATypedTempoIsTheTempo) {
+    test::UiProgram p;
+    Type(p.Find<QLineEdit>("BPMText"), "200");
+    EXPECT_EQ(p.App.Fields.BPM, 200);
+}
+
+TEST(TimingPanel, ATempoOutsideItsRangeIsMarkedOrangeAndIgnored) {
+    test::UiProgram p;
+    auto& field = p.Find<QLineEdit>("BPMText");
+    const QColor ordinary = BackgroundOf(field);
+    Type(field, "700");
+    EXPECT_EQ(BackgroundOf(field), QColor(255, 128, 0));
+    EXPECT_EQ(field.palette().color(QPalette::Text), QColor(Qt::black));
+    EXPECT_EQ(field.text(), "700");
+    EXPECT_EQ(p.App.Fields.BPM, 70);  // typed on the way there
+    Type(field, "600");
+    EXPECT_EQ(BackgroundOf(field), ordinary);
+    EXPECT_EQ(p.App.Fields.BPM, 600);
+}
+
+TEST(TimingPanel, TextThatIsNoNumberRevertsToTheTempo) {
+    test::UiProgram p;
+    auto& field = p.Find<QLineEdit>("BPMText");
+    Type(field, "a");
+    EXPECT_EQ(field.text(), "140");
+    QApplication::clipboard()->setText("abc");
+    field.selectAll();
+    field.paste();
+    EXPECT_EQ(field.text(), "140");
+    EXPECT_EQ(p.App.Fields.BPM, 140);
+}
+
+TEST(TimingPanel, TheArrowsStepTheTempoByFiveWithinItsRange) {
+    test::UiProgram p;
+    auto& field = p.Find<QLineEdit>("BPMText");
+    p.Click("BPMUpDownUp");
+    EXPECT_EQ(field.text(), "145");
+    p.Click("BPMUpDownDown");
+    p.Click("BPMUpDownDown");
+    EXPECT_EQ(p.App.Fields.BPM, 135);
+    Type(field, "42");
+    QTest::keyClick(&field, Qt::Key_Down);
+    EXPECT_EQ(field.text(), "40");
+    Type(field, "598");
+    QTest::keyClick(&field, Qt::Key_Up);
+    EXPECT_EQ(field.text(), "600");
+}
+
+TEST(TimingPanel, TheAlternateTimeIsCheckedTheSameWay) {
+    test::UiProgram p;
+    auto& field = p.Find<QLineEdit>("AlternateTimeText");
+    const QColor ordinary = BackgroundOf(field);
+    Type(field, "14");
+    EXPECT_EQ(BackgroundOf(field), QColor(255, 128, 0));
+    EXPECT_EQ(p.App.Fields.AlternateTime, 20);
+    Type(field, "15");
+    EXPECT_EQ(BackgroundOf(field), ordinary);
+    EXPECT_EQ(p.App.Fields.AlternateTime, 15);
+}
+
+TEST(TimingPanel, SlidersShowTheirNumbers) {
+    test::UiProgram p;
+    EXPECT_EQ(p.TextOf("lblTimeSig"), "4");
+    EXPECT_EQ(p.TextOf("NoteSilenceRatioLabel"), "90%");
+    QTest::keyClick(&p.Find<QSlider>("TimeSigSlider"), Qt::Key_Left);
+    EXPECT_EQ(p.TextOf("lblTimeSig"), "3");
+    EXPECT_EQ(p.App.Fields.BeatsPerBar, 3);
+    QTest::keyClick(&p.Find<QSlider>("NoteSilenceRatioSlider"), Qt::Key_Home);
+    EXPECT_EQ(p.TextOf("NoteSilenceRatioLabel"), "00%");
+    QTest::keyClick(&p.Find<QSlider>("NoteSilenceRatioSlider"), Qt::Key_End);
+    EXPECT_EQ(p.TextOf("NoteSilenceRatioLabel"), "100%");
+    QTest::keyClick(&p.Find<QSlider>("TimeSigSlider"), Qt::Key_End);
+    EXPECT_EQ(p.TextOf("lblTimeSig"), "16");
+}
+
+TEST(TimingPanel, ControlsFollowWhatTheProgramSets) {
+    test::UiProgram p;
+    p.App.Fields.BPMText = "99";
+    p.App.Fields.TimeSigSlider = 7;
+    p.App.Fields.PlayNote2Check = false;
+    EXPECT_EQ(p.Find<QLineEdit>("BPMText").text(), "99");
+    EXPECT_EQ(p.Find<QSlider>("TimeSigSlider").value(), 7);
+    EXPECT_EQ(p.TextOf("lblTimeSig"), "7");
+    EXPECT_FALSE(p.Find<QCheckBox>("PlayNote2Check").isChecked());
+}
+
+}  // namespace
+}  // namespace quavix

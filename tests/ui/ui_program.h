@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <stdexcept>
+
+#include <QtTest>
+#include <QtWidgets>
+
+#include "app/shutdown.h"
+#include "app/window_parts_of.h"
+#include "support/simulated_program.h"
+#include "ui/main_form.h"
+#include "ui/save_load_form.h"
+
+namespace quavix::test {
+
+/// Notes the end of the process, and goes on.
+class RecordedEnd : public ProcessEnd {
+  public:
+    RecordedEnd(SimulatedTime& time, quavix::Timeline& timeline) : time_(time), timeline_(timeline) {}
+    void EndProcess() override { timeline_.Record(time_.Now(), "process ends"); }
+
+  private:
+    SimulatedTime& time_;
+    quavix::Timeline& timeline_;
+};
+
+/// A speaker whose words about itself a test sets.
+class ReportingSpeaker : public Speaker {
+  public:
+    explicit ReportingSpeaker(Speaker& speaker) : speaker_(speaker) {}
+    void Beep(std::int32_t frequency, std::int32_t durationMs) override {
+        speaker_.Beep(frequency, durationMs);
+    }
+    SpeakerStatus Status() const override { return Now; }
+
+    SpeakerStatus Now{.InUse = "PC speaker"};
+
+  private:
+    Speaker& speaker_;
+};
+
+/// The program on simulated ports behind its real main window.
+struct UiProgram : SimulatedProgram {
+    UiProgram() {
+        Form.show();
+        Form.activateWindow();
+        QApplication::processEvents();
+    }
+
+    /// A control by its name; there must be one.
+    template <typename Control>
+    Control& Find(const char* name) {
+        auto* control = Form.findChild<Control*>(name);
+        if (control == nullptr)
+            throw std::logic_error(std::string("no control ") + name);
+        return *control;
+    }
+
+    void Click(const char* button) {
+        auto& control = Find<QAbstractButton>(button);
+        // A check box takes clicks on its indicator and its text.
+        QTest::mouseClick(&control, Qt::LeftButton, {}, {8, control.height() / 2});
+    }
+    /// The click comes in at this time; the middle of a tone on the speaker doesn't let it in.
+    void ClickAt(double ms, const char* button) {
+        Time.At(ms, [this, button] { Click(button); });
+    }
+    /// What stands in a row of the list.
+    std::string Row(std::int32_t row) {
+        const MusicLine line = App.List.Line(row);
+        return line.Length + "," + line.Note1 + "," + line.Note2 + "," + line.Mod;
+    }
+    QString TextOf(const char* label) { return Find<QLabel>(label).text(); }
+
+    ReportingSpeaker Reported{Speaker};
+    RecordedEnd End{Time, Timeline};
+    Shutdown Closing{App.Fields, App.Log, End};
+    SaveLoadForm SaveLoadWindow{Time};
+    std::string Manual = "HOW TO USE IT";
+    MainForm Form{PartsOf(
+        App, Reported, this->Boxes, SaveLoadWindow,
+        [this] {
+            if (App.Document.MayClose())
+                Closing.CloseProgram();
+        },
+        [this] { return Manual; })};
+};
+
+}  // namespace quavix::test
