@@ -70,8 +70,26 @@ struct FuzzedProgram {
     SimulatedSpeaker Speaker{Time, Timeline};
     RecordedOutputs Outputs{Time, Timeline};
     RecordedLoadingView Loading{Time, Timeline};
-    Program App{{Time, Time, Boxes, Picker, Clipboard, Disk, Speaker, Outputs, Outputs, Outputs, Outputs,
-                 Outputs, Outputs, Outputs, Loading, "log", "tonecode"}};
+    Program App{{
+        .Time = Time,
+        .Pump = Time,
+        .Ticks = Time,
+        .Boxes = Boxes,
+        .Picker = Picker,
+        .TextClipboard = Clipboard,
+        .Disk = Disk,
+        .PcSpeaker = Speaker,
+        .Motor = Outputs,
+        .Generator = Outputs,
+        .Midi = Outputs,
+        .Glide = Outputs,
+        .Singer = Outputs,
+        .Beat = Outputs,
+        .Synchro = Outputs,
+        .Loading = Loading,
+        .LogFile = "log",
+        .ToneCodeFile = "tonecode",
+    }};
 };
 
 void LoadSaveLoad(std::uint8_t answers, std::uint8_t readSize, std::string song) {

@@ -24,6 +24,7 @@
 #include "ports/message_boxes.h"
 #include "ports/playback_parts.h"
 #include "ports/speaker.h"
+#include "ports/timers.h"
 #include "ports/tone_outputs.h"
 #include "shell/debug_log.h"
 #include "shell/event_boundary.h"
@@ -40,6 +41,7 @@ namespace quavix {
 struct ProgramPorts {
     Clock& Time;
     EventPump& Pump;
+    Timers& Ticks;
     MessageBoxes& Boxes;
     FilePicker& Picker;
     Clipboard& TextClipboard;

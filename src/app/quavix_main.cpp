@@ -63,9 +63,26 @@ int main(int argc, char** argv) {
     AbsentOutputs absent;
     SaveLoadForm saveLoad(clock);
 
-    Program app({clock, pump, boxes, picker, clipboard, files, *speaker, absent, absent, absent, absent,
-                 absent, absent, absent, saveLoad, FileInFolder(folder, "debuglog.txt"),
-                 FileInFolder(folder, "tonecode.txt")});
+    Program app({
+        .Time = clock,
+        .Pump = pump,
+        .Ticks = timers,
+        .Boxes = boxes,
+        .Picker = picker,
+        .TextClipboard = clipboard,
+        .Disk = files,
+        .PcSpeaker = *speaker,
+        .Motor = absent,
+        .Generator = absent,
+        .Midi = absent,
+        .Glide = absent,
+        .Singer = absent,
+        .Beat = absent,
+        .Synchro = absent,
+        .Loading = saveLoad,
+        .LogFile = FileInFolder(folder, "debuglog.txt"),
+        .ToneCodeFile = FileInFolder(folder, "tonecode.txt"),
+    });
     Recovery recovery({app.Fields, app.List, app.Changes, app.Document, files, timers, clock, boxes,
                        app.Handlers, app.Log, [&] { return app.Tones.IsSounding(); },
                        StateFolderFromEnvironment()});

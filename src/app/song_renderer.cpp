@@ -113,8 +113,26 @@ void SongRenderer::Render(const RenderOptions& options, std::ostream& out) {
     NoClipboard clipboard;
     AbsentOutputs absent;
     RenderLoadingView loading(progress_);
-    Program program({time, pump, boxes_, picker, clipboard, files_, speaker, absent, absent, absent, absent,
-                     absent, absent, absent, loading, options.LogFile, options.ToneCodeFile});
+    Program program({
+        .Time = time,
+        .Pump = pump,
+        .Ticks = time,
+        .Boxes = boxes_,
+        .Picker = picker,
+        .TextClipboard = clipboard,
+        .Disk = files_,
+        .PcSpeaker = speaker,
+        .Motor = absent,
+        .Generator = absent,
+        .Midi = absent,
+        .Glide = absent,
+        .Singer = absent,
+        .Beat = absent,
+        .Synchro = absent,
+        .Loading = loading,
+        .LogFile = options.LogFile,
+        .ToneCodeFile = options.ToneCodeFile,
+    });
     if (!options.LogFile.empty())
         program.Log.Enable();
     try {

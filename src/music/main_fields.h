@@ -102,10 +102,31 @@ struct MainFields {
     // Playback options.
     Watched<bool> MuteTweebleCheck{false};
     Watched<bool> NoUpdateCheck{false};
-    Watched<bool> UseBeatCheck{false};
-    Watched<bool> UseVoiceCheck{false};
     /// Volume of the voice in ten-thousandths.
     std::int32_t VoiceVolSlider = 0;
+
+    // The mods' check boxes. Ticking or unticking one, by whomever, is what switches the mod: its part of the
+    // program watches the value.
+    Watched<bool> UseFMODCheck{false};
+    Watched<bool> UseVoiceCheck{false};
+    Watched<bool> UseMIDIOutCheck{false};
+    Watched<bool> UseMIDIInCheck{false};
+    Watched<bool> UseMIDIFileCheck{false};
+    Watched<bool> UsePortaCheck{false};
+    Watched<bool> UseMotorCheck{false};
+    Watched<bool> UseBeatCheck{false};
+    Watched<bool> UseCircuitBentCheck{false};
+    Watched<bool> UseSynchroCheck{false};
+    Watched<bool> UseFMODCheckEnabled{true};
+    Watched<bool> UseVoiceCheckEnabled{true};
+    Watched<bool> UseMIDIOutCheckEnabled{true};
+    Watched<bool> UseMIDIInCheckEnabled{true};
+    Watched<bool> UseMIDIFileCheckEnabled{true};
+    Watched<bool> UsePortaCheckEnabled{true};
+    Watched<bool> UseMotorCheckEnabled{true};
+    Watched<bool> UseBeatCheckEnabled{true};
+    Watched<bool> UseCircuitBentCheckEnabled{true};
+    Watched<bool> UseSynchroCheckEnabled{true};
 
     // What playback enables and shows.
     Watched<bool> PianoKeysEnabled{true};

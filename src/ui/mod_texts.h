@@ -1,12 +1,16 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <string>
+#include "music/main_fields.h"
 
 namespace quavix::text {
 
-/// The words of one mod: its check box and the message of its help button.
+/// One mod: its check box, with what it holds, and the message of its help button.
 struct Mod {
+    Watched<bool> MainFields::*Value;
+    Watched<bool> MainFields::*Enabled;
+    /// False where this version of the program has nothing behind the check box.
+    bool IsBuilt;
     /// The check box; the help button's name is the same with "HButton" in the place of "Check".
     const char* CheckName;
     const char* Caption;
@@ -16,7 +20,12 @@ struct Mod {
 };
 
 inline constexpr Mod UseFMOD{
-    "UseFMODCheck", "Use FMOD", "Make the notes with the sound card instead of the internal PC speaker",
+    &MainFields::UseFMODCheck,
+    &MainFields::UseFMODCheckEnabled,
+    false,
+    "UseFMODCheck",
+    "Use FMOD",
+    "Make the notes with the sound card instead of the internal PC speaker",
     "Using FMOD",
     "Makes the program use the FMOD sound engine, which means that the sound comes out of your sound card "
     "instead of the internal PC speaker.\r\n\r\n"
@@ -25,20 +34,37 @@ inline constexpr Mod UseFMOD{
     "The check box will be greyed out and unavailable otherwise.\r\n\r\n"
     "If it doesn't work for you, please see 'CONTACT' in info.txt (included with this program)."};
 
-inline constexpr Mod UseVoice{"UseVoiceCheck", "Use voice", "Make a voice sing the 'Note 2' column",
+inline constexpr Mod UseVoice{&MainFields::UseVoiceCheck,
+                              &MainFields::UseVoiceCheckEnabled,
+                              false,
+                              "UseVoiceCheck",
+                              "Use voice",
+                              "Make a voice sing the 'Note 2' column",
                               "Using voice",
                               "Makes the program use a voice system for 'singing' one of the note columns.\n"
                               "This uses FMOD (See the question-mark button above this one)."};
 
 inline constexpr Mod UseMIDIOut{
-    "UseMIDIOutCheck", "Use MIDI output", "Send every note to a MIDI device too", "Using MIDI Output",
+    &MainFields::UseMIDIOutCheck,
+    &MainFields::UseMIDIOutCheckEnabled,
+    false,
+    "UseMIDIOutCheck",
+    "Use MIDI output",
+    "Send every note to a MIDI device too",
+    "Using MIDI Output",
     "This mod sends every note or 'beep' to a MIDI device of your choosing. \r\n"
     "It doesn't have to be an external MIDI device (e.g. it could be the default \r\n"
     "Microsoft synth which Windows XP and Vista come with), but it can be if you want.\r\n\r\n"
     "Please see 'MIDI OUTPUT MOD' in info.txt (included with this program) for more information."};
 
 inline constexpr Mod UseMIDIIn{
-    "UseMIDIInCheck", "Use MIDI input", "Play the notes that come from a MIDI device", "Using MIDI Input",
+    &MainFields::UseMIDIInCheck,
+    &MainFields::UseMIDIInCheckEnabled,
+    false,
+    "UseMIDIInCheck",
+    "Use MIDI input",
+    "Play the notes that come from a MIDI device",
+    "Using MIDI Input",
     "This mod makes the program play (on the PC speaker, FMOD, or via MIDI \r\n"
     "output, depending on which other mods you have activated) any notes which it receives "
     "from an external MIDI device. \r\n\r\n"
@@ -50,7 +76,13 @@ inline constexpr Mod UseMIDIIn{
     "Please see the 'MIDI INPUT MOD' in info.txt (included with this program) for more information."};
 
 inline constexpr Mod UseMIDIFile{
-    "UseMIDIFileCheck", "Play a MIDI file", "Play a MIDI file of your choosing", "Playing a MIDI file",
+    &MainFields::UseMIDIFileCheck,
+    &MainFields::UseMIDIFileCheckEnabled,
+    false,
+    "UseMIDIFileCheck",
+    "Play a MIDI file",
+    "Play a MIDI file of your choosing",
+    "Playing a MIDI file",
     "Lets you choose a MIDI file on your computer which this program will then "
     "play through the PC speaker.\r\n\r\n"
     "There is NO LIMIT to the number of simultaneous notes!\r\n"
@@ -63,15 +95,24 @@ inline constexpr Mod UseMIDIFile{
     "rather than play the notes yourself on an external keyboard, for example."};
 
 inline constexpr Mod UsePorta{
-    "UsePortaCheck", "Tweeble portamento",
-    "Make the PC speaker gradually fade from one note to the next (clicked keys only)", "Tweeble portamento",
+    &MainFields::UsePortaCheck,
+    &MainFields::UsePortaCheckEnabled,
+    false,
+    "UsePortaCheck",
+    "Tweeble portamento",
+    "Make the PC speaker gradually fade from one note to the next (clicked keys only)",
+    "Tweeble portamento",
     "In order for tweeble portamento it to work with things other than you just clicking notes on the "
     "keyboard, you MUST tick \"Mute PC speaker\" on the main window. Otherwise, the ordinary "
     "\"non-modified\" "
     "notes will be played over the top, blocking the portamento."};
 
 inline constexpr Mod UseMotor{
-    "UseMotorCheck", "Use motor-speed mod (via SSC-32 and SyRen10)",
+    &MainFields::UseMotorCheck,
+    &MainFields::UseMotorCheckEnabled,
+    false,
+    "UseMotorCheck",
+    "Use motor-speed mod (via SSC-32 and SyRen10)",
     "Just in case you happen to have a spare microcontroller and motor speed controller lying around ;P",
     "Using the motor-speed mod",
     "Makes an electric motor whine the notes: each note is sent through the serial port as a speed of the "
@@ -80,7 +121,12 @@ inline constexpr Mod UseMotor{
     "music is played, so that it fits."};
 
 inline constexpr Mod UseBeat{
-    "UseBeatCheck", "Play a beat sound", "Make a beat-like sound on quarter-notes or half-notes",
+    &MainFields::UseBeatCheck,
+    &MainFields::UseBeatCheckEnabled,
+    false,
+    "UseBeatCheck",
+    "Play a beat sound",
+    "Make a beat-like sound on quarter-notes or half-notes",
     "Playing a beat sound",
     "This makes the tweeble play a kind of 'beat' sound on every beat (or on every other beat, if you don't "
     "want it to sound so crazy at fast tempos). It sounds like a kind of techno beat, which I suppose is "
@@ -88,15 +134,25 @@ inline constexpr Mod UseBeat{
     "you'd expect from something as electronic as the system speaker. ;P"};
 
 inline constexpr Mod UseCircuitBent{
-    "UseCircuitBentCheck", "Act as if circuit-bent",
-    "Plays fast random notes all the time. Yeah, it's a waste.", "Acting as if circuit-bent",
+    &MainFields::UseCircuitBentCheck,
+    &MainFields::UseCircuitBentCheckEnabled,
+    false,
+    "UseCircuitBentCheck",
+    "Act as if circuit-bent",
+    "Plays fast random notes all the time. Yeah, it's a waste.",
+    "Acting as if circuit-bent",
     "All this does is make the program create random 'beep' sounds by quickly playing random notes.\r\n\r\n"
     "Remember that if you're using MIDI output, a very large number of notes will be sent out through here "
     "too!\r\n"
     "So please make sure the volume of your external MIDI device is not set too high."};
 
 inline constexpr Mod UseSynchro{
-    "UseSynchroCheck", "Synchronized play", "Start playing at a certain time, together with other computers",
+    &MainFields::UseSynchroCheck,
+    &MainFields::UseSynchroCheckEnabled,
+    false,
+    "UseSynchroCheck",
+    "Synchronized play",
+    "Start playing at a certain time, together with other computers",
     "Synchronized play",
     "Lets several copies of this program start playing at the same moment, be it on one computer or on "
     "several: tell each of them to wait for the same time."};

@@ -32,8 +32,26 @@ int main(int argumentCount, char** arguments) {
     SimulatedSpeaker speaker(time, timeline);
     AbsentOutputs absent;
     RecordedLoadingView loading(time, timeline);
-    Program app({time, time, boxes, picker, clipboard, files, speaker, absent, absent, absent, absent, absent,
-                 absent, absent, loading, folder + "/log", folder + "/code"});
+    Program app({
+        .Time = time,
+        .Pump = time,
+        .Ticks = time,
+        .Boxes = boxes,
+        .Picker = picker,
+        .TextClipboard = clipboard,
+        .Disk = files,
+        .PcSpeaker = speaker,
+        .Motor = absent,
+        .Generator = absent,
+        .Midi = absent,
+        .Glide = absent,
+        .Singer = absent,
+        .Beat = absent,
+        .Synchro = absent,
+        .Loading = loading,
+        .LogFile = folder + "/log",
+        .ToneCodeFile = folder + "/code",
+    });
     Recovery recovery({app.Fields, app.List, app.Changes, app.Document, files, time, time, boxes,
                        app.Handlers, app.Log, [] { return false; }, folder});
     for (std::int32_t pass = 1;; ++pass) {

@@ -41,8 +41,26 @@ struct SimulatedProgram {
     SimulatedSpeaker Speaker{Time, Timeline};
     RecordedOutputs Outputs{Time, Timeline};
     RecordedLoadingView Loading{Time, Timeline};
-    Program App{{Time, Time, Boxes, Picker, Clipboard, Disk, Speaker, Outputs, Outputs, Outputs, Outputs,
-                 Outputs, Outputs, Outputs, Loading, "/program/debuglog.txt", "/program/tonecode.txt"}};
+    Program App{{
+        .Time = Time,
+        .Pump = Time,
+        .Ticks = Time,
+        .Boxes = Boxes,
+        .Picker = Picker,
+        .TextClipboard = Clipboard,
+        .Disk = Disk,
+        .PcSpeaker = Speaker,
+        .Motor = Outputs,
+        .Generator = Outputs,
+        .Midi = Outputs,
+        .Glide = Outputs,
+        .Singer = Outputs,
+        .Beat = Outputs,
+        .Synchro = Outputs,
+        .Loading = Loading,
+        .LogFile = "/program/debuglog.txt",
+        .ToneCodeFile = "/program/tonecode.txt",
+    }};
 };
 
 }  // namespace quavix::test

@@ -10,6 +10,8 @@ TEST(ModsPanel, GreysOutWhatIsNotThereYetAndSaysSo) {
     test::UiProgram p;
     for (const text::Mod* mod : text::Mods) {
         const auto& check = p.Find<QCheckBox>(mod->CheckName);
+        if (mod->IsBuilt)
+            continue;
         EXPECT_FALSE(check.isEnabled()) << mod->CheckName;
         EXPECT_EQ(check.text(), mod->Caption);
         EXPECT_EQ(check.toolTip(), QString(mod->ToolTip) + "\n(Not available in this version yet)");
