@@ -29,6 +29,13 @@ case "${1:-}" in
     ;;
 -*) exec "$bin/quavix" "$@" ;;
 esac
-wav=$started_in/$(basename -- "$1" .QVX).wav
+# Nothing is written over.
+song=$started_in/$(basename -- "$1" .QVX)
+wav=$song.wav
+number=1
+while [ -e "$wav" ]; do
+    number=$((number + 1))
+    wav=$song-$number.wav
+done
 "$bin/quavix-render" "$1" "$wav"
 echo "There is no display, so the song was rendered to $wav"

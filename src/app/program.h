@@ -84,7 +84,7 @@ class Program {
           Reader(Fields, List, ports.Disk, ports.Boxes, ports.Picker, ports.Loading, Log),
           Writer(Fields, List, ports.Disk, ports.Boxes, ports.Picker, Log),
           Changes(Fields, List),
-          Document({Fields, List, Reader, Writer, ports.Boxes, Fields.Modified,
+          Document({Fields, List, Reader, Writer, ports.Disk, ports.Boxes, Fields.Modified,
                     [this] { History.MarkSaved(); }, [this] { History.MarkUnsaved(); }}) {
         Writer.OnSaved = [this] { History.MarkSaved(); };
         History.OnRestored = [this](bool onlyMods) {

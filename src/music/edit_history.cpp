@@ -31,6 +31,8 @@ EditHistory::EditHistory(MainFields& fields, MusicList& list) : fields_(fields),
     fields_.AlternateTimeText.Watch(settingChanged);
     fields_.TimeSigSlider.Watch(settingChanged);
     fields_.NoteSilenceRatioSlider.Watch(settingChanged);
+    fields_.PlayNote1Check.Watch(settingChanged);
+    fields_.PlayNote2Check.Watch(settingChanged);
     StartOver();
 }
 
@@ -230,7 +232,12 @@ std::uint64_t EditHistory::State() const {
 }
 
 EditHistory::Settings EditHistory::CurrentSettings() const {
-    return {fields_.BPM, fields_.AlternateTime, fields_.TimeSigSlider, fields_.NoteSilenceRatioSlider};
+    return {fields_.BPM,
+            fields_.AlternateTime,
+            fields_.TimeSigSlider,
+            fields_.NoteSilenceRatioSlider,
+            fields_.PlayNote1Check,
+            fields_.PlayNote2Check};
 }
 
 void EditHistory::ShowState() {

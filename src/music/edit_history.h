@@ -63,6 +63,8 @@ class EditHistory : private MusicListObserver {
         std::int32_t AlternateTime = 0;
         std::int32_t BeatsPerBar = 0;
         std::int32_t NoteSilenceRatio = 0;
+        bool PlayNote1 = false;
+        bool PlayNote2 = false;
 
         friend bool operator==(const Settings&, const Settings&) = default;
     };

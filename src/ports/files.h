@@ -55,6 +55,9 @@ class Files {
     /// The name's last component may hold the wildcards "*" and "?".
     virtual bool FindsNormalFile(const std::string& pattern) = 0;
 
+    /// The name from the root on of a file that need not exist; a name that can't be completed as it is.
+    virtual std::string FullName(const std::string& name) = 0;
+
     /// Length of a file in bytes.
     virtual std::uint64_t Length(const std::string& name, std::error_code& error) = 0;
 

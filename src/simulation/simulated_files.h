@@ -15,6 +15,10 @@ namespace quavix {
 class SimulatedFiles : public Files {
   public:
     bool FindsNormalFile(const std::string& pattern) override;
+    /// The current folder is the root, and stands for nothing: names are told apart as they are.
+    std::string FullName(const std::string& name) override {
+        return name.empty() || name.front() == '/' ? name : CurrentFolder + name;
+    }
     std::uint64_t Length(const std::string& name, std::error_code& error) override;
     std::error_code WriteAt(const std::string& name, std::uint64_t offset, std::string_view bytes) override;
     std::error_code Append(const std::string& name, std::string_view bytes) override;
@@ -25,6 +29,9 @@ class SimulatedFiles : public Files {
     /// Folders are not told apart from what their files' names say: nothing to do.
     std::error_code CreateFolder(const std::string& name) override { return WritingError(name); }
     std::unique_ptr<FileLock> TryLock(const std::string& name, std::error_code& error) override;
+
+    /// What FullName() puts before a name that doesn't start at the root.
+    std::string CurrentFolder;
 
     /// Puts a file there, or replaces its content.
     void Put(const std::string& name, std::string content) { files_[name].Content = std::move(content); }

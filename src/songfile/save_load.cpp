@@ -13,7 +13,10 @@ void SaveLoad::SaveButton_Click() {
 }
 
 void SaveLoad::LoadButton_Click() {
-    CloseAfter([this] { document_.Load(); });
+    CloseAfter([this] {
+        if (document_.MayClose())
+            document_.Load();
+    });
 }
 
 void SaveLoad::CancelButton_Click() {

@@ -10,6 +10,8 @@ SongChanges::SongChanges(MainFields& fields, MusicList& list) : list_(list) {
     watch(fields.TimeSigSlider);
     watch(fields.NoteSilenceRatioSlider);
     watch(fields.AlternateTimeText);
+    watch(fields.PlayNote1Check);
+    watch(fields.PlayNote2Check);
 }
 
 void SongChanges::Changed() {

@@ -27,12 +27,16 @@ class Flagged {
 
 SongDocument::SongDocument(SongDocumentParts parts) : p_(std::move(parts)) {
     // From the first setting that is replaced on it is no longer the old file's song, however loading ends.
-    p_.Reader.OnReplace = [this] { fileName_ = std::string(); };
+    p_.Reader.OnReplace = [this] {
+        p_.Fields.MusicIsPlaying = false;
+        fileName_ = std::string();
+    };
 }
 
 bool SongDocument::New() {
     if (!MayClose())
         return false;
+    p_.Fields.MusicIsPlaying = false;
     {
         const MusicListReset reset(p_.List);
         p_.List.Clear();
@@ -69,7 +73,7 @@ bool SongDocument::SaveAs() {
     const std::optional<std::string> name = p_.Writer.SaveMusic();
     if (!name)
         return false;
-    fileName_ = *name;
+    fileName_ = p_.Disk.FullName(*name);
     p_.MarkSaved();
     return true;
 }
@@ -91,7 +95,8 @@ bool SongDocument::LoadFile(const std::string& fileName) {
 bool SongDocument::Take(const LoadResult& loaded) {
     if (!loaded)
         return false;
-    fileName_ = loaded.Whole ? loaded.FileName : std::string();
+    // By its full name: a later save must not depend on the folder that the program was started in.
+    fileName_ = loaded.Whole ? p_.Disk.FullName(loaded.FileName) : std::string();
     p_.MarkSaved();
     return true;
 }

@@ -6,6 +6,7 @@
 
 #include "music/main_fields.h"
 #include "music/music_list.h"
+#include "ports/files.h"
 #include "ports/message_boxes.h"
 #include "shell/watched.h"
 #include "songfile/song_reader.h"
@@ -19,6 +20,7 @@ struct SongDocumentParts {
     MusicList& List;
     SongReader& Reader;
     SongWriter& Writer;
+    Files& Disk;
     MessageBoxes& Boxes;
     /// Whether the song differs from what was last saved or loaded, as whoever keeps account of that says.
     const Watched<bool>& Modified;
@@ -35,12 +37,14 @@ class SongDocument {
   public:
     explicit SongDocument(SongDocumentParts parts);
 
-    /// The file that the song was saved in or loaded from. Empty while there is none, and when loading has
-    /// left out or altered something: saving then asks for a name, so that the file isn't replaced unasked.
+    /// The file that the song was saved in or loaded from, by its full name. Empty while there is none, and
+    /// when loading has left out or altered something: saving then asks for a name, so that the file isn't
+    /// replaced unasked.
     const Watched<std::string>& FileName() const { return fileName_; }
     const Watched<bool>& Modified() const { return p_.Modified; }
 
     /// An empty song without a name, in the tempo and the other timing settings that the program starts with.
+    /// Music that plays is stopped, as it is by loading.
     /// Asks first what is to become of unsaved changes; returns false, with nothing changed, when the user
     /// wants to keep the song after all.
     bool New();

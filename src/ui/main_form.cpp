@@ -145,7 +145,8 @@ void MainForm::ShowTitle() {
     QString title = title_;
     const QString file = QFile::decodeName(parts_.Document.FileName().Get().c_str());
     if (!file.isEmpty())
-        title += " - " + QFileInfo(file).fileName() + (parts_.Document.Modified() ? " *" : "");
+        title += " - " + QFileInfo(file).fileName().replace("[*]", "[*][*]") +
+                 (parts_.Document.Modified() ? " *" : "");
     setWindowTitle(title);
 }
 
@@ -177,7 +178,9 @@ void MainForm::dropEvent(QDropEvent* event) {
     const std::string file = DraggedFile(*event);
     if (file.empty())
         return;
-    event->acceptProposedAction();
+    // The file stays where it is, whatever the other program proposes.
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
     QMetaObject::invokeMethod(
         this, [this, file] { LoadDropped(file); }, Qt::QueuedConnection);
 }

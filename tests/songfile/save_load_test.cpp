@@ -67,6 +67,17 @@ TEST(SaveLoad, LoadsAndThenCloses) {
     EXPECT_EQ(p.Rows(), "Quarter|C4||\n");
 }
 
+TEST(SaveLoad, AsksBeforeALoadReplacesUnsavedWork) {
+    Choosing p;
+    p.App.List.Append("Half", "D4", "", "");
+    p.Boxes.AnswerNext(BoxAnswer::Cancel);
+    p.Window.LoadButton_Click();
+    EXPECT_EQ(p.Boxes.Shown().size(), 1U);
+    EXPECT_EQ(p.Timeline.Text().find("file dialog"), std::string::npos);
+    EXPECT_EQ(p.Rows(), "Half|D4||\n");
+    EXPECT_NE(p.Timeline.Text().find(Closed), std::string::npos);
+}
+
 TEST(SaveLoad, ClosesWhenTheFileDialogIsCancelled) {
     Choosing p;
     p.Picker.AnswerNext("");

@@ -43,6 +43,8 @@ TEST(SongDocument, IsModifiedByLinesAndBySettingsThatAreHeardButNotBySelecting) 
         [](Documented& p) { p.App.Fields.TimeSigSlider = 3; },
         [](Documented& p) { p.App.Fields.NoteSilenceRatioSlider = 50; },
         [](Documented& p) { p.App.Fields.AlternateTimeText = "33"; },
+        [](Documented& p) { p.App.Fields.PlayNote1Check = false; },
+        [](Documented& p) { p.App.Fields.PlayNote2Check = false; },
     };
     for (std::size_t i = 0; i < changes.size(); ++i) {
         Documented p;
@@ -53,6 +55,37 @@ TEST(SongDocument, IsModifiedByLinesAndBySettingsThatAreHeardButNotBySelecting) 
         EXPECT_FALSE(p.Modified());
         changes[i](p);
         EXPECT_TRUE(p.Modified()) << i;
+    }
+}
+
+TEST(SongDocument, HasItsFullNameSoThatARecoveredCopyIsSavedWhereItWas) {
+    Documented p;
+    p.Disk.CurrentFolder = "/home/me/";
+    p.Disk.Put("song.QVX", Header);
+    p.Document.LoadFile("song.QVX");
+    EXPECT_EQ(p.Name(), "/home/me/song.QVX");
+    p.Picker.AnswerNext("other.QVX");
+    p.Document.SaveAs();
+    EXPECT_EQ(p.Name(), "/home/me/other.QVX");
+}
+
+TEST(SongDocument, StopsTheMusicWhenAnotherSongComes) {
+    for (const bool load : {true, false}) {
+        Documented p;
+        p.PutSong("Quarter C4 -\r\n");
+        p.Document.LoadFile(Song);
+        p.Disk.Put(Other, Header + "MUSICLISTSTART\r\nQuarter D4 -\r\nQuarter E4 -\r\n");
+        p.Time.At(100, [&] {
+            if (load)
+                p.Document.LoadFile(Other);
+            else
+                p.Document.New();
+        });
+        p.App.Playback.PlayAllButton_Click();
+        EXPECT_FALSE(p.App.Fields.MusicIsPlaying);
+        EXPECT_TRUE(p.Boxes.Shown().empty());
+        EXPECT_LT(p.Time.Now(), SimulatedTime::CountsPerSecond);
+        EXPECT_EQ(p.App.List.Count(), load ? 2 : 0);
     }
 }
 

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <dirent.h>
 #include <fcntl.h>
+#include <filesystem>
 #include <unistd.h>
 
 #include "platform/linux/file_descriptor.h"
@@ -120,6 +121,12 @@ std::vector<std::string> PosixFiles::NormalFiles(const std::string& pattern) {
         Matching(pattern.substr(0, nameStart), pattern.substr(nameStart), SIZE_MAX);
     std::sort(names.begin(), names.end());
     return names;
+}
+
+std::string PosixFiles::FullName(const std::string& name) {
+    std::error_code error;
+    const std::filesystem::path full = std::filesystem::absolute(name, error);
+    return error || name.empty() ? name : full.lexically_normal().string();
 }
 
 std::error_code PosixFiles::Delete(const std::string& name) {

@@ -15,6 +15,7 @@ class PosixFiles : public Files {
   public:
     /// Hidden files are those whose name begins with a dot.
     bool FindsNormalFile(const std::string& pattern) override;
+    std::string FullName(const std::string& name) override;
     std::uint64_t Length(const std::string& name, std::error_code& error) override;
     std::error_code WriteAt(const std::string& name, std::uint64_t offset, std::string_view bytes) override;
     std::error_code Append(const std::string& name, std::string_view bytes) override;

@@ -40,11 +40,15 @@ std::unique_ptr<QApplication> MakeApplication(int& argc, char** argv) {
 struct QtApplication::Parts {
     std::unique_ptr<QApplication> Application;
     std::vector<std::unique_ptr<QSocketNotifier>> Notifiers;
+    std::vector<std::string> Arguments;
 };
 
 QtApplication::QtApplication(int& argc, char** argv, const std::string& name, const std::string& version)
     : parts_(std::make_unique<Parts>()) {
     parts_->Application = MakeApplication(argc, argv);
+    // As the system gave them, as a file's name need not be text; the toolkit has taken its own out.
+    if (argc > 0)
+        parts_->Arguments.assign(argv + 1, argv + argc);
     QApplication::setApplicationName(QString::fromStdString(name));
     QApplication::setApplicationVersion(QString::fromStdString(version));
     QApplication::setDesktopFileName("quavix");
@@ -55,10 +59,7 @@ QtApplication::~QtApplication() {
 }
 
 std::vector<std::string> QtApplication::Arguments() const {
-    std::vector<std::string> arguments;
-    for (const QString& argument : QApplication::arguments().mid(1))
-        arguments.push_back(QFile::encodeName(argument).toStdString());
-    return arguments;
+    return parts_->Arguments;
 }
 
 std::string QtApplication::ProgramFolder() const {

@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "platform/qt/qt_file_picker.h"
 
+#include <algorithm>
+
 #include <QApplication>
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QMessageBox>
 #include <QRegularExpression>
 
 namespace quavix {
@@ -25,20 +28,44 @@ QString Patterns(const QString& patterns) {
     return all.join(' ');
 }
 
+/// Tells the user where there is no such folder.
+bool PathExists(const QString& name, QFileDialog& window) {
+    const QString folder = QFileInfo(name).absolutePath();
+    if (QFileInfo(folder).isDir())
+        return true;
+    QMessageBox::warning(&window, window.windowTitle(),
+                         QString("%1\nThis folder doesn't exist. Please choose another one.").arg(folder));
+    return false;
+}
+
+/// The chosen filter with its patterns, which the dialog leaves out where it hides them.
+QString WholeFilter(const QFileDialog& window) {
+    const QStringList filters = window.nameFilters();
+    const auto chosen = std::find_if(filters.begin(), filters.end(), [&](const QString& filter) {
+        return filter.startsWith(window.selectedNameFilter());
+    });
+    return chosen == filters.end() ? QString() : *chosen;
+}
+
 std::string Ask(QFileDialog::AcceptMode mode, const FileDialog& dialog, QString& folder) {
     QFileDialog window(QApplication::activeWindow(), QString::fromStdString(dialog.Title));
     window.setAcceptMode(mode);
     window.setFileMode(dialog.FileMustExist ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
     window.setOption(QFileDialog::DontConfirmOverwrite);
+    // The name says which files are meant; that names in small letters are meant too is no news to anybody.
+    window.setOption(QFileDialog::HideNameFilterDetails);
     window.setNameFilters(NameFilters(dialog.Filter));
     if (!folder.isEmpty())
         window.setDirectory(folder);
-    if (window.exec() != QDialog::Accepted || window.selectedFiles().isEmpty())
-        return {};
-    QString name = window.selectedFiles().first();
+    QString name;
+    do {
+        if (window.exec() != QDialog::Accepted || window.selectedFiles().isEmpty())
+            return {};
+        name = window.selectedFiles().first();
+    } while (dialog.PathMustExist && !PathExists(name, window));
     folder = QFileInfo(name).absolutePath();
     if (mode == QFileDialog::AcceptSave)
-        name = WithExtension(name, window.selectedNameFilter());
+        name = WithExtension(name, WholeFilter(window));
     return QFile::encodeName(name).toStdString();
 }
 
@@ -48,18 +75,14 @@ QStringList NameFilters(const std::string& filter) {
     QStringList filters;
     const QStringList parts = QString::fromStdString(filter).split('|');
     for (qsizetype i = 0; i + 1 < parts.size(); i += 2) {
-        const QString shownPattern = "(" + parts[i + 1] + ")";
-        QString name = parts[i];
-        if (name.endsWith(shownPattern))
-            name.chop(shownPattern.size());
-        filters += name.trimmed() + " (" + Patterns(parts[i + 1]) + ")";
+        filters += parts[i] + " (" + Patterns(parts[i + 1]) + ")";
     }
     return filters;
 }
 
 QString WithExtension(const QString& name, const QString& nameFilter) {
     static const QRegularExpression ownKind(R"(\(\*(\.[^*?\[ )]+))");
-    static const QRegularExpression extension(R"(\.[^./ ]+$)");
+    static const QRegularExpression extension(R"(\.[^./ ]*[A-Za-z][^./ ]*$)");
     const QRegularExpressionMatch kind = ownKind.match(nameFilter);
     if (!kind.hasMatch() || extension.match(name).hasMatch())
         return name;

@@ -10,7 +10,7 @@ namespace {
 
 TEST(NameFilters, TakePairsOfNamesAndPatterns) {
     EXPECT_EQ(NameFilters("This program's file type (*.QVX)|*.QVX|All files (*.*)|*.*"),
-              (QStringList{"This program's file type (*.QVX *.qvx)", "All files (*)"}));
+              (QStringList{"This program's file type (*.QVX) (*.QVX *.qvx)", "All files (*.*) (*)"}));
     EXPECT_EQ(NameFilters("MIDI|*.mid;*.midi"), (QStringList{"MIDI (*.mid *.midi)"}));
 }
 
@@ -25,6 +25,7 @@ TEST(WithExtension, IsAddedToANameWithoutOneWhereTheFilterStandsForOneKind) {
     EXPECT_EQ(WithExtension("/home/me.d/song", own), "/home/me.d/song.QVX");
     EXPECT_EQ(WithExtension("/home/me/No. 5", own), "/home/me/No. 5.QVX");
     EXPECT_EQ(WithExtension("song.", own), "song.QVX");
+    EXPECT_EQ(WithExtension("two words v1.2", own), "two words v1.2.QVX");
 }
 
 TEST(WithExtension, LeavesWhatTheUserSaidAlone) {
@@ -59,6 +60,44 @@ TEST(QtFilePicker, RemembersTheFolder) {
     EXPECT_EQ(picker.AskForSaveName({.Title = "Save", .Filter = "All files|*.*"}),
               folder.filePath("other").toStdString());
     EXPECT_EQ(shown, folder.path());
+}
+
+TEST(QtFilePicker, ShowsTheFiltersNamesAsTheyAre) {
+    QtFilePicker picker;
+    QStringList shown;
+    QTimer::singleShot(0, [&shown] {
+        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        const auto* types = dialog->findChild<QComboBox*>("fileTypeCombo");
+        for (int i = 0; i < types->count(); ++i)
+            shown += types->itemText(i).trimmed();
+        dialog->reject();
+    });
+    picker.AskForOpenName(
+        {.Title = "Open", .Filter = "This program's file type (*.QVX)|*.QVX|All files (*.*)|*.*"});
+    EXPECT_EQ(shown, (QStringList{"This program's file type (*.QVX)", "All files (*.*)"}));
+}
+
+TEST(QtFilePicker, AsksAgainWhereTheFolderDoesNotExist) {
+    const QTemporaryDir folder;
+    QtFilePicker picker;
+    QString said;
+    QTimer::singleShot(0, [&] {
+        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        dialog->findChild<QLineEdit*>("fileNameEdit")->setText(folder.filePath("none/song"));
+        QTimer::singleShot(0, [&] {
+            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            ASSERT_NE(box, nullptr);
+            said = box->text();
+            QTimer::singleShot(
+                0, [] { qobject_cast<QFileDialog*>(QApplication::activeModalWidget())->reject(); });
+            box->accept();
+        });
+        static_cast<QDialog*>(dialog)->accept();
+    });
+    EXPECT_EQ(picker.AskForSaveName({.Title = "Save", .Filter = "Songs|*.QVX", .PathMustExist = true}), "");
+    EXPECT_TRUE(said.startsWith(folder.filePath("none"))) << qPrintable(said);
 }
 
 }  // namespace
