@@ -18,10 +18,28 @@ constexpr std::array<const char*, 3> GroupLogNames = {" (orange region)", " (blu
 }  // namespace
 
 void PianoKeys::PianoKey_Click(std::int32_t index) {
+    clicks_.push_back({index, fields_.KeyboardOctave});
+    if (clicks_.size() > 1)
+        return;
+    std::exception_ptr error;
+    for (; !clicks_.empty(); clicks_.pop_front()) {
+        const KeyClick click = clicks_.front();
+        try {
+            Handle(click);
+        } catch (...) {
+            if (!error)
+                error = std::current_exception();
+        }
+    }
+    if (error)
+        std::rethrow_exception(error);
+}
+
+void PianoKeys::Handle(const KeyClick& click) {
     constexpr const char* End = "PianoKey clicked - END";
     log_.LogIndentInc("PianoKey clicked - START");
     try {
-        Click(index);
+        SoundAndEnter(click);
     } catch (const std::exception&) {
         log_.LogIndentDec(End);
         throw;
@@ -29,11 +47,11 @@ void PianoKeys::PianoKey_Click(std::int32_t index) {
     log_.LogIndentDec(End);
 }
 
-void PianoKeys::Click(std::int32_t index) {
+void PianoKeys::SoundAndEnter(const KeyClick& click) {
     constexpr double DurationMs = 50;
-    const PianoKeyPlace place = PlaceOfKey(index);
-    log_.Text("Index is {}{}", index, GroupLogNames[static_cast<std::size_t>(place.Group)]);
-    const std::int32_t octave = ToByte(std::int32_t{fields_.KeyboardOctave} + place.OctaveOffset);
+    const PianoKeyPlace place = PlaceOfKey(click.Index);
+    log_.Text("Index is {}{}", click.Index, GroupLogNames[static_cast<std::size_t>(place.Group)]);
+    const std::int32_t octave = ToByte(std::int32_t{click.KeyboardOctave} + place.OctaveOffset);
     log_.Text("Index:{}, CurrentOctave:{}", place.NoteNum, octave);
     if (fields_.NoteClickPlayCheck) {
         std::string note = NoteNumToNoteString(place.NoteNum, octave, true, fields_.MotorOct);

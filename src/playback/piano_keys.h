@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <deque>
 
 #include "music/main_fields.h"
 #include "music/note_entry.h"
@@ -23,9 +24,11 @@ class PianoKeys {
               DebugLog& log)
         : fields_(fields), entry_(entry), tones_(tones), position_(position), log_(log) {}
 
-    /// Sounds the key's note and enters it into the list, as far as the options want either. Raises Overflow
-    /// where the key's octave is below 0 or above 255, before anything sounds; SubscriptOutOfRange for an
-    /// index that is no key.
+    /// Sounds the key's note and enters it into the list, as far as the options want either. A click in the
+    /// middle of another one's tone returns at once and is handled after it, as the key that it was when it
+    /// was clicked: notes are entered in the order of the clicks on every output. Raises Overflow where the
+    /// key's octave is below 0 or above 255, before anything sounds; SubscriptOutOfRange for an index that is
+    /// no key. Clicks that have waited are handled in spite of an error, of which the first is raised.
     void PianoKey_Click(std::int32_t index);
 
     /// The octave keys: Ctrl with the up or the down arrow moves KeyboardOctave within 2 to 9. Any other key
@@ -36,13 +39,21 @@ class PianoKeys {
     bool IsSounding(std::int32_t index) const;
 
   private:
-    void Click(std::int32_t index);
+    struct KeyClick {
+        std::int32_t Index;
+        std::uint8_t KeyboardOctave;
+    };
+
+    void Handle(const KeyClick& click);
+    void SoundAndEnter(const KeyClick& click);
 
     MainFields& fields_;
     NoteEntry& entry_;
     ToneDispatcher& tones_;
     PositionDisplay& position_;
     DebugLog& log_;
+    /// The first one is being handled.
+    std::deque<KeyClick> clicks_;
 };
 
 }  // namespace quavix

@@ -255,5 +255,38 @@ TEST_F(PianoKeysTest, AKeyIsSpokenWithItsNote) {
     EXPECT_EQ(SpokenKeyName(24, 4), "C 5");
 }
 
+TEST_F(PianoKeysTest, QuickClicksAreEnteredInTheirOrderWhenTheSpeakerIsMuted) {
+    App.Fields.MutePCSpeaker = true;
+    App.Log.Enable();
+    Time.At(10, [this] { App.Keys.PianoKey_Click(14); });
+    Time.At(20, [this] { App.Keys.PianoKey_Click(16); });
+    Time.At(70, [this] { App.Keys.PianoKey_Click(17); });
+    App.Keys.PianoKey_Click(12);
+    EXPECT_EQ(SongText(), "1/8 C4 - -\n1/8 D4 - -\n1/8 E4 - -\n1/8 F4 - -\n");
+    EXPECT_EQ(Time.Now(), 200 * SimulatedTime::CountsPerMs) << "one tone after the other";
+    EXPECT_EQ(LogText().find("        PianoKey clicked"), std::string::npos) << "none inside another";
+    EXPECT_EQ(App.Log.LogIndent(), 0);
+}
+
+TEST_F(PianoKeysTest, AWaitingClickIsTheKeyThatWasClicked) {
+    App.Fields.MutePCSpeaker = true;
+    Time.At(10, [this] { App.Keys.PianoKey_Click(12); });
+    Time.At(20, [this] { App.Keys.PianoKey_KeyDown(12, PianoKeys::UpArrow, PianoKeys::CtrlOnly); });
+    Time.At(30, [this] { App.Keys.PianoKey_Click(12); });
+    App.Keys.PianoKey_Click(12);
+    EXPECT_EQ(SongText(), "1/8 C4 - -\n1/8 C4 - -\n1/8 C5 - -\n");
+}
+
+TEST_F(PianoKeysTest, AnErrorOfOneClickKeepsTheOthersFromNothing) {
+    App.Fields.MutePCSpeaker = true;
+    App.Fields.KeyboardOctave = 0;
+    Time.At(10, [this] { App.Keys.PianoKey_Click(0); });  // an octave below 0
+    Time.At(20, [this] { App.Keys.PianoKey_Click(14); });
+    EXPECT_THROW(App.Keys.PianoKey_Click(12), RuntimeError);
+    EXPECT_EQ(SongText(), "1/8 C0 - -\n1/8 D0 - -\n");
+    App.Keys.PianoKey_Click(16);
+    EXPECT_EQ(App.List.Count(), 3);
+}
+
 }  // namespace
 }  // namespace quavix::test
