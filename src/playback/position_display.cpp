@@ -15,6 +15,7 @@ PositionDisplay::PositionDisplay(MainFields& fields, MusicList& list, MessageBox
 void PositionDisplay::ShowEmpty() {
     fields_.lblPlayBar = "001";
     fields_.lblPlayPos = "001";
+    fields_.lblPlayPosBackColor = colour::DarkGreen;
 }
 
 void PositionDisplay::WorkOutPlayPos(std::int32_t currentLine, double& position) {

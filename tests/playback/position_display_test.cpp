@@ -171,6 +171,16 @@ TEST_F(PositionTest, KeptSumsEqualAPlainSumWhateverIsEditedBetween) {
     }
 }
 
+TEST_F(PositionTest, AnErrorsRedGoesWithTheLastLine) {
+    P.SetSong({"Whole - - Tri"});
+    P.App.Position.ShowSelectedLine();
+    ASSERT_EQ(Fields.lblPlayPosBackColor, colour::Red);
+    P.App.List.Select(1);
+    P.App.Lines.EraseLines();
+    EXPECT_EQ(Fields.lblPlayPos.Get(), "001");
+    EXPECT_EQ(Fields.lblPlayPosBackColor, colour::DarkGreen);
+}
+
 TEST_F(PositionTest, WhileEditingTheSelectedLineOrTheEndOfTheSongIsShown) {
     P.SetSong({"Whole - - -", "Half - - -", "Quarter - - -"});
     P.App.List.Select(3);
