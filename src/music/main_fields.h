@@ -58,6 +58,7 @@ struct MainFields {
 
     // Controls that hold them.
     Watched<std::string> KeyboardOctaveText{std::to_string(parameter::KeyboardOctave.Default)};
+    Watched<std::int32_t> KeyboardOctaveTextBackColor{colour::WindowBackground};
     Watched<std::string> BPMText{std::to_string(parameter::Bpm.Default)};
     Watched<std::int32_t> BPMTextBackColor{colour::WindowBackground};
     Watched<std::string> AlternateTimeText{std::to_string(parameter::AlternateTime.Default)};

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "music/numeric_fields.h"
 
+#include <limits>
+
 #include "shell/numbers.h"
 
 namespace quavix {
@@ -25,6 +27,10 @@ void ReadField(Watched<std::string>& field, Watched<std::int32_t>& backColor, co
     }
     backColor = colour::WindowBackground;
     take(value);
+}
+
+bool FitsByte(double value) {
+    return RoundHalfEven(value) <= std::numeric_limits<std::uint8_t>::max();
 }
 
 }  // namespace
@@ -67,6 +73,11 @@ void NumericFields::KeyboardOctaveText_Change() {
         fields_.KeyboardOctaveText = std::to_string(parameter::KeyboardOctave.Lowest);
         return;
     }
+    if (!FitsByte(Val(text))) {
+        fields_.KeyboardOctaveTextBackColor = colour::Orange;
+        return;
+    }
+    fields_.KeyboardOctaveTextBackColor = colour::WindowBackground;
     fields_.KeyboardOctave = ToByte(Val(text));
 }
 

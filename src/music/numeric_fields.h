@@ -19,7 +19,8 @@ class NumericFields {
     void AlternateTimeText_Change();
     /// The arrows beside the tempo: one step up (1) or down (-1), to the end of the range at most.
     void BPMUpDown_Change(std::int32_t direction);
-    /// A number below the range becomes its lowest; above 255 raises Overflow.
+    /// A number below the range becomes its lowest, the others are taken. Only what is no octave at all,
+    /// above 255, turns the field orange and is ignored.
     void KeyboardOctaveText_Change();
     /// Writes the three octave captions; done after every change of KeyboardOctave.
     void ShowOctaves();

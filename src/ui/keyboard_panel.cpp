@@ -49,7 +49,8 @@ KeyboardPanel::KeyboardPanel(const WindowParts& parts, QWidget* parent)
     }
 
     MainFields& fields = parts_.Fields;
-    BindText(ui_->KeyboardOctaveText, fields.KeyboardOctaveText, parts_.Handlers);
+    BindText(ui_->KeyboardOctaveText, fields.KeyboardOctaveText, fields.KeyboardOctaveTextBackColor,
+             parts_.Handlers);
     connect(ui_->KeyboardOctaveUpDown, &UpDown::Stepped, this,
             [this](int direction) { StepOctave(ui_->PianoKey->CurrentKey(), direction); });
     ShowIn(this, fields.KeyboardOctave, [this](std::uint8_t octave) {

@@ -4,7 +4,6 @@
 
 #include "music/mod_buttons.h"
 #include "music/numeric_fields.h"
-#include "shell/runtime_error.h"
 #include "simulation/simulated_files.h"
 #include "simulation/simulated_time.h"
 
@@ -84,8 +83,24 @@ TEST_F(ControlsTest, TheKeyboardOctaveHasALowestValueButNoHighest) {
     EXPECT_EQ(Fields.KeyboardOctaveText.Get(), "12");
     Fields.KeyboardOctaveText = "";
     EXPECT_EQ(Fields.KeyboardOctave, 12);
-    EXPECT_THROW(Fields.KeyboardOctaveText = "300", RuntimeError);
-    EXPECT_EQ(Fields.KeyboardOctave, 12);
+}
+
+TEST_F(ControlsTest, TypingWhatIsNoOctaveAtAllRaisesNoErrorButMarksTheField) {
+    for (const char* text : {"300", "255.6", "1e300"}) {
+        EXPECT_NO_THROW(Fields.KeyboardOctaveText = text);
+        EXPECT_EQ(Fields.KeyboardOctave, 4) << text;
+        EXPECT_EQ(Fields.KeyboardOctaveText.Get(), text);
+        EXPECT_EQ(Fields.KeyboardOctaveTextBackColor, 33023) << text;
+        EXPECT_EQ(Fields.OctLabel[1].Get(), "4");
+    }
+    Fields.KeyboardOctaveText = "30x";
+    EXPECT_EQ(Fields.KeyboardOctaveText.Get(), "4");
+    EXPECT_EQ(Fields.KeyboardOctaveTextBackColor, colour::WindowBackground);
+    Fields.KeyboardOctaveText = "300";
+    Fields.KeyboardOctaveText = "1";
+    EXPECT_EQ(Fields.KeyboardOctaveTextBackColor, colour::WindowBackground);
+    Fields.KeyboardOctaveText = "255";
+    EXPECT_EQ(Fields.KeyboardOctave, 255);
 }
 
 TEST_F(ControlsTest, TheRatioLabelHasAtLeastTwoDigits) {
