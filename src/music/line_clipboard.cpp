@@ -3,6 +3,7 @@
 
 #include <numeric>
 #include <string>
+#include <utility>
 
 #include "music/selection.h"
 
@@ -15,6 +16,21 @@ std::string GestureName(const char* verb, std::size_t lines) {
 }
 
 }  // namespace
+
+LineClipboard::LineClipboard(MainFields& fields, MusicList& list, Clipboard& clipboard, EditHistory& history,
+                             std::function<void()> showPosition)
+    : fields_(fields),
+      list_(list),
+      clipboard_(clipboard),
+      history_(history),
+      showPosition_(std::move(showPosition)) {
+    list_.AddObserver(*this);
+    SelectionChanged();
+}
+
+LineClipboard::~LineClipboard() {
+    list_.RemoveObserver(*this);
+}
 
 void LineClipboard::CopyLines() {
     const std::vector<std::int32_t> rows = list_.SelectedRows();
@@ -71,14 +87,12 @@ void LineClipboard::DuplicateLines() {
 }
 
 void LineClipboard::Remove(const std::vector<std::int32_t>& rows) {
-    if (rows.size() == 1)
-        list_.Remove(rows.front());
-    else
-        list_.RemoveRows(rows);
-    const std::int32_t next = rows.back() + 1 - static_cast<std::int32_t>(rows.size());
-    if (DoesIndexExist(list_, next))
-        list_.Select(next);
+    RemoveAndSelectNext(list_, rows);
     showPosition_();
+}
+
+void LineClipboard::SelectionChanged() {
+    fields_.LinesSelected = list_.SelectedCount() > 0;
 }
 
 void LineClipboard::InsertBlock(std::int32_t row, const std::vector<MusicLine>& lines) {

@@ -3,11 +3,11 @@
 
 #include <cstddef>
 #include <functional>
-#include <utility>
 #include <vector>
 
 #include "music/edit_history.h"
 #include "music/line_text.h"
+#include "music/main_fields.h"
 #include "music/music_list.h"
 #include "ports/clipboard.h"
 
@@ -15,12 +15,15 @@ namespace quavix {
 
 /// The commands for one or several selected lines; with none, they do nothing (pasting appends). The
 /// clipboard holds lines as song text, so that they go between copies of the program and into an editor.
-class LineClipboard {
+/// Keeps the field LinesSelected. The fields and the list must outlive it.
+class LineClipboard : private MusicListObserver {
   public:
     /// `showPosition` brings the position display up to date with the selection; called after each change.
-    LineClipboard(MusicList& list, Clipboard& clipboard, EditHistory& history,
-                  std::function<void()> showPosition)
-        : list_(list), clipboard_(clipboard), history_(history), showPosition_(std::move(showPosition)) {}
+    LineClipboard(MainFields& fields, MusicList& list, Clipboard& clipboard, EditHistory& history,
+                  std::function<void()> showPosition);
+    ~LineClipboard() override;
+    LineClipboard(const LineClipboard&) = delete;
+    LineClipboard& operator=(const LineClipboard&) = delete;
 
     struct PasteResult {
         std::size_t Pasted = 0;
@@ -39,9 +42,12 @@ class LineClipboard {
     void EraseLines();
 
   private:
+    void SelectionChanged() override;
+    void Reset() override { SelectionChanged(); }
     void Remove(const std::vector<std::int32_t>& rows);
     void InsertBlock(std::int32_t row, const std::vector<MusicLine>& lines);
 
+    MainFields& fields_;
     MusicList& list_;
     Clipboard& clipboard_;
     EditHistory& history_;

@@ -7,9 +7,14 @@
 
 namespace quavix {
 
-ListEditing::ListEditing(MainFields& fields, MusicList& list, NoteEntry& entry, EditHistory& history,
-                         std::function<void()> showPosition)
-    : fields_(fields), list_(list), entry_(entry), history_(history), showPosition_(std::move(showPosition)) {
+ListEditing::ListEditing(MainFields& fields, MusicList& list, NoteEntry& entry, ModButtons& mods,
+                         EditHistory& history, std::function<void()> showPosition)
+    : fields_(fields),
+      list_(list),
+      entry_(entry),
+      mods_(mods),
+      history_(history),
+      showPosition_(std::move(showPosition)) {
     fields_.NoteClickAddCheck.Watch([this](bool) { NoteClickAddCheck_Click(); });
     fields_.NoteReplaceCheck.Watch([this](bool) { NoteReplaceCheck_Click(); });
     // Option buttons of one group: selecting one clears the other.
@@ -33,30 +38,39 @@ void ListEditing::ClearNote2Button_Click() {
 }
 
 void ListEditing::ClearNote(Cell note, const char* gesture) {
-    if (!HasRealSelection(list_))
-        return;
     const EditGesture clearing(history_, gesture);
-    list_.SetText(GetSelectedIndex(list_), note, "");
+    SetSelectedLines(list_, note, "");
 }
 
 void ListEditing::Command1_Click() {
-    if (!HasRealSelection(list_))
+    const std::vector<std::int32_t> rows = ReallySelectedRows(list_);
+    if (rows.empty())
         return;
-    const EditGesture gesture(history_, "Erase line");
-    const std::int32_t row = GetSelectedIndex(list_);
-    list_.Remove(row);
-    if (DoesIndexExist(list_, row))
-        list_.Select(row);
+    const EditGesture gesture(history_, rows.size() == 1 ? "Erase line" : "Erase lines");
+    RemoveAndSelectNext(list_, rows);
+    ShowPositionUnlessPlaying();
 }
 
 void ListEditing::SilentLineButton_Click() {
     entry_.AddNote(-1, 0, fields_.NoteLengthCombo);
+    ShowPositionUnlessPlaying();
 }
 
 void ListEditing::UnselectButton_Click() {
     if (HasRealSelection(list_))
-        list_.Unselect(GetSelectedIndex(list_));
+        list_.UnselectAll();
     showPosition_();
+}
+
+void ListEditing::MainList_SelectionMoved() {
+    mods_.UpdateModButtons();
+    ShowPositionUnlessPlaying();
+}
+
+/// The labels belong to the music while it plays.
+void ListEditing::ShowPositionUnlessPlaying() {
+    if (!fields_.MusicIsPlaying)
+        showPosition_();
 }
 
 void ListEditing::NoteClickAddCheck_Click() {

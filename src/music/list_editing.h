@@ -5,18 +5,20 @@
 
 #include "music/edit_history.h"
 #include "music/main_fields.h"
+#include "music/mod_buttons.h"
 #include "music/music_list.h"
 #include "music/note_entry.h"
 
 namespace quavix {
 
-/// The commands that change the selected line, and which options of note entry are available. The commands do
-/// nothing without a really selected line, except the blank line. Watches the options for as long as the
-/// fields live, and must live as long.
+/// The commands that change the selected line, and which options of note entry are available. Where several
+/// lines are selected, clearing and erasing mean all of them. The commands do nothing without a really
+/// selected line, except the blank line. Watches the options for as long as the fields live, and must live as
+/// long.
 class ListEditing {
   public:
     /// `showPosition` brings the position display up to date with the selection.
-    ListEditing(MainFields& fields, MusicList& list, NoteEntry& entry, EditHistory& history,
+    ListEditing(MainFields& fields, MusicList& list, NoteEntry& entry, ModButtons& mods, EditHistory& history,
                 std::function<void()> showPosition);
     ListEditing(const ListEditing&) = delete;
     ListEditing& operator=(const ListEditing&) = delete;
@@ -29,6 +31,9 @@ class ListEditing {
     /// "Blank line": enters a line without a note, see NoteEntry.
     void SilentLineButton_Click();
     void UnselectButton_Click();
+    /// The user has selected another line, or several or none, without playing one: the Dotted and Triplet
+    /// boxes and the position go with it.
+    void MainList_SelectionMoved();
 
     /// Which options of note entry are enabled.
     void NoteClickAddCheck_Click();
@@ -36,10 +41,12 @@ class ListEditing {
 
   private:
     void ClearNote(Cell note, const char* gesture);
+    void ShowPositionUnlessPlaying();
 
     MainFields& fields_;
     MusicList& list_;
     NoteEntry& entry_;
+    ModButtons& mods_;
     EditHistory& history_;
     std::function<void()> showPosition_;
 };

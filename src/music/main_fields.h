@@ -94,6 +94,9 @@ struct MainFields {
     /// The song is not as it was last saved or loaded.
     Watched<bool> Modified;
 
+    /// Some line is selected, so that the commands for selected lines do something.
+    Watched<bool> LinesSelected;
+
     // Which notes to play.
     Watched<bool> ClickPlayNote1Check{true};
     Watched<bool> ClickPlayNote2Check{true};

@@ -217,6 +217,11 @@ void MusicList::Unselect(std::int32_t row) {
     Notify(&MusicListObserver::SelectionChanged);
 }
 
+void MusicList::UnselectAll() {
+    if (ClearFlags())
+        Notify(&MusicListObserver::SelectionChanged);
+}
+
 void MusicList::SetSelection(std::int32_t selectedItem, const std::vector<std::int32_t>& rows) {
     if (selectedItem != -1)
         At(selectedItem);

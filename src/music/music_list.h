@@ -101,6 +101,8 @@ class MusicList {
     void Select(std::int32_t row);
     /// Clears a row's flag; it stays the selected item where it is that.
     void Unselect(std::int32_t row);
+    /// Clears all flags; the selected item stays.
+    void UnselectAll();
     /// Takes over which rows have their flags set and which is the selected item (-1: none), as a view with
     /// several selected rows knows them. `rows` may stand in any order.
     void SetSelection(std::int32_t selectedItem, const std::vector<std::int32_t>& rows);

@@ -101,10 +101,13 @@ void NoteEntry::WriteLength(std::int32_t row, const std::string& length) {
 }
 
 void NoteEntry::MoveSelection(std::int32_t insertPoint) {
-    if (insertPoint < list_.Count())
+    list_.EnsureVisible(insertPoint);
+    if (insertPoint < list_.Count()) {
         list_.Select(insertPoint + 1);
-    else if (GetSelectedIndex(list_) != -1)
-        list_.Unselect(GetSelectedIndex(list_));
+        list_.EnsureVisible(insertPoint + 1);
+    } else {
+        list_.UnselectAll();
+    }
 }
 
 const char* NoteEntry::Mod() const {

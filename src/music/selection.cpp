@@ -24,9 +24,27 @@ bool SelectedLineModContains(const MusicList& list, std::string_view text) {
            LowerCase(list.Text(selected, Cell::Mod)).find(LowerCase(text)) != std::string::npos;
 }
 
+std::vector<std::int32_t> ReallySelectedRows(const MusicList& list) {
+    return HasRealSelection(list) ? list.SelectedRows() : std::vector<std::int32_t>();
+}
+
+void SetSelectedLines(MusicList& list, Cell cell, std::string_view text) {
+    for (const std::int32_t row : ReallySelectedRows(list))
+        list.SetText(row, cell, text);
+}
+
 void SetSelectedLineMod(MusicList& list, std::string_view text) {
-    if (HasRealSelection(list))
-        list.SetText(GetSelectedIndex(list), Cell::Mod, text);
+    SetSelectedLines(list, Cell::Mod, text);
+}
+
+void RemoveAndSelectNext(MusicList& list, std::span<const std::int32_t> rows) {
+    if (rows.size() == 1)
+        list.Remove(rows.front());
+    else
+        list.RemoveRows(rows);
+    const std::int32_t next = rows.back() + 1 - static_cast<std::int32_t>(rows.size());
+    if (DoesIndexExist(list, next))
+        list.Select(next);
 }
 
 }  // namespace quavix

@@ -2,7 +2,9 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string_view>
+#include <vector>
 
 #include "music/music_list.h"
 
@@ -20,7 +22,17 @@ bool HasRealSelection(const MusicList& list);
 /// Whether the selected item's Mod contains `text`, in any letter case. False without a selected item.
 bool SelectedLineModContains(const MusicList& list, std::string_view text);
 
-/// Writes the Mod of the really selected row; does nothing without one.
+/// The rows that an editing command works on: all with their flag set, or none without a real selection.
+std::vector<std::int32_t> ReallySelectedRows(const MusicList& list);
+
+/// Writes a cell of the really selected rows; does nothing without one.
+void SetSelectedLines(MusicList& list, Cell cell, std::string_view text);
+
+/// The same for the Mod.
 void SetSelectedLineMod(MusicList& list, std::string_view text);
+
+/// Removes rows, of which there must be one and whose numbers must ascend. The row that comes to stand in the
+/// place of the last of them is selected; where there is none, nothing is.
+void RemoveAndSelectNext(MusicList& list, std::span<const std::int32_t> rows);
 
 }  // namespace quavix

@@ -152,5 +152,80 @@ TEST_F(ListEditingTest, ErasingWhileThePlayedLineSoundsGoesOn) {
     EXPECT_EQ(rows, "Whole Half Quarter 1/8 ");
 }
 
+TEST_F(ListEditingTest, WithSeveralLinesSelectedEraseWholeLineErasesAllInOneStep) {
+    App.List.SetSelection(1, {1, 3});
+    App.Editing.Command1_Click();
+    EXPECT_EQ(SongText(), "Half D4 F4 -\n> 1/8 F4 - -\n");
+    EXPECT_EQ(App.Fields.UndoText.Get(), "Undo Erase lines");
+    App.History.Undo();
+    EXPECT_EQ(SongText(), "> Whole C4 E4 Dot\nHalf D4 F4 -\n> Quarter E4 - Tri\n1/8 F4 - -\n");
+    EXPECT_FALSE(App.Fields.CanUndo);
+}
+
+TEST_F(ListEditingTest, WithSeveralLinesSelectedClearingMeansAllInOneStep) {
+    App.List.SetSelection(1, {1, 2});
+    App.Editing.ClearNote1Button_Click();
+    EXPECT_EQ(SongText(), "> Whole - E4 Dot\n> Half - F4 -\nQuarter E4 - Tri\n1/8 F4 - -\n");
+    App.Editing.ClearNote2Button_Click();
+    EXPECT_EQ(SongText(), "> Whole - - Dot\n> Half - - -\nQuarter E4 - Tri\n1/8 F4 - -\n");
+    App.History.Undo();
+    App.History.Undo();
+    EXPECT_EQ(SongText(), "> Whole C4 E4 Dot\n> Half D4 F4 -\nQuarter E4 - Tri\n1/8 F4 - -\n");
+    EXPECT_FALSE(App.Fields.CanUndo);
+}
+
+TEST_F(ListEditingTest, WithSeveralLinesSelectedTheModifierIsGivenToAllInOneStep) {
+    App.List.SetSelection(2, {2, 3});
+    App.Fields.ModDottedCheck = true;
+    EXPECT_EQ(SongText(), "Whole C4 E4 Dot\n> Half D4 F4 Dot\n> Quarter E4 - Dot\n1/8 F4 - -\n");
+    App.Fields.ModTripletCheck = true;
+    EXPECT_EQ(SongText(), "Whole C4 E4 Dot\n> Half D4 F4 Tri\n> Quarter E4 - Tri\n1/8 F4 - -\n");
+    App.History.Undo();
+    App.History.Undo();
+    EXPECT_EQ(SongText(), "Whole C4 E4 Dot\n> Half D4 F4 -\n> Quarter E4 - Tri\n1/8 F4 - -\n");
+    EXPECT_FALSE(App.Fields.CanUndo);
+}
+
+TEST_F(ListEditingTest, WithSeveralLinesSelectedABlankLineComesBeforeTheSelectedItemWhichAloneStaysSelected) {
+    App.List.SetSelection(2, {2, 3});
+    App.Editing.SilentLineButton_Click();
+    EXPECT_EQ(SongText(), "Whole C4 E4 Dot\n1/8 - - -\n> Half D4 F4 -\nQuarter E4 - Tri\n1/8 F4 - -\n");
+}
+
+TEST_F(ListEditingTest, UnselectingClearsEveryHighlight) {
+    App.List.SetSelection(2, {1, 2, 4});
+    App.Editing.UnselectButton_Click();
+    EXPECT_EQ(App.List.SelectedCount(), 0);
+    EXPECT_EQ(App.List.SelectedItem(), 2);
+}
+
+TEST_F(ListEditingTest, ABlankLineAndAnErasedOneMoveThePositionExceptDuringPlayback) {
+    App.List.Select(2);
+    App.Fields.NoteLengthCombo = 0;
+    App.Editing.SilentLineButton_Click();
+    EXPECT_EQ(App.Fields.lblPlayPos.Get(), "01 01/02");
+    EXPECT_EQ(App.Fields.lblPlayBar.Get(), "003") << "a dotted whole note and a whole one before the line";
+    App.List.Select(1);
+    App.Editing.Command1_Click();
+    EXPECT_EQ(App.Fields.lblPlayBar.Get(), "001");
+    App.Fields.MusicIsPlaying = true;
+    App.Editing.SilentLineButton_Click();
+    EXPECT_EQ(App.Fields.lblPlayBar.Get(), "001");
+}
+
+TEST_F(ListEditingTest, TheBoxesAndThePositionGoWithASelectionThatIsMovedWithoutPlaying) {
+    App.List.Select(3);
+    App.Editing.MainList_SelectionMoved();
+    EXPECT_TRUE(App.Fields.ModTripletCheck);
+    EXPECT_EQ(App.Fields.lblPlayBar.Get(), "003");
+    EXPECT_EQ(App.List.Line(3).Mod, "Tri");
+    EXPECT_FALSE(App.Fields.CanUndo);
+    App.List.Select(1);
+    App.Fields.MusicIsPlaying = true;
+    App.Editing.MainList_SelectionMoved();
+    EXPECT_TRUE(App.Fields.ModDottedCheck);
+    EXPECT_EQ(App.Fields.lblPlayBar.Get(), "003") << "the labels belong to the music while it plays";
+}
+
 }  // namespace
 }  // namespace quavix::test

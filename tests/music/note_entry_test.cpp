@@ -188,5 +188,32 @@ TEST_F(NoteEntryTest, TheLogIsTheSameAtAnyDepth) {
     EXPECT_EQ(App.Log.LogIndent(), 1);
 }
 
+/// Notes which rows are to be scrolled into view.
+struct ScrollWatcher : MusicListObserver {
+    explicit ScrollWatcher(MusicList& list) : List(list) { List.AddObserver(*this); }
+    ~ScrollWatcher() override { List.RemoveObserver(*this); }
+    void EnsureVisible(std::int32_t row) override { Rows += std::to_string(row) + " "; }
+    MusicList& List;
+    std::string Rows;
+};
+
+TEST_F(NoteEntryTest, TheNewLineAndTheOneThatIsSelectedNextAreScrolledIntoView) {
+    SetSong({"Whole C4 - -", "Half D4 - -"});
+    ScrollWatcher scrolls(App.List);
+    App.Entry.AddNote(0, 4, 0);
+    EXPECT_EQ(scrolls.Rows, "3 ");
+    App.List.Select(1);
+    App.Entry.AddNote(0, 4, 0);
+    EXPECT_EQ(scrolls.Rows, "3 1 2 ");
+}
+
+TEST_F(NoteEntryTest, ReplacingTheLastOfSeveralSelectedLinesLeavesNoneHighlighted) {
+    SetSong({"Whole C4 - -", "Half D4 - -"});
+    App.Fields.NoteReplaceCheck = true;
+    App.List.SetSelection(2, {1, 2});
+    App.Entry.AddNote(9, 4, 0);
+    EXPECT_EQ(SongText(), "Whole C4 - -\n* Half A4 - -\n");
+}
+
 }  // namespace
 }  // namespace quavix::test
