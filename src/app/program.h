@@ -89,7 +89,7 @@ class Program {
         Writer.OnSaved = [this] { History.MarkSaved(); };
         History.OnRestored = [this](bool onlyMods) {
             if (onlyMods)
-                Mods.FollowSelectedLine();
+                Mods.UpdateModButtons();
             ShowPositionOfEdit();
         };
     }

@@ -4,6 +4,24 @@
 #include "music/selection.h"
 
 namespace quavix {
+namespace {
+
+/// What a box does to the selected lines when it is un-ticked.
+constexpr const char* PlainLength = "Plain length";
+
+/// A flag that is set for as long as this lives.
+class Flagged {
+  public:
+    explicit Flagged(bool& flag) : flag_(flag) { flag_ = true; }
+    ~Flagged() { flag_ = false; }
+    Flagged(const Flagged&) = delete;
+    Flagged& operator=(const Flagged&) = delete;
+
+  private:
+    bool& flag_;
+};
+
+}  // namespace
 
 ModButtons::ModButtons(MainFields& fields, MusicList& list, EditHistory& history, DebugLog& log)
     : fields_(fields), list_(list), history_(history), log_(log) {
@@ -12,20 +30,19 @@ ModButtons::ModButtons(MainFields& fields, MusicList& list, EditHistory& history
 }
 
 void ModButtons::ModDottedCheck_Click() {
-    const EditGesture gesture(history_, "Dotted");
+    const EditGesture gesture(history_, fields_.ModDottedCheck ? "Dotted" : PlainLength);
     Clicked(fields_.ModDottedCheck, fields_.ModTripletCheck, "Dot");
 }
 
 void ModButtons::ModTripletCheck_Click() {
-    const EditGesture gesture(history_, "Triplet");
+    const EditGesture gesture(history_, fields_.ModTripletCheck ? "Triplet" : PlainLength);
     Clicked(fields_.ModTripletCheck, fields_.ModDottedCheck, "Tri");
 }
 
 void ModButtons::Clicked(bool ticked, Watched<bool>& other, const char* mod) {
     if (!clearingOther_) {
-        clearingOther_ = true;
+        const Flagged clearing(clearingOther_);
         other = false;
-        clearingOther_ = false;
     }
     if (!following_)
         SetSelectedLineMod(list_, ticked ? mod : "");
@@ -34,7 +51,7 @@ void ModButtons::Clicked(bool ticked, Watched<bool>& other, const char* mod) {
 void ModButtons::UpdateModButtons() {
     if (!HasRealSelection(list_))
         return;
-    const EditGesture gesture(history_, "Modifier");
+    const Flagged following(following_);
     if (SelectedLineModContains(list_, "dot")) {
         log_.Text("UpdateModButtons() - Dotted");
         fields_.ModDottedCheck = true;
@@ -47,16 +64,6 @@ void ModButtons::UpdateModButtons() {
         fields_.ModDottedCheck = false;
         fields_.ModTripletCheck = false;
     }
-}
-
-void ModButtons::FollowSelectedLine() {
-    struct Following {
-        explicit Following(bool& flag) : Flag(flag) { Flag = true; }
-        ~Following() { Flag = false; }
-        bool& Flag;
-    };
-    const Following following(following_);
-    UpdateModButtons();
 }
 
 }  // namespace quavix

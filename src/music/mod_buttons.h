@@ -8,9 +8,9 @@
 
 namespace quavix {
 
-/// The Dotted and Triplet boxes: at most one is ticked, and they write the selected line's Mod. Without a
-/// selected line they only preset the next note's. Watches the boxes for as long as the fields live, and must
-/// live as long.
+/// The Dotted and Triplet boxes: at most one is ticked, and they write the Mod of the selected lines. Without
+/// a selected line they only preset the next note's. Watches the boxes for as long as the fields live, and
+/// must live as long.
 class ModButtons {
   public:
     ModButtons(MainFields& fields, MusicList& list, EditHistory& history, DebugLog& log);
@@ -20,11 +20,9 @@ class ModButtons {
     void ModDottedCheck_Click();
     void ModTripletCheck_Click();
 
-    /// Sets the boxes from the selected line, whose Mod is written anew by them; does nothing without one.
+    /// Sets the boxes from the selected line, which has that Mod already and keeps its spelling ("DOT"); does
+    /// nothing without one.
     void UpdateModButtons();
-
-    /// The same for a line that must stay as it is.
-    void FollowSelectedLine();
 
   private:
     void Clicked(bool ticked, Watched<bool>& other, const char* mod);

@@ -153,16 +153,36 @@ TEST_F(EditHistoryTest, PlayingChangesNothingThatCouldBeUndone) {
     EXPECT_FALSE(App.Fields.Modified);
 }
 
-TEST_F(EditHistoryTest, ASpellingThatPlayingPutsRightIsAStep) {
+TEST_F(EditHistoryTest, PlayingALineOfAnotherSpellingIsNoStepAndKeepsWhatCanBeRedone) {
+    App.List.SetText(1, Cell::Mod, "other");
     App.List.SetText(2, Cell::Mod, "DOT");
+    App.List.SetText(3, Cell::Mod, "Tri and more");
     App.History.StartOver();
-    App.Playback.MainList_ItemClick(2);
-    EXPECT_EQ(App.List.Line(2).Mod, "Dot") << "the box writes what it says";
-    EXPECT_EQ(Captions(), "Undo Modifier, Redo");
-    App.List.Select(2);
+    App.List.Select(1);
+    App.Editing.ClearNote2Button_Click();
     App.History.Undo();
+    for (const std::int32_t row : {2, 1, 3, 2})
+        App.Playback.MainList_ItemClick(row);
+    EXPECT_TRUE(App.Fields.ModDottedCheck);
+    EXPECT_EQ(App.List.Line(1).Mod, "other");
     EXPECT_EQ(App.List.Line(2).Mod, "DOT");
-    EXPECT_EQ(Captions(), "Undo, Redo Modifier");
+    EXPECT_EQ(App.List.Line(3).Mod, "Tri and more");
+    EXPECT_EQ(Captions(), "Undo, Redo Clear Note 2");
+    EXPECT_FALSE(App.Fields.Modified);
+}
+
+TEST_F(EditHistoryTest, UntickingABoxIsNotNamedAsTickingItIs) {
+    App.List.Select(1);
+    App.Mods.UpdateModButtons();
+    App.Fields.ModDottedCheck = false;
+    EXPECT_EQ(App.List.Line(1).Mod, "");
+    EXPECT_EQ(Captions(), "Undo Plain length, Redo");
+    App.Fields.ModTripletCheck = true;
+    EXPECT_EQ(Captions(), "Undo Triplet, Redo");
+    App.Fields.ModDottedCheck = true;
+    EXPECT_EQ(Captions(), "Undo Dotted, Redo");
+    App.Fields.ModDottedCheck = false;
+    EXPECT_EQ(Captions(), "Undo Plain length, Redo");
 }
 
 TEST_F(EditHistoryTest, TheBoxesFollowAModThatIsUndone) {
