@@ -15,19 +15,24 @@ namespace quavix {
 /// of line.
 void AppendLineText(std::string& text, const MusicList& list, std::int32_t row);
 
-/// Rows as song text, each ended by a line feed.
+/// Rows as song text, each ended by a line feed. Where one of them holds what nobody would type as music
+/// ("Dot and more", from a song file that was written by hand), "MUSICLISTSTART" stands in front, so that
+/// ReadLines() takes all of them as they are.
 std::string TextOfLines(const MusicList& list, std::span<const std::int32_t> rows);
 
 /// What a text holds of music.
 struct LinesOfText {
     std::vector<MusicLine> Lines{};
-    /// How many lines had fewer than the three fields a line needs, and were left out.
+    /// How many lines are no music, and were left out.
     std::size_t Rejected = 0;
 };
 
-/// Reads song text as a song file's music is read: "Length Note1 Note2" or "Length Note1 Note2 Mod", "-" for
-/// an empty cell, notes in any letter case. Lines end in line feeds, carriage returns or both; blank lines
-/// and those that begin with "//" are passed over.
+/// Reads the music out of a text: lines "Length Note1 Note2" or "Length Note1 Note2 Mod" with a length as
+/// written ("Whole", in this letter case), notes ("C#4", in any letter case) or "-", and "Dot", "Tri" (in any
+/// letter case, which is kept), "-" or nothing. Lines end in line feeds, carriage returns or both; blank
+/// lines and those that begin with "//" are passed over. What stands before a line "MUSICLISTSTART", as in a
+/// whole song file, is no music and not counted; a text that begins with this line is read as a song file's
+/// music is, with anything in its cells.
 LinesOfText ReadLines(std::string text);
 
 }  // namespace quavix

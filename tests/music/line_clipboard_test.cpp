@@ -17,12 +17,12 @@ struct LineClipboardTest : testing::Test, SimulatedProgram {
     const std::string Start = "Whole C4 E4 Dot\nHalf D4 - -\nQuarter - - Tri\n1/8 F4 - -\n";
 };
 
-TEST(LineText, ReadsWhatASongFileMayHold) {
+TEST(LineText, ReadsLinesOfMusic) {
     const LinesOfText read =
-        ReadLines("Quarter c4 e#4 Dot\r\n\r\n  \t\n// a comment\nHalf - d4\nWhole - - -");
+        ReadLines("Quarter c4 f#10 Dot\r\n\r\n  \t\n// a comment\nHalf - d4  \nWhole - - -");
     EXPECT_EQ(read.Lines,
               (std::vector<MusicLine>{
-                  {"Quarter", "C4", "E#4", "Dot"}, {"Half", "", "D4", ""}, {"Whole", "", "", ""}}));
+                  {"Quarter", "C4", "F#10", "Dot"}, {"Half", "", "D4", ""}, {"Whole", "", "", ""}}));
     EXPECT_EQ(read.Rejected, 0U);
 }
 
@@ -39,8 +39,41 @@ TEST(LineText, CountsTheLinesThatHaveFewerThanThreeFields) {
     EXPECT_EQ(read.Rejected, 3U);
 }
 
-TEST(LineText, KeepsAllThatFollowsTheThirdBlankAsTheMod) {
-    EXPECT_EQ(ReadLines("Half C4 - Dot and more").Lines.at(0).Mod, "Dot and more");
+TEST(LineText, ProseOfThreeWordsAndMoreIsNoMusic) {
+    for (const char* text :
+         {"Thank you very much", "Half a pound of butter", "Half C4 - and more", "half C4 -", "1/32 C4 -",
+          "Half H4 -", "Half E#4 -", "Half C -", "Half C4x -", "Half C4 - Dotted", "Half ERR12-4 -"}) {
+        EXPECT_TRUE(ReadLines(text).Lines.empty()) << text;
+        EXPECT_EQ(ReadLines(text).Rejected, 1U) << text;
+    }
+}
+
+TEST(LineText, AModIsTakenInAnyLetterCaseAndKeptAsItIs) {
+    EXPECT_EQ(ReadLines("Half C4 - dOT").Lines.at(0).Mod, "dOT");
+    EXPECT_EQ(ReadLines("Half C4 - TRI").Lines.at(0).Mod, "TRI");
+}
+
+TEST(LineText, OfAWholeSongFileOnlyTheMusicIsTaken) {
+    const LinesOfText read = ReadLines(
+        "Quavix by Dastrel-204 file format\r\nRevision 148\r\n//When key is clicked,\r\nBPM 120\r\n"
+        "MUSICLISTSTART\r\n//Length Note1 Note2\r\nHalf C4 - -\r\nwith best wishes, me\r\n");
+    EXPECT_EQ(read.Lines, (std::vector<MusicLine>{{"Half", "C4", "", ""}}));
+    EXPECT_EQ(read.Rejected, 1U) << "the settings are none of the lines that are told of";
+}
+
+TEST(LineText, BehindTheStartOfAListLinesAreTakenAsInASongFile) {
+    const LinesOfText read = ReadLines("MUSICLISTSTART\nodd h4 - Dot and more\nHalf C4\n");
+    EXPECT_EQ(read.Lines, (std::vector<MusicLine>{{"odd", "H4", "", "Dot and more"}}));
+    EXPECT_EQ(read.Rejected, 1U);
+}
+
+TEST(LineText, OnlyOddCellsNeedTheStartOfAListInFront) {
+    MusicList list;
+    list.Append("Half", "C4", "", "Dot");
+    list.Append("Half", "C4", "", "Dot and more");
+    const std::int32_t rows[] = {1, 2};
+    EXPECT_EQ(TextOfLines(list, std::span(rows, 1)), "Half C4 - Dot\n");
+    EXPECT_EQ(TextOfLines(list, rows), "MUSICLISTSTART\nHalf C4 - Dot\nHalf C4 - Dot and more\n");
 }
 
 TEST(LineText, SurvivesAnyText) {
@@ -63,7 +96,7 @@ TEST(LineText, ComesBackAsItWas) {
     MusicList list;
     std::vector<std::int32_t> rows;
     for (std::int32_t row = 1; row <= 500; ++row) {
-        list.Append(oneOf({"Whole", "Half", "Quarter", "1/8", "1/16", "odd"}), oneOf({"", "C4", "A#10"}),
+        list.Append(oneOf({"Whole", "Half", "Quarter", "1/8", "1/16", "odd", ""}), oneOf({"", "C4", "A#10"}),
                     oneOf({"", "B0", "ERR12-4"}), oneOf({"", "Dot", "Tri", "dot tri"}));
         rows.push_back(row);
     }
@@ -177,6 +210,19 @@ TEST_F(LineClipboardTest, ErasingSeveralLinesSelectsTheOneBehindThem) {
     App.History.Undo();
     EXPECT_EQ(App.List.SelectedRows(), (std::vector<std::int32_t>{1, 3}));
     EXPECT_EQ(App.List.SelectedItem(), 3);
+}
+
+TEST_F(LineClipboardTest, ItIsKnownWhetherLinesAreSelected) {
+    EXPECT_FALSE(App.Fields.LinesSelected);
+    App.List.SetSelection(2, {2, 3});
+    EXPECT_TRUE(App.Fields.LinesSelected);
+    App.Lines.EraseLines();
+    EXPECT_TRUE(App.Fields.LinesSelected) << "the line behind them";
+    App.List.UnselectAll();
+    EXPECT_FALSE(App.Fields.LinesSelected);
+    App.List.Select(1);
+    App.List.Clear();
+    EXPECT_FALSE(App.Fields.LinesSelected);
 }
 
 TEST_F(LineClipboardTest, LinesGoFromOneCopyOfTheProgramToAnother) {
