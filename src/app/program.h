@@ -87,6 +87,7 @@ class Program {
           Document({Fields, List, Reader, Writer, ports.Disk, ports.Boxes, Fields.Modified,
                     [this] { History.MarkSaved(); }, [this] { History.MarkUnsaved(); }}) {
         Writer.OnSaved = [this] { History.MarkSaved(); };
+        Document.OnSongReplaced = [this] { ShowPositionOfEdit(); };
         History.OnRestored = [this](bool onlyMods) {
             if (onlyMods)
                 Mods.UpdateModButtons();

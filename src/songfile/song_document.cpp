@@ -44,7 +44,13 @@ bool SongDocument::New() {
     ResetTiming();
     fileName_ = std::string();
     p_.MarkSaved();
+    TellReplaced();
     return true;
+}
+
+void SongDocument::TellReplaced() const {
+    if (OnSongReplaced)
+        OnSongReplaced();
 }
 
 void SongDocument::ResetTiming() {
@@ -98,6 +104,7 @@ bool SongDocument::Take(const LoadResult& loaded) {
     // By its full name: a later save must not depend on the folder that the program was started in.
     fileName_ = loaded.Whole ? p_.Disk.FullName(loaded.FileName) : std::string();
     p_.MarkSaved();
+    TellReplaced();
     return true;
 }
 
@@ -106,6 +113,7 @@ LoadResult SongDocument::Recover(const std::string& copy, const std::string& fil
     if (loaded) {
         fileName_ = loaded.Whole ? fileName : std::string();
         p_.MarkModified();
+        TellReplaced();
     }
     return loaded;
 }

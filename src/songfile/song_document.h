@@ -71,6 +71,9 @@ class SongDocument {
     /// when the user cancels, when saving came to nothing, and while the question stands open already.
     bool MayClose();
 
+    /// Called when another song is there, or none: after New() and every load.
+    std::function<void()> OnSongReplaced;
+
     /// True while a file is being loaded, as a handler that runs in between finds it.
     bool IsLoading() const { return loading_; }
 
@@ -78,6 +81,7 @@ class SongDocument {
     template <typename LoadSong>
     LoadResult WhileLoading(LoadSong load);
     bool Take(const LoadResult& loaded);
+    void TellReplaced() const;
     void ResetTiming();
 
     SongDocumentParts p_;

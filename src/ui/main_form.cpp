@@ -187,8 +187,8 @@ void MainForm::dropEvent(QDropEvent* event) {
 
 void MainForm::LoadDropped(const std::string& fileName) {
     RunHandler(*this, "Drop", parts_.Handlers, [&] {
-        if (parts_.Document.MayClose() && parts_.Document.LoadFile(fileName))
-            parts_.Position.ShowSelectedLine();
+        if (parts_.Document.MayClose())
+            parts_.Document.LoadFile(fileName);
     });
 }
 

@@ -117,13 +117,12 @@ void MainMenu::ServeList(QTableView& list) {
 }
 
 void MainMenu::NewSong() {
-    if (parts_.Document.New())
-        parts_.Position.ShowSelectedLine();
+    parts_.Document.New();
 }
 
 void MainMenu::OpenSong() {
-    if (parts_.Document.MayClose() && parts_.Document.Load())
-        parts_.Position.ShowSelectedLine();
+    if (parts_.Document.MayClose())
+        parts_.Document.Load();
 }
 
 void MainMenu::Paste() {

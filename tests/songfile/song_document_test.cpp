@@ -262,5 +262,26 @@ TEST(SongDocument, AsksOnceAtATime) {
     EXPECT_EQ(p.Boxes.Shown().size(), 1U);
 }
 
+TEST(SongDocument, ThePositionIsThatOfTheSongThatWasLoadedOrRecoveredOrBegun) {
+    const std::vector<std::function<void(Documented&)>> loads{
+        [](Documented& p) {
+            p.Picker.AnswerNext(Song);
+            p.Document.Load();
+        },
+        [](Documented& p) { p.Document.LoadFile(Song); },
+        [](Documented& p) { p.Document.Recover(Song, Other); },
+    };
+    for (const auto& load : loads) {
+        Documented p;
+        p.PutSong("Whole C4 -\r\nWhole D4 -\r\nQuarter D4 -\r\n");
+        load(p);
+        EXPECT_EQ(p.App.Fields.lblPlayBar.Get(), "003");
+        EXPECT_EQ(p.App.Fields.lblPlayPos.Get(), "01 01/04");
+        p.Boxes.AnswerNext(BoxAnswer::No);
+        p.Document.New();
+        EXPECT_EQ(p.App.Fields.lblPlayBar.Get(), "001");
+    }
+}
+
 }  // namespace
 }  // namespace quavix
