@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "ui/binding.h"
 
+#include <memory>
+
 #include <QAbstractButton>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QRadioButton>
+#include <QScopedValueRollback>
 #include <QSlider>
 
 #include "ui/colours.h"
@@ -42,14 +45,20 @@ void BindCheck(QCheckBox* box, Watched<bool>& value, EventBoundary& handlers, st
 }
 
 void BindText(QLineEdit* edit, Watched<std::string>& value, EventBoundary& handlers) {
-    ShowIn(edit, value, [edit](const std::string& text) {
+    const auto showing = std::make_shared<bool>(false);
+    ShowIn(edit, value, [edit, showing](const std::string& text) {
         const QString shown = QString::fromStdString(text);
-        if (edit->text() != shown)  // the cursor stays where it is while the user types
-            edit->setText(shown);
+        if (edit->text() == shown)  // the cursor stays where it is while the user types
+            return;
+        const QScopedValueRollback now(*showing, true);
+        edit->setText(shown);
     });
-    QObject::connect(edit, &QLineEdit::textEdited, edit, [edit, &value, &handlers](const QString& text) {
-        RunHandler(*edit, "Change", handlers, [&] { value = text.toStdString(); });
-    });
+    // Not textEdited: what a screen reader or a voice control writes is no edit by the keyboard.
+    QObject::connect(edit, &QLineEdit::textChanged, edit,
+                     [edit, showing, &value, &handlers](const QString& text) {
+                         if (!*showing)
+                             RunHandler(*edit, "Change", handlers, [&] { value = text.toStdString(); });
+                     });
 }
 
 void BindText(QLineEdit* edit, Watched<std::string>& value, Watched<std::int32_t>& backColor,
@@ -80,8 +89,11 @@ void BindOptions(QRadioButton* first, Watched<bool>& firstValue, QRadioButton* s
     for (const auto& [button, own, other] :
          {std::tuple{first, &firstValue, &secondValue}, std::tuple{second, &secondValue, &firstValue}}) {
         ShowIn(button, *own, [option = button](bool chosen) {
-            if (chosen)
-                option->setChecked(true);
+            if (option->isChecked() == chosen)
+                return;
+            option->setAutoExclusive(chosen);  // the chosen one of a group can't be cleared
+            option->setChecked(chosen);
+            option->setAutoExclusive(true);
         });
         QObject::connect(button, &QRadioButton::clicked, button,
                          [option = button, ownValue = own, otherValue = other, &handlers] {

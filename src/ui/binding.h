@@ -46,7 +46,7 @@ void BindButton(QAbstractButton* button, EventBoundary& handlers, std::function<
 void BindCheck(QCheckBox* box, Watched<bool>& value, EventBoundary& handlers,
                std::function<void()> clicked = {});
 
-/// What is typed sets the value.
+/// What is typed, or what assistive technology writes, sets the value.
 void BindText(QLineEdit* edit, Watched<std::string>& value, EventBoundary& handlers);
 
 /// The same for a field that marks what it doesn't take by its colour.

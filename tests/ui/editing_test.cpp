@@ -43,6 +43,25 @@ TEST(NoteEntryPanel, GreysOutWhatDependsOnAnotherOption) {
     EXPECT_NE(p.Timeline.Text("speaker"), "");
 }
 
+TEST(NoteEntryPanel, ASongMayLeaveBothOptionsOfTheNoteClear) {
+    test::UiProgram p;
+    p.Disk.Put("/songs/neither.QVX",
+               "Quavix by Dastrel-204 file format\r\nAddNote1 0\r\nAddNote2 0\r\nMUSICLISTSTART\r\n");
+    p.App.Document.LoadFile("/songs/neither.QVX");
+    const auto shown = [&] {
+        return std::pair(p.Find<QRadioButton>("AddNote1Option").isChecked(),
+                         p.Find<QRadioButton>("AddNote2Option").isChecked());
+    };
+    EXPECT_EQ(shown(), std::pair(false, false));
+    p.Click("AddNote2Option");
+    EXPECT_EQ(shown(), std::pair(false, true));
+    EXPECT_TRUE(p.App.Fields.AddNote2Option);
+    p.Click("AddNote1Option");
+    EXPECT_EQ(shown(), std::pair(true, false));
+    p.App.Fields.AddNote2Option = true;
+    EXPECT_EQ(shown(), std::pair(false, true));
+}
+
 TEST(NoteEntryPanel, DottedAndTripletExcludeEachOther) {
     test::UiProgram p;
     p.SetSong({"Quarter C4 - Tri"});
@@ -52,34 +71,6 @@ TEST(NoteEntryPanel, DottedAndTripletExcludeEachOther) {
     EXPECT_TRUE(p.Find<QCheckBox>("ModDottedCheck").isChecked());
     EXPECT_FALSE(p.Find<QCheckBox>("ModTripletCheck").isChecked());
     EXPECT_EQ(p.Row(1), "Quarter,C4,,Dot");
-}
-
-TEST(NoteEntryPanel, HasItsWordsAsTheyShouldBe) {
-    test::UiProgram p;
-    EXPECT_EQ(p.Find<QGroupBox>("NoteClickFrame").title(), "When key is clicked,");
-    EXPECT_EQ(p.Find<QGroupBox>("AddingNoteFrame").title(), "Adding note");
-    const std::pair<const char*, const char*> captions[] = {
-        {"NoteClickPlayCheck", "Play note"},
-        {"NoteClickAddCheck", "Add note to list of music"},
-        {"AddNote1Option", "Add as Note 1"},
-        {"AddNote2Option", "Add as Note 2"},
-        {"NoteReplaceCheck", "Replace instead of insert"},
-        {"NoteLengthReplaceCheck", "Replace Length too"},
-        {"ModDottedCheck", "Dotted"},
-        {"ModTripletCheck", "Triplet"},
-        {"ClearNote1Button", "Clear Note &1"},
-        {"ClearNote2Button", "Clear Note &2"},
-        {"Command1", "Erase whole line"},
-        {"SilentLineButton", "&Blank line"},
-        {"UnselectButton", "&Un-select line"},
-        {"SaveLoadButton", "&SAVE / LOAD"},
-    };
-    for (const auto& [name, caption] : captions)
-        EXPECT_EQ(p.Find<QAbstractButton>(name).text(), caption);
-    QStringList lengths;
-    for (int i = 0; i < p.Find<QComboBox>("NoteLengthCombo").count(); ++i)
-        lengths += p.Find<QComboBox>("NoteLengthCombo").itemText(i);
-    EXPECT_EQ(lengths, (QStringList{"1 (Whole)", "1/2 (Half)", "1/4 (Quarter)", "1/8", "1/16"}));
 }
 
 TEST(EditingPanel, ButtonsChangeTheSelectedLine) {

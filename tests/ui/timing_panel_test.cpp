@@ -100,5 +100,42 @@ TEST(TimingPanel, ControlsFollowWhatTheProgramSets) {
     EXPECT_FALSE(p.Find<QCheckBox>("PlayNote2Check").isChecked());
 }
 
+/// Writes into a field as assistive technology does, without a key.
+void WriteAssisted(QLineEdit& field, const char* text) {
+    QAccessibleInterface* interface = QAccessible::queryAccessibleInterface(&field);
+    ASSERT_NE(interface, nullptr);
+    ASSERT_NE(interface->editableTextInterface(), nullptr);
+    interface->editableTextInterface()->deleteText(0, static_cast<int>(field.text().size()));
+    interface->editableTextInterface()->insertText(0, text);
+}
+
+TEST(TimingPanel, WhatAssistiveTechnologyWritesIsCheckedAndTaken) {
+    test::UiProgram p;
+    auto& field = p.Find<QLineEdit>("BPMText");
+    WriteAssisted(field, "200");
+    EXPECT_EQ(p.App.Fields.BPM, 200);
+    WriteAssisted(field, "601");
+    EXPECT_EQ(p.App.Fields.BPM, 200);
+    EXPECT_EQ(BackgroundOf(field), QColor(255, 128, 0));
+    WriteAssisted(field, "quick");
+    EXPECT_EQ(field.text(), "200");
+    auto& octave = p.Find<QLineEdit>("KeyboardOctaveText");
+    QAccessible::queryAccessibleInterface(&octave)->setText(QAccessible::Value, "6");
+    EXPECT_EQ(p.TextOf("OctLabel1"), "6");
+}
+
+TEST(KeyboardPanel, AnOctaveThatIsNoneIsMarkedOrangeWithoutAMessage) {
+    test::UiProgram p;
+    auto& field = p.Find<QLineEdit>("KeyboardOctaveText");
+    const QColor ordinary = BackgroundOf(field);
+    Type(field, "300");
+    EXPECT_TRUE(p.Boxes.Shown().empty());
+    EXPECT_EQ(BackgroundOf(field), QColor(255, 128, 0));
+    EXPECT_EQ(p.TextOf("OctLabel1"), "30");  // typed on the way there
+    p.Click("KeyboardOctaveUpDownDown");
+    EXPECT_EQ(field.text(), "29");
+    EXPECT_EQ(BackgroundOf(field), ordinary);
+}
+
 }  // namespace
 }  // namespace quavix
