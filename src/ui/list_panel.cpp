@@ -14,6 +14,10 @@ ListPanel::ListPanel(const WindowParts& parts, QWidget* parent)
         RunHandler(*ui_->MainList, "ItemClick", parts_.Handlers,
                    [&] { parts_.Playback.MainList_ItemClick(row); });
     });
+    connect(ui_->MainList, &MusicListView::SelectionMoved, this, [this] {
+        RunHandler(*ui_->MainList, "SelectionMoved", parts_.Handlers,
+                   [this] { parts_.Editing.MainList_SelectionMoved(); });
+    });
 }
 
 ListPanel::~ListPanel() = default;

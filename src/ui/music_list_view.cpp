@@ -2,7 +2,9 @@
 #include "ui/music_list_view.h"
 
 #include <algorithm>
+#include <utility>
 
+#include <QGuiApplication>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QMouseEvent>
@@ -11,6 +13,12 @@
 #include "music/list_columns.h"
 
 namespace quavix {
+namespace {
+
+/// With one of these a click extends the selection.
+constexpr Qt::KeyboardModifiers ExtendingKeys = Qt::ControlModifier | Qt::ShiftModifier;
+
+}  // namespace
 
 MusicListView::MusicListView(QWidget* parent) : QTableView(parent) {
     setSelectionBehavior(QAbstractItemView::SelectRows);
@@ -31,7 +39,11 @@ MusicListView::MusicListView(QWidget* parent) : QTableView(parent) {
     verticalHeader()->setDefaultSectionSize(fontMetrics().height() + RowPadding);
     connect(this, &QTableView::clicked, this, [this](const QModelIndex& index) {
         if (!extendsSelection_)
-            Q_EMIT ItemClicked(index.row() + 1);
+            Click(index.row() + 1);
+    });
+    connect(verticalHeader(), &QHeaderView::sectionClicked, this, [this](int section) {
+        if ((QGuiApplication::keyboardModifiers() & ExtendingKeys) == 0)
+            Click(section + 1);
     });
 }
 
@@ -67,9 +79,29 @@ void MusicListView::resizeEvent(QResizeEvent* event) {
 }
 
 void MusicListView::mousePressEvent(QMouseEvent* event) {
-    extendsSelection_ = (event->modifiers() & (Qt::ControlModifier | Qt::ShiftModifier)) != 0 ||
-                        event->button() != Qt::LeftButton;
+    extendsSelection_ = (event->modifiers() & ExtendingKeys) != 0 || event->button() != Qt::LeftButton;
+    clicking_ = !extendsSelection_;
+    movedInClick_ = false;
     QTableView::mousePressEvent(event);
+}
+
+void MusicListView::mouseReleaseEvent(QMouseEvent* event) {
+    clicking_ = false;
+    QTableView::mouseReleaseEvent(event);
+    if (std::exchange(movedInClick_, false))
+        Q_EMIT SelectionMoved();
+}
+
+void MusicListView::Click(int row) {
+    movedInClick_ = false;
+    Q_EMIT ItemClicked(row);
+}
+
+void MusicListView::TellSelectionMoved() {
+    if (clicking_)
+        movedInClick_ = true;
+    else
+        Q_EMIT SelectionMoved();
 }
 
 void MusicListView::keyPressEvent(QKeyEvent* event) {
@@ -104,29 +136,31 @@ void MusicListView::currentChanged(const QModelIndex& current, const QModelIndex
 
 std::vector<std::int32_t> MusicListView::SelectedRows() const {
     std::vector<std::int32_t> rows;
-    for (const QItemSelectionRange& range : selectionModel()->selection()) {
+    QItemSelection ranges = selectionModel()->selection();
+    std::sort(ranges.begin(), ranges.end(), [](const auto& a, const auto& b) { return a.top() < b.top(); });
+    for (const QItemSelectionRange& range : ranges) {
         for (int row = range.top(); row <= range.bottom(); ++row)
             rows.push_back(row + 1);
     }
     return rows;
 }
 
-/// The user's selection goes to the list. The list's selected item outlives its highlight.
+/// The user's selection goes to the list. Of several rows the first is the selected item: before it notes are
+/// entered, from it the music is played. The selected item outlives its highlight.
 void MusicListView::WriteSelection() {
     if (list_ == nullptr || syncing_ || model_->IsChanging())
         return;
     const std::vector<std::int32_t> rows = SelectedRows();
-    std::int32_t item = list_->SelectedItem();
-    if (rows.size() == 1)
-        item = rows.front();
-    else if (!rows.empty() && currentIndex().isValid())
-        item = currentIndex().row() + 1;
+    const std::int32_t item = rows.empty() ? list_->SelectedItem() : rows.front();
     if (item == list_->SelectedItem() && rows.size() <= 1 &&
         rows.size() == static_cast<std::size_t>(list_->SelectedCount()) &&
         (rows.empty() || list_->IsSelected(rows.front())))
         return;
-    const QScopedValueRollback syncing(syncing_, true);
-    list_->SetSelection(item, rows);
+    {
+        const QScopedValueRollback syncing(syncing_, true);
+        list_->SetSelection(item, rows);
+    }
+    TellSelectionMoved();
 }
 
 /// The list's selection goes to the view.

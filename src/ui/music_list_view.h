@@ -20,13 +20,16 @@ class MusicListView : public QTableView, private MusicListObserver {
     void SetList(MusicList& list);
 
   Q_SIGNALS:
-    /// The user has clicked a row, or pressed Enter on it; rows count from 1. A click that only extends the
-    /// selection is none.
+    /// The user has clicked a row or its number, or pressed Enter on it; rows count from 1. A click that only
+    /// extends the selection is none.
     void ItemClicked(int row);
+    /// The user has changed the selection in another way.
+    void SelectionMoved();
 
   protected:
     void resizeEvent(QResizeEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     /// Home and End go to the first and the last row.
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
@@ -42,11 +45,16 @@ class MusicListView : public QTableView, private MusicListObserver {
 
     void ShowSelection();
     void WriteSelection();
+    void TellSelectionMoved();
+    void Click(int row);
     std::vector<std::int32_t> SelectedRows() const;
 
     MusicList* list_ = nullptr;
     MusicListModel* model_ = nullptr;
     bool extendsSelection_ = false;
+    // From the press to the release of a click it isn't known whether it is one on a row.
+    bool clicking_ = false;
+    bool movedInClick_ = false;
     bool syncing_ = false;
 };
 

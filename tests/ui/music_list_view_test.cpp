@@ -60,7 +60,97 @@ TEST(MusicListView, AClickThatExtendsTheSelectionPlaysNothing) {
     EXPECT_EQ(p.Timeline.Text("speaker"), "");
     EXPECT_TRUE(p.App.List.IsSelected(4));
     EXPECT_FALSE(p.App.List.IsSelected(2));
-    EXPECT_EQ(p.App.List.SelectedItem(), 4);
+    EXPECT_EQ(p.App.List.SelectedItem(), 1) << "the first of those that are highlighted";
+}
+
+TEST(MusicListView, RowsThatStayHighlightedWhenOneIsClickedOffStillCount) {
+    test::UiProgram p;
+    p.SetSong({"Quarter C4 - -", "Quarter E4 - -", "Quarter G4 - -", "Quarter A4 - -"});
+    ClickRow(p, 1);
+    ClickRow(p, 3, Qt::ShiftModifier);
+    ClickRow(p, 2, Qt::ControlModifier);
+    EXPECT_THAT(Highlighted(ListOf(p)), ElementsAre(1, 3));
+    p.Click("ClearNote1Button");
+    EXPECT_EQ(p.Row(1) + p.Row(2) + p.Row(3), "Quarter,,,Quarter,E4,,Quarter,,,");
+    ClickRow(p, 1, Qt::ControlModifier);
+    p.Click("Command1");
+    EXPECT_EQ(p.App.List.Count(), 3);
+    EXPECT_EQ(p.Row(3), "Quarter,A4,,");
+}
+
+TEST(MusicListView, EraseWholeLineAndUnSelectLineMeanAllThatIsHighlighted) {
+    test::UiProgram p;
+    p.SetSong({"Quarter C4 - -", "Quarter E4 - -", "Quarter G4 - -", "Quarter A4 - -"});
+    ClickRow(p, 2);
+    ClickRow(p, 3, Qt::ShiftModifier);
+    p.Click("Command1");
+    EXPECT_EQ(p.App.List.Count(), 2);
+    EXPECT_THAT(Highlighted(ListOf(p)), ElementsAre(2));
+    p.App.History.Undo();
+    EXPECT_THAT(Highlighted(ListOf(p)), ElementsAre(2, 3));
+    p.Click("UnselectButton");
+    EXPECT_THAT(Highlighted(ListOf(p)), IsEmpty());
+}
+
+TEST(MusicListView, TheModifierBoxesAndThePositionFollowTheArrowKeysInSilence) {
+    test::UiProgram p;
+    p.SetSong({"Quarter C4 - Dot", "Quarter E4 - tri", "Quarter G4 - -"});
+    ListOf(p).setFocus();
+    const auto shown = [&] {
+        return std::string(p.Find<QCheckBox>("ModDottedCheck").isChecked() ? "D" : "") +
+               (p.Find<QCheckBox>("ModTripletCheck").isChecked() ? "T" : "") +
+               p.TextOf("lblPlayPos").toStdString();
+    };
+    QTest::keyClick(&ListOf(p), Qt::Key_Home);
+    EXPECT_EQ(shown(), "D01 ");
+    QTest::keyClick(&ListOf(p), Qt::Key_Down);
+    EXPECT_EQ(shown(), "T01 03/08");
+    QTest::keyClick(&ListOf(p), Qt::Key_Up);
+    EXPECT_EQ(shown(), "D01 ");
+    EXPECT_EQ(p.Timeline.Text("speaker"), "");
+    EXPECT_EQ(p.Row(2), "Quarter,E4,,tri");
+    EXPECT_FALSE(p.App.Fields.CanUndo);
+}
+
+TEST(MusicListView, AClickThatTakesTheHighlightAwayShowsTheEndOfTheSong) {
+    test::UiProgram p;
+    p.SetSong({"Quarter C4 - -", "Quarter E4 - -"});
+    ClickRow(p, 1);
+    EXPECT_EQ(p.TextOf("lblPlayPos"), "01 ");
+    QTest::mouseClick(ListOf(p).viewport(), Qt::LeftButton, {}, {10, ListOf(p).viewport()->height() - 5});
+    EXPECT_EQ(p.TextOf("lblPlayPos"), "01 01/02");
+}
+
+TEST(MusicListView, AClickOnARowsNumberIsAClickOnTheRow) {
+    test::UiProgram p;
+    p.SetSong({"Quarter C4 - -", "Quarter E4 - Dot"});
+    const QHeaderView& numbers = *ListOf(p).verticalHeader();
+    const auto clickNumber = [&](int row, Qt::KeyboardModifiers keys = {}) {
+        const int y = numbers.sectionViewportPosition(row - 1) + numbers.sectionSize(row - 1) / 2;
+        QTest::mouseClick(numbers.viewport(), Qt::LeftButton, keys, {5, y});
+    };
+    clickNumber(2);
+    EXPECT_THAT(Highlighted(ListOf(p)), ElementsAre(2));
+    EXPECT_EQ(p.Timeline.Text("speaker"), "0.0000 speaker 330 Hz 579 ms\n");
+    EXPECT_TRUE(p.Find<QCheckBox>("ModDottedCheck").isChecked());
+    EXPECT_EQ(p.TextOf("lblPlayPos"), "01 01/04");
+    p.Timeline.Clear();
+    clickNumber(1, Qt::ControlModifier);
+    EXPECT_THAT(Highlighted(ListOf(p)), ElementsAre(1, 2));
+    EXPECT_EQ(p.Timeline.Text("speaker"), "");
+}
+
+TEST(MusicListView, ALineThatIsAppendedIsScrolledIntoView) {
+    test::UiProgram p;
+    p.App.Fields.NoteClickPlayCheck = false;
+    for (int note = 0; note < 100; ++note)
+        p.App.Keys.PianoKey_Click(12);
+    EXPECT_TRUE(ListOf(p).viewport()->rect().contains(MiddleOf(ListOf(p), 100)));
+    p.App.List.Select(1);
+    for (int note = 0; note < 100; ++note)
+        p.App.Keys.PianoKey_Click(12);
+    EXPECT_TRUE(ListOf(p).viewport()->rect().contains(MiddleOf(ListOf(p), 100)));
+    EXPECT_TRUE(ListOf(p).viewport()->rect().contains(MiddleOf(ListOf(p), 101)));
 }
 
 TEST(MusicListView, AClickOnEmptySpaceTakesTheHighlightAwayButNotTheSelectedItem) {
