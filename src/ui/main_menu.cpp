@@ -71,16 +71,19 @@ void MainMenu::AddEditMenu() {
     ShowIn(&window_, parts_.Fields.RedoText,
            [redo](const std::string& caption) { redo->setText("&" + QString::fromStdString(caption)); });
     menu->addSeparator();
-    Add(menu, "CutAction", tr("Cu&t"), QKeySequence::Cut, tr("Move the selected lines to the clipboard"),
-        [this] { parts_.Lines.CutLines(); });
-    Add(menu, "CopyAction", tr("&Copy"), QKeySequence::Copy, tr("Copy the selected lines to the clipboard"),
-        [this] { parts_.Lines.CopyLines(); });
+    QAction* cut = Add(menu, "CutAction", tr("Cu&t"), QKeySequence::Cut,
+                       tr("Move the selected lines to the clipboard"), [this] { parts_.Lines.CutLines(); });
+    QAction* copy = Add(menu, "CopyAction", tr("&Copy"), QKeySequence::Copy,
+                        tr("Copy the selected lines to the clipboard"), [this] { parts_.Lines.CopyLines(); });
     Add(menu, "PasteAction", tr("&Paste"), QKeySequence::Paste,
         tr("Insert the clipboard's lines before the selected line, or at the end"), [this] { Paste(); });
-    Add(menu, "DuplicateAction", tr("&Duplicate"), QKeySequence(Qt::CTRL | Qt::Key_D),
-        tr("Insert copies of the selected lines behind them"), [this] { parts_.Lines.DuplicateLines(); });
-    Add(menu, "EraseAction", tr("&Erase"), QKeySequence(Qt::Key_Delete), tr("Remove the selected lines"),
-        [this] { parts_.Lines.EraseLines(); });
+    QAction* duplicate =
+        Add(menu, "DuplicateAction", tr("&Duplicate"), QKeySequence(Qt::CTRL | Qt::Key_D),
+            tr("Insert copies of the selected lines behind them"), [this] { parts_.Lines.DuplicateLines(); });
+    QAction* erase = Add(menu, "EraseAction", tr("&Erase"), QKeySequence(Qt::Key_Delete),
+                         tr("Remove the selected lines"), [this] { parts_.Lines.EraseLines(); });
+    for (QAction* action : {cut, copy, duplicate, erase})
+        ShowIn(&window_, parts_.Fields.LinesSelected, [action](bool some) { action->setEnabled(some); });
 }
 
 void MainMenu::AddPlayMenu() {

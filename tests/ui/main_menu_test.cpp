@@ -170,5 +170,24 @@ TEST(MainMenu, TheManualIsShownOrMissed) {
     EXPECT_EQ(without.Boxes.Shown()[0].Title, "Can't open the manual!");
 }
 
+TEST(MainMenu, WhatWorksOnSelectedLinesIsOnlyThereWhenSomeAre) {
+    test::UiProgram p;
+    const auto enabled = [&] {
+        std::string text;
+        for (const char* name : {"CutAction", "CopyAction", "PasteAction", "DuplicateAction", "EraseAction"})
+            text += ActionOf(p, name).isEnabled() ? "1" : "0";
+        return text;
+    };
+    EXPECT_EQ(enabled(), "00100");
+    p.SetSong({"Quarter C4 - -"});
+    p.App.List.Select(1);
+    EXPECT_EQ(enabled(), "11111");
+    p.Click("UnselectButton");
+    EXPECT_EQ(enabled(), "00100");
+    p.App.List.Select(1);
+    Choose(p, "EraseAction");
+    EXPECT_EQ(enabled(), "00100");
+}
+
 }  // namespace
 }  // namespace quavix
