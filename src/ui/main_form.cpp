@@ -154,6 +154,8 @@ void MainForm::closeEvent(QCloseEvent* event) {
     parts_.CloseProgram();
     // The user may have wanted to keep the song after all.
     event->setAccepted(parts_.Fields.ShuttingDown);
+    if (!isEnabled() && parts_.SaveLoadWindow.isVisible())
+        parts_.SaveLoadWindow.activateWindow();  // this one takes no input
 }
 
 void MainForm::keyPressEvent(QKeyEvent* event) {

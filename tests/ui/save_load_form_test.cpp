@@ -153,5 +153,30 @@ TEST(MainForm, TakesNoDropOfWhatIsNoFile) {
     EXPECT_FALSE(enter.isAccepted());
 }
 
+TEST(SaveLoadForm, HasTheFocusAgainWhenTheUserKeepsTheProgramOpenAfterAll) {
+    test::UiProgram p;
+    p.SetSong({"Quarter C4 - -"});
+    p.App.List.SetText(1, Cell::Note1, "D4");
+    p.Click("SaveLoadButton");
+    p.Form.activateWindow();
+    QApplication::processEvents();
+    ASSERT_EQ(QApplication::activeWindow(), &p.Form);  // which takes no input
+    p.Boxes.AnswerNext(BoxAnswer::Cancel);
+    EXPECT_FALSE(p.Form.close());
+    QApplication::processEvents();
+    EXPECT_EQ(QApplication::activeWindow(), &p.SaveLoadWindow);
+    ClickIn(p.SaveLoadWindow, "CancelButton");
+    EXPECT_TRUE(p.Form.isEnabled());
+}
+
+TEST(SaveLoadForm, ALoadShowsThePositionOfItsSong) {
+    test::UiProgram p;
+    p.Disk.Put("/songs/a.QVX", Song);
+    p.Picker.AnswerNext("/songs/a.QVX");
+    p.Click("SaveLoadButton");
+    ClickIn(p.SaveLoadWindow, "LoadButton");
+    EXPECT_EQ(p.TextOf("lblPlayBar"), "002");
+}
+
 }  // namespace
 }  // namespace quavix
