@@ -1,0 +1,68 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <array>
+#include <chrono>
+#include <string>
+#include <sys/types.h>
+#include <vector>
+#include <xcb/damage.h>
+#include <xcb/xcb.h>
+
+namespace quavix::bench {
+
+using Watch = std::chrono::steady_clock;
+
+/// A process of the bench's own, ended with the object.
+class Child {
+  public:
+    /// Starts a program with "NAME=value" settings on top of this process's environment. `keepOpen`: a
+    /// descriptor that it inherits under the same number, -1 for none. A program that can't be started ends
+    /// at once.
+    Child(const std::vector<std::string>& command, const std::vector<std::string>& environment,
+          int keepOpen = -1);
+    ~Child();
+    Child(const Child&) = delete;
+    Child& operator=(const Child&) = delete;
+
+    pid_t Id() const { return id_; }
+
+  private:
+    pid_t id_ = -1;
+};
+
+/// An X server of the bench's own without a screen one could see, and without a window manager: a window is
+/// on the screen as soon as its program asks for it. Throws std::runtime_error where there is no Xvfb.
+class XDisplay {
+  public:
+    XDisplay();
+    ~XDisplay();
+    XDisplay(const XDisplay&) = delete;
+    XDisplay& operator=(const XDisplay&) = delete;
+
+    /// "DISPLAY=:7", for the programs to be shown.
+    const std::string& Setting() const { return setting_; }
+
+    struct Shown {
+        Watch::time_point Mapped;   ///< the window is on the screen
+        Watch::time_point Painted;  ///< most of it has been drawn
+    };
+    /// Waits for the next window that comes to the screen, until it has been drawn and nothing more has been
+    /// for a while. Throws std::runtime_error after 30 s without one.
+    Shown WaitForWindow();
+    /// Waits until that window is gone, as its program has ended.
+    void WaitForItsEnd();
+
+  private:
+    explicit XDisplay(std::array<int, 2> number);
+    xcb_generic_event_t* NextEvent(Watch::time_point deadline);
+
+    Child server_;
+    std::string setting_;
+    xcb_connection_t* connection_ = nullptr;
+    xcb_window_t root_ = 0;
+    xcb_window_t window_ = 0;
+    std::uint8_t damageNotify_ = 0;
+};
+
+}  // namespace quavix::bench
