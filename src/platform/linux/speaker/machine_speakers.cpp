@@ -41,16 +41,6 @@ SpeakerAttempt MakeEventSpeaker(const SpeakerChoice& choice, const std::string& 
         std::make_unique<EventSpeaker>(std::move(found.Device), std::move(lock.File), choice.Clock));
 }
 
-SpeakerAttempt MakeSoundCardSpeaker(const ToneClock& clock) {
-    auto speaker = std::make_unique<SoundCardSpeaker>(clock);
-    SpeakerAttempt attempt;
-    if (speaker->Unavailable())
-        attempt.Reason = fmt::format("No sound card could be opened: {}.", speaker->Problem());
-    else
-        attempt.Made = std::move(speaker);
-    return attempt;
-}
-
 }  // namespace
 
 SpeakerAttempt ExplainDevice(const FoundDevice& found) {
@@ -81,7 +71,11 @@ SpeakerAttempt ExplainDevice(const FoundDevice& found) {
 SpeakerMakers MachineSpeakers(const SpeakerChoice& choice) {
     SpeakerMakers makers;
     makers.EventDevice = [choice](const std::string& path) { return MakeEventSpeaker(choice, path); };
-    makers.SoundCard = [clock = choice.Clock] { return MakeSoundCardSpeaker(clock); };
+    makers.SoundCard = [clock = choice.Clock] {
+        SpeakerAttempt attempt;
+        attempt.Made = std::make_unique<SoundCardSpeaker>(clock);
+        return attempt;
+    };
     makers.SoundFile = [clock = choice.Clock](const std::string& path) {
         return UnlessFailed(std::make_unique<WavSpeaker>(path, clock));
     };

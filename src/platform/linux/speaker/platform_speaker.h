@@ -12,6 +12,10 @@ namespace quavix {
 /// A speaker that can be given up for another one.
 class PlatformSpeaker : public Speaker {
   public:
+    /// Waits a moment at most until it is known whether the speaker can be had at all; Failed() says so
+    /// afterwards. Called before anything else is asked of it.
+    virtual void Settle() {}
+
     /// True once it can make no tone any more and will not recover; Status().Reason then says why.
     virtual bool Failed() const { return false; }
 };

@@ -19,7 +19,13 @@ constexpr std::int64_t LostAfterNs = ToneClock::NsPerSecond / 2;
 
 SoundCardSpeaker::SoundCardSpeaker(ToneClock clock) : clock_(std::move(clock)), triedNs_(clock_.Now()) {
     card_.BeginOpening();
-    card_.AwaitOpening(OpeningPatienceMs);
+}
+
+void SoundCardSpeaker::Settle() {
+    const std::int64_t passedMs = (clock_.Now() - triedNs_) / ToneClock::NsPerMs;
+    if (passedMs < OpeningPatienceMs)
+        card_.AwaitOpening(OpeningPatienceMs - static_cast<std::int32_t>(passedMs));
+    refused_ = card_.Now() == SoundCard::State::Unavailable;
 }
 
 SoundCardSpeaker::~SoundCardSpeaker() {
@@ -58,6 +64,12 @@ bool SoundCardSpeaker::Lost(const TonePlayer& player) const {
 
 SpeakerStatus SoundCardSpeaker::Status() const {
     SpeakerStatus status;
+    if (refused_) {
+        status.InUse = "silent (no sound card)";
+        status.Reason = fmt::format("No sound card could be opened: {}.", card_.Description());
+        status.Silent = true;
+        return status;
+    }
     const auto player = card_.Player();
     switch (card_.Now()) {
         case SoundCard::State::NotOpened:

@@ -13,8 +13,7 @@ namespace quavix {
 /// and keep their time, and a later tone tries to get it back, at most every two seconds.
 class SoundCardSpeaker : public PlatformSpeaker {
   public:
-    /// Begins to open the card and waits for it a moment; one that takes longer is used as soon as it is
-    /// open.
+    /// Begins to open the card, which goes on while the program starts.
     explicit SoundCardSpeaker(ToneClock clock);
 
     /// Lets the last samples of the last tone sound.
@@ -23,9 +22,9 @@ class SoundCardSpeaker : public PlatformSpeaker {
     void Beep(std::int32_t frequency, std::int32_t durationMs) override;
     SpeakerStatus Status() const override;
 
-    /// True where the card is known to be unavailable, for the time being.
-    bool Unavailable() const { return card_.Now() == SoundCard::State::Unavailable; }
-    std::string Problem() const { return card_.Description(); }
+    /// Fails where there is no card. One that takes longer to open is used as soon as it is open.
+    void Settle() override;
+    bool Failed() const override { return refused_; }
 
   private:
     bool Lost(const TonePlayer& player) const;
@@ -34,6 +33,7 @@ class SoundCardSpeaker : public PlatformSpeaker {
     ToneClock clock_;
     SoundCard card_;
     std::int64_t triedNs_;
+    bool refused_ = false;
 };
 
 }  // namespace quavix

@@ -15,43 +15,58 @@ void AddSentence(std::string& text, const std::string& sentence) {
 }  // namespace
 
 SpeakerChain::SpeakerChain(std::deque<Maker> makers, std::string remark)
-    : makers_(std::move(makers)), reason_(std::move(remark)) {
+    : choice_(std::make_unique<Choice>(Choice{.Makers = std::move(makers), .Reason = std::move(remark)})) {
+    choice_->TakeNext();
+}
+
+void SpeakerChain::Choice::TakeNext() {
+    InUse.reset();
+    Settled = false;
+    while (!InUse && !Makers.empty()) {
+        SpeakerAttempt attempt = Makers.front()();
+        Makers.pop_front();
+        AddReason(attempt.Reason, attempt.Remedy);
+        InUse = std::move(attempt.Made);
+    }
+}
+
+void SpeakerChain::Choice::GiveUp() {
+    const SpeakerStatus failed = InUse->Status();
+    AddReason(failed.Reason, failed.Remedy);
     TakeNext();
 }
 
-void SpeakerChain::TakeNext() {
-    speaker_.reset();
-    while (!speaker_ && !makers_.empty()) {
-        SpeakerAttempt attempt = makers_.front()();
-        makers_.pop_front();
-        AddReason(attempt.Reason, attempt.Remedy);
-        speaker_ = std::move(attempt.Made);
-    }
+void SpeakerChain::Choice::AddReason(const std::string& reason, const std::string& remedy) {
+    AddSentence(Reason, reason);
+    // What helps the first choice helps most.
+    if (Remedy.empty())
+        Remedy = remedy;
 }
 
-void SpeakerChain::AddReason(const std::string& reason, const std::string& remedy) {
-    AddSentence(reason_, reason);
-    // What helps the first choice helps most.
-    if (remedy_.empty())
-        remedy_ = remedy;
+PlatformSpeaker& SpeakerChain::InUse() const {
+    while (!choice_->Settled) {
+        choice_->InUse->Settle();
+        choice_->Settled = true;
+        if (choice_->InUse->Failed() && !choice_->Makers.empty())
+            choice_->GiveUp();
+    }
+    return *choice_->InUse;
 }
 
 void SpeakerChain::Beep(std::int32_t frequency, std::int32_t durationMs) {
-    speaker_->Beep(frequency, durationMs);
-    if (speaker_->Failed() && !makers_.empty()) {
-        const SpeakerStatus failed = speaker_->Status();
-        AddReason(failed.Reason, failed.Remedy);
-        TakeNext();
-    }
+    PlatformSpeaker& speaker = InUse();
+    speaker.Beep(frequency, durationMs);
+    if (speaker.Failed() && !choice_->Makers.empty())
+        choice_->GiveUp();
 }
 
 SpeakerStatus SpeakerChain::Status() const {
-    SpeakerStatus status = speaker_->Status();
-    std::string reason = reason_;
+    SpeakerStatus status = InUse().Status();
+    std::string reason = choice_->Reason;
     AddSentence(reason, status.Reason);
     status.Reason = std::move(reason);
     if (status.Remedy.empty())
-        status.Remedy = remedy_;
+        status.Remedy = choice_->Remedy;
     return status;
 }
 

@@ -10,7 +10,8 @@
 
 namespace quavix {
 
-/// Uses the first of several speakers that can be had, and the next one when it fails; remembers why.
+/// Uses the first of several speakers that can be had, and the next one when it fails; remembers why. Which
+/// one it is may be known only at the first tone or the first look at the status.
 class SpeakerChain : public Speaker {
   public:
     using Maker = std::function<SpeakerAttempt()>;
@@ -24,13 +25,22 @@ class SpeakerChain : public Speaker {
     SpeakerStatus Status() const override;
 
   private:
-    void TakeNext();
-    void AddReason(const std::string& reason, const std::string& remedy);
+    struct Choice {
+        std::deque<Maker> Makers;
+        std::string Reason;
+        std::string Remedy{};
+        std::unique_ptr<PlatformSpeaker> InUse{};
+        bool Settled = false;
 
-    std::deque<Maker> makers_;
-    std::unique_ptr<PlatformSpeaker> speaker_;
-    std::string reason_;
-    std::string remedy_;
+        void TakeNext();
+        void GiveUp();
+        void AddReason(const std::string& reason, const std::string& remedy);
+    };
+
+    PlatformSpeaker& InUse() const;
+
+    // Behind a pointer, as a look at the status may be what settles it.
+    std::unique_ptr<Choice> choice_;
 };
 
 }  // namespace quavix

@@ -157,5 +157,16 @@ TEST(SpeakerChoice, GivesUpASpeakerThatFailsAfterTheToneAndSaysWhy) {
     EXPECT_EQ(speaker->Status().Reason, "The device broke.");
 }
 
+TEST(SpeakerChoice, ThatTurnsOutNotToBeThereIsReplacedBeforeTheFirstTone) {
+    FakeMachine machine;
+    machine.DeviceFails = true;
+    EXPECT_EQ(machine.Choose("")->Status().InUse, "card");
+    machine.NoCard = "No card.";
+    const auto speaker = machine.Choose("");
+    speaker->Beep(440, 100);
+    EXPECT_EQ(machine.Heard, "silent 440 Hz 100 ms\n");
+    EXPECT_EQ(speaker->Status().Reason, "The device broke. No card.");
+}
+
 }  // namespace
 }  // namespace quavix
