@@ -35,23 +35,11 @@ void Apply(MusicList& list, const EditChange& change, const TextPool& texts, boo
 }  // namespace
 
 ListSelection ListSelection::Of(const MusicList& list) {
-    ListSelection selection{.Item = list.SelectedItem()};
-    for (const std::int32_t row : list.SelectedRows()) {
-        if (!selection.Runs.empty() && selection.Runs.back().second == row - 1)
-            selection.Runs.back().second = row;
-        else
-            selection.Runs.emplace_back(row, row);
-    }
-    return selection;
+    return {.Item = list.SelectedItem(), .Rows = list.SelectedRuns()};
 }
 
 void ListSelection::Restore(MusicList& list) const {
-    std::vector<std::int32_t> rows;
-    for (const auto& [first, last] : Runs) {
-        for (std::int32_t row = first; row <= last; ++row)
-            rows.push_back(row);
-    }
-    list.SetSelection(Item, rows);
+    list.SetSelectedRuns(Item, Rows);
 }
 
 void EditStep::TakeBack(MusicList& list, const TextPool& texts) const {
@@ -92,7 +80,7 @@ bool EditStep::ChangesOnlyMods() const {
 }
 
 std::size_t EditStep::CountSize() const {
-    std::size_t size = SelectionBefore.Runs.size() + SelectionAfter.Runs.size();
+    std::size_t size = SelectionBefore.Rows.Runs().size() + SelectionAfter.Rows.Runs().size();
     for (const EditChange& change : Changes)
         size += change.Rows.size();
     return size;

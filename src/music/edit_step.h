@@ -5,7 +5,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "music/music_list.h"
@@ -28,10 +27,10 @@ struct EditChange {
     TextPool::Id After = 0;
 };
 
-/// A list's selected item and flags, as runs of rows (first, last).
+/// A list's selected item and flags.
 struct ListSelection {
     std::int32_t Item = -1;
-    std::vector<std::pair<std::int32_t, std::int32_t>> Runs{};
+    RowRuns Rows{};
 
     static ListSelection Of(const MusicList& list);
     void Restore(MusicList& list) const;

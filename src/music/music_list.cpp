@@ -44,7 +44,11 @@ MusicList::Row& MusicList::At(std::int32_t row) {
 }
 
 std::string_view MusicList::Text(std::int32_t row, Cell cell) const {
-    return texts_.Text(At(row).Cells[static_cast<std::size_t>(cell)]);
+    return texts_.Text(At(row)[static_cast<std::size_t>(cell)]);
+}
+
+TextPool::Id MusicList::TextId(std::int32_t row, Cell cell) const {
+    return At(row)[static_cast<std::size_t>(cell)];
 }
 
 MusicLine MusicList::Line(std::int32_t row) const {
@@ -53,7 +57,7 @@ MusicLine MusicList::Line(std::int32_t row) const {
 }
 
 void MusicList::SetText(std::int32_t row, Cell cell, std::string_view text) {
-    TextPool::Id& id = At(row).Cells[static_cast<std::size_t>(cell)];
+    TextPool::Id& id = At(row)[static_cast<std::size_t>(cell)];
     const TextPool::Id newId = texts_.IdOf(text);
     if (newId == id)
         return;
@@ -66,10 +70,10 @@ void MusicList::Insert(std::int32_t row, const MusicLine& line) {
     if (row < 1 || row > Count() + 1)
         throw RuntimeError(RuntimeError::IndexOutOfBounds);
     Notify(&MusicListObserver::BeforeRowInserted, row);
-    Row added;
-    added.Cells = {texts_.IdOf(line.Length), texts_.IdOf(line.Note1), texts_.IdOf(line.Note2),
-                   texts_.IdOf(line.Mod)};
+    const Row added = {texts_.IdOf(line.Length), texts_.IdOf(line.Note1), texts_.IdOf(line.Note2),
+                       texts_.IdOf(line.Mod)};
     rows_.insert(rows_.begin() + static_cast<std::ptrdiff_t>(Index(row)), added);
+    selected_.RowsInserted({&row, 1});
     if (selectedItem_ >= row)
         ++selectedItem_;
     Notify(&MusicListObserver::RowInserted, row);
@@ -81,19 +85,16 @@ void MusicList::Append(std::string_view length, std::string_view note1, std::str
         throw RuntimeError(RuntimeError::Overflow);
     const std::int32_t row = Count() + 1;
     Notify(&MusicListObserver::BeforeRowInserted, row);
-    Row added;
-    added.Cells = {texts_.IdOf(length), texts_.IdOf(note1), texts_.IdOf(note2), texts_.IdOf(mod)};
-    rows_.push_back(added);
+    rows_.push_back({texts_.IdOf(length), texts_.IdOf(note1), texts_.IdOf(note2), texts_.IdOf(mod)});
     Notify(&MusicListObserver::RowInserted, row);
 }
 
 void MusicList::Remove(std::int32_t row) {
-    const bool wasSelected = At(row).Selected;
+    const bool wasSelected = IsSelected(row);
     Notify(&MusicListObserver::BeforeRowRemoved, row);
     rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(Index(row)));
     const bool wasSelectedItem = selectedItem_ == row;
-    if (wasSelected)
-        --selectedCount_;
+    selected_.RowsRemoved({&row, 1});
     if (wasSelectedItem)
         selectedItem_ = -1;
     else if (selectedItem_ > row)
@@ -122,13 +123,14 @@ void MusicList::InsertRows(std::span<const std::int32_t> rows, const LineSource&
             const std::array<std::string_view, 4> texts = line(left);
             rows_[to] = {};
             for (std::size_t cell = 0; cell < texts.size(); ++cell)
-                rows_[to].Cells[cell] = texts_.IdOf(texts[cell]);
+                rows_[to][cell] = texts_.IdOf(texts[cell]);
         } else {
             rows_[to] = rows_[--from];
             if (itemBefore >= 1 && Index(itemBefore) == from)
                 selectedItem_ = static_cast<std::int32_t>(to) + 1;
         }
     }
+    selected_.RowsInserted(rows);
     Notify(&MusicListObserver::RowsInserted, rows);
 }
 
@@ -138,15 +140,13 @@ void MusicList::RemoveRows(std::span<const std::int32_t> rows) {
         return;
     Notify(&MusicListObserver::BeforeRowsRemoved, rows);
     const std::int32_t itemBefore = selectedItem_;
-    bool selectionChanges = false;
+    const std::int32_t selectedBefore = SelectedCount();
     std::size_t to = Index(rows.front());
     std::size_t next = 0;
     for (std::size_t from = to; from < rows_.size(); ++from) {
         const bool isItem = itemBefore >= 1 && Index(itemBefore) == from;
         if (next < rows.size() && from == Index(rows[next])) {
             ++next;
-            selectedCount_ -= rows_[from].Selected ? 1 : 0;
-            selectionChanges = selectionChanges || isItem || rows_[from].Selected;
             if (isItem)
                 selectedItem_ = -1;
             continue;
@@ -156,8 +156,9 @@ void MusicList::RemoveRows(std::span<const std::int32_t> rows) {
         rows_[to++] = rows_[from];
     }
     rows_.resize(to);
+    selected_.RowsRemoved(rows);
     Notify(&MusicListObserver::RowsRemoved, rows);
-    if (selectionChanges)
+    if (SelectedCount() != selectedBefore || (itemBefore != -1 && selectedItem_ == -1))
         Notify(&MusicListObserver::SelectionChanged);
 }
 
@@ -166,54 +167,27 @@ void MusicList::Clear() {
     rows_.clear();
     texts_.Clear();
     selectedItem_ = -1;
-    selectedCount_ = 0;
+    selected_.Clear();
     Notify(&MusicListObserver::Reset);
 }
 
 bool MusicList::IsSelected(std::int32_t row) const {
-    return At(row).Selected;
-}
-
-std::vector<std::int32_t> MusicList::SelectedRows() const {
-    if (selectedCount_ == 1 && selectedItem_ >= 1 && At(selectedItem_).Selected)
-        return {selectedItem_};
-    std::vector<std::int32_t> rows;
-    rows.reserve(static_cast<std::size_t>(selectedCount_));
-    for (std::int32_t row = 1; rows.size() < static_cast<std::size_t>(selectedCount_); ++row) {
-        if (rows_[Index(row)].Selected)
-            rows.push_back(row);
-    }
-    return rows;
-}
-
-bool MusicList::ClearFlags() {
-    if (selectedCount_ == 0)
-        return false;
-    if (selectedCount_ == 1 && selectedItem_ >= 1 && At(selectedItem_).Selected) {
-        At(selectedItem_).Selected = false;  // the usual case: no walk through a long list
-    } else {
-        for (Row& row : rows_)
-            row.Selected = false;
-    }
-    selectedCount_ = 0;
-    return true;
+    At(row);
+    return selected_.Contains(row);
 }
 
 void MusicList::Select(std::int32_t row) {
-    if (At(row).Selected && selectedCount_ == 1 && selectedItem_ == row)
+    if (IsSelected(row) && SelectedCount() == 1 && selectedItem_ == row)
         return;
-    ClearFlags();
-    At(row).Selected = true;
-    selectedCount_ = 1;
+    selected_ = RowRuns({{row, row}});
     selectedItem_ = row;
     Notify(&MusicListObserver::SelectionChanged);
 }
 
 void MusicList::Unselect(std::int32_t row) {
-    if (!At(row).Selected)
+    if (!IsSelected(row))
         return;
-    At(row).Selected = false;
-    --selectedCount_;
+    selected_.Remove(row);
     Notify(&MusicListObserver::SelectionChanged);
 }
 
@@ -223,15 +197,17 @@ void MusicList::UnselectAll() {
 }
 
 void MusicList::SetSelection(std::int32_t selectedItem, const std::vector<std::int32_t>& rows) {
+    SetSelectedRuns(selectedItem, RowRuns::Of(rows));
+}
+
+void MusicList::SetSelectedRuns(std::int32_t selectedItem, RowRuns rows) {
     if (selectedItem != -1)
         At(selectedItem);
-    for (const std::int32_t row : rows)
-        At(row);
-    ClearFlags();
-    for (const std::int32_t row : rows) {
-        selectedCount_ += At(row).Selected ? 0 : 1;
-        At(row).Selected = true;
+    if (rows.Count() > 0) {
+        At(rows.Runs().front().First);
+        At(rows.Runs().back().Last);
     }
+    selected_ = std::move(rows);
     selectedItem_ = selectedItem;
     Notify(&MusicListObserver::SelectionChanged);
 }

@@ -9,6 +9,7 @@
 #include <string_view>
 #include <vector>
 
+#include "music/row_runs.h"
 #include "music/text_pool.h"
 
 namespace quavix {
@@ -69,6 +70,8 @@ class MusicList {
     /// A cell's text; the view is valid until the list is cleared.
     std::string_view Text(std::int32_t row, Cell cell) const;
     MusicLine Line(std::int32_t row) const;
+    /// Stands for a cell's text: equal texts have equal numbers, until the list is cleared.
+    TextPool::Id TextId(std::int32_t row, Cell cell) const;
     void SetText(std::int32_t row, Cell cell, std::string_view text);
 
     /// Adds a row at 1..Count() + 1; the rows from there on move down by one, with their selection.
@@ -94,9 +97,10 @@ class MusicList {
     std::int32_t SelectedItem() const { return selectedItem_; }
     bool IsSelected(std::int32_t row) const;
     /// How many rows have their flag set.
-    std::int32_t SelectedCount() const { return selectedCount_; }
-    /// The rows that have it set, in ascending order.
-    std::vector<std::int32_t> SelectedRows() const;
+    std::int32_t SelectedCount() const { return selected_.Count(); }
+    /// The rows that have it set, as runs or in ascending order.
+    const RowRuns& SelectedRuns() const { return selected_; }
+    std::vector<std::int32_t> SelectedRows() const { return selected_.Rows(); }
     /// Makes a row the selected item with its flag set and all other flags clear.
     void Select(std::int32_t row);
     /// Clears a row's flag; it stays the selected item where it is that.
@@ -106,6 +110,8 @@ class MusicList {
     /// Takes over which rows have their flags set and which is the selected item (-1: none), as a view with
     /// several selected rows knows them. `rows` may stand in any order.
     void SetSelection(std::int32_t selectedItem, const std::vector<std::int32_t>& rows);
+    /// The same for rows that are runs already.
+    void SetSelectedRuns(std::int32_t selectedItem, RowRuns rows);
 
     /// Asks whoever shows the list to scroll a row into view.
     void EnsureVisible(std::int32_t row);
@@ -120,21 +126,17 @@ class MusicList {
     void RemoveObserver(MusicListObserver& observer) { std::erase(observers_, &observer); }
 
   private:
-    struct Row {
-        std::array<TextPool::Id, 4> Cells{};
-        bool Selected = false;
-    };
+    using Row = std::array<TextPool::Id, 4>;
 
     Row& At(std::int32_t row);
     const Row& At(std::int32_t row) const;
-    bool ClearFlags();
     template <typename Notification, typename... Args>
     void Notify(Notification notification, Args... args);
 
     std::vector<Row> rows_;
     TextPool texts_;
     std::int32_t selectedItem_ = -1;
-    std::int32_t selectedCount_ = 0;
+    RowRuns selected_;
     bool resetting_ = false;
     std::vector<MusicListObserver*> observers_;
 };

@@ -2,6 +2,7 @@
 #include "playback/play_position.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <numeric>
 
@@ -14,6 +15,34 @@ namespace quavix {
 namespace {
 
 constexpr const char* MendedText = "FixRoundingErrors() fixed an error.";
+
+/// Lengths of lines. A long song has few different ones, and comparing texts takes longer than adding up.
+class RecentLengths {
+  public:
+    explicit RecentLengths(const MusicList& list) : list_(list) {}
+
+    double Of(std::int32_t row) {
+        const TextPool::Id length = list_.TextId(row, Cell::Length);
+        const TextPool::Id mod = list_.TextId(row, Cell::Mod);
+        Entry& entry = entries_[(length * 5 + mod) % entries_.size()];
+        if (!entry.Known || entry.Length != length || entry.Mod != mod) {
+            std::string modText(list_.Text(row, Cell::Mod));
+            entry = {true, length, mod, GetEquivalentLength(list_.Text(row, Cell::Length), modText)};
+        }
+        return entry.WholeNotes;
+    }
+
+  private:
+    struct Entry {
+        bool Known = false;
+        TextPool::Id Length = 0;
+        TextPool::Id Mod = 0;
+        double WholeNotes = 0;
+    };
+
+    const MusicList& list_;
+    std::array<Entry, 32> entries_{};
+};
 
 }  // namespace
 
@@ -50,25 +79,27 @@ PlayPosition::~PlayPosition() {
 }
 
 double PlayPosition::SumBefore(std::int32_t currentLine) {
-    const auto lines = static_cast<std::size_t>(std::clamp(currentLine - 1, 0, list_.Count()));
-    const std::size_t known = std::min(lines, sums_.size() - 1);
-    for (std::int32_t i = 0; log_.Enabled() && i < sums_[known].Mended; ++i)
+    const std::int32_t lines = std::clamp(currentLine - 1, 0, list_.Count());
+    const auto known = std::min(lines / Block, static_cast<std::int32_t>(sums_.size()) - 1);
+    Sum sum = sums_[static_cast<std::size_t>(known)];
+    for (std::int32_t i = 0; log_.Enabled() && i < sum.Mended; ++i)
         log_.LogText(MendedText);
-    std::string mod;
-    while (sums_.size() <= lines) {
-        const auto row = static_cast<std::int32_t>(sums_.size());
-        mod = list_.Text(row, Cell::Mod);
-        Sum sum = sums_.back();
-        sum.Position += GetEquivalentLength(list_.Text(row, Cell::Length), mod);
+    RecentLengths lengths(list_);
+    for (std::int32_t line = known * Block; line < lines;) {
+        ++line;
+        sum.Position += lengths.Of(line);
         sum.Mended += FixRoundingErrors(sum.Position, log_) ? 1 : 0;
-        sums_.push_back(sum);
+        if (line % Block == 0)
+            sums_.push_back(sum);
     }
-    return sums_[lines].Position;
+    return sum.Position;
 }
 
+/// Every sum that has this row in it goes.
 void PlayPosition::KeepBefore(std::int32_t row) {
-    if (sums_.size() > static_cast<std::size_t>(row))
-        sums_.resize(static_cast<std::size_t>(row));
+    const auto blocks = static_cast<std::size_t>((row - 1) / Block) + 1;
+    if (sums_.size() > blocks)
+        sums_.resize(blocks);
 }
 
 void PlayPosition::CellChanged(std::int32_t row, Cell cell) {

@@ -19,9 +19,9 @@ bool FixRoundingErrors(double& value, DebugLog& log);
 /// two digits each), an empty text for 0. Anything else is logged and gives "(ERR)".
 std::string ConvertToFraction(float value, DebugLog& log);
 
-/// Start of a line in whole notes, as the sum of the lengths before it, mended after each addition. The
-/// running sums are kept until an edit in front of them, so that asking for line after line of a long song
-/// costs the same for each. Must not outlive the list.
+/// Start of a line in whole notes, as the sum of the lengths before it, mended after each addition. Some of
+/// the running sums are kept until an edit in front of them, so that asking for line after line of a long
+/// song costs the same for each. Must not outlive the list.
 class PlayPosition : private MusicListObserver {
   public:
     PlayPosition(MusicList& list, DebugLog& log);
@@ -43,6 +43,9 @@ class PlayPosition : private MusicListObserver {
 
     void KeepBefore(std::int32_t row);
 
+    /// One running sum is kept for so many lines.
+    static constexpr std::int32_t Block = 64;
+
     /// Where the line after so many lines starts, and how many of the sums up to there were mended.
     struct Sum {
         double Position = 0;
@@ -51,7 +54,7 @@ class PlayPosition : private MusicListObserver {
 
     MusicList& list_;
     DebugLog& log_;
-    std::vector<Sum> sums_ = {Sum{}};  // by the number of lines summed
+    std::vector<Sum> sums_ = {Sum{}};  // by the number of blocks summed
 };
 
 }  // namespace quavix

@@ -56,6 +56,8 @@ void MusicListView::SetList(MusicList& list) {
     list_ = &list;
     model_ = new MusicListModel(list, this);
     setModel(model_);
+    // The header would ask of each of its columns whether all rows are selected, one by one.
+    horizontalHeader()->setSelectionModel(new QItemSelectionModel(model_, horizontalHeader()));
     list.AddObserver(*this);  // after the model, which has to know of new rows first
     ShowSelection();
 }
@@ -134,15 +136,11 @@ void MusicListView::currentChanged(const QModelIndex& current, const QModelIndex
     WriteSelection();
 }
 
-std::vector<std::int32_t> MusicListView::SelectedRows() const {
-    std::vector<std::int32_t> rows;
-    QItemSelection ranges = selectionModel()->selection();
-    std::sort(ranges.begin(), ranges.end(), [](const auto& a, const auto& b) { return a.top() < b.top(); });
-    for (const QItemSelectionRange& range : ranges) {
-        for (int row = range.top(); row <= range.bottom(); ++row)
-            rows.push_back(row + 1);
-    }
-    return rows;
+RowRuns MusicListView::SelectedRuns() const {
+    std::vector<RowRun> runs;
+    for (const QItemSelectionRange& range : selectionModel()->selection())
+        runs.push_back({range.top() + 1, range.bottom() + 1});
+    return RowRuns(std::move(runs));
 }
 
 /// The user's selection goes to the list. Of several rows the first is the selected item: before it notes are
@@ -150,15 +148,13 @@ std::vector<std::int32_t> MusicListView::SelectedRows() const {
 void MusicListView::WriteSelection() {
     if (list_ == nullptr || syncing_ || model_->IsChanging())
         return;
-    const std::vector<std::int32_t> rows = SelectedRows();
-    const std::int32_t item = rows.empty() ? list_->SelectedItem() : rows.front();
-    if (item == list_->SelectedItem() && rows.size() <= 1 &&
-        rows.size() == static_cast<std::size_t>(list_->SelectedCount()) &&
-        (rows.empty() || list_->IsSelected(rows.front())))
+    RowRuns rows = SelectedRuns();
+    const std::int32_t item = rows.Count() == 0 ? list_->SelectedItem() : rows.Runs().front().First;
+    if (item == list_->SelectedItem() && rows == list_->SelectedRuns())
         return;
     {
         const QScopedValueRollback syncing(syncing_, true);
-        list_->SetSelection(item, rows);
+        list_->SetSelectedRuns(item, std::move(rows));
     }
     TellSelectionMoved();
 }
@@ -175,14 +171,10 @@ void MusicListView::ShowSelection() {
     } else if (list_->SelectedCount() == 1 && item != -1 && list_->IsSelected(item)) {
         selectionModel()->setCurrentIndex(model_->index(item - 1, 0), rowFlags);
     } else {
+        const int lastColumn = model_->columnCount() - 1;
         QItemSelection selection;
-        for (std::int32_t row = 1; row <= list_->Count(); ++row) {
-            const std::int32_t first = row;
-            while (row <= list_->Count() && list_->IsSelected(row))
-                ++row;
-            if (row > first)
-                selection.select(model_->index(first - 1, 0), model_->index(row - 2, 3));
-        }
+        for (const RowRun& run : list_->SelectedRuns().Runs())
+            selection.append({model_->index(run.First - 1, 0), model_->index(run.Last - 1, lastColumn)});
         selectionModel()->select(selection, rowFlags);
     }
 }

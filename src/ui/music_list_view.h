@@ -47,7 +47,7 @@ class MusicListView : public QTableView, private MusicListObserver {
     void WriteSelection();
     void TellSelectionMoved();
     void Click(int row);
-    std::vector<std::int32_t> SelectedRows() const;
+    RowRuns SelectedRuns() const;
 
     MusicList* list_ = nullptr;
     MusicListModel* model_ = nullptr;

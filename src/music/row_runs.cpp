@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: MIT
+#include "music/row_runs.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace quavix {
+
+RowRuns::RowRuns(std::vector<RowRun> runs) {
+    const auto byFirst = [](const RowRun& a, const RowRun& b) { return a.First < b.First; };
+    if (!std::is_sorted(runs.begin(), runs.end(), byFirst))
+        std::sort(runs.begin(), runs.end(), byFirst);
+    for (const RowRun& run : runs)
+        Append(runs_.empty() ? run : RowRun{std::max(run.First, runs_.back().Last + 1), run.Last});
+}
+
+RowRuns RowRuns::Of(std::span<const std::int32_t> rows) {
+    std::vector<RowRun> runs;
+    for (const std::int32_t row : rows) {
+        if (!runs.empty() && runs.back().Last == row - 1)
+            runs.back().Last = row;
+        else
+            runs.push_back({row, row});
+    }
+    return RowRuns(std::move(runs));
+}
+
+void RowRuns::Append(RowRun run) {
+    if (run.Last < run.First)
+        return;
+    count_ += run.Last - run.First + 1;
+    if (!runs_.empty() && runs_.back().Last == run.First - 1)
+        runs_.back().Last = run.Last;
+    else
+        runs_.push_back(run);
+}
+
+bool RowRuns::Contains(std::int32_t row) const {
+    const auto behind =
+        std::upper_bound(runs_.begin(), runs_.end(), row,
+                         [](std::int32_t wanted, const RowRun& run) { return wanted < run.First; });
+    return behind != runs_.begin() && std::prev(behind)->Last >= row;
+}
+
+std::vector<std::int32_t> RowRuns::Rows() const {
+    std::vector<std::int32_t> rows;
+    rows.reserve(static_cast<std::size_t>(count_));
+    for (const RowRun& run : runs_) {
+        for (std::int32_t row = run.First; row <= run.Last; ++row)
+            rows.push_back(row);
+    }
+    return rows;
+}
+
+void RowRuns::Remove(std::int32_t row) {
+    RowRuns left;
+    for (const RowRun& run : runs_) {
+        if (row < run.First || row > run.Last) {
+            left.Append(run);
+        } else {
+            left.Append({run.First, row - 1});
+            left.Append({row + 1, run.Last});
+        }
+    }
+    *this = std::move(left);
+}
+
+void RowRuns::Clear() {
+    runs_.clear();
+    count_ = 0;
+}
+
+void RowRuns::RowsInserted(std::span<const std::int32_t> rows) {
+    RowRuns moved;
+    std::int32_t before = 0;
+    // What stood at a row of the shorter list has so many of the new ones before it.
+    const auto isBefore = [&](std::int32_t row) {
+        const auto index = static_cast<std::size_t>(before);
+        return index < rows.size() && rows[index] - before <= row;
+    };
+    for (const RowRun& run : runs_) {
+        while (isBefore(run.First))
+            ++before;
+        std::int32_t first = run.First + before;
+        for (; isBefore(run.Last); ++before) {
+            const std::int32_t inserted = rows[static_cast<std::size_t>(before)];
+            moved.Append({first, inserted - 1});
+            first = inserted + 1;
+        }
+        moved.Append({first, run.Last + before});
+    }
+    *this = std::move(moved);
+}
+
+void RowRuns::RowsRemoved(std::span<const std::int32_t> rows) {
+    RowRuns moved;
+    auto next = rows.begin();
+    std::int32_t before = 0;
+    for (const RowRun& run : runs_) {
+        for (; next != rows.end() && *next < run.First; ++next)
+            ++before;
+        const std::int32_t first = run.First - before;
+        for (; next != rows.end() && *next <= run.Last; ++next)
+            ++before;
+        moved.Append({first, run.Last - before});
+    }
+    *this = std::move(moved);
+}
+
+}  // namespace quavix
