@@ -192,8 +192,10 @@ void MusicList::Unselect(std::int32_t row) {
 }
 
 void MusicList::UnselectAll() {
-    if (ClearFlags())
-        Notify(&MusicListObserver::SelectionChanged);
+    if (SelectedCount() == 0)
+        return;
+    selected_.Clear();
+    Notify(&MusicListObserver::SelectionChanged);
 }
 
 void MusicList::SetSelection(std::int32_t selectedItem, const std::vector<std::int32_t>& rows) {
