@@ -62,7 +62,7 @@ void ListEditing::UnselectButton_Click() {
     showPosition_();
 }
 
-void ListEditing::MainList_SelectionMoved() {
+void ListEditing::FollowSelection() {
     mods_.UpdateModButtons();
     ShowPositionUnlessPlaying();
 }

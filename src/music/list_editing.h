@@ -33,7 +33,7 @@ class ListEditing {
     void UnselectButton_Click();
     /// The user has selected another line, or several or none, without playing one: the Dotted and Triplet
     /// boxes and the position go with it.
-    void MainList_SelectionMoved();
+    void FollowSelection();
 
     /// Which options of note entry are enabled.
     void NoteClickAddCheck_Click();

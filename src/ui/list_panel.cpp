@@ -16,7 +16,7 @@ ListPanel::ListPanel(const WindowParts& parts, QWidget* parent)
     });
     connect(ui_->MainList, &MusicListView::SelectionMoved, this, [this] {
         RunHandler(*ui_->MainList, "SelectionMoved", parts_.Handlers,
-                   [this] { parts_.Editing.MainList_SelectionMoved(); });
+                   [this] { parts_.Editing.FollowSelection(); });
     });
 }
 

@@ -215,14 +215,14 @@ TEST_F(ListEditingTest, ABlankLineAndAnErasedOneMoveThePositionExceptDuringPlayb
 
 TEST_F(ListEditingTest, TheBoxesAndThePositionGoWithASelectionThatIsMovedWithoutPlaying) {
     App.List.Select(3);
-    App.Editing.MainList_SelectionMoved();
+    App.Editing.FollowSelection();
     EXPECT_TRUE(App.Fields.ModTripletCheck);
     EXPECT_EQ(App.Fields.lblPlayBar.Get(), "003");
     EXPECT_EQ(App.List.Line(3).Mod, "Tri");
     EXPECT_FALSE(App.Fields.CanUndo);
     App.List.Select(1);
     App.Fields.MusicIsPlaying = true;
-    App.Editing.MainList_SelectionMoved();
+    App.Editing.FollowSelection();
     EXPECT_TRUE(App.Fields.ModDottedCheck);
     EXPECT_EQ(App.Fields.lblPlayBar.Get(), "003") << "the labels belong to the music while it plays";
 }
