@@ -4,6 +4,7 @@
 #include <memory>
 
 #include <QAbstractButton>
+#include <QAbstractItemView>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
@@ -78,6 +79,8 @@ void BindSlider(QSlider* slider, Watched<std::int32_t>& value, const Parameter& 
 }
 
 void BindCombo(QComboBox* combo, Watched<std::int32_t>& value, EventBoundary& handlers) {
+    // The list that opens takes the keyboard focus without the combo box's name.
+    combo->view()->setAccessibleName(combo->accessibleName());
     ShowIn(combo, value, [combo](std::int32_t entry) { combo->setCurrentIndex(entry); });
     QObject::connect(combo, &QComboBox::activated, combo, [combo, &value, &handlers](int entry) {
         RunHandler(*combo, "Click", handlers, [&] { value = entry; });
@@ -105,9 +108,15 @@ void BindOptions(QRadioButton* first, Watched<bool>& firstValue, QRadioButton* s
     }
 }
 
+void ShowReading(QLabel* label, const QString& what, const QString& text) {
+    label->setText(text);
+    label->setAccessibleName(what + ": " + text);
+}
+
 void BindLabel(QLabel* label, const Watched<std::string>& caption) {
-    ShowIn(label, caption,
-           [label](const std::string& text) { label->setText(QString::fromStdString(text)); });
+    ShowIn(label, caption, [label, what = label->accessibleName()](const std::string& text) {
+        ShowReading(label, what, QString::fromStdString(text));
+    });
 }
 
 void BindEnabled(QWidget* widget, const Watched<bool>& enabled) {

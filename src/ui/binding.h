@@ -64,7 +64,13 @@ void BindCombo(QComboBox* combo, Watched<std::int32_t>& value, EventBoundary& ha
 void BindOptions(QRadioButton* first, Watched<bool>& firstValue, QRadioButton* second,
                  Watched<bool>& secondValue, EventBoundary& handlers);
 
+/// Shows a text in a label whose meaning is "what", which assistive technology reads before the text: it
+/// reads the name of a label only, not what stands in it.
+void ShowReading(QLabel* label, const QString& what, const QString& text);
+
+/// The label shows the value, as a reading of what its accessible name is so far.
 void BindLabel(QLabel* label, const Watched<std::string>& caption);
+
 void BindEnabled(QWidget* widget, const Watched<bool>& enabled);
 
 /// Greys a control out that this version of the program has nothing behind, and says so in its tooltip.

@@ -26,8 +26,8 @@ SpeakerForm::~SpeakerForm() = default;
 
 void SpeakerForm::Refresh() {
     const SpeakerStatus status = parts_.PcSpeaker.Status();
-    ui_->lblInUse->setText(QString::fromStdString(status.InUse));
-    ui_->lblReason->setText(QString::fromStdString(status.Reason));
+    ShowReading(ui_->lblInUse, tr("Speaker in use"), QString::fromStdString(status.InUse));
+    ShowReading(ui_->lblReason, tr("Why it is not the PC speaker"), QString::fromStdString(status.Reason));
     ui_->RemedyText->setPlainText(QString::fromStdString(status.Remedy));
     const bool hasReason = !status.Reason.empty();
     ui_->lblReasonCaption->setVisible(hasReason);

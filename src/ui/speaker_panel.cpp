@@ -39,6 +39,7 @@ void SpeakerPanel::Refresh() {
     const QLabel& label = *ui_->SpeakerLabel;
     ui_->SpeakerLabel->setText(label.fontMetrics().elidedText(text, Qt::ElideRight, label.width()));
     ui_->SpeakerLabel->setToolTip(text);
+    ui_->SpeakerLabel->setAccessibleName(text);
 }
 
 void SpeakerPanel::SpeakerDetailsButton_Click() {

@@ -40,6 +40,39 @@ TEST(Accessibility, EveryControlHasANameAndATooltip) {
     }
 }
 
+QString SpokenNameOf(QWidget* widget) {
+    return QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name);
+}
+
+TEST(Accessibility, LabelsSayWhatStandsInThem) {
+    test::UiProgram p;
+    const auto spoken = [&](const char* label) { return SpokenNameOf(&p.Find<QLabel>(label)); };
+    p.App.Fields.lblPlayBar = "0002";
+    p.App.Fields.lblPlayPos = "02 01/16";
+    p.App.Fields.lblPlaySig = "03.50";
+    p.App.Fields.TimeSigSlider = 3;
+    p.App.Fields.NoteSilenceRatioSlider = 75;
+    EXPECT_EQ(spoken("lblPlayBar"), "Bar: 0002");
+    EXPECT_EQ(spoken("lblPlayPos"), "Position in the bar, in whole notes: 02 01/16");
+    EXPECT_EQ(spoken("lblPlaySig"), "Beat in the bar: 03.50");
+    EXPECT_EQ(spoken("lblTimeSig"), "Quarter-notes per bar: " + p.TextOf("lblTimeSig"));
+    EXPECT_EQ(spoken("NoteSilenceRatioLabel"), "Note/silence ratio: " + p.TextOf("NoteSilenceRatioLabel"));
+    EXPECT_EQ(spoken("SpeakerLabel"), "Speaker: PC speaker");
+    p.SaveLoadWindow.SetInfoText("Loading...");
+    EXPECT_EQ(SpokenNameOf(p.SaveLoadWindow.findChild<QLabel*>("lblInfoText")), "Loading...");
+}
+
+TEST(Accessibility, AFrameInAFrameHasItsOwnName) {
+    test::UiProgram p;
+    for (const auto* frame : p.Form.findChildren<QGroupBox*>())
+        EXPECT_EQ(SpokenNameOf(const_cast<QGroupBox*>(frame)), frame->title());
+}
+
+TEST(Accessibility, TheListOfAComboBoxHasItsName) {
+    test::UiProgram p;
+    EXPECT_EQ(SpokenNameOf(p.Find<QComboBox>("NoteLengthCombo").view()), "Note length");
+}
+
 TEST(Accessibility, NoTwoControlsShareAnAccelerator) {
     test::UiProgram p;
     std::map<QString, QString> owners;
