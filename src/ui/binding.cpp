@@ -35,8 +35,11 @@ void BindButton(QAbstractButton* button, EventBoundary& handlers, std::function<
 
 void BindCheck(QCheckBox* box, Watched<bool>& value, EventBoundary& handlers, std::function<void()> clicked) {
     ShowIn(box, value, [box](bool ticked) { box->setChecked(ticked); });
-    QObject::connect(box, &QCheckBox::clicked, box,
+    // Assistive technology toggles without a click.
+    QObject::connect(box, &QCheckBox::toggled, box,
                      [box, &value, &handlers, clicked = std::move(clicked)](bool ticked) {
+                         if (ticked == value)
+                             return;
                          RunHandler(*box, "Click", handlers, [&] {
                              value = ticked;
                              if (clicked)
@@ -89,22 +92,28 @@ void BindCombo(QComboBox* combo, Watched<std::int32_t>& value, EventBoundary& ha
 
 void BindOptions(QRadioButton* first, Watched<bool>& firstValue, QRadioButton* second,
                  Watched<bool>& secondValue, EventBoundary& handlers) {
+    const auto showing = std::make_shared<bool>(false);
     for (const auto& [button, own, other] :
          {std::tuple{first, &firstValue, &secondValue}, std::tuple{second, &secondValue, &firstValue}}) {
-        ShowIn(button, *own, [option = button](bool chosen) {
+        ShowIn(button, *own, [option = button, showing](bool chosen) {
             if (option->isChecked() == chosen)
                 return;
+            const QScopedValueRollback now(*showing, true);
             option->setAutoExclusive(chosen);  // the chosen one of a group can't be cleared
             option->setChecked(chosen);
             option->setAutoExclusive(true);
         });
-        QObject::connect(button, &QRadioButton::clicked, button,
-                         [option = button, ownValue = own, otherValue = other, &handlers] {
-                             RunHandler(*option, "Click", handlers, [&] {
-                                 *otherValue = false;
-                                 *ownValue = true;
-                             });
-                         });
+        const auto choose = [option = button, ownValue = own, otherValue = other, showing, &handlers] {
+            if (*showing || !option->isChecked() || (*ownValue && !*otherValue))
+                return;
+            RunHandler(*option, "Click", handlers, [&] {
+                *otherValue = false;
+                *ownValue = true;
+            });
+        };
+        // Assistive technology toggles without a click; a click on an option that looks chosen toggles none.
+        QObject::connect(button, &QRadioButton::toggled, button, choose);
+        QObject::connect(button, &QRadioButton::clicked, button, choose);
     }
 }
 

@@ -73,6 +73,32 @@ TEST(Accessibility, TheListOfAComboBoxHasItsName) {
     EXPECT_EQ(SpokenNameOf(p.Find<QComboBox>("NoteLengthCombo").view()), "Note length");
 }
 
+// It works the controls without the clicks and the keys that a user would.
+TEST(Accessibility, AssistiveTechnologyCanWorkTheControls) {
+    test::UiProgram p;
+    const auto toggle = [&](const char* name) {
+        QAccessible::queryAccessibleInterface(&p.Find<QWidget>(name))
+            ->actionInterface()
+            ->doAction(QAccessibleActionInterface::toggleAction());
+    };
+    MainFields& fields = p.App.Fields;
+    toggle("ModDottedCheck");
+    EXPECT_TRUE(fields.ModDottedCheck);
+    toggle("ModTripletCheck");
+    EXPECT_TRUE(fields.ModTripletCheck);
+    EXPECT_FALSE(fields.ModDottedCheck);
+    toggle("AddNote2Option");
+    EXPECT_TRUE(fields.AddNote2Option);
+    EXPECT_FALSE(fields.AddNote1Option);
+    const auto write = [&](const QString& text) {
+        QAccessible::queryAccessibleInterface(&p.Find<QWidget>("BPMText"))->setText(QAccessible::Value, text);
+    };
+    write("97");
+    EXPECT_EQ(fields.BPM, 97);
+    write("none");
+    EXPECT_EQ(p.Find<QLineEdit>("BPMText").text(), "97");
+}
+
 TEST(Accessibility, NoTwoControlsShareAnAccelerator) {
     test::UiProgram p;
     std::map<QString, QString> owners;
