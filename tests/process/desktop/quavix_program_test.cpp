@@ -3,94 +3,70 @@
 
 #include <QDir>
 #include <QFile>
-#include <QProcess>
-#include <QTemporaryDir>
 #include <gtest/gtest.h>
 
+#include "quavix_process.h"
 #include "shell/program_info.h"
 
 namespace quavix {
 namespace {
 
-constexpr int PatienceMs = 60'000;
-
-/// The program in a folder of its own, so that its marker files and its log are its own too.
 class QuavixProgram : public testing::Test {
   protected:
     QuavixProgram() {
-        environment_ = QProcessEnvironment::systemEnvironment();
-        environment_.insert("QUAVIX_SPEAKER", "silent");
-        environment_.insert("QT_QPA_PLATFORM", "offscreen");
-        environment_.insert("XDG_RUNTIME_DIR", folder_.path());
-        environment_.insert("XDG_STATE_HOME", folder_.filePath("state"));
-        QFile::copy(QUAVIX_PROGRAM, folder_.filePath("quavix"));
+        program_.Environment.insert("QT_QPA_PLATFORM", "offscreen");
+        program_.Environment.insert("XDG_RUNTIME_DIR", program_.File(""));
     }
 
-    void Start(const QStringList& arguments) {
-        process_.setProcessEnvironment(environment_);
-        process_.start(folder_.filePath("quavix"), arguments);
-        ASSERT_TRUE(process_.waitForStarted(PatienceMs));
-    }
-    int ExitCode() {
-        EXPECT_TRUE(process_.waitForFinished(PatienceMs));
-        EXPECT_EQ(process_.exitStatus(), QProcess::NormalExit);
-        return process_.exitCode();
-    }
-    QString Log() {
-        QFile log(folder_.filePath("debuglog.txt"));
-        return log.open(QIODevice::ReadOnly) ? QString::fromUtf8(log.readAll()) : QString();
-    }
-    void Touch(const char* name) { QFile(folder_.filePath(name)).open(QIODevice::WriteOnly); }
-
-    /// The kernel says which signals a process has handlers for.
     void WaitUntilItCatches(int signal) {
-        const QString name = QString("/proc/%1/status").arg(process_.processId());
-        bool caught = false;
-        while (!caught && !process_.waitForFinished(5)) {
-            QFile status(name);
-            ASSERT_TRUE(status.open(QIODevice::ReadOnly));
-            for (const QByteArray& line : status.readAll().split('\n')) {
-                if (line.startsWith("SigCgt:"))
-                    caught = line.mid(7).trimmed().toULongLong(nullptr, 16) >> (signal - 1) & 1;
-            }
+        ASSERT_TRUE(program_.WaitUntil([&] { return Catches(signal); }));
+    }
+    /// The kernel says which signals a process has handlers for.
+    bool Catches(int signal) {
+        QFile status(QString("/proc/%1/status").arg(program_.Id()));
+        if (!status.open(QIODevice::ReadOnly))
+            return false;
+        for (const QByteArray& line : status.readAll().split('\n')) {
+            if (line.startsWith("SigCgt:"))
+                return (line.mid(7).trimmed().toULongLong(nullptr, 16) >> (signal - 1) & 1) != 0;
         }
-        ASSERT_TRUE(caught);
+        return false;
     }
 
-    QTemporaryDir folder_;
-    QProcessEnvironment environment_;
-    QProcess process_;
+    test::QuavixProcess program_;
 };
 
 TEST_F(QuavixProgram, AnswersVersionAndHelpWithoutADisplay) {
-    environment_.remove("QT_QPA_PLATFORM");
-    environment_.remove("DISPLAY");
-    Start({"--version"});
-    EXPECT_EQ(ExitCode(), 0);
-    EXPECT_EQ(process_.readAllStandardOutput(), QByteArray("quavix ") + program::VersionText + "\n");
-    Start({"--help"});
-    EXPECT_EQ(ExitCode(), 0);
-    EXPECT_TRUE(process_.readAllStandardOutput().startsWith("Usage: quavix"));
+    program_.Environment.remove("QT_QPA_PLATFORM");
+    program_.Environment.remove("DISPLAY");
+    program_.Start({"--version"});
+    EXPECT_EQ(program_.ExitCode(), 0);
+    EXPECT_EQ(program_.Process().readAllStandardOutput(),
+              QByteArray("quavix ") + program::VersionText + "\n");
+    program_.Start({"--help"});
+    EXPECT_EQ(program_.ExitCode(), 0);
+    EXPECT_TRUE(program_.Process().readAllStandardOutput().startsWith("Usage: quavix"));
 }
 
 TEST_F(QuavixProgram, SaysThatThereIsNoDisplay) {
-    environment_.insert("QT_QPA_PLATFORM", "xcb");
-    environment_.remove("WAYLAND_DISPLAY");
-    environment_.insert("DISPLAY", ":654321");
-    Start({});
-    EXPECT_EQ(ExitCode(), 1);
-    EXPECT_TRUE(process_.readAllStandardError().contains("there is no display"));
+    program_.Environment.insert("QT_QPA_PLATFORM", "xcb");
+    program_.Environment.remove("WAYLAND_DISPLAY");
+    program_.Environment.insert("DISPLAY", ":654321");
+    program_.Start({});
+    EXPECT_EQ(program_.ExitCode(), 1);
+    EXPECT_TRUE(program_.Process().readAllStandardError().contains("there is no display"));
 }
 
 TEST_F(QuavixProgram, ATerminationSignalClosesItInOrder) {
-    Touch("logenable");  // the box about it then stands open, in a loop of its own
+    program_.Put("logenable", {});  // the box about it then stands open, in a loop of its own
     for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
-        QFile::remove(folder_.filePath("debuglog.txt"));
-        Start({});
+        QFile::remove(program_.File("debuglog.txt"));
+        program_.Start({});
         WaitUntilItCatches(signal);
-        kill(static_cast<pid_t>(process_.processId()), signal);
-        EXPECT_EQ(ExitCode(), 0);
-        const QStringList log = Log().split("\r\n", Qt::SkipEmptyParts);
+        kill(static_cast<pid_t>(program_.Id()), signal);
+        EXPECT_EQ(program_.ExitCode(), 0);
+        const QStringList log =
+            QString::fromUtf8(program_.Content("debuglog.txt")).split("\r\n", Qt::SkipEmptyParts);
         ASSERT_EQ(log.size(), 4);
         EXPECT_TRUE(log[0].endsWith(" - [REQUEST TO CLOSE PROGRAM]"));
         EXPECT_TRUE(log[1].endsWith(" -     DoShutDownStuff() - START"));
@@ -100,20 +76,17 @@ TEST_F(QuavixProgram, ATerminationSignalClosesItInOrder) {
 }
 
 TEST_F(QuavixProgram, KeepsTheWorkThatItIsAskedAboutWhenItIsEndedMeanwhile) {
-    const QString copy = folder_.filePath("state/quavix/unsaved-001.QVX");
-    const QString lock = folder_.filePath("state/quavix/unsaved-001.lock");
-    ASSERT_TRUE(QDir(folder_.path()).mkpath("state/quavix"));
-    QFile file(copy);
-    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
-    file.write("Quavix by Dastrel-204 file format\r\nMUSICLISTSTART\r\nQuarter C4 - -\r\n");
-    file.close();
-    Start({});
+    const QString copy = program_.File("state/quavix/unsaved-001.QVX");
+    const QString lock = program_.File("state/quavix/unsaved-001.lock");
+    ASSERT_TRUE(QDir(program_.File("state")).mkpath("quavix"));
+    program_.Put("state/quavix/unsaved-001.QVX",
+                 "Quavix by Dastrel-204 file format\r\nMUSICLISTSTART\r\nQuarter C4 - -\r\n");
+    program_.Start({});
     // It holds the lock for as long as its question stands open.
-    while (!QFile::exists(lock) && !process_.waitForFinished(5)) {
-    }
+    ASSERT_TRUE(program_.WaitUntil([&] { return QFile::exists(lock); }));
     WaitUntilItCatches(SIGTERM);
-    kill(static_cast<pid_t>(process_.processId()), SIGTERM);
-    EXPECT_EQ(ExitCode(), 0);
+    kill(static_cast<pid_t>(program_.Id()), SIGTERM);
+    EXPECT_EQ(program_.ExitCode(), 0);
     EXPECT_TRUE(QFile::exists(copy));
 }
 

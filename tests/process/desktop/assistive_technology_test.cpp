@@ -1,0 +1,214 @@
+// SPDX-License-Identifier: MIT
+// The main window as assistive technology sees and works it, from a process of its own.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "quavix_window.h"
+
+namespace quavix::test {
+namespace {
+
+/// What a control has to be told apart by.
+struct Control {
+    QString Role;
+    QString Name;
+};
+
+class AssistiveTechnology : public testing::Test {
+  protected:
+    void Open(const QString& song) { Program.Start({song}); }
+    void OpenExample() { Open(QUAVIX_SOURCE_DIR "/examples/Ode-to-Joy.QVX"); }
+
+    /// Opens a song of these lines.
+    void OpenLines(const QByteArray& lines) {
+        Program.Put("song.QVX", "Quavix by Dastrel-204 file format\r\nBPM 240\r\nMUSICLISTSTART\r\n" + lines);
+        Open(Program.File("song.QVX"));
+    }
+
+    DesktopSession Session;
+    QuavixProcess Program{Session.Environment()};
+    QuavixWindow Window{Session, Program};
+};
+
+std::vector<Control> ControlsOfTheMainWindow() {
+    std::vector<Control> controls{
+        {"check box", "When key is clicked, play note"},
+        {"check box", "When key is clicked, add note to list of music"},
+        {"radio button", "Add as Note 1"},
+        {"radio button", "Add as Note 2"},
+        {"check box", "Replace instead of insert"},
+        {"check box", "Replace Length too"},
+        {"check box", "Dotted"},
+        {"check box", "Triplet"},
+        {"text", "BPM"},
+        {"push button", "BPM up"},
+        {"push button", "BPM down"},
+        {"push button", "Metronome"},
+        {"slider", "Time signature, in quarter-notes per bar"},
+        {"slider", "Note/silence ratio in percent"},
+        {"text", "Time between alternating notes in milliseconds"},
+        {"push button", "Play all"},
+        {"push button", "Play from selected line"},
+        {"push button", "Stop playing"},
+        {"table", "List of music"},
+        {"push button", "Clear Note 1"},
+        {"push button", "Clear Note 2"},
+        {"push button", "Erase whole line"},
+        {"push button", "Blank line"},
+        {"push button", "Un-select line"},
+        {"push button", "Save / Load"},
+        {"check box", "When a line is clicked, play Note 1"},
+        {"check box", "When a line is clicked, play Note 2"},
+        {"check box", "When the music is being played, play Note 1"},
+        {"check box", "When the music is being played, play Note 2"},
+        {"slider", "Motor Octave"},
+        {"panel", "Piano keyboard"},
+        {"text", "Octave of the blue keys"},
+        {"push button", "Octave up"},
+        {"push button", "Octave down"},
+        {"push button", "Details of the speaker"},
+        {"check box", "Mute PC speaker"},
+        {"check box", "Do not update the position indicators"},
+        {"push button", "Help about 'Do not update'"},
+    };
+    for (const char* mod : {"Use FMOD", "Use voice", "Use MIDI output", "Use MIDI input", "Play a MIDI file",
+                            "Tweeble portamento", "Use motor-speed mod (via SSC-32 and SyRen10)",
+                            "Play a beat sound", "Act as if circuit-bent", "Synchronized play"}) {
+        controls.push_back({"check box", mod});
+        controls.push_back({"push button", QString("Help about '%1'").arg(mod)});
+    }
+    return controls;
+}
+
+TEST_F(AssistiveTechnology, FindsEachControlOfTheMainWindowByItsName) {
+    OpenExample();
+    Window.Find("push button", "Play all");
+    QStringList there;
+    for (const Accessible& object : Window.Everything())
+        there += object.Role() + ": " + object.Name();
+    for (const Control& control : ControlsOfTheMainWindow())
+        EXPECT_EQ(there.count(control.Role + ": " + control.Name), 1) << control.Name.toStdString();
+    // A combo box has its value for a name, and a label that says what it is of.
+    EXPECT_EQ(Window.FindLabelled("Note length:").Role(), "combo box");
+}
+
+TEST_F(AssistiveTechnology, MeetsNoControlWithoutANameOrARole) {
+    OpenExample();
+    const auto expectNames = [this](const QString& window, std::size_t fewest) {
+        std::size_t focusable = 0;
+        for (const Accessible& object : Window.Everything(window)) {
+            if (!object.Has(AccessibleState::Focusable))
+                continue;
+            ++focusable;
+            EXPECT_FALSE(object.Name().isEmpty()) << "a " << object.Role().toStdString();
+            EXPECT_THAT(object.Role().toStdString(),
+                        testing::Not(testing::AnyOf("", "invalid", "unknown", "filler")));
+        }
+        EXPECT_GE(focusable, fewest) << window.toStdString();
+    };
+    Window.Find("push button", "Play all");
+    expectNames(QuavixWindow::MainTitle, 60);
+    Window.Press("Details of the speaker");
+    Window.Find("push button", "Close", "Speaker");
+    expectNames("Speaker", 2);
+    Window.Press("Close", "Speaker");
+    Window.Press("Save / Load");
+    Window.Find("push button", "Cancel", "Save / Load");
+    expectNames("Save / Load", 3);
+}
+
+TEST_F(AssistiveTechnology, ReadsTheLinesOfTheList) {
+    OpenLines("Quarter C4 E4 Dot\r\n1/8 F#5 - Tri\r\nWhole - - -\r\n");
+    EXPECT_EQ(Window.Row(1), "Quarter, C4 and E4, dotted");
+    EXPECT_EQ(Window.Row(2), "1/8, F sharp 5, triplet");
+    EXPECT_EQ(Window.Row(3), "Whole, silent");
+    EXPECT_EQ(Window.Row(4), "");
+}
+
+TEST_F(AssistiveTechnology, FindsTheKeysOfThePiano) {
+    OpenExample();
+    const std::vector<Accessible> keys = Window.Find("panel", "Piano keyboard").Children();
+    ASSERT_EQ(keys.size(), 36u);
+    QStringList expected;
+    for (const int octave : {3, 4, 5}) {
+        for (const char* note :
+             {"C", "C sharp", "D", "D sharp", "E", "F", "F sharp", "G", "G sharp", "A", "A sharp", "B"})
+            expected += QString("%1 %2").arg(note).arg(octave);
+    }
+    for (std::size_t i = 0; i < keys.size(); ++i) {
+        EXPECT_EQ(keys[i].Name(), expected[static_cast<qsizetype>(i)]);
+        EXPECT_EQ(keys[i].Role(), "push button");
+    }
+}
+
+TEST_F(AssistiveTechnology, PlaysTheSongReadsThePositionAndStops) {
+    OpenLines("Quarter C4 - -\r\nQuarter E4 G4 -\r\nQuarter D4 - -\r\nQuarter C4 - -\r\nWhole C4 - -\r\n");
+    // Found beforehand, as a tone holds up the answers.
+    const Accessible playAll = Window.Find("push button", "Play all");
+    const Accessible stop = Window.Find("push button", "Stop playing");
+    const std::vector<Accessible> readings{Window.FindReading("Bar"),
+                                           Window.FindReading("Position in the bar, in whole notes"),
+                                           Window.FindReading("Beat in the bar")};
+    EXPECT_FALSE(stop.Has(AccessibleState::Enabled));
+    playAll.Do("Press");
+    EXPECT_TRUE(Window.WaitUntil([&] { return stop.Has(AccessibleState::Enabled); }));
+    EXPECT_FALSE(playAll.Has(AccessibleState::Enabled));
+    for (const Accessible& reading : readings) {
+        const QString now = reading.Name();
+        EXPECT_TRUE(Window.WaitUntil([&] { return reading.Name() != now; })) << now.toStdString();
+    }
+    stop.Do("Press");
+    EXPECT_TRUE(Window.WaitUntil([&] { return playAll.Has(AccessibleState::Enabled); }));
+    EXPECT_FALSE(stop.Has(AccessibleState::Enabled));
+}
+
+TEST_F(AssistiveTechnology, WorksWhatItFinds) {
+    Program.Start({});
+    const Accessible dotted = Window.Find("check box", "Dotted");
+    const Accessible triplet = Window.Find("check box", "Triplet");
+    const QString toggle = "Toggle";
+    dotted.Do(toggle);
+    EXPECT_TRUE(Window.WaitUntil([&] { return dotted.Has(AccessibleState::Checked); }));
+    Window.PressKey("C 4");
+    EXPECT_EQ(Window.Row(1), "1/8, C4, dotted");
+    triplet.Do(toggle);
+    EXPECT_TRUE(Window.WaitUntil([&] { return triplet.Has(AccessibleState::Checked); }));
+    EXPECT_FALSE(dotted.Has(AccessibleState::Checked));
+    Window.PressKey("D 4");
+    EXPECT_EQ(Window.Row(2), "1/8, D4, triplet");
+    const Accessible replace = Window.Find("check box", "Replace instead of insert");
+    replace.Do(toggle);
+    EXPECT_TRUE(Window.WaitUntil([&] { return replace.Has(AccessibleState::Checked); }));
+    const Accessible second = Window.Find("radio button", "Add as Note 2");
+    second.Do(toggle);
+    EXPECT_TRUE(Window.WaitUntil([&] { return second.Has(AccessibleState::Checked); }));
+    const Accessible bpm = Window.Find("text", "BPM");
+    bpm.SetText("99999999");
+    EXPECT_EQ(bpm.Text(), "99999999");
+    bpm.SetText("97");
+    EXPECT_EQ(bpm.Text(), "97");
+    bpm.SetText("none");
+    EXPECT_TRUE(Window.WaitUntil([&] { return bpm.Text() == "97"; })) << bpm.Text().toStdString();
+    const Accessible ratio = Window.Find("slider", "Note/silence ratio in percent");
+    const Accessible reading = Window.FindReading("Note/silence ratio");
+    ratio.SetValue(75);
+    EXPECT_TRUE(Window.WaitUntil([&] { return reading.Name() == "Note/silence ratio: 75%"; }))
+        << reading.Name().toStdString();
+    Window.Press("Octave up");
+    EXPECT_EQ(Window.Find("text", "Octave of the blue keys").Text(), "5");
+    const Accessible row = Window.Find("table", "List of music").CellAt(0, 0);
+    row.Do(toggle);
+    EXPECT_TRUE(Window.WaitUntil([&] { return row.Has(AccessibleState::Selected); }));
+    Window.Press("Clear Note 1");
+    EXPECT_TRUE(Window.WaitUntil([&] { return Window.Row(1) == "1/8, silent, dotted"; }))
+        << Window.Row(1).toStdString();
+}
+
+TEST_F(AssistiveTechnology, AddsNotesWithTheKeysOfThePiano) {
+    Program.Start({});
+    Window.PressKey("C sharp 4");
+    EXPECT_EQ(Window.Row(1), "1/8, C sharp 4");
+}
+
+}  // namespace
+}  // namespace quavix::test
