@@ -19,10 +19,15 @@ constexpr const char* ValueInterface = "org.a11y.atspi.Value";
 
 }  // namespace
 
-QVariant Accessible::Call(const char* interface, const char* method, const QVariantList& arguments) const {
+QDBusMessage Accessible::Message(const char* interface, const char* method,
+                                 const QVariantList& arguments) const {
     QDBusMessage message = QDBusMessage::createMethodCall(service_, path_, interface, method);
     message.setArguments(arguments);
-    const QDBusMessage reply = bus_.call(message, QDBus::Block, PatienceMs);
+    return message;
+}
+
+QVariant Accessible::Call(const char* interface, const char* method, const QVariantList& arguments) const {
+    const QDBusMessage reply = bus_.call(Message(interface, method, arguments), QDBus::Block, PatienceMs);
     if (reply.type() != QDBusMessage::ReplyMessage)
         throw AccessibleError(path_ + " " + method + ": " + reply.errorMessage());
     return reply.arguments().value(0);
@@ -110,7 +115,7 @@ void Accessible::Do(const QString& action) const {
     const qsizetype index = Actions().indexOf(action);
     if (index < 0)
         throw AccessibleError(Name() + " has no action " + action + ", but " + Actions().join(", "));
-    Call(ActionInterface, "DoAction", {static_cast<int>(index)});
+    bus_.send(Message(ActionInterface, "DoAction", {static_cast<int>(index)}));
 }
 
 QString Accessible::Text() const {

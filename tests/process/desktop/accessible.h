@@ -8,6 +8,7 @@
 #include <QStringList>
 
 class QDBusArgument;
+class QDBusMessage;
 
 namespace quavix::test {
 
@@ -37,6 +38,7 @@ class Accessible {
 
     /// What can be done with it, as "Press".
     QStringList Actions() const;
+    /// Doesn't wait for it to be done: the program may answer when the box that it leads to is closed.
     void Do(const QString& action) const;
 
     /// The content of a field.
@@ -52,6 +54,7 @@ class Accessible {
     qint64 ProcessId() const;
 
   private:
+    QDBusMessage Message(const char* interface, const char* method, const QVariantList& arguments) const;
     QVariant Call(const char* interface, const char* method, const QVariantList& arguments = {}) const;
     QVariant Property(const char* interface, const char* name) const;
     Accessible Reference(const QDBusArgument& from) const;

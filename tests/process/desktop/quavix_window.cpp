@@ -48,7 +48,9 @@ std::optional<Accessible> QuavixWindow::FindWindow(const QString& title) {
     if (!application)
         return std::nullopt;
     for (const Accessible& window : application->Children()) {
-        if (window.Name().startsWith(title) && window.Has(AccessibleState::Showing))
+        const QString name = window.Name();
+        const bool isIt = name == title || (title == MainTitle && name.startsWith(title));
+        if (isIt && window.Has(AccessibleState::Showing))
             return window;
     }
     return std::nullopt;
@@ -166,7 +168,8 @@ std::string QuavixWindow::Description() {
         if (const auto application = Application())
             Collect(*application, true, all);
         for (const Accessible& object : all)
-            description += object.Role() + " \"" + object.Name() + "\"\n";
+            description +=
+                object.Name().isEmpty() ? QString() : object.Role() + " \"" + object.Name() + "\"\n";
     } catch (const AccessibleError& error) {
         description += error.what();
     }

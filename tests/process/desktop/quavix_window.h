@@ -17,7 +17,7 @@ class QuavixWindow {
     QuavixWindow(const DesktopSession& session, QuavixProcess& process)
         : bus_(session.AccessibilityBus()), process_(process) {}
 
-    /// The window of this title, or whose title begins so.
+    /// The window of this title. The main window's has more behind MainTitle.
     Accessible Window(const QString& title);
     Accessible Main() { return Window(MainTitle); }
     bool HasWindow(const QString& title);
