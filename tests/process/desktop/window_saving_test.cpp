@@ -1,0 +1,162 @@
+// SPDX-License-Identifier: MIT
+// What the window does where a song can't be saved, and where two windows save the same one.
+#include <QDir>
+#include <QFile>
+#include <gtest/gtest.h>
+
+#include "quavix_window.h"
+#include "support/small_disk.h"
+
+namespace quavix::test {
+namespace {
+
+constexpr const char* Header = "Quavix by Dastrel-204 file format\r\n";
+
+QByteArray Song(const QByteArray& lines) {
+    return QByteArray(Header) + "MUSICLISTSTART\r\n" + lines;
+}
+
+QByteArray Content(const QString& name) {
+    QFile file(name);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+void Put(const QString& name, const QByteArray& content) {
+    QFile file(name);
+    ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+    ASSERT_EQ(file.write(content), content.size());
+}
+
+/// A program with a song in its window.
+struct OpenSong {
+    OpenSong(const DesktopSession& session, const QString& file)
+        : Process(session.Environment()), Window(session, Process) {
+        Process.Start({file});
+    }
+
+    void WaitForTitle(const QString& end) {
+        EXPECT_TRUE(Window.WaitUntil([&] { return Window.Title().endsWith(end); }))
+            << Window.Title().toStdString();
+    }
+
+    QuavixProcess Process;
+    QuavixWindow Window;
+};
+
+/// Changes the song, fails to save it with what a box says, and has it unharmed in the window and on the
+/// disk.
+void ExpectThatSavingFails(OpenSong& open, const QString& title, const QString& text) {
+    open.Window.PressKey("D 4");
+    open.WaitForTitle(" - song.QVX *");
+    open.Window.Choose("Save");
+    const QString said = open.Window.Answer(title, "OK");
+    EXPECT_TRUE(said.contains(text)) << said.toStdString();
+    open.WaitForTitle(" - song.QVX *");
+    EXPECT_EQ(open.Window.Row(1), "Quarter, C4");
+    EXPECT_EQ(open.Window.Row(2), "1/8, D4");
+}
+
+void SavesAfterAll(OpenSong& open, const QString& file) {
+    open.Window.Choose("Save");
+    open.WaitForTitle(" - song.QVX");
+    EXPECT_TRUE(Content(file).endsWith("Quarter C4 - -\r\n1/8 D4 - -\r\n"));
+}
+
+std::unique_ptr<SmallDisk> MakeDisk() {
+    try {
+        return std::make_unique<SmallDisk>();
+    } catch (const std::runtime_error&) {
+        return nullptr;
+    }
+}
+
+TEST(SavingFromTheWindow, SaysThatTheDiskIsFullAndSavesOnceItIsNot) {
+    const auto disk = MakeDisk();
+    if (!disk)
+        GTEST_SKIP() << "a disk can't be mounted here";
+    const DesktopSession session;
+    const QString file = QString::fromStdString(disk->Folder().File("song.QVX"));
+    const QByteArray old = Song("Quarter C4 - -\r\n");
+    Put(file, old);
+    disk->Fill();
+    OpenSong open(session, file);
+    ExpectThatSavingFails(open, "Quavix", "Disk full");
+    EXPECT_EQ(Content(file), old);
+    EXPECT_EQ(disk->Folder().EntryCount(), 2);  // the song and what fills the disk
+    disk->MakeSpace();
+    SavesAfterAll(open, file);
+}
+
+TEST(SavingFromTheWindow, SaysThatADiskCantBeWrittenTo) {
+    const auto disk = MakeDisk();
+    if (!disk)
+        GTEST_SKIP() << "a disk can't be mounted here";
+    const DesktopSession session;
+    const QString file = QString::fromStdString(disk->Folder().File("song.QVX"));
+    const QByteArray old = Song("Quarter C4 - -\r\n");
+    Put(file, old);
+    disk->MakeReadOnly();
+    OpenSong open(session, file);
+    ExpectThatSavingFails(open, "Can't save as this file!", "...can't be written to.");
+    EXPECT_EQ(Content(file), old);
+}
+
+TEST(SavingFromTheWindow, SaysThatAFolderHasTakenTheFilesPlace) {
+    const DesktopSession session;
+    const QTemporaryDir folder;
+    const QString file = folder.filePath("song.QVX");
+    Put(file, Song("Quarter C4 - -\r\n"));
+    OpenSong open(session, file);
+    open.WaitForTitle(" - song.QVX");
+    QFile::remove(file);
+    QDir().mkdir(file);
+    ExpectThatSavingFails(open, "Can't save as this file!", "...can't be written to.");
+    EXPECT_TRUE(QDir(file).isEmpty());
+    QDir().rmdir(file);
+    SavesAfterAll(open, file);
+}
+
+TEST(SavingFromTheWindow, WritesToNoDevice) {
+    const DesktopSession session;
+    const QTemporaryDir folder;
+    const QString file = folder.filePath("song.QVX");
+    const QByteArray old = Song("Quarter C4 - -\r\n");
+    Put(file, old);
+    const QString device = folder.filePath("device.QVX");
+    ASSERT_TRUE(QFile::link("/dev/full", device));
+    OpenSong open(session, file);
+    open.Window.PressKey("D 4");
+    open.Window.Choose("Save as...");
+    open.Window.GiveFileName("Saving music and config", device, "Save");
+    open.Window.Answer("File already exists", "Yes");
+    const QString said = open.Window.Answer("Can't save as this file!", "OK");
+    EXPECT_TRUE(said.contains(device)) << said.toStdString();
+    open.WaitForTitle(" - song.QVX *");
+    EXPECT_EQ(Content(file), old);
+    SavesAfterAll(open, file);
+}
+
+TEST(SavingFromTheWindow, TheLastOfTwoWindowsThatSaveASongHasItInTheFile) {
+    const DesktopSession session;
+    const QTemporaryDir folder;
+    const QString file = folder.filePath("song.QVX");
+    Put(file, Song("Quarter C4 - -\r\n"));
+    OpenSong one(session, file);
+    OpenSong other(session, file);
+    one.Window.PressKey("D 4");
+    other.Window.PressKey("E 4");
+    SavesAfterAll(one, file);
+    other.WaitForTitle(" - song.QVX *");
+    other.Window.Choose("Save");
+    other.WaitForTitle(" - song.QVX");
+    const QByteArray saved = Content(file);
+    EXPECT_TRUE(saved.startsWith(Header));
+    EXPECT_TRUE(saved.endsWith("\r\nQuarter C4 - -\r\n1/8 E4 - -\r\n")) << saved.toStdString();
+    EXPECT_EQ(one.Window.Row(2), "1/8, D4");  // and can be saved anew
+    SavesAfterAll(one, file);
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+              QStringList("song.QVX"));
+}
+
+}  // namespace
+}  // namespace quavix::test
