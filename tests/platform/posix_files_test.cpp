@@ -116,6 +116,22 @@ TEST_F(PosixFilesTest, ReplacesAFileOnlyInCommit) {
     EXPECT_EQ(Folder.EntryCount(), 1);
 }
 
+TEST_F(PosixFilesTest, OfTwoThatReplaceAFileAtOnceTheLastToCommitHasIt) {
+    Folder.Put("song", "old");
+    std::error_code error;
+    const auto one = Disk.OpenForOutput(Folder.File("song"), error);
+    const auto other = Disk.OpenForOutput(Folder.File("song"), error);
+    ASSERT_TRUE(one && other);
+    EXPECT_FALSE(one->Write("first half, "));
+    EXPECT_FALSE(other->Write("other"));
+    EXPECT_FALSE(one->Write("second half"));
+    EXPECT_FALSE(other->Commit());
+    EXPECT_EQ(Folder.Content("song"), "other");
+    EXPECT_FALSE(one->Commit());
+    EXPECT_EQ(Folder.Content("song"), "first half, second half");
+    EXPECT_EQ(Folder.EntryCount(), 1);
+}
+
 TEST_F(PosixFilesTest, LeavesEverythingAsItWasWithoutCommit) {
     Folder.Put("song", "old");
     std::error_code error;

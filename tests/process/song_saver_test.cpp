@@ -44,5 +44,28 @@ TEST(SongSaver, LeavesAWholeSongWheneverItIsKilled) {
     }
 }
 
+TEST(SongSaver, LeavesAWholeSongOfOneOfThemHoweverManySaveTheSameFile) {
+    const test::TemporaryFolder folder;
+    const std::string file = folder.File("song.QVX");
+    test::KilledWriter one(QUAVIX_SONG_SAVER_CHILD, file);
+    test::KilledWriter two(QUAVIX_SONG_SAVER_CHILD, file);
+    test::KilledWriter three(QUAVIX_SONG_SAVER_CHILD, file);
+    ASSERT_TRUE(one.HasWritten() && two.HasWritten() && three.HasWritten());
+    constexpr int Changes = 50;
+    std::string last;
+    for (int changes = 0; changes < Changes;) {
+        std::string now = folder.Content("song.QVX");
+        ASSERT_TRUE(IsWholeSong(now)) << "after " << changes << " changes";
+        if (now != last)
+            ++changes;
+        last = std::move(now);
+    }
+    // None has failed to save in between.
+    EXPECT_TRUE(one.Kill());
+    EXPECT_TRUE(two.Kill());
+    EXPECT_TRUE(three.Kill());
+    EXPECT_TRUE(IsWholeSong(folder.Content("song.QVX")));
+}
+
 }  // namespace
 }  // namespace quavix
