@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <atomic>
+
+#include "sound_engine/oscillator.h"
+#include "sound_engine/ramp.h"
+
+namespace quavix::sound_engine {
+
+/// What a channel does to the unit on it: a frequency, a volume, a pause.
+///
+/// Thread: Idle(), Sync() and Apply() belong to the mixing thread, the rest to the caller's side.
+class ChannelStrip {
+  public:
+    explicit ChannelStrip(bool paused) : paused_(paused) {}
+
+    void SetFrequency(float frequency) { frequency_.store(frequency, std::memory_order_relaxed); }
+    float Frequency() const { return frequency_.load(std::memory_order_relaxed); }
+    void SetVolume(float volume) { volume_.store(volume, std::memory_order_relaxed); }
+    float Volume() const { return volume_.load(std::memory_order_relaxed); }
+    void SetPaused(bool paused) { paused_.store(paused, std::memory_order_relaxed); }
+    bool Paused() const { return paused_.load(std::memory_order_relaxed); }
+
+    /// Takes over what was set since, at the start of a block.
+    void Sync(const MixRate& rate) {
+        stands_ = Paused();
+        gain_.To(stands_ ? 0.0F : Volume(), rate.RampFrames);
+    }
+
+    /// Whether time stands still on the channel: paused, and faded out. Holds for the whole block.
+    bool Idle() const { return stands_ && gain_.At(0.0F); }
+
+    /// Fades and scales. False: the result is silence, and `samples` holds anything.
+    bool Apply(std::span<float> samples) {
+        const bool heard = !gain_.At(0.0F);
+        if (heard)
+            gain_.Apply(samples);
+        gone_.store(Idle(), std::memory_order_relaxed);
+        return heard;
+    }
+    /// The same for samples that are silence.
+    void ApplyToSilence() {
+        gain_.Finish();
+        gone_.store(Idle(), std::memory_order_relaxed);
+    }
+
+    /// Whether the channel was paused and faded out when last mixed. On the caller's side.
+    bool Gone() const { return gone_.load(std::memory_order_relaxed); }
+
+  private:
+    std::atomic<float> frequency_{static_cast<float>(StartFrequency)};
+    std::atomic<float> volume_{1.0F};
+    std::atomic<bool> paused_;
+    std::atomic<bool> gone_{false};
+    bool stands_ = true;
+    Ramp gain_{0.0F};
+};
+
+}  // namespace quavix::sound_engine

@@ -1,0 +1,138 @@
+// SPDX-License-Identifier: MIT
+#include "sound_engine/device_output.h"
+
+#include <atomic>
+#include <chrono>
+#include <condition_variable>
+#include <cstdint>
+#include <mutex>
+#include <optional>
+#include <thread>
+#include <utility>
+
+#include "sound_engine/device_stream.h"
+#include "sound_engine/sound_engine.h"
+
+namespace quavix::sound_engine {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+using Seconds = std::chrono::duration<double>;
+
+constexpr auto OpeningPatience = std::chrono::seconds(10);
+constexpr auto ClosingPatience = std::chrono::seconds(2);
+// How often the device is looked at, and looked for.
+constexpr auto Interval = std::chrono::milliseconds(250);
+// A device that asks for nothing in such a time is lost.
+constexpr Seconds Standstill(0.5);
+// So is one that asks for sound much faster than it can be heard: its sound system only says no to all of it.
+constexpr double MostHaste = 4.0;
+
+// Looks at how a stream gets on.
+class Watch {
+  public:
+    explicit Watch(const DeviceStream& stream) : stream_(stream) {}
+
+    bool Lost() {
+        if (!stream_.Running())
+            return true;
+        const Clock::time_point now = Clock::now();
+        const std::uint64_t played = stream_.Played();
+        const Seconds passed = now - movedAt_;
+        const double frames = static_cast<double>(played - played_);
+        if (played == played_)
+            return passed > Standstill;
+        const bool hasty = frames > MostHaste * stream_.Rate() * Seconds(passed + Standstill).count();
+        played_ = played;
+        movedAt_ = now;
+        return hasty;
+    }
+
+  private:
+    const DeviceStream& stream_;
+    std::uint64_t played_ = 0;
+    Clock::time_point movedAt_ = Clock::now();
+};
+
+}  // namespace
+
+struct DeviceOutput::Shared {
+    std::shared_ptr<Mixer> Mixing;
+    int DelayFrames = 0;
+    std::mutex Mutex;
+    std::condition_variable Changed;
+    bool End = false;
+    bool Ended = false;
+    // Whether the first try is over, and how it went.
+    std::optional<bool> Opened;
+    std::atomic<int> Rate{0};
+    std::atomic<int> Channels{0};
+};
+
+std::unique_ptr<Output> DeviceOutput::Open(const std::shared_ptr<Mixer>& mixer, int delayFrames) {
+    auto shared = std::make_shared<Shared>();
+    shared->Mixing = mixer;
+    shared->DelayFrames = delayFrames;
+    std::thread(&DeviceOutput::Work, shared).detach();
+    std::unique_ptr<Output> output(new DeviceOutput(shared));
+    std::unique_lock lock(shared->Mutex);
+    shared->Changed.wait_for(lock, OpeningPatience, [&] { return shared->Opened.has_value(); });
+    const bool opened = shared->Opened.value_or(false);
+    lock.unlock();
+    return opened ? std::move(output) : nullptr;
+}
+
+DeviceOutput::~DeviceOutput() {
+    std::unique_lock lock(shared_->Mutex);
+    shared_->End = true;
+    shared_->Changed.notify_all();
+    shared_->Changed.wait_for(lock, ClosingPatience, [this] { return shared_->Ended; });
+}
+
+int DeviceOutput::Rate() const {
+    return shared_->Rate.load(std::memory_order_relaxed);
+}
+
+int DeviceOutput::Channels() const {
+    return shared_->Channels.load(std::memory_order_relaxed);
+}
+
+int DeviceOutput::Format() const {
+    return SOUND_FORMAT_FLOAT32;
+}
+
+void DeviceOutput::Work(const std::shared_ptr<Shared>& shared) {
+    std::unique_ptr<DeviceStream> stream;
+    std::optional<Watch> watch;
+    std::unique_lock lock(shared->Mutex);
+    while (!shared->End) {
+        lock.unlock();
+        if (watch && watch->Lost()) {
+            watch.reset();
+            stream.reset();
+        }
+        if (!stream) {
+            stream = DeviceStream::Open(shared->Mixing, shared->DelayFrames);
+            if (stream) {
+                watch.emplace(*stream);
+                shared->Rate.store(stream->Rate(), std::memory_order_relaxed);
+                shared->Channels.store(stream->Channels(), std::memory_order_relaxed);
+            }
+        }
+        lock.lock();
+        if (!shared->Opened) {
+            shared->Opened = stream != nullptr;
+            shared->End = shared->End || !stream;
+            shared->Changed.notify_all();
+        }
+        shared->Changed.wait_for(lock, Interval, [&] { return shared->End; });
+    }
+    lock.unlock();
+    watch.reset();
+    stream.reset();
+    lock.lock();
+    shared->Ended = true;
+    shared->Changed.notify_all();
+}
+
+}  // namespace quavix::sound_engine

@@ -1,0 +1,126 @@
+// SPDX-License-Identifier: MIT
+#include "sound_engine/oscillator.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "sound_engine/sound_engine.h"
+
+namespace quavix::sound_engine {
+namespace {
+
+constexpr std::array<Parameter, 2> OscillatorParameters = {{
+    {.Lowest = 0.0F, .Highest = 5.0F, .Default = 0.0F, .Unit = "", .Whole = true},
+    {.Lowest = 1.0F, .Highest = 22000.0F, .Default = 220.0F, .Unit = "Hz"},
+}};
+
+double RatePart(int type) {
+    return type == SOUND_SQUARE ? SquareRatePart : 1.0;
+}
+
+}  // namespace
+
+Oscillator::Oscillator(unsigned int seed) : Unit(OscillatorParameters), noise_(seed) {}
+
+void Oscillator::Sync(const MixRate& rate, double channelFrequency) {
+    wantedType_ = static_cast<int>(Get(SOUND_OSCILLATOR_TYPE));
+    if (fresh_)
+        voice_.Type = wantedType_;
+    fadeFrames_ = rate.RampFrames;
+    periodsPerFrame_ = static_cast<double>(Get(SOUND_OSCILLATOR_RATE)) * channelFrequency /
+                       ReferenceFrequency / rate.FramesPerSecond;
+    noise_.SetStep(channelFrequency / rate.FramesPerSecond);
+    SetStep(voice_);
+    SetStep(before_);
+    const bool tooHigh = wantedType_ != SOUND_NOISE && periodsPerFrame_ * RatePart(wantedType_) >= 0.5;
+    gain_.To(Active() && !Bypassed() && !tooHigh ? 1.0F : 0.0F, rate.RampFrames);
+    if (fresh_)
+        gain_.Finish();
+}
+
+void Oscillator::SetStep(Voice& voice) const {
+    constexpr double Period = 18446744073709551616.0;
+    constexpr Phase HalfPeriod = Phase{1} << 63;
+    const double part = periodsPerFrame_ * RatePart(voice.Type);
+    voice.Step = part >= 0.5 ? HalfPeriod : static_cast<Phase>(std::llround(part * Period / 2.0)) * 2;
+}
+
+// As if the wave had always been there, and is at its beginning now.
+void Oscillator::WarmUp() {
+    constexpr std::size_t Past = Waves::Tail - Waves::Delay;
+    voice_.At -= voice_.Step * Past;
+    std::array<float, 2 * Waves::Tail> samples{};
+    AddVoice(voice_, samples.data(), Waves::Tail, {});
+    std::copy_n(samples.begin() + Waves::Tail, begun_.size(), begun_.begin());
+}
+
+bool Oscillator::Process(const float* in, std::span<float> out) {
+    if (fresh_)
+        WarmUp();
+    fresh_ = false;
+    const bool silent = gain_.At(0.0F);
+    if (!silent) {
+        const std::size_t frames = out.size();
+        std::array<float, MostFrames + Waves::Tail> samples;
+        std::copy(begun_.begin(), begun_.end(), samples.begin());
+        std::fill_n(samples.begin() + Waves::Tail, frames, 0.0F);
+
+        if (fadeLeft_ == 0 && voice_.Type != wantedType_) {
+            before_ = voice_;
+            voice_.Type = wantedType_;
+            SetStep(voice_);
+            fadeLeft_ = fadeFrames_;
+        }
+        // The fade may end in the middle; what is left then is a part of its own.
+        for (std::size_t done = 0; done < frames;) {
+            std::size_t part = frames - done;
+            if (fadeLeft_ > 0) {
+                part = std::min(part, static_cast<std::size_t>(fadeLeft_));
+                const float step = 1.0F / static_cast<float>(fadeFrames_);
+                const float left = static_cast<float>(fadeLeft_) * step;
+                AddVoice(before_, samples.data() + done, part, {.Start = left, .Step = -step});
+                AddVoice(voice_, samples.data() + done, part, {.Start = 1.0F - left, .Step = step});
+                fadeLeft_ -= static_cast<int>(part);
+            } else {
+                AddVoice(voice_, samples.data() + done, part, {});
+            }
+            done += part;
+        }
+        std::copy_n(samples.begin(), frames, out.begin());
+        std::copy_n(samples.begin() + static_cast<std::ptrdiff_t>(frames), begun_.size(), begun_.begin());
+        gain_.Apply(out);
+    }
+    if (in == nullptr)
+        return !silent;
+    for (std::size_t i = 0; i < out.size(); ++i)
+        out[i] = silent ? in[i] : out[i] + in[i];
+    return true;
+}
+
+void Oscillator::AddVoice(Voice& voice, float* out, std::size_t frames, Weight weight) {
+    const Weight down = {.Start = -weight.Start, .Step = -weight.Step};
+    switch (voice.Type) {
+        case SOUND_SINE:
+            Waves::AddSine(out, frames, voice.At, voice.Step, weight);
+            break;
+        case SOUND_SQUARE:
+            waves_.AddSquare(out, frames, voice.At, voice.Step, weight);
+            break;
+        case SOUND_RISING_SAW:
+            waves_.AddRisingSaw(out, frames, voice.At, voice.Step, weight);
+            break;
+        case SOUND_FALLING_SAW:
+            waves_.AddRisingSaw(out, frames, voice.At, voice.Step, down);
+            break;
+        case SOUND_TRIANGLE:
+            waves_.AddTriangle(out, frames, voice.At, voice.Step, weight);
+            break;
+        default:
+            for (std::size_t i = 0; i < frames; ++i)
+                out[Waves::Delay + i] += noise_.Next() * (weight.Start + weight.Step * static_cast<float>(i));
+            break;
+    }
+    voice.At += voice.Step * frames;
+}
+
+}  // namespace quavix::sound_engine

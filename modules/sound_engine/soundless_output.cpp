@@ -1,0 +1,75 @@
+// SPDX-License-Identifier: MIT
+#include "sound_engine/soundless_output.h"
+
+#include <algorithm>
+#include <chrono>
+#include <utility>
+
+#include "sound_engine/sound_engine.h"
+
+namespace quavix::sound_engine {
+namespace {
+
+using Clock = std::chrono::steady_clock;
+using Seconds = std::chrono::duration<double>;
+
+// How long it sleeps at least, and how far behind it lets the blocks fall before it gives the time up for
+// lost.
+constexpr Seconds Nap(0.005);
+constexpr Seconds MostBehind(0.5);
+
+}  // namespace
+
+SoundlessOutput::SoundlessOutput(std::shared_ptr<Mixer> mixer, std::unique_ptr<WavFile> file)
+    : mixer_(std::move(mixer)), file_(std::move(file)), block_(mixer_->BlockFrames()) {
+    mixer_->SetRate(FramesPerSecond);
+}
+
+int SoundlessOutput::Format() const {
+    return file_ ? SOUND_FORMAT_INT16 : SOUND_FORMAT_FLOAT32;
+}
+
+bool SoundlessOutput::TakeBlock() {
+    const bool sounds = mixer_->MixBlock(block_);
+    if (!file_)
+        return true;
+    if (sounds)
+        file_->Write(block_);
+    else
+        file_->WriteSilence(block_.size());
+    return file_->Good();
+}
+
+TimedOutput::TimedOutput(std::shared_ptr<Mixer> mixer, std::unique_ptr<WavFile> file)
+    : SoundlessOutput(std::move(mixer), std::move(file)), thread_(&TimedOutput::Run, this) {}
+
+TimedOutput::~TimedOutput() {
+    {
+        const std::lock_guard lock(mutex_);
+        end_ = true;
+    }
+    ended_.notify_all();
+    thread_.join();
+}
+
+void TimedOutput::Run() {
+    const Seconds block(static_cast<double>(BlockFrames()) / FramesPerSecond);
+    Clock::time_point due = Clock::now();  // when the next block is
+    std::unique_lock lock(mutex_);
+    while (!end_) {
+        lock.unlock();
+        const Clock::time_point now = Clock::now();
+        if (now - due > MostBehind)
+            due = now;
+        while (due <= now) {
+            if (!TakeBlock())
+                failed_.store(true, std::memory_order_relaxed);
+            due += std::chrono::duration_cast<Clock::duration>(block);
+        }
+        lock.lock();
+        const auto until = std::max(due, now + std::chrono::duration_cast<Clock::duration>(Nap));
+        ended_.wait_until(lock, until, [this] { return end_; });
+    }
+}
+
+}  // namespace quavix::sound_engine

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <atomic>
+#include <condition_variable>
+#include <memory>
+#include <mutex>
+#include <thread>
+#include <vector>
+
+#include "sound_engine/output.h"
+#include "sound_engine/wav_file.h"
+
+namespace quavix::sound_engine {
+
+/// Takes sound without a device, and keeps it in a WAV file if there is one.
+class SoundlessOutput : public Output {
+  public:
+    static constexpr int FramesPerSecond = 48000;
+
+    /// `file` may be null.
+    SoundlessOutput(std::shared_ptr<Mixer> mixer, std::unique_ptr<WavFile> file);
+
+    int Rate() const override { return FramesPerSecond; }
+    int Channels() const override { return WavFile::Channels; }
+    int Format() const override;
+
+  protected:
+    /// Mixes a block and keeps it. False: it could not be written.
+    bool TakeBlock();
+
+    std::size_t BlockFrames() const { return block_.size(); }
+
+  private:
+    std::shared_ptr<Mixer> mixer_;
+    std::unique_ptr<WavFile> file_;
+    std::vector<float> block_;
+};
+
+/// Takes a block with each Update().
+class SteppedOutput final : public SoundlessOutput {
+  public:
+    using SoundlessOutput::SoundlessOutput;
+
+    bool Update() override { return TakeBlock(); }
+};
+
+/// Takes blocks as fast as a device would, in a thread of its own.
+class TimedOutput final : public SoundlessOutput {
+  public:
+    TimedOutput(std::shared_ptr<Mixer> mixer, std::unique_ptr<WavFile> file);
+    ~TimedOutput() override;
+
+    bool Update() override { return !failed_.load(std::memory_order_relaxed); }
+
+  private:
+    void Run();
+
+    std::mutex mutex_;
+    std::condition_variable ended_;
+    bool end_ = false;
+    std::atomic<bool> failed_{false};
+    std::thread thread_;
+};
+
+}  // namespace quavix::sound_engine

@@ -1,0 +1,205 @@
+// SPDX-License-Identifier: MIT
+#include "sound_engine/system.h"
+
+#include "sound_engine/plan_builder.h"
+#include "sound_engine/refusal.h"
+
+namespace quavix::sound_engine {
+namespace {
+
+constexpr unsigned int LongestBlock = 65536;
+constexpr unsigned int LongestDelay = 1U << 20;
+
+}  // namespace
+
+System::~System() {
+    output_.reset();
+    handles_.RemoveAll(*this, true);
+}
+
+void System::RequireBeforeInit() const {
+    Require(output_ == nullptr, SOUND_INITIALIZED);
+}
+
+void System::RequireInit() const {
+    Require(output_ != nullptr, SOUND_UNINITIALIZED);
+}
+
+void System::SetBufferSize(unsigned int length, int count) {
+    RequireBeforeInit();
+    Require(length >= 1 && length <= LongestBlock, SOUND_INVALID_PARAMETER);
+    Require(count >= 1 && static_cast<unsigned int>(count) <= LongestDelay / length, SOUND_INVALID_PARAMETER);
+    bufferLength_ = length;
+    bufferCount_ = count;
+}
+
+void System::SetChannels(int channels) {
+    RequireBeforeInit();
+    Require(channels >= 0 && channels <= MostChannels, SOUND_INVALID_PARAMETER);
+    mostChannels_ = channels;
+}
+
+void System::SetOutput(int output) {
+    RequireBeforeInit();
+    switch (output) {
+        case SOUND_OUTPUT_DEVICE:
+        case SOUND_OUTPUT_NONE:
+        case SOUND_OUTPUT_WAV:
+        case SOUND_OUTPUT_NONE_BY_UPDATE:
+        case SOUND_OUTPUT_WAV_BY_UPDATE:
+            outputKind_ = output;
+            break;
+        default:
+            throw Refusal{SOUND_UNKNOWN_TYPE};
+    }
+}
+
+void System::Init(int maxChannels, const void* extra) {
+    RequireBeforeInit();
+    Require(maxChannels >= 0 && maxChannels <= MostChannels, SOUND_INVALID_PARAMETER);
+    const bool toFile = outputKind_ == SOUND_OUTPUT_WAV || outputKind_ == SOUND_OUTPUT_WAV_BY_UPDATE;
+    Require(!toFile || extra != nullptr, SOUND_INVALID_PARAMETER);
+
+    auto graph = std::make_unique<Graph>(std::min(maxChannels, mostChannels_));
+    auto mixer = std::make_shared<Mixer>(bufferLength_);
+    auto output = OpenOutput({.Kind = outputKind_,
+                              .FileName = toFile ? static_cast<const char*>(extra) : nullptr,
+                              .DelayFrames = static_cast<int>(bufferLength_) * bufferCount_},
+                             mixer);
+    Require(output != nullptr, SOUND_NO_OUTPUT);
+    graph->Master().Handle = handles_.Add(&graph->Master(), *this);
+    graph_ = std::move(graph);
+    mixer_ = std::move(mixer);
+    output_ = std::move(output);
+}
+
+void System::Close() {
+    RequireInit();
+    output_.reset();
+    mixer_.reset();
+    graph_.reset();
+    handles_.RemoveAll(*this, false);
+}
+
+const Output& System::Opened() const {
+    RequireInit();
+    return *output_;
+}
+
+void System::Update() {
+    RequireInit();
+    mixer_->Tidy();
+    Require(output_->Update(), SOUND_UPDATE_FAILED);
+}
+
+void System::Touch() const {
+    mixer_->Touch();
+}
+
+void System::Replan() const {
+    mixer_->Replace(BuildPlan(*graph_));
+}
+
+void* System::CreateUnit(int type) {
+    RequireInit();
+    auto unit = MakeUnit(type, unitsMade_);
+    Require(unit != nullptr, SOUND_UNKNOWN_TYPE);
+    ++unitsMade_;
+    UnitNode* node = graph_->AddUnit(std::move(unit));
+    node->Handle = handles_.Add(node, *this);
+    return node->Handle;
+}
+
+void* System::Play(int number, UnitNode& unit, bool paused, ChannelNode* reused) {
+    RequireInit();
+    Require(number >= SOUND_CHANNEL_FREE && number < graph_->ChannelCount(), SOUND_INVALID_PARAMETER);
+    if (number < 0)
+        number = reused != nullptr    ? reused->Number
+                 : unit.On != nullptr ? unit.On->Number
+                                      : graph_->FreeChannel();
+    Require(number >= 0, SOUND_NO_CHANNEL);
+    void* handle = reused != nullptr ? reused->Handle : nullptr;
+    if (unit.On != reused)
+        Silence(unit);
+    if (ChannelNode* before = graph_->ChannelAt(number)) {
+        if (before != reused)
+            handles_.Remove(before->Handle);
+        graph_->Stop(*before);
+    }
+    ChannelNode* channel = graph_->Play(number, unit, paused);
+    if (handle == nullptr)
+        handle = handles_.Add(channel, *this);
+    else
+        handles_.Rebind(handle, channel);
+    channel->Handle = handle;
+    Replan();
+    return handle;
+}
+
+void System::Silence(const UnitNode& unit) {
+    if (unit.On == nullptr)
+        return;
+    handles_.Remove(unit.On->Handle);
+    graph_->Stop(*unit.On);
+}
+
+void* System::CreateGroup() {
+    RequireInit();
+    GroupNode* group = graph_->AddGroup();
+    group->Handle = handles_.Add(group, *this);
+    Replan();
+    return group->Handle;
+}
+
+void* System::MasterGroup() const {
+    RequireInit();
+    return graph_->Master().Handle;
+}
+
+void System::Connect(UnitNode& unit, UnitNode& input) {
+    Require(graph_->Connect(unit, input), SOUND_LOOP);
+    Replan();
+}
+
+void System::Remove(UnitNode& unit) {
+    Silence(unit);
+    graph_->Isolate(unit);
+    Replan();
+}
+
+void System::Release(UnitNode& unit) {
+    handles_.Remove(unit.Handle);
+    Silence(unit);
+    graph_->Isolate(unit);
+    graph_->Erase(unit);
+    Replan();
+}
+
+void System::Stop(ChannelNode& channel) {
+    Silence(*channel.Plays);
+    Replan();
+}
+
+void System::Move(ChannelNode& channel, GroupNode& group) {
+    graph_->Move(channel, group);
+    Replan();
+}
+
+void System::Move(GroupNode& group, GroupNode& parent) {
+    Require(graph_->Move(group, parent), SOUND_LOOP);
+    Replan();
+}
+
+void System::Move(UnitNode& unit, GroupNode& group) {
+    graph_->Move(unit, group);
+    Replan();
+}
+
+void System::Release(GroupNode& group) {
+    Require(group.Parent != nullptr, SOUND_INVALID_PARAMETER);
+    handles_.Remove(group.Handle);
+    graph_->Erase(group);
+    Replan();
+}
+
+}  // namespace quavix::sound_engine

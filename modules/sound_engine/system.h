@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <memory>
+
+#include "sound_engine/graph.h"
+#include "sound_engine/handles.h"
+#include "sound_engine/mixer.h"
+#include "sound_engine/output.h"
+#include "sound_engine/sound_engine.h"
+
+namespace quavix::sound_engine {
+
+/// One sound engine: its settings, what is made on it, and where it sounds. Its methods are the functions of
+/// the interface, with pointers that have been looked up; they throw Refusal.
+///
+/// Thread: the caller's side.
+class System {
+  public:
+    static constexpr int MostChannels = 4096;
+
+    /// `handles` outlives the system.
+    explicit System(Handles& handles) : handles_(handles) {}
+    ~System();
+    System(const System&) = delete;
+    System& operator=(const System&) = delete;
+
+    void SetBufferSize(unsigned int length, int count);
+    unsigned int BufferLength() const { return bufferLength_; }
+    int BufferCount() const { return bufferCount_; }
+    void SetChannels(int channels);
+    void SetOutput(int output);
+
+    void Init(int maxChannels, const void* extra);
+    void Close();
+    const Output& Opened() const;
+    void Update();
+
+    void* CreateUnit(int type);
+    /// `number` is that of a channel, or SOUND_CHANNEL_FREE with `reused` null or the channel to reuse, which
+    /// keeps its handle.
+    void* Play(int number, UnitNode& unit, bool paused, ChannelNode* reused);
+    void* CreateGroup();
+    void* MasterGroup() const;
+
+    void Connect(UnitNode& unit, UnitNode& input);
+    void Remove(UnitNode& unit);
+    void Release(UnitNode& unit);
+    void Stop(ChannelNode& channel);
+    void Move(ChannelNode& channel, GroupNode& group);
+    void Move(GroupNode& group, GroupNode& parent);
+    void Move(UnitNode& unit, GroupNode& group);
+    void Release(GroupNode& group);
+
+    /// To be called after something was set on a unit, a channel or a group.
+    void Touch() const;
+
+  private:
+    void RequireBeforeInit() const;
+    void RequireInit() const;
+    void Replan() const;
+    void Silence(const UnitNode& unit);
+
+    Handles& handles_;
+    unsigned int bufferLength_ = 1024;
+    int bufferCount_ = 4;
+    int mostChannels_ = MostChannels;
+    int outputKind_ = SOUND_OUTPUT_DEVICE;
+    // Between Init and Close.
+    std::unique_ptr<Graph> graph_;
+    std::shared_ptr<Mixer> mixer_;
+    std::unique_ptr<Output> output_;
+    unsigned int unitsMade_ = 0;
+};
+
+}  // namespace quavix::sound_engine

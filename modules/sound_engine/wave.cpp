@@ -1,0 +1,122 @@
+// SPDX-License-Identifier: MIT
+#include "sound_engine/wave.h"
+
+#include <array>
+
+#include "sound_engine/processor.h"
+
+namespace quavix::sound_engine {
+namespace {
+
+constexpr Phase HalfPeriod = Phase{1} << 63;
+constexpr Phase QuarterPeriod = Phase{1} << 62;
+
+// The phases of all samples as signed fractions: -2^31 .. 2^31 - 1 is one period around 0.
+using Phases = std::array<std::int32_t, Processor::MostFrames>;
+
+void Fill(Phases& phases, std::size_t frames, Phase phase, Phase step) {
+    for (std::size_t i = 0; i < frames; ++i) {
+        phases[i] = static_cast<std::int32_t>(static_cast<std::uint32_t>(phase >> 32));
+        phase += step;
+    }
+}
+
+constexpr float Unit31 = 1.0F / 2147483648.0F;
+
+// Up from 0 to 1/2 at a quarter period, down to -1/2 at three quarters.
+float Folded(std::int32_t phase) {
+    // All ones in the half period around the middle, where the two highest bits differ.
+    const std::int32_t beyond =
+        (phase ^ static_cast<std::int32_t>(static_cast<std::uint32_t>(phase) << 1)) >> 31;
+    return static_cast<float>(phase ^ (beyond & 0x7fffffff)) * Unit31;
+}
+
+// sin(pi x) for x of -1/2..1/2, exact to a ten-millionth.
+float Sine(float x) {
+    const float s = x * x;
+    return x * (3.14159265F +
+                s * (-5.16771278F +
+                     s * (2.55016404F + s * (-0.599264529F + s * (0.0821458866F + s * -0.00737043095F)))));
+}
+
+template <class Function>
+void AddAll(float* out, std::size_t frames, Phase phase, Phase step, Weight weight, Function function) {
+    Phases phases;
+    Fill(phases, frames, phase, step);
+    if (weight.Step == 0.0F) {
+        for (std::size_t i = 0; i < frames; ++i)
+            out[i] += weight.Start * function(phases[i]);
+    } else {
+        for (std::size_t i = 0; i < frames; ++i)
+            out[i] += (weight.Start + weight.Step * static_cast<float>(static_cast<std::int32_t>(i))) *
+                      function(phases[i]);
+    }
+}
+
+// Calls `edge(sample, place)` for every time the wave passes the phase `at`: `place` (0..1] samples after
+// `sample`. Whole numbers tell where; so an edge is never on another side of a sample than the wave itself
+// has it.
+template <class Function>
+void ForEachPassing(Phase at, std::size_t frames, Phase phase, Phase step, Function edge) {
+    const Phase way = at - phase;
+    if (step == 0 || (way - 1) / frames >= step)
+        return;
+    Phase passed = 0;  // how far behind the edge a sample is
+    // The first sample at or behind the edge; a way of 0 is a whole period, as that edge was the last one
+    // before.
+    Phase sample = (way - 1) / step + 1;
+    passed = sample * step - way;
+    while (sample <= frames) {
+        edge(static_cast<std::size_t>(sample - 1),
+             1.0 - static_cast<double>(passed) / static_cast<double>(step));
+        // From there it is this much to the next: never 0, as a step is at most half a period.
+        const Phase rest = Phase{0} - passed;
+        const Phase steps = (rest - 1) / step + 1;
+        sample += steps;
+        passed = steps * step - rest;
+    }
+}
+
+}  // namespace
+
+void Waves::AddSine(float* out, std::size_t frames, Phase phase, Phase step, Weight weight) {
+    AddAll(out + Delay, frames, phase, step, weight, [](std::int32_t p) { return Sine(Folded(p)); });
+}
+
+void Waves::AddSquare(float* out, std::size_t frames, Phase phase, Phase step, Weight weight) const {
+    AddAll(out + Delay, frames, phase, step, weight,
+           [](std::int32_t p) { return 1.0F + 2.0F * static_cast<float>(p >> 31); });
+    const auto jump = [&](float height) {
+        return [=, this](std::size_t sample, double place) {
+            const float heard = weight.Start + weight.Step * (static_cast<float>(sample) + 1.0F);
+            edges_.AddJump(out + sample, place, height * heard);
+        };
+    };
+    ForEachPassing(0, frames, phase, step, jump(2.0F));
+    ForEachPassing(HalfPeriod, frames, phase, step, jump(-2.0F));
+}
+
+void Waves::AddRisingSaw(float* out, std::size_t frames, Phase phase, Phase step, Weight weight) const {
+    AddAll(out + Delay, frames, phase, step, weight,
+           [](std::int32_t p) { return static_cast<float>(p) * Unit31; });
+    ForEachPassing(HalfPeriod, frames, phase, step, [&](std::size_t sample, double place) {
+        const float heard = weight.Start + weight.Step * (static_cast<float>(sample) + 1.0F);
+        edges_.AddJump(out + sample, place, -2.0F * heard);
+    });
+}
+
+void Waves::AddTriangle(float* out, std::size_t frames, Phase phase, Phase step, Weight weight) const {
+    AddAll(out + Delay, frames, phase, step, weight, [](std::int32_t p) { return 2.0F * Folded(p); });
+    // From rising to falling by four in a period.
+    const float slope = 8.0F * static_cast<float>(step >> 32) / 4294967296.0F;
+    const auto corner = [&](float direction) {
+        return [=, this](std::size_t sample, double place) {
+            const float heard = weight.Start + weight.Step * (static_cast<float>(sample) + 1.0F);
+            edges_.AddCorner(out + sample, place, direction * slope * heard);
+        };
+    };
+    ForEachPassing(QuarterPeriod, frames, phase, step, corner(-1.0F));
+    ForEachPassing(QuarterPeriod + HalfPeriod, frames, phase, step, corner(1.0F));
+}
+
+}  // namespace quavix::sound_engine
