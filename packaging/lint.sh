@@ -8,7 +8,7 @@ cd "$(dirname "$0")/.."
 mkdir -p build/lint
 sed 's/-Winvalid-pch -include [^ ]*cmake_pch.hxx//' build/release/compile_commands.json >build/lint/compile_commands.json
 if [ "${1:-}" = --all ]; then
-    git ls-files 'src/*.cpp'
+    git ls-files 'src/*.cpp' 'modules/*.cpp'
 else
-    git ls-files 'src/*.cpp' ':!src/ui' ':!src/platform/qt' ':!src/app/quavix_main.cpp'
+    git ls-files 'src/*.cpp' 'modules/*.cpp' ':!src/ui' ':!src/platform/qt' ':!src/app/quavix_main.cpp'
 fi | xargs -P "$(nproc)" -n 4 clang-tidy -p build/lint --quiet 2>/dev/null

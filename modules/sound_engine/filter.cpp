@@ -31,56 +31,34 @@ bool operator==(const Biquad& a, const Biquad& b) {
     return a.B0 == b.B0 && a.B1 == b.B1 && a.B2 == b.B2 && a.A1 == b.A1 && a.A2 == b.A2;
 }
 
-Biquad StepTo(const Biquad& from, const Biquad& to, int frames) {
-    const double part = 1.0 / frames;
-    return {.B0 = (to.B0 - from.B0) * part,
-            .B1 = (to.B1 - from.B1) * part,
-            .B2 = (to.B2 - from.B2) * part,
-            .A1 = (to.A1 - from.A1) * part,
-            .A2 = (to.A2 - from.A2) * part};
-}
-
-void Add(Biquad& biquad, const Biquad& step) {
-    biquad.B0 += step.B0;
-    biquad.B1 += step.B1;
-    biquad.B2 += step.B2;
-    biquad.A1 += step.A1;
-    biquad.A2 += step.A2;
-}
-
 }  // namespace
 
 void Filter::Sync(const MixRate& rate, double) {
     gain_.To(Active() ? 1.0F : 0.0F, rate.RampFrames);
     const bool neutral = Neutral();
     wet_.To(Bypassed() || neutral ? 0.0F : 1.0F, rate.RampFrames);
-    if (fresh_) {
-        wet_.Finish();
-        gain_.Finish();
-    }
-    // Towards neutral the sound glides back to what comes in, through the filter as it was.
-    const Biquad wanted = neutral ? target_ : Design(rate.FramesPerSecond);
-    if (wanted == target_)
-        return;
-    target_ = wanted;
-    // Between two stable filters all on the straight line are stable.
-    gliding_ = rate.RampFrames;
-    step_ = StepTo(now_, target_, gliding_);
-    if (fresh_ || wet_.At(0.0F)) {
-        now_ = target_;
-        gliding_ = 0;
-    }
+    fadeFrames_ = rate.RampFrames;
+    // Towards neutral the sound glides to what comes in, from the filter as it was.
+    if (!neutral)
+        wanted_ = Design(rate.FramesPerSecond);
+    if (fresh_)
+        Settle();
+}
+
+// Nobody hears how it gets there.
+void Filter::Settle() {
+    now_.Is = wanted_;
+    fadeLeft_ = 0;
+    wet_.Finish();
+    gain_.Finish();
 }
 
 bool Filter::Process(const float* in, std::span<float> out) {
     fresh_ = false;
     const bool inactive = gain_.At(0.0F);
     if ((in == nullptr && Resting()) || inactive) {
-        x1_ = x2_ = y1_ = y2_ = 0.0;
-        now_ = target_;
-        gliding_ = 0;
-        wet_.Finish();
-        gain_.Finish();
+        x1_ = x2_ = now_.Y1 = now_.Y2 = 0.0;
+        Settle();
         return false;
     }
     if (in == nullptr)
@@ -88,10 +66,7 @@ bool Filter::Process(const float* in, std::span<float> out) {
     if (wet_.At(0.0F)) {
         PassOn(in, out);
     } else {
-        if (gliding_ > 0)
-            RunGliding(in, out);
-        else
-            Run(in, out);
+        Run(in, out);
         if (!wet_.At(1.0F)) {
             for (std::size_t i = 0; i < out.size(); ++i)
                 out[i] = in[i] + wet_.Next() * (out[i] - in[i]);
@@ -102,57 +77,56 @@ bool Filter::Process(const float* in, std::span<float> out) {
 }
 
 bool Filter::Resting() const {
-    return std::max({std::abs(x1_), std::abs(x2_), std::abs(y1_), std::abs(y2_)}) < Nothing;
+    return fadeLeft_ == 0 &&
+           std::max({std::abs(x1_), std::abs(x2_), std::abs(now_.Y1), std::abs(now_.Y2)}) < Nothing;
 }
 
 void Filter::PassOn(const float* in, std::span<float> out) {
     std::copy_n(in, out.size(), out.begin());
-    if (out.size() > 1)
-        x2_ = y2_ = in[out.size() - 2];
-    else
-        x2_ = y2_ = x1_;
-    x1_ = y1_ = in[out.size() - 1];
-    gliding_ = 0;
-    now_ = target_;
+    x2_ = out.size() > 1 ? in[out.size() - 2] : x1_;
+    x1_ = in[out.size() - 1];
+    now_ = {.Is = wanted_, .Y1 = x1_, .Y2 = x2_};
+    fadeLeft_ = 0;
 }
 
 void Filter::Run(const float* in, std::span<float> out) {
-    const Biquad f = now_;
+    // A change in the middle of a fade waits for its end, or it would be a jump.
+    if (fadeLeft_ == 0 && !(now_.Is == wanted_)) {
+        next_ = {.Is = wanted_, .Y1 = now_.Y1, .Y2 = now_.Y2};
+        fadeLeft_ = fadeFrames_;
+    }
+    const std::size_t faded = fadeLeft_ > 0 ? RunFading(in, out) : 0;
+    // By way of copies, which the compiler knows to be changed by nothing else.
+    Running running = now_;
     double x1 = x1_;
     double x2 = x2_;
-    double y1 = y1_;
-    double y2 = y2_;
-    for (std::size_t i = 0; i < out.size(); ++i) {
+    for (std::size_t i = faded; i < out.size(); ++i) {
         const double x = in[i];
-        // In this order only one multiplication and one addition wait for the sample before.
-        const double y = f.B0 * x + f.B1 * x1 + f.B2 * x2 - f.A2 * y2 - f.A1 * y1;
+        out[i] = static_cast<float>(running.Next(x, x1, x2));
         x2 = x1;
         x1 = x;
-        y2 = y1;
-        y1 = y;
-        out[i] = static_cast<float>(y);
     }
+    now_ = running;
     x1_ = x1;
     x2_ = x2;
-    y1_ = y1;
-    y2_ = y2;
 }
 
-void Filter::RunGliding(const float* in, std::span<float> out) {
-    for (std::size_t i = 0; i < out.size(); ++i) {
-        if (gliding_ > 0) {
-            Add(now_, step_);
-            if (--gliding_ == 0)
-                now_ = target_;
-        }
+// Until the end of the fade or of the samples, and returns how many that were.
+std::size_t Filter::RunFading(const float* in, std::span<float> out) {
+    const double step = 1.0 / fadeFrames_;
+    std::size_t i = 0;
+    for (; i < out.size() && fadeLeft_ > 0; ++i) {
         const double x = in[i];
-        const double y = now_.B0 * x + now_.B1 * x1_ + now_.B2 * x2_ - now_.A2 * y2_ - now_.A1 * y1_;
+        const double before = now_.Next(x, x1_, x2_);
+        const double after = next_.Next(x, x1_, x2_);
+        --fadeLeft_;
+        out[i] = static_cast<float>(after + (before - after) * (fadeLeft_ * step));
         x2_ = x1_;
         x1_ = x;
-        y2_ = y1_;
-        y1_ = y;
-        out[i] = static_cast<float>(y);
     }
+    if (fadeLeft_ == 0)
+        now_ = next_;
+    return i;
 }
 
 LowPass::LowPass() : Filter(LowPassParameters) {}

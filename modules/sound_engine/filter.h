@@ -1,13 +1,16 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstddef>
+
 #include "sound_engine/filter_design.h"
 #include "sound_engine/ramp.h"
 #include "sound_engine/unit.h"
 
 namespace quavix::sound_engine {
 
-/// A unit that filters what it hears. Its coefficients, its bypass and its being active glide.
+/// A unit that filters what it hears. When its settings change, the sound glides from the filter as it was to
+/// the filter as it is; so it does when it is bypassed, and when it stops being active.
 class Filter : public Unit {
   public:
     using Unit::Unit;
@@ -22,23 +25,38 @@ class Filter : public Unit {
     /// Whether the filter as set passes everything on as it is.
     virtual bool Neutral() const { return false; }
 
+    // A filter with what it gave last; what it heard last is the same for all.
+    struct Running {
+        Biquad Is;
+        double Y1 = 0.0;
+        double Y2 = 0.0;
+
+        double Next(double x, double x1, double x2) {
+            // In this order only one multiplication and one addition wait for the sample before.
+            const double y = Is.B0 * x + Is.B1 * x1 + Is.B2 * x2 - Is.A2 * Y2 - Is.A1 * Y1;
+            Y2 = Y1;
+            Y1 = y;
+            return y;
+        }
+    };
+
     void PassOn(const float* in, std::span<float> out);
     void Run(const float* in, std::span<float> out);
-    void RunGliding(const float* in, std::span<float> out);
+    std::size_t RunFading(const float* in, std::span<float> out);
     bool Resting() const;
+    void Settle();
 
-    Biquad now_;
-    Biquad step_;
-    Biquad target_;
-    int gliding_ = 0;
+    Biquad wanted_;
+    Running now_;
+    // Fades in over the one before.
+    Running next_;
+    int fadeLeft_ = 0;
+    int fadeFrames_ = 1;
     bool fresh_ = true;
     Ramp wet_{0.0F};
     Ramp gain_{1.0F};
-    // The last two samples before and after the filter.
     double x1_ = 0.0;
     double x2_ = 0.0;
-    double y1_ = 0.0;
-    double y2_ = 0.0;
 };
 
 class LowPass final : public Filter {

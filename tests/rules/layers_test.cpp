@@ -14,13 +14,13 @@ namespace {
 namespace fs = std::filesystem;
 
 struct Source {
-    std::string Name;    // relative to src/
+    std::string Name;    // relative to src/ or modules/
     std::string Folder;  // its first component
     std::vector<std::string> Lines;
 };
 
-std::vector<Source> Sources() {
-    const fs::path root = fs::path(QUAVIX_SOURCE_DIR) / "src";
+std::vector<Source> Sources(const char* below = "src") {
+    const fs::path root = fs::path(QUAVIX_SOURCE_DIR) / below;
     std::vector<Source> sources;
     for (const auto& entry : fs::recursive_directory_iterator(root)) {
         const std::string extension = entry.path().extension();
@@ -117,6 +117,55 @@ TEST(Layers, ThePlatformsSystemsAreChosenByTheBuildNotByThePreprocessor) {
     for (const Source& source : Sources()) {
         for (const std::string& line : source.Lines)
             EXPECT_FALSE(std::regex_search(line, ladder)) << source.Name << ": " << line;
+    }
+}
+
+// What is loaded at run time meets the program in its interface only, and the system in few files.
+TEST(Layers, AModuleKnowsOfTheSourcesNothingButSound) {
+    const std::regex include(R"re(^\s*#\s*include\s+"([^"/]+)/[^"]*")re");
+    std::size_t seen = 0;
+    for (const Source& source : Sources("modules")) {
+        for (const std::string& line : source.Lines) {
+            std::smatch match;
+            if (!std::regex_search(line, match, include))
+                continue;
+            ++seen;
+            const std::string folder = match[1];
+            EXPECT_TRUE(folder == source.Folder || folder == "dsp") << source.Name << ": " << line;
+        }
+    }
+    EXPECT_GT(seen, 30U);
+}
+
+TEST(Layers, AModuleMeetsTheSystemWhereSoundGoesOut) {
+    const std::set<std::string> outputs = {
+        "sound_engine/device_output.cpp", "sound_engine/device_stream.cpp", "sound_engine/device_stream.h",
+        "sound_engine/soundless_output.cpp", "sound_engine/soundless_output.h"};
+    const std::regex system(
+        R"(<chrono>|<ctime>|<thread>|#\s*include\s+<(unistd\.h|sys/|fcntl\.h|poll\.h|RtAudio|jack/|windows\.h|Q))");
+    const std::regex ladder(R"(#\s*(if|ifdef|ifndef|elif)\b)");
+    for (const Source& source : Sources("modules")) {
+        for (const std::string& line : source.Lines) {
+            EXPECT_TRUE(outputs.contains(source.Name) || !std::regex_search(line, system))
+                << source.Name << ": " << line;
+            // The interface is a header for C and C++, on every system.
+            EXPECT_TRUE(source.Name == "sound_engine/sound_engine.h" || !std::regex_search(line, ladder))
+                << source.Name << ": " << line;
+        }
+    }
+}
+
+// The mixing thread has no time for any of it. Threads wait for each other where sound goes out and where
+// calls come in.
+TEST(Layers, MixingDoesNotLock) {
+    const std::regex locks(R"(<mutex>|<condition_variable>|<semaphore>|\bmutex\b|lock_guard)");
+    const std::set<std::string> others = {"sound_engine/api.cpp", "sound_engine/device_output.cpp",
+                                          "sound_engine/soundless_output.cpp",
+                                          "sound_engine/soundless_output.h"};
+    for (const Source& source : Sources("modules")) {
+        for (const std::string& line : source.Lines)
+            EXPECT_TRUE(others.contains(source.Name) || !std::regex_search(line, locks))
+                << source.Name << ": " << line;
     }
 }
 
