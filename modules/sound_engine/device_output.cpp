@@ -22,11 +22,13 @@ using Seconds = std::chrono::duration<double>;
 constexpr auto OpeningPatience = std::chrono::seconds(10);
 constexpr auto ClosingPatience = std::chrono::seconds(2);
 // How often the device is looked at, and looked for.
-constexpr auto Interval = std::chrono::milliseconds(250);
-// A device that asks for nothing in such a time is lost.
-constexpr Seconds Standstill(0.5);
+constexpr auto WatchInterval = std::chrono::milliseconds(250);
+constexpr auto SearchInterval = std::chrono::milliseconds(500);
+// A device that asks for nothing for so long is lost, though its sound system has not said so.
+constexpr Seconds Standstill(2.0);
 // So is one that asks for sound much faster than it can be heard: its sound system only says no to all of it.
 constexpr double MostHaste = 4.0;
+constexpr Seconds Hesitation(0.5);
 
 // Looks at how a stream gets on.
 class Watch {
@@ -34,7 +36,7 @@ class Watch {
     explicit Watch(const DeviceStream& stream) : stream_(stream) {}
 
     bool Lost() {
-        if (!stream_.Running())
+        if (!stream_.Opened())
             return true;
         const Clock::time_point now = Clock::now();
         const std::uint64_t played = stream_.Played();
@@ -42,7 +44,7 @@ class Watch {
         const double frames = static_cast<double>(played - played_);
         if (played == played_)
             return passed > Standstill;
-        const bool hasty = frames > MostHaste * stream_.Rate() * Seconds(passed + Standstill).count();
+        const bool hasty = frames > MostHaste * stream_.Rate() * Seconds(passed + Hesitation).count();
         played_ = played;
         movedAt_ = now;
         return hasty;
@@ -109,7 +111,7 @@ void DeviceOutput::Work(const std::shared_ptr<Shared>& shared) {
         lock.unlock();
         if (watch && watch->Lost()) {
             watch.reset();
-            stream.reset();
+            DeviceStream::Close(std::move(stream));
         }
         if (!stream) {
             stream = DeviceStream::Open(shared->Mixing, shared->DelayFrames);
@@ -125,11 +127,11 @@ void DeviceOutput::Work(const std::shared_ptr<Shared>& shared) {
             shared->End = shared->End || !stream;
             shared->Changed.notify_all();
         }
-        shared->Changed.wait_for(lock, Interval, [&] { return shared->End; });
+        shared->Changed.wait_for(lock, stream ? WatchInterval : SearchInterval, [&] { return shared->End; });
     }
     lock.unlock();
-    watch.reset();
-    stream.reset();
+    if (stream)
+        DeviceStream::Close(std::move(stream));
     lock.lock();
     shared->Ended = true;
     shared->Changed.notify_all();

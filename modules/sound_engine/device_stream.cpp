@@ -2,6 +2,7 @@
 #include "sound_engine/device_stream.h"
 
 #include <algorithm>
+#include <alsa/asoundlib.h>
 #include <chrono>
 #include <span>
 #include <thread>
@@ -17,6 +18,17 @@ unsigned int ChooseRate(const RtAudio::DeviceInfo& device) {
         return WantedRate;
     return device.preferredSampleRate != 0 ? device.preferredSampleRate : rates.back();
 }
+
+void SayNothing(const char*, int, const char*, int, const char*, ...) {}
+
+// Looking for a device that is not there makes the ALSA library explain itself on standard error, each time.
+class QuietAlsa {
+  public:
+    QuietAlsa() { snd_lib_error_set_handler(&SayNothing); }
+    ~QuietAlsa() { snd_lib_error_set_handler(nullptr); }
+    QuietAlsa(const QuietAlsa&) = delete;
+    QuietAlsa& operator=(const QuietAlsa&) = delete;
+};
 
 // As much as possible of the delay lies with the device, where it keeps the sound going when this process is
 // late.
@@ -38,10 +50,12 @@ struct Buffers {
 }  // namespace
 
 std::unique_ptr<DeviceStream> DeviceStream::Open(const std::shared_ptr<Mixer>& mixer, int delayFrames) {
+    const QuietAlsa quiet;
     for (const RtAudio::Api api : {RtAudio::UNIX_JACK, RtAudio::LINUX_PULSE, RtAudio::LINUX_ALSA}) {
         std::unique_ptr<DeviceStream> stream(new DeviceStream(api));
         if (stream->TryOpen(mixer, delayFrames))
             return stream;
+        Close(std::move(stream));
     }
     return nullptr;
 }
@@ -50,13 +64,31 @@ DeviceStream::DeviceStream(RtAudio::Api api) : audio_(api) {
     audio_.showWarnings(false);
 }
 
-DeviceStream::~DeviceStream() {
-    // When its server goes, the library closes a stream from a thread of its own; let that come to its end.
+void DeviceStream::Close(std::unique_ptr<DeviceStream> stream) {
+    RtAudio& audio = stream->audio_;
+    // When the server of a running stream goes, the library closes it from a thread of its own, and two at a
+    // time doing so end badly. Nor does closing return where the device does not. Only one that asks for
+    // sound is sure to be well.
+    const bool well = !audio.isStreamRunning() || stream->Moves();
+    if (!well && audio.isStreamOpen()) {
+        stream->silenced_.store(true);
+        static_cast<void>(stream.release());
+        return;
+    }
+    if (audio.isStreamOpen())
+        audio.closeStream();
+}
+
+// Waits for that for a second, or until it is closed.
+bool DeviceStream::Moves() const {
     constexpr auto Step = std::chrono::milliseconds(5);
-    for (int step = 0; step < 100 && opened_ && audio_.isStreamOpen() && !audio_.isStreamRunning(); ++step)
+    const std::uint64_t before = Played();
+    for (int step = 0; step < 200 && Opened(); ++step) {
+        if (Played() != before)
+            return true;
         std::this_thread::sleep_for(Step);
-    if (audio_.isStreamOpen())
-        audio_.closeStream();
+    }
+    return false;
 }
 
 bool DeviceStream::TryOpen(const std::shared_ptr<Mixer>& mixer, int delayFrames) {
@@ -89,7 +121,6 @@ bool DeviceStream::TryOpen(const std::shared_ptr<Mixer>& mixer, int delayFrames)
         queue_.emplace(mixer, static_cast<std::size_t>(ahead), period);
         mono_.resize(period);
         audio_.startStream();
-        opened_ = true;
         return true;
     } catch (const RtAudioError&) {
         return false;
@@ -98,6 +129,10 @@ bool DeviceStream::TryOpen(const std::shared_ptr<Mixer>& mixer, int delayFrames)
 
 void DeviceStream::Play(float* out, std::size_t frames) {
     played_.fetch_add(frames, std::memory_order_relaxed);
+    if (silenced_.load()) {
+        std::fill_n(out, frames * channels_, 0.0F);
+        return;
+    }
     while (frames > 0) {
         const std::span<float> mono(mono_.data(), std::min(frames, mono_.size()));
         queue_->Take(mono);

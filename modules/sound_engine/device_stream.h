@@ -24,7 +24,11 @@ class DeviceStream {
     /// likes.
     static std::unique_ptr<DeviceStream> Open(const std::shared_ptr<Mixer>& mixer, int delayFrames);
 
-    ~DeviceStream();
+    /// Closes the device; one that has stopped asking for sound, and that its sound system has not closed
+    /// itself, is left to it after a second. It plays silence should it come back.
+    static void Close(std::unique_ptr<DeviceStream> stream);
+
+    ~DeviceStream() = default;
     DeviceStream(const DeviceStream&) = delete;
     DeviceStream& operator=(const DeviceStream&) = delete;
 
@@ -34,12 +38,13 @@ class DeviceStream {
     /// Frames that the device has asked for so far.
     std::uint64_t Played() const { return played_.load(std::memory_order_relaxed); }
 
-    /// False where the sound system itself has ended the stream.
-    bool Running() const { return audio_.isStreamRunning(); }
+    /// False where the sound system itself has closed the device.
+    bool Opened() const { return audio_.isStreamOpen(); }
 
   private:
     explicit DeviceStream(RtAudio::Api api);
 
+    bool Moves() const;
     bool TryOpen(const std::shared_ptr<Mixer>& mixer, int delayFrames);
     void Play(float* out, std::size_t frames);
     static int Callback(void* out, void* in, unsigned int frames, double streamTime,
@@ -51,7 +56,7 @@ class DeviceStream {
     std::atomic<std::uint64_t> played_{0};
     std::optional<BlockQueue> queue_;
     std::vector<float> mono_;
-    bool opened_ = false;
+    std::atomic<bool> silenced_{false};
 };
 
 }  // namespace quavix::sound_engine

@@ -11,6 +11,7 @@
 #include <poll.h>
 #include <sys/wait.h>
 #include <unistd.h>
+#include <utility>
 
 #include <gtest/gtest.h>
 
@@ -40,7 +41,8 @@ JackServer::~JackServer() {
     End(SIGTERM);
 }
 
-bool JackServer::Start() {
+bool JackServer::Start(int sampleRate) {
+    const std::string rate = std::to_string(sampleRate);
     std::array<int, 2> ends{-1, -1};
     if (pipe2(ends.data(), O_CLOEXEC) != 0)
         return false;
@@ -51,7 +53,7 @@ bool JackServer::Start() {
         dup2(serversOutput.Get(), STDOUT_FILENO);
         dup2(serversOutput.Get(), STDERR_FILENO);
         signal(SIGPIPE, SIG_IGN);  // nobody listens to it for long
-        execlp("jackd", "jackd", "-r", "-S", "-t", "10000", "-d", "dummy", "-r", "48000", "-p", "128",
+        execlp("jackd", "jackd", "-r", "-S", "-t", "10000", "-d", "dummy", "-r", rate.c_str(), "-p", "128",
                nullptr);
         _exit(127);
     }
@@ -109,12 +111,31 @@ bool JackRecorder::Listen() {
     return any;
 }
 
+bool JackRecorder::WaitForPeriod() {
+    timespec until{};
+    clock_gettime(CLOCK_REALTIME, &until);
+    until.tv_sec += PatienceNs / ToneClock::NsPerSecond;
+    return sem_timedwait(&arrived_, &until) == 0;
+}
+
+bool JackRecorder::ListenWhenThereIsSomething() {
+    const std::int64_t until = MonotonicNs() + PatienceNs;
+    while (!Listen()) {
+        if (!WaitForPeriod() || MonotonicNs() > until)
+            return false;
+    }
+    return true;
+}
+
+std::int64_t JackRecorder::FramesToLoudspeaker() const {
+    jack_latency_range_t range{};
+    jack_port_get_latency_range(jack_port_by_name(client_, "system:playback_1"), JackPlaybackLatency, &range);
+    return range.max;
+}
+
 bool JackRecorder::RecordUntil(const std::function<bool(const std::vector<float>&)>& enough) {
     for (;;) {
-        timespec until{};
-        clock_gettime(CLOCK_REALTIME, &until);
-        until.tv_sec += PatienceNs / ToneClock::NsPerSecond;
-        if (sem_timedwait(&arrived_, &until) != 0)
+        if (!WaitForPeriod())
             return false;
         const auto end =
             recorded_.begin() + static_cast<std::ptrdiff_t>(size_.load(std::memory_order_acquire));
@@ -128,6 +149,9 @@ bool JackRecorder::RecordUntil(const std::function<bool(const std::vector<float>
 int JackRecorder::Process(jack_nframes_t frames, void* recorder) {
     auto& self = *static_cast<JackRecorder*>(recorder);
     const auto* in = static_cast<const float*>(jack_port_get_buffer(self.port_, frames));
+    const jack_nframes_t now = jack_last_frame_time(self.client_);
+    if (now != std::exchange(self.next_, now + frames))
+        self.gaps_.fetch_add(1, std::memory_order_acq_rel);
     const std::size_t size = self.size_.load(std::memory_order_relaxed);
     const std::size_t count = std::min<std::size_t>(frames, self.recorded_.size() - size);
     std::copy_n(in, count, self.recorded_.begin() + static_cast<std::ptrdiff_t>(size));
