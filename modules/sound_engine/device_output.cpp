@@ -112,8 +112,9 @@ void DeviceOutput::Work(const std::shared_ptr<Shared>& shared) {
         if (watch && watch->Lost()) {
             watch.reset();
             DeviceStream::Close(std::move(stream));
-        }
-        if (!stream) {
+            // Not at once: opening a client of a new JACK server frees those of the old one in the whole
+            // process, and others may be just about to close theirs.
+        } else if (!stream) {
             stream = DeviceStream::Open(shared->Mixing, shared->DelayFrames);
             if (stream) {
                 watch.emplace(*stream);

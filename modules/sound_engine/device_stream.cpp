@@ -65,18 +65,23 @@ DeviceStream::DeviceStream(RtAudio::Api api) : audio_(api) {
 }
 
 void DeviceStream::Close(std::unique_ptr<DeviceStream> stream) {
-    RtAudio& audio = stream->audio_;
-    // When the server of a running stream goes, the library closes it from a thread of its own, and two at a
-    // time doing so end badly. Nor does closing return where the device does not. Only one that asks for
-    // sound is sure to be well.
-    const bool well = !audio.isStreamRunning() || stream->Moves();
-    if (!well && audio.isStreamOpen()) {
-        stream->silenced_.store(true);
-        static_cast<void>(stream.release());
-        return;
+    // One that stands still may be about to be closed by the library itself, from a thread of its own, and
+    // two at a time doing so end badly; or closing it never returns. Only one that asks for sound is sure to
+    // be well.
+    if (stream->audio_.isStreamRunning() ? stream->Moves() : stream->Opened())
+        stream->audio_.closeStream();
+    else if (stream->queue_)
+        Keep(std::move(stream));
+}
+
+// To the end of the process.
+void DeviceStream::Keep(std::unique_ptr<DeviceStream> stream) {
+    static std::atomic<DeviceStream*> kept{nullptr};
+    stream->silenced_.store(true);
+    stream->nextKept_ = kept.load();
+    while (!kept.compare_exchange_weak(stream->nextKept_, stream.get())) {
     }
-    if (audio.isStreamOpen())
-        audio.closeStream();
+    static_cast<void>(stream.release());
 }
 
 // Waits for that for a second, or until it is closed.

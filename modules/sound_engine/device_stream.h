@@ -24,8 +24,9 @@ class DeviceStream {
     /// likes.
     static std::unique_ptr<DeviceStream> Open(const std::shared_ptr<Mixer>& mixer, int delayFrames);
 
-    /// Closes the device; one that has stopped asking for sound, and that its sound system has not closed
-    /// itself, is left to it after a second. It plays silence should it come back.
+    /// Closes the device. A stream that has stopped asking for sound, or that the sound system has closed
+    /// itself, is left to the library, which may still do something with it; it plays silence should it come
+    /// back.
     static void Close(std::unique_ptr<DeviceStream> stream);
 
     ~DeviceStream() = default;
@@ -45,6 +46,7 @@ class DeviceStream {
     explicit DeviceStream(RtAudio::Api api);
 
     bool Moves() const;
+    static void Keep(std::unique_ptr<DeviceStream> stream);
     bool TryOpen(const std::shared_ptr<Mixer>& mixer, int delayFrames);
     void Play(float* out, std::size_t frames);
     static int Callback(void* out, void* in, unsigned int frames, double streamTime,
@@ -57,6 +59,7 @@ class DeviceStream {
     std::optional<BlockQueue> queue_;
     std::vector<float> mono_;
     std::atomic<bool> silenced_{false};
+    DeviceStream* nextKept_ = nullptr;
 };
 
 }  // namespace quavix::sound_engine

@@ -28,6 +28,7 @@ class JackServer {
     void Kill();
 
   private:
+    bool Answers() const;
     void End(int signal);
 
     std::string name_;
