@@ -22,3 +22,21 @@ function(quavix_library name)
     add_library(${name} STATIC ${arg_SOURCES})
     target_link_libraries(${name} PUBLIC quavix_options ${arg_LINK})
 endfunction()
+
+# The C interfaces of the modules, for those who load them: #include "modules/NAME/NAME_module.h".
+add_library(quavix_module_interfaces INTERFACE)
+target_include_directories(quavix_module_interfaces INTERFACE ${PROJECT_SOURCE_DIR})
+
+# quavix_module(NAME FILE name.ocx SOURCES... LINK targets...): what is loaded at run time, beside the programs. All but
+# its entry point for installers (registration.cpp) is in the object library NAME_objects too, for tests to link.
+function(quavix_module name)
+    cmake_parse_arguments(arg "" "FILE" "SOURCES;LINK" ${ARGN})
+    add_library(${name}_objects OBJECT ${arg_SOURCES})
+    target_link_libraries(${name}_objects PUBLIC quavix_options quavix_module_interfaces ${arg_LINK})
+    add_library(${name} MODULE registration.cpp)
+    target_link_libraries(${name} PRIVATE ${name}_objects)
+    set_target_properties(${name}_objects ${name} PROPERTIES
+        POSITION_INDEPENDENT_CODE ON CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON)
+    set_target_properties(${name} PROPERTIES
+        PREFIX "" OUTPUT_NAME ${arg_FILE} SUFFIX "" LIBRARY_OUTPUT_DIRECTORY ${CMAKE_RUNTIME_OUTPUT_DIRECTORY})
+endfunction()

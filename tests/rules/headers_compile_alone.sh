@@ -6,8 +6,13 @@ compiler=$1
 source_dir=$2
 generated_dir=$3
 cd "$source_dir"
-find . -name '*.h' ! -path './ui/*' ! -path './platform/qt/*' | sort |
+find . ../modules -name '*.h' ! -path './ui/*' ! -path './platform/qt/*' | sort |
     xargs -P "$(nproc)" -I{} sh -c '
-        printf "#include \"%s\"\n" "$4" | sed "s|\./||" |
-            "$1" -std=c++20 -fsyntax-only -DFMT_SHARED -I"$2" -I"$3" $5 -x c++ - ||
+        printf "#include \"%s\"\n" "$4" | sed "s|\"\.*/|\"|" |
+            "$1" -std=c++20 -fsyntax-only -DFMT_SHARED -I"$2" -I"$2/.." -I"$3" $5 -x c++ - ||
             { echo "does not compile alone: $4"; exit 255; }' sh "$compiler" "$source_dir" "$generated_dir" {} "$(pkg-config --cflags rtaudio)"
+# The interfaces of the modules are C.
+find ../modules -name '*_module.h' | while read -r header; do
+    printf '#include "%s"\n' "$header" |
+        "$compiler" -std=c11 -pedantic-errors -Wall -Wextra -Werror -fsyntax-only -x c -
+done

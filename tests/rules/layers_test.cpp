@@ -122,7 +122,7 @@ TEST(Layers, ThePlatformsSystemsAreChosenByTheBuildNotByThePreprocessor) {
 
 // What is loaded at run time meets the program in its interface only, and the system in few files.
 TEST(Layers, AModuleKnowsOfTheSourcesNothingButSound) {
-    const std::regex include(R"re(^\s*#\s*include\s+"([^"/]+)/[^"]*")re");
+    const std::regex include(R"re(^\s*#\s*include\s+"(?:modules/)?([^"/]+)/[^"]*")re");
     std::size_t seen = 0;
     for (const Source& source : Sources("modules")) {
         for (const std::string& line : source.Lines) {
@@ -137,7 +137,7 @@ TEST(Layers, AModuleKnowsOfTheSourcesNothingButSound) {
     EXPECT_GT(seen, 30U);
 }
 
-TEST(Layers, AModuleMeetsTheSystemWhereSoundGoesOut) {
+TEST(Layers, TheSoundEngineMeetsTheSystemWhereSoundGoesOut) {
     const std::set<std::string> outputs = {
         "sound_engine/device_output.cpp", "sound_engine/device_stream.cpp", "sound_engine/device_stream.h",
         "sound_engine/soundless_output.cpp", "sound_engine/soundless_output.h"};
@@ -145,6 +145,8 @@ TEST(Layers, AModuleMeetsTheSystemWhereSoundGoesOut) {
         R"(<chrono>|<ctime>|<thread>|#\s*include\s+<(unistd\.h|sys/|fcntl\.h|poll\.h|RtAudio|jack/|windows\.h|Q))");
     const std::regex ladder(R"(#\s*(if|ifdef|ifndef|elif)\b)");
     for (const Source& source : Sources("modules")) {
+        if (source.Folder != "sound_engine")
+            continue;
         for (const std::string& line : source.Lines) {
             EXPECT_TRUE(outputs.contains(source.Name) || !std::regex_search(line, system))
                 << source.Name << ": " << line;
@@ -163,6 +165,8 @@ TEST(Layers, MixingDoesNotLock) {
                                           "sound_engine/soundless_output.cpp",
                                           "sound_engine/soundless_output.h"};
     for (const Source& source : Sources("modules")) {
+        if (source.Folder != "sound_engine")
+            continue;
         for (const std::string& line : source.Lines)
             EXPECT_TRUE(others.contains(source.Name) || !std::regex_search(line, locks))
                 << source.Name << ": " << line;

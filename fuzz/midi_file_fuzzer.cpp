@@ -1,0 +1,106 @@
+// SPDX-License-Identifier: MIT
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+
+#include "modules/midi_file/midi_file_module.h"
+
+// Reads any bytes as a MIDI file. Whatever they are, the reading ends in one of the module's results, and
+// what the sink gets keeps the promises of the interface.
+namespace {
+
+void Require(bool holds, const char* what) {
+    if (!holds) {
+        std::fprintf(stderr, "does not hold: %s\n", what);
+        std::abort();
+    }
+}
+
+struct Seen {
+    std::uint32_t CallsLeft;
+    bool Stopped = false;
+    bool Header = false;
+    std::uint32_t Tracks = 0;
+    std::uint64_t Tick = 0;
+    std::uint32_t EventsOfTrack = 0;
+    std::uint32_t Events = 0;
+    std::uint32_t Remarks = 0;
+
+    std::int32_t Stop() {
+        Require(!Stopped, "nothing is called after a stop");
+        Stopped = --CallsLeft == 0;
+        return Stopped ? 1 : 0;
+    }
+};
+
+Seen& Of(void* user) {
+    return *static_cast<Seen*>(user);
+}
+
+std::int32_t TakeHeader(void* user, const QuavixMidiFileHeader* header) {
+    Require(!Of(user).Header && Of(user).Tracks == 0, "the header comes once and first");
+    Of(user).Header = true;
+    Require((header->TicksPerQuarter > 0) != (header->TicksPerSecondNumerator > 0), "times are of one kind");
+    Require(header->TicksPerQuarter <= 32767 && header->TicksPerSecondDenominator > 0,
+            "times can be computed");
+    return Of(user).Stop();
+}
+
+std::int32_t TakeTrack(void* user, std::uint32_t track, std::uint64_t) {
+    Seen& seen = Of(user);
+    Require(track == seen.Tracks && track < QUAVIX_MIDI_FILE_TRACKS, "tracks come in order");
+    ++seen.Tracks;
+    seen.Tick = 0;
+    seen.EventsOfTrack = 0;
+    return seen.Stop();
+}
+
+std::int32_t TakeEvents(void* user, std::uint32_t track, const QuavixMidiFileEvent* events,
+                        std::size_t count) {
+    Seen& seen = Of(user);
+    Require(track + 1 == seen.Tracks && count > 0, "events belong to the track that is read");
+    for (const QuavixMidiFileEvent* event = events; event != events + count; ++event) {
+        Require(event->Tick >= seen.Tick, "time never falls");
+        Require(event->Status >= 0x80, "every event has a status");
+        seen.Tick = event->Tick;
+        ++seen.Events;
+        ++seen.EventsOfTrack;
+    }
+    Require(seen.EventsOfTrack <= QUAVIX_MIDI_FILE_TRACK_EVENTS && seen.Events <= QUAVIX_MIDI_FILE_EVENTS,
+            "the limits hold");
+    return seen.Stop();
+}
+
+std::int32_t TakeProgress(void* user, std::uint64_t done, std::uint64_t total) {
+    Require(done <= total, "progress is a share");
+    return Of(user).Stop();
+}
+
+void TakeRemark(void* user, const char* text) {
+    Require(std::strlen(text) < QUAVIX_MIDI_FILE_DETAIL_SIZE && ++Of(user).Remarks <= 100,
+            "remarks are few and short");
+}
+
+}  // namespace
+
+/// The first byte says after how many calls the reading is stopped (0: not at all); the rest is the file.
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    if (size == 0)
+        return 0;
+    Seen seen{data[0]};
+    const QuavixMidiFileSink sink{&seen, &TakeHeader, &TakeTrack, &TakeEvents, &TakeProgress, &TakeRemark};
+    std::array<char, QUAVIX_MIDI_FILE_DETAIL_SIZE> detail{};
+    detail.back() = 'x';
+    const std::int32_t result =
+        QuavixMidiFileRead(data + 1, size - 1, &sink, detail.data(), detail.size() - 1);
+    Require(detail.back() == 'x' && std::strlen(detail.data()) < detail.size() - 2,
+            "details are short enough");
+    Require((detail[0] == '\0') == (result == QuavixMidiFileOk), "a failure says why");
+    Require((result == QuavixMidiFileStopped) == seen.Stopped, "a stop is a stop");
+    Require(result != QuavixMidiFileOk || (seen.Header && seen.Tracks > 0),
+            "a file has a header and a track");
+    return 0;
+}

@@ -1,0 +1,59 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <cstring>
+#include <optional>
+#include <string_view>
+
+namespace quavix::midi_file {
+
+/// The bytes of a file, asked by their offsets. Chunks and numbers are big-endian except where said.
+class FileBytes {
+  public:
+    FileBytes(const std::uint8_t* data, std::uint64_t size) : data_(data), size_(size) {}
+
+    std::uint64_t Size() const { return size_; }
+    const std::uint8_t* At(std::uint64_t offset) const { return data_ + offset; }
+
+    bool Has(std::uint64_t offset, std::uint64_t count) const {
+        return offset <= size_ && count <= size_ - offset;
+    }
+    bool Is(std::uint64_t offset, std::string_view text) const {
+        return Has(offset, text.size()) && std::memcmp(At(offset), text.data(), text.size()) == 0;
+    }
+    /// Two and four bytes that are there.
+    std::uint32_t U16(std::uint64_t offset) const {
+        return static_cast<std::uint32_t>(data_[offset] << 8U | data_[offset + 1]);
+    }
+    std::uint32_t U32(std::uint64_t offset) const { return U16(offset) << 16U | U16(offset + 2); }
+    std::uint32_t LittleEndian32(std::uint64_t offset) const { return __builtin_bswap32(U32(offset)); }
+
+    /// Whether four characters such as chunks are named by, and a length, stand there, with as much content
+    /// behind them.
+    bool LooksLikeChunk(std::uint64_t offset) const {
+        constexpr std::uint64_t HeadSize = 8;
+        if (!Has(offset, HeadSize))
+            return false;
+        for (std::uint64_t i = offset; i < offset + 4; ++i) {
+            if (data_[i] < ' ' || data_[i] > '~')
+                return false;
+        }
+        return Has(offset + HeadSize, U32(offset + 4));
+    }
+
+    /// The offset of `text` at or behind `from` and before `end`; nothing where there is none.
+    std::optional<std::uint64_t> Find(std::string_view text, std::uint64_t from, std::uint64_t end) const {
+        if (from >= end || end > size_)
+            return {};
+        const std::string_view all(reinterpret_cast<const char*>(data_), end);
+        const std::size_t found = all.find(text, from);
+        return found == std::string_view::npos ? std::nullopt : std::optional<std::uint64_t>(found);
+    }
+
+  private:
+    const std::uint8_t* data_;
+    std::uint64_t size_;
+};
+
+}  // namespace quavix::midi_file

@@ -1,0 +1,92 @@
+// SPDX-License-Identifier: MIT
+#include "modules/midi_file/midi_file_module.h"
+
+#include <cinttypes>
+
+#include "modules/midi_file/file_bytes.h"
+#include "modules/midi_file/file_header.h"
+#include "modules/midi_file/messages.h"
+#include "modules/midi_file/track_reader.h"
+
+namespace quavix::midi_file {
+namespace {
+
+/// Reads one chunk after the other from `chunk` on.
+std::int32_t ReadChunks(const FileBytes& bytes, std::uint64_t chunk, std::uint32_t declaredTracks,
+                        TrackReader& tracks, Messages& messages) {
+    constexpr std::uint64_t ChunkHeadSize = 8;
+    constexpr std::uint64_t NameSize = 4;
+    while (tracks.Tracks() < QUAVIX_MIDI_FILE_TRACKS) {
+        if (const std::int32_t result = tracks.Progress(chunk); result != QuavixMidiFileOk)
+            return result;
+        if (bytes.Is(chunk, "MTrk") && bytes.Has(chunk, ChunkHeadSize)) {
+            if (const std::int32_t result = tracks.Read(chunk); result != QuavixMidiFileOk)
+                return result;
+            continue;
+        }
+        if (tracks.Tracks() >= declaredTracks || bytes.Is(chunk, "MThd"))
+            break;
+        if (bytes.LooksLikeChunk(chunk)) {
+            chunk += ChunkHeadSize + bytes.U32(chunk + NameSize);
+            continue;
+        }
+        const std::uint64_t found = tracks.NextTrack(chunk);
+        if (!bytes.Has(found, ChunkHeadSize))
+            break;
+        messages.Remark(chunk, "passed over %" PRIu64 " bytes that are no chunk.", found - chunk);
+        chunk = found;
+    }
+    if (tracks.Tracks() != declaredTracks)
+        messages.Remark(chunk, "%" PRIu32 " tracks instead of %" PRIu32 ".", tracks.Tracks(), declaredTracks);
+    if (chunk < bytes.Size())
+        messages.Remark(chunk, "passed over what stands behind the last track.");
+    return QuavixMidiFileOk;
+}
+
+std::int32_t Read(const FileBytes& bytes, const QuavixMidiFileSink& sink, Messages& messages) {
+    FileHeader header;
+    if (!ReadHeader(bytes, messages, header))
+        return QuavixMidiFileUnreadable;
+    if (sink.Header != nullptr && sink.Header(sink.User, &header.Says) != 0)
+        return QuavixMidiFileStopped;
+    TrackReader tracks(bytes, header.WrapperEnd, sink, messages);
+    const std::int32_t result =
+        ReadChunks(bytes, header.ChunksBegin, header.Says.DeclaredTracks, tracks, messages);
+    if (result != QuavixMidiFileOk)
+        return result;
+    if (tracks.Tracks() == 0) {
+        messages.Fail(header.ChunksBegin, "the file has no track.");
+        return QuavixMidiFileUnreadable;
+    }
+    if (const char* damage = tracks.OnlyDamage()) {
+        messages.Fail(tracks.DamageOffset(),
+                      "track %" PRIu32 " has %s, and nothing else in the file can be played.",
+                      tracks.DamagedTrack(), damage);
+        return QuavixMidiFileUnreadable;
+    }
+    return QuavixMidiFileOk;
+}
+
+}  // namespace
+}  // namespace quavix::midi_file
+
+std::uint32_t QuavixMidiFileVersion() {
+    return QUAVIX_MIDI_FILE_VERSION;
+}
+
+std::int32_t QuavixMidiFileInit(std::uint32_t version) {
+    return version == QUAVIX_MIDI_FILE_VERSION ? QuavixMidiFileOk : QuavixMidiFileWrongVersion;
+}
+
+std::int32_t QuavixMidiFileRead(const std::uint8_t* bytes, std::size_t size, const QuavixMidiFileSink* sink,
+                                char* detail, std::size_t detailSize) {
+    using namespace quavix::midi_file;
+    static constexpr std::uint8_t Nothing = 0;
+    if ((bytes == nullptr && size > 0) || sink == nullptr || sink->Events == nullptr)
+        return QuavixMidiFileBadArgument;
+    Messages messages(*sink, detail, detailSize);
+    const std::int32_t result = Read(FileBytes(bytes == nullptr ? &Nothing : bytes, size), *sink, messages);
+    if (result == QuavixMidiFileStopped)
+        messages.Fail(0, "the reading was stopped.");
+    return result;
+}

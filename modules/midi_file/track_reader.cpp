@@ -1,0 +1,147 @@
+// SPDX-License-Identifier: MIT
+#include "modules/midi_file/track_reader.h"
+
+#include <algorithm>
+#include <cinttypes>
+#include <string_view>
+#include <utility>
+
+namespace quavix::midi_file {
+namespace {
+
+constexpr std::string_view TrackName = "MTrk";
+constexpr std::uint64_t NameSize = 4;
+constexpr std::uint64_t ChunkHeadSize = 8;
+
+}  // namespace
+
+std::int32_t TrackReader::Progress(std::uint64_t offset) {
+    constexpr std::uint64_t ProgressStep = 0x10000;
+    if (sink_.Progress == nullptr || offset < nextProgress_)
+        return QuavixMidiFileOk;
+    nextProgress_ = offset + ProgressStep;
+    return sink_.Progress(sink_.User, offset, bytes_.Size()) == 0 ? QuavixMidiFileOk : QuavixMidiFileStopped;
+}
+
+std::uint64_t TrackReader::NextTrack(std::uint64_t from) {
+    // What was found once is not searched for again, so that many tracks with wrong sizes are no slower than
+    // others.
+    if (!knownTrack_ || from < knownFrom_ || from > *knownTrack_) {
+        knownTrack_ = bytes_.Find(TrackName, from, bytes_.Size()).value_or(bytes_.Size());
+        knownFrom_ = from;
+    }
+    return *knownTrack_;
+}
+
+bool TrackReader::CanStandBehindATrack(std::uint64_t offset) const {
+    return offset == bytes_.Size() || offset == wrapperEnd_ || bytes_.LooksLikeChunk(offset) ||
+           bytes_.Is(offset, TrackName);
+}
+
+TrackReader::Extent TrackReader::ExtentOf(std::uint64_t chunk) {
+    Extent extent{};
+    extent.Begin = chunk + ChunkHeadSize;
+    extent.DeclaredEnd = extent.Begin + bytes_.U32(chunk + NameSize);
+    extent.Trusted = extent.DeclaredEnd <= bytes_.Size() && CanStandBehindATrack(extent.DeclaredEnd);
+    extent.Limit = extent.Trusted ? extent.DeclaredEnd : NextTrack(extent.Begin);
+    return extent;
+}
+
+bool TrackReader::GoesOnToAnEnd(const EventParser& parser, std::uint64_t limit) const {
+    EventParser ahead = parser;
+    ahead.SetEnd(bytes_.At(limit));
+    QuavixMidiFileEvent event{};
+    while (ahead.Next(event) == EventParser::Step::Event) {
+        if (EventParser::IsEndOfTrack(event))
+            return true;
+    }
+    return false;
+}
+
+std::int32_t TrackReader::Flush(std::uint64_t offset) {
+    const std::size_t count = std::exchange(inBlock_, 0);
+    if (count > 0 && sink_.Events(sink_.User, tracks_ - 1, block_.data(), count) != 0)
+        return QuavixMidiFileStopped;
+    return Progress(offset);
+}
+
+std::int32_t TrackReader::CountEvent(std::uint64_t offset) {
+    if (++eventsOfTrack_ > QUAVIX_MIDI_FILE_TRACK_EVENTS) {
+        messages_.Fail(offset, "track %" PRIu32 " has more than %u events.", tracks_,
+                       QUAVIX_MIDI_FILE_TRACK_EVENTS);
+        return QuavixMidiFileTooManyEvents;
+    }
+    if (++events_ > QUAVIX_MIDI_FILE_EVENTS) {
+        messages_.Fail(offset, "the file has more than %u events.", QUAVIX_MIDI_FILE_EVENTS);
+        return QuavixMidiFileTooManyEvents;
+    }
+    return QuavixMidiFileOk;
+}
+
+void TrackReader::Damaged(const EventParser& parser) {
+    const std::uint64_t offset = OffsetOf(parser.At());
+    messages_.Remark(offset, "track %" PRIu32 " ends here, at %s.", tracks_, parser.Fault());
+    if (damage_ == nullptr) {
+        damage_ = parser.Fault();
+        damageOffset_ = offset;
+        damagedTrack_ = tracks_;
+    }
+}
+
+std::int32_t TrackReader::ReadEvents(const Extent& extent, std::uint64_t& next) {
+    // A size that is not to be believed still counts for as long as events end where it says.
+    bool atDeclaredEnd = !extent.Trusted && extent.DeclaredEnd < extent.Limit;
+    const std::uint8_t* const declaredEnd = atDeclaredEnd ? bytes_.At(extent.DeclaredEnd) : nullptr;
+    EventParser parser(bytes_.At(extent.Begin), bytes_.At(extent.Limit));
+    for (;;) {
+        if (atDeclaredEnd && parser.At() >= declaredEnd) {
+            atDeclaredEnd = false;
+            if (parser.At() == declaredEnd && !GoesOnToAnEnd(parser, extent.Limit)) {
+                next = extent.DeclaredEnd;
+                return QuavixMidiFileOk;
+            }
+            messages_.Remark(extent.DeclaredEnd, "track %" PRIu32 " should end here, but goes on.", tracks_);
+        }
+        QuavixMidiFileEvent& event = block_[inBlock_];
+        const EventParser::Step step = parser.Next(event);
+        const std::uint64_t offset = OffsetOf(parser.At());
+        if (step != EventParser::Step::Event) {
+            if (step == EventParser::Step::Damage)
+                Damaged(parser);
+            next =
+                step == EventParser::Step::Damage ? std::min(extent.Limit, NextTrack(offset)) : extent.Limit;
+            return QuavixMidiFileOk;
+        }
+        if (const std::int32_t result = CountEvent(offset); result != QuavixMidiFileOk)
+            return result;
+        playable_ |= event.Status < 0xF0;
+        const bool end = EventParser::IsEndOfTrack(event);
+        if (++inBlock_ == BlockSize) {
+            if (const std::int32_t result = Flush(offset); result != QuavixMidiFileOk)
+                return result;
+        }
+        if (end) {
+            next = extent.Trusted && !bytes_.Is(offset, TrackName) ? extent.Limit : offset;
+            if (next != offset)
+                messages_.Remark(offset, "track %" PRIu32 " ends before its last byte.", tracks_);
+            return QuavixMidiFileOk;
+        }
+    }
+}
+
+std::int32_t TrackReader::Read(std::uint64_t& chunk) {
+    const Extent extent = ExtentOf(chunk);
+    ++tracks_;
+    eventsOfTrack_ = 0;
+    if (sink_.Track != nullptr && sink_.Track(sink_.User, tracks_ - 1, extent.Begin) != 0)
+        return QuavixMidiFileStopped;
+    if (extent.DeclaredEnd > bytes_.Size()) {
+        messages_.Remark(chunk + NameSize,
+                         "track %" PRIu32 " should have %" PRIu64 " bytes, but the file ends.", tracks_,
+                         extent.DeclaredEnd - extent.Begin);
+    }
+    const std::int32_t result = ReadEvents(extent, chunk);
+    return result == QuavixMidiFileOk ? Flush(chunk) : result;
+}
+
+}  // namespace quavix::midi_file
