@@ -3,6 +3,7 @@
 
 #include <fmt/format.h>
 
+#include "midi/midi_notes.h"
 #include "shell/numbers.h"
 #include "shell/waiting.h"
 
@@ -29,7 +30,7 @@ void RecordedOutputs::FMODBeepStop() {
 }
 
 std::int32_t RecordedOutputs::NoteToMIDI(std::int32_t noteNum, std::int32_t octaveNum) {
-    return octaveNum * 12 + noteNum;
+    return quavix::NoteToMIDI(noteNum, octaveNum);
 }
 
 void RecordedOutputs::MIDINoteOn(std::int32_t midiNoteNum) {

@@ -51,10 +51,11 @@ const std::map<std::string, std::set<std::string>>& Allowed() {
         {"music", {"ports", "shell"}},
         {"songfile", with({"music"})},
         {"playback", with({"music"})},
-        {"simulation", with({"music", "songfile", "playback"})},
+        {"midi", with({"music"})},
+        {"simulation", with({"music", "songfile", "playback", "midi"})},
         {"platform", base},
-        {"ui", with({"music", "songfile", "playback"})},
-        {"app", with({"music", "songfile", "playback", "simulation", "platform", "ui"})},
+        {"ui", with({"music", "songfile", "playback", "midi"})},
+        {"app", with({"music", "songfile", "playback", "midi", "simulation", "platform", "ui"})},
     };
     return allowed;
 }
