@@ -35,6 +35,10 @@ function(quavix_module name)
     target_link_libraries(${name}_objects PUBLIC quavix_options quavix_module_interfaces ${arg_LINK})
     add_library(${name} MODULE registration.cpp)
     target_link_libraries(${name} PRIVATE ${name}_objects)
+    # The sanitizers' functions are in the program that loads the module.
+    if(NOT QUAVIX_SANITIZE)
+        target_link_options(${name} PRIVATE -Wl,--no-undefined)
+    endif()
     set_target_properties(${name}_objects ${name} PROPERTIES
         POSITION_INDEPENDENT_CODE ON CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON)
     set_target_properties(${name} PROPERTIES

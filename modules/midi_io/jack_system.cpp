@@ -1,0 +1,163 @@
+// SPDX-License-Identifier: MIT
+#include <atomic>
+#include <chrono>
+#include <cstdint>
+#include <deque>
+#include <thread>
+
+#include <jack/jack.h>
+
+#include "modules/midi_io/midi_system.h"
+
+namespace quavix::midi_io {
+namespace {
+
+/// A client of its own that plays nothing and hears of everything: RtMidi's clients don't say when the server
+/// or a port has gone, and wait for ever for room where the server takes nothing more.
+class JackSystem : public MidiSystem {
+  public:
+    explicit JackSystem(Changed changed) : changed_(std::move(changed)) {}
+    ~JackSystem() override {
+        if (client_ != nullptr)
+            jack_client_close(client_);
+    }
+    JackSystem(const JackSystem&) = delete;
+    JackSystem& operator=(const JackSystem&) = delete;
+
+    bool Connect() {
+        jack_set_error_function([](const char*) {});
+        jack_set_info_function([](const char*) {});
+        client_ = jack_client_open("Quavix watch", JackNoStartServer, nullptr);
+        if (client_ == nullptr)
+            return false;
+        jack_on_shutdown(client_, &ServerEnds, this);
+        jack_set_process_callback(client_, &Cycle, this);
+        jack_set_port_registration_callback(client_, &PortComesOrGoes, this);
+        return jack_activate(client_) == 0;
+    }
+
+    RtMidi::Api Api() const override { return RtMidi::UNIX_JACK; }
+    const char* Name() const override { return "JACK"; }
+    bool IsAlive() override { return alive_; }
+
+    std::vector<std::string> Ports() override {
+        return Texts(jack_get_ports(client_, nullptr, JACK_DEFAULT_MIDI_TYPE, 0));
+    }
+
+    bool AreConnected(const std::string& own, const std::string& device) override {
+        const jack_port_t* port = jack_port_by_name(client_, own.c_str());
+        if (port == nullptr)
+            return false;
+        if (device.empty())
+            return true;
+        if (jack_port_by_name(client_, device.c_str()) == nullptr)
+            return false;
+        for (const std::string& other : Texts(jack_port_get_all_connections(client_, port))) {
+            if (other == device)
+                return true;
+        }
+        return false;
+    }
+
+    bool BecomeConnected(const std::string& own, const std::string& device) override {
+        constexpr auto Step = std::chrono::milliseconds(1);
+        constexpr int MostSteps = 250;
+        for (int step = 0; step < MostSteps && alive_; ++step) {
+            if (AreConnected(own, device))
+                return true;
+            std::this_thread::sleep_for(Step);
+        }
+        return false;
+    }
+
+    unsigned Removals() override {
+        // Every look until then, and the first one after it, counts as another removal.
+        const bool settled = cycles_ >= settlesAt_;
+        if (!settled || !wasSettled_)
+            ++looks_;
+        wasSettled_ = settled;
+        return removals_ + looks_;
+    }
+
+    /// RtMidi's ring is emptied once in every cycle of the server. Two cycles may already be under way, one
+    /// for each client, when a message is put into it; after two more it has left.
+    bool TakesMessage(std::size_t size) override {
+        constexpr std::size_t RingSize = 16383;
+        constexpr std::size_t HeadSize = sizeof(int);
+        constexpr std::uint64_t CyclesToLeave = 4;
+        const std::uint64_t now = cycles_;
+        while (!underWay_.empty() && now - underWay_.front().Cycle >= CyclesToLeave) {
+            bytesUnderWay_ -= underWay_.front().Bytes;
+            underWay_.pop_front();
+        }
+        if (bytesUnderWay_ + HeadSize + size > RingSize)
+            return false;
+        if (underWay_.empty() || underWay_.back().Cycle != now)
+            underWay_.push_back({now, 0});
+        underWay_.back().Bytes += HeadSize + size;
+        bytesUnderWay_ += HeadSize + size;
+        return true;
+    }
+
+  private:
+    struct Sent {
+        std::uint64_t Cycle;
+        std::size_t Bytes;
+    };
+
+    static std::vector<std::string> Texts(const char** texts) {
+        std::vector<std::string> result;
+        for (const char** text = texts; text != nullptr && *text != nullptr; ++text)
+            result.emplace_back(*text);
+        jack_free(texts);
+        return result;
+    }
+
+    static void ServerEnds(void* system) {
+        auto& self = *static_cast<JackSystem*>(system);
+        self.alive_ = false;
+        self.changed_();
+    }
+
+    static void PortComesOrGoes(jack_port_id_t, int comes, void* system) {
+        auto& self = *static_cast<JackSystem*>(system);
+        if (comes != 0)
+            return;
+        self.settlesAt_ = self.cycles_ + CyclesToSettle;
+        ++self.removals_;
+        self.changed_();
+    }
+
+    static int Cycle(jack_nframes_t, void* system) {
+        auto& self = *static_cast<JackSystem*>(system);
+        if (++self.cycles_ == self.settlesAt_)
+            self.changed_();
+        return 0;
+    }
+
+    // Connections are seen as they were for a cycle or two after they have changed.
+    static constexpr std::uint64_t CyclesToSettle = 4;
+
+    Changed changed_;
+    jack_client_t* client_ = nullptr;
+    std::atomic<bool> alive_{true};
+    std::atomic<unsigned> removals_{0};
+    std::atomic<std::uint64_t> cycles_{0};
+    std::atomic<std::uint64_t> settlesAt_{0};
+    unsigned looks_ = 0;
+    bool wasSettled_ = true;
+    std::deque<Sent> underWay_;
+    std::size_t bytesUnderWay_ = 0;
+};
+
+}  // namespace
+
+std::unique_ptr<MidiSystem> ConnectToJack(const Changed& changed, std::string& problem) {
+    auto system = std::make_unique<JackSystem>(changed);
+    if (system->Connect())
+        return system;
+    problem = "The JACK server does not run.";
+    return nullptr;
+}
+
+}  // namespace quavix::midi_io

@@ -1,0 +1,193 @@
+// SPDX-License-Identifier: MIT
+#include "modules/midi_io/midi_io.h"
+
+#include <array>
+#include <utility>
+
+namespace quavix::midi_io {
+namespace {
+
+constexpr const char* OutputPortName = "Quavix";
+constexpr const char* InputPortName = "Quavix input";
+
+bool IsOneByteMessage(std::uint8_t status) {
+    return (status & 0xE0U) == 0xC0;
+}
+
+}  // namespace
+
+MidiIo::MidiIo(std::string systemName, std::function<void()> wake)
+    : wanted_(std::move(systemName)), wake_(std::move(wake)) {}
+
+MidiIo::~MidiIo() {
+    Disconnect();
+}
+
+bool MidiIo::Connect() {
+    if (system_ && system_->IsAlive())
+        return true;
+    Disconnect();
+    std::string alsaProblem;
+    std::string jackProblem;
+    if (wanted_.empty() || wanted_ == "alsa")
+        system_ = ConnectToAlsa(alsaProblem);
+    if (!system_ && (wanted_.empty() || wanted_ == "jack"))
+        system_ = ConnectToJack([this] { Wake(); }, jackProblem);
+    if (!system_) {
+        problem_ = alsaProblem + (alsaProblem.empty() || jackProblem.empty() ? "" : " ") + jackProblem;
+        return false;
+    }
+    devices_.reset(new Devices{{*system_, OutputPortName, {}},
+                               {*system_, InputPortName, [this](RtMidiIn& input) { PrepareInput(input); }}});
+    return true;
+}
+
+void MidiIo::Disconnect() {
+    if (devices_) {
+        output_.Gone |= devices_->Output.IsOpen();
+        input_.Gone |= devices_->Input.IsOpen();
+    }
+    devices_.reset();
+    system_.reset();
+}
+
+void MidiIo::PrepareInput(RtMidiIn& input) {
+    constexpr bool Ignore = true;
+    input.ignoreTypes(Ignore, Ignore, Ignore);
+    stream_ = {};
+    input.setCallback(
+        [](double, std::vector<unsigned char>* bytes, void* user) {
+            auto& self = *static_cast<MidiIo*>(user);
+            bool any = false;
+            self.stream_.Feed(*bytes, [&](const QuavixMidiIoMessage& message) {
+                self.queue_.Put(message);
+                any = true;
+            });
+            if (any && !self.isAwake_.exchange(true))
+                self.Wake();
+        },
+        this);
+}
+
+void MidiIo::Wake() {
+    if (wake_)
+        wake_();
+}
+
+template <typename Device, typename Other>
+std::int32_t MidiIo::Search(Device Devices::*device, Other Devices::*other, Direction& direction) {
+    direction.Names.clear();
+    if (!Connect())
+        return QuavixMidiIoNoSystem;
+    direction.Names = ((*devices_).*device).Search(((*devices_).*other).Own());
+    return QuavixMidiIoOk;
+}
+
+template <typename Device>
+std::int32_t MidiIo::Open(Device Devices::*device, Direction& direction, const std::string& name) {
+    if (devices_)
+        ((*devices_).*device).Close();
+    direction.Gone = false;
+    if (!Connect())
+        return QuavixMidiIoNoSystem;
+    auto& opened = (*devices_).*device;
+    const std::int32_t result = opened.Open(name);
+    if (result == QuavixMidiIoNoDevice)
+        problem_ = "The device " + name + " is not there any more.";
+    if (result == QuavixMidiIoRefused)
+        problem_ =
+            opened.TakeFailure() ? opened.FailureText() : "The device " + name + " can't be connected to.";
+    return result;
+}
+
+template <typename Device>
+std::int32_t MidiIo::State(Device Devices::*device, Direction& direction) {
+    if (direction.Gone)
+        return QuavixMidiIoGone;
+    if (!devices_ || !((*devices_).*device).IsOpen())
+        return QuavixMidiIoClosed;
+    if (system_->IsAlive() && ((*devices_).*device).IsThere())
+        return QuavixMidiIoOk;
+    direction.Gone = true;
+    problem_ = system_->IsAlive() ? "The device has gone."
+                                  : std::string("The MIDI system has gone: ") + system_->Name();
+    return QuavixMidiIoGone;
+}
+
+std::int32_t MidiIo::SearchOutputs() {
+    return Search(&Devices::Output, &Devices::Input, output_);
+}
+
+std::int32_t MidiIo::SearchInputs() {
+    return Search(&Devices::Input, &Devices::Output, input_);
+}
+
+std::int32_t MidiIo::OutputState() {
+    return State(&Devices::Output, output_);
+}
+
+std::int32_t MidiIo::InputState() {
+    return State(&Devices::Input, input_);
+}
+
+std::int32_t MidiIo::OpenOutput(std::int32_t device) {
+    if (device == QUAVIX_MIDI_IO_VIRTUAL_PORT)
+        return Open(&Devices::Output, output_, "");
+    if (device < 0 || static_cast<std::size_t>(device) >= output_.Names.size())
+        return QuavixMidiIoBadArgument;
+    return Open(&Devices::Output, output_, output_.Names[static_cast<std::size_t>(device)]);
+}
+
+std::int32_t MidiIo::OpenInput(std::int32_t device) {
+    if (device < 0 || static_cast<std::size_t>(device) >= input_.Names.size())
+        return QuavixMidiIoBadArgument;
+    const std::string name = input_.Names[static_cast<std::size_t>(device)];
+    CloseInput();
+    return Open(&Devices::Input, input_, name);
+}
+
+void MidiIo::CloseOutput() {
+    if (devices_)
+        devices_->Output.Close();
+    output_.Gone = false;
+}
+
+void MidiIo::CloseInput() {
+    if (devices_)
+        devices_->Input.Close();
+    input_.Gone = false;
+    QuavixMidiIoMessage dropped{};
+    while (queue_.Take(dropped)) {
+    }
+    queue_.TakeLost();
+    isAwake_ = false;
+}
+
+std::int32_t MidiIo::Send(const QuavixMidiIoMessage& message) {
+    constexpr std::uint8_t FirstStatus = 0x80;
+    constexpr std::uint8_t FirstSystemStatus = 0xF0;
+    if (message.Status < FirstStatus || message.Status >= FirstSystemStatus || message.Data1 >= FirstStatus ||
+        message.Data2 >= FirstStatus)
+        return QuavixMidiIoBadArgument;
+    if (const std::int32_t state = OutputState(); state != QuavixMidiIoOk)
+        return state;
+    const std::array<std::uint8_t, 3> bytes = {message.Status, message.Data1, message.Data2};
+    const std::size_t size = IsOneByteMessage(message.Status) ? 2 : 3;
+    if (!system_->TakesMessage(size))
+        return QuavixMidiIoBusy;
+    devices_->Output.TakeFailure();
+    devices_->Output.Object().sendMessage(bytes.data(), size);
+    return devices_->Output.TakeFailure() ? QuavixMidiIoBusy : QuavixMidiIoOk;
+}
+
+std::int32_t MidiIo::Receive(QuavixMidiIoMessage& message) {
+    if (queue_.TakeLost())
+        return QuavixMidiIoLost;
+    if (queue_.Take(message))
+        return QuavixMidiIoOk;
+    // In this order: what arrives in between is either taken here or wakes again.
+    isAwake_ = false;
+    return queue_.Take(message) ? QuavixMidiIoOk : QuavixMidiIoEmpty;
+}
+
+}  // namespace quavix::midi_io

@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <span>
+
+#include "modules/midi_io/midi_io_module.h"
+
+namespace quavix::midi_io {
+
+/// Makes channel messages of the bytes that come over a MIDI line, however they are divided: running status
+/// is resolved, exclusive messages are left out whole or in pieces, clock and sensing may stand anywhere, a
+/// message that is broken off by a status byte is dropped.
+class MidiStream {
+  public:
+    /// Hands every message that `bytes` complete to `deliver`.
+    template <typename Deliver>
+    void Feed(std::span<const std::uint8_t> bytes, Deliver deliver) {
+        for (const std::uint8_t byte : bytes) {
+            if (Take(byte))
+                deliver(message_);
+        }
+    }
+
+  private:
+    static constexpr std::uint8_t FirstStatus = 0x80;
+    static constexpr std::uint8_t FirstSystemStatus = 0xF0;
+    static constexpr std::uint8_t FirstRealTimeStatus = 0xF8;
+
+    /// Whether the byte completes a message.
+    bool Take(std::uint8_t byte) {
+        if (byte >= FirstRealTimeStatus)
+            return false;
+        if (byte >= FirstStatus) {
+            message_ = {byte, 0, 0};
+            hasData1_ = false;
+            return false;
+        }
+        // Data bytes of system messages, and those before the first status byte, are nobody's.
+        if (message_.Status < FirstStatus || message_.Status >= FirstSystemStatus)
+            return false;
+        const bool oneByte = (message_.Status & 0xE0U) == 0xC0;
+        if (oneByte || !hasData1_) {
+            message_.Data1 = byte;
+            message_.Data2 = 0;
+        } else {
+            message_.Data2 = byte;
+        }
+        hasData1_ = !oneByte && !hasData1_;
+        return !hasData1_;
+    }
+
+    QuavixMidiIoMessage message_{};
+    bool hasData1_ = false;
+};
+
+}  // namespace quavix::midi_io

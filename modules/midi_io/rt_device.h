@@ -1,0 +1,134 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <algorithm>
+#include <functional>
+#include <memory>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include <RtMidi.h>
+
+#include "modules/midi_io/midi_io_module.h"
+#include "modules/midi_io/midi_system.h"
+
+namespace quavix::midi_io {
+
+/// One direction of a system: its devices, and the one of them that is open. Rt is RtMidiOut or RtMidiIn.
+template <typename Rt>
+class RtDevice {
+  public:
+    /// `prepare` is called with every new RtMidi object before it is used.
+    RtDevice(MidiSystem& system, std::string portName, std::function<void(Rt&)> prepare = {})
+        : system_(system), portName_(std::move(portName)), prepare_(std::move(prepare)) {}
+
+    /// The devices that there are now, without `own` port of the other direction.
+    std::vector<std::string> Search(const std::string& own) {
+        std::vector<std::string> names = Names();
+        std::erase(names, own);
+        return names;
+    }
+
+    /// Opens the device of that name; with an empty one, a port for others to connect to.
+    std::int32_t Open(const std::string& name) {
+        Close();
+        const std::vector<std::string> before = system_.Ports();
+        failed_ = false;
+        if (name.empty()) {
+            Object().openVirtualPort(portName_);
+        } else {
+            const std::vector<std::string> names = Names();
+            const auto found = std::find(names.begin(), names.end(), name);
+            if (found == names.end())
+                return QuavixMidiIoNoDevice;
+            failed_ = false;
+            Object().openPort(static_cast<unsigned>(found - names.begin()), portName_);
+        }
+        device_ = name;
+        own_ = NewPort(before);
+        removals_ = system_.Removals();
+        isOpen_ = true;
+        if (!failed_ && system_.BecomeConnected(own_, device_))
+            return QuavixMidiIoOk;
+        Close();
+        return QuavixMidiIoRefused;
+    }
+
+    /// The RtMidi object goes with the device, so that nothing of the last one's state is left for the next
+    /// one.
+    void Close() {
+        if (!isOpen_)
+            return;
+        rt_.reset();
+        isOpen_ = false;
+        own_.clear();
+    }
+
+    bool IsOpen() const { return isOpen_; }
+
+    /// Whether the open device is still there.
+    bool IsThere() {
+        const unsigned removals = system_.Removals();
+        if (removals == removals_)
+            return true;
+        removals_ = removals;
+        return system_.AreConnected(own_, device_);
+    }
+
+    /// The open port's own name in the system.
+    const std::string& Own() const { return own_; }
+
+    /// Whether RtMidi has reported an error since the last call.
+    bool TakeFailure() { return std::exchange(failed_, false); }
+    const std::string& FailureText() const { return failureText_; }
+
+    Rt& Object() {
+        if (!rt_) {
+            rt_ = std::make_unique<Rt>(system_.Api(), "Quavix");
+            // Without this, RtMidi prints some errors and throws others.
+            rt_->setErrorCallback(&ReportError, this);
+            if (prepare_)
+                prepare_(*rt_);
+        }
+        return *rt_;
+    }
+
+  private:
+    static void ReportError(RtMidiError::Type, const std::string& text, void* device) {
+        auto& self = *static_cast<RtDevice*>(device);
+        self.failed_ = true;
+        self.failureText_ = text;
+    }
+
+    std::vector<std::string> Names() {
+        std::vector<std::string> names;
+        const unsigned count = Object().getPortCount();
+        for (unsigned i = 0; i < count; ++i)
+            names.push_back(Object().getPortName(i));
+        return names;
+    }
+
+    /// The port that is there now and was not before, and has our name.
+    std::string NewPort(const std::vector<std::string>& before) {
+        for (const std::string& port : system_.Ports()) {
+            const bool isNew = std::find(before.begin(), before.end(), port) == before.end();
+            if (isNew && port.find(":" + portName_) != std::string::npos)
+                return port;
+        }
+        return {};
+    }
+
+    MidiSystem& system_;
+    std::string portName_;
+    std::function<void(Rt&)> prepare_;
+    std::unique_ptr<Rt> rt_;
+    bool isOpen_ = false;
+    std::string device_;
+    std::string own_;
+    unsigned removals_ = 0;
+    bool failed_ = false;
+    std::string failureText_;
+};
+
+}  // namespace quavix::midi_io
