@@ -116,7 +116,7 @@ TEST(MidiFileProperties, WhatIsWrittenIsRead) {
 }
 
 TEST(MidiFileProperties, AFileCutAnywhereGivesTheBeginningOfWhatItHeld) {
-    for (std::uint32_t seed = 1; seed <= 10; ++seed) {
+    for (std::uint32_t seed = 1; seed <= 4; ++seed) {
         const GeneratedFile file = Generate(seed);
         for (std::size_t size = 0; size < file.Content.size(); ++size) {
             const Reading reading = Read(std::span(file.Content).first(size));
@@ -129,7 +129,7 @@ TEST(MidiFileProperties, AFileCutAnywhereGivesTheBeginningOfWhatItHeld) {
 }
 
 TEST(MidiFileProperties, ChangedBytesGiveAFileOrAnAnswer) {
-    for (std::uint32_t seed = 1; seed <= 2000; ++seed) {
+    for (std::uint32_t seed = 1; seed <= 1000; ++seed) {
         GeneratedFile file = Generate(seed % 50);
         Generator generator(seed);
         for (std::uint32_t i = generator.Below(4) + 1; i > 0; --i) {

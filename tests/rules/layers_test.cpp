@@ -53,7 +53,7 @@ const std::map<std::string, std::set<std::string>>& Allowed() {
         {"playback", with({"music"})},
         {"midi", with({"music"})},
         {"simulation", with({"music", "songfile", "playback", "midi"})},
-        {"platform", base},
+        {"platform", with({"modules"})},
         {"ui", with({"music", "songfile", "playback", "midi"})},
         {"app", with({"music", "songfile", "playback", "midi", "simulation", "platform", "ui"})},
     };
@@ -104,7 +104,7 @@ TEST(Layers, NoClockAndNoSleepOutsideThePlatform) {
 
 TEST(Layers, TheSystemIsMetInThePlatformOnly) {
     const std::regex system(
-        R"(#\s*include\s+<(unistd\.h|sys/|fcntl\.h|linux/|poll\.h|RtAudio|jack/|windows\.h))");
+        R"(#\s*include\s+<(unistd\.h|sys/|fcntl\.h|linux/|poll\.h|RtAudio|RtMidi|jack/|windows\.h))");
     for (const Source& source : Sources()) {
         if (source.Folder == "platform")
             continue;

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "ports/handle_watch.h"
+#include "ports/midi_devices.h"
+
+namespace quavix {
+
+/// The MIDI devices that the module of that file name (midiio32.ocx) finds. It is loaded when it is needed
+/// first.
+class ModuleMidiDevices {
+  public:
+    /// `system` is "alsa" or "jack"; empty for the first of them that is there. `watch` outlives this.
+    ModuleMidiDevices(std::string fileName, HandleWatch& watch, std::string system = {});
+    ~ModuleMidiDevices();
+    ModuleMidiDevices(const ModuleMidiDevices&) = delete;
+    ModuleMidiDevices& operator=(const ModuleMidiDevices&) = delete;
+
+    MidiOutPort& Out();
+    MidiInPort& In();
+
+  private:
+    struct Parts;
+    std::unique_ptr<Parts> parts_;
+};
+
+}  // namespace quavix

@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "ports/midi_file_reader.h"
+
+namespace quavix {
+
+class LoadedModule;
+
+/// Reads MIDI files with the module of that file name (midifl32.ocx), which is loaded when it is needed
+/// first.
+class ModuleMidiFileReader : public MidiFileReader {
+  public:
+    explicit ModuleMidiFileReader(std::string fileName);
+    ~ModuleMidiFileReader() override;
+    ModuleMidiFileReader(const ModuleMidiFileReader&) = delete;
+    ModuleMidiFileReader& operator=(const ModuleMidiFileReader&) = delete;
+
+    std::string Prepare() override;
+    MidiFileResult Read(std::string_view bytes, const std::function<bool(double)>& goOn,
+                        MidiFileContent& content, std::string& detail) override;
+
+  private:
+    std::string fileName_;
+    std::unique_ptr<LoadedModule> module_;
+};
+
+}  // namespace quavix

@@ -1,0 +1,67 @@
+// SPDX-License-Identifier: MIT
+#include "jack_midi_peer.h"
+
+#include <chrono>
+
+#include <gtest/gtest.h>
+#include <jack/midiport.h>
+
+namespace quavix {
+
+JackMidiPeer::JackMidiPeer(const std::string& name)
+    : client_(jack_client_open(name.c_str(), JackNoStartServer, nullptr)),
+      in_(jack_port_register(client_, "in", JACK_DEFAULT_MIDI_TYPE, JackPortIsInput, 0)),
+      out_(jack_port_register(client_, "out", JACK_DEFAULT_MIDI_TYPE, JackPortIsOutput, 0)) {
+    jack_set_process_callback(client_, &Process, this);
+    EXPECT_EQ(jack_activate(client_), 0);
+}
+
+JackMidiPeer::~JackMidiPeer() {
+    jack_client_close(client_);
+}
+
+bool JackMidiPeer::Listen(const std::string& source) {
+    return jack_connect(client_, source.c_str(), jack_port_name(in_)) == 0;
+}
+
+std::vector<JackMidiPeer::Event> JackMidiPeer::Received(std::size_t count) {
+    constexpr auto Patience = std::chrono::seconds(20);
+    std::unique_lock lock(mutex_);
+    arrived_.wait_for(lock, Patience, [&] { return received_.size() >= count; });
+    return received_;
+}
+
+void JackMidiPeer::Send(std::vector<Event> events) {
+    const std::lock_guard lock(mutex_);
+    toSend_.insert(toSend_.end(), events.begin(), events.end());
+}
+
+int JackMidiPeer::Process(jack_nframes_t frames, void* peer) {
+    auto& self = *static_cast<JackMidiPeer*>(peer);
+    const std::lock_guard lock(self.mutex_);
+    self.Receive(frames);
+    self.Transmit(frames);
+    return 0;
+}
+
+void JackMidiPeer::Receive(jack_nframes_t frames) {
+    void* buffer = jack_port_get_buffer(in_, frames);
+    const std::uint32_t count = jack_midi_get_event_count(buffer);
+    for (std::uint32_t i = 0; i < count; ++i) {
+        jack_midi_event_t event{};
+        if (jack_midi_event_get(&event, buffer, i) == 0)
+            received_.emplace_back(event.buffer, event.buffer + event.size);
+    }
+    if (count > 0)
+        arrived_.notify_all();
+}
+
+void JackMidiPeer::Transmit(jack_nframes_t frames) {
+    void* buffer = jack_port_get_buffer(out_, frames);
+    jack_midi_clear_buffer(buffer);
+    while (!toSend_.empty() &&
+           jack_midi_event_write(buffer, 0, toSend_.front().data(), toSend_.front().size()) == 0)
+        toSend_.pop_front();
+}
+
+}  // namespace quavix
