@@ -8,6 +8,7 @@
 
 #include "app/program.h"
 #include "shell/runtime_error.h"
+#include "shell/seeded_random_numbers.h"
 #include "simulation/recorded_loading_view.h"
 #include "simulation/recorded_outputs.h"
 #include "simulation/simulated_clipboard.h"
@@ -68,12 +69,14 @@ struct FuzzedProgram {
     SimulatedClipboard Clipboard{Time, Timeline};
     SimulatedFiles Disk;
     SimulatedSpeaker Speaker{Time, Timeline};
+    SeededRandomNumbers Random{0};
     RecordedOutputs Outputs{Time, Timeline};
     RecordedLoadingView Loading{Time, Timeline};
     Program App{{
         .Time = Time,
         .Pump = Time,
         .Ticks = Time,
+        .Random = Random,
         .Boxes = Boxes,
         .Picker = Picker,
         .TextClipboard = Clipboard,
@@ -82,9 +85,7 @@ struct FuzzedProgram {
         .Motor = Outputs,
         .Generator = Outputs,
         .Midi = Outputs,
-        .Glide = Outputs,
         .Singer = Outputs,
-        .Beat = Outputs,
         .Synchro = Outputs,
         .Loading = Loading,
         .LogFile = "log",

@@ -11,9 +11,7 @@ namespace quavix {
 class AbsentOutputs : public MotorOutput,
                       public ToneGenerator,
                       public MidiNotes,
-                      public Portamento,
                       public Voice,
-                      public BeatHook,
                       public SynchronizedStart {
   public:
     void PlayNote(const std::string&, double) override {}
@@ -22,11 +20,8 @@ class AbsentOutputs : public MotorOutput,
     std::int32_t NoteToMIDI(std::int32_t, std::int32_t) override { return 0; }
     void MIDINoteOn(std::int32_t) override {}
     void MIDINoteOff(std::int32_t, std::int32_t) override {}
-    void SetWantedPitch(std::int32_t) override {}
-    void StartSound() override {}
     void ChangeVoiceVol(double) override {}
     void ChangeBaseFreq(double) override {}
-    void LineStarts() override {}
     bool CurrentlyWaiting() const override { return false; }
     void WaitButtonClick() override {}
     bool ShouldBeNotWaiting() const override { return true; }

@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "midi/midi_notes.h"
 #include "music/edit_history.h"
 #include "music/line_clipboard.h"
 #include "music/list_editing.h"
@@ -11,7 +12,11 @@
 #include "music/music_list.h"
 #include "music/note_entry.h"
 #include "music/numeric_fields.h"
+#include "playback/beat.h"
+#include "playback/circuit_bent.h"
+#include "playback/metronome.h"
 #include "playback/piano_keys.h"
+#include "playback/pitch_glide.h"
 #include "playback/playback_engine.h"
 #include "playback/position_display.h"
 #include "playback/tone_code.h"
@@ -23,6 +28,7 @@
 #include "ports/files.h"
 #include "ports/message_boxes.h"
 #include "ports/playback_parts.h"
+#include "ports/random_numbers.h"
 #include "ports/speaker.h"
 #include "ports/timers.h"
 #include "ports/tone_outputs.h"
@@ -42,6 +48,7 @@ struct ProgramPorts {
     Clock& Time;
     EventPump& Pump;
     Timers& Ticks;
+    RandomNumbers& Random;
     MessageBoxes& Boxes;
     FilePicker& Picker;
     Clipboard& TextClipboard;
@@ -50,9 +57,7 @@ struct ProgramPorts {
     MotorOutput& Motor;
     ToneGenerator& Generator;
     MidiNotes& Midi;
-    Portamento& Glide;
     Voice& Singer;
-    BeatHook& Beat;
     SynchronizedStart& Synchro;
     LoadingView& Loading;
     /// Where the debug log and the tone code go while they are switched on.
@@ -73,13 +78,17 @@ class Program {
           Mods(Fields, List, History, Log),
           Position(Fields, List, ports.Boxes, Log),
           Code(Fields, ports.Disk, ports.ToneCodeFile),
-          Tones(Fields, {ports.PcSpeaker, ports.Motor, ports.Generator, ports.Midi, ports.Glide}, Code, Wait,
+          Glide(Fields, ports.PcSpeaker, ports.Ticks, Handlers, Log),
+          Tones(Fields, {ports.PcSpeaker, ports.Motor, ports.Generator, ports.Midi, Glide}, Code, Wait,
                 ports.Boxes, Log),
+          Kick(Fields, Position, Tones, ports.Boxes, Handlers, Log),
+          Clicks(Fields, Tones, Code, ports.Time, Wait, Log),
+          Bending(Fields, Tones, ports.Random, MIDIToNoteString, ports.Ticks, Handlers, Log),
           Entry(Fields, List, History, Log),
           Keys(Fields, Entry, Tones, Position, Log),
           Editing(Fields, List, Entry, Mods, History, [this] { Position.ShowSelectedLine(); }),
           Lines(Fields, List, ports.TextClipboard, History, [this] { ShowPositionOfEdit(); }),
-          Playback({Fields, List, Mods, Position, Tones, Code, ports.Generator, ports.Singer, ports.Beat,
+          Playback({Fields, List, Mods, Position, Tones, Code, ports.Generator, ports.Singer, Kick,
                     ports.Synchro, ports.Time, Wait, ports.Boxes, Log}),
           Reader(Fields, List, ports.Disk, ports.Boxes, ports.Picker, ports.Loading, Log),
           Writer(Fields, List, ports.Disk, ports.Boxes, ports.Picker, Log),
@@ -105,7 +114,11 @@ class Program {
     ModButtons Mods;
     PositionDisplay Position;
     ToneCode Code;
+    PitchGlide Glide;
     ToneDispatcher Tones;
+    Beat Kick;
+    Metronome Clicks;
+    CircuitBent Bending;
     NoteEntry Entry;
     PianoKeys Keys;
     ListEditing Editing;

@@ -15,6 +15,7 @@
 #include "platform/linux/posix_files.h"
 #include "platform/linux/speaker/choose_speaker.h"
 #include "platform/linux/system_clock.h"
+#include "platform/linux/system_random_numbers.h"
 #include "platform/linux/termination_signals.h"
 #include "platform/linux/user_folders.h"
 #include "platform/qt/qt_application.h"
@@ -60,6 +61,7 @@ int main(int argc, char** argv) {
     QtFilePicker picker;
     QtClipboard clipboard;
     QtTimers timers;
+    SystemRandomNumbers random;
     AbsentOutputs absent;
     SaveLoadForm saveLoad(clock);
 
@@ -67,6 +69,7 @@ int main(int argc, char** argv) {
         .Time = clock,
         .Pump = pump,
         .Ticks = timers,
+        .Random = random,
         .Boxes = boxes,
         .Picker = picker,
         .TextClipboard = clipboard,
@@ -75,9 +78,7 @@ int main(int argc, char** argv) {
         .Motor = absent,
         .Generator = absent,
         .Midi = absent,
-        .Glide = absent,
         .Singer = absent,
-        .Beat = absent,
         .Synchro = absent,
         .Loading = saveLoad,
         .LogFile = FileInFolder(folder, "debuglog.txt"),

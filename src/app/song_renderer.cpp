@@ -10,6 +10,7 @@
 #include "dsp/wav_writer.h"
 #include "music/lengths.h"
 #include "shell/runtime_error.h"
+#include "shell/seeded_random_numbers.h"
 #include "simulation/rendered_speaker.h"
 #include "simulation/simulated_time.h"
 
@@ -111,12 +112,14 @@ void SongRenderer::Render(const RenderOptions& options, std::ostream& out) {
     RenderPump pump(time, speaker, progress_);
     NoFilePicker picker;
     NoClipboard clipboard;
+    SeededRandomNumbers random(0);
     AbsentOutputs absent;
     RenderLoadingView loading(progress_);
     Program program({
         .Time = time,
         .Pump = pump,
         .Ticks = time,
+        .Random = random,
         .Boxes = boxes_,
         .Picker = picker,
         .TextClipboard = clipboard,
@@ -125,9 +128,7 @@ void SongRenderer::Render(const RenderOptions& options, std::ostream& out) {
         .Motor = absent,
         .Generator = absent,
         .Midi = absent,
-        .Glide = absent,
         .Singer = absent,
-        .Beat = absent,
         .Synchro = absent,
         .Loading = loading,
         .LogFile = options.LogFile,

@@ -23,6 +23,8 @@ inline WindowParts PartsOf(Program& program, Speaker& speaker, MessageBoxes& box
             .Position = program.Position,
             .Tones = program.Tones,
             .Playback = program.Playback,
+            .Clicks = program.Clicks,
+            .Glide = program.Glide,
             .Document = program.Document,
             .PcSpeaker = speaker,
             .Boxes = boxes,

@@ -41,6 +41,9 @@ struct MainFields {
     bool UseMIDIOut = false;
     bool DoNotShutUpFMOD = false;
     bool UseNoUpdate = false;
+    bool UseBeat = false;
+    bool BeatEvenOnly = false;
+    bool UseCircuitBent = false;
     bool UseWriteCode = false;
     Watched<bool> MusicIsPlaying;
     bool ShuttingDown = false;
@@ -131,6 +134,13 @@ struct MainFields {
     Watched<bool> UseBeatCheckEnabled{true};
     Watched<bool> UseCircuitBentCheckEnabled{true};
     Watched<bool> UseSynchroCheckEnabled{true};
+
+    // The beats that the beat sound is for.
+    Watched<bool> optBeatAll{true};
+    Watched<bool> optBeatEven{false};
+
+    Watched<bool> MetronomeIsOn{false};
+    Watched<bool> MetronomeButtonEnabled{true};
 
     // What playback enables and shows.
     Watched<bool> PianoKeysEnabled{true};

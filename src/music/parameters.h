@@ -34,6 +34,10 @@ inline constexpr Parameter KeyboardOctave{4, 2, 9};
 inline constexpr Parameter TimeSig{4, 1, 16};
 /// Percentage of a line during which its note sounds; the nearest value of the range is taken.
 inline constexpr Parameter NoteSilenceRatio{90, 0, 100};
+/// Share of the remaining distance that a glide covers per chunk of tone, in ten-thousandths.
+inline constexpr Parameter PitchMultiple{2500, 100, 10000};
+/// How long a glide sounds after the last note, in ms.
+inline constexpr Parameter SoundLength{250, 30, 3000};
 /// Choice in the note-length list; others are ignored. Starts at an eighth.
 inline constexpr Parameter NoteLength{3, 0, 4};
 

@@ -211,11 +211,23 @@ void PlaybackEngine::SoundAlternating(Run& run, const Line& line) {
         p_.Log.LogText("Alternate: ");
         p_.Log.LogText(alternateNote2Next_ ? "2" : "1", NoNewLine::Yes);
         const bool anotherFollows = currentTickTime_ + step < TimeAtBeat(beepLength) - step;
+        const Currency toneStart = currentTickTime_;
         UniBeep(alternateNote2Next_ ? line.Note2 : line.Note1, p_.Fields.AlternateTime, anotherFollows);
         alternateNote2Next_ = !alternateNote2Next_;
         ReadClock();
+        KeepToneTime(toneStart);
     }
     p_.Log.LogIndentDec("Alternating section - END");
+}
+
+/// A gliding speaker leaves a tone's time to its caller.
+void PlaybackEngine::KeepToneTime(Currency toneStart) {
+    constexpr double MsPerSecond = 1000;
+    const double leftMs = p_.Fields.AlternateTime - (currentTickTime_ - toneStart).ToDouble() * MsPerSecond;
+    if (leftMs < 1)
+        return;  // what an output's own clock differs by
+    p_.Wait.MsgWaitObj(ToInt32(leftMs));
+    ReadClock();
 }
 
 void PlaybackEngine::SilenceGeneratorInRest(const Line& line) {

@@ -92,6 +92,7 @@ class PlaybackEngine {
     void SoundLine(Run& run, const Line& line);
     void SoundSingleNote(const std::string& note, const Line& line);
     void SoundAlternating(Run& run, const Line& line);
+    void KeepToneTime(Currency toneStart);
     void SilenceGeneratorInRest(const Line& line);
     void UpdatePosition(const Run& run, const Line& line);
     bool WaitForNextLine(Run& run, const Line& line);

@@ -132,6 +132,10 @@ void BindEnabled(QWidget* widget, const Watched<bool>& enabled) {
     ShowIn(widget, enabled, [widget](bool isEnabled) { widget->setEnabled(isEnabled); });
 }
 
+void KeepWidthOf(QLabel* label, const QString& longest) {
+    label->setMinimumWidth(label->fontMetrics().horizontalAdvance(longest));
+}
+
 void DisableUntilBuilt(QWidget* control) {
     control->setEnabled(false);
     control->setToolTip(control->toolTip() + "\n" + text::NotBuiltYet);

@@ -13,6 +13,7 @@
 #include <QScrollBar>
 
 #include "shell/program_info.h"
+#include "ui/beat_form.h"
 #include "ui/binding.h"
 #include "ui/editing_panel.h"
 #include "ui/keyboard_panel.h"
@@ -22,6 +23,7 @@
 #include "ui/note_entry_panel.h"
 #include "ui/notes_to_play_panel.h"
 #include "ui/playback_panel.h"
+#include "ui/portamento_form.h"
 #include "ui/position_panel.h"
 #include "ui/save_load_form.h"
 #include "ui/speaker_panel.h"
@@ -39,6 +41,17 @@ namespace {
 /// On a screen too low for all of a column it scrolls, with room for the scroll bar beside the controls.
 void KeepColumnWide(QScrollArea* area, const QWidget* column) {
     area->setFixedWidth(column->minimumSizeHint().width() + area->verticalScrollBar()->sizeHint().width());
+}
+
+/// The window of a mod is made when it is first wanted.
+template <typename Form>
+void MakeWhenTicked(const Watched<bool>& check, const WindowParts& parts, QWidget* owner) {
+    check.Watch([&parts, guard = QPointer<QWidget>(owner), isMade = false](bool) mutable {
+        if (!guard || isMade)
+            return;
+        new Form(parts, guard);
+        isMade = true;
+    });
 }
 
 /// The file that is being dragged, as the file system takes its name; empty where it is no single file.
@@ -68,6 +81,8 @@ MainForm::MainForm(const WindowParts& parts, QWidget* parent)
     AddPanels();
     menu->ServeList(*findChild<QTableView*>("MainList"));
     ConnectSaveLoadForm();
+    MakeWhenTicked<BeatForm>(parts_.Fields.UseBeatCheck, parts_, this);
+    MakeWhenTicked<PortamentoForm>(parts_.Fields.UsePortaCheck, parts_, this);
     ShowIn(this, parts_.Document.FileName(), [this](const std::string&) { ShowTitle(); });
     ShowIn(this, parts_.Document.Modified(), [this](bool) { ShowTitle(); });
     KeepColumnWide(ui_->settingsScroll, ui_->settings);

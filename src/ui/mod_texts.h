@@ -97,7 +97,7 @@ inline constexpr Mod UseMIDIFile{
 inline constexpr Mod UsePorta{
     &MainFields::UsePortaCheck,
     &MainFields::UsePortaCheckEnabled,
-    false,
+    true,
     "UsePortaCheck",
     "Tweeble portamento",
     "Make the PC speaker gradually fade from one note to the next (clicked keys only)",
@@ -123,7 +123,7 @@ inline constexpr Mod UseMotor{
 inline constexpr Mod UseBeat{
     &MainFields::UseBeatCheck,
     &MainFields::UseBeatCheckEnabled,
-    false,
+    true,
     "UseBeatCheck",
     "Play a beat sound",
     "Make a beat-like sound on quarter-notes or half-notes",
@@ -136,7 +136,7 @@ inline constexpr Mod UseBeat{
 inline constexpr Mod UseCircuitBent{
     &MainFields::UseCircuitBentCheck,
     &MainFields::UseCircuitBentCheckEnabled,
-    false,
+    true,
     "UseCircuitBentCheck",
     "Act as if circuit-bent",
     "Plays fast random notes all the time. Yeah, it's a waste.",

@@ -6,14 +6,6 @@
 #include "ui_timing_panel.h"
 
 namespace quavix {
-namespace {
-
-/// A label that shows a number keeps the width of its longest one, so that the slider beside it stays put.
-void KeepWidthOf(QLabel* label, const QString& longest) {
-    label->setMinimumWidth(label->fontMetrics().horizontalAdvance(longest));
-}
-
-}  // namespace
 
 TimingPanel::TimingPanel(const WindowParts& parts, QWidget* parent)
     : QGroupBox(parent), parts_(parts), ui_(std::make_unique<Ui::TimingPanel>()) {
@@ -22,7 +14,6 @@ TimingPanel::TimingPanel(const WindowParts& parts, QWidget* parent)
     ui_->MetronomeButton->setText(text::MetronomeCaption);
     ui_->MetronomeButton->setAccessibleName(text::MetronomeCaption);
     ui_->MetronomeButton->setToolTip(text::MetronomeTip);
-    DisableUntilBuilt(ui_->MetronomeButton);
     ui_->BPMText->setMinimumWidth(ui_->BPMText->fontMetrics().horizontalAdvance("000000"));
     KeepWidthOf(ui_->lblTimeSig, "100%");
     KeepWidthOf(ui_->NoteSilenceRatioLabel, "100%");
@@ -33,6 +24,14 @@ TimingPanel::TimingPanel(const WindowParts& parts, QWidget* parent)
     connect(ui_->BPMUpDown, &UpDown::Stepped, this, [this](int direction) {
         RunHandler(*ui_->BPMUpDown, "Change", parts_.Handlers,
                    [&] { parts_.Numbers.BPMUpDown_Change(direction); });
+    });
+    ShowIn(ui_->MetronomeButton, fields.MetronomeIsOn,
+           [button = ui_->MetronomeButton](bool on) { button->setChecked(on); });
+    BindEnabled(ui_->MetronomeButton, fields.MetronomeButtonEnabled);
+    BindButton(ui_->MetronomeButton, handlers, [this] {
+        // Whether the metronome is on shows the button, not the click.
+        ui_->MetronomeButton->setChecked(parts_.Fields.MetronomeIsOn);
+        parts_.Clicks.MetronomeButton_Click();
     });
     BindSlider(ui_->TimeSigSlider, fields.TimeSigSlider, parameter::TimeSig, "Change", handlers);
     BindLabel(ui_->lblTimeSig, fields.lblTimeSig);

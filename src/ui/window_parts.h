@@ -10,7 +10,9 @@
 #include "music/main_fields.h"
 #include "music/music_list.h"
 #include "music/numeric_fields.h"
+#include "playback/metronome.h"
 #include "playback/piano_keys.h"
+#include "playback/pitch_glide.h"
 #include "playback/playback_engine.h"
 #include "playback/position_display.h"
 #include "playback/tone_dispatcher.h"
@@ -36,6 +38,8 @@ struct WindowParts {
     PositionDisplay& Position;
     ToneDispatcher& Tones;
     PlaybackEngine& Playback;
+    Metronome& Clicks;
+    PitchGlide& Glide;
     SongDocument& Document;
     Speaker& PcSpeaker;
     MessageBoxes& Boxes;

@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "shell/runtime_error.h"
-#include "support/simulated_program.h"
+#include "support/recorded_playback.h"
 
 namespace quavix {
 namespace {
@@ -31,7 +31,8 @@ class PlaybackTest : public testing::Test {
 
     test::SimulatedProgram P;
     MainFields& Fields = P.App.Fields;
-    PlaybackEngine& Playback = P.App.Playback;
+    test::RecordedPlayback Recorded{P};
+    PlaybackEngine& Playback = Recorded.Playback;
 };
 
 TEST_F(PlaybackTest, AtHalfTheRatioAToneLastsHalfItsLine) {
@@ -101,6 +102,16 @@ TEST_F(PlaybackTest, AtRatio100TheStepKeepsItsLastValueInTheCall) {
     EXPECT_EQ(Tones(),
               "0.0000 speaker 262 Hz 100 ms\n0.1000 speaker 440 Hz 100 ms\n"
               "0.2600 speaker 262 Hz 100 ms\n0.3600 speaker 440 Hz 100 ms\n");
+}
+
+TEST_F(PlaybackTest, AlternatingNotesOfAGlideTakeTheirTimeToo) {
+    P.SetSong({"1/8 C4 A4 -"});
+    Fields.UsePortamento = true;
+    Fields.AlternateTime = 50;
+    Fields.NoteSilenceRatioSlider = 70;
+    PlayAll();
+    EXPECT_EQ(P.Timeline.Text("portamento 2"), "0.0000 portamento 262 Hz\n0.1000 portamento 262 Hz\n");
+    EXPECT_EQ(P.Timeline.Text("portamento 4"), "0.0500 portamento 440 Hz\n");
 }
 
 TEST_F(PlaybackTest, AlternatingTonesKeepSoundingOnlyWhileAnotherFollows) {

@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-#include "support/simulated_program.h"
+#include "support/recorded_playback.h"
 
 namespace quavix {
 namespace {
@@ -140,6 +140,7 @@ TEST(Timetable, ALongSongDoesNotDrift) {
     // 10,000 eighths at 139 bpm: no line lasts a whole number of milliseconds.
     const std::vector<Line> song(10'000, {3, 0, -1, 0});
     test::SimulatedProgram p;
+    test::RecordedPlayback recorded(p);
     p.App.Fields.BPM = 139;
     for (const Line& line : song)
         p.App.List.Insert(p.App.List.Count() + 1, {Lengths[line.Length], "C4", "", ""});
@@ -149,8 +150,8 @@ TEST(Timetable, ALongSongDoesNotDrift) {
         const double now = static_cast<double>(p.Time.Now()) / SimulatedTime::CountsPerSecond;
         worst = std::max(worst, now - lines++ * 0.5 * 60 / 139);
     };
-    p.App.Playback.OnRangeEnd = [&] { p.App.Playback.StopPlayButton_Click(); };
-    p.App.Playback.PlayAllButton_Click();
+    recorded.Playback.OnRangeEnd = [&] { recorded.Playback.StopPlayButton_Click(); };
+    recorded.Playback.PlayAllButton_Click();
     EXPECT_EQ(lines, 10'000);
     EXPECT_LT(worst, 0.0151) << "never later than one waiting slice";
 }

@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "shell/runtime_error.h"
-#include "support/simulated_program.h"
+#include "support/recorded_playback.h"
 
 namespace quavix {
 namespace {
@@ -13,12 +13,13 @@ class UniBeepTest : public testing::Test {
   protected:
     /// Sounds a tone and returns the note string as it comes back.
     std::string Beep(std::string note, double duration, const ToneOptions& options = {}) {
-        P.App.Tones.UniBeep(note, duration, options);
+        Recorded.Tones.UniBeep(note, duration, options);
         return note;
     }
     std::string ToneCode() const { return P.Disk.Content("/program/tonecode.txt"); }
 
     test::SimulatedProgram P;
+    test::RecordedPlayback Recorded{P};
     MainFields& Fields = P.App.Fields;
 };
 

@@ -9,6 +9,7 @@
 #include "app/program.h"
 #include "platform/console/console_boxes.h"
 #include "platform/linux/posix_files.h"
+#include "shell/seeded_random_numbers.h"
 #include "simulation/recorded_loading_view.h"
 #include "simulation/simulated_clipboard.h"
 #include "simulation/simulated_dialogs.h"
@@ -30,12 +31,14 @@ int main(int argumentCount, char** arguments) {
     SimulatedClipboard clipboard(time, timeline);
     PosixFiles files;
     SimulatedSpeaker speaker(time, timeline);
+    SeededRandomNumbers random(0);
     AbsentOutputs absent;
     RecordedLoadingView loading(time, timeline);
     Program app({
         .Time = time,
         .Pump = time,
         .Ticks = time,
+        .Random = random,
         .Boxes = boxes,
         .Picker = picker,
         .TextClipboard = clipboard,
@@ -44,9 +47,7 @@ int main(int argumentCount, char** arguments) {
         .Motor = absent,
         .Generator = absent,
         .Midi = absent,
-        .Glide = absent,
         .Singer = absent,
-        .Beat = absent,
         .Synchro = absent,
         .Loading = loading,
         .LogFile = folder + "/log",

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "app/program.h"
+#include "shell/seeded_random_numbers.h"
 #include "simulation/recorded_loading_view.h"
 #include "simulation/recorded_outputs.h"
 #include "simulation/simulated_clipboard.h"
@@ -37,6 +38,7 @@ class RecoveringProgram {
               .Time = machine.Time,
               .Pump = machine.Time,
               .Ticks = machine.Time,
+              .Random = random_,
               .Boxes = boxes_,
               .Picker = picker_,
               .TextClipboard = clipboard_,
@@ -45,9 +47,7 @@ class RecoveringProgram {
               .Motor = outputs_,
               .Generator = outputs_,
               .Midi = outputs_,
-              .Glide = outputs_,
               .Singer = outputs_,
-              .Beat = outputs_,
               .Synchro = outputs_,
               .Loading = loading_,
               .LogFile = "/program/debuglog.txt",
@@ -82,6 +82,7 @@ class RecoveringProgram {
     SimulatedFilePicker picker_;
     SimulatedClipboard clipboard_;
     SimulatedSpeaker speaker_;
+    SeededRandomNumbers random_{0};
     RecordedOutputs outputs_;
     RecordedLoadingView loading_;
     Program program_;

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "app/program.h"
+#include "shell/seeded_random_numbers.h"
 #include "simulation/recorded_loading_view.h"
 #include "simulation/recorded_outputs.h"
 #include "simulation/simulated_clipboard.h"
@@ -39,12 +40,14 @@ struct SimulatedProgram {
     SimulatedClipboard Clipboard{Time, Timeline};
     SimulatedFiles Disk;
     SimulatedSpeaker Speaker{Time, Timeline};
+    SeededRandomNumbers Random{0};
     RecordedOutputs Outputs{Time, Timeline};
     RecordedLoadingView Loading{Time, Timeline};
     Program App{{
         .Time = Time,
         .Pump = Time,
         .Ticks = Time,
+        .Random = Random,
         .Boxes = Boxes,
         .Picker = Picker,
         .TextClipboard = Clipboard,
@@ -53,9 +56,7 @@ struct SimulatedProgram {
         .Motor = Outputs,
         .Generator = Outputs,
         .Midi = Outputs,
-        .Glide = Outputs,
         .Singer = Outputs,
-        .Beat = Outputs,
         .Synchro = Outputs,
         .Loading = Loading,
         .LogFile = "/program/debuglog.txt",

@@ -2,8 +2,11 @@
 #include <map>
 #include <set>
 
+#include "ui/beat_form.h"
 #include "ui/manual_form.h"
+#include "ui/mod_texts.h"
 #include "ui/piano_keyboard.h"
+#include "ui/portamento_form.h"
 #include "ui/save_load_form.h"
 #include "ui/speaker_form.h"
 #include "ui/ui_program.h"
@@ -30,8 +33,12 @@ TEST(Accessibility, EveryControlHasANameAndATooltip) {
     SpeakerForm speaker(PartsOf(
         p.App, p.Reported, p.Boxes, p.SaveLoadWindow, [] {}, [] { return ""; }));
     ManualForm manual("text");
+    p.App.Fields.UseBeatCheck = true;
+    p.App.Fields.UsePortaCheck = true;
     for (QWidget* window : {static_cast<QWidget*>(&p.Form), static_cast<QWidget*>(&speaker),
-                            static_cast<QWidget*>(&p.SaveLoadWindow), static_cast<QWidget*>(&manual)}) {
+                            static_cast<QWidget*>(&p.SaveLoadWindow), static_cast<QWidget*>(&manual),
+                            static_cast<QWidget*>(&p.Find<BeatForm>("BeatForm")),
+                            static_cast<QWidget*>(&p.Find<PortamentoForm>("PortamentoForm"))}) {
         EXPECT_FALSE(ControlsOf(*window).empty());
         for (const QWidget* control : ControlsOf(*window)) {
             EXPECT_FALSE(control->accessibleName().isEmpty()) << control->objectName().toStdString();
@@ -142,17 +149,37 @@ TEST(Accessibility, NoTwoActionsShareAShortcutOrALetterOfTheirMenu) {
 
 TEST(Accessibility, TheTabKeyGoesThroughEveryControlInTheOrderOfReading) {
     test::UiProgram p;
-    std::vector<std::string> order = {"NoteClickPlayCheck",     "NoteClickAddCheck", "AddNote1Option",
-                                      "NoteReplaceCheck",       "NoteLengthCombo",   "ModDottedCheck",
-                                      "ModTripletCheck",        "BPMText",           "TimeSigSlider",
-                                      "NoteSilenceRatioSlider", "AlternateTimeText", "PlayAllButton",
-                                      "PlayFromLineButton",     "MainList",          "ClearNote1Button",
-                                      "ClearNote2Button",       "Command1",          "SilentLineButton",
-                                      "UnselectButton",         "SaveLoadButton",    "ClickPlayNote1Check",
-                                      "ClickPlayNote2Check",    "PlayNote1Check",    "PlayNote2Check"};
-    for (const char* mod : {"FMOD", "Voice", "MIDIOut", "MIDIIn", "MIDIFile", "Porta", "Motor", "Beat",
-                            "CircuitBent", "Synchro"})
-        order.push_back(std::string("Use") + mod + "HButton");
+    std::vector<std::string> order = {"NoteClickPlayCheck",
+                                      "NoteClickAddCheck",
+                                      "AddNote1Option",
+                                      "NoteReplaceCheck",
+                                      "NoteLengthCombo",
+                                      "ModDottedCheck",
+                                      "ModTripletCheck",
+                                      "BPMText",
+                                      "MetronomeButton",
+                                      "TimeSigSlider",
+                                      "NoteSilenceRatioSlider",
+                                      "AlternateTimeText",
+                                      "PlayAllButton",
+                                      "PlayFromLineButton",
+                                      "MainList",
+                                      "ClearNote1Button",
+                                      "ClearNote2Button",
+                                      "Command1",
+                                      "SilentLineButton",
+                                      "UnselectButton",
+                                      "SaveLoadButton",
+                                      "ClickPlayNote1Check",
+                                      "ClickPlayNote2Check",
+                                      "PlayNote1Check",
+                                      "PlayNote2Check"};
+    for (const text::Mod* mod : text::Mods) {
+        const std::string check = mod->CheckName;
+        if (mod->IsBuilt)
+            order.push_back(check);
+        order.push_back(check.substr(0, check.size() - std::string_view("Check").size()) + "HButton");
+    }
     for (const char* below : {"PianoKey", "KeyboardOctaveText", "SpeakerDetailsButton", "MuteTweebleCheck",
                               "NoUpdateCheck", "NoUpdateHButton"})
         order.push_back(below);

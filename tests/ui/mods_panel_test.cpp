@@ -16,10 +16,8 @@ TEST(ModsPanel, GreysOutWhatIsNotThereYetAndSaysSo) {
         EXPECT_EQ(check.text(), mod->Caption);
         EXPECT_EQ(check.toolTip(), QString(mod->ToolTip) + "\n(Not available in this version yet)");
     }
-    for (const char* name : {"MetronomeButton", "MotorOctSlider"}) {
-        EXPECT_FALSE(p.Find<QWidget>(name).isEnabled()) << name;
-        EXPECT_TRUE(p.Find<QWidget>(name).toolTip().endsWith(text::NotBuiltYet)) << name;
-    }
+    EXPECT_FALSE(p.Find<QWidget>("MotorOctSlider").isEnabled());
+    EXPECT_TRUE(p.Find<QWidget>("MotorOctSlider").toolTip().endsWith(text::NotBuiltYet));
     EXPECT_EQ(p.TextOf("lblMotorOct"), "Motor Octave");
 }
 
@@ -47,6 +45,20 @@ TEST(ModsPanel, HelpTextsStandWordForWord) {
         "\r\n\r\nRemember that if you're using MIDI output, a very large number of notes will be sent out "
         "through here too!\r\nSo please make sure the volume of your external MIDI device is not set too "
         "high.");
+    EXPECT_STREQ(text::UseCircuitBent.HelpTitle, "Acting as if circuit-bent");
+    EXPECT_STREQ(text::UseCircuitBent.Caption, "Act as if circuit-bent");
+    EXPECT_STREQ(text::UseCircuitBent.ToolTip, "Plays fast random notes all the time. Yeah, it's a waste.");
+    EXPECT_STREQ(
+        text::UseBeat.HelpText,
+        "This makes the tweeble play a kind of 'beat' sound on every beat (or on every other beat, if you "
+        "don't want it to sound so crazy at fast tempos). It sounds like a kind of techno beat, which I "
+        "suppose is what you'd expect from something as electronic as the system speaker. ;P");
+    EXPECT_STREQ(text::UseBeat.HelpTitle, "Playing a beat sound");
+    EXPECT_STREQ(text::UseBeat.Caption, "Play a beat sound");
+    EXPECT_STREQ(text::UseBeat.ToolTip, "Make a beat-like sound on quarter-notes or half-notes");
+    EXPECT_STREQ(text::UsePorta.Caption, "Tweeble portamento");
+    EXPECT_STREQ(text::UsePorta.ToolTip,
+                 "Make the PC speaker gradually fade from one note to the next (clicked keys only)");
     EXPECT_STREQ(text::UseMotor.ToolTip,
                  "Just in case you happen to have a spare microcontroller and motor speed controller lying "
                  "around ;P");

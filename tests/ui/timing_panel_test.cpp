@@ -89,6 +89,36 @@ TEST(TimingPanel, SlidersShowTheirNumbers) {
     EXPECT_EQ(p.TextOf("lblTimeSig"), "16");
 }
 
+TEST(TimingPanel, TheMetronomesButtonStaysDownWhileItClicks) {
+    test::UiProgram p;
+    auto& button = p.Find<QPushButton>("MetronomeButton");
+    EXPECT_EQ(button.text(), "Metronome");
+    EXPECT_EQ(button.toolTip(), "Turn the metronome on or off, so you can hear the tempo (BPM) of the song");
+    bool down = false;
+    p.Time.At(400, [&] { down = button.isChecked(); });
+    p.ClickAt(500, "MetronomeButton");
+    p.Click("MetronomeButton");
+    EXPECT_TRUE(down);
+    EXPECT_FALSE(button.isChecked());
+    EXPECT_EQ(p.Timeline.Text("speaker"), "0.0000 speaker 1000 Hz 20 ms\n0.4400 speaker 500 Hz 20 ms\n");
+}
+
+TEST(TimingPanel, WhileMusicPlaysTheMetronomeIsOff) {
+    test::UiProgram p;
+    p.SetSong({"Quarter C4 - -"});
+    auto& button = p.Find<QPushButton>("MetronomeButton");
+    bool usable = true;
+    p.ClickAt(100, "PlayAllButton");
+    p.Time.At(800, [&] { usable = button.isEnabled() || button.isChecked(); });
+    p.ClickAt(900, "StopPlayButton");
+    p.Click("MetronomeButton");
+    EXPECT_FALSE(usable);
+    EXPECT_TRUE(button.isEnabled());
+    EXPECT_FALSE(button.isChecked());
+    EXPECT_EQ(p.Timeline.Text("speaker 1000"), "0.0000 speaker 1000 Hz 20 ms\n");
+    EXPECT_EQ(p.Timeline.Text("speaker 500"), "");
+}
+
 TEST(TimingPanel, ControlsFollowWhatTheProgramSets) {
     test::UiProgram p;
     p.App.Fields.BPMText = "99";

@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+#include "playback/circuit_bent.h"
+
+#include <exception>
+#include <string>
+#include <utility>
+
+#include "shell/numbers.h"
+
+namespace quavix {
+
+CircuitBent::CircuitBent(MainFields& fields, ToneDispatcher& tones, RandomNumbers& random,
+                         NoteOfMidi noteOfMidi, Timers& timers, EventBoundary& handlers, DebugLog& log)
+    : fields_(fields),
+      tones_(tones),
+      random_(random),
+      noteOfMidi_(std::move(noteOfMidi)),
+      timers_(timers),
+      handlers_(handlers),
+      log_(log) {
+    fields_.UseCircuitBentCheck.Watch([this](bool) {
+        handlers_.Run("UseCircuitBentCheck_Click", [this] { UseCircuitBentCheck_Click(); });
+    });
+}
+
+CircuitBent::~CircuitBent() {
+    timers_.Stop(bendTimer_);
+}
+
+void CircuitBent::UseCircuitBentCheck_Click() {
+    constexpr std::int32_t IntervalMs = 15;
+    fields_.UseCircuitBent = fields_.UseCircuitBentCheck;
+    timers_.Stop(bendTimer_);
+    bendTimer_ = 0;
+    if (fields_.UseCircuitBent) {
+        bendTimer_ = timers_.Start(
+            IntervalMs, [this] { handlers_.Run("BendTimer_Timer", [this] { BendTimer_Timer(); }); });
+    }
+    log_.Text("UseCircuitBentCheck clicked - UseCircuitBent -> {}", LogFlag(fields_.UseCircuitBent));
+}
+
+void CircuitBent::BendTimer_Timer() {
+    if (inBurst_)
+        return;  // on an output whose tones let handlers run
+    inBurst_ = true;
+    try {
+        Burst();
+    } catch (const std::exception&) {
+        inBurst_ = false;
+        fields_.UseCircuitBentCheck = false;  // or the same message would come again at once
+        throw;
+    }
+    inBurst_ = false;
+}
+
+void CircuitBent::Burst() {
+    constexpr int Notes = 15;
+    constexpr double NoteMs = 15;
+    constexpr double HighestMidiNote = 127;
+    for (int i = 0; i < Notes && fields_.UseCircuitBent && !fields_.ShuttingDown; ++i) {
+        std::string note = noteOfMidi_(ToInt32(random_.Next() * HighestMidiNote));
+        tones_.UniBeep(note, NoteMs);
+    }
+}
+
+}  // namespace quavix

@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+
+#include "music/main_fields.h"
+#include "playback/tone_dispatcher.h"
+#include "ports/random_numbers.h"
+#include "ports/timers.h"
+#include "shell/debug_log.h"
+#include "shell/event_boundary.h"
+
+namespace quavix {
+
+/// The circuit-bent mode: bursts of random notes without end. Switched by UseCircuitBentCheck, which it
+/// watches for as long as the fields live; it must live as long.
+class CircuitBent {
+  public:
+    /// Note string of a MIDI note number, 0 to 127.
+    using NoteOfMidi = std::function<std::string(std::int32_t)>;
+
+    CircuitBent(MainFields& fields, ToneDispatcher& tones, RandomNumbers& random, NoteOfMidi noteOfMidi,
+                Timers& timers, EventBoundary& handlers, DebugLog& log);
+    ~CircuitBent();
+    CircuitBent(const CircuitBent&) = delete;
+    CircuitBent& operator=(const CircuitBent&) = delete;
+
+  private:
+    void UseCircuitBentCheck_Click();
+    void BendTimer_Timer();
+    void Burst();
+
+    MainFields& fields_;
+    ToneDispatcher& tones_;
+    RandomNumbers& random_;
+    NoteOfMidi noteOfMidi_;
+    Timers& timers_;
+    EventBoundary& handlers_;
+    DebugLog& log_;
+    /// Runs only while the mode is on, so that the program sleeps otherwise.
+    Timers::Id bendTimer_ = 0;
+    bool inBurst_ = false;
+};
+
+}  // namespace quavix

@@ -1,0 +1,125 @@
+// SPDX-License-Identifier: MIT
+#include "playback/metronome.h"
+
+#include <cmath>
+#include <exception>
+#include <string>
+
+#include "shell/numbers.h"
+
+namespace quavix {
+namespace {
+
+constexpr std::int32_t SecondsPerMinute = 60;
+
+/// The value is set for as long as this lives.
+class SetMeanwhile {
+  public:
+    explicit SetMeanwhile(Watched<bool>& value) : value_(value) { value_ = true; }
+    ~SetMeanwhile() { value_ = false; }
+    SetMeanwhile(const SetMeanwhile&) = delete;
+    SetMeanwhile& operator=(const SetMeanwhile&) = delete;
+
+  private:
+    Watched<bool>& value_;
+};
+
+}  // namespace
+
+Metronome::Metronome(MainFields& fields, ToneDispatcher& tones, ToneCode& code, Clock& time, Waiting& wait,
+                     DebugLog& log)
+    : fields_(fields), tones_(tones), code_(code), time_(time), wait_(wait), log_(log) {
+    fields_.MusicIsPlaying.Watch([this](bool playing) {
+        fields_.MetronomeButtonEnabled = !playing;
+        if (playing && fields_.MetronomeIsOn)
+            SwitchOff();
+    });
+}
+
+void Metronome::MetronomeButton_Click() {
+    constexpr const char* End = "MetronomeButton clicked - END";
+    log_.LogIndentInc("MetronomeButton clicked - START");
+    try {
+        if (fields_.MetronomeIsOn)
+            SwitchOff();
+        else
+            Run();
+    } catch (const std::exception&) {
+        log_.LogIndentDec(End);
+        throw;
+    }
+    log_.LogIndentDec(End);
+}
+
+void Metronome::SwitchOff() {
+    fields_.MetronomeIsOn = false;
+    log_.LogText("Metronome is OFF");
+}
+
+void Metronome::Run() {
+    const SetMeanwhile on(fields_.MetronomeIsOn);
+    log_.LogText("Metronome is ON");
+    Timetable timetable{.Start = Now(), .PlayedBeats = 0, .Bpm = fields_.BPM, .BeatInBar = 1};
+    while (IsWanted()) {
+        Click(timetable);
+        NextBeatInBar(timetable);
+        WaitForNextBeat(timetable);
+        SkipMissedBeats(timetable);
+        FollowTempo(timetable);
+    }
+}
+
+void Metronome::Click(const Timetable& timetable) {
+    constexpr double ClickMs = 20;
+    const SetMeanwhile shown(fields_.BeepTextLabelVisible);
+    std::string frequency = timetable.BeatInBar == 1 ? "1000" : "500";
+    tones_.UniBeep(frequency, ClickMs, {.NoteIsFrequency = true});
+}
+
+void Metronome::NextBeatInBar(Timetable& timetable) const {
+    ++timetable.PlayedBeats;
+    if (++timetable.BeatInBar > fields_.BeatsPerBar)
+        timetable.BeatInBar = 1;
+}
+
+void Metronome::WaitForNextBeat(const Timetable& timetable) {
+    constexpr std::int32_t SliceMs = 15;
+    const Currency next = timetable.NextBeat();
+    // A tempo that leaves no time to wait must not shut the user out.
+    wait_.DoEvents();
+    while (IsWanted() && Now() < next) {
+        wait_.MsgWaitObj(SliceMs);
+        code_.WriteWait(SliceMs);
+    }
+}
+
+/// Beats that went by while something else held the thread (a message box, say) are not made up in a rush.
+void Metronome::SkipMissedBeats(Timetable& timetable) const {
+    const Currency late = Now() - timetable.NextBeat();
+    const double missed = std::floor(late.ToDouble() * timetable.Bpm / SecondsPerMinute);
+    if (timetable.Bpm <= 0 || missed < 1)
+        return;
+    const std::int64_t beats = ToInt64(missed);
+    timetable.PlayedBeats += beats;
+    timetable.BeatInBar =
+        static_cast<std::int32_t>((timetable.BeatInBar - 1 + beats) % fields_.BeatsPerBar) + 1;
+}
+
+/// Where the tempo has changed, the timetable starts anew at the beat that is due.
+void Metronome::FollowTempo(Timetable& timetable) const {
+    if (timetable.Bpm == fields_.BPM)
+        return;
+    timetable.Start = timetable.NextBeat();
+    timetable.PlayedBeats = 0;
+    timetable.Bpm = fields_.BPM;
+}
+
+Currency Metronome::Timetable::NextBeat() const {
+    return Start + Currency::FromDouble(Quotient(static_cast<double>(PlayedBeats) * SecondsPerMinute, Bpm));
+}
+
+Currency Metronome::Now() const {
+    return Currency::FromDouble(Currency::FromUnits(time_.PerformanceCounter()) / fields_.TickFreq);
+}
+
+}  // namespace quavix

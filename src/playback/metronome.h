@@ -1,0 +1,60 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+
+#include "music/main_fields.h"
+#include "playback/tone_code.h"
+#include "playback/tone_dispatcher.h"
+#include "ports/clock.h"
+#include "shell/currency.h"
+#include "shell/debug_log.h"
+#include "shell/waiting.h"
+
+namespace quavix {
+
+/// Clicks at the tempo against an absolute timetable, higher on the first beat of each bar. A new tempo holds
+/// from the next beat on. Music that starts to play switches it off, and while music plays its button is
+/// disabled: both have the thread for themselves. Watches the fields for as long as they live, and must live
+/// as long.
+class Metronome {
+  public:
+    Metronome(MainFields& fields, ToneDispatcher& tones, ToneCode& code, Clock& time, Waiting& wait,
+              DebugLog& log);
+    Metronome(const Metronome&) = delete;
+    Metronome& operator=(const Metronome&) = delete;
+
+    /// Switches it on, and returns when it has been switched off again; or switches it off, and returns at
+    /// once. MetronomeIsOn says which. A tempo of 0 raises DivisionByZero after the first click.
+    void MetronomeButton_Click();
+
+  private:
+    /// Where the clicks are in time and in the bar.
+    struct Timetable {
+        Currency Start;  // seconds
+        std::int64_t PlayedBeats;
+        std::int32_t Bpm;
+        std::int32_t BeatInBar;
+
+        Currency NextBeat() const;
+    };
+
+    void Run();
+    void Click(const Timetable& timetable);
+    void NextBeatInBar(Timetable& timetable) const;
+    void WaitForNextBeat(const Timetable& timetable);
+    void SkipMissedBeats(Timetable& timetable) const;
+    void FollowTempo(Timetable& timetable) const;
+    void SwitchOff();
+    bool IsWanted() const { return fields_.MetronomeIsOn && !fields_.ShuttingDown; }
+    Currency Now() const;
+
+    MainFields& fields_;
+    ToneDispatcher& tones_;
+    ToneCode& code_;
+    Clock& time_;
+    Waiting& wait_;
+    DebugLog& log_;
+};
+
+}  // namespace quavix

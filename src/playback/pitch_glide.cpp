@@ -1,0 +1,120 @@
+// SPDX-License-Identifier: MIT
+#include "playback/pitch_glide.h"
+
+#include <utility>
+
+#include "shell/numbers.h"
+
+namespace quavix {
+
+PitchGlide::PitchGlide(MainFields& mainFields, Speaker& speaker, Timers& timers, EventBoundary& handlers,
+                       DebugLog& log)
+    : mainFields_(mainFields), speaker_(speaker), timers_(timers), handlers_(handlers), log_(log) {
+    const auto run = [this](const char* handler, void (PitchGlide::*body)()) {
+        handlers_.Run(handler, [this, body] { (this->*body)(); });
+    };
+    mainFields_.UsePortaCheck.Watch(
+        [run](bool) { run("UsePortaCheck_Click", &PitchGlide::UsePortaCheck_Click); });
+    Fields.PitchMultipleSlider.Watch(
+        [run](const auto&) { run("PitchMultipleSlider_Change", &PitchGlide::PitchMultipleSlider_Change); });
+    Fields.SoundLengthSlider.Watch(
+        [run](const auto&) { run("SoundLengthSlider_Change", &PitchGlide::SoundLengthSlider_Change); });
+    Fields.optSoundAlways.Watch([run](bool chosen) {
+        if (chosen)
+            run("optSoundAlways_Click", &PitchGlide::optSoundAlways_Click);
+    });
+    Fields.optSoundStops.Watch([run](bool chosen) {
+        if (chosen)
+            run("optSoundStops_Click", &PitchGlide::optSoundStops_Click);
+    });
+    PitchMultipleSlider_Change();
+    SoundLengthSlider_Change();
+    StartSoundIfNeeded();
+}
+
+PitchGlide::~PitchGlide() {
+    EnableEachToneTimer(false);
+    EnableFinishTimer(false);
+}
+
+void PitchGlide::UsePortaCheck_Click() {
+    mainFields_.UsePortamento = mainFields_.UsePortaCheck;
+    log_.Text("UsePortaCheck clicked - UsePortamento -> {}", LogFlag(mainFields_.UsePortamento));
+    StartSoundIfNeeded();
+}
+
+/// Sounds on where the mod and the option want sound without a note having been made.
+void PitchGlide::StartSoundIfNeeded() {
+    EnableFinishTimer(false);
+    EnableEachToneTimer(mainFields_.UsePortamento && Fields.optSoundAlways);
+}
+
+void PitchGlide::StartSound() {
+    if (!currentPitch_)
+        currentPitch_ = wantedPitch_;
+    EnableEachToneTimer(true);
+    EnableFinishTimer(Fields.optSoundStops);
+}
+
+void PitchGlide::optSoundAlways_Click() {
+    StartSoundIfNeeded();
+}
+
+void PitchGlide::optSoundStops_Click() {
+    StartSoundIfNeeded();
+}
+
+void PitchGlide::PitchMultipleSlider_Change() {
+    constexpr double SliderScale = 10000;
+    constexpr double Percent = 100;
+    pitchMultiple_ = Fields.PitchMultipleSlider / SliderScale;
+    Fields.lblPitchMultiple = NumberText(Fields.PitchMultipleSlider / (SliderScale / Percent)) + "%";
+}
+
+void PitchGlide::SoundLengthSlider_Change() {
+    Fields.lblSoundLength = std::to_string(Fields.SoundLengthSlider);
+    if (finishTimer_ != 0)
+        EnableFinishTimer(true);  // a timer whose interval changes counts from the start
+}
+
+void PitchGlide::EachToneTimer_Timer() {
+    constexpr std::int32_t ChunkMs = 30;
+    // Only this very distance ends the approach: from anywhere else it goes on, nearer and nearer.
+    constexpr double StopsAtDistance = 5;
+    if (!currentPitch_)
+        return;
+    speaker_.Beep(ToInt32(*currentPitch_), ChunkMs);
+    const double distance = wantedPitch_ - *currentPitch_;
+    if (distance != StopsAtDistance)
+        *currentPitch_ += distance * pitchMultiple_;
+}
+
+void PitchGlide::FinishTimer_Timer() {
+    EnableEachToneTimer(false);
+    EnableFinishTimer(false);
+}
+
+/// A chunk lasts twice the interval, so that the next one follows without a gap.
+void PitchGlide::EnableEachToneTimer(bool enable) {
+    constexpr std::int32_t IntervalMs = 15;
+    if (enable == (eachToneTimer_ != 0))
+        return;
+    if (enable) {
+        eachToneTimer_ = timers_.Start(
+            IntervalMs, [this] { handlers_.Run("EachToneTimer_Timer", [this] { EachToneTimer_Timer(); }); });
+    } else {
+        timers_.Stop(std::exchange(eachToneTimer_, 0));
+    }
+}
+
+/// Enabled anew, it counts from the start.
+void PitchGlide::EnableFinishTimer(bool enable) {
+    timers_.Stop(std::exchange(finishTimer_, 0));
+    if (enable) {
+        finishTimer_ = timers_.Start(Fields.SoundLengthSlider, [this] {
+            handlers_.Run("FinishTimer_Timer", [this] { FinishTimer_Timer(); });
+        });
+    }
+}
+
+}  // namespace quavix

@@ -1,0 +1,71 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "music/main_fields.h"
+#include "ports/speaker.h"
+#include "ports/timers.h"
+#include "ports/tone_outputs.h"
+#include "shell/debug_log.h"
+#include "shell/event_boundary.h"
+#include "shell/watched.h"
+
+namespace quavix {
+
+/// What the controls of the portamento's window hold.
+struct PortamentoFields {
+    Watched<std::int32_t> PitchMultipleSlider{parameter::PitchMultiple.Default};
+    Watched<std::string> lblPitchMultiple;
+    Watched<bool> optSoundAlways{false};
+    Watched<bool> optSoundStops{true};
+    Watched<std::int32_t> SoundLengthSlider{parameter::SoundLength.Default};
+    Watched<std::string> lblSoundLength;
+};
+
+/// The tweeble portamento: the PC speaker sounds in short chunks, one after another, whose pitch covers a
+/// share of what is left to the wanted pitch each time. The pitch is kept between notes, so that a glide
+/// starts where the last one stopped; the very first note is there at once. Switched by UsePortaCheck, which
+/// it watches for as long as the fields live; it must live as long.
+class PitchGlide : public Portamento {
+  public:
+    PitchGlide(MainFields& mainFields, Speaker& speaker, Timers& timers, EventBoundary& handlers,
+               DebugLog& log);
+    ~PitchGlide() override;
+    PitchGlide(const PitchGlide&) = delete;
+    PitchGlide& operator=(const PitchGlide&) = delete;
+
+    void SetWantedPitch(std::int32_t frequency) override { wantedPitch_ = frequency; }
+    void StartSound() override;
+
+    PortamentoFields Fields;
+
+  private:
+    void StartSoundIfNeeded();
+    void UsePortaCheck_Click();
+    void optSoundAlways_Click();
+    void optSoundStops_Click();
+    void PitchMultipleSlider_Change();
+    void SoundLengthSlider_Change();
+    void EachToneTimer_Timer();
+    void FinishTimer_Timer();
+
+    void EnableEachToneTimer(bool enable);
+    void EnableFinishTimer(bool enable);
+
+    MainFields& mainFields_;
+    Speaker& speaker_;
+    Timers& timers_;
+    EventBoundary& handlers_;
+    DebugLog& log_;
+    std::int32_t wantedPitch_ = 0;
+    /// None before the first note.
+    std::optional<double> currentPitch_;
+    double pitchMultiple_ = 0;
+    Timers::Id eachToneTimer_ = 0;
+    Timers::Id finishTimer_ = 0;
+};
+
+}  // namespace quavix

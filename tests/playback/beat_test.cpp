@@ -1,0 +1,176 @@
+// SPDX-License-Identifier: MIT
+#include "playback/beat.h"
+
+#include <gtest/gtest.h>
+
+#include "support/recorded_playback.h"
+
+namespace quavix {
+namespace {
+
+class BeatTest : public testing::Test {
+  protected:
+    BeatTest() {
+        Fields.BPM = 120;
+        Fields.NoteSilenceRatioSlider = 50;
+    }
+
+    void PlayAllOnce() {
+        P.App.Playback.OnRangeEnd = [this] { P.App.Playback.StopPlayButton_Click(); };
+        P.App.Playback.PlayAllButton_Click();
+    }
+    /// When a kick began, in ms.
+    std::string Kicks() const {
+        std::string times;
+        std::istringstream lines(P.Timeline.Text("speaker 250 Hz"));
+        for (std::string line; std::getline(lines, line);)
+            times += std::to_string(std::lround(std::stod(line) * 1000)) + " ";
+        return times;
+    }
+
+    test::SimulatedProgram P;
+    MainFields& Fields = P.App.Fields;
+};
+
+TEST_F(BeatTest, IsThreeFallingTonesBeforeTheLinesNoteWhoseEndStays) {
+    P.SetSong({"Quarter A4 - -"});
+    Fields.UseBeatCheck = true;
+    PlayAllOnce();
+    EXPECT_EQ(P.Timeline.Text("speaker"),
+              "0.0000 speaker 250 Hz 15 ms\n0.0150 speaker 162 Hz 15 ms\n0.0300 speaker 106 Hz 15 ms\n"
+              "0.0450 speaker 440 Hz 205 ms\n");
+}
+
+TEST_F(BeatTest, NoLineBeginsWithItUntilItIsTicked) {
+    P.SetSong({"Quarter A4 - -"});
+    PlayAllOnce();
+    EXPECT_EQ(Kicks(), "");
+}
+
+TEST_F(BeatTest, FallsOnlyOnLinesThatStartOnAWholeBeat) {
+    // Beats 1, 2, 2.5, 3, 3.25 and 4.
+    P.SetSong({"Quarter - - -", "1/8 - - -", "1/8 - - -", "1/16 - - -", "1/8 - - Dot", "Quarter - - -"});
+    Fields.UseBeatCheck = true;
+    PlayAllOnce();
+    EXPECT_EQ(Kicks(), "0 510 1005 1500 ");
+}
+
+TEST_F(BeatTest, OnEveryOtherBeatItIsTheEvenOnesOfEachBar) {
+    P.SetSong({"Quarter - - -", "Quarter - - -", "Quarter - - -", "Quarter - - -", "Quarter - - -"});
+    Fields.UseBeatCheck = true;
+    Fields.optBeatAll = false;
+    EXPECT_TRUE(Fields.BeatEvenOnly);
+    Fields.TimeSigSlider = 3;  // beats 1 2 3 1 2
+    PlayAllOnce();
+    EXPECT_EQ(Kicks(), "510 2010 ");
+    Fields.optBeatAll = true;
+    EXPECT_FALSE(Fields.BeatEvenOnly);
+}
+
+TEST_F(BeatTest, TwoDigitBeatsCount) {
+    Fields.UseBeatCheck = true;
+    Fields.optBeatAll = false;
+    for (const char* caption : {"09.00", "10.00", "10.50", "11.00", "16.00"}) {
+        Fields.lblPlaySig = caption;
+        P.App.Kick.LineStarts();
+    }
+    EXPECT_EQ(Kicks(), "0 45 ");
+}
+
+TEST_F(BeatTest, AClickedLineHasItToo) {
+    P.SetSong({"Quarter - - -", "1/8 - - -", "1/8 A4 - -"});
+    Fields.UseBeatCheck = true;
+    P.App.Playback.MainList_ItemClick(3);
+    EXPECT_EQ(Kicks(), "") << "it starts at beat 2.5";
+    P.App.Playback.MainList_ItemClick(2);
+    EXPECT_EQ(Kicks(), "125 ");
+}
+
+TEST_F(BeatTest, WithDoNotUpdateItDoesNotFollowTheMusic) {
+    P.SetSong({"1/8 - - -", "1/8 - - -"});
+    Fields.UseBeatCheck = true;
+    Fields.NoUpdateCheck = true;
+    PlayAllOnce();
+    EXPECT_EQ(Kicks(), "0 255 ") << "the label stands where the music began";
+}
+
+TEST_F(BeatTest, FollowsTheChosenOutput) {
+    P.SetSong({"Quarter - - -"});
+    Fields.UseBeatCheck = true;
+    Fields.UseWriteCode = true;
+    Fields.MutePCSpeaker = true;
+    PlayAllOnce();
+    EXPECT_EQ(P.Timeline.Text("speaker"), "");
+    EXPECT_TRUE(
+        P.Disk.Content("/program/tonecode.txt")
+            .starts_with("Beep         250,     15     '250 Hz [no note]\r\nMsgWaitObj            15\r\n"
+                         "Beep         162,     15     '162.5 Hz [no note]\r\n"
+                         "MsgWaitObj            15\r\n"
+                         "Beep         106,     15     '105.625 Hz [no note]\r\n"
+                         "MsgWaitObj            15\r\n"));
+}
+
+TEST_F(BeatTest, ASweepEndsAtItsEndFrequencyAndBelow16Kilohertz) {
+    P.App.Kick.BeatSound(400, 100, 0.5);
+    EXPECT_EQ(P.Timeline.Text("speaker"), "0.0000 speaker 400 Hz 15 ms\n0.0150 speaker 200 Hz 15 ms\n");
+    P.Timeline.Clear();
+    P.App.Kick.BeatSound(16000, 100, 0.5);
+    EXPECT_EQ(P.Timeline.Text(), "");
+}
+
+TEST_F(BeatTest, TickedUnderDoNotUpdateItAsksAndUnticksThat) {
+    P.App.Log.Enable();
+    Fields.NoUpdateCheck = true;
+    P.App.Position.NoUpdateCheck_Click();
+    P.Boxes.AnswerNext(BoxAnswer::Yes);
+    Fields.UseBeatCheck = true;
+    ASSERT_EQ(P.Boxes.Shown().size(), 1U);
+    const MessageBox& box = P.Boxes.Shown()[0];
+    EXPECT_EQ(box.Title, "Info about playing a beat sound");
+    EXPECT_EQ(box.Text,
+              "This requires the green position indicators to be updated during playback. However, this can "
+              "use a LOT of CPU power and cause music to skip or stutter. Currently, 'Do not update' (in the "
+              "bottom-right corner) is ticked to prevent the position from being updated during playback."
+              "\r\n\r\nUn-tick it?");
+    EXPECT_EQ(box.Icon, BoxIcon::Question);
+    EXPECT_EQ(box.Buttons, BoxButtons::YesNo);
+    EXPECT_FALSE(Fields.NoUpdateCheck);
+    EXPECT_FALSE(Fields.UseNoUpdate);
+    EXPECT_TRUE(Fields.UseBeat);
+    EXPECT_EQ(P.LogText(),
+              "NoUpdateCheck clicked - UseNoUpdate -> TRUE\nUseBeatCheck clicked - UseBeat -> TRUE\n"
+              "NoUpdateCheck clicked - UseNoUpdate -> FALSE\n");
+}
+
+TEST_F(BeatTest, WithAnyOtherAnswerDoNotUpdateStaysTicked) {
+    Fields.NoUpdateCheck = true;
+    P.App.Position.NoUpdateCheck_Click();
+    P.Boxes.AnswerNext(BoxAnswer::No);
+    Fields.UseBeatCheck = true;
+    EXPECT_TRUE(Fields.NoUpdateCheck);
+    EXPECT_TRUE(Fields.UseNoUpdate);
+    EXPECT_TRUE(Fields.UseBeat);
+    Fields.UseBeatCheck = false;
+    EXPECT_FALSE(Fields.UseBeat);
+    EXPECT_EQ(P.Boxes.Shown().size(), 1U) << "unticking asks nothing";
+}
+
+TEST_F(BeatTest, StandsBetweenTheVoicesPitchAndTheNotes) {
+    P.SetSong({"1/8 A4 A4 -", "1/8 A4 - -"});
+    test::RecordedPlayback recorded(P, P.App.Kick);
+    Fields.UseBeatCheck = true;
+    Fields.UseVoiceCheck = true;
+    Fields.VoiceVolSlider = 5000;
+    Fields.PlayNote2Check = false;
+    recorded.Playback.OnRangeEnd = [&] { recorded.Playback.StopPlayButton_Click(); };
+    recorded.Playback.PlayAllButton_Click();
+    EXPECT_EQ(P.Timeline.Text(),
+              "0.0000 voice volume 0.5\n0.0000 voice 118.8 Hz\n"
+              "0.0000 speaker 250 Hz 15 ms\n0.0150 speaker 162 Hz 15 ms\n0.0300 speaker 106 Hz 15 ms\n"
+              "0.0450 speaker 440 Hz 80 ms\n"
+              "0.2600 voice volume 0\n0.2600 speaker 440 Hz 115 ms\n"
+              "0.5100 voice volume 0\n0.5100 generator stop\n");
+}
+
+}  // namespace
+}  // namespace quavix

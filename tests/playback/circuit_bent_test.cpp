@@ -1,0 +1,154 @@
+// SPDX-License-Identifier: MIT
+#include "playback/circuit_bent.h"
+
+#include <gtest/gtest.h>
+
+#include "midi/midi_notes.h"
+#include "music/notes.h"
+#include "shell/numbers.h"
+#include "support/simulated_program.h"
+
+namespace quavix {
+namespace {
+
+/// The same number again and again.
+class FixedNumber : public RandomNumbers {
+  public:
+    double Next() override { return Value; }
+    double Value = 0;
+};
+
+/// Its own fields and tones, so that everything that tones go to is recorded.
+class CircuitBentTest : public testing::Test {
+  protected:
+    CircuitBentTest()
+        : Bending(Fields, Tones, P.Random, MIDIToNoteString, P.Time, P.App.Handlers, P.App.Log) {}
+
+    test::SimulatedProgram P;
+    MainFields Fields;
+    ToneCode Code{Fields, P.Disk, "/program/tonecode.txt"};
+    ToneDispatcher Tones{Fields,  {P.Speaker, P.Outputs, P.Outputs, P.Outputs, P.Outputs},
+                         Code,    P.App.Wait,
+                         P.Boxes, P.App.Log};
+    CircuitBent Bending;
+};
+
+/// What the next numbers of the same seed are as MIDI notes.
+std::vector<std::int32_t> ExpectedNotes(std::size_t count) {
+    SeededRandomNumbers same(0);
+    std::vector<std::int32_t> notes;
+    while (notes.size() < count)
+        notes.push_back(ToInt32(same.Next() * 127));
+    return notes;
+}
+
+TEST_F(CircuitBentTest, PlaysFifteenRandomNotesPerBurstAndTheNextBurstAtOnce) {
+    Fields.UseCircuitBentCheck = true;
+    P.Time.RunUntil(30);  // the second burst is due before the first one has ended
+    std::string expected;
+    int ms = 15;
+    for (const std::int32_t midi : ExpectedNotes(30)) {
+        const std::string note = MIDIToNoteString(midi);
+        const double hertz = NoteFrequency(FindNoteNum(note), OctaveOf(note));
+        expected += fmt::format("0.{:03}0 speaker {} Hz 15 ms\n", ms, ToInt32(hertz));
+        ms += 15;
+    }
+    EXPECT_EQ(P.Timeline.Text(), expected);
+}
+
+TEST_F(CircuitBentTest, IsSilentUntilTickedAndAfterwards) {
+    P.Time.RunUntil(1000);
+    EXPECT_EQ(P.Timeline.Text(), "");
+    Fields.UseCircuitBentCheck = true;
+    P.Time.RunUntil(1100);
+    Fields.UseCircuitBentCheck = false;
+    P.Timeline.Clear();
+    P.Time.RunUntil(2000);
+    EXPECT_EQ(P.Timeline.Text(), "");
+}
+
+TEST_F(CircuitBentTest, TheNumbersReachFromTheLowestNoteToTheHighest) {
+    FixedNumber number;
+    MainFields fields;
+    CircuitBent bending(fields, Tones, number, MIDIToNoteString, P.Time, P.App.Handlers, P.App.Log);
+    Fields.UseWriteCode = true;
+    const auto note = [&](double value) {
+        number.Value = value;
+        fields.UseCircuitBentCheck = true;
+        P.Time.RunUntil(static_cast<double>(P.Time.Now()) / SimulatedTime::CountsPerMs + 20);
+        fields.UseCircuitBentCheck = false;
+        const std::string code = P.Disk.Content("/program/tonecode.txt");
+        return code.substr(code.rfind('\'') + 1);
+    };
+    EXPECT_EQ(note(0), "C0\r\n");
+    EXPECT_EQ(note(0.5), "E5\r\n") << "63.5 goes to the even number, 64";
+    EXPECT_EQ(note(0.999999), "G10\r\n");
+}
+
+TEST_F(CircuitBentTest, OverMidiABurstIsFifteenPairsOfNoteOnAndNoteOff) {
+    Fields.UseMIDIOut = true;
+    Fields.UseCircuitBentCheck = true;
+    P.Time.RunUntil(20);
+    std::string expected;
+    int ms = 15;
+    for (const std::int32_t midi : ExpectedNotes(15)) {
+        // Of an octave with two digits, only the last one counts.
+        const std::int32_t sent = midi < 120 ? midi : midi - 120;
+        expected +=
+            fmt::format("0.{:03}0 midi on {}\n0.{:03}0 midi off {} channel -1\n", ms, sent, ms + 15, sent);
+        ms += 15;
+    }
+    EXPECT_EQ(P.Timeline.Text("midi"), expected);
+}
+
+TEST_F(CircuitBentTest, OnAMutedSpeakerBurstsDoNotPileUp) {
+    Fields.MutePCSpeaker = true;
+    Fields.UseWriteCode = true;
+    Fields.UseCircuitBentCheck = true;
+    P.Time.RunUntil(239);
+    const std::string code = P.Disk.Content("/program/tonecode.txt");
+    EXPECT_EQ(std::count(code.begin(), code.end(), '\''), 15) << "one after the other in 225 ms";
+    EXPECT_EQ(P.Time.Now(), 240 * SimulatedTime::CountsPerMs);
+}
+
+TEST_F(CircuitBentTest, UntickedInTheMiddleOfABurstItStops) {
+    Fields.MutePCSpeaker = true;
+    Fields.UseWriteCode = true;
+    P.Time.At(40, [this] { Fields.UseCircuitBentCheck = false; });
+    Fields.UseCircuitBentCheck = true;
+    P.Time.RunUntil(1000);
+    const std::string code = P.Disk.Content("/program/tonecode.txt");
+    EXPECT_EQ(std::count(code.begin(), code.end(), '\''), 2);
+}
+
+TEST_F(CircuitBentTest, AnErrorIsShownOnceAndEndsTheMode) {
+    Fields.UseWriteCode = true;
+    P.Disk.FailWriting("/program/tonecode.txt", std::errc::no_space_on_device);
+    Fields.UseCircuitBentCheck = true;
+    P.Time.RunUntil(1000);
+    EXPECT_EQ(P.Boxes.Shown().size(), 1U);
+    EXPECT_FALSE(Fields.UseCircuitBentCheck);
+    EXPECT_FALSE(Fields.UseCircuitBent);
+}
+
+TEST_F(CircuitBentTest, ClosingTheProgramEndsTheBurst) {
+    Fields.MutePCSpeaker = true;
+    Fields.UseWriteCode = true;
+    P.Time.At(40, [this] { Fields.ShuttingDown = true; });
+    Fields.UseCircuitBentCheck = true;
+    P.Time.RunUntil(1000);
+    const std::string code = P.Disk.Content("/program/tonecode.txt");
+    EXPECT_EQ(std::count(code.begin(), code.end(), '\''), 2);
+}
+
+TEST_F(CircuitBentTest, LogsItsSwitch) {
+    P.App.Log.Enable();
+    Fields.UseCircuitBentCheck = true;
+    Fields.UseCircuitBentCheck = false;
+    EXPECT_EQ(P.LogText(),
+              "UseCircuitBentCheck clicked - UseCircuitBent -> TRUE\n"
+              "UseCircuitBentCheck clicked - UseCircuitBent -> FALSE\n");
+}
+
+}  // namespace
+}  // namespace quavix

@@ -1,0 +1,207 @@
+// SPDX-License-Identifier: MIT
+#include "playback/metronome.h"
+
+#include <gtest/gtest.h>
+
+#include "app/shutdown.h"
+#include "support/simulated_program.h"
+
+namespace quavix {
+namespace {
+
+class MetronomeTest : public testing::Test {
+  protected:
+    MetronomeTest() { Fields.BPM = 120; }
+
+    /// Runs from a click now to one at `offMs`.
+    void ClickUntil(double offMs) {
+        P.Time.At(offMs, [this] { P.App.Clicks.MetronomeButton_Click(); });
+        P.App.Clicks.MetronomeButton_Click();
+        EXPECT_FALSE(Fields.MetronomeIsOn);
+    }
+    std::string Tones() const { return P.Timeline.Text("speaker"); }
+
+    test::SimulatedProgram P;
+    MainFields& Fields = P.App.Fields;
+};
+
+TEST_F(MetronomeTest, InThreeFourClicksHighLowLowHigh) {
+    Fields.TimeSigSlider = 3;
+    ClickUntil(1600);
+    EXPECT_EQ(Tones(),
+              "0.0000 speaker 1000 Hz 20 ms\n0.5000 speaker 500 Hz 20 ms\n1.0000 speaker 500 Hz 20 ms\n"
+              "1.5000 speaker 1000 Hz 20 ms\n");
+}
+
+TEST_F(MetronomeTest, ATimeSignatureThatShrinksStartsTheNextBar) {
+    P.Time.At(700, [this] { Fields.TimeSigSlider = 2; });
+    ClickUntil(1600);
+    EXPECT_EQ(Tones(),
+              "0.0000 speaker 1000 Hz 20 ms\n0.5000 speaker 500 Hz 20 ms\n1.0000 speaker 500 Hz 20 ms\n"
+              "1.5000 speaker 1000 Hz 20 ms\n");
+}
+
+TEST_F(MetronomeTest, ANewTempoHoldsFromTheNextBeatOn) {
+    P.Time.At(700, [this] { Fields.BPM = 60; });
+    P.Time.At(2100, [this] { Fields.BPM = 240; });
+    ClickUntil(3600);
+    EXPECT_EQ(Tones(),
+              "0.0000 speaker 1000 Hz 20 ms\n0.5000 speaker 500 Hz 20 ms\n1.0000 speaker 500 Hz 20 ms\n"
+              "2.0100 speaker 500 Hz 20 ms\n3.0050 speaker 1000 Hz 20 ms\n3.2500 speaker 500 Hz 20 ms\n"
+              "3.5100 speaker 500 Hz 20 ms\n")
+        << "each at the end of a waiting slice";
+}
+
+TEST_F(MetronomeTest, DoesNotDrift) {
+    Fields.BPM = 139;
+    double worst = 0;
+    int clicks = 0;
+    Fields.BeepTextLabelVisible.Watch([&](bool visible) {
+        if (visible) {
+            const double due = clicks++ * 60.0 / 139;
+            worst = std::max(worst, static_cast<double>(P.Time.Now()) / SimulatedTime::CountsPerSecond - due);
+        }
+    });
+    ClickUntil(600'000);
+    EXPECT_EQ(clicks, 1390);
+    EXPECT_LT(worst, 0.0151) << "never later than one waiting slice";
+}
+
+TEST_F(MetronomeTest, BeatsMissedBehindABoxAreNotMadeUp) {
+    P.Time.At(600, [this] { P.Time.Block(2100); });
+    ClickUntil(3600);
+    EXPECT_EQ(Tones(),
+              "0.0000 speaker 1000 Hz 20 ms\n0.5000 speaker 500 Hz 20 ms\n"
+              "2.7000 speaker 500 Hz 20 ms\n"  // the beat of 2.5, the second of its bar
+              "3.0050 speaker 500 Hz 20 ms\n3.5050 speaker 500 Hz 20 ms\n");
+}
+
+TEST_F(MetronomeTest, ShowsTheBeepLabelWhileItClicks) {
+    std::string changes;
+    Fields.BeepTextLabelVisible.Watch([&](bool visible) {
+        changes += fmt::format("{}:{} ", P.Time.Now() / SimulatedTime::CountsPerMs, visible ? "on" : "off");
+    });
+    ClickUntil(600);
+    EXPECT_EQ(changes, "0:on 20:off 500:on 520:off ");
+}
+
+TEST_F(MetronomeTest, WritesTheToneCodeOfEachSlice) {
+    Fields.BPM = 600;
+    Fields.UseWriteCode = true;
+    ClickUntil(115);
+    std::string slices;
+    for (int i = 0; i < 6; ++i)
+        slices += "MsgWaitObj            15\r\n";
+    EXPECT_EQ(P.Disk.Content("/program/tonecode.txt"),
+              "Beep        1000,     20     '1000 Hz [no note]\r\n" + slices +
+                  "Beep         500,     20     '500 Hz [no note]\r\n");
+}
+
+TEST_F(MetronomeTest, LogsItsClicks) {
+    P.App.Log.Enable();
+    ClickUntil(100);
+    const std::string beep =
+        "        UniBeep(NOTESTRING:\"1000\", DURATION:20, NOTEISFREQUENCY:TRUE, SPECIFICCONTINUOUS:FALSE, "
+        "SPECIFICSTOP:FALSE, FMODNOWAIT:FALSE) - START\n"
+        "        PC Speaker Beep 1000, 20 - BEFORE\n"
+        "        PC Speaker Beep - AFTER\n"
+        "        UniBeep() - END\n\n";
+    EXPECT_EQ(P.LogText(),
+              "    MetronomeButton clicked - START\n"
+              "    Metronome is ON\n" +
+                  beep +
+                  "        MetronomeButton clicked - START\n"
+                  "        Metronome is OFF\n"
+                  "        MetronomeButton clicked - END\n\n"
+                  "    MetronomeButton clicked - END\n\n");
+}
+
+TEST_F(MetronomeTest, SwitchedOffAndOnAgainAtOnceItStartsANewBar) {
+    P.Time.At(700, [this] {
+        P.App.Clicks.MetronomeButton_Click();
+        P.App.Clicks.MetronomeButton_Click();
+    });
+    ClickUntil(1300);
+    EXPECT_EQ(Tones(),
+              "0.0000 speaker 1000 Hz 20 ms\n0.5000 speaker 500 Hz 20 ms\n0.7000 speaker 1000 Hz 20 ms\n"
+              "1.2000 speaker 500 Hz 20 ms\n");
+}
+
+TEST_F(MetronomeTest, PlayAllSwitchesItOffFirst) {
+    P.SetSong({"Quarter A4 - -"});
+    P.App.Playback.OnRangeEnd = [this] { P.App.Playback.StopPlayButton_Click(); };
+    bool enabledDuring = true;
+    P.Time.At(700, [this] { P.App.Playback.PlayAllButton_Click(); });
+    P.Time.At(1180, [&] { enabledDuring = Fields.MetronomeButtonEnabled; });
+    P.App.Clicks.MetronomeButton_Click();
+    EXPECT_EQ(Tones(),
+              "0.0000 speaker 1000 Hz 20 ms\n0.5000 speaker 500 Hz 20 ms\n0.7000 speaker 440 Hz 450 ms\n");
+    EXPECT_FALSE(enabledDuring) << "the two can't have the thread at once";
+    EXPECT_TRUE(Fields.MetronomeButtonEnabled);
+    EXPECT_FALSE(Fields.MetronomeIsOn);
+}
+
+TEST_F(MetronomeTest, PlayingLogsThatItIsOff) {
+    P.SetSong({"1/16 - - -"});
+    P.App.Playback.OnRangeEnd = [this] { P.App.Playback.StopPlayButton_Click(); };
+    P.Time.At(100, [this] {
+        P.App.Log.Enable();
+        P.App.Playback.PlayAllButton_Click();
+    });
+    P.App.Clicks.MetronomeButton_Click();
+    EXPECT_TRUE(
+        P.LogText().starts_with("    PlayMusic() - START\n    Metronome is OFF\n"
+                                "        BeforePlayMusic() - START\n"))
+        << P.LogText();
+}
+
+TEST_F(MetronomeTest, OnAMutedSpeakerAClickOnTheButtonIsHeardInTheMiddleOfATone) {
+    Fields.MutePCSpeaker = true;
+    ClickUntil(510);
+    EXPECT_EQ(P.Time.Now(), 520 * SimulatedTime::CountsPerMs);
+}
+
+TEST_F(MetronomeTest, OverMidiItClicksB5AndB4) {
+    ToneCode code(Fields, P.Disk, "/code");
+    ToneDispatcher tones(Fields, {P.Speaker, P.Outputs, P.Outputs, P.Outputs, P.Outputs}, code, P.App.Wait,
+                         P.Boxes, P.App.Log);
+    Metronome metronome(Fields, tones, code, P.Time, P.App.Wait, P.App.Log);
+    Fields.UseMIDIOut = true;
+    P.Time.At(600, [&] { metronome.MetronomeButton_Click(); });
+    metronome.MetronomeButton_Click();
+    EXPECT_EQ(P.Timeline.Text("midi"),
+              "0.0000 midi on 71\n0.0200 midi off 71 channel -1\n0.5000 midi on 59\n"
+              "0.5200 midi off 59 channel -1\n");
+}
+
+TEST_F(MetronomeTest, ATempoOfZeroIsAnErrorAndLeavesItOff) {
+    Fields.BPM = 0;
+    EXPECT_FALSE(
+        P.App.Handlers.Run("MetronomeButton_Click", [this] { P.App.Clicks.MetronomeButton_Click(); }));
+    EXPECT_FALSE(Fields.MetronomeIsOn);
+    EXPECT_FALSE(Fields.BeepTextLabelVisible);
+    EXPECT_EQ(P.Boxes.Shown().back().Text, "Run-time error '11':\n\nDivision by zero");
+    EXPECT_EQ(P.App.Log.LogIndent(), 0);
+}
+
+TEST_F(MetronomeTest, ATempoTooFastToWaitForStillLetsTheUserIn) {
+    Fields.BPM = 100'000;
+    ClickUntil(1000);
+    EXPECT_LE(P.Time.Now(), 1020 * SimulatedTime::CountsPerMs);
+}
+
+TEST_F(MetronomeTest, ClosingTheProgramEndsIt) {
+    struct : ProcessEnd {
+        void EndProcess() override { Ended = true; }
+        bool Ended = false;
+    } end;
+    Shutdown closing(Fields, P.App.Log, end);
+    P.Time.At(700, [&] { closing.CloseProgram(); });
+    P.App.Clicks.MetronomeButton_Click();
+    EXPECT_TRUE(end.Ended);
+    EXPECT_EQ(P.Time.Now(), 700 * SimulatedTime::CountsPerMs);
+    EXPECT_EQ(Tones(), "0.0000 speaker 1000 Hz 20 ms\n0.5000 speaker 500 Hz 20 ms\n");
+}
+
+}  // namespace
+}  // namespace quavix

@@ -1,0 +1,110 @@
+// SPDX-License-Identifier: MIT
+// Mods that are on at the same time, and what sounds when.
+#include <gtest/gtest.h>
+
+#include "support/simulated_program.h"
+
+namespace quavix {
+namespace {
+
+class ModsTogetherTest : public testing::Test {
+  protected:
+    ModsTogetherTest() {
+        Fields.BPM = 120;
+        Fields.NoteSilenceRatioSlider = 50;
+        App.Glide.Fields.PitchMultipleSlider = 5000;
+    }
+
+    void PlayAllOnce() {
+        App.Playback.OnRangeEnd = [this] { App.Playback.StopPlayButton_Click(); };
+        App.Playback.PlayAllButton_Click();
+    }
+    void Mute(bool mute) {
+        Fields.MuteTweebleCheck = mute;
+        App.Tones.MuteTweebleCheck_Click();
+    }
+
+    test::SimulatedProgram P;
+    Program& App = P.App;
+    MainFields& Fields = P.App.Fields;
+};
+
+TEST_F(ModsTogetherTest, ASongGlidesFromLineToLine) {
+    P.SetSong({"1/8 A4 - -", "1/8 A5 - -"});
+    Fields.UsePortaCheck = true;
+    App.Glide.Fields.SoundLengthSlider = 100;
+    PlayAllOnce();
+    EXPECT_EQ(P.Timeline.Text("speaker"),
+              "0.0150 speaker 440 Hz 30 ms\n0.0450 speaker 440 Hz 30 ms\n0.0750 speaker 440 Hz 30 ms\n"
+              "0.1050 speaker 440 Hz 30 ms\n"
+              "0.2700 speaker 440 Hz 30 ms\n0.3000 speaker 660 Hz 30 ms\n0.3300 speaker 770 Hz 30 ms\n"
+              "0.3600 speaker 825 Hz 30 ms\n");
+}
+
+TEST_F(ModsTogetherTest, MutedNotesDoNotMoveAGlideThatSoundsOn) {
+    P.SetSong({"1/16 A5 - -"});
+    Fields.UsePortaCheck = true;
+    App.Glide.Fields.optSoundStops = false;
+    App.Glide.Fields.optSoundAlways = true;
+    std::string note = "A4";
+    App.Tones.UniBeep(note, 50);
+    P.Time.RunUntil(15);
+    Mute(true);
+    P.Timeline.Clear();
+    PlayAllOnce();
+    EXPECT_EQ(P.Timeline.Text("speaker"),
+              "0.0450 speaker 440 Hz 30 ms\n0.0750 speaker 440 Hz 30 ms\n0.1050 speaker 440 Hz 30 ms\n"
+              "0.1350 speaker 440 Hz 30 ms\n0.1650 speaker 440 Hz 30 ms\n0.1950 speaker 440 Hz 30 ms\n");
+    EXPECT_EQ(P.Time.Now(), 225 * SimulatedTime::CountsPerMs);
+}
+
+TEST_F(ModsTogetherTest, BurstsDelayTheMusicWhichStaysOnItsTimetable) {
+    P.SetSong({"Quarter A4 - -"});
+    Fields.BPM = 40;  // lines of 1.5 s, of which 0.75 sound
+    P.Time.At(100, [this] { Fields.UseCircuitBentCheck = true; });
+    P.Time.At(1600, [this] { Fields.UseCircuitBentCheck = false; });
+    P.Time.At(5000, [this] { App.Playback.StopPlayButton_Click(); });
+    App.Playback.PlayAllButton_Click();
+    EXPECT_EQ(P.Timeline.Text("speaker 440 Hz 7") + P.Timeline.Text("speaker 440 Hz 3"),
+              "0.0000 speaker 440 Hz 750 ms\n3.0000 speaker 440 Hz 750 ms\n4.5000 speaker 440 Hz 750 ms\n"
+              "1.8900 speaker 440 Hz 360 ms\n");
+    const std::string all = P.Timeline.Text("speaker");
+    EXPECT_EQ(std::count(all.begin(), all.end(), '\n'), 4 + 5 * 15) << "bursts from 0.765 to 1.89";
+}
+
+TEST_F(ModsTogetherTest, UnderMuteBurstsRunInTheMiddleOfANote) {
+    P.SetSong({"Half A4 - -"});
+    Mute(true);
+    Fields.UseWriteCode = true;
+    P.Time.At(100, [this] { Fields.UseCircuitBentCheck = true; });
+    P.Time.At(300, [this] { Fields.UseCircuitBentCheck = false; });
+    PlayAllOnce();
+    const std::string code = P.Disk.Content("/program/tonecode.txt");
+    EXPECT_EQ(std::count(code.begin(), code.end(), '\''), 1 + 13) << "the note, and those from 115 to 300 ms";
+    EXPECT_EQ(P.Time.Now(), 1010 * SimulatedTime::CountsPerMs) << "the line has its length all the same";
+}
+
+TEST_F(ModsTogetherTest, TheBeatOfAGlidingSpeakerLeavesTheNoteItsPitch) {
+    P.SetSong({"1/8 A4 - -"});
+    Fields.UsePortaCheck = true;
+    Fields.UseBeatCheck = true;
+    App.Glide.Fields.SoundLengthSlider = 100;
+    PlayAllOnce();
+    EXPECT_EQ(P.Timeline.Text("speaker"),
+              "0.0150 speaker 250 Hz 30 ms\n0.0450 speaker 345 Hz 30 ms\n0.0750 speaker 392 Hz 30 ms\n"
+              "0.1050 speaker 416 Hz 30 ms\n");
+}
+
+TEST_F(ModsTogetherTest, TheMetronomeGoesOnUnderBursts) {
+    P.Time.At(100, [this] { Fields.UseCircuitBentCheck = true; });
+    P.Time.At(300, [this] { Fields.UseCircuitBentCheck = false; });
+    P.Time.At(1100, [this] { App.Clicks.MetronomeButton_Click(); });
+    App.Clicks.MetronomeButton_Click();
+    EXPECT_EQ(P.Timeline.Text("speaker 1000 Hz 20"), "0.0000 speaker 1000 Hz 20 ms\n");
+    EXPECT_EQ(P.Timeline.Text("speaker 500 Hz 20"),
+              "0.5650 speaker 500 Hz 20 ms\n1.0050 speaker 500 Hz 20 ms\n")
+        << "one late beat delays no other";
+}
+
+}  // namespace
+}  // namespace quavix

@@ -1,0 +1,184 @@
+// SPDX-License-Identifier: MIT
+#include "playback/pitch_glide.h"
+
+#include <gtest/gtest.h>
+
+#include "support/simulated_program.h"
+
+namespace quavix {
+namespace {
+
+class PitchGlideTest : public testing::Test {
+  protected:
+    PitchGlideTest() {
+        P.App.Fields.UsePortaCheck = true;
+        Glide.PitchMultipleSlider = 5000;
+    }
+
+    /// A note as the dispatcher makes it, `ms` after the start.
+    void NoteAt(double ms, std::int32_t frequency) {
+        P.Time.RunUntil(ms);
+        P.App.Glide.SetWantedPitch(frequency);
+        P.App.Glide.StartSound();
+    }
+    /// The chunks of tone in between, "start:frequency " each, and checks that each lasts 30 ms.
+    std::string Chunks() {
+        std::string chunks;
+        std::istringstream lines(P.Timeline.Text("speaker"));
+        for (std::string line; std::getline(lines, line);) {
+            EXPECT_TRUE(line.ends_with(" Hz 30 ms")) << line;
+            chunks += fmt::format("{}:{} ", std::lround(std::stod(line) * 1000),
+                                  std::stoi(line.substr(line.find("speaker ") + 8)));
+        }
+        P.Timeline.Clear();
+        return chunks;
+    }
+    void SoundAlways() {
+        Glide.optSoundStops = false;
+        Glide.optSoundAlways = true;
+    }
+
+    test::SimulatedProgram P;
+    PortamentoFields& Glide = P.App.Glide.Fields;
+};
+
+TEST_F(PitchGlideTest, EachChunkCoversAShareOfTheDistanceAndFollowsWithoutAGap) {
+    SoundAlways();
+    NoteAt(0, 440);
+    NoteAt(20, 880);  // in the middle of the first chunk
+    P.Time.RunUntil(150);
+    EXPECT_EQ(Chunks(), "15:440 45:440 75:660 105:770 135:825 165:852 ")
+        << "852.5 is rounded to the even number";
+}
+
+TEST_F(PitchGlideTest, TheFirstNoteIsThereAtOnceInsteadOfRisingFromZero) {
+    NoteAt(100, 880);
+    P.Time.RunUntil(160);
+    EXPECT_EQ(Chunks(), "115:880 145:880 175:880 ");
+}
+
+TEST_F(PitchGlideTest, EachGlideStartsWhereTheLastOneStopped) {
+    Glide.SoundLengthSlider = 40;
+    NoteAt(0, 400);
+    NoteAt(1000, 800);
+    NoteAt(2000, 100);
+    P.Time.RunUntil(3000);
+    EXPECT_EQ(Chunks(), "15:400 45:400 1015:400 1045:600 2015:700 2045:400 ");
+}
+
+TEST_F(PitchGlideTest, ADistanceOfExactlyFiveHertzFreezesThePitch) {
+    SoundAlways();
+    NoteAt(0, 440);
+    NoteAt(20, 445);
+    P.Time.RunUntil(150);
+    EXPECT_EQ(Chunks(), "15:440 45:440 75:440 105:440 135:440 165:440 ");
+    NoteAt(170, 450);
+    P.Time.RunUntil(250);
+    EXPECT_EQ(Chunks(), "195:440 225:445 255:445 ") << "five short again";
+}
+
+TEST_F(PitchGlideTest, FiveHertzAboveTheTargetItGoesOn) {
+    SoundAlways();
+    Glide.PitchMultipleSlider = 10000;
+    NoteAt(0, 445);
+    NoteAt(20, 440);
+    P.Time.RunUntil(100);
+    EXPECT_EQ(Chunks(), "15:445 45:445 75:440 105:440 ");
+}
+
+TEST_F(PitchGlideTest, TheSoundStopsTheSlidersTimeAfterTheLastNote) {
+    Glide.SoundLengthSlider = 100;
+    NoteAt(0, 440);
+    P.Time.RunUntil(1000);
+    EXPECT_EQ(Chunks(), "15:440 45:440 75:440 105:440 ");
+    NoteAt(1000, 440);
+    NoteAt(1080, 440);  // restarts the countdown, to 1180
+    P.Time.RunUntil(2000);
+    EXPECT_EQ(Chunks(), "1015:440 1045:440 1075:440 1105:440 1135:440 1165:440 1195:440 ");
+}
+
+TEST_F(PitchGlideTest, MovingTheSliderCountsTheNewTimeFromThere) {
+    Glide.SoundLengthSlider = 100;
+    NoteAt(0, 440);
+    P.Time.RunUntil(60);
+    Glide.SoundLengthSlider = 40;
+    P.Time.RunUntil(1000);
+    EXPECT_EQ(Chunks(), "15:440 45:440 75:440 105:440 135:440 ")
+        << "the slider moved at the end of a chunk, at 75";
+    Glide.SoundLengthSlider = 30;
+    P.Time.RunUntil(2000);
+    EXPECT_EQ(Chunks(), "") << "moved in silence, it starts nothing";
+}
+
+TEST_F(PitchGlideTest, AlwaysSoundingItGoesOnUntilTheOptionIsChanged) {
+    SoundAlways();
+    NoteAt(0, 440);
+    P.Time.RunUntil(5000);
+    EXPECT_TRUE(Chunks().ends_with("4965:440 4995:440 "));
+    Glide.optSoundAlways = false;
+    Glide.optSoundStops = true;
+    P.Time.RunUntil(6000);
+    EXPECT_EQ(Chunks(), "");
+}
+
+TEST_F(PitchGlideTest, ChosenWhileANoteIsRunningOutItSoundsOn) {
+    Glide.SoundLengthSlider = 100;
+    NoteAt(0, 440);
+    P.Time.RunUntil(50);
+    SoundAlways();
+    P.Time.RunUntil(500);
+    EXPECT_TRUE(Chunks().ends_with("435:440 465:440 495:440 "));
+}
+
+TEST_F(PitchGlideTest, AlwaysSoundingIsSilentBeforeTheFirstNote) {
+    SoundAlways();
+    P.Time.RunUntil(1000);
+    EXPECT_EQ(Chunks(), "");
+}
+
+TEST_F(PitchGlideTest, UntickedItIsSilentAndTickedAgainSoundsAsTheOptionSays) {
+    SoundAlways();
+    NoteAt(0, 440);
+    P.Time.RunUntil(100);
+    P.App.Fields.UsePortaCheck = false;
+    EXPECT_FALSE(P.App.Fields.UsePortamento);
+    Chunks();
+    P.Time.RunUntil(1000);
+    EXPECT_EQ(Chunks(), "");
+    P.App.Fields.UsePortaCheck = true;
+    P.Time.RunUntil(1050);
+    EXPECT_EQ(Chunks(), "1015:440 1045:440 ");
+    P.App.Fields.UsePortaCheck = false;
+    Glide.optSoundAlways = false;
+    Glide.optSoundStops = true;
+    P.App.Fields.UsePortaCheck = true;
+    P.Time.RunUntil(2000);
+    EXPECT_EQ(Chunks(), "");
+}
+
+TEST_F(PitchGlideTest, TheSlidersShowTheirValues) {
+    test::SimulatedProgram fresh;
+    const PortamentoFields& fields = fresh.App.Glide.Fields;
+    EXPECT_EQ(fields.lblPitchMultiple.Get(), "25%");
+    EXPECT_EQ(fields.lblSoundLength.Get(), "250");
+    EXPECT_TRUE(fields.optSoundStops);
+    Glide.PitchMultipleSlider = 1234;
+    Glide.SoundLengthSlider = 3000;
+    EXPECT_EQ(Glide.lblPitchMultiple.Get(), "12.34%");
+    EXPECT_EQ(Glide.lblSoundLength.Get(), "3000");
+}
+
+TEST_F(PitchGlideTest, NotesGoToItOnlyWhileItIsTicked) {
+    P.App.Log.Enable();
+    std::string note = "A4";
+    P.App.Tones.UniBeep(note, 100);
+    P.Time.RunUntil(30);
+    EXPECT_EQ(Chunks(), "15:440 45:440 ");
+    P.App.Fields.UsePortaCheck = false;
+    P.App.Tones.UniBeep(note, 100);
+    EXPECT_EQ(P.Timeline.Text("speaker"), "0.0750 speaker 440 Hz 100 ms\n");
+    EXPECT_NE(P.LogText().find("UsePortaCheck clicked - UsePortamento -> FALSE\n"), std::string::npos);
+}
+
+}  // namespace
+}  // namespace quavix
