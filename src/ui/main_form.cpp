@@ -19,6 +19,7 @@
 #include "ui/keyboard_panel.h"
 #include "ui/list_panel.h"
 #include "ui/main_menu.h"
+#include "ui/mod_window.h"
 #include "ui/mods_panel.h"
 #include "ui/note_entry_panel.h"
 #include "ui/notes_to_play_panel.h"
@@ -43,14 +44,23 @@ void KeepColumnWide(QScrollArea* area, const QWidget* column) {
     area->setFixedWidth(column->minimumSizeHint().width() + area->verticalScrollBar()->sizeHint().width());
 }
 
+/// Above the list, each a step further from the check boxes, which must stay free.
+void PlaceModWindow(ModWindow& form, QWidget& owner) {
+    constexpr int Step = 24;
+    const auto steps = static_cast<int>(owner.findChildren<ModWindow*>().size());
+    const auto* list = owner.findChild<QWidget*>("MainList");
+    const QPoint corner = list->mapToGlobal(QPoint(list->width() - form.sizeHint().width(), -Step));
+    form.move(corner + QPoint(-Step, Step) * steps);
+}
+
 /// The window of a mod is made when it is first wanted.
 template <typename Form>
 void MakeWhenTicked(const Watched<bool>& check, const WindowParts& parts, QWidget* owner) {
     check.Watch([&parts, guard = QPointer<QWidget>(owner), isMade = false](bool) mutable {
         if (!guard || isMade)
             return;
-        new Form(parts, guard);
         isMade = true;
+        PlaceModWindow(*new Form(parts, guard), *guard);
     });
 }
 

@@ -26,6 +26,13 @@ TEST(BeatForm, IsShownWhileTheBeatIsTickedAndUnticksItWhenClosed) {
     EXPECT_FALSE(p.App.Fields.UseBeat);
 }
 
+TEST(BeatForm, LeavesTheCheckBoxesFree) {
+    test::UiProgram p;
+    p.Find<QCheckBox>("UseBeatCheck").click();
+    const auto& panel = p.Find<QWidget>("ModsPanel");
+    EXPECT_LE(p.Find<BeatForm>("BeatForm").frameGeometry().right(), panel.mapToGlobal(QPoint(0, 0)).x());
+}
+
 TEST(BeatForm, ChoosesTheBeats) {
     test::UiProgram p;
     p.Find<QCheckBox>("UseBeatCheck").click();
