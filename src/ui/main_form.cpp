@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/main_form.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QDropEvent>
 #include <QFile>
@@ -11,6 +12,7 @@
 #include <QScreen>
 #include <QScrollArea>
 #include <QScrollBar>
+#include <QStyle>
 
 #include "shell/program_info.h"
 #include "ui/beat_form.h"
@@ -39,9 +41,25 @@ static void LoadResources() {
 namespace quavix {
 namespace {
 
-/// On a screen too low for all of a column it scrolls, with room for the scroll bar beside the controls.
+/// On a screen too low for all of a column it scrolls, and makes room for the scroll bar beside the controls.
 void KeepColumnWide(QScrollArea* area, const QWidget* column) {
-    area->setFixedWidth(column->minimumSizeHint().width() + area->verticalScrollBar()->sizeHint().width());
+    const QScrollBar* bar = area->verticalScrollBar();
+    const auto keep = [area, column, bar](int, int highest) {
+        area->setFixedWidth(column->minimumSizeHint().width() + (highest > 0 ? bar->sizeHint().width() : 0));
+    };
+    keep(0, bar->maximum());
+    QObject::connect(bar, &QScrollBar::rangeChanged, area, keep);
+}
+
+/// What the keyboard goes to is scrolled to where it can be seen. A mouse points at what it sees already, and
+/// must find it there when its button is let go.
+void ScrollTo(QWidget* control) {
+    if (QGuiApplication::mouseButtons() != Qt::NoButton)
+        return;
+    for (QWidget* around = control->parentWidget(); around != nullptr; around = around->parentWidget()) {
+        if (auto* area = qobject_cast<QScrollArea*>(around))
+            area->ensureWidgetVisible(control);
+    }
 }
 
 /// Above the list, each a step further from the check boxes, which must stay free.
@@ -97,10 +115,25 @@ MainForm::MainForm(const WindowParts& parts, QWidget* parent)
     ShowIn(this, parts_.Document.Modified(), [this](bool) { ShowTitle(); });
     KeepColumnWide(ui_->settingsScroll, ui_->settings);
     KeepColumnWide(ui_->modsScroll, ui_->mods);
-    resize(size().boundedTo(screen()->availableSize()));
+    FitScreen();
+    connect(qApp, &QApplication::focusChanged, this, [this](QWidget*, QWidget* control) {
+        if (control != nullptr && control->window() == this)
+            ScrollTo(control);
+    });
 }
 
 MainForm::~MainForm() = default;
+
+/// As large as it likes to be, where the screen has room for that beside what others put around the window;
+/// on a small one what stands above the piano scrolls.
+void MainForm::FitScreen() {
+    const QMargins margins = ui_->mainLayout->contentsMargins();
+    const QSize wanted(ui_->upper->minimumSizeHint().width() + margins.left() + margins.right(), height());
+    const int title = style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    const int frame = style()->pixelMetric(QStyle::PM_MdiSubWindowFrameWidth);
+    const QSize room = screen()->availableSize() - QSize(2 * frame, title + frame);
+    resize(size().expandedTo(wanted).boundedTo(room));
+}
 
 /// In the order in which the Tab key goes through them.
 void MainForm::AddPanels() {

@@ -37,6 +37,7 @@ class MainForm : public QMainWindow, private SaveLoadView {
     void EnableMainForm(bool enable) override { setEnabled(enable); }
     void BringMainFormToFront() override;
 
+    void FitScreen();
     void AddPanels();
     void AddSaveLoadButton();
     void AddDebugLogNotice();

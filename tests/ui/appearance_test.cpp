@@ -80,13 +80,38 @@ TEST(Appearance, NothingIsCutOffAtTheSmallestSize) {
     }
 }
 
+TEST(Appearance, AtTwiceItsSizeOn1366By768EveryControlIsScrolledToWhereItIsReached) {
+    test::UiProgram p;
+    const QSize room(1366 / 2, 768 / 2 - 32);
+    p.Form.resize(room);
+    QApplication::processEvents();
+    EXPECT_EQ(p.Form.size(), room);
+    const QWidget* first = p.Form.focusWidget();
+    QSet<QString> reached;
+    do {
+        QTest::keyClick(p.Form.focusWidget(), Qt::Key_Tab);
+        QApplication::processEvents();
+        const QWidget* control = p.Form.focusWidget();
+        const std::string name = control->objectName().toStdString();
+        const QRect seen = control->visibleRegion().boundingRect();
+        // The list may be larger than the room for it.
+        EXPECT_TRUE(control->inherits("QAbstractItemView") ? !seen.isEmpty() : seen == control->rect())
+            << name;
+        reached.insert(control->objectName());
+    } while (p.Form.focusWidget() != first && reached.size() < 100);
+    for (const char* name : {"NoteLengthCombo", "AlternateTimeText", "UnselectButton", "SaveLoadButton",
+                             "PlayNote2Check", "PianoKey", "KeyboardOctaveText"})
+        EXPECT_TRUE(reached.contains(name)) << name;
+}
+
 TEST(Appearance, AFullScreenOf1366By768ShowsEverythingWithoutScrolling) {
     test::UiProgram p;
     p.Form.resize(1366, 768 - 64);  // the title of the window and a panel of the desktop
     QApplication::processEvents();
     EXPECT_EQ(p.Form.size(), QSize(1366, 704));
-    for (const char* name : {"settingsScroll", "modsScroll"})
+    for (const char* name : {"settingsScroll", "modsScroll", "upperScroll"})
         EXPECT_EQ(p.Find<QScrollArea>(name).verticalScrollBar()->maximum(), 0) << name;
+    EXPECT_EQ(p.Find<QScrollArea>("upperScroll").horizontalScrollBar()->maximum(), 0);
     EXPECT_GE(p.Find<QWidget>("MainList").height(), 300);
 }
 
