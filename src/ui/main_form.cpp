@@ -128,7 +128,9 @@ MainForm::~MainForm() = default;
 /// on a small one what stands above the piano scrolls.
 void MainForm::FitScreen() {
     const QMargins margins = ui_->mainLayout->contentsMargins();
-    const QSize wanted(ui_->upper->minimumSizeHint().width() + margins.left() + margins.right(), height());
+    const int bars = 2 * style()->pixelMetric(QStyle::PM_ScrollBarExtent);  // of the two columns
+    const QSize wanted(ui_->upper->minimumSizeHint().width() + margins.left() + margins.right() + bars,
+                       height());
     const int title = style()->pixelMetric(QStyle::PM_TitleBarHeight);
     const int frame = style()->pixelMetric(QStyle::PM_MdiSubWindowFrameWidth);
     const QSize room = screen()->availableSize() - QSize(2 * frame, title + frame);

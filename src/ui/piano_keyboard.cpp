@@ -31,7 +31,7 @@ PianoKeyboard::PianoKeyboard(QWidget* parent) : QWidget(parent) {
 
 QSize PianoKeyboard::sizeHint() const {
     const int keyWidth = 3 * fontMetrics().horizontalAdvance('C');
-    return {PianoPlan::WhiteKeys * keyWidth, 9 * fontMetrics().height()};
+    return {PianoPlan::WhiteKeys * keyWidth, 7 * fontMetrics().height()};
 }
 
 QSize PianoKeyboard::minimumSizeHint() const {
