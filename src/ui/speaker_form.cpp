@@ -37,7 +37,7 @@ void SpeakerForm::Refresh() {
     ui_->RemedyText->setVisible(hasRemedy);
     ui_->RemedyCopyButton->setVisible(hasRemedy);
     if (!hasRemedy)
-        adjustSize();
+        resize(width(), layout()->totalHeightForWidth(width()));
 }
 
 void SpeakerForm::SpeakerTestButton_Click() {
