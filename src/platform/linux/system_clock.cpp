@@ -27,9 +27,11 @@ std::uint32_t SystemClock::TickCount() {
 }
 
 TimeOfDay SystemClock::LocalTime() {
-    const std::time_t now = std::time(nullptr);
+    // Exact, unlike std::time(), which may lag by milliseconds.
+    timespec now{};
+    clock_gettime(CLOCK_REALTIME, &now);
     std::tm local{};
-    localtime_r(&now, &local);
+    localtime_r(&now.tv_sec, &local);
     return {local.tm_hour, local.tm_min, local.tm_sec < 60 ? local.tm_sec : 59};
 }
 

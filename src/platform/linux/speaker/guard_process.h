@@ -13,10 +13,8 @@ struct GuardMessage {
 /// How long past a tone's end the guard lets the program switch it off itself.
 inline constexpr std::int64_t GuardGraceNs = 5'000'000;
 
-/// The guard's whole life, right after fork() with every signal blocked: gives up everything it has of the
-/// program but the device and its end of the channel, sends one byte to say it is ready, then switches the
-/// device off whenever a tone is past its end, and once more when the program is gone. The process may have
-/// been forked from one with threads, so this makes system calls and nothing else.
-[[noreturn]] void RunGuardProcess(int device, int channel);
+/// The speaker guard's work in its own process: switches the device off whenever a tone is past its end, and
+/// once more when the program is gone. Makes system calls and nothing else.
+void GuardSpeaker(int device, int channel);
 
 }  // namespace quavix

@@ -3,9 +3,8 @@
 
 #include <cstdint>
 #include <string>
-#include <sys/types.h>
 
-#include "platform/linux/speaker/unique_fd.h"
+#include "platform/linux/forked_guard.h"
 
 namespace quavix {
 
@@ -14,10 +13,10 @@ namespace quavix {
 class SpeakerGuard {
   public:
     /// `device` must stay open as long as this object is there. Starts nothing yet.
-    explicit SpeakerGuard(int device);
+    explicit SpeakerGuard(int device) : device_(device) {}
 
     /// Ends the guard and waits for its end; the device must be off by then.
-    ~SpeakerGuard();
+    ~SpeakerGuard() = default;
 
     SpeakerGuard(const SpeakerGuard&) = delete;
     SpeakerGuard& operator=(const SpeakerGuard&) = delete;
@@ -37,12 +36,9 @@ class SpeakerGuard {
 
   private:
     bool Send(std::int64_t deadlineNs);
-    bool Ready() const;
-    void End();
 
     int device_;
-    pid_t process_ = -1;
-    UniqueFd channel_;
+    ForkedGuard guard_;
     std::string problem_;
 };
 
