@@ -14,6 +14,7 @@
 #include "simulation/simulated_clipboard.h"
 #include "simulation/simulated_dialogs.h"
 #include "simulation/simulated_files.h"
+#include "simulation/simulated_serial_port.h"
 #include "simulation/simulated_speaker.h"
 #include "simulation/simulated_time.h"
 #include "simulation/timeline.h"
@@ -70,6 +71,7 @@ struct FuzzedProgram {
     SimulatedFiles Disk;
     SimulatedSpeaker Speaker{Time, Timeline};
     SeededRandomNumbers Random{0};
+    SimulatedSerialPort Comm{Time, Timeline};
     RecordedOutputs Outputs{Time, Timeline};
     RecordedLoadingView Loading{Time, Timeline};
     Program App{{
@@ -82,11 +84,10 @@ struct FuzzedProgram {
         .TextClipboard = Clipboard,
         .Disk = Disk,
         .PcSpeaker = Speaker,
-        .Motor = Outputs,
+        .Comm = Comm,
         .Generator = Outputs,
         .Midi = Outputs,
         .Singer = Outputs,
-        .Synchro = Outputs,
         .Loading = Loading,
         .LogFile = "log",
         .ToneCodeFile = "tonecode",

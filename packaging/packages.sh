@@ -3,8 +3,8 @@
 # Debian packages the project needs; sourced by run.sh and test.sh.
 # shellcheck disable=SC2034 # the lists are for those who source this
 
-build_packages="cmake ninja-build g++ pkg-config qt6-base-dev librtaudio-dev librtmidi-dev libjack-jackd2-dev
-    libfmt-dev"
+build_packages="cmake ninja-build g++ pkg-config qt6-base-dev qt6-serialport-dev librtaudio-dev librtmidi-dev
+    libjack-jackd2-dev libfmt-dev"
 run_packages="fonts-dejavu-core qt6-wayland"
 test_packages="libgtest-dev libgmock-dev libbenchmark-dev clang clang-format clang-tidy libclang-rt-14-dev
     jackd2 xvfb xauth libxcb-damage0-dev at-spi2-core dbus-daemon git"

@@ -8,13 +8,8 @@ namespace quavix {
 
 /// Stands where an output or a playback part is not available. Its switch can't be set then, so that no tone
 /// ever comes here; only what playback calls in every case does, and has nothing to do.
-class AbsentOutputs : public MotorOutput,
-                      public ToneGenerator,
-                      public MidiNotes,
-                      public Voice,
-                      public SynchronizedStart {
+class AbsentOutputs : public ToneGenerator, public MidiNotes, public Voice {
   public:
-    void PlayNote(const std::string&, double) override {}
     void FMODBeep(double, double, bool, bool) override {}
     void FMODBeepStop() override {}
     std::int32_t NoteToMIDI(std::int32_t, std::int32_t) override { return 0; }
@@ -22,10 +17,6 @@ class AbsentOutputs : public MotorOutput,
     void MIDINoteOff(std::int32_t, std::int32_t) override {}
     void ChangeVoiceVol(double) override {}
     void ChangeBaseFreq(double) override {}
-    bool CurrentlyWaiting() const override { return false; }
-    void WaitButtonClick() override {}
-    bool ShouldBeNotWaiting() const override { return true; }
-    void ReenableWaitButton() override {}
 };
 
 }  // namespace quavix

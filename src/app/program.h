@@ -15,10 +15,12 @@
 #include "playback/beat.h"
 #include "playback/circuit_bent.h"
 #include "playback/metronome.h"
+#include "playback/motor_mod_module.h"
 #include "playback/piano_keys.h"
 #include "playback/pitch_glide.h"
 #include "playback/playback_engine.h"
 #include "playback/position_display.h"
+#include "playback/synchro_play.h"
 #include "playback/tone_code.h"
 #include "playback/tone_dispatcher.h"
 #include "ports/clipboard.h"
@@ -29,6 +31,7 @@
 #include "ports/message_boxes.h"
 #include "ports/playback_parts.h"
 #include "ports/random_numbers.h"
+#include "ports/serial_port.h"
 #include "ports/speaker.h"
 #include "ports/timers.h"
 #include "ports/tone_outputs.h"
@@ -54,11 +57,10 @@ struct ProgramPorts {
     Clipboard& TextClipboard;
     Files& Disk;
     Speaker& PcSpeaker;
-    MotorOutput& Motor;
+    SerialPort& Comm;
     ToneGenerator& Generator;
     MidiNotes& Midi;
     Voice& Singer;
-    SynchronizedStart& Synchro;
     LoadingView& Loading;
     /// Where the debug log and the tone code go while they are switched on.
     std::string LogFile;
@@ -79,17 +81,21 @@ class Program {
           Position(Fields, List, ports.Boxes, Log),
           Code(Fields, ports.Disk, ports.ToneCodeFile),
           Glide(Fields, ports.PcSpeaker, ports.Ticks, Handlers, Log),
-          Tones(Fields, {ports.PcSpeaker, ports.Motor, ports.Generator, ports.Midi, Glide}, Code, Wait,
-                ports.Boxes, Log),
+          Motor({Fields, ports.Comm, Wait, ports.Boxes, Handlers, Log}),
+          Tones(Fields, {ports.PcSpeaker, Motor, ports.Generator, ports.Midi, Glide}, Code, Wait, ports.Boxes,
+                Log),
           Kick(Fields, Position, Tones, ports.Boxes, Handlers, Log),
           Clicks(Fields, Tones, Code, ports.Time, Wait, Log),
           Bending(Fields, Tones, ports.Random, MIDIToNoteString, ports.Ticks, Handlers, Log),
+          Synchro({Fields, ports.Time, ports.Ticks, Wait, ports.Boxes, Handlers,
+                   [this] { return Tones.IsSounding(); }, [this] { Playback.PlayAllButton_Click(); },
+                   [this] { Playback.PlayFromLineButton_Click(); }, [] { return 0; }}),
           Entry(Fields, List, History, Log),
           Keys(Fields, Entry, Tones, Position, Log),
           Editing(Fields, List, Entry, Mods, History, [this] { Position.ShowSelectedLine(); }),
           Lines(Fields, List, ports.TextClipboard, History, [this] { ShowPositionOfEdit(); }),
-          Playback({Fields, List, Mods, Position, Tones, Code, ports.Generator, ports.Singer, Kick,
-                    ports.Synchro, ports.Time, Wait, ports.Boxes, Log}),
+          Playback({Fields, List, Mods, Position, Tones, Code, ports.Generator, ports.Singer, Kick, Synchro,
+                    ports.Time, Wait, ports.Boxes, Log}),
           Reader(Fields, List, ports.Disk, ports.Boxes, ports.Picker, ports.Loading, Log),
           Writer(Fields, List, ports.Disk, ports.Boxes, ports.Picker, Log),
           Changes(Fields, List),
@@ -115,10 +121,12 @@ class Program {
     PositionDisplay Position;
     ToneCode Code;
     PitchGlide Glide;
+    MotorModModule Motor;
     ToneDispatcher Tones;
     Beat Kick;
     Metronome Clicks;
     CircuitBent Bending;
+    SynchroPlay Synchro;
     NoteEntry Entry;
     PianoKeys Keys;
     ListEditing Editing;

@@ -23,6 +23,7 @@
 #include "platform/qt/qt_event_pump.h"
 #include "platform/qt/qt_file_picker.h"
 #include "platform/qt/qt_message_boxes.h"
+#include "platform/qt/qt_serial_port.h"
 #include "platform/qt/qt_timers.h"
 #include "shell/file_exists.h"
 #include "shell/program_info.h"
@@ -62,6 +63,7 @@ int main(int argc, char** argv) {
     QtClipboard clipboard;
     QtTimers timers;
     SystemRandomNumbers random;
+    QtSerialPort serialPort(SerialPortFromEnvironment());
     AbsentOutputs absent;
     SaveLoadForm saveLoad(clock);
 
@@ -75,11 +77,10 @@ int main(int argc, char** argv) {
         .TextClipboard = clipboard,
         .Disk = files,
         .PcSpeaker = *speaker,
-        .Motor = absent,
+        .Comm = serialPort,
         .Generator = absent,
         .Midi = absent,
         .Singer = absent,
-        .Synchro = absent,
         .Loading = saveLoad,
         .LogFile = FileInFolder(folder, "debuglog.txt"),
         .ToneCodeFile = FileInFolder(folder, "tonecode.txt"),
@@ -88,13 +89,15 @@ int main(int argc, char** argv) {
                        app.Handlers, app.Log, [&] { return app.Tones.IsSounding(); },
                        StateFolderFromEnvironment()});
     Shutdown shutdown(app.Fields, app.Log, processEnd);
+    shutdown.OnShutDown([&] { app.Motor.Stop(); });
     shutdown.OnShutDown([&] { recovery.End(); });
     closeProgram = [&] { shutdown.CloseProgram(); };
     application.WhenReadable(signals.Descriptor(), closeProgram);
 
     StartUp startUp({app.Fields, clock, files, boxes, processes, *speaker, app.Log,
                      [&](const std::string& song) { app.Document.LoadFile(song); },
-                     [&](bool songIsLoaded) { recovery.OfferLeftovers(songIsLoaded); }},
+                     [&](bool songIsLoaded) { recovery.OfferLeftovers(songIsLoaded); },
+                     [&] { app.Motor.CheckForPort(); }},
                     {folder, WinFolderFromEnvironment(), CommandText(application.Arguments())});
     app.Handlers.Run("MainForm_Load", [&] { startUp.BeforeMainForm(); });
     const auto close = [&] {

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "app/absent_outputs.h"
+#include "app/absent_serial_port.h"
 #include "app/program.h"
 #include "dsp/wav_writer.h"
 #include "music/lengths.h"
@@ -113,6 +114,7 @@ void SongRenderer::Render(const RenderOptions& options, std::ostream& out) {
     NoFilePicker picker;
     NoClipboard clipboard;
     SeededRandomNumbers random(0);
+    AbsentSerialPort serialPort;
     AbsentOutputs absent;
     RenderLoadingView loading(progress_);
     Program program({
@@ -125,11 +127,10 @@ void SongRenderer::Render(const RenderOptions& options, std::ostream& out) {
         .TextClipboard = clipboard,
         .Disk = files_,
         .PcSpeaker = speaker,
-        .Motor = absent,
+        .Comm = serialPort,
         .Generator = absent,
         .Midi = absent,
         .Singer = absent,
-        .Synchro = absent,
         .Loading = loading,
         .LogFile = options.LogFile,
         .ToneCodeFile = options.ToneCodeFile,

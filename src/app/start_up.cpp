@@ -56,6 +56,7 @@ void StartUp::SwitchToneCode() {
 
 void StartUp::AfterMainForm() {
     LoadCommandLineSong();
+    p_.CheckForPort();
     // The first process of the system, not this one, which keeps the priority that it was started with.
     constexpr std::int32_t FirstProcess = 1;
     constexpr std::int32_t NormalClass = 32;

@@ -37,6 +37,8 @@ struct StartUpParts {
     std::function<void(const std::string& fileName)> LoadSong;
     /// Offers the songs that an earlier process left unsaved, or only tells of them where a song is loaded.
     std::function<void(bool songIsLoaded)> OfferUnsavedSongs;
+    /// Looks for a serial port.
+    std::function<void()> CheckForPort;
 };
 
 /// What happens in the program before the user can work: notices, switches and the song named on the command

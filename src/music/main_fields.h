@@ -16,6 +16,7 @@ namespace colour {
 inline constexpr std::int32_t Orange = 33023;
 inline constexpr std::int32_t DarkGreen = 32768;
 inline constexpr std::int32_t Red = 255;
+inline constexpr std::int32_t Yellow = 65535;
 /// The system's window background.
 inline constexpr std::int32_t WindowBackground = -1;
 }  // namespace colour
@@ -47,8 +48,8 @@ struct MainFields {
     bool UseWriteCode = false;
     Watched<bool> MusicIsPlaying;
     bool ShuttingDown = false;
-    /// Octaves between the played notes and the motor's range, 0 to 6.
-    std::int32_t MotorOct = 3;
+    /// Octaves between the played notes and the motor's range.
+    Watched<std::int32_t> MotorOct{parameter::MotorOct.Default};
 
     /// Performance-counter counts per second, in the counter's own scale.
     Currency TickFreq;

@@ -38,6 +38,8 @@ inline constexpr Parameter NoteSilenceRatio{90, 0, 100};
 inline constexpr Parameter PitchMultiple{2500, 100, 10000};
 /// How long a glide sounds after the last note, in ms.
 inline constexpr Parameter SoundLength{250, 30, 3000};
+/// Octaves by which the motor plays lower than written; the nearest value of the range is taken.
+inline constexpr Parameter MotorOct{3, 0, 6};
 /// Choice in the note-length list; others are ignored. Starts at an eighth.
 inline constexpr Parameter NoteLength{3, 0, 4};
 

@@ -21,12 +21,14 @@ struct MessageBox {
 /// Shows messages and asks questions.
 ///
 /// Thread: the user-interface thread. Show() returns when the user has answered; other handlers of the
-/// program may run meanwhile. Closing the box without a choice answers Cancel (OkCancel, YesNoCancel), No
+/// program may run meanwhile. Tell() shows a message with nothing but an Ok button and does not wait for it,
+/// for what must not hold up the music; where there is no such message, it is Show(). Closing the box without a choice answers Cancel (OkCancel, YesNoCancel), No
 /// (YesNo) or Ok (Ok).
 class MessageBoxes {
   public:
     virtual ~MessageBoxes() = default;
     virtual BoxAnswer Show(const MessageBox& box) = 0;
+    virtual void Tell(const MessageBox& box) { Show(box); }
 };
 
 }  // namespace quavix

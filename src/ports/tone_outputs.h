@@ -16,6 +16,8 @@ class MotorOutput {
     /// Runs the motor at the speed of `noteName` ("C1" to "F3", or "-") and returns when `durationMs` have
     /// passed; handlers run meanwhile. A name that is no motor note sends the speed 0.
     virtual void PlayNote(const std::string& noteName, double durationMs) = 0;
+    /// Sends one command, where the motor is in use; returns at once.
+    virtual void SendString(const std::string& text) = 0;
 };
 
 /// The tone generator on the sound card.

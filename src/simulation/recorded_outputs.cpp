@@ -13,11 +13,6 @@ void RecordedOutputs::Wait(double ms) {
     Waiting(time_, time_).MsgWaitObj(ToInt32(ms));
 }
 
-void RecordedOutputs::PlayNote(const std::string& noteName, double durationMs) {
-    Record(fmt::format("motor {} {} ms", noteName, NumberText(durationMs)));
-    Wait(durationMs);
-}
-
 void RecordedOutputs::FMODBeep(double frequency, double durationMs, bool noStop, bool noWait) {
     Record(fmt::format("generator {} Hz {} ms{}{}", NumberText(frequency), NumberText(durationMs),
                        noStop ? " no stop" : "", noWait ? " no wait" : ""));
@@ -61,16 +56,6 @@ void RecordedOutputs::LineStarts() {
     Record("line");
     if (OnLine)
         OnLine();
-}
-
-void RecordedOutputs::WaitButtonClick() {
-    Record("synchro wait button");
-    IsWaiting = false;
-}
-
-void RecordedOutputs::ReenableWaitButton() {
-    Record("synchro wait button enabled");
-    NotWaiting = true;
 }
 
 }  // namespace quavix

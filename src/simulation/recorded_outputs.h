@@ -13,17 +13,14 @@ namespace quavix {
 
 /// Stands behind every output and playback part at once: writes each call to the timeline, and lets time pass
 /// where the real one waits, running what comes in meanwhile.
-class RecordedOutputs : public MotorOutput,
-                        public ToneGenerator,
+class RecordedOutputs : public ToneGenerator,
                         public MidiNotes,
                         public Portamento,
                         public Voice,
-                        public BeatHook,
-                        public SynchronizedStart {
+                        public BeatHook {
   public:
     RecordedOutputs(SimulatedTime& time, Timeline& timeline) : time_(time), timeline_(timeline) {}
 
-    void PlayNote(const std::string& noteName, double durationMs) override;
     void FMODBeep(double frequency, double durationMs, bool noStop, bool noWait) override;
     void FMODBeepStop() override;
     std::int32_t NoteToMIDI(std::int32_t noteNum, std::int32_t octaveNum) override;
@@ -34,15 +31,9 @@ class RecordedOutputs : public MotorOutput,
     void ChangeVoiceVol(double volume) override;
     void ChangeBaseFreq(double frequency) override;
     void LineStarts() override;
-    bool CurrentlyWaiting() const override { return IsWaiting; }
-    void WaitButtonClick() override;
-    bool ShouldBeNotWaiting() const override { return NotWaiting; }
-    void ReenableWaitButton() override;
 
     /// Runs at every line's beat hook.
     std::function<void()> OnLine;
-    bool IsWaiting = false;
-    bool NotWaiting = true;
 
   private:
     void Record(const std::string& event) { timeline_.Record(time_.Now(), event); }

@@ -26,7 +26,8 @@ struct Started : test::SimulatedProgram {
     void Start(const std::string& commandLine) {
         StartUp startUp({App.Fields, Time, Disk, Boxes, System, Speaker, App.Log,
                          [this](const std::string& song) { Loaded += song; },
-                         [this](bool songIsLoaded) { Offered = songIsLoaded ? "told" : "offered"; }},
+                         [this](bool songIsLoaded) { Offered = songIsLoaded ? "told" : "offered"; },
+                         [this] { App.Motor.CheckForPort(); }},
                         {"/program", "/windows", commandLine});
         startUp.BeforeMainForm();
         startUp.AfterMainForm();
@@ -64,7 +65,8 @@ TEST(StartUp, LogsItsStepsInOrder) {
                   "UseWriteCode is FALSE\n"
                   "QueryPerformanceFrequency returned 1000 (TickFreq set to this)\n"
                   "Command string given - Command = \"\"/music/my song.QVX\"\"\n"
-                  "FileExists(\"/music/my song.QVX\") = FALSE\n");
+                  "FileExists(\"/music/my song.QVX\") = FALSE\n"
+                  "A com port exists\n");
     EXPECT_EQ(p.System.Opened, "1 1 ");
 }
 

@@ -472,14 +472,6 @@ TEST_F(PlaybackTest, TheBeatHookRunsBeforeEachLinesTonesAndTakesItsTimeFromThem)
     EXPECT_EQ(P.Timeline.Text(), "0.0000 line\n0.0450 speaker 262 Hz 80 ms\n0.2600 generator stop\n");
 }
 
-TEST_F(PlaybackTest, AfterwardsAWaitingSynchronizedStartIsReleased) {
-    P.SetSong({"1/8 - - -"});
-    P.Outputs.IsWaiting = true;
-    P.Outputs.NotWaiting = false;
-    PlayAll();
-    EXPECT_EQ(P.Timeline.Text("synchro"), "0.2550 synchro wait button enabled\n0.2550 synchro wait button\n");
-}
-
 TEST_F(PlaybackTest, WritesTheToneCodeOfTonesAndWaits) {
     P.SetSong({"1/16 C4 - -"});
     Fields.UseWriteCode = true;

@@ -73,17 +73,20 @@ TEST_F(UniBeepTest, ALastCharacterThatIsNoDigitIsOctaveZero) {
 }
 
 TEST_F(UniBeepTest, TheMotorComesBeforeEveryOtherOutput) {
-    Fields.UseMotor = Fields.UseFMOD = Fields.MutePCSpeaker = Fields.UsePortamento = true;
+    Fields.UseMotorCheck = true;
+    Fields.UseFMOD = Fields.MutePCSpeaker = Fields.UsePortamento = true;
     Beep("C4", 200);
-    EXPECT_EQ(P.Timeline.Text(), "0.0000 motor C1 200 ms\n");
+    EXPECT_EQ(P.Timeline.Text(),
+              "0.0000 serial open ttyUSB0\n0.0000 serial #0P1350\\r\n0.2150 serial #0P1470\\r\n");
 }
 
 TEST_F(UniBeepTest, TheMotorGetsTheNoteMovedByItsOctave) {
-    Fields.UseMotor = true;
+    Fields.UseMotorCheck = true;
+    Fields.NoteSilenceRatioSlider = 100;
     Fields.MotorOct = 1;
     Beep("F4", 10);
     Beep("F#4", 10);
-    EXPECT_EQ(P.Timeline.Text(), "0.0000 motor F3 10 ms\n0.0100 motor F#2 10 ms\n");
+    EXPECT_EQ(P.Timeline.Text("serial #"), "0.0000 serial #0P1000\\r\n0.0250 serial #0P1191\\r\n");
 }
 
 TEST_F(UniBeepTest, TheSoundCardComesBeforeTheMutedSpeakerAndNoOtherWaitIsMade) {

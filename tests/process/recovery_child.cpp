@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "app/absent_outputs.h"
+#include "app/absent_serial_port.h"
 #include "app/program.h"
 #include "platform/console/console_boxes.h"
 #include "platform/linux/posix_files.h"
@@ -32,6 +33,7 @@ int main(int argumentCount, char** arguments) {
     PosixFiles files;
     SimulatedSpeaker speaker(time, timeline);
     SeededRandomNumbers random(0);
+    AbsentSerialPort serialPort;
     AbsentOutputs absent;
     RecordedLoadingView loading(time, timeline);
     Program app({
@@ -44,11 +46,10 @@ int main(int argumentCount, char** arguments) {
         .TextClipboard = clipboard,
         .Disk = files,
         .PcSpeaker = speaker,
-        .Motor = absent,
+        .Comm = serialPort,
         .Generator = absent,
         .Midi = absent,
         .Singer = absent,
-        .Synchro = absent,
         .Loading = loading,
         .LogFile = folder + "/log",
         .ToneCodeFile = folder + "/code",

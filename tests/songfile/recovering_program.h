@@ -11,6 +11,7 @@
 #include "simulation/simulated_clipboard.h"
 #include "simulation/simulated_dialogs.h"
 #include "simulation/simulated_files.h"
+#include "simulation/simulated_serial_port.h"
 #include "simulation/simulated_speaker.h"
 #include "songfile/recovery.h"
 #include "songfile/song_files.h"
@@ -32,6 +33,7 @@ class RecoveringProgram {
           picker_(machine.Time, timeline_),
           clipboard_(machine.Time, timeline_),
           speaker_(machine.Time, timeline_),
+          serialPort_(machine.Time, timeline_),
           outputs_(machine.Time, timeline_),
           loading_(machine.Time, timeline_),
           program_({
@@ -44,11 +46,10 @@ class RecoveringProgram {
               .TextClipboard = clipboard_,
               .Disk = machine.Disk,
               .PcSpeaker = speaker_,
-              .Motor = outputs_,
+              .Comm = serialPort_,
               .Generator = outputs_,
               .Midi = outputs_,
               .Singer = outputs_,
-              .Synchro = outputs_,
               .Loading = loading_,
               .LogFile = "/program/debuglog.txt",
               .ToneCodeFile = "/program/tonecode.txt",
@@ -83,6 +84,7 @@ class RecoveringProgram {
     SimulatedClipboard clipboard_;
     SimulatedSpeaker speaker_;
     SeededRandomNumbers random_{0};
+    SimulatedSerialPort serialPort_;
     RecordedOutputs outputs_;
     RecordedLoadingView loading_;
     Program program_;

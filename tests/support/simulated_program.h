@@ -11,6 +11,7 @@
 #include "simulation/simulated_clipboard.h"
 #include "simulation/simulated_dialogs.h"
 #include "simulation/simulated_files.h"
+#include "simulation/simulated_serial_port.h"
 #include "simulation/simulated_speaker.h"
 #include "simulation/simulated_time.h"
 #include "simulation/timeline.h"
@@ -41,6 +42,7 @@ struct SimulatedProgram {
     SimulatedFiles Disk;
     SimulatedSpeaker Speaker{Time, Timeline};
     SeededRandomNumbers Random{0};
+    SimulatedSerialPort Comm{Time, Timeline};
     RecordedOutputs Outputs{Time, Timeline};
     RecordedLoadingView Loading{Time, Timeline};
     Program App{{
@@ -53,11 +55,10 @@ struct SimulatedProgram {
         .TextClipboard = Clipboard,
         .Disk = Disk,
         .PcSpeaker = Speaker,
-        .Motor = Outputs,
+        .Comm = Comm,
         .Generator = Outputs,
         .Midi = Outputs,
         .Singer = Outputs,
-        .Synchro = Outputs,
         .Loading = Loading,
         .LogFile = "/program/debuglog.txt",
         .ToneCodeFile = "/program/tonecode.txt",

@@ -102,10 +102,7 @@ QString Presentable(const std::string& text) {
     return lines.join('\n');
 }
 
-}  // namespace
-
-BoxAnswer QtMessageBoxes::Show(const MessageBox& box) {
-    QMessageBox dialog(QApplication::activeWindow());
+void Fill(QMessageBox& dialog, const MessageBox& box) {
     dialog.setWindowTitle(Presentable(box.Title));
     dialog.setTextFormat(Qt::PlainText);
     dialog.setText(Presentable(box.Text));
@@ -114,7 +111,22 @@ BoxAnswer QtMessageBoxes::Show(const MessageBox& box) {
     dialog.setStandardButtons(choice.Buttons);
     dialog.setDefaultButton(choice.Default);
     dialog.setEscapeButton(choice.Escape);
+}
+
+}  // namespace
+
+BoxAnswer QtMessageBoxes::Show(const MessageBox& box) {
+    QMessageBox dialog(QApplication::activeWindow());
+    Fill(dialog, box);
     return Answer(dialog.exec());
+}
+
+void QtMessageBoxes::Tell(const MessageBox& box) {
+    auto* dialog = new QMessageBox(QApplication::activeWindow());
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    Fill(*dialog, box);
+    dialog->setModal(false);
+    dialog->show();
 }
 
 }  // namespace quavix

@@ -9,6 +9,7 @@ namespace quavix {
 class QtMessageBoxes : public MessageBoxes {
   public:
     BoxAnswer Show(const MessageBox& box) override;
+    void Tell(const MessageBox& box) override;
 };
 
 }  // namespace quavix

@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: MIT
+#include "platform/qt/qt_serial_port.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <utility>
+
+#include <QFile>
+#include <QSerialPort>
+#include <QSerialPortInfo>
+
+namespace quavix {
+
+QtSerialPort::QtSerialPort(std::string wanted) : wanted_(std::move(wanted)) {}
+
+QtSerialPort::~QtSerialPort() {
+    Close();
+}
+
+/// A port may be given up by its own signal.
+void QtSerialPort::DeleteLater::operator()(QSerialPort* port) const {
+    port->disconnect();
+    port->close();
+    port->deleteLater();
+}
+
+std::vector<std::string> QtSerialPort::Names() {
+    if (!wanted_.empty())
+        return {wanted_};
+    QList<QSerialPortInfo> ports = QSerialPortInfo::availablePorts();
+    // Controllers hang on adapters; what is built in often has no socket at all.
+    std::stable_partition(ports.begin(), ports.end(),
+                          [](const QSerialPortInfo& port) { return port.hasVendorIdentifier(); });
+    std::vector<std::string> names;
+    for (const QSerialPortInfo& port : ports)
+        names.push_back(QFile::encodeName(port.portName()).toStdString());
+    return names;
+}
+
+std::string QtSerialPort::Open(const std::string& name, const std::string& lastWords) {
+    Close();
+    std::unique_ptr<QSerialPort, DeleteLater> port(new QSerialPort);
+    port->setPortName(QFile::decodeName(name.c_str()));
+    port->setBaudRate(QSerialPort::Baud115200);
+    port->setDataBits(QSerialPort::Data8);
+    port->setParity(QSerialPort::NoParity);
+    port->setStopBits(QSerialPort::OneStop);
+    port->setFlowControl(QSerialPort::NoFlowControl);
+    // Reading is how a port that has gone is noticed before the next command.
+    if (!port->open(QIODevice::ReadWrite))
+        return port->errorString().toStdString();
+    if (!lastWords.empty() && !lastWords_.Leave(port->handle(), lastWords))
+        return "nothing could look after it (" + lastWords_.Problem() + ")";
+    QObject::connect(port.get(), &QSerialPort::readyRead, port.get(),
+                     [port = port.get()] { port->readAll(); });
+    QObject::connect(port.get(), &QSerialPort::errorOccurred, port.get(),
+                     [this, port = port.get()](QSerialPort::SerialPortError error) {
+                         if (error != QSerialPort::NoError && error != QSerialPort::TimeoutError)
+                             Lost(port->errorString().toStdString());
+                     });
+    port_ = std::move(port);
+    return {};
+}
+
+void QtSerialPort::Close() {
+    if (!port_)
+        return;
+    constexpr int PatienceMs = 200;
+    const auto port = std::exchange(port_, nullptr);
+    port->disconnect();
+    port->flush();
+    if (port->bytesToWrite() > 0)
+        port->waitForBytesWritten(PatienceMs);
+    lastWords_.Withdraw();
+}
+
+void QtSerialPort::Write(const std::string& bytes) {
+    if (!port_)
+        return;
+    port_->write(bytes.data(), static_cast<qint64>(bytes.size()));
+    // At once, not when the event loop is next idle; a port that turns out to be gone is none any more.
+    if (port_)
+        port_->flush();
+}
+
+void QtSerialPort::Lost(const std::string& reason) {
+    if (!port_)
+        return;
+    port_ = nullptr;
+    lastWords_.Withdraw();
+    if (whenLost_)
+        whenLost_(reason);
+}
+
+std::string SerialPortFromEnvironment() {
+    const char* name = std::getenv("QUAVIX_SERIAL_PORT");
+    return name == nullptr ? std::string() : name;
+}
+
+}  // namespace quavix

@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/linux/last_words.h"
+#include "ports/serial_port.h"
+
+class QSerialPort;
+
+namespace quavix {
+
+/// The serial ports of this machine. Needs the application object.
+class QtSerialPort : public SerialPort {
+  public:
+    /// `wanted` is a device that the user has asked for by hand ("/dev/rfcomm0"); it is the only one then.
+    explicit QtSerialPort(std::string wanted = {});
+    ~QtSerialPort() override;
+
+    std::vector<std::string> Names() override;
+    std::string Open(const std::string& name, const std::string& lastWords) override;
+    void Close() override;
+    void Write(const std::string& bytes) override;
+    void WhenLost(std::function<void(const std::string&)> handler) override {
+        whenLost_ = std::move(handler);
+    }
+
+  private:
+    struct DeleteLater {
+        void operator()(QSerialPort* port) const;
+    };
+
+    void Lost(const std::string& reason);
+
+    std::string wanted_;
+    std::unique_ptr<QSerialPort, DeleteLater> port_;
+    LastWords lastWords_;
+    std::function<void(const std::string&)> whenLost_;
+};
+
+/// The port asked for with QUAVIX_SERIAL_PORT; empty where none is.
+std::string SerialPortFromEnvironment();
+
+}  // namespace quavix

@@ -1,0 +1,195 @@
+// SPDX-License-Identifier: MIT
+#include "playback/synchro_play.h"
+
+#include <utility>
+
+#include <fmt/format.h>
+
+namespace quavix {
+namespace {
+
+constexpr std::int32_t SliceMs = 2;
+
+/// Grows with the time of day; the hours weigh more than they must.
+std::int32_t TimeKey(const TimeOfDay& time) {
+    constexpr std::int32_t HourFactor = 86400;
+    constexpr std::int32_t MinuteFactor = 60;
+    return time.Hour * HourFactor + time.Minute * MinuteFactor + time.Second;
+}
+
+TimeOfDay NextFullMinute(const TimeOfDay& now) {
+    constexpr int MinutesPerHour = 60;
+    constexpr int HoursPerDay = 24;
+    const int minutes = now.Hour * MinutesPerHour + now.Minute + 1;
+    return {minutes / MinutesPerHour % HoursPerDay, minutes % MinutesPerHour, 0};
+}
+
+}  // namespace
+
+SynchroPlay::SynchroPlay(SynchroParts parts) : p_(std::move(parts)) {
+    p_.Fields.UseSynchroCheck.Watch([this](bool ticked) {
+        p_.Handlers.Run("UseSynchroCheck_Click", [&] { UseSynchroCheck_Click(ticked); });
+    });
+    p_.Fields.MusicIsPlaying.Watch([this](bool) { EnableWaitButton(); });
+    chkStartInDelayEnabled = p_.Fields.UseFMODCheckEnabled.Get();
+    p_.Fields.UseFMODCheckEnabled.Watch([this](bool enabled) { chkStartInDelayEnabled = enabled; });
+    SuggestTime();
+}
+
+void SynchroPlay::UseSynchroCheck_Click(bool ticked) {
+    p_.Ticks.Stop(std::exchange(currentUpdateTimer_, 0));
+    if (ticked) {
+        const auto wanted = WantedTime();
+        if (!currentlyWaiting_ && (!wanted || TimeKey(*wanted) <= TimeKey(p_.Time.LocalTime())))
+            SuggestTime();
+        ShowCurrentTime();
+        constexpr std::int32_t UpdateMs = 100;
+        currentUpdateTimer_ = p_.Ticks.Start(
+            UpdateMs, [this] { p_.Handlers.Run("CurrentUpdateTimer_Timer", [this] { ShowCurrentTime(); }); });
+    } else if (currentlyWaiting_ && shouldBeNotWaiting_) {
+        StopWaiting();  // the window is gone that could stop it; music that plays already goes on
+    }
+}
+
+void SynchroPlay::SuggestTime() {
+    const TimeOfDay start = NextFullMinute(p_.Time.LocalTime());
+    txtHour.Text = std::to_string(start.Hour);
+    txtMinute.Text = std::to_string(start.Minute);
+    txtSecond.Text = std::to_string(start.Second);
+}
+
+void SynchroPlay::ShowCurrentTime() {
+    const TimeOfDay now = p_.Time.LocalTime();
+    lblCurrentTime = fmt::format("{}:{:02}:{:02}", now.Hour, now.Minute, now.Second);
+}
+
+void SynchroPlay::btnWait_Click() {
+    if (!btnWaitEnabled)
+        return;
+    if (currentlyWaiting_)
+        StopWaiting();
+    else
+        StartWaiting();
+}
+
+void SynchroPlay::StartWaiting() {
+    if (!WantedTime()) {
+        p_.Boxes.Show({
+            .Title = "Synchronized Play Settings",
+            .Text = "The time to start playing at is no time of day.\nPlease give it in whole numbers:\n"
+                    "Hour: 0 to 23\nMinute: 0 to 59\nSecond: 0 to 59\n(Not waiting)",
+            .Icon = BoxIcon::Warning,
+        });
+        return;
+    }
+    lblWaiting = "Currently waiting";
+    lblWaitingBackColor = colour::Red;
+    currentlyWaiting_ = true;
+    ++waitNumber_;
+    btnWaitCaption = "Stop waiting";
+    TimeBoxesEnabled = false;
+    if (!p_.IsSounding()) {
+        WaitAndPlay();
+        return;
+    }
+    // This click came in the middle of a tone, whose end would have to wait until after the music: a motor or
+    // a MIDI note would go on and on.
+    startTimer_ = p_.Ticks.Start(SliceMs, [this] {
+        if (p_.IsSounding() || p_.Fields.MusicIsPlaying)
+            return;
+        p_.Ticks.Stop(std::exchange(startTimer_, 0));
+        p_.Handlers.Run("btnWait_Click", [this] { WaitAndPlay(); });
+    });
+}
+
+void SynchroPlay::StopWaiting() {
+    p_.Ticks.Stop(std::exchange(startTimer_, 0));
+    currentlyWaiting_ = false;
+    shouldBeNotWaiting_ = true;
+    ++waitNumber_;
+    lblWaiting = "Currently NOT waiting";
+    lblWaitingBackColor = colour::Red;
+    btnWaitCaption = "Start waiting";
+    TimeBoxesEnabled = true;
+    EnableWaitButton();
+}
+
+void SynchroPlay::WaitAndPlay() {
+    const auto wanted = WantedTime();
+    if (wanted && WaitForTime(TimeKey(*wanted)))
+        Play();
+}
+
+bool SynchroPlay::WaitForTime(std::int32_t key) {
+    const std::int64_t waitNumber = waitNumber_;
+    Currency seconds = ReadSeconds();
+    while (TimeKey(p_.Time.LocalTime()) < key) {
+        if (!WaitSlice(waitNumber))
+            return false;
+        seconds = ReadSeconds();
+    }
+    if (!chkStartInDelay)
+        return true;
+    // This much earlier, for what the start of playback takes.
+    constexpr double StartUpSeconds = 0.015;
+    constexpr double MsPerSecond = 1000;
+    const Currency start =
+        seconds + Currency::FromDouble(p_.GetFMODBufferLength() / MsPerSecond - StartUpSeconds);
+    while (ReadSeconds() < start) {
+        if (!WaitSlice(waitNumber))
+            return false;
+    }
+    return true;
+}
+
+bool SynchroPlay::WaitSlice(std::int64_t waitNumber) {
+    p_.Wait.MsgWaitObj(SliceMs);
+    return waitNumber == waitNumber_ && !p_.Fields.ShuttingDown;
+}
+
+void SynchroPlay::Play() {
+    // Playback hands the button back at its end, and then clicks it, as it still stands at "Stop waiting".
+    shouldBeNotWaiting_ = false;
+    EnableWaitButton();
+    lblWaiting = "Playing";
+    lblWaitingBackColor = colour::Yellow;
+    const auto end = [this, waitNumber = waitNumber_] {
+        if (waitNumber == waitNumber_)
+            StopWaiting();
+    };
+    try {
+        if (optStart)
+            p_.PlayAllButton_Click();
+        else
+            p_.PlayFromLineButton_Click();
+    } catch (const std::exception&) {
+        end();
+        throw;
+    }
+    end();
+}
+
+void SynchroPlay::ReenableWaitButton() {
+    shouldBeNotWaiting_ = true;
+    EnableWaitButton();
+}
+
+/// Waiting started in the middle of music would hold it up.
+void SynchroPlay::EnableWaitButton() {
+    btnWaitEnabled = shouldBeNotWaiting_ && (currentlyWaiting_ || !p_.Fields.MusicIsPlaying);
+}
+
+std::optional<TimeOfDay> SynchroPlay::WantedTime() const {
+    const auto hour = txtHour.Number();
+    const auto minute = txtMinute.Number();
+    const auto second = txtSecond.Number();
+    if (!hour || !minute || !second)
+        return std::nullopt;
+    return TimeOfDay{*hour, *minute, *second};
+}
+
+Currency SynchroPlay::ReadSeconds() {
+    return Currency::FromDouble(Currency::FromUnits(p_.Time.PerformanceCounter()) / p_.Fields.TickFreq);
+}
+
+}  // namespace quavix

@@ -1,0 +1,94 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "music/main_fields.h"
+#include "playback/time_box.h"
+#include "ports/clock.h"
+#include "ports/message_boxes.h"
+#include "ports/playback_parts.h"
+#include "ports/timers.h"
+#include "shell/currency.h"
+#include "shell/event_boundary.h"
+#include "shell/waiting.h"
+
+namespace quavix {
+
+/// What the synchronized start works with.
+struct SynchroParts {
+    MainFields& Fields;
+    Clock& Time;
+    Timers& Ticks;
+    Waiting& Wait;
+    MessageBoxes& Boxes;
+    EventBoundary& Handlers;
+    /// A tone is sounding at this moment.
+    std::function<bool()> IsSounding;
+    std::function<void()> PlayAllButton_Click;
+    std::function<void()> PlayFromLineButton_Click;
+    /// How late the sound library's tones come, in ms; 0 where there is no library.
+    std::function<std::int32_t()> GetFMODBufferLength;
+};
+
+/// Starts playback at a time of day, so that several copies of the program start together. Times of day are
+/// compared within one day only: a time that has passed today starts at once.
+class SynchroPlay : public SynchronizedStart {
+  public:
+    explicit SynchroPlay(SynchroParts parts);
+    SynchroPlay(const SynchroPlay&) = delete;
+    SynchroPlay& operator=(const SynchroPlay&) = delete;
+
+    // The window's controls.
+    TimeBox txtHour{23};
+    TimeBox txtMinute{59};
+    TimeBox txtSecond{59};
+    Watched<bool> TimeBoxesEnabled{true};
+    Watched<std::string> lblCurrentTime{"12:00:00"};
+    Watched<bool> optStart{true};
+    Watched<bool> optCurrent{false};
+    Watched<bool> chkStartInDelay{false};
+    Watched<bool> chkStartInDelayEnabled;
+    Watched<std::string> btnWaitCaption{"Start waiting"};
+    Watched<bool> btnWaitEnabled{true};
+    Watched<std::string> lblWaiting{"Currently NOT waiting"};
+    Watched<std::int32_t> lblWaitingBackColor{colour::Red};
+
+    /// Starts waiting, and returns after the playback that ends it; or stops waiting. What is no time of day
+    /// shows a message and changes nothing. While music plays, or for as long as playback that this has
+    /// started goes on, it does nothing.
+    void btnWait_Click();
+
+    bool CurrentlyWaiting() const override { return currentlyWaiting_; }
+    void WaitButtonClick() override { btnWait_Click(); }
+    bool ShouldBeNotWaiting() const override { return shouldBeNotWaiting_; }
+    void ReenableWaitButton() override;
+
+  private:
+    void UseSynchroCheck_Click(bool ticked);
+    void SuggestTime();
+    void ShowCurrentTime();
+    void StartWaiting();
+    void StopWaiting();
+    void WaitAndPlay();
+    bool WaitForTime(std::int32_t key);
+    void Play();
+    void EnableWaitButton();
+    std::optional<TimeOfDay> WantedTime() const;
+    Currency ReadSeconds();
+    /// Waits one slice; false when the waiting that is numbered so is over.
+    bool WaitSlice(std::int64_t waitNumber);
+
+    SynchroParts p_;
+    bool currentlyWaiting_ = false;
+    bool shouldBeNotWaiting_ = true;
+    /// Each waiting has its number, so that one that was stopped doesn't take the next for its own.
+    std::int64_t waitNumber_ = 0;
+    Timers::Id startTimer_ = 0;
+    Timers::Id currentUpdateTimer_ = 0;
+};
+
+}  // namespace quavix

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <functional>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "ports/serial_port.h"
+#include "simulation/simulated_time.h"
+#include "simulation/timeline.h"
+
+namespace quavix {
+
+/// Serial ports that write what happens to them to the timeline. A carriage return is written as "\r".
+class SimulatedSerialPort : public SerialPort {
+  public:
+    SimulatedSerialPort(SimulatedTime& time, Timeline& timeline) : time_(time), timeline_(timeline) {}
+
+    std::vector<std::string> Names() override { return Present; }
+    std::string Open(const std::string& name, const std::string& lastWords) override;
+    void Close() override;
+    void Write(const std::string& bytes) override;
+    void WhenLost(std::function<void(const std::string&)> handler) override {
+        whenLost_ = std::move(handler);
+    }
+
+    /// The open port is pulled out; noticed at once.
+    void Pull();
+    /// The same, noticed by the next Write().
+    void PullUnnoticed() { isGone_ = true; }
+
+    /// The name of the open port, empty for none, and what it was opened with.
+    const std::string& OpenName() const { return open_; }
+    const std::string& LastWords() const { return lastWords_; }
+
+    std::vector<std::string> Present = {"ttyUSB0"};
+    /// Those that another program has open.
+    std::set<std::string> Busy;
+
+  private:
+    void Record(const std::string& event) { timeline_.Record(time_.Now(), "serial " + event); }
+
+    SimulatedTime& time_;
+    Timeline& timeline_;
+    std::function<void(const std::string&)> whenLost_;
+    std::string open_;
+    std::string lastWords_;
+    bool isGone_ = false;
+};
+
+}  // namespace quavix
