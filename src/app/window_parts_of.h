@@ -25,6 +25,8 @@ inline WindowParts PartsOf(Program& program, Speaker& speaker, MessageBoxes& box
             .Playback = program.Playback,
             .Clicks = program.Clicks,
             .Glide = program.Glide,
+            .Motor = program.Motor,
+            .Synchro = program.Synchro,
             .Document = program.Document,
             .PcSpeaker = speaker,
             .Boxes = boxes,

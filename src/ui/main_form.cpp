@@ -30,6 +30,7 @@
 #include "ui/position_panel.h"
 #include "ui/save_load_form.h"
 #include "ui/speaker_panel.h"
+#include "ui/synchro_form.h"
 #include "ui/timing_panel.h"
 #include "ui_main_form.h"
 
@@ -82,6 +83,17 @@ void MakeWhenTicked(const Watched<bool>& check, const WindowParts& parts, QWidge
     });
 }
 
+/// The window of a mod is made when it is first wanted.
+template <typename Form>
+void MakeWhenTicked(const Watched<bool>& check, const WindowParts& parts, QWidget* owner) {
+    check.Watch([&parts, guard = QPointer<QWidget>(owner), isMade = false](bool) mutable {
+        if (!guard || isMade)
+            return;
+        new Form(parts, guard);
+        isMade = true;
+    });
+}
+
 /// The file that is being dragged, as the file system takes its name; empty where it is no single file.
 std::string DraggedFile(const QDropEvent& event) {
     const QList<QUrl> urls = event.mimeData()->urls();
@@ -111,6 +123,7 @@ MainForm::MainForm(const WindowParts& parts, QWidget* parent)
     ConnectSaveLoadForm();
     MakeWhenTicked<BeatForm>(parts_.Fields.UseBeatCheck, parts_, this);
     MakeWhenTicked<PortamentoForm>(parts_.Fields.UsePortaCheck, parts_, this);
+    MakeWhenTicked<SynchroForm>(parts_.Fields.UseSynchroCheck, parts_, this);
     ShowIn(this, parts_.Document.FileName(), [this](const std::string&) { ShowTitle(); });
     ShowIn(this, parts_.Document.Modified(), [this](bool) { ShowTitle(); });
     KeepColumnWide(ui_->settingsScroll, ui_->settings);

@@ -110,7 +110,7 @@ inline constexpr Mod UsePorta{
 inline constexpr Mod UseMotor{
     &MainFields::UseMotorCheck,
     &MainFields::UseMotorCheckEnabled,
-    false,
+    true,
     "UseMotorCheck",
     "Use motor-speed mod (via SSC-32 and SyRen10)",
     "Just in case you happen to have a spare microcontroller and motor speed controller lying around ;P",
@@ -149,7 +149,7 @@ inline constexpr Mod UseCircuitBent{
 inline constexpr Mod UseSynchro{
     &MainFields::UseSynchroCheck,
     &MainFields::UseSynchroCheckEnabled,
-    false,
+    true,
     "UseSynchroCheck",
     "Synchronized play",
     "Start playing at a certain time, together with other computers",
@@ -165,6 +165,8 @@ inline constexpr const char* MetronomeTip =
     "Turn the metronome on or off, so you can hear the tempo (BPM) of the song";
 inline constexpr const char* MotorOctaveCaption = "Motor Octave";
 inline constexpr const char* MotorOctaveTip = "How many octaves lower than written the motor plays the music";
+inline constexpr const char* MotorPortCaption = "Serial port";
+inline constexpr const char* MotorPortTip = "Where the motor's controller is connected";
 
 /// A line of the tooltip of what can't be used yet.
 inline constexpr const char* NotBuiltYet = "(Not available in this version yet)";

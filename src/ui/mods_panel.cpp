@@ -8,6 +8,7 @@
 #include <QToolButton>
 
 #include "ui/binding.h"
+#include "ui/port_combo.h"
 
 namespace quavix {
 namespace {
@@ -27,8 +28,10 @@ ModsPanel::ModsPanel(const WindowParts& parts, QWidget* parent)
     grid_->setVerticalSpacing(2);
     for (const text::Mod* mod : text::Mods) {
         AddMod(*mod);
-        if (mod == &text::UseMotor)
+        if (mod == &text::UseMotor) {
             AddMotorOctave();
+            AddMotorPort();
+        }
     }
 }
 
@@ -57,30 +60,39 @@ void ModsPanel::AddMod(const text::Mod& mod) {
 }
 
 void ModsPanel::AddMotorOctave() {
-    constexpr int Gap = 8;
-    auto* row = new QHBoxLayout;
-    row->setSpacing(Gap);
-    auto* label = new QLabel(text::MotorOctaveCaption, this);
-    label->setObjectName("lblMotorOct");
-    label->setAccessibleName(text::MotorOctaveCaption);
-    label->setToolTip(text::MotorOctaveTip);
-    row->addWidget(label);
-
-    constexpr int HighestMotorOct = 6;
     auto* slider = new QSlider(Qt::Horizontal, this);
     slider->setObjectName("MotorOctSlider");
-    slider->setAccessibleName(text::MotorOctaveCaption);
-    slider->setToolTip(text::MotorOctaveTip);
-    slider->setRange(0, HighestMotorOct);
     slider->setPageStep(1);
-    slider->setValue(parts_.Fields.MotorOct);
-    connect(slider, &QSlider::valueChanged, this,
-            [fields = &parts_.Fields](int octave) { fields->MotorOct = octave; });
-    DisableUntilBuilt(slider);
-    row->addWidget(slider, 1);
-    label->setBuddy(slider);
-    label->setEnabled(false);
+    BindSlider(slider, parts_.Fields.MotorOct, parameter::MotorOct, "Change", parts_.Handlers);
+    auto* value = new QLabel(this);
+    value->setObjectName("lblMotorOctValue");
+    ShowIn(value, parts_.Fields.MotorOct, [value](std::int32_t octaves) { value->setNum(octaves); });
+    AddMotorSetting("lblMotorOct", text::MotorOctaveCaption, text::MotorOctaveTip, slider)->addWidget(value);
+}
+
+void ModsPanel::AddMotorPort() {
+    auto* combo = new PortCombo(parts_.Motor, parts_.Handlers, this);
+    combo->setObjectName("cmbMotorPort");
+    AddMotorSetting("lblMotorPort", text::MotorPortCaption, text::MotorPortTip, combo);
+}
+
+QHBoxLayout* ModsPanel::AddMotorSetting(const char* labelName, const char* caption, const char* tip,
+                                        QWidget* control) {
+    constexpr int Gap = 8;
+    constexpr int Indent = 20;
+    auto* row = new QHBoxLayout;
+    row->setSpacing(Gap);
+    row->setContentsMargins(Indent, 0, 0, 0);
+    auto* label = new QLabel(caption, this);
+    label->setObjectName(labelName);
+    label->setToolTip(tip);
+    label->setBuddy(control);
+    control->setAccessibleName(caption);
+    control->setToolTip(tip);
+    row->addWidget(label);
+    row->addWidget(control, 1);
     grid_->addLayout(row, grid_->rowCount(), 0, 1, 2);
+    return row;
 }
 
 void ModsPanel::ShowHelp(const text::Mod& mod) {

@@ -11,10 +11,12 @@
 #include "music/music_list.h"
 #include "music/numeric_fields.h"
 #include "playback/metronome.h"
+#include "playback/motor_mod_module.h"
 #include "playback/piano_keys.h"
 #include "playback/pitch_glide.h"
 #include "playback/playback_engine.h"
 #include "playback/position_display.h"
+#include "playback/synchro_play.h"
 #include "playback/tone_dispatcher.h"
 #include "ports/message_boxes.h"
 #include "ports/speaker.h"
@@ -40,6 +42,8 @@ struct WindowParts {
     PlaybackEngine& Playback;
     Metronome& Clicks;
     PitchGlide& Glide;
+    MotorModModule& Motor;
+    SynchroPlay& Synchro;
     SongDocument& Document;
     Speaker& PcSpeaker;
     MessageBoxes& Boxes;

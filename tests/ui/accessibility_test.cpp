@@ -35,10 +35,11 @@ TEST(Accessibility, EveryControlHasANameAndATooltip) {
     ManualForm manual("text");
     p.App.Fields.UseBeatCheck = true;
     p.App.Fields.UsePortaCheck = true;
+    p.App.Fields.UseSynchroCheck = true;
     for (QWidget* window : {static_cast<QWidget*>(&p.Form), static_cast<QWidget*>(&speaker),
                             static_cast<QWidget*>(&p.SaveLoadWindow), static_cast<QWidget*>(&manual),
-                            static_cast<QWidget*>(&p.Find<BeatForm>("BeatForm")),
-                            static_cast<QWidget*>(&p.Find<PortamentoForm>("PortamentoForm"))}) {
+                            &p.Find<QWidget>("BeatForm"), &p.Find<QWidget>("PortamentoForm"),
+                            &p.Find<QWidget>("SynchroForm")}) {
         EXPECT_FALSE(ControlsOf(*window).empty());
         for (const QWidget* control : ControlsOf(*window)) {
             EXPECT_FALSE(control->accessibleName().isEmpty()) << control->objectName().toStdString();
@@ -179,6 +180,8 @@ TEST(Accessibility, TheTabKeyGoesThroughEveryControlInTheOrderOfReading) {
         if (mod->IsBuilt)
             order.push_back(check);
         order.push_back(check.substr(0, check.size() - std::string_view("Check").size()) + "HButton");
+        if (mod == &text::UseMotor)
+            order.insert(order.end(), {"MotorOctSlider", "cmbMotorPort"});
     }
     for (const char* below : {"PianoKey", "KeyboardOctaveText", "SpeakerDetailsButton", "MuteTweebleCheck",
                               "NoUpdateCheck", "NoUpdateHButton"})

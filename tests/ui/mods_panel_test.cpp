@@ -16,9 +16,47 @@ TEST(ModsPanel, GreysOutWhatIsNotThereYetAndSaysSo) {
         EXPECT_EQ(check.text(), mod->Caption);
         EXPECT_EQ(check.toolTip(), QString(mod->ToolTip) + "\n(Not available in this version yet)");
     }
-    EXPECT_FALSE(p.Find<QWidget>("MotorOctSlider").isEnabled());
-    EXPECT_TRUE(p.Find<QWidget>("MotorOctSlider").toolTip().endsWith(text::NotBuiltYet));
+}
+
+TEST(ModsPanel, TheMotorsOctaveAndPortAreChosenBelowItsCheckBox) {
+    test::UiProgram p;
     EXPECT_EQ(p.TextOf("lblMotorOct"), "Motor Octave");
+    EXPECT_EQ(p.TextOf("lblMotorOctValue"), "3");
+    auto& slider = p.Find<QSlider>("MotorOctSlider");
+    EXPECT_EQ(slider.minimum(), 0);
+    EXPECT_EQ(slider.maximum(), 6);
+    slider.setValue(5);
+    EXPECT_EQ(p.App.Fields.MotorOct, 5);
+    EXPECT_EQ(p.TextOf("lblMotorOctValue"), "5");
+
+    p.Comm.Present = {"ttyUSB0", "ttyUSB1"};
+    auto& ports = p.Find<QComboBox>("cmbMotorPort");
+    EXPECT_EQ(ports.count(), 0);
+    ports.showPopup();
+    EXPECT_EQ(ports.count(), 2);
+    EXPECT_EQ(ports.currentText(), "ttyUSB0");
+    ports.hidePopup();
+    QTest::keyClick(&ports, Qt::Key_Down);
+    EXPECT_EQ(p.App.Motor.PortName.Get(), "ttyUSB1");
+    auto& check = p.Find<QCheckBox>("UseMotorCheck");
+    check.click();
+    EXPECT_TRUE(check.isChecked());
+    EXPECT_EQ(p.Timeline.Text("serial"), "0.0000 serial open ttyUSB1\n");
+    p.Comm.Pull();
+    EXPECT_FALSE(check.isChecked());
+    EXPECT_EQ(ports.currentText(), "ttyUSB0");
+}
+
+TEST(ModsPanel, WithoutASerialPortTheMotorIsGreyUntilOneIsFound) {
+    test::UiProgram p;
+    p.Comm.Present = {};
+    p.App.Motor.CheckForPort();
+    EXPECT_FALSE(p.Find<QCheckBox>("UseMotorCheck").isEnabled());
+    auto& ports = p.Find<QComboBox>("cmbMotorPort");
+    EXPECT_TRUE(ports.isEnabled());
+    p.Comm.Present = {"ttyACM0"};
+    ports.showPopup();
+    EXPECT_TRUE(p.Find<QCheckBox>("UseMotorCheck").isEnabled());
 }
 
 TEST(ModsPanel, EveryQuestionMarkExplainsItsMod) {

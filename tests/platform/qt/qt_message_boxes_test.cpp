@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QMessageBox>
+#include <QPointer>
 #include <QTimer>
 #include <QtTest>
 #include <gtest/gtest.h>
@@ -40,6 +41,23 @@ TEST(QtMessageBoxes, ShowsPlainTextWithItsTitleAndIcon) {
     EXPECT_EQ(title, "Title");
     EXPECT_EQ(text, "<b>1</b>\n2\n3");
     EXPECT_EQ(icon, QMessageBox::Warning);
+}
+
+TEST(QtMessageBoxes, WhatIsOnlyToldHoldsNothingUp) {
+    QtMessageBoxes boxes;
+    boxes.Tell({.Title = "Told", .Text = "1\r\n2", .Icon = BoxIcon::Warning});
+    QPointer<QMessageBox> told;
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+        if (widget->windowTitle() == "Told")
+            told = qobject_cast<QMessageBox*>(widget);
+    }
+    ASSERT_TRUE(told);
+    EXPECT_TRUE(told->isVisible());
+    EXPECT_FALSE(told->isModal());
+    EXPECT_EQ(told->text(), "1\n2");
+    PressEnter(*told);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_FALSE(told);
 }
 
 TEST(QtMessageBoxes, TextOfAnyLengthFitsOnTheScreen) {

@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QComboBox>
+
+#include "playback/motor_mod_module.h"
+#include "shell/event_boundary.h"
+
+namespace quavix {
+
+/// The choice of the motor's serial port. The list is made anew each time it is opened, as ports come and go.
+class PortCombo : public QComboBox {
+    Q_OBJECT
+
+  public:
+    PortCombo(MotorModModule& motor, EventBoundary& handlers, QWidget* parent = nullptr);
+
+    void showPopup() override;
+
+  private:
+    void ShowPorts();
+
+    MotorModModule& motor_;
+    EventBoundary& handlers_;
+};
+
+}  // namespace quavix
