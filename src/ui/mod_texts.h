@@ -166,7 +166,7 @@ inline constexpr const char* MetronomeTip =
 inline constexpr const char* MotorOctaveCaption = "Motor Octave";
 inline constexpr const char* MotorOctaveTip = "How many octaves lower than written the motor plays the music";
 inline constexpr const char* MotorPortCaption = "Serial port";
-inline constexpr const char* MotorPortTip = "Where the motor's controller is connected";
+inline constexpr const char* MotorPortTip = "The serial port that the motor's controller is connected to";
 
 /// A line of the tooltip of what can't be used yet.
 inline constexpr const char* NotBuiltYet = "(Not available in this version yet)";

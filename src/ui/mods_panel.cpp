@@ -29,8 +29,7 @@ ModsPanel::ModsPanel(const WindowParts& parts, QWidget* parent)
     for (const text::Mod* mod : text::Mods) {
         AddMod(*mod);
         if (mod == &text::UseMotor) {
-            AddMotorOctave();
-            AddMotorPort();
+            AddMotorSettings();
         }
     }
 }
@@ -59,40 +58,36 @@ void ModsPanel::AddMod(const text::Mod& mod) {
     grid_->addWidget(help, row, 1);
 }
 
-void ModsPanel::AddMotorOctave() {
-    auto* slider = new QSlider(Qt::Horizontal, this);
-    slider->setObjectName("MotorOctSlider");
-    slider->setPageStep(1);
-    BindSlider(slider, parts_.Fields.MotorOct, parameter::MotorOct, "Change", parts_.Handlers);
-    auto* value = new QLabel(this);
-    value->setObjectName("lblMotorOctValue");
-    ShowIn(value, parts_.Fields.MotorOct, [value](std::int32_t octaves) { value->setNum(octaves); });
-    AddMotorSetting("lblMotorOct", text::MotorOctaveCaption, text::MotorOctaveTip, slider)->addWidget(value);
-}
-
-void ModsPanel::AddMotorPort() {
-    auto* combo = new PortCombo(parts_.Motor, parts_.Handlers, this);
-    combo->setObjectName("cmbMotorPort");
-    AddMotorSetting("lblMotorPort", text::MotorPortCaption, text::MotorPortTip, combo);
-}
-
-QHBoxLayout* ModsPanel::AddMotorSetting(const char* labelName, const char* caption, const char* tip,
-                                        QWidget* control) {
+void ModsPanel::AddMotorSettings() {
     constexpr int Gap = 8;
     constexpr int Indent = 20;
     auto* row = new QHBoxLayout;
     row->setSpacing(Gap);
     row->setContentsMargins(Indent, 0, 0, 0);
-    auto* label = new QLabel(caption, this);
-    label->setObjectName(labelName);
-    label->setToolTip(tip);
-    label->setBuddy(control);
-    control->setAccessibleName(caption);
-    control->setToolTip(tip);
+
+    auto* label = new QLabel(text::MotorOctaveCaption, this);
+    label->setObjectName("lblMotorOct");
+    label->setToolTip(text::MotorOctaveTip);
     row->addWidget(label);
-    row->addWidget(control, 1);
+    auto* slider = new QSlider(Qt::Horizontal, this);
+    slider->setObjectName("MotorOctSlider");
+    slider->setAccessibleName(text::MotorOctaveCaption);
+    slider->setToolTip(text::MotorOctaveTip);
+    slider->setPageStep(1);
+    label->setBuddy(slider);
+    BindSlider(slider, parts_.Fields.MotorOct, parameter::MotorOct, "Change", parts_.Handlers);
+    row->addWidget(slider, 1);
+    auto* value = new QLabel(this);
+    value->setObjectName("lblMotorOctValue");
+    ShowIn(value, parts_.Fields.MotorOct, [value](std::int32_t octaves) { value->setNum(octaves); });
+    row->addWidget(value);
+
+    auto* combo = new PortCombo(parts_.Motor, parts_.Handlers, this);
+    combo->setObjectName("cmbMotorPort");
+    combo->setAccessibleName(text::MotorPortCaption);
+    combo->setToolTip(text::MotorPortTip);
+    row->addWidget(combo);
     grid_->addLayout(row, grid_->rowCount(), 0, 1, 2);
-    return row;
 }
 
 void ModsPanel::ShowHelp(const text::Mod& mod) {

@@ -7,7 +7,6 @@
 #include "ui/window_parts.h"
 
 class QGridLayout;
-class QHBoxLayout;
 
 namespace quavix {
 
@@ -21,11 +20,7 @@ class ModsPanel : public QGroupBox {
 
   private:
     void AddMod(const text::Mod& mod);
-    void AddMotorOctave();
-    void AddMotorPort();
-    /// A row below the motor's check box: a label and its control.
-    QHBoxLayout* AddMotorSetting(const char* labelName, const char* caption, const char* tip,
-                                 QWidget* control);
+    void AddMotorSettings();
     void ShowHelp(const text::Mod& mod);
 
     WindowParts parts_;

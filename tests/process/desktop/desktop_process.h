@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <sys/types.h>
+#include <vector>
+
+#include "platform/linux/speaker/unique_fd.h"
+
+namespace quavix {
+
+/// The desktop child in a process of its own, with a pipe for its speaker's device. Killed at the end if it
+/// still runs.
+class DesktopProcess {
+  public:
+    /// `timeZone` is the TZ of its environment, where one is given.
+    explicit DesktopProcess(const std::vector<std::string>& arguments, const std::string& timeZone = {});
+    ~DesktopProcess();
+    DesktopProcess(const DesktopProcess&) = delete;
+    DesktopProcess& operator=(const DesktopProcess&) = delete;
+
+    void Signal(int signal) const;
+
+    /// Waits until it has ended; what waitpid() says.
+    int Wait();
+
+    /// A tone that its speaker was told to make: hertz, 0 for off, and the wall clock's nanoseconds then.
+    struct Tone {
+        std::int32_t Hz = 0;
+        std::int64_t AtNs = 0;
+    };
+
+    /// What it has written to standard output, up to its end.
+    std::string Output() const;
+
+    /// The next tone; none when it has ended, or half a minute has passed without one.
+    std::optional<Tone> NextTone() const;
+
+  private:
+    UniqueFd device_;
+    UniqueFd output_;
+    pid_t process_ = -1;
+};
+
+/// A time of day to start at, some seconds from now, in a time zone where midnight is far away.
+struct StartTime {
+    /// At least 1 and at most 2 more than `secondsFromNow`.
+    explicit StartTime(int secondsFromNow);
+
+    std::vector<std::string> ChildsArguments() const;
+
+    std::string TimeZone;
+    std::int64_t AtNs = 0;
+};
+
+}  // namespace quavix

@@ -1,0 +1,17 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <ctime>
+
+namespace quavix {
+
+/// Nanoseconds of the wall clock since 1970.
+inline std::int64_t WallClockNs() {
+    constexpr std::int64_t NsPerSecond = 1'000'000'000;
+    timespec now{};
+    clock_gettime(CLOCK_REALTIME, &now);
+    return now.tv_sec * NsPerSecond + now.tv_nsec;
+}
+
+}  // namespace quavix
