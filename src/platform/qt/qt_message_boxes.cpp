@@ -103,11 +103,11 @@ QString Presentable(const std::string& text) {
 }
 
 void Fill(QMessageBox& dialog, const MessageBox& box) {
+    const Choice choice = Choices(box.Buttons);
     dialog.setWindowTitle(Presentable(box.Title));
     dialog.setTextFormat(Qt::PlainText);
     dialog.setText(Presentable(box.Text));
     dialog.setIcon(Icon(box.Icon));
-    const Choice choice = Choices(box.Buttons);
     dialog.setStandardButtons(choice.Buttons);
     dialog.setDefaultButton(choice.Default);
     dialog.setEscapeButton(choice.Escape);
@@ -116,12 +116,16 @@ void Fill(QMessageBox& dialog, const MessageBox& box) {
 }  // namespace
 
 BoxAnswer QtMessageBoxes::Show(const MessageBox& box) {
+    if (answerThemselves_)
+        return Answer(Choices(box.Buttons).Escape);
     QMessageBox dialog(QApplication::activeWindow());
     Fill(dialog, box);
     return Answer(dialog.exec());
 }
 
 void QtMessageBoxes::Tell(const MessageBox& box) {
+    if (answerThemselves_)
+        return;
     auto* dialog = new QMessageBox(QApplication::activeWindow());
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     Fill(*dialog, box);

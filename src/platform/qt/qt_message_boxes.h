@@ -10,6 +10,13 @@ class QtMessageBoxes : public MessageBoxes {
   public:
     BoxAnswer Show(const MessageBox& box) override;
     void Tell(const MessageBox& box) override;
+
+    /// For a process that the system ends: from now on nobody is there to answer, and what is to be shown is
+    /// answered at once as if it were closed without a choice.
+    void AnswerThemselves() { answerThemselves_ = true; }
+
+  private:
+    bool answerThemselves_ = false;
 };
 
 }  // namespace quavix

@@ -95,5 +95,14 @@ TEST(QtMessageBoxes, EnterAnswersTheFirstChoice) {
               BoxAnswer::Ok);
 }
 
+TEST(QtMessageBoxes, WhenNobodyIsThereAnyMoreBoxesAnswerThemselves) {
+    QtMessageBoxes boxes;
+    boxes.AnswerThemselves();
+    EXPECT_EQ(boxes.Show({.Title = "Title", .Text = "Text"}), BoxAnswer::Ok);
+    EXPECT_EQ(boxes.Show({.Title = "Title", .Text = "Text", .Buttons = BoxButtons::YesNo}), BoxAnswer::No);
+    EXPECT_EQ(boxes.Show({.Title = "Title", .Text = "Text", .Buttons = BoxButtons::YesNoCancel}),
+              BoxAnswer::Cancel);
+}
+
 }  // namespace
 }  // namespace quavix
