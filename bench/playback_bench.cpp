@@ -8,6 +8,7 @@
 #include <benchmark/benchmark.h>
 
 #include "app/song_renderer.h"
+#include "simulation/recorded_sound_library.h"
 #include "simulation/simulated_dialogs.h"
 #include "simulation/simulated_files.h"
 #include "support/simulated_program.h"
@@ -42,8 +43,9 @@ void Render(benchmark::State& state) {
     SimulatedTime time;
     Timeline timeline;
     SimulatedMessageBoxes boxes(time, timeline);
+    RecordedSoundLibrary library(time, timeline);
     files.Put("song", MelodySong(Lines));
-    SongRenderer renderer(files, boxes, [](double) { return true; });
+    SongRenderer renderer(files, boxes, library, "", [](double) { return true; });
     RenderOptions options;
     options.Song = "song";
     NullStream nothing;

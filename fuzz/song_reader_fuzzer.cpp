@@ -11,6 +11,7 @@
 #include "shell/seeded_random_numbers.h"
 #include "simulation/recorded_loading_view.h"
 #include "simulation/recorded_outputs.h"
+#include "simulation/recorded_sound_library.h"
 #include "simulation/simulated_clipboard.h"
 #include "simulation/simulated_dialogs.h"
 #include "simulation/simulated_files.h"
@@ -73,6 +74,7 @@ struct FuzzedProgram {
     SeededRandomNumbers Random{0};
     SimulatedSerialPort Comm{Time, Timeline};
     RecordedOutputs Outputs{Time, Timeline};
+    RecordedSoundLibrary Library{Time, Timeline};
     RecordedLoadingView Loading{Time, Timeline};
     Program App{{
         .Time = Time,
@@ -85,9 +87,8 @@ struct FuzzedProgram {
         .Disk = Disk,
         .PcSpeaker = Speaker,
         .Comm = Comm,
-        .Generator = Outputs,
+        .Sound = Library,
         .Midi = Outputs,
-        .Singer = Outputs,
         .Loading = Loading,
         .LogFile = "log",
         .ToneCodeFile = "tonecode",

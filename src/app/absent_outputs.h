@@ -8,15 +8,11 @@ namespace quavix {
 
 /// Stands where an output or a playback part is not available. Its switch can't be set then, so that no tone
 /// ever comes here; only what playback calls in every case does, and has nothing to do.
-class AbsentOutputs : public ToneGenerator, public MidiNotes, public Voice {
+class AbsentOutputs : public MidiNotes {
   public:
-    void FMODBeep(double, double, bool, bool) override {}
-    void FMODBeepStop() override {}
     std::int32_t NoteToMIDI(std::int32_t, std::int32_t) override { return 0; }
     void MIDINoteOn(std::int32_t) override {}
     void MIDINoteOff(std::int32_t, std::int32_t) override {}
-    void ChangeVoiceVol(double) override {}
-    void ChangeBaseFreq(double) override {}
 };
 
 }  // namespace quavix

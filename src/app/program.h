@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "fmod/sound_mods.h"
 #include "midi/midi_notes.h"
 #include "music/edit_history.h"
 #include "music/line_clipboard.h"
@@ -32,6 +33,7 @@
 #include "ports/playback_parts.h"
 #include "ports/random_numbers.h"
 #include "ports/serial_port.h"
+#include "ports/sound_library.h"
 #include "ports/speaker.h"
 #include "ports/timers.h"
 #include "ports/tone_outputs.h"
@@ -58,9 +60,8 @@ struct ProgramPorts {
     Files& Disk;
     Speaker& PcSpeaker;
     SerialPort& Comm;
-    ToneGenerator& Generator;
+    SoundLibrary& Sound;
     MidiNotes& Midi;
-    Voice& Singer;
     LoadingView& Loading;
     /// Where the debug log and the tone code go while they are switched on.
     std::string LogFile;
@@ -82,19 +83,22 @@ class Program {
           Code(Fields, ports.Disk, ports.ToneCodeFile),
           Glide(Fields, ports.PcSpeaker, ports.Ticks, Handlers, Log),
           Motor({Fields, ports.Comm, Wait, ports.Boxes, Handlers, Log}),
-          Tones(Fields, {ports.PcSpeaker, Motor, ports.Generator, ports.Midi, Glide}, Code, Wait, ports.Boxes,
+          Fmod({Fields, ports.Sound, ports.Random, ports.Ticks, ports.Disk, ports.Boxes, Wait, Handlers, Log,
+                [this](const std::string& text) { Motor.SendString(text); }}),
+          Tones(Fields, {ports.PcSpeaker, Motor, Fmod.Generator, ports.Midi, Glide}, Code, Wait, ports.Boxes,
                 Log),
           Kick(Fields, Position, Tones, ports.Boxes, Handlers, Log),
           Clicks(Fields, Tones, Code, ports.Time, Wait, Log),
           Bending(Fields, Tones, ports.Random, MIDIToNoteString, ports.Ticks, Handlers, Log),
           Synchro({Fields, ports.Time, ports.Ticks, Wait, ports.Boxes, Handlers,
                    [this] { return Tones.IsSounding(); }, [this] { Playback.PlayAllButton_Click(); },
-                   [this] { Playback.PlayFromLineButton_Click(); }, [] { return 0; }}),
+                   [this] { Playback.PlayFromLineButton_Click(); },
+                   [this] { return Fmod.Engine.GetFMODBufferLength(); }}),
           Entry(Fields, List, History, Log),
           Keys(Fields, Entry, Tones, Position, Log),
           Editing(Fields, List, Entry, Mods, History, [this] { Position.ShowSelectedLine(); }),
           Lines(Fields, List, ports.TextClipboard, History, [this] { ShowPositionOfEdit(); }),
-          Playback({Fields, List, Mods, Position, Tones, Code, ports.Generator, ports.Singer, Kick, Synchro,
+          Playback({Fields, List, Mods, Position, Tones, Code, Fmod.Generator, Fmod.Singer, Kick, Synchro,
                     ports.Time, Wait, ports.Boxes, Log}),
           Reader(Fields, List, ports.Disk, ports.Boxes, ports.Picker, ports.Loading, Log),
           Writer(Fields, List, ports.Disk, ports.Boxes, ports.Picker, Log),
@@ -122,6 +126,7 @@ class Program {
     ToneCode Code;
     PitchGlide Glide;
     MotorModModule Motor;
+    SoundMods Fmod;
     ToneDispatcher Tones;
     Beat Kick;
     Metronome Clicks;

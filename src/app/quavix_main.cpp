@@ -12,6 +12,7 @@
 #include "app/window_parts_of.h"
 #include "platform/linux/immediate_end.h"
 #include "platform/linux/linux_processes.h"
+#include "platform/linux/notnormal_fmodex.h"
 #include "platform/linux/posix_files.h"
 #include "platform/linux/speaker/choose_speaker.h"
 #include "platform/linux/system_clock.h"
@@ -64,6 +65,7 @@ int main(int argc, char** argv) {
     QtTimers timers;
     SystemRandomNumbers random;
     QtSerialPort serialPort(SerialPortFromEnvironment());
+    NOTNORMALfmodex soundLibrary;
     AbsentOutputs absent;
     SaveLoadForm saveLoad(clock);
 
@@ -78,9 +80,8 @@ int main(int argc, char** argv) {
         .Disk = files,
         .PcSpeaker = *speaker,
         .Comm = serialPort,
-        .Generator = absent,
+        .Sound = soundLibrary,
         .Midi = absent,
-        .Singer = absent,
         .Loading = saveLoad,
         .LogFile = FileInFolder(folder, "debuglog.txt"),
         .ToneCodeFile = FileInFolder(folder, "tonecode.txt"),
@@ -89,12 +90,17 @@ int main(int argc, char** argv) {
                        app.Handlers, app.Log, [&] { return app.Tones.IsSounding(); },
                        StateFolderFromEnvironment()});
     Shutdown shutdown(app.Fields, app.Log, processEnd);
+    shutdown.BeforeShutDown([&] { app.Fmod.Singer.VoiceDoShutDownStuff(); });
     shutdown.OnShutDown([&] { app.Motor.Stop(); });
     shutdown.OnShutDown([&] { recovery.End(); });
-    closeProgram = [&] { shutdown.CloseProgram(); };
+    shutdown.OnShutDown([&] { app.Fmod.Engine.Stop(); });
+    closeProgram = [&] {
+        boxes.AnswerThemselves();
+        shutdown.CloseProgram();
+    };
     application.WhenReadable(signals.Descriptor(), closeProgram);
 
-    StartUp startUp({app.Fields, clock, files, boxes, processes, *speaker, app.Log,
+    StartUp startUp({app.Fields, clock, files, boxes, processes, *speaker, app.Fmod, app.Handlers, app.Log,
                      [&](const std::string& song) { app.Document.LoadFile(song); },
                      [&](bool songIsLoaded) { recovery.OfferLeftovers(songIsLoaded); },
                      [&] { app.Motor.CheckForPort(); }},

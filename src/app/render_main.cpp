@@ -10,7 +10,9 @@
 #include "app/render_target.h"
 #include "app/song_renderer.h"
 #include "platform/console/console_boxes.h"
+#include "platform/linux/notnormal_fmodex.h"
 #include "platform/linux/posix_files.h"
+#include "platform/linux/user_folders.h"
 #include "shell/program_info.h"
 #include "simulation/rendered_speaker.h"
 
@@ -65,13 +67,14 @@ void StartAnew(const std::string& file) {
 void Render(const quavix::RenderOptions& options) {
     quavix::PosixFiles files;
     quavix::ConsoleBoxes boxes(options.Yes);
+    quavix::NOTNORMALfmodex sound;
     CheckNames(options);
     StartAnew(options.LogFile);
     StartAnew(options.ToneCodeFile);
     quavix::RenderTarget target(options.Out);
     {
         ProgressLine line;
-        quavix::SongRenderer(files, boxes, [&line](double share) {
+        quavix::SongRenderer(files, boxes, sound, quavix::FolderOfProgram(), [&line](double share) {
             return line.Show(share);
         }).Render(options, target.Stream());
     }

@@ -8,6 +8,8 @@
 
 #include <fmt/format.h>
 
+#include "fmod/fmod_engine.h"
+
 namespace quavix {
 namespace {
 
@@ -22,23 +24,32 @@ std::int32_t WholeNumber(std::string_view option, std::string_view text, std::in
     return value;
 }
 
-void CheckOutput(std::string_view output) {
-    if (output == "speaker")
-        return;
-    if (output == "fmod" || output == "voice")
-        throw std::invalid_argument(fmt::format("the output \"{}\" is not available", output));
-    throw std::invalid_argument(fmt::format("there is no output \"{}\"", output));
+RenderOptions::Output OutputOf(std::string_view name) {
+    if (name == "speaker")
+        return RenderOptions::Output::Speaker;
+    if (name == "fmod")
+        return RenderOptions::Output::Fmod;
+    if (name == "voice")
+        return RenderOptions::Output::Voice;
+    throw std::invalid_argument(fmt::format("there is no output \"{}\"", name));
 }
 
-void CheckWaveform(std::string_view waveform) {
-    if (waveform == "square")
-        return;
-    for (const std::string_view other : {"sine", "triangle", "noise"}) {
-        if (waveform == other)
-            throw std::invalid_argument(
-                fmt::format("the speaker makes square waves only; \"{}\" is not available", waveform));
-    }
-    throw std::invalid_argument(fmt::format("there is no waveform \"{}\"", waveform));
+/// The numbers are those of the options window's buttons.
+std::int32_t WaveformOf(std::string_view name) {
+    if (name == "sine")
+        return fmod_waveform::Sine;
+    if (name == "square")
+        return fmod_waveform::Square;
+    if (name == "triangle")
+        return fmod_waveform::FallingSaw;
+    if (name == "noise")
+        return fmod_waveform::Noise;
+    throw std::invalid_argument(fmt::format("there is no waveform \"{}\"", name));
+}
+
+void CheckWaveform(const RenderOptions& options) {
+    if (options.Sounds != RenderOptions::Output::Fmod && options.Waveform != fmod_waveform::Square)
+        throw std::invalid_argument("only the fmod output has other waveforms than its own");
 }
 
 }  // namespace
@@ -52,8 +63,9 @@ const char* const RenderUsage =
     "standard output.\n"
     "\n"
     "  --passes N         how many times the song is played\n"
-    "  --output NAME      what sounds (default speaker)\n"
-    "  --waveform NAME    the wave of the fmod output\n"
+    "  --output NAME      what sounds (default speaker): the PC speaker, the sound card's tones (fmod), or\n"
+    "                     the voice alone, which sings the 'Note 2' column\n"
+    "  --waveform NAME    the wave of the fmod output (default square)\n"
     "  --tone-code FILE   write the tone code of what is played\n"
     "  --log FILE         write the debug log\n"
     "  --rate HZ          8000 to 192000\n"
@@ -89,9 +101,9 @@ RenderOptions ParseRenderOptions(std::span<const char* const> arguments) {
         else if (argument == "--rate")
             options.Rate = WholeNumber(argument, value(), 8000, 192000);
         else if (argument == "--output")
-            CheckOutput(value());
+            options.Sounds = OutputOf(value());
         else if (argument == "--waveform")
-            CheckWaveform(value());
+            options.Waveform = WaveformOf(value());
         else if (argument == "--log")
             options.LogFile = value();
         else if (argument == "--tone-code")
@@ -101,6 +113,7 @@ RenderOptions ParseRenderOptions(std::span<const char* const> arguments) {
     }
     if (options.What != RenderOptions::Request::Render)
         return options;
+    CheckWaveform(options);
     if (names.size() != 2)
         throw std::invalid_argument("a song and the file to write are needed");
     options.Song = names[0];

@@ -20,6 +20,8 @@ void Shutdown::CloseProgram() {
         return;
     fields_.ShuttingDown = true;
     Try([this] { log_.LogText("[REQUEST TO CLOSE PROGRAM]"); });
+    for (const auto& release : first_)
+        Try(release);
     DoShutDownStuff();
     Try([this] { log_.LogText("KILLING PROCESS (should be last line in log)"); });
     end_.EndProcess();

@@ -15,6 +15,9 @@ class Shutdown {
   public:
     Shutdown(MainFields& fields, DebugLog& log, ProcessEnd& end) : fields_(fields), log_(log), end_(end) {}
 
+    /// Adds what is shut down before all outputs.
+    void BeforeShutDown(std::function<void()> release) { first_.push_back(std::move(release)); }
+
     /// Adds what releases an output, run in the order of adding.
     void OnShutDown(std::function<void()> release) { releases_.push_back(std::move(release)); }
 
@@ -28,6 +31,7 @@ class Shutdown {
     MainFields& fields_;
     DebugLog& log_;
     ProcessEnd& end_;
+    std::vector<std::function<void()>> first_;
     std::vector<std::function<void()>> releases_;
 };
 

@@ -7,6 +7,7 @@
 
 #include "app/absent_outputs.h"
 #include "app/absent_serial_port.h"
+#include "app/engine_recording.h"
 #include "app/program.h"
 #include "dsp/wav_writer.h"
 #include "music/lengths.h"
@@ -17,6 +18,9 @@
 
 namespace quavix {
 namespace {
+
+/// So that a rendering is the same every time.
+constexpr std::uint32_t RandomSeed = 1;
 
 /// Nobody is asked for file names.
 class NoFilePicker : public FilePicker {
@@ -52,11 +56,15 @@ class RenderLoadingView : public LoadingView {
 /// Simulated time that looks after the rendering whenever the program lets events run.
 class RenderPump : public EventPump {
   public:
-    RenderPump(SimulatedTime& time, RenderedSpeaker& speaker, const std::function<bool(double)>& progress)
-        : time_(time), speaker_(speaker), progress_(progress) {}
+    /// With `withEngine`, what sounds is the engine's; otherwise the speaker's.
+    RenderPump(SimulatedTime& time, RenderedSpeaker& speaker, EngineRecording& engine, bool withEngine,
+               const std::function<bool(double)>& progress)
+        : time_(time), speaker_(speaker), engine_(engine), withEngine_(withEngine), progress_(progress) {}
 
     std::uint32_t WaitForInput(std::span<const WaitHandle> handles, std::uint32_t timeoutMs) override {
-        return time_.WaitForInput(handles, timeoutMs);
+        const std::uint32_t result = time_.WaitForInput(handles, timeoutMs);
+        engine_.CatchUp();
+        return result;
     }
 
     void DoEvents() override {
@@ -65,7 +73,8 @@ class RenderPump : public EventPump {
             return;
         next_ = time_.Now() + SimulatedTime::CountsPerSecond;
         calls_ = 0;
-        speaker_.CatchUp();
+        if (!withEngine_)
+            speaker_.CatchUp();
         const double seconds = static_cast<double>(time_.Now()) / SimulatedTime::CountsPerSecond;
         if (!progress_(TotalSeconds > 0 ? std::min(seconds / TotalSeconds, 1.0) : 0))
             throw RenderInterrupted();
@@ -79,6 +88,8 @@ class RenderPump : public EventPump {
 
     SimulatedTime& time_;
     RenderedSpeaker& speaker_;
+    EngineRecording& engine_;
+    bool withEngine_;
     const std::function<bool(double)>& progress_;
     std::int64_t next_ = 0;
     int calls_ = 0;
@@ -104,16 +115,40 @@ double SecondsOfSong(const Program& program) {
     return wholeNotes * BeatsPerWholeNote * 60 / program.Fields.BPM;
 }
 
+/// The sound card's tones alone are heard.
+void StartTones(Program& program, EngineRecording& engine, std::int32_t waveform) {
+    program.Fmod.StartEngine(engine.Output());
+    engine.Begin(program.Fmod.Engine.System());
+    program.Fmod.Generator.ChangeDSPType(waveform);
+    program.Fields.UseFMODCheck = true;
+}
+
+/// The voice alone is heard.
+void StartVoice(Program& program, EngineRecording& engine) {
+    program.Fmod.Singer.Load(engine.Output());
+    engine.Begin(program.Fmod.Singer.VoiceSystem());
+    program.Fields.UseVoiceCheck = true;
+    program.Fields.MutePCSpeaker = true;
+}
+
 }  // namespace
+
+void SongRenderer::LoadEngine(Program& program) const {
+    program.Fmod.CheckAvailability(programFolder_);
+    if (!program.Fields.FmodAvailable)
+        throw RenderError("this output needs the sound engine FMODex.dll in the program's folder");
+}
 
 void SongRenderer::Render(const RenderOptions& options, std::ostream& out) {
     SimulatedTime time;
     WavWriter wav(out, options.Rate, 1);
     RenderedSpeaker speaker(time, wav, options.Rate);
-    RenderPump pump(time, speaker, progress_);
+    const bool withEngine = options.Sounds != RenderOptions::Output::Speaker;
+    EngineRecording engine(sound_, time);
+    RenderPump pump(time, speaker, engine, withEngine, progress_);
+    SeededRandomNumbers random(RandomSeed);
     NoFilePicker picker;
     NoClipboard clipboard;
-    SeededRandomNumbers random(0);
     AbsentSerialPort serialPort;
     AbsentOutputs absent;
     RenderLoadingView loading(progress_);
@@ -128,9 +163,8 @@ void SongRenderer::Render(const RenderOptions& options, std::ostream& out) {
         .Disk = files_,
         .PcSpeaker = speaker,
         .Comm = serialPort,
-        .Generator = absent,
+        .Sound = sound_,
         .Midi = absent,
-        .Singer = absent,
         .Loading = loading,
         .LogFile = options.LogFile,
         .ToneCodeFile = options.ToneCodeFile,
@@ -142,6 +176,12 @@ void SongRenderer::Render(const RenderOptions& options, std::ostream& out) {
         program.Fields.UseWriteCode = !options.ToneCodeFile.empty();
         Load(program, options.Song);
         pump.TotalSeconds = SecondsOfSong(program) * options.Passes;
+        if (withEngine)
+            LoadEngine(program);
+        if (options.Sounds == RenderOptions::Output::Fmod)
+            StartTones(program, engine, options.Waveform);
+        else if (options.Sounds == RenderOptions::Output::Voice)
+            StartVoice(program, engine);
         program.Playback.OnRangeEnd = [&, left = options.Passes]() mutable {
             if (--left == 0)
                 program.Playback.StopPlayButton_Click();
@@ -154,7 +194,10 @@ void SongRenderer::Render(const RenderOptions& options, std::ostream& out) {
             throw SongError(error.what());
         throw RenderError(error.what());
     }
-    speaker.CatchUp();
+    if (withEngine)
+        engine.Finish(wav, options.Rate);
+    else
+        speaker.CatchUp();
     if (!wav.Finish())
         throw RenderError("the sound can't be written any further");
 }

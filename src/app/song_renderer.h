@@ -4,12 +4,16 @@
 #include <functional>
 #include <ostream>
 #include <stdexcept>
+#include <string>
 
 #include "app/render_options.h"
 #include "ports/files.h"
 #include "ports/message_boxes.h"
+#include "ports/sound_library.h"
 
 namespace quavix {
+
+class Program;
 
 /// The song could not be read or played.
 class SongError : public std::runtime_error {
@@ -23,17 +27,26 @@ class RenderInterrupted : public std::exception {};
 /// Renders songs on simulated time.
 class SongRenderer {
   public:
-    /// `progress` is called now and then with the share done, 0 to 1; false ends the rendering with
-    /// RenderInterrupted.
-    SongRenderer(Files& files, MessageBoxes& boxes, std::function<bool(double)> progress)
-        : files_(files), boxes_(boxes), progress_(std::move(progress)) {}
+    /// `sound` is loaded from the program's folder for the outputs that need it. `progress` is called now and
+    /// then with the share done, 0 to 1; false ends the rendering with RenderInterrupted.
+    SongRenderer(Files& files, MessageBoxes& boxes, SoundLibrary& sound, std::string programFolder,
+                 std::function<bool(double)> progress)
+        : files_(files),
+          boxes_(boxes),
+          sound_(sound),
+          programFolder_(std::move(programFolder)),
+          progress_(std::move(progress)) {}
 
     /// Plays the song and writes its sound to `out` as a WAV file. Raises SongError or RenderError.
     void Render(const RenderOptions& options, std::ostream& out);
 
   private:
+    void LoadEngine(Program& program) const;
+
     Files& files_;
     MessageBoxes& boxes_;
+    SoundLibrary& sound_;
+    std::string programFolder_;
     std::function<bool(double)> progress_;
 };
 

@@ -56,6 +56,8 @@ void StartUp::SwitchToneCode() {
 
 void StartUp::AfterMainForm() {
     LoadCommandLineSong();
+    // What is wrong with the sound must not keep the rest from starting.
+    p_.Handlers.Run("MainForm_Load", [this] { StartFmod(); });
     p_.CheckForPort();
     // The first process of the system, not this one, which keeps the priority that it was started with.
     constexpr std::int32_t FirstProcess = 1;
@@ -83,6 +85,11 @@ void StartUp::LoadCommandLineSong() {
                             commandLine),
         .Icon = BoxIcon::Warning,
     });
+}
+
+void StartUp::StartFmod() {
+    p_.Fmod.CheckAvailability(facts_.ProgramFolder);
+    p_.Fmod.StartEngine();
 }
 
 }  // namespace quavix

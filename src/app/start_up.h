@@ -4,6 +4,7 @@
 #include <functional>
 #include <string>
 
+#include "fmod/sound_mods.h"
 #include "music/main_fields.h"
 #include "ports/clock.h"
 #include "ports/files.h"
@@ -11,6 +12,7 @@
 #include "ports/processes.h"
 #include "ports/speaker.h"
 #include "shell/debug_log.h"
+#include "shell/event_boundary.h"
 
 namespace quavix {
 
@@ -32,6 +34,8 @@ struct StartUpParts {
     MessageBoxes& Boxes;
     Processes& System;
     Speaker& PcSpeaker;
+    SoundMods& Fmod;
+    EventBoundary& Handlers;
     DebugLog& Log;
     /// Loads a song file that exists.
     std::function<void(const std::string& fileName)> LoadSong;
@@ -60,6 +64,7 @@ class StartUp {
     void StartLog();
     void SwitchToneCode();
     void LoadCommandLineSong();
+    void StartFmod();
 
     StartUpParts p_;
     StartUpFacts facts_;

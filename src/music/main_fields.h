@@ -111,7 +111,7 @@ struct MainFields {
     Watched<bool> MuteTweebleCheck{false};
     Watched<bool> NoUpdateCheck{false};
     /// Volume of the voice in ten-thousandths.
-    std::int32_t VoiceVolSlider = 0;
+    Watched<std::int32_t> VoiceVolSlider{parameter::VoiceVol.Default};
 
     // The mods' check boxes. Ticking or unticking one, by whomever, is what switches the mod: its part of the
     // program watches the value.
@@ -125,8 +125,10 @@ struct MainFields {
     Watched<bool> UseBeatCheck{false};
     Watched<bool> UseCircuitBentCheck{false};
     Watched<bool> UseSynchroCheck{false};
-    Watched<bool> UseFMODCheckEnabled{true};
-    Watched<bool> UseVoiceCheckEnabled{true};
+    /// The sound library is there.
+    Watched<bool> FmodAvailable{false};
+    Watched<bool> UseFMODCheckEnabled{false};
+    Watched<bool> UseVoiceCheckEnabled{false};
     Watched<bool> UseMIDIOutCheckEnabled{true};
     Watched<bool> UseMIDIInCheckEnabled{true};
     Watched<bool> UseMIDIFileCheckEnabled{true};

@@ -40,6 +40,8 @@ inline constexpr Parameter PitchMultiple{2500, 100, 10000};
 inline constexpr Parameter SoundLength{250, 30, 3000};
 /// Octaves by which the motor plays lower than written; the nearest value of the range is taken.
 inline constexpr Parameter MotorOct{3, 0, 6};
+/// Volume of the voice in ten-thousandths.
+inline constexpr Parameter VoiceVol{2000, 0, 10000};
 /// Choice in the note-length list; others are ignored. Starts at an eighth.
 inline constexpr Parameter NoteLength{3, 0, 4};
 

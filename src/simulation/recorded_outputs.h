@@ -11,25 +11,16 @@
 
 namespace quavix {
 
-/// Stands behind every output and playback part at once: writes each call to the timeline, and lets time pass
-/// where the real one waits, running what comes in meanwhile.
-class RecordedOutputs : public ToneGenerator,
-                        public MidiNotes,
-                        public Portamento,
-                        public Voice,
-                        public BeatHook {
+/// Stands behind outputs and playback parts at once: writes each call to the timeline.
+class RecordedOutputs : public MidiNotes, public Portamento, public BeatHook {
   public:
     RecordedOutputs(SimulatedTime& time, Timeline& timeline) : time_(time), timeline_(timeline) {}
 
-    void FMODBeep(double frequency, double durationMs, bool noStop, bool noWait) override;
-    void FMODBeepStop() override;
     std::int32_t NoteToMIDI(std::int32_t noteNum, std::int32_t octaveNum) override;
     void MIDINoteOn(std::int32_t midiNoteNum) override;
     void MIDINoteOff(std::int32_t midiNoteNum, std::int32_t channel) override;
     void SetWantedPitch(std::int32_t frequency) override;
     void StartSound() override;
-    void ChangeVoiceVol(double volume) override;
-    void ChangeBaseFreq(double frequency) override;
     void LineStarts() override;
 
     /// Runs at every line's beat hook.
@@ -37,7 +28,6 @@ class RecordedOutputs : public ToneGenerator,
 
   private:
     void Record(const std::string& event) { timeline_.Record(time_.Now(), event); }
-    void Wait(double ms);
 
     SimulatedTime& time_;
     Timeline& timeline_;

@@ -43,30 +43,32 @@ TEST(RenderOptions, HelpAndVersionNeedNoNames) {
 }
 
 TEST(RenderOptions, WhatMakesNoSenseIsSaid) {
-    for (const auto& arguments : std::vector<std::vector<const char*>>{{},
-                                                                       {"a"},
-                                                                       {"a", "b", "c"},
-                                                                       {"--wrong", "a", "b"},
-                                                                       {"a", "b", "--passes"},
-                                                                       {"a", "b", "--passes", "0"},
-                                                                       {"a", "b", "--passes", "2x"},
-                                                                       {"a", "b", "--passes", "99999999999"},
-                                                                       {"a", "b", "--rate", "7999"},
-                                                                       {"a", "b", "--rate", "192001"},
-                                                                       {"a", "b", "--output", "fmod"},
-                                                                       {"a", "b", "--output", "voice"},
-                                                                       {"a", "b", "--output", "x"},
-                                                                       {"a", "b", "--waveform", "sine"},
-                                                                       {"a", "b", "--waveform", "x"}})
+    for (const auto& arguments :
+         std::vector<std::vector<const char*>>{{},
+                                               {"a"},
+                                               {"a", "b", "c"},
+                                               {"--wrong", "a", "b"},
+                                               {"a", "b", "--passes"},
+                                               {"a", "b", "--passes", "0"},
+                                               {"a", "b", "--passes", "2x"},
+                                               {"a", "b", "--passes", "99999999999"},
+                                               {"a", "b", "--rate", "7999"},
+                                               {"a", "b", "--rate", "192001"},
+                                               {"a", "b", "--output", "x"},
+                                               {"a", "b", "--waveform", "sine"},
+                                               {"--output", "voice", "--waveform", "sine", "a", "b"},
+                                               {"a", "b", "--waveform", "x"}})
         EXPECT_THROW(ParseRenderOptions(arguments), std::invalid_argument);
 }
 
-TEST(RenderOptions, OutputsThatAreNotThereYetAreNotAvailable) {
-    try {
-        Parse({"a", "b", "--output", "voice"});
-        FAIL();
-    } catch (const std::invalid_argument& error) {
-        EXPECT_STREQ(error.what(), "the output \"voice\" is not available");
+TEST(RenderOptions, ChooseTheOutputAndItsWaveform) {
+    EXPECT_EQ(Parse({"a", "b"}).Sounds, RenderOptions::Output::Speaker);
+    EXPECT_EQ(Parse({"a", "b", "--output", "voice"}).Sounds, RenderOptions::Output::Voice);
+    EXPECT_EQ(Parse({"a", "b", "--output", "fmod"}).Waveform, 1);
+    for (const auto& [name, number] : {std::pair("sine", 0), {"square", 1}, {"triangle", 3}, {"noise", 5}}) {
+        const RenderOptions options = Parse({"--waveform", name, "--output", "fmod", "a", "b"});
+        EXPECT_EQ(options.Sounds, RenderOptions::Output::Fmod);
+        EXPECT_EQ(options.Waveform, number) << name;
     }
 }
 

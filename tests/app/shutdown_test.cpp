@@ -18,11 +18,15 @@ TEST(Shutdown, LogsTheRequestFirstAndTheEndLastWithTheReleasesBetween) {
     p.App.Log.Enable();
     CountedEnd end;
     Shutdown shutdown(p.App.Fields, p.App.Log, end);
+    shutdown.BeforeShutDown([&] { p.App.Fmod.Singer.VoiceDoShutDownStuff(); });
     shutdown.OnShutDown([&] { p.App.Log.LogText("first output"); });
     shutdown.OnShutDown([&] { p.App.Log.LogText("second output"); });
     shutdown.CloseProgram();
     EXPECT_EQ(p.LogText(),
               "[REQUEST TO CLOSE PROGRAM]\n"
+              "    VoiceMainForm.VoiceDoShutDownStuff() - START\n"
+              "    VoiceMainForm.VoiceDoShutDownStuff() - END\n"
+              "\n"
               "    DoShutDownStuff() - START\n"
               "    first output\n"
               "    second output\n"

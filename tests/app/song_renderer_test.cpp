@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include "simulation/recorded_sound_library.h"
 #include "simulation/rendered_speaker.h"
 #include "simulation/simulated_dialogs.h"
 #include "simulation/simulated_files.h"
@@ -32,7 +33,7 @@ class SongRendererTest : public testing::Test {
 
     test::WavSound Render() {
         std::stringstream out;
-        SongRenderer(Disk, Boxes, [this](double share) {
+        SongRenderer(Disk, Boxes, Library, "/program", [this](double share) {
             Shares.push_back(share);
             return Shares.size() < StopAfter;
         }).Render(Options, out);
@@ -43,6 +44,7 @@ class SongRendererTest : public testing::Test {
     Timeline Events;
     SimulatedTime Time;
     SimulatedMessageBoxes Boxes{Time, Events};
+    RecordedSoundLibrary Library{Time, Events};
     RenderOptions Options;
     std::vector<double> Shares;
     std::size_t StopAfter = SIZE_MAX;
@@ -179,8 +181,28 @@ TEST_F(SongRendererTest, AResultTooLongForAWavFileIsSaid) {
         std::streamsize xsputn(const char*, std::streamsize count) override { return count; }
     } nothing;
     std::ostream out(&nothing);
-    SongRenderer renderer(Disk, Boxes, [](double) { return true; });
+    SongRenderer renderer(Disk, Boxes, Library, "/program", [](double) { return true; });
     EXPECT_THROW(renderer.Render(Options, out), RenderError);
+}
+
+TEST_F(SongRendererTest, WithoutTheSoundEngineItsOutputsCannotBeRendered) {
+    PutSong("Quarter A4 A4 -");
+    for (const auto output : {RenderOptions::Output::Fmod, RenderOptions::Output::Voice}) {
+        Options.Sounds = output;
+        EXPECT_THROW(Render(), RenderError);
+    }
+    EXPECT_EQ(Events.Text(), "");
+}
+
+TEST_F(SongRendererTest, AnEngineThatDoesNotStartIsToldOf) {
+    PutSong("Quarter A4 A4 -");
+    Disk.Put("/program/FMODex.dll", "a library");
+    Library.Fail("FMOD_System_Init", 61);
+    Options.Sounds = RenderOptions::Output::Fmod;
+    EXPECT_THROW(Render(), RenderError);
+    EXPECT_EQ(Events.Text("box"),
+              "0.0000 box \"Quavix\" FMOD error! (61) Error initializing output device. \n");
+    EXPECT_EQ(Events.Text("fmod FMOD_System_SetOutput"), "0.0000 fmod FMOD_System_SetOutput(system1, 5)\n");
 }
 
 TEST_F(SongRendererTest, TellsHowFarItIsAndCanBeInterrupted) {

@@ -24,7 +24,7 @@ struct NoProcesses : Processes {
 
 struct Started : test::SimulatedProgram {
     void Start(const std::string& commandLine) {
-        StartUp startUp({App.Fields, Time, Disk, Boxes, System, Speaker, App.Log,
+        StartUp startUp({App.Fields, Time, Disk, Boxes, System, Speaker, App.Fmod, App.Handlers, App.Log,
                          [this](const std::string& song) { Loaded += song; },
                          [this](bool songIsLoaded) { Offered = songIsLoaded ? "told" : "offered"; },
                          [this] { App.Motor.CheckForPort(); }},
@@ -66,6 +66,8 @@ TEST(StartUp, LogsItsStepsInOrder) {
                   "QueryPerformanceFrequency returned 1000 (TickFreq set to this)\n"
                   "Command string given - Command = \"\"/music/my song.QVX\"\"\n"
                   "FileExists(\"/music/my song.QVX\") = FALSE\n"
+                  "FileExists(\"/program/FMODex.dll\") = FALSE\n"
+                  "FMOD can NOT be used ('fmodex.dll' not seen)\n"
                   "A com port exists\n");
     EXPECT_EQ(p.System.Opened, "1 1 ");
 }

@@ -7,6 +7,7 @@
 
 #include "app/song_renderer.h"
 #include "platform/linux/posix_files.h"
+#include "simulation/recorded_sound_library.h"
 #include "simulation/simulated_dialogs.h"
 #include "simulation/simulated_time.h"
 #include "support/measure.h"
@@ -32,10 +33,11 @@ TEST_P(Example, LoadsWithoutAWordAndRendersToItsLength) {
     Timeline events;
     SimulatedTime time;
     SimulatedMessageBoxes boxes(time, events);
+    RecordedSoundLibrary library(time, events);
     RenderOptions options;
     options.Song = GetParam();
     std::stringstream out;
-    SongRenderer(files, boxes, [](double) { return true; }).Render(options, out);
+    SongRenderer(files, boxes, library, "", [](double) { return true; }).Render(options, out);
     EXPECT_EQ(events.Text(), "");
     const auto sound = test::ReadWav(out.str());
     ASSERT_TRUE(sound);
@@ -62,10 +64,11 @@ TEST(Examples, TheOdeBeginsWithItsMelody) {
     Timeline events;
     SimulatedTime time;
     SimulatedMessageBoxes boxes(time, events);
+    RecordedSoundLibrary library(time, events);
     RenderOptions options;
     options.Song = QUAVIX_SOURCE_DIR "/examples/Ode-to-Joy.QVX";
     std::stringstream out;
-    SongRenderer(files, boxes, [](double) { return true; }).Render(options, out);
+    SongRenderer(files, boxes, library, "", [](double) { return true; }).Render(options, out);
     const auto tones = test::FindTones(test::ReadWav(out.str())->Samples, 48000);
     // mi mi fa sol, sol fa mi re, do do re mi, mi re re
     const int steps[] = {4, 4, 5, 7, 7, 5, 4, 2, 0, 0, 2, 4, 4, 2, 2};

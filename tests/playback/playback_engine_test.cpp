@@ -120,9 +120,11 @@ TEST_F(PlaybackTest, AlternatingTonesKeepSoundingOnlyWhileAnotherFollows) {
     Fields.AlternateTime = 50;
     Fields.NoteSilenceRatioSlider = 70;
     PlayAll();
-    EXPECT_EQ(P.Timeline.Text("generator 2"),
-              "0.0000 generator 262 Hz 50 ms no stop\n0.1000 generator 262 Hz 50 ms\n");
-    EXPECT_EQ(P.Timeline.Text("generator 4"), "0.0500 generator 440 Hz 50 ms no stop\n");
+    // It is paused after the last one, and once more at the end of playback.
+    EXPECT_EQ(P.Timeline.Text("fmod FMOD_Channel_SetPaused"),
+              "0.0000 fmod FMOD_Channel_SetPaused(null, 0)\n0.0500 fmod FMOD_Channel_SetPaused(null, 0)\n"
+              "0.1000 fmod FMOD_Channel_SetPaused(null, 0)\n0.1500 fmod FMOD_Channel_SetPaused(null, 1)\n"
+              "0.2550 fmod FMOD_Channel_SetPaused(null, 1)\n");
 }
 
 TEST_F(PlaybackTest, ALineThatStartsTooLatePlaysNoToneButStillWaits) {
@@ -192,9 +194,11 @@ TEST_F(PlaybackTest, PlayFromSelectedLineWithoutOneStartsAtTheFirst) {
 }
 
 TEST_F(PlaybackTest, AnEmptyListOnlyEnablesTheButtonsAgain) {
+    Fields.UseFMOD = true;
     Playback.PlayAllButton_Click();
     Playback.PlayFromLineButton_Click();
-    EXPECT_EQ(P.Timeline.Text(), "0.0000 generator stop\n0.0000 generator stop\n");
+    EXPECT_EQ(P.Timeline.Text(),
+              "0.0000 fmod FMOD_Channel_SetPaused(null, 1)\n0.0000 fmod FMOD_Channel_SetPaused(null, 1)\n");
     EXPECT_TRUE(P.Boxes.Shown().empty());
 }
 
@@ -444,7 +448,8 @@ TEST_F(PlaybackTest, RestsSilenceAGeneratorThatIsNeverSilentOtherwise) {
         Fields.PlayNote2Check = play2;
         P.Timeline.Clear();
         PlayAll();
-        const std::string text = P.Timeline.Text("generator stop");
+        // A tone that is kept sounding is paused by nothing else.
+        const std::string text = P.Timeline.Text("fmod FMOD_Channel_SetPaused(null, 1)");
         return std::count(text.begin(), text.end(), '\n') - 1;  // one at the end of playback
     };
     EXPECT_EQ(stops(true, true), 1);
@@ -452,24 +457,30 @@ TEST_F(PlaybackTest, RestsSilenceAGeneratorThatIsNeverSilentOtherwise) {
     EXPECT_EQ(stops(false, true), 2);
     EXPECT_EQ(stops(false, false), 0);
     Fields.DoNotShutUpFMOD = false;
-    EXPECT_EQ(stops(true, true), 0);
+    EXPECT_EQ(stops(true, true), 3) << "each tone its own, and the rest none";
 }
 
 TEST_F(PlaybackTest, TheVoiceFollowsNote2) {
     P.SetSong({"1/8 C4 A4 -", "1/8 C4 - -"});
     Fields.UseVoiceCheck = true;
     Fields.VoiceVolSlider = 2500;
+    P.Timeline.Clear();
+    P.App.Log.Enable();
     PlayAll();
-    EXPECT_EQ(
-        P.Timeline.Text("voice"),
-        "0.0000 voice volume 0.25\n0.0000 voice 118.8 Hz\n0.2550 voice volume 0\n0.5100 voice volume 0\n");
+    EXPECT_EQ(P.Timeline.Text("fmod FMOD_ChannelGroup_SetVolume"),
+              "0.0000 fmod FMOD_ChannelGroup_SetVolume(VoiceChannel1, 0.25)\n"
+              "0.2550 fmod FMOD_ChannelGroup_SetVolume(VoiceChannel1, 0)\n"
+              "0.5100 fmod FMOD_ChannelGroup_SetVolume(VoiceChannel1, 0)\n");
+    EXPECT_NE(
+        P.LogText().find("VoiceMainForm.ChangeVoiceVol 0.25\n        VoiceMainForm.ChangeBaseFreq 118.8\n"),
+        std::string::npos);
 }
 
 TEST_F(PlaybackTest, TheBeatHookRunsBeforeEachLinesTonesAndTakesItsTimeFromThem) {
     P.SetSong({"1/8 C4 - -"});
     P.Outputs.OnLine = [this] { P.Time.Block(45); };
     PlayAll();
-    EXPECT_EQ(P.Timeline.Text(), "0.0000 line\n0.0450 speaker 262 Hz 80 ms\n0.2600 generator stop\n");
+    EXPECT_EQ(P.Timeline.Text(), "0.0000 line\n0.0450 speaker 262 Hz 80 ms\n");
 }
 
 TEST_F(PlaybackTest, WritesTheToneCodeOfTonesAndWaits) {

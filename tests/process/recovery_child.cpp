@@ -12,6 +12,7 @@
 #include "platform/linux/posix_files.h"
 #include "shell/seeded_random_numbers.h"
 #include "simulation/recorded_loading_view.h"
+#include "simulation/recorded_sound_library.h"
 #include "simulation/simulated_clipboard.h"
 #include "simulation/simulated_dialogs.h"
 #include "simulation/simulated_speaker.h"
@@ -35,6 +36,7 @@ int main(int argumentCount, char** arguments) {
     SeededRandomNumbers random(0);
     AbsentSerialPort serialPort;
     AbsentOutputs absent;
+    RecordedSoundLibrary library(time, timeline);
     RecordedLoadingView loading(time, timeline);
     Program app({
         .Time = time,
@@ -47,9 +49,8 @@ int main(int argumentCount, char** arguments) {
         .Disk = files,
         .PcSpeaker = speaker,
         .Comm = serialPort,
-        .Generator = absent,
+        .Sound = library,
         .Midi = absent,
-        .Singer = absent,
         .Loading = loading,
         .LogFile = folder + "/log",
         .ToneCodeFile = folder + "/code",

@@ -49,8 +49,8 @@ TEST_F(RenderProgram, WritesToStandardOutputWithTrueSizes) {
 TEST_F(RenderProgram, ExitsWith1ForBadUsage) {
     EXPECT_EQ(Run("$render song"), 1);
     EXPECT_NE(Errors().find("quavix-render [--passes N]"), std::string::npos);
-    EXPECT_EQ(Run("$render --output voice song out.wav"), 1);
-    EXPECT_NE(Errors().find("not available"), std::string::npos);
+    EXPECT_EQ(Run("$render --waveform sine song out.wav"), 1);
+    EXPECT_NE(Errors().find("only the fmod output"), std::string::npos);
 }
 
 TEST_F(RenderProgram, ExitsWith2WhenTheSongCannotBeRead) {

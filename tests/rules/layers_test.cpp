@@ -51,11 +51,12 @@ const std::map<std::string, std::set<std::string>>& Allowed() {
         {"music", {"ports", "shell"}},
         {"songfile", with({"music"})},
         {"playback", with({"music"})},
+        {"fmod", with({"music"})},
         {"midi", with({"music"})},
         {"simulation", with({"music", "songfile", "playback", "midi"})},
         {"platform", with({"modules"})},
-        {"ui", with({"music", "songfile", "playback", "midi"})},
-        {"app", with({"music", "songfile", "playback", "midi", "simulation", "platform", "ui"})},
+        {"ui", with({"music", "songfile", "playback", "fmod", "midi"})},
+        {"app", with({"music", "songfile", "playback", "fmod", "midi", "simulation", "platform", "ui"})},
     };
     return allowed;
 }

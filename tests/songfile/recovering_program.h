@@ -8,6 +8,7 @@
 #include "shell/seeded_random_numbers.h"
 #include "simulation/recorded_loading_view.h"
 #include "simulation/recorded_outputs.h"
+#include "simulation/recorded_sound_library.h"
 #include "simulation/simulated_clipboard.h"
 #include "simulation/simulated_dialogs.h"
 #include "simulation/simulated_files.h"
@@ -35,6 +36,7 @@ class RecoveringProgram {
           speaker_(machine.Time, timeline_),
           serialPort_(machine.Time, timeline_),
           outputs_(machine.Time, timeline_),
+          library_(machine.Time, timeline_),
           loading_(machine.Time, timeline_),
           program_({
               .Time = machine.Time,
@@ -47,9 +49,8 @@ class RecoveringProgram {
               .Disk = machine.Disk,
               .PcSpeaker = speaker_,
               .Comm = serialPort_,
-              .Generator = outputs_,
+              .Sound = library_,
               .Midi = outputs_,
-              .Singer = outputs_,
               .Loading = loading_,
               .LogFile = "/program/debuglog.txt",
               .ToneCodeFile = "/program/tonecode.txt",
@@ -86,6 +87,7 @@ class RecoveringProgram {
     SeededRandomNumbers random_{0};
     SimulatedSerialPort serialPort_;
     RecordedOutputs outputs_;
+    RecordedSoundLibrary library_;
     RecordedLoadingView loading_;
     Program program_;
 

@@ -8,6 +8,7 @@
 #include "shell/seeded_random_numbers.h"
 #include "simulation/recorded_loading_view.h"
 #include "simulation/recorded_outputs.h"
+#include "simulation/recorded_sound_library.h"
 #include "simulation/simulated_clipboard.h"
 #include "simulation/simulated_dialogs.h"
 #include "simulation/simulated_files.h"
@@ -44,6 +45,7 @@ struct SimulatedProgram {
     SeededRandomNumbers Random{0};
     SimulatedSerialPort Comm{Time, Timeline};
     RecordedOutputs Outputs{Time, Timeline};
+    RecordedSoundLibrary Library{Time, Timeline};
     RecordedLoadingView Loading{Time, Timeline};
     Program App{{
         .Time = Time,
@@ -56,9 +58,8 @@ struct SimulatedProgram {
         .Disk = Disk,
         .PcSpeaker = Speaker,
         .Comm = Comm,
-        .Generator = Outputs,
+        .Sound = Library,
         .Midi = Outputs,
-        .Singer = Outputs,
         .Loading = Loading,
         .LogFile = "/program/debuglog.txt",
         .ToneCodeFile = "/program/tonecode.txt",

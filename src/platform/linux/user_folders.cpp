@@ -2,6 +2,7 @@
 #include "platform/linux/user_folders.h"
 
 #include <cstdlib>
+#include <filesystem>
 
 namespace quavix {
 namespace {
@@ -23,6 +24,11 @@ std::string WinFolderFromEnvironment() {
 std::string StateFolderFromEnvironment() {
     const std::string state = Environment("XDG_STATE_HOME");
     return (state.starts_with('/') ? state : Environment("HOME") + "/.local/state") + "/quavix";
+}
+
+std::string FolderOfProgram() {
+    std::error_code error;
+    return std::filesystem::read_symlink("/proc/self/exe", error).parent_path().string();
 }
 
 }  // namespace quavix

@@ -13,4 +13,7 @@ std::string WinFolderFromEnvironment();
 /// folder. It need not exist.
 std::string StateFolderFromEnvironment();
 
+/// The folder of the running executable.
+std::string FolderOfProgram();
+
 }  // namespace quavix

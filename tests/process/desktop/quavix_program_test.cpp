@@ -67,11 +67,13 @@ TEST_F(QuavixProgram, ATerminationSignalClosesItInOrder) {
         EXPECT_EQ(program_.ExitCode(), 0);
         const QStringList log =
             QString::fromUtf8(program_.Content("debuglog.txt")).split("\r\n", Qt::SkipEmptyParts);
-        ASSERT_EQ(log.size(), 4);
+        ASSERT_EQ(log.size(), 6);
         EXPECT_TRUE(log[0].endsWith(" - [REQUEST TO CLOSE PROGRAM]"));
-        EXPECT_TRUE(log[1].endsWith(" -     DoShutDownStuff() - START"));
-        EXPECT_TRUE(log[2].endsWith(" -     DoShutDownStuff() - END"));
-        EXPECT_TRUE(log[3].endsWith(" - KILLING PROCESS (should be last line in log)"));
+        EXPECT_TRUE(log[1].endsWith(" -     VoiceMainForm.VoiceDoShutDownStuff() - START"));
+        EXPECT_TRUE(log[2].endsWith(" -     VoiceMainForm.VoiceDoShutDownStuff() - END"));
+        EXPECT_TRUE(log[3].endsWith(" -     DoShutDownStuff() - START"));
+        EXPECT_TRUE(log[4].endsWith(" -     DoShutDownStuff() - END"));
+        EXPECT_TRUE(log[5].endsWith(" - KILLING PROCESS (should be last line in log)"));
     }
 }
 

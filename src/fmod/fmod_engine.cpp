@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+#include "fmod/fmod_engine.h"
+
+#include "shell/numbers.h"
+
+namespace quavix {
+
+void FmodEngine::Start(const FmodOutput& output) {
+    // Short buffers, and many: the shorter, the sooner a new tone is heard.
+    constexpr std::uint32_t BufferLength = 16;
+    constexpr std::int32_t BufferCount = 256;
+    constexpr std::int32_t MaxChannels = 2;
+    constexpr std::uint32_t NormalFlags = 0;
+    errors_.ERRCHECK(library_.FMOD_System_Create(&system_));
+    std::uint32_t version = 0;
+    errors_.ERRCHECK(library_.FMOD_System_GetVersion(system_, &version));
+    errors_.RequireVersion(version, "Version");
+    errors_.ERRCHECK(library_.FMOD_System_SetDSPBufferSize(system_, BufferLength, BufferCount));
+    if (output.Output != FmodOutput::BestDevice)
+        errors_.ERRCHECK(library_.FMOD_System_SetOutput(system_, output.Output));
+    errors_.ERRCHECK(library_.FMOD_System_Init(system_, MaxChannels, NormalFlags,
+                                               output.FileName.empty() ? nullptr : output.FileName.c_str()));
+    GetFMODBufferLength();
+    errors_.ERRCHECK(library_.FMOD_System_CreateDSPByType(system_, fmod_unit::Oscillator, &oscillator_));
+    errors_.ERRCHECK(library_.FMOD_System_PlayDSP(system_, FmodChannelReuse, oscillator_, true, &channel_));
+}
+
+void FmodEngine::Stop() {
+    if (system_ == nullptr)
+        return;
+    log_.LogText("Closing and releasing FMOD system 'System'");
+    errors_.ERRCHECK(library_.FMOD_System_Close(system_));
+    errors_.ERRCHECK(library_.FMOD_System_Release(system_));
+    system_ = nullptr;
+    channel_ = nullptr;
+    oscillator_ = nullptr;
+}
+
+std::int32_t FmodEngine::GetFMODBufferLength() {
+    constexpr double MsPerSecond = 1000;
+    log_.LogIndentInc("GetFMODBufferLength() - START");
+    std::uint32_t samples = 0;
+    std::int32_t count = 0;
+    const SoundLibrary::Result sizeResult = library_.FMOD_System_GetDSPBufferSize(system_, &samples, &count);
+    log_.Text("Number of samples in each buffer is {}", samples);
+    log_.Text("Number of buffers is {}", count);
+    errors_.ERRCHECK(sizeResult);
+    const std::int32_t total = ToInt32(static_cast<double>(samples) * count);
+    log_.Text("Total number of samples in buffers is {}", total);
+    std::int32_t rate = 0;
+    const SoundLibrary::Result rateResult = library_.FMOD_System_GetSoftwareFormat(system_, &rate);
+    log_.Text("Sample rate is {}", rate);
+    errors_.ERRCHECK(rateResult);
+    // Without a rate the library has failed, and said so.
+    const std::int32_t milliseconds = rate == 0 ? 0 : ToInt32(MsPerSecond / rate * total);
+    log_.Text("Buffer length in milliseconds is {}", milliseconds);
+    log_.LogIndentDec("GetFMODBufferLength() - END");
+    return milliseconds;
+}
+
+}  // namespace quavix

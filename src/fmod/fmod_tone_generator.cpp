@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+#include "fmod/fmod_tone_generator.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "shell/numbers.h"
+
+namespace quavix {
+namespace {
+
+constexpr double ReferenceRate = 4000;
+
+}  // namespace
+
+FmodToneGenerator::FmodToneGenerator(FmodToneParts parts)
+    : p_(std::move(parts)), referenceRate_(ReferenceRate) {
+    p_.Fields.UseFMODCheck.Watch(
+        [this](bool) { p_.Handlers.Run("UseFMODCheck_Click", [this] { UseFMODCheck_Click(); }); });
+}
+
+void FmodToneGenerator::FMODBeep(double frequency, double durationMs, bool noStop, bool noWait) {
+    constexpr double Tuning = 1.088;
+    constexpr double ChannelRate = 44100;
+    p_.Log.IndentInc("FMODBeep(FREQUENCY:{}, DURATION: {}, NOSTOP:{}) - START", NumberText(frequency),
+                     NumberText(durationMs), LogFlag(noStop));
+    const double channelFrequency = static_cast<float>(frequency) * Tuning * (ChannelRate / referenceRate_);
+    p_.Errors.ERRCHECK(
+        p_.Library.FMOD_Channel_SetFrequency(p_.Engine.Channel(), static_cast<float>(channelFrequency)));
+    SetPaused(false);
+    if (!noWait) {
+        const std::int32_t milliseconds = ToInt32(durationMs);
+        p_.Log.Text("MsgWaitObj {}", milliseconds);
+        p_.Wait.MsgWaitObj(std::max(milliseconds, 0));  // below 0 it would never end
+    }
+    if (!noStop)
+        SetPaused(true);
+    p_.Log.LogIndentDec("FMODBeep() - END");
+}
+
+void FmodToneGenerator::FMODBeepStop() {
+    if (p_.Fields.UseFMOD)
+        SetPaused(true);
+    if (p_.Fields.UseMotor && p_.SendString)
+        p_.SendString("#0p1470");
+}
+
+void FmodToneGenerator::ChangeDSPType(std::int32_t newDspType) {
+    constexpr float Volume = 0.18F;
+    // The library's square wave sounds at half its rate.
+    constexpr float SquareRate = 8000;
+    referenceRate_ = ReferenceRate;
+    const float rate = newDspType == fmod_waveform::Square ? SquareRate : static_cast<float>(ReferenceRate);
+    p_.Errors.ERRCHECK(
+        p_.Library.FMOD_DSP_SetParameter(p_.Engine.Oscillator(), fmod_parameter::OscillatorRate, rate));
+    p_.Errors.ERRCHECK(p_.Library.FMOD_Channel_SetVolume(p_.Engine.Channel(), Volume));
+    p_.Errors.ERRCHECK(p_.Library.FMOD_DSP_SetParameter(
+        p_.Engine.Oscillator(), fmod_parameter::OscillatorType, static_cast<float>(newDspType)));
+    DSPType = newDspType;
+}
+
+void FmodToneGenerator::UseFMODCheck_Click() {
+    if (p_.Fields.UseFMODCheck) {
+        p_.Fields.UseFMOD = true;
+        FMODOptionsFormVisible = true;
+    } else {
+        FMODBeepStop();
+        p_.Fields.UseFMOD = false;
+        FMODOptionsFormVisible = false;
+    }
+}
+
+void FmodToneGenerator::SetPaused(bool paused) {
+    p_.Errors.ERRCHECK(p_.Library.FMOD_Channel_SetPaused(p_.Engine.Channel(), paused));
+}
+
+}  // namespace quavix

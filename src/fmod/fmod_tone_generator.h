@@ -1,0 +1,58 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+
+#include "fmod/fmod_engine.h"
+#include "music/main_fields.h"
+#include "ports/tone_outputs.h"
+#include "shell/event_boundary.h"
+#include "shell/waiting.h"
+
+namespace quavix {
+
+/// What the tone generator works with.
+struct FmodToneParts {
+    MainFields& Fields;
+    FmodEngine& Engine;
+    SoundLibrary& Library;
+    FmodErrors& Errors;
+    Waiting& Wait;
+    EventBoundary& Handlers;
+    DebugLog& Log;
+    /// Sends a command to the motor controller.
+    std::function<void(const std::string& text)> SendString;
+};
+
+/// Makes tones on the sound card: the engine's channel is set to the tone's pitch and un-paused, and paused
+/// for silence. Watches the check box "Use FMOD".
+class FmodToneGenerator : public ToneGenerator {
+  public:
+    explicit FmodToneGenerator(FmodToneParts parts);
+    FmodToneGenerator(const FmodToneGenerator&) = delete;
+    FmodToneGenerator& operator=(const FmodToneGenerator&) = delete;
+
+    // ToneGenerator. A duration outside 32 bits raises Overflow.
+    void FMODBeep(double frequency, double durationMs, bool noStop, bool noWait) override;
+    void FMODBeepStop() override;
+
+    /// Chooses the waveform, one of fmod_waveform. "Triangle" on the options window is FallingSaw.
+    void ChangeDSPType(std::int32_t newDspType);
+
+    /// The waveform that was chosen last.
+    Watched<std::int32_t> DSPType{fmod_waveform::Square};
+    /// The options window is shown while FMOD is in use.
+    Watched<bool> FMODOptionsFormVisible;
+
+  private:
+    void UseFMODCheck_Click();
+    void SetPaused(bool paused);
+
+    FmodToneParts p_;
+    /// Rate of the oscillator that the pitch is reckoned with, in Hz.
+    double referenceRate_;
+};
+
+}  // namespace quavix

@@ -1,0 +1,64 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "fmod/fmod_engine.h"
+#include "fmod/fmod_errors.h"
+#include "fmod/fmod_options.h"
+#include "fmod/fmod_tone_generator.h"
+#include "fmod/voice_controls.h"
+#include "fmod/voice_main_form.h"
+#include "music/main_fields.h"
+#include "ports/files.h"
+#include "ports/message_boxes.h"
+#include "ports/random_numbers.h"
+#include "ports/sound_library.h"
+#include "ports/timers.h"
+#include "shell/debug_log.h"
+#include "shell/event_boundary.h"
+#include "shell/waiting.h"
+
+namespace quavix {
+
+/// What the mods that sound through the sound library work with.
+struct SoundModsParts {
+    MainFields& Fields;
+    SoundLibrary& Library;
+    RandomNumbers& Random;
+    Timers& Ticks;
+    Files& Disk;
+    MessageBoxes& Boxes;
+    Waiting& Wait;
+    EventBoundary& Handlers;
+    DebugLog& Log;
+    /// Sends a command to the motor controller.
+    std::function<void(const std::string& text)> SendString;
+};
+
+/// The tone generator on the sound card, and the voice.
+class SoundMods {
+  public:
+    explicit SoundMods(const SoundModsParts& parts);
+
+    /// Looks for the library in the program's folder and loads it. The check boxes of the mods are enabled
+    /// where that succeeds; a library that is there but can't be loaded is told of.
+    void CheckAvailability(const std::string& programFolder);
+
+    /// Starts the engine, with a square wave, where the library is loaded. Says so in the log, and why not.
+    void StartEngine(const FmodOutput& output = {});
+
+    FmodErrors Errors;
+    FmodEngine Engine;
+    FmodToneGenerator Generator;
+    FmodOptions Options;
+    VoiceMainForm Singer;
+    VoiceControls Controls;
+
+  private:
+    SoundModsParts p_;
+    std::string whyNot_ = "'fmodex.dll' not seen";
+};
+
+}  // namespace quavix

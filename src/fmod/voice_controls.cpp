@@ -1,0 +1,142 @@
+// SPDX-License-Identifier: MIT
+#include "fmod/voice_controls.h"
+
+#include <fmt/format.h>
+
+namespace quavix {
+namespace {
+
+double VolumeOf(std::int32_t slider) {
+    constexpr double TenThousandths = 10000;
+    return slider / TenThousandths;
+}
+
+std::string VolumeText(std::int32_t slider) {
+    constexpr double PerPercent = 100;
+    return fmt::format("{:.1f} %", slider / PerPercent);
+}
+
+std::string HertzText(std::int32_t hertz) {
+    return fmt::format("{} Hz", hertz);
+}
+
+std::string TimbreText(std::int32_t thousandths) {
+    constexpr double PerPercent = 10;
+    return fmt::format("{}{:.1f} %", thousandths > 0 ? "+" : "", thousandths / PerPercent);
+}
+
+/// Writes the words beside a slider, now and whenever it moves.
+template <typename Text>
+void Describe(Watched<std::int32_t>& slider, Watched<std::string>& label, Text text) {
+    label = text(slider);
+    slider.Watch([&label, text](std::int32_t position) { label = text(position); });
+}
+
+}  // namespace
+
+VoiceControls::VoiceControls(MainFields& fields, VoiceMainForm& voice, EventBoundary& handlers)
+    : fields_(fields), voice_(voice), handlers_(handlers) {
+    for (std::size_t i = 0; i < FormantCount; ++i) {
+        FormantDSPFreqSlider[i] = vowel::A[i].Frequency;
+        FormantDSPVolSlider[i] = vowel::A[i].Volume;
+        Describe(FormantDSPFreqSlider[i], lblFormantDSPFreq[i], HertzText);
+        Describe(FormantDSPVolSlider[i], lblFormantDSPVol[i],
+                 [](std::int32_t volume) { return std::to_string(volume); });
+    }
+    Describe(SawVolSlider, lblSawVol, VolumeText);
+    Describe(NoiseVolSlider, lblNoiseVol, VolumeText);
+    Describe(fields_.VoiceVolSlider, lblVoiceVol, VolumeText);
+    Describe(CutoffFreqSlider, lblCutoffFreq, HertzText);
+    Describe(FormantTimbreSlider, lblFormantTimbre, TimbreText);
+    Describe(FormantRandomFreqSlider, lblFormantRandomFreq,
+             [](std::int32_t hertz) { return fmt::format("± {} Hz", hertz); });
+    voice_.FormantTimbre = FormantTimbreSlider;
+    voice_.MaxRandomFormantFreq = FormantRandomFreqSlider;
+    WatchSliders();
+    WatchFormantSliders();
+    fields_.UseVoiceCheck.Watch(
+        [this](bool) { handlers_.Run("UseVoiceCheck_Click", [this] { UseVoiceCheck_Click(); }); });
+}
+
+void VoiceControls::WatchSliders() {
+    FormantTimbreSlider.Watch([this](std::int32_t thousandths) { voice_.FormantTimbre = thousandths; });
+    FormantRandomFreqSlider.Watch([this](std::int32_t hertz) { voice_.MaxRandomFormantFreq = hertz; });
+    SawVolSlider.Watch([this](std::int32_t volume) {
+        if (voice_.IsLoaded())
+            voice_.ChangeSawVol(VolumeOf(volume));
+    });
+    NoiseVolSlider.Watch([this](std::int32_t volume) {
+        if (voice_.IsLoaded())
+            voice_.ChangeNoiseVol(VolumeOf(volume));
+    });
+    fields_.VoiceVolSlider.Watch([this](std::int32_t volume) {
+        if (voice_.IsLoaded())
+            voice_.ChangeVoiceVol(VolumeOf(volume));
+    });
+    CutoffFreqSlider.Watch([this](std::int32_t) {
+        if (voice_.IsLoaded())
+            ApplyCutoffSlider();
+    });
+}
+
+/// A slider that only follows what was set changes nothing.
+void VoiceControls::WatchFormantSliders() {
+    for (std::size_t i = 0; i < FormantCount; ++i) {
+        FormantDSPFreqSlider[i].Watch([this, i](std::int32_t frequency) {
+            if (voice_.IsLoaded() && frequency != voice_.FormantFreq(i))
+                voice_.ChangeFormantFreqVol(i, frequency, {}, true);
+        });
+        FormantDSPVolSlider[i].Watch([this, i](std::int32_t volume) {
+            if (voice_.IsLoaded() && volume != voice_.FormantVol(i))
+                voice_.ChangeFormantFreqVol(i, {}, volume, true);
+        });
+    }
+}
+
+void VoiceControls::UseVoiceCheck_Click() {
+    if (fields_.UseVoiceCheck) {
+        voice_.Load();
+        StartVoice();
+        VoiceInternalFormVisible = true;
+        voice_.ChangeVoiceVol(0);
+    } else {
+        voice_.ChangeVoiceVol(0);
+        voice_.StopMoving();
+        VoiceInternalFormVisible = false;
+    }
+}
+
+void VoiceControls::StartVoice() {
+    voice_.StartSources();
+    voice_.ChangeSawVol(VolumeOf(SawVolSlider));
+    voice_.ChangeNoiseVol(VolumeOf(NoiseVolSlider));
+    voice_.ChangeVoiceVol(VolumeOf(fields_.VoiceVolSlider));
+    ApplyCutoffSlider();
+    ApplyFormantSliders();
+}
+
+void VoiceControls::ApplyCutoffSlider() {
+    voice_.ChangeCutoffFreq(CutoffFreqSlider);
+}
+
+void VoiceControls::ApplyFormantSliders() {
+    for (std::size_t i = 0; i < FormantCount; ++i)
+        voice_.ChangeFormantFreqVol(i, FormantDSPFreqSlider[i], FormantDSPVolSlider[i], true);
+}
+
+void VoiceControls::SpeechButton_Click(const Vowel& vowel) {
+    for (std::size_t i = 0; i < FormantCount; ++i)
+        voice_.ChangeFormantFreqVol(i, vowel[i].Frequency, vowel[i].Volume, true);
+    // The second time for sliders that moving the first ones has moved.
+    UpdateFormantSliders();
+    UpdateFormantSliders();
+}
+
+void VoiceControls::UpdateFormantSliders() {
+    for (std::size_t i = 0; i < FormantCount; ++i) {
+        FormantDSPFreqSlider[i] = static_cast<std::int32_t>(voice_.FormantFreq(i));
+        FormantDSPVolSlider[i] = voice_.FormantVol(i);
+    }
+}
+
+}  // namespace quavix

@@ -1,0 +1,65 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <array>
+#include <string>
+
+#include "fmod/voice_main_form.h"
+#include "fmod/voice_parameters.h"
+#include "fmod/vowels.h"
+#include "music/main_fields.h"
+#include "shell/event_boundary.h"
+#include "shell/watched.h"
+
+namespace quavix {
+
+/// The logic of VoiceInternalForm, and of the check box that switches the voice on and off. Moving a slider
+/// changes the voice at once; while the voice has never been on, it only keeps its position.
+class VoiceControls {
+  public:
+    VoiceControls(MainFields& fields, VoiceMainForm& voice, EventBoundary& handlers);
+    VoiceControls(const VoiceControls&) = delete;
+    VoiceControls& operator=(const VoiceControls&) = delete;
+
+    /// The volume of the voice stands in MainFields.
+    Watched<std::int32_t> SawVolSlider{parameter::SawVol.Default};
+    Watched<std::int32_t> NoiseVolSlider{parameter::NoiseVol.Default};
+    Watched<std::int32_t> CutoffFreqSlider{parameter::CutoffFreq.Default};
+    Watched<std::int32_t> FormantTimbreSlider{parameter::FormantTimbre.Default};
+    Watched<std::int32_t> FormantRandomFreqSlider{parameter::FormantRandomFreq.Default};
+    std::array<Watched<std::int32_t>, FormantCount> FormantDSPFreqSlider;
+    std::array<Watched<std::int32_t>, FormantCount> FormantDSPVolSlider;
+
+    // Words beside the sliders: the value with its unit.
+    Watched<std::string> lblSawVol;
+    Watched<std::string> lblNoiseVol;
+    Watched<std::string> lblVoiceVol;
+    Watched<std::string> lblCutoffFreq;
+    Watched<std::string> lblFormantTimbre;
+    Watched<std::string> lblFormantRandomFreq;
+    std::array<Watched<std::string>, FormantCount> lblFormantDSPFreq;
+    std::array<Watched<std::string>, FormantCount> lblFormantDSPVol;
+
+    /// The window is shown while the voice is in use.
+    Watched<bool> VoiceInternalFormVisible;
+
+    /// A vowel button: sets all formants.
+    void SpeechButton_Click(const Vowel& vowel);
+
+    /// Copies the formants' values onto their sliders.
+    void UpdateFormantSliders();
+
+  private:
+    void WatchSliders();
+    void WatchFormantSliders();
+    void UseVoiceCheck_Click();
+    void StartVoice();
+    void ApplyCutoffSlider();
+    void ApplyFormantSliders();
+
+    MainFields& fields_;
+    VoiceMainForm& voice_;
+    EventBoundary& handlers_;
+};
+
+}  // namespace quavix

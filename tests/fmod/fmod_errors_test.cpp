@@ -1,0 +1,66 @@
+// SPDX-License-Identifier: MIT
+#include "fmod/fmod_errors.h"
+
+#include <cstdint>
+#include <limits>
+
+#include <gtest/gtest.h>
+
+#include "support/simulated_program.h"
+
+namespace quavix {
+namespace {
+
+TEST(FmodErrors, TextsStandWordForWordWithTheBlanksAtTheirEnds) {
+    EXPECT_STREQ(FmodErrorText(0), "No errors.");
+    EXPECT_STREQ(FmodErrorText(1), "Tried to call lock a second time before unlock was called. ");
+    EXPECT_STREQ(FmodErrorText(3), "Neither NTSCSI nor ASPI could be initialised. ");
+    EXPECT_STREQ(FmodErrorText(36), "An invalid object handle was used. ");
+    EXPECT_STREQ(FmodErrorText(37), "An invalid parameter was passed to this function. ");
+    EXPECT_STREQ(FmodErrorText(43), "Not enough memory or resources. ");
+    EXPECT_STREQ(FmodErrorText(61), "Error initializing output device. ");
+    EXPECT_STREQ(FmodErrorText(66), "The number of allowed instances of a plugin has been exceeded ");
+    EXPECT_STREQ(FmodErrorText(81), "The Version number of this file format is not supported. ");
+}
+
+TEST(FmodErrors, TheTableIsTheLibrarysToTheLetter) {
+    // FNV-1a of all texts, each with a line feed behind it.
+    std::uint64_t sum = 1469598103934665603U;
+    for (int result = 0; result <= 81; ++result) {
+        for (const char c : std::string(FmodErrorText(result)) + "\n")
+            sum = (sum ^ static_cast<unsigned char>(c)) * 1099511628211U;
+    }
+    EXPECT_EQ(sum, 0x3d8060207c26406eU);
+}
+
+TEST(FmodErrors, EveryOtherResultIsUnknown) {
+    for (const std::int32_t result : {82, 1000, -1, std::numeric_limits<std::int32_t>::min()})
+        EXPECT_STREQ(FmodErrorText(result), "Unknown error.") << result;
+}
+
+TEST(FmodErrors, NoErrorShowsAndLogsNothing) {
+    test::SimulatedProgram p;
+    p.App.Log.Enable();
+    EXPECT_TRUE(p.App.Fmod.Errors.ERRCHECK(0));
+    EXPECT_TRUE(p.Boxes.Shown().empty());
+    EXPECT_EQ(p.LogText(), "");
+}
+
+TEST(FmodErrors, AnErrorIsLoggedAndShownInAPlainBox) {
+    test::SimulatedProgram p;
+    p.App.Log.Enable();
+    EXPECT_FALSE(p.App.Fmod.Errors.ERRCHECK(61));
+    EXPECT_FALSE(p.App.Fmod.Errors.ERRCHECK(-5));
+    EXPECT_EQ(p.LogText(),
+              "ERRCHECK() found FMOD error 61 (Error initializing output device. )\n"
+              "ERRCHECK() found FMOD error -5 (Unknown error.)\n");
+    ASSERT_EQ(p.Boxes.Shown().size(), 2u);
+    EXPECT_EQ(p.Boxes.Shown()[0].Title, "Quavix");
+    EXPECT_EQ(p.Boxes.Shown()[0].Text, "FMOD error! (61) Error initializing output device. ");
+    EXPECT_EQ(p.Boxes.Shown()[0].Icon, BoxIcon::None);
+    EXPECT_EQ(p.Boxes.Shown()[0].Buttons, BoxButtons::Ok);
+    EXPECT_EQ(p.Boxes.Shown()[1].Text, "FMOD error! (-5) Unknown error.");
+}
+
+}  // namespace
+}  // namespace quavix
