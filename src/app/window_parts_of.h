@@ -21,6 +21,7 @@ inline WindowParts PartsOf(Program& program, Speaker& speaker, MessageBoxes& box
             .Lines = program.Lines,
             .Keys = program.Keys,
             .Position = program.Position,
+            .Fmod = program.Fmod,
             .Tones = program.Tones,
             .Playback = program.Playback,
             .Clicks = program.Clicks,

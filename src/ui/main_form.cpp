@@ -18,6 +18,7 @@
 #include "ui/beat_form.h"
 #include "ui/binding.h"
 #include "ui/editing_panel.h"
+#include "ui/fmod_options_form.h"
 #include "ui/keyboard_panel.h"
 #include "ui/list_panel.h"
 #include "ui/main_menu.h"
@@ -32,6 +33,7 @@
 #include "ui/speaker_panel.h"
 #include "ui/synchro_form.h"
 #include "ui/timing_panel.h"
+#include "ui/voice_internal_form.h"
 #include "ui_main_form.h"
 
 /// The icon comes out of a static library, which the linker would leave behind. The macro wants no namespace.
@@ -94,6 +96,17 @@ void MakeWhenTicked(const Watched<bool>& check, const WindowParts& parts, QWidge
     });
 }
 
+/// The window of a mod is made when it is first wanted.
+template <typename Form>
+void MakeWhenTicked(const Watched<bool>& check, const WindowParts& parts, QWidget* owner) {
+    check.Watch([&parts, guard = QPointer<QWidget>(owner), isMade = false](bool) mutable {
+        if (!guard || isMade)
+            return;
+        new Form(parts, guard);
+        isMade = true;
+    });
+}
+
 /// The file that is being dragged, as the file system takes its name; empty where it is no single file.
 std::string DraggedFile(const QDropEvent& event) {
     const QList<QUrl> urls = event.mimeData()->urls();
@@ -121,6 +134,8 @@ MainForm::MainForm(const WindowParts& parts, QWidget* parent)
     AddPanels();
     menu->ServeList(*findChild<QTableView*>("MainList"));
     ConnectSaveLoadForm();
+    MakeWhenTicked<FMODOptionsForm>(parts_.Fmod.Generator.FMODOptionsFormVisible, parts_, this);
+    MakeWhenTicked<VoiceInternalForm>(parts_.Fmod.Controls.VoiceInternalFormVisible, parts_, this);
     MakeWhenTicked<BeatForm>(parts_.Fields.UseBeatCheck, parts_, this);
     MakeWhenTicked<PortamentoForm>(parts_.Fields.UsePortaCheck, parts_, this);
     MakeWhenTicked<SynchroForm>(parts_.Fields.UseSynchroCheck, parts_, this);

@@ -22,7 +22,7 @@ struct Mod {
 inline constexpr Mod UseFMOD{
     &MainFields::UseFMODCheck,
     &MainFields::UseFMODCheckEnabled,
-    false,
+    true,
     "UseFMODCheck",
     "Use FMOD",
     "Make the notes with the sound card instead of the internal PC speaker",
@@ -36,7 +36,7 @@ inline constexpr Mod UseFMOD{
 
 inline constexpr Mod UseVoice{&MainFields::UseVoiceCheck,
                               &MainFields::UseVoiceCheckEnabled,
-                              false,
+                              true,
                               "UseVoiceCheck",
                               "Use voice",
                               "Make a voice sing the 'Note 2' column",

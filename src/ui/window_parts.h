@@ -4,6 +4,7 @@
 #include <functional>
 #include <string>
 
+#include "fmod/sound_mods.h"
 #include "music/edit_history.h"
 #include "music/line_clipboard.h"
 #include "music/list_editing.h"
@@ -38,6 +39,7 @@ struct WindowParts {
     LineClipboard& Lines;
     PianoKeys& Keys;
     PositionDisplay& Position;
+    SoundMods& Fmod;
     ToneDispatcher& Tones;
     PlaybackEngine& Playback;
     Metronome& Clicks;

@@ -2,7 +2,6 @@
 #include <map>
 #include <set>
 
-#include "ui/beat_form.h"
 #include "ui/manual_form.h"
 #include "ui/mod_texts.h"
 #include "ui/piano_keyboard.h"
@@ -10,6 +9,7 @@
 #include "ui/save_load_form.h"
 #include "ui/speaker_form.h"
 #include "ui/ui_program.h"
+#include "ui/voice_internal_form.h"
 
 namespace quavix {
 namespace {
@@ -33,11 +33,13 @@ TEST(Accessibility, EveryControlHasANameAndATooltip) {
     SpeakerForm speaker(PartsOf(
         p.App, p.Reported, p.Boxes, p.SaveLoadWindow, [] {}, [] { return ""; }));
     ManualForm manual("text");
-    p.App.Fields.UseBeatCheck = true;
-    p.App.Fields.UsePortaCheck = true;
-    p.App.Fields.UseSynchroCheck = true;
+    for (Watched<bool> MainFields::*check :
+         {&MainFields::UseFMODCheck, &MainFields::UseVoiceCheck, &MainFields::UseBeatCheck,
+          &MainFields::UsePortaCheck, &MainFields::UseSynchroCheck})
+        p.App.Fields.*check = true;
     for (QWidget* window : {static_cast<QWidget*>(&p.Form), static_cast<QWidget*>(&speaker),
                             static_cast<QWidget*>(&p.SaveLoadWindow), static_cast<QWidget*>(&manual),
+                            &p.Find<QWidget>("FMODOptionsForm"), &p.Find<QWidget>("VoiceInternalForm"),
                             &p.Find<QWidget>("BeatForm"), &p.Find<QWidget>("PortamentoForm"),
                             &p.Find<QWidget>("SynchroForm")}) {
         EXPECT_FALSE(ControlsOf(*window).empty());
