@@ -107,5 +107,29 @@ TEST(StartUp, ACommandLineThatIsNoFileIsShownAsItWasGiven) {
               "But that file can't be seen, so it can't load it.");
 }
 
+TEST(StartUp, StartsTheSoundLibraryThatLiesBesideTheProgram) {
+    Started p;
+    p.Disk.Put("/program/FMODex.dll", "a library");
+    p.Start("");
+    EXPECT_TRUE(p.App.Fields.UseFMODCheckEnabled);
+    EXPECT_TRUE(p.App.Fields.UseVoiceCheckEnabled);
+    EXPECT_NE(p.Timeline.Text("fmod FMOD_System_PlayDSP"), "");
+    EXPECT_EQ(p.App.Fmod.Generator.DSPType, 1);
+    EXPECT_TRUE(p.Boxes.Shown().empty());
+    EXPECT_FALSE(p.App.Fmod.Singer.IsLoaded()) << "only when it is wanted";
+}
+
+TEST(StartUp, ASoundLibraryThatMakesAnErrorDoesNotKeepTheRestFromStarting) {
+    Started p;
+    p.Disk.Put("/program/FMODex.dll", "a library");
+    p.Library.Fail("FMOD_System_SetDSPBufferSize", 37);
+    p.Library.BufferLength = 65536;
+    p.Library.BufferCount = 32768;
+    p.Start("");
+    EXPECT_EQ(p.Boxes.Shown().back().Text, "Run-time error '6':\n\nOverflow");
+    EXPECT_EQ(p.System.Opened, "1 1 ");
+    EXPECT_EQ(p.Offered, "offered");
+}
+
 }  // namespace
 }  // namespace quavix
