@@ -106,7 +106,7 @@ class Program {
           Document({Fields, List, Reader, Writer, ports.Disk, ports.Boxes, Fields.Modified,
                     [this] { History.MarkSaved(); }, [this] { History.MarkUnsaved(); }}) {
         // Only where there is a sound card's delay to be waited for.
-        Synchro.chkStartInDelayEnabled = Fields.UseFMODCheckEnabled;
+        Synchro.chkStartInDelayEnabled = Fields.UseFMODCheckEnabled.Get();
         Fields.UseFMODCheckEnabled.Watch([this](bool enabled) { Synchro.chkStartInDelayEnabled = enabled; });
         Writer.OnSaved = [this] { History.MarkSaved(); };
         Document.OnSongReplaced = [this] { ShowPositionOfEdit(); };

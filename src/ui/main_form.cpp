@@ -85,28 +85,6 @@ void MakeWhenTicked(const Watched<bool>& check, const WindowParts& parts, QWidge
     });
 }
 
-/// The window of a mod is made when it is first wanted.
-template <typename Form>
-void MakeWhenTicked(const Watched<bool>& check, const WindowParts& parts, QWidget* owner) {
-    check.Watch([&parts, guard = QPointer<QWidget>(owner), isMade = false](bool) mutable {
-        if (!guard || isMade)
-            return;
-        new Form(parts, guard);
-        isMade = true;
-    });
-}
-
-/// The window of a mod is made when it is first wanted.
-template <typename Form>
-void MakeWhenTicked(const Watched<bool>& check, const WindowParts& parts, QWidget* owner) {
-    check.Watch([&parts, guard = QPointer<QWidget>(owner), isMade = false](bool) mutable {
-        if (!guard || isMade)
-            return;
-        new Form(parts, guard);
-        isMade = true;
-    });
-}
-
 /// The file that is being dragged, as the file system takes its name; empty where it is no single file.
 std::string DraggedFile(const QDropEvent& event) {
     const QList<QUrl> urls = event.mimeData()->urls();
