@@ -46,6 +46,7 @@ std::string ReadLine(int descriptor) {
 Child::Child(const std::vector<std::string>& command, const std::vector<std::string>& environment,
              int keepOpen) {
     std::vector<char*> arguments;
+    arguments.reserve(command.size() + 1);
     for (const std::string& argument : command)
         arguments.push_back(const_cast<char*>(argument.c_str()));
     arguments.push_back(nullptr);
