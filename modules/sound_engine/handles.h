@@ -33,7 +33,7 @@ class Handles {
         constexpr auto Spread = static_cast<std::uintptr_t>(0x9E3779B97F4A7C15U);
         const std::uintptr_t number = (2 * ++given_ + 1) * Spread;
         entries_.emplace(number, Entry{object, &system});
-        return reinterpret_cast<void*>(number);
+        return reinterpret_cast<void*>(number);  // NOLINT(performance-no-int-to-ptr): nothing follows it
     }
 
     /// Null for anything that is no object's number.

@@ -22,7 +22,7 @@
 
 #include <stdint.h>
 
-/* NOLINTBEGIN(readability-identifier-naming): the names of a C interface. */
+/* NOLINTBEGIN(readability-identifier-naming, modernize-use-using): an interface in C. */
 
 #if defined(_WIN32) && !defined(_WIN64)
 #define SOUND_CALL __stdcall
@@ -297,6 +297,6 @@ SOUND_EXPORT SoundResult SOUND_CALL FMOD_ChannelGroup_Release(SoundGroup* group)
 }
 #endif
 
-/* NOLINTEND(readability-identifier-naming) */
+/* NOLINTEND(readability-identifier-naming, modernize-use-using) */
 
 #endif
