@@ -109,7 +109,6 @@ bool DeviceStream::TryOpen(const std::shared_ptr<Mixer>& mixer, int delayFrames)
         output.nChannels = channels_;
         const Buffers wanted(delayFrames);
         RtAudio::StreamOptions options;
-        options.flags = RTAUDIO_SCHEDULE_REALTIME;
         options.numberOfBuffers = wanted.Count;
         options.streamName = "Quavix";
         unsigned int period = wanted.Period;
