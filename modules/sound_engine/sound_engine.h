@@ -9,10 +9,10 @@
  * Objects are opaque pointers that only the engine can read. A system owns all that is made on it: units,
  * channels, groups. Their pointers end with FMOD_System_Close(), at the latest.
  *
- * Every function answers with a SoundResult and leaves everything as it was unless that is SOUND_OK. The checks come in
- * this order: the object (SOUND_INVALID_HANDLE), whether its system is in the right state (SOUND_UNINITIALIZED,
- * SOUND_INITIALIZED), the other handles, the values. No exception leaves a function. Strings are UTF-8, ended by a zero,
- * and are the caller's: the engine copies what it keeps.
+ * Every function answers with a SoundResult and leaves everything as it was unless that is SOUND_OK. The
+ * checks come in this order: the object (SOUND_INVALID_HANDLE), whether its system is in the right state
+ * (SOUND_UNINITIALIZED, SOUND_INITIALIZED), the other handles, the values. No exception leaves a function.
+ * Strings are UTF-8, ended by a zero, and are the caller's: the engine copies what it keeps.
  *
  * Thread: any, one call at a time. No call waits for sound to be mixed; FMOD_System_Init(),
  * FMOD_System_Close() and FMOD_System_Release() may wait for the sound device.
