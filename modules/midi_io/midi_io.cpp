@@ -130,16 +130,23 @@ std::int32_t MidiIo::InputState() {
     return State(&Devices::Input, input_);
 }
 
+bool MidiIo::HasNumber(const Direction& direction, std::int32_t device) {
+    if (device >= 0 && static_cast<std::size_t>(device) < direction.Names.size())
+        return true;
+    problem_ = "There is no device with that number.";
+    return false;
+}
+
 std::int32_t MidiIo::OpenOutput(std::int32_t device) {
     if (device == QUAVIX_MIDI_IO_VIRTUAL_PORT)
         return Open(&Devices::Output, output_, "");
-    if (device < 0 || static_cast<std::size_t>(device) >= output_.Names.size())
+    if (!HasNumber(output_, device))
         return QuavixMidiIoBadArgument;
     return Open(&Devices::Output, output_, output_.Names[static_cast<std::size_t>(device)]);
 }
 
 std::int32_t MidiIo::OpenInput(std::int32_t device) {
-    if (device < 0 || static_cast<std::size_t>(device) >= input_.Names.size())
+    if (!HasNumber(input_, device))
         return QuavixMidiIoBadArgument;
     const std::string name = input_.Names[static_cast<std::size_t>(device)];
     CloseInput();

@@ -57,6 +57,7 @@ class MidiIo {
 
     bool Connect();
     void Disconnect();
+    bool HasNumber(const Direction& direction, std::int32_t device);
     void PrepareInput(RtMidiIn& input);
     void Wake();
 

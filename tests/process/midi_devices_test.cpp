@@ -33,7 +33,8 @@ class MidiDevices : public testing::Test {
     static bool OpenByName(MidiPort& port, const std::string& name) {
         const std::vector<std::string> names = Names(port);
         const auto found = std::find(names.begin(), names.end(), name);
-        const bool opened = found != names.end() && port.Open(static_cast<std::int32_t>(found - names.begin()));
+        const bool opened =
+            found != names.end() && port.Open(static_cast<std::int32_t>(found - names.begin()));
         EXPECT_TRUE(opened) << port.Problem();
         return opened;
     }
@@ -99,6 +100,7 @@ TEST_F(MidiDevices, DevicesAreFoundByEverySearchAndOpenedByTheirNumber) {
     EXPECT_THAT(Names(devices_.In()), Contains("synthesizer:out"));
     EXPECT_FALSE(devices_.Out().Open(100));
     EXPECT_FALSE(devices_.In().Open(-1));
+    EXPECT_EQ(devices_.In().Problem(), "There is no device with that number.");
     ASSERT_TRUE(OpenByName(devices_.Out(), "synthesizer:in"));
     EXPECT_EQ(devices_.Out().Send({0x90, 60, 96}), MidiSendResult::Sent);
     EXPECT_THAT(peer.Received(1), ElementsAre(Event{0x90, 60, 96}));
