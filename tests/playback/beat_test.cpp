@@ -162,14 +162,17 @@ TEST_F(BeatTest, StandsBetweenTheVoicesPitchAndTheNotes) {
     Fields.UseVoiceCheck = true;
     Fields.VoiceVolSlider = 5000;
     Fields.PlayNote2Check = false;
+    P.App.Fmod.Singer.StopMoving();
+    P.Timeline.Clear();
     recorded.Playback.OnRangeEnd = [&] { recorded.Playback.StopPlayButton_Click(); };
     recorded.Playback.PlayAllButton_Click();
     EXPECT_EQ(P.Timeline.Text(),
-              "0.0000 voice volume 0.5\n0.0000 voice 118.8 Hz\n"
+              "0.0000 fmod FMOD_ChannelGroup_SetVolume(VoiceChannel1, 0.5)\n"
+              "0.0000 fmod FMOD_DSP_SetParameter(unit6, 1, 119)\n"
               "0.0000 speaker 250 Hz 15 ms\n0.0150 speaker 162 Hz 15 ms\n0.0300 speaker 106 Hz 15 ms\n"
               "0.0450 speaker 440 Hz 80 ms\n"
-              "0.2600 voice volume 0\n0.2600 speaker 440 Hz 115 ms\n"
-              "0.5100 voice volume 0\n0.5100 generator stop\n");
+              "0.2600 fmod FMOD_ChannelGroup_SetVolume(VoiceChannel1, 0)\n0.2600 speaker 440 Hz 115 ms\n"
+              "0.5100 fmod FMOD_ChannelGroup_SetVolume(VoiceChannel1, 0)\n");
 }
 
 }  // namespace

@@ -5,15 +5,16 @@
 
 namespace quavix::test {
 
-/// A tone dispatcher and a playback engine on a program's fields and list, with the recorder in the place of
-/// everything that they drive.
+/// A tone dispatcher and a playback engine on a program's parts, with the recorder in the place of MIDI, of
+/// the portamento and, where no other is given, of the beat.
 struct RecordedPlayback {
     explicit RecordedPlayback(SimulatedProgram& p) : RecordedPlayback(p, p.Outputs) {}
     RecordedPlayback(SimulatedProgram& p, BeatHook& beat)
-        : Tones(p.App.Fields, {p.Speaker, p.Outputs, p.Outputs, p.Outputs, p.Outputs}, p.App.Code, p.App.Wait,
-                p.Boxes, p.App.Log),
-          Playback({p.App.Fields, p.App.List, p.App.Mods, p.App.Position, Tones, p.App.Code, p.Outputs,
-                    p.Outputs, beat, p.Outputs, p.Time, p.App.Wait, p.Boxes, p.App.Log}) {}
+        : Tones(p.App.Fields, {p.Speaker, p.App.Motor, p.App.Fmod.Generator, p.Outputs, p.Outputs},
+                p.App.Code, p.App.Wait, p.Boxes, p.App.Log),
+          Playback({p.App.Fields, p.App.List, p.App.Mods, p.App.Position, Tones, p.App.Code,
+                    p.App.Fmod.Generator, p.App.Fmod.Singer, beat, p.App.Synchro, p.Time, p.App.Wait, p.Boxes,
+                    p.App.Log}) {}
 
     ToneDispatcher Tones;
     PlaybackEngine Playback;
