@@ -159,9 +159,9 @@ void SynchroPlay::Play() {
     };
     try {
         if (optStart)
-            p_.PlayAllButton_Click();
+            p_.PlayAll();
         else
-            p_.PlayFromLineButton_Click();
+            p_.PlayFromLine();
     } catch (const std::exception&) {
         end();
         throw;

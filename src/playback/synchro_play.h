@@ -28,8 +28,9 @@ struct SynchroParts {
     EventBoundary& Handlers;
     /// A tone is sounding at this moment.
     std::function<bool()> IsSounding;
-    std::function<void()> PlayAllButton_Click;
-    std::function<void()> PlayFromLineButton_Click;
+    /// The main window's buttons.
+    std::function<void()> PlayAll;
+    std::function<void()> PlayFromLine;
     /// How late the sound library's tones come, in ms; 0 where there is no library.
     std::function<std::int32_t()> GetFMODBufferLength;
 };

@@ -105,7 +105,7 @@ TEST_F(SynchroTest, ATimeThatHasPassedTodayStartsAtOnce) {
     EXPECT_EQ(Tones(), "0.0000 speaker 262 Hz 386 ms\n");
     SetTime("12", "0", "0");
     Wait(600);
-    EXPECT_EQ(Tones(), "0.0000 speaker 262 Hz 386 ms\n0.3860 speaker 262 Hz 386 ms\n")
+    EXPECT_EQ(Tones(), "0.0000 speaker 262 Hz 386 ms\n0.4010 speaker 262 Hz 386 ms\n")
         << "this second has begun too";
 }
 

@@ -56,7 +56,7 @@ std::string QtSerialPort::Open(const std::string& name, const std::string& lastW
     QObject::connect(port.get(), &QSerialPort::errorOccurred, port.get(),
                      [this, port = port.get()](QSerialPort::SerialPortError error) {
                          if (error != QSerialPort::NoError && error != QSerialPort::TimeoutError)
-                             Lost(port->errorString().toStdString());
+                             Lost("unplugged, or it has failed (" + port->errorString().toStdString() + ")");
                      });
     port_ = std::move(port);
     return {};
