@@ -105,9 +105,6 @@ class Program {
           Changes(Fields, List),
           Document({Fields, List, Reader, Writer, ports.Disk, ports.Boxes, Fields.Modified,
                     [this] { History.MarkSaved(); }, [this] { History.MarkUnsaved(); }}) {
-        // Only where there is a sound card's delay to be waited for.
-        Synchro.chkStartInDelayEnabled = Fields.UseFMODCheckEnabled.Get();
-        Fields.UseFMODCheckEnabled.Watch([this](bool enabled) { Synchro.chkStartInDelayEnabled = enabled; });
         Writer.OnSaved = [this] { History.MarkSaved(); };
         Document.OnSongReplaced = [this] { ShowPositionOfEdit(); };
         History.OnRestored = [this](bool onlyMods) {

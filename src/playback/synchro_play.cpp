@@ -128,7 +128,7 @@ bool SynchroPlay::WaitForTime(std::int32_t key) {
             return false;
         seconds = ReadSeconds();
     }
-    if (!chkStartInDelay)
+    if (!chkStartInDelay || !chkStartInDelayEnabled)
         return true;
     // This much earlier, for what the start of playback takes.
     constexpr double StartUpSeconds = 0.015;

@@ -31,7 +31,7 @@ struct SynchroParts {
     /// The main window's buttons.
     std::function<void()> PlayAll;
     std::function<void()> PlayFromLine;
-    /// How late the sound library's tones come, in ms; 0 where there is no library.
+    /// How late the sound library's tones come, in ms; not asked where there is no library.
     std::function<std::int32_t()> GetFMODBufferLength;
 };
 
@@ -52,6 +52,7 @@ class SynchroPlay : public SynchronizedStart {
     Watched<bool> optStart{true};
     Watched<bool> optCurrent{false};
     Watched<bool> chkStartInDelay{false};
+    /// Only where there is a sound library, whose delay can be asked for.
     Watched<bool> chkStartInDelayEnabled;
     Watched<std::string> btnWaitCaption{"Start waiting"};
     Watched<bool> btnWaitEnabled{true};

@@ -21,9 +21,9 @@ struct MessageBox {
 /// Shows messages and asks questions.
 ///
 /// Thread: the user-interface thread. Show() returns when the user has answered; other handlers of the
-/// program may run meanwhile. Tell() shows a message with nothing but an Ok button and does not wait for it,
-/// for what must not hold up the music; where there is no such message, it is Show(). Closing the box without a choice answers Cancel (OkCancel, YesNoCancel), No
-/// (YesNo) or Ok (Ok).
+/// program may run meanwhile. Closing the box without a choice answers Cancel (OkCancel, YesNoCancel), No
+/// (YesNo) or Ok (Ok). Tell() shows a message with nothing but an Ok button and does not wait for it, for
+/// what must not hold up the music; where there is no such message, it is Show().
 class MessageBoxes {
   public:
     virtual ~MessageBoxes() = default;

@@ -97,9 +97,9 @@ TEST_F(ToneGeneratorTest, StopPausesOnlyWhileFmodIsInUse) {
 }
 
 TEST_F(ToneGeneratorTest, StopAlsoStopsTheMotor) {
-    Fields.UseMotor = true;
+    Fields.UseMotorCheck = true;
     Generator.FMODBeepStop();
-    EXPECT_EQ(P.Timeline.Text(), "0.0000 motor \"#0p1470\"\n");
+    EXPECT_EQ(P.Timeline.Text("serial #"), "0.0000 serial #0p1470\\r\n");
 }
 
 TEST_F(ToneGeneratorTest, EachWaveformHasItsRate) {

@@ -303,7 +303,16 @@ TEST_F(MotorTest, AlternatingNotesTakeTurnsOnTheMotorInTheirLongerTime) {
     EXPECT_EQ(Commands(),
               "0.0000 serial #0P1350\\r\n0.1000 serial #0P1470\\r\n0.1000 serial #0P1260\\r\n"
               "0.2000 serial #0P1470\\r\n0.2000 serial #0P1350\\r\n0.3000 serial #0P1470\\r\n"
-              "0.3000 serial #0P1260\\r\n0.4000 serial #0P1470\\r\n");
+              "0.3000 serial #0P1260\\r\n0.4000 serial #0P1470\\r\n0.4000 serial #0p1470\\r\n");
+}
+
+TEST_F(MotorTest, TheEndOfPlaybackStopsAMotorOfTiedNotes) {
+    SwitchOn();
+    Fields.NoteSilenceRatioSlider = 100;
+    P.SetSong({"Quarter C4 - -"});
+    P.Time.At(100, [&] { P.App.Playback.StopPlayButton_Click(); });
+    P.App.Playback.PlayAllButton_Click();
+    EXPECT_EQ(Commands(), "0.0000 serial #0P1350\\r\n0.4440 serial #0p1470\\r\n");
 }
 
 TEST_F(MotorTest, StoppingPlaybackIsHeardDuringANote) {

@@ -253,6 +253,7 @@ TEST_F(SynchroTest, StoppedBeforeThatToneEndsItNeverBegins) {
 
 TEST_F(SynchroTest, TheDelayIsTheBufferLessWhatTheStartTakes) {
     std::int32_t bufferMs = 93;
+    Fields.UseFMODCheckEnabled = true;
     SynchroPlay synchro({Fields, P.Time, P.Time, P.App.Wait, P.Boxes, P.App.Handlers, [] { return false; },
                          [&] { P.Timeline.Record(P.Time.Now(), "play"); }, [] {}, [&] { return bufferMs; }});
     synchro.chkStartInDelay = true;
@@ -275,6 +276,7 @@ TEST_F(SynchroTest, TheDelayIsTheBufferLessWhatTheStartTakes) {
 
 TEST_F(SynchroTest, ItCanBeStoppedDuringTheDelayToo) {
     bool played = false;
+    Fields.UseFMODCheckEnabled = true;
     SynchroPlay synchro({Fields, P.Time, P.Time, P.App.Wait, P.Boxes, P.App.Handlers, [] { return false; },
                          [&] { played = true; }, [] {}, [] { return 5'000; }});
     synchro.chkStartInDelay = true;
@@ -287,10 +289,15 @@ TEST_F(SynchroTest, ItCanBeStoppedDuringTheDelayToo) {
 }
 
 TEST_F(SynchroTest, TheDelayIsThereForThoseWhoHaveTheLibrary) {
-    Fields.UseFMODCheckEnabled = false;
     EXPECT_FALSE(Synchro.chkStartInDelayEnabled);
     Fields.UseFMODCheckEnabled = true;
     EXPECT_TRUE(Synchro.chkStartInDelayEnabled);
+    Fields.UseFMODCheckEnabled = false;
+    Synchro.chkStartInDelay = true;
+    SetTime("12", "0", "1");
+    Wait(1'100);
+    EXPECT_EQ(Tones(), "1.0000 speaker 262 Hz 386 ms\n")
+        << "without the library nobody is asked for its delay";
 }
 
 TEST_F(SynchroTest, ClosingItsWindowStopsTheWaiting) {
