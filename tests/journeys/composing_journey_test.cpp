@@ -19,8 +19,9 @@ struct Session : test::SimulatedProgram, SaveLoadView, ProcessEnd {
     explicit Session(const std::string& commandLine, const std::string& songOnDisk = {}) {
         if (!songOnDisk.empty())
             Disk.Put(Song, songOnDisk);
-        StartUp startUp({App.Fields, Time, Disk, Boxes, System, Speaker, App.Log,
-                         [this](const std::string& song) { App.Document.LoadFile(song); }, [](bool) {}},
+        StartUp startUp({App.Fields, Time, Disk, Boxes, System, Speaker, App.Fmod, App.Handlers, App.Log,
+                         [this](const std::string& song) { App.Document.LoadFile(song); }, [](bool) {},
+                         [this] { App.Motor.CheckForPort(); }},
                         {"/program", "/windows", commandLine});
         startUp.BeforeMainForm();
         startUp.AfterMainForm();

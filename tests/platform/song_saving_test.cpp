@@ -77,7 +77,7 @@ class SongSaving : public testing::Test {
     SongReader Reader{Fields, List, Disk, Boxes, Picker, Loading, Log};
     SongWriter Writer{Fields, List, Disk, Boxes, Picker, Log};
     Watched<bool> Modified;
-    SongDocument Document{{Fields, List, Reader, Writer, Boxes, Modified, [this] { Modified = false; },
+    SongDocument Document{{Fields, List, Reader, Writer, Disk, Boxes, Modified, [this] { Modified = false; },
                            [this] { Modified = true; }}};
     MainWindowEnabled View;
     SaveLoad Window{View, Document};

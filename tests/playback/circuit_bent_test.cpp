@@ -27,7 +27,7 @@ class CircuitBentTest : public testing::Test {
     test::SimulatedProgram P;
     MainFields Fields;
     ToneCode Code{Fields, P.Disk, "/program/tonecode.txt"};
-    ToneDispatcher Tones{Fields,  {P.Speaker, P.Outputs, P.Outputs, P.Outputs, P.Outputs},
+    ToneDispatcher Tones{Fields,  {P.Speaker, P.App.Motor, P.App.Fmod.Generator, P.Outputs, P.Outputs},
                          Code,    P.App.Wait,
                          P.Boxes, P.App.Log};
     CircuitBent Bending;

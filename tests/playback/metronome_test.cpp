@@ -163,8 +163,8 @@ TEST_F(MetronomeTest, OnAMutedSpeakerAClickOnTheButtonIsHeardInTheMiddleOfATone)
 
 TEST_F(MetronomeTest, OverMidiItClicksB5AndB4) {
     ToneCode code(Fields, P.Disk, "/code");
-    ToneDispatcher tones(Fields, {P.Speaker, P.Outputs, P.Outputs, P.Outputs, P.Outputs}, code, P.App.Wait,
-                         P.Boxes, P.App.Log);
+    ToneDispatcher tones(Fields, {P.Speaker, P.App.Motor, P.App.Fmod.Generator, P.Outputs, P.Outputs}, code,
+                         P.App.Wait, P.Boxes, P.App.Log);
     Metronome metronome(Fields, tones, code, P.Time, P.App.Wait, P.App.Log);
     Fields.UseMIDIOut = true;
     P.Time.At(600, [&] { metronome.MetronomeButton_Click(); });

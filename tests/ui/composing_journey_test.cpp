@@ -38,8 +38,9 @@ std::string Listen(test::UiProgram& p, const std::function<void()>& play, const 
 struct Reopened : test::UiProgram {
     explicit Reopened(const test::UiProgram& before) {
         Disk.Put(Song, before.Disk.Content(Song));
-        StartUp startUp({App.Fields, Time, Disk, Boxes, System, Speaker, App.Log,
-                         [this](const std::string& song) { App.Document.LoadFile(song); }, [](bool) {}},
+        StartUp startUp({App.Fields, Time, Disk, Boxes, System, Speaker, App.Fmod, App.Handlers, App.Log,
+                         [this](const std::string& song) { App.Document.LoadFile(song); }, [](bool) {},
+                         [this] { App.Motor.CheckForPort(); }},
                         {"/program", "/windows", "\"" + std::string(Song) + "\""});
         startUp.BeforeMainForm();
         startUp.AfterMainForm();

@@ -15,6 +15,7 @@
 #include "app/shutdown.h"
 #include "platform/console/console_boxes.h"
 #include "platform/linux/immediate_end.h"
+#include "platform/linux/notnormal_fmodex.h"
 #include "platform/linux/posix_files.h"
 #include "platform/linux/speaker/event_speaker.h"
 #include "platform/linux/system_clock.h"
@@ -23,6 +24,7 @@
 #include "platform/qt/qt_event_pump.h"
 #include "platform/qt/qt_serial_port.h"
 #include "platform/qt/qt_timers.h"
+#include "shell/seeded_random_numbers.h"
 #include "simulation/recorded_loading_view.h"
 #include "simulation/simulated_clipboard.h"
 #include "simulation/simulated_dialogs.h"
@@ -71,22 +73,22 @@ int main(int argc, char** argv) {
     SimulatedClipboard clipboard(noTime, timeline);
     RecordedLoadingView loading(noTime, timeline);
     QtSerialPort serialPort(arguments.size() > 1 ? arguments[1] : "");
+    SeededRandomNumbers random(1);
+    NOTNORMALfmodex library;
     AbsentOutputs absent;
     Program app({
         .Time = clock,
         .Pump = pump,
         .Ticks = timers,
+        .Random = random,
         .Boxes = boxes,
         .Picker = picker,
         .TextClipboard = clipboard,
         .Disk = files,
         .PcSpeaker = speaker,
         .Comm = serialPort,
-        .Generator = absent,
+        .Sound = library,
         .Midi = absent,
-        .Glide = absent,
-        .Singer = absent,
-        .Beat = absent,
         .Loading = loading,
         .LogFile = {},
         .ToneCodeFile = {},
