@@ -22,7 +22,12 @@ FMODOptionsForm::FMODOptionsForm(const WindowParts& parts, QWidget* owner)
             if (chosen == own)
                 option->setChecked(true);
         });
-        BindButton(button, parts.Handlers, [&generator, own = waveform] { generator.ChangeDSPType(own); });
+        // Assistive technology toggles without a click.
+        connect(button, &QRadioButton::toggled, this,
+                [&generator, &handlers = parts.Handlers, option = button, own = waveform](bool chosen) {
+                    if (chosen && generator.DSPType != own)
+                        RunHandler(*option, "Click", handlers, [&] { generator.ChangeDSPType(own); });
+                });
     }
     BindCheck(ui_->NeverSilentCheck, parts.Fmod.Options.NeverSilentCheck, parts.Handlers);
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "ui/mods_panel.h"
 
+#include <QAbstractItemView>
 #include <QCheckBox>
 #include <QGridLayout>
 #include <QLabel>
@@ -79,14 +80,22 @@ void ModsPanel::AddMotorSettings() {
     row->addWidget(slider, 1);
     auto* value = new QLabel(this);
     value->setObjectName("lblMotorOctValue");
-    ShowIn(value, parts_.Fields.MotorOct, [value](std::int32_t octaves) { value->setNum(octaves); });
+    ShowIn(value, parts_.Fields.MotorOct, [value](std::int32_t octaves) {
+        ShowReading(value, text::MotorOctaveCaption, QString::number(octaves));
+    });
     row->addWidget(value);
 
     auto* combo = new PortCombo(parts_.Motor, parts_.Handlers, this);
     combo->setObjectName("cmbMotorPort");
     combo->setAccessibleName(text::MotorPortCaption);
+    combo->view()->setAccessibleName(text::MotorPortCaption);
     combo->setToolTip(text::MotorPortTip);
     row->addWidget(combo);
+    // A combo box is read by its entry, and by its label, for which there is no room.
+    auto* caption = new QLabel(text::MotorPortCaption, this);
+    caption->setObjectName("lblMotorPort");
+    caption->setBuddy(combo);
+    caption->hide();
     grid_->addLayout(row, grid_->rowCount(), 0, 1, 2);
 }
 

@@ -33,6 +33,13 @@ TimingPanel::TimingPanel(const WindowParts& parts, QWidget* parent)
         ui_->MetronomeButton->setChecked(parts_.Fields.MetronomeIsOn);
         parts_.Clicks.MetronomeButton_Click();
     });
+    // Assistive technology toggles without a click. Later, when a click is over, the button is as it should
+    // be.
+    const auto followToggle = [this] {
+        if (ui_->MetronomeButton->isChecked() != parts_.Fields.MetronomeIsOn)
+            ui_->MetronomeButton->click();
+    };
+    connect(ui_->MetronomeButton, &QAbstractButton::toggled, this, followToggle, Qt::QueuedConnection);
     BindSlider(ui_->TimeSigSlider, fields.TimeSigSlider, parameter::TimeSig, "Change", handlers);
     BindLabel(ui_->lblTimeSig, fields.lblTimeSig);
     BindSlider(ui_->NoteSilenceRatioSlider, fields.NoteSilenceRatioSlider, parameter::NoteSilenceRatio,

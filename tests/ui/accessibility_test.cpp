@@ -100,6 +100,15 @@ TEST(Accessibility, AssistiveTechnologyCanWorkTheControls) {
     toggle("AddNote2Option");
     EXPECT_TRUE(fields.AddNote2Option);
     EXPECT_FALSE(fields.AddNote1Option);
+    toggle("optTriangle");
+    EXPECT_EQ(p.App.Fmod.Generator.DSPType, fmod_waveform::FallingSaw);
+    p.Time.At(500, [&] {
+        toggle("MetronomeButton");
+        QApplication::processEvents();
+    });
+    toggle("MetronomeButton");
+    QApplication::processEvents();
+    EXPECT_EQ(p.Timeline.Text("speaker"), "0.0000 speaker 1000 Hz 20 ms\n0.4400 speaker 500 Hz 20 ms\n");
     const auto write = [&](const QString& text) {
         QAccessible::queryAccessibleInterface(&p.Find<QWidget>("BPMText"))->setText(QAccessible::Value, text);
     };

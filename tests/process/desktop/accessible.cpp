@@ -76,9 +76,8 @@ std::vector<Accessible> Accessible::Children() const {
     return References(Call(AccessibleInterface, "GetChildren").value<QDBusArgument>());
 }
 
-std::vector<Accessible> Accessible::Labelled() const {
-    constexpr uint LabelFor = 1;
-    std::vector<Accessible> labelled;
+std::vector<Accessible> Accessible::Related(uint relation) const {
+    std::vector<Accessible> related;
     const auto relations = Call(AccessibleInterface, "GetRelationSet").value<QDBusArgument>();
     relations.beginArray();
     while (!relations.atEnd()) {
@@ -87,11 +86,11 @@ std::vector<Accessible> Accessible::Labelled() const {
         relations >> kind;
         const std::vector<Accessible> others = References(relations);
         relations.endStructure();
-        if (kind == LabelFor)
-            labelled.insert(labelled.end(), others.begin(), others.end());
+        if (kind == relation)
+            related.insert(related.end(), others.begin(), others.end());
     }
     relations.endArray();
-    return labelled;
+    return related;
 }
 
 QStringList Accessible::Actions() const {

@@ -33,8 +33,9 @@ class Accessible {
     QString Role() const;
     bool Has(AccessibleState state) const;
     std::vector<Accessible> Children() const;
-    /// The objects of which this one is said to be a label.
-    std::vector<Accessible> Labelled() const;
+    /// The objects of which this one is said to be a label, and those that are said to be labels of it.
+    std::vector<Accessible> Labelled() const { return Related(1); }
+    std::vector<Accessible> Labels() const { return Related(2); }
 
     /// What can be done with it, as "Press".
     QStringList Actions() const;
@@ -57,6 +58,7 @@ class Accessible {
     QDBusMessage Message(const char* interface, const char* method, const QVariantList& arguments) const;
     QVariant Call(const char* interface, const char* method, const QVariantList& arguments = {}) const;
     QVariant Property(const char* interface, const char* name) const;
+    std::vector<Accessible> Related(uint relation) const;
     Accessible Reference(const QDBusArgument& from) const;
     std::vector<Accessible> References(const QDBusArgument& from) const;
 
