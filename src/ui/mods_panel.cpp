@@ -29,9 +29,8 @@ ModsPanel::ModsPanel(const WindowParts& parts, QWidget* parent)
     grid_->setVerticalSpacing(2);
     for (const text::Mod* mod : text::Mods) {
         AddMod(*mod);
-        if (mod == &text::UseMotor) {
+        if (mod == &text::UseMotor)
             AddMotorSettings();
-        }
     }
 }
 
