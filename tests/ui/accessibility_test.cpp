@@ -161,6 +161,8 @@ TEST(Accessibility, NoTwoActionsShareAShortcutOrALetterOfTheirMenu) {
 
 TEST(Accessibility, TheTabKeyGoesThroughEveryControlInTheOrderOfReading) {
     test::UiProgram p;
+    p.App.Fields.UseFMODCheckEnabled = true;
+    p.App.Fields.UseVoiceCheckEnabled = true;
     std::vector<std::string> order = {"NoteClickPlayCheck",
                                       "NoteClickAddCheck",
                                       "AddNote1Option",
