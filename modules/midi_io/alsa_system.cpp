@@ -57,6 +57,7 @@ class AlsaSystem : public MidiSystem {
 
     // RtMidi says so itself when the sequencer takes no more.
     bool TakesMessage(std::size_t) override { return true; }
+    void LetMessagesLeave() override {}
 
   private:
     // For looking only: they never have a port.

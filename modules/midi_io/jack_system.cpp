@@ -84,12 +84,7 @@ class JackSystem : public MidiSystem {
     bool TakesMessage(std::size_t size) override {
         constexpr std::size_t RingSize = 16383;
         constexpr std::size_t HeadSize = sizeof(int);
-        constexpr std::uint64_t CyclesToLeave = 4;
-        const std::uint64_t now = cycles_;
-        while (!underWay_.empty() && now - underWay_.front().Cycle >= CyclesToLeave) {
-            bytesUnderWay_ -= underWay_.front().Bytes;
-            underWay_.pop_front();
-        }
+        const std::uint64_t now = ForgetWhatHasLeft();
         if (bytesUnderWay_ + HeadSize + size > RingSize)
             return false;
         if (underWay_.empty() || underWay_.back().Cycle != now)
@@ -99,11 +94,33 @@ class JackSystem : public MidiSystem {
         return true;
     }
 
+    void LetMessagesLeave() override {
+        constexpr auto Step = std::chrono::milliseconds(1);
+        constexpr int MostSteps = 500;
+        for (int step = 0; step < MostSteps && alive_; ++step) {
+            ForgetWhatHasLeft();
+            if (underWay_.empty())
+                return;
+            std::this_thread::sleep_for(Step);
+        }
+    }
+
   private:
     struct Sent {
         std::uint64_t Cycle;
         std::size_t Bytes;
     };
+
+    /// Gives the present cycle.
+    std::uint64_t ForgetWhatHasLeft() {
+        constexpr std::uint64_t CyclesToLeave = 4;
+        const std::uint64_t now = cycles_;
+        while (!underWay_.empty() && now - underWay_.front().Cycle >= CyclesToLeave) {
+            bytesUnderWay_ -= underWay_.front().Bytes;
+            underWay_.pop_front();
+        }
+        return now;
+    }
 
     static std::vector<std::string> Texts(const char** texts) {
         std::vector<std::string> result;

@@ -37,6 +37,9 @@ class MidiSystem {
 
     /// Whether a message of `size` bytes can be sent without waiting, which is then taken to happen.
     virtual bool TakesMessage(std::size_t size) = 0;
+
+    /// Waits until what was sent has left, as it is lost with the port it was sent to.
+    virtual void LetMessagesLeave() = 0;
 };
 
 /// Called from any thread when ports have vanished or the system has.

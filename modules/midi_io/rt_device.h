@@ -60,6 +60,7 @@ class RtDevice {
     void Close() {
         if (!isOpen_)
             return;
+        system_.LetMessagesLeave();
         rt_.reset();
         isOpen_ = false;
         own_.clear();

@@ -152,7 +152,7 @@ TEST_F(MotorTest, UntickedInTheMiddleOfANoteItStopsAtOnceAndOnlyTheTimeGoesOn) {
     EXPECT_EQ(P.Timeline.Text("serial"),
               "0.0000 serial open ttyUSB0\n0.0000 serial #0P1350\\r\n0.0500 serial #0P1470\\r\n"
               "0.0500 serial close\n");
-    EXPECT_EQ(P.Time.Now(), 300 * SimulatedTime::CountsPerMs);
+    EXPECT_EQ(P.Time.Now(), 215 * SimulatedTime::CountsPerMs);
 }
 
 TEST_F(MotorTest, TheLastWordsOfADyingProgramStopTheMotor) {
@@ -287,7 +287,7 @@ TEST_F(MotorTest, ComesBeforeMuteAndPortamentoAndWritesNoWaitingCode) {
     EXPECT_EQ(P.Disk.Content("/program/tonecode.txt"), "Beep         262,    100     'C4\r\n");
     Fields.UseMotorCheck = false;
     Beep("C4", 100);
-    EXPECT_EQ(P.Time.Now(), 215 * SimulatedTime::CountsPerMs) << "muted";
+    EXPECT_EQ(P.Time.Now(), 300 * SimulatedTime::CountsPerMs) << "muted";
     Fields.MutePCSpeaker = false;
     Beep("C4", 100);
     P.Time.RunUntil(400);

@@ -100,8 +100,10 @@ TEST(Accessibility, AssistiveTechnologyCanWorkTheControls) {
     toggle("AddNote2Option");
     EXPECT_TRUE(fields.AddNote2Option);
     EXPECT_FALSE(fields.AddNote1Option);
+    fields.UseFMODCheck = true;
     toggle("optTriangle");
     EXPECT_EQ(p.App.Fmod.Generator.DSPType, fmod_waveform::FallingSaw);
+    fields.UseFMODCheck = false;
     p.Time.At(500, [&] {
         toggle("MetronomeButton");
         QApplication::processEvents();

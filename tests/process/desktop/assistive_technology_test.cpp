@@ -55,7 +55,7 @@ std::vector<Control> ControlsOfTheMainWindow() {
         {"text", "BPM"},
         {"push button", "BPM up"},
         {"push button", "BPM down"},
-        {"push button", "Metronome"},
+        {"check box", "Metronome"},
         {"slider", "Time signature, in quarter-notes per bar"},
         {"slider", "Note/silence ratio in percent"},
         {"text", "Time between alternating notes in milliseconds"},
@@ -140,7 +140,7 @@ TEST_F(AssistiveTechnology, SwitchesTheMetronome) {
     constexpr int EmptyWavSize = 44;
     Program.Environment.insert("QUAVIX_SPEAKER", "wav:" + Program.File("heard.wav"));
     Program.Start({});
-    const Accessible metronome = Window.Find("push button", "Metronome");
+    const Accessible metronome = Window.Find("check box", "Metronome");
     EXPECT_EQ(Program.Content("heard.wav").size(), EmptyWavSize);
     metronome.Do("Toggle");
     EXPECT_TRUE(Window.WaitUntil([&] { return Program.Content("heard.wav").size() > EmptyWavSize; }));
