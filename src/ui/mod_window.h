@@ -14,8 +14,8 @@ class ModWindow : public QDialog {
     Q_OBJECT
 
   public:
-    /// Is shown, in front, while `visible` is true. Closing it sets `check` to false. Both values must outlive
-    /// its use.
+    /// Is shown, in front, while `visible` is true. Closing it sets `check` to false. Both values must
+    /// outlive its use.
     ModWindow(const Watched<bool>& visible, Watched<bool>& check, EventBoundary& handlers, QWidget* owner);
 
     /// What the Escape key does is the same as closing.

@@ -39,8 +39,8 @@ struct SpeakerMakers {
 std::unique_ptr<Speaker> ChooseSpeaker(const std::string& wanted, const SpeakerMakers& makers);
 
 /// The same with the speakers of this machine. Best called before the program starts threads, as the real PC
-/// speaker forks its guard. The sound card is opened meanwhile: the first tone and the first look at the status
-/// wait for it until 50 ms have passed since.
+/// speaker forks its guard. The sound card is opened meanwhile: the first tone and the first look at the
+/// status wait for it until 50 ms have passed since.
 std::unique_ptr<Speaker> ChooseSpeaker(const SpeakerChoice& choice);
 
 }  // namespace quavix
