@@ -34,6 +34,15 @@ class SoundEngineOn : public testing::Test {
         return E().System_Init(engine.Handle(), 2, 0, nullptr);
     }
 
+    /// The same where there is a server, which on a busy machine may turn a client away at first.
+    static SoundResult InitOnServer(const EngineSystem& engine) {
+        constexpr int MostTries = 5;
+        SoundResult result = Init(engine);
+        for (int i = 1; i < MostTries && result == SOUND_NO_OUTPUT; ++i)
+            result = Init(engine);
+        return result;
+    }
+
     JackServer server_;
 };
 
@@ -59,7 +68,7 @@ TEST_F(SoundEngineOn, AServerSoundsInTuneAtWhateverRateItRuns) {
         ASSERT_TRUE(server_.Start(rate));
         {
             EngineSystem engine;
-            ASSERT_EQ(Init(engine), SOUND_OK);
+            ASSERT_EQ(InitOnServer(engine), SOUND_OK);
             int told = 0;
             int outputs = 0;
             EXPECT_EQ(E().System_GetSoftwareFormat(engine.Handle(), &told, nullptr, &outputs, nullptr,
@@ -84,7 +93,7 @@ TEST_F(SoundEngineOn, AServerSoundsInTuneAtWhateverRateItRuns) {
 TEST_F(SoundEngineOn, AServerIsHeardAsLateAsTheBufferSizeSays) {
     ASSERT_TRUE(server_.Start());
     EngineSystem engine;
-    ASSERT_EQ(Init(engine), SOUND_OK);
+    ASSERT_EQ(InitOnServer(engine), SOUND_OK);
     SoundChannel* channel = engine.Play(engine.Oscillator(SOUND_SQUARE, 8000.0F), true);
     JackRecorder recorder;
     ASSERT_TRUE(recorder.ListenWhenThereIsSomething());
@@ -134,7 +143,7 @@ TEST_F(SoundEngineOn, AServerIsHeardAsLateAsTheBufferSizeSays) {
 TEST_F(SoundEngineOn, AServerThatIsStoppedAndStartedAgainLosesNothingButTheGap) {
     ASSERT_TRUE(server_.Start());
     EngineSystem engine;
-    ASSERT_EQ(Init(engine), SOUND_OK);
+    ASSERT_EQ(InitOnServer(engine), SOUND_OK);
     SoundUnit* unit = engine.Oscillator(SOUND_SQUARE, 8000.0F);
     SoundChannel* channel = engine.Play(unit);
     engine.Volume(channel, 0.18F);
@@ -176,8 +185,8 @@ TEST_F(SoundEngineOn, AServerPlaysTwoSystemsSideBySide) {
     EngineSystem tones;
     EngineSystem voice;
     const EngineSystem third;
-    ASSERT_EQ(Init(tones), SOUND_OK);
-    ASSERT_EQ(Init(voice), SOUND_OK);
+    ASSERT_EQ(InitOnServer(tones), SOUND_OK);
+    ASSERT_EQ(InitOnServer(voice), SOUND_OK);
     const auto play = [](const EngineSystem& engine, float hz) {
         SoundChannel* channel = engine.Play(engine.Oscillator(SOUND_SINE, hz));
         engine.Frequency(channel, 48000.0F);
@@ -205,7 +214,7 @@ TEST_F(SoundEngineOn, NoDeviceAtAllIsToldAndAnotherTryIsPossible) {
     SoundUnit* unit = nullptr;
     EXPECT_EQ(E().System_CreateDSPByType(engine.Handle(), SOUND_OSCILLATOR, &unit), SOUND_UNINITIALIZED);
     ASSERT_TRUE(server_.Start());
-    EXPECT_EQ(Init(engine), SOUND_OK);
+    EXPECT_EQ(InitOnServer(engine), SOUND_OK);
     engine.Play(engine.Unit(SOUND_OSCILLATOR));
 }
 
