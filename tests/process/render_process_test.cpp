@@ -39,6 +39,16 @@ TEST_F(RenderProgram, WritesASongAndExitsWith0) {
     EXPECT_EQ(Errors(), "") << "no progress where nobody sees it";
 }
 
+TEST_F(RenderProgram, WritesTheOutputsOfTheSoundEngineThatLiesBesideIt) {
+    for (const char* output : {"fmod", "fmod --waveform noise", "voice"}) {
+        EXPECT_EQ(Run(fmt::format("TMPDIR=$PWD $render --output {} song out.wav", output)), 0) << Errors();
+        EXPECT_EQ(test::ReadWavFile(Folder.File("out.wav"))->Frames(), 510 * 48U);
+        EXPECT_EQ(Errors(), "");
+    }
+    EXPECT_EQ(Folder.EntryCount(), 4)
+        << "two songs, the sound and the errors: nothing of the engine's is left";
+}
+
 TEST_F(RenderProgram, WritesToStandardOutputWithTrueSizes) {
     EXPECT_EQ(Run("$render song - | cat >out.wav"), 0);
     const auto sound = test::ReadWavFile(Folder.File("out.wav"));
