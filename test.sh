@@ -18,9 +18,6 @@ step "Release build"
 cmake --preset release -DQUAVIX_TESTS=ON -DQUAVIX_BENCH=ON >/dev/null
 cmake --build --preset release -- --quiet
 
-step "Lint"
-packaging/lint.sh
-
 step "Sanitizer build"
 cmake --preset asan >/dev/null
 cmake --build --preset asan -- --quiet
@@ -32,7 +29,7 @@ for fuzzer in build/fuzz/bin/quavix-fuzz-*; do
     subject=${fuzzer##*quavix-fuzz-}
     # New finds go to a folder of the build, the seeds stay as they are.
     mkdir -p "build/fuzz/found/$subject"
-    "$fuzzer" -max_total_time=30 -verbosity=0 -print_final_stats=1 -dict="fuzz/$subject.dict" \
+    "$fuzzer" -max_total_time=15 -verbosity=0 -print_final_stats=1 -dict="fuzz/$subject.dict" \
         "build/fuzz/found/$subject" "fuzz/corpus/$subject" 2>build/fuzz/fuzz.log ||
         { tail -n 50 build/fuzz/fuzz.log; exit 1; }
     grep number_of_executed_units build/fuzz/fuzz.log

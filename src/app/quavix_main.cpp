@@ -111,6 +111,8 @@ int main(int argc, char** argv) {
             if (!app.Document.MayClose())
                 return;
             recovery.GiveUpUnsaved();
+            // What can't be released stands in the log; the end is not held up by it.
+            boxes.AnswerThemselves();
             shutdown.CloseProgram();
         });
     };

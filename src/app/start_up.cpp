@@ -89,7 +89,7 @@ void StartUp::LoadCommandLineSong() {
 
 void StartUp::StartFmod() {
     p_.Fmod.CheckAvailability(facts_.ProgramFolder);
-    p_.Fmod.StartEngine();
+    p_.Fmod.Errors.ShowTogether([this] { p_.Fmod.StartEngine(); });
 }
 
 }  // namespace quavix

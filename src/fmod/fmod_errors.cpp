@@ -107,8 +107,30 @@ bool FmodErrors::ERRCHECK(SoundLibrary::Result result) {
         return true;
     const char* text = FmodErrorText(result);
     log_.Text("ERRCHECK() found FMOD error {} ({})", result, text);
-    boxes_.Show({.Title = program::Title, .Text = fmt::format("FMOD error! ({}) {}", result, text)});
+    const std::string message = fmt::format("FMOD error! ({}) {}", result, text);
+    if (isGathering_)
+        together_ += (together_.empty() ? "" : "\n") + message;
+    else
+        boxes_.Show({.Title = program::Title, .Text = message});
     return false;
+}
+
+void FmodErrors::ShowTogether(const std::function<void()>& body) {
+    together_.clear();
+    isGathering_ = true;
+    try {
+        body();
+    } catch (...) {
+        TellTogether();
+        throw;
+    }
+    TellTogether();
+}
+
+void FmodErrors::TellTogether() {
+    isGathering_ = false;
+    if (!together_.empty())
+        boxes_.Tell({.Title = program::Title, .Text = together_});
 }
 
 void FmodErrors::RequireVersion(std::uint32_t version, const char* word) {

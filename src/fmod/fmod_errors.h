@@ -2,6 +2,8 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
+#include <string>
 
 #include "ports/message_boxes.h"
 #include "ports/sound_library.h"
@@ -25,13 +27,21 @@ class FmodErrors {
     /// it was 0.
     bool ERRCHECK(SoundLibrary::Result result);
 
+    /// Runs `body`, and then shows everything that ERRCHECK() was to show meanwhile in one message, which
+    /// holds nothing up: on a machine without sound each step of a start fails after the first.
+    void ShowTogether(const std::function<void()>& body);
+
     /// Shows a message where the library's version is not the required one, be it older or newer. `word` is
     /// "Version" or "version".
     void RequireVersion(std::uint32_t version, const char* word);
 
   private:
+    void TellTogether();
+
     MessageBoxes& boxes_;
     DebugLog& log_;
+    std::string together_;
+    bool isGathering_ = false;
 };
 
 }  // namespace quavix

@@ -119,6 +119,23 @@ TEST(StartUp, StartsTheSoundLibraryThatLiesBesideTheProgram) {
     EXPECT_FALSE(p.App.Fmod.Singer.IsLoaded()) << "only when it is wanted";
 }
 
+TEST(StartUp, AMachineWithoutSoundIsToldOfInOneMessage) {
+    Started p;
+    p.Disk.Put("/program/logenable", "");
+    p.Disk.Put("/program/FMODex.dll", "a library");
+    p.Library.Fail("FMOD_System_Init", 61);
+    p.Library.Fail("FMOD_System_PlayDSP", 78);
+    p.Start("");
+    EXPECT_EQ(
+        p.Boxes.Shown().back().Text,
+        "FMOD error! (61) Error initializing output device. \n"
+        "FMOD error! (78) This command failed because System::init or System::setDriver was not called. ");
+    EXPECT_EQ(p.Boxes.Shown().size(), 2u) << "that, and the notice of the log";
+    EXPECT_NE(p.LogText().find("ERRCHECK() found FMOD error 61 (Error initializing output device. )\n"),
+              std::string::npos);
+    EXPECT_NE(p.LogText().find("ERRCHECK() found FMOD error 78 ("), std::string::npos);
+}
+
 TEST(StartUp, ASoundLibraryThatMakesAnErrorDoesNotKeepTheRestFromStarting) {
     Started p;
     p.Disk.Put("/program/FMODex.dll", "a library");
