@@ -3,30 +3,23 @@
 
 #include <filesystem>
 #include <fstream>
-#include <sched.h>
 #include <stdexcept>
 #include <string>
 #include <sys/mount.h>
-#include <unistd.h>
 
+#include "support/own_mounts.h"
 #include "support/temporary_folder.h"
 
 namespace quavix::test {
 
 /// A disk of a few hundred kilobytes that only this process and its children see, for as long as they live.
 ///
-/// Making one takes the superuser, or a system that lets everybody have namespaces; the latter only before
-/// the process has threads. Throws std::runtime_error otherwise.
+/// Making one takes and throws what HaveOwnMounts() does.
 class SmallDisk {
   public:
     SmallDisk() {
-        if (const uid_t user = ::geteuid(); user != 0) {
-            if (::unshare(CLONE_NEWUSER) != 0)
-                throw std::runtime_error("nobody but the superuser may mount a disk here");
-            std::ofstream("/proc/self/uid_map") << "0 " << user << " 1";
-        }
-        if (::unshare(CLONE_NEWNS) != 0 || ::mount("none", "/", nullptr, MS_REC | MS_PRIVATE, nullptr) != 0 ||
-            ::mount("none", folder_.Path().c_str(), "tmpfs", 0, "size=256k") != 0)
+        HaveOwnMounts();
+        if (::mount("none", folder_.Path().c_str(), "tmpfs", 0, "size=256k") != 0)
             throw std::runtime_error("a disk can't be mounted here");
     }
     ~SmallDisk() { ::umount2(folder_.Path().c_str(), MNT_DETACH); }
