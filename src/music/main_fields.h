@@ -47,6 +47,8 @@ struct MainFields {
     bool UseCircuitBent = false;
     bool UseWriteCode = false;
     Watched<bool> MusicIsPlaying;
+    /// The synchronized start waits for its time, or plays what it has started.
+    Watched<bool> StartIsAwaited;
     bool ShuttingDown = false;
     /// Octaves between the played notes and the motor's range.
     Watched<std::int32_t> MotorOct{parameter::MotorOct.Default};

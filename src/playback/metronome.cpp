@@ -29,11 +29,16 @@ class SetMeanwhile {
 Metronome::Metronome(MainFields& fields, ToneDispatcher& tones, ToneCode& code, Clock& time, Waiting& wait,
                      DebugLog& log)
     : fields_(fields), tones_(tones), code_(code), time_(time), wait_(wait), log_(log) {
-    fields_.MusicIsPlaying.Watch([this](bool playing) {
-        fields_.MetronomeButtonEnabled = !playing;
-        if (playing && fields_.MetronomeIsOn)
-            SwitchOff();
-    });
+    fields_.MusicIsPlaying.Watch([this](bool) { MakeWay(); });
+    fields_.StartIsAwaited.Watch([this](bool) { MakeWay(); });
+}
+
+/// Clicks in the middle of music would hold it up, and in the middle of the wait for its start too.
+void Metronome::MakeWay() {
+    const bool isFree = !fields_.MusicIsPlaying && !fields_.StartIsAwaited;
+    fields_.MetronomeButtonEnabled = isFree;
+    if (!isFree && fields_.MetronomeIsOn)
+        SwitchOff();
 }
 
 void Metronome::MetronomeButton_Click() {

@@ -14,9 +14,9 @@
 namespace quavix {
 
 /// Clicks at the tempo against an absolute timetable, higher on the first beat of each bar. A new tempo holds
-/// from the next beat on. Music that starts to play switches it off, and while music plays its button is
-/// disabled: both have the thread for themselves. Watches the fields for as long as they live, and must live
-/// as long.
+/// from the next beat on. Music that starts to play, or a wait for its synchronized start, switches it off,
+/// and its button is disabled meanwhile: each wants the thread for itself. Watches the fields for as long as
+/// they live, and must live as long.
 class Metronome {
   public:
     Metronome(MainFields& fields, ToneDispatcher& tones, ToneCode& code, Clock& time, Waiting& wait,
@@ -39,6 +39,7 @@ class Metronome {
         Currency NextBeat() const;
     };
 
+    void MakeWay();
     void Run();
     void Click(const Timetable& timetable);
     void NextBeatInBar(Timetable& timetable) const;

@@ -40,13 +40,13 @@ void SynchroPlay::UseSynchroCheck_Click(bool ticked) {
     p_.Ticks.Stop(std::exchange(currentUpdateTimer_, 0));
     if (ticked) {
         const auto wanted = WantedTime();
-        if (!currentlyWaiting_ && (!wanted || TimeKey(*wanted) <= TimeKey(p_.Time.LocalTime())))
+        if (!p_.Fields.StartIsAwaited && (!wanted || TimeKey(*wanted) <= TimeKey(p_.Time.LocalTime())))
             SuggestTime();
         ShowCurrentTime();
         constexpr std::int32_t UpdateMs = 100;
         currentUpdateTimer_ = p_.Ticks.Start(
             UpdateMs, [this] { p_.Handlers.Run("CurrentUpdateTimer_Timer", [this] { ShowCurrentTime(); }); });
-    } else if (currentlyWaiting_ && shouldBeNotWaiting_) {
+    } else if (p_.Fields.StartIsAwaited && shouldBeNotWaiting_) {
         StopWaiting();  // the window is gone that could stop it; music that plays already goes on
     }
 }
@@ -66,7 +66,7 @@ void SynchroPlay::ShowCurrentTime() {
 void SynchroPlay::btnWait_Click() {
     if (!btnWaitEnabled)
         return;
-    if (currentlyWaiting_)
+    if (p_.Fields.StartIsAwaited)
         StopWaiting();
     else
         StartWaiting();
@@ -84,7 +84,7 @@ void SynchroPlay::StartWaiting() {
     }
     lblWaiting = "Currently waiting";
     lblWaitingBackColor = colour::Red;
-    currentlyWaiting_ = true;
+    p_.Fields.StartIsAwaited = true;
     ++waitNumber_;
     btnWaitCaption = "Stop waiting";
     TimeBoxesEnabled = false;
@@ -104,7 +104,7 @@ void SynchroPlay::StartWaiting() {
 
 void SynchroPlay::StopWaiting() {
     p_.Ticks.Stop(std::exchange(startTimer_, 0));
-    currentlyWaiting_ = false;
+    p_.Fields.StartIsAwaited = false;
     shouldBeNotWaiting_ = true;
     ++waitNumber_;
     lblWaiting = "Currently NOT waiting";
@@ -176,7 +176,7 @@ void SynchroPlay::ReenableWaitButton() {
 
 /// Waiting started in the middle of music would hold it up.
 void SynchroPlay::EnableWaitButton() {
-    btnWaitEnabled = shouldBeNotWaiting_ && (currentlyWaiting_ || !p_.Fields.MusicIsPlaying);
+    btnWaitEnabled = shouldBeNotWaiting_ && (p_.Fields.StartIsAwaited || !p_.Fields.MusicIsPlaying);
 }
 
 std::optional<TimeOfDay> SynchroPlay::WantedTime() const {

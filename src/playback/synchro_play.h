@@ -64,7 +64,7 @@ class SynchroPlay : public SynchronizedStart {
     /// started goes on, it does nothing.
     void btnWait_Click();
 
-    bool CurrentlyWaiting() const override { return currentlyWaiting_; }
+    bool CurrentlyWaiting() const override { return p_.Fields.StartIsAwaited; }
     void WaitButtonClick() override { btnWait_Click(); }
     bool ShouldBeNotWaiting() const override { return shouldBeNotWaiting_; }
     void ReenableWaitButton() override;
@@ -85,7 +85,6 @@ class SynchroPlay : public SynchronizedStart {
     bool WaitSlice(std::int64_t waitNumber);
 
     SynchroParts p_;
-    bool currentlyWaiting_ = false;
     bool shouldBeNotWaiting_ = true;
     /// Each waiting has its number, so that one that was stopped doesn't take the next for its own.
     std::int64_t waitNumber_ = 0;

@@ -141,6 +141,29 @@ TEST_F(MetronomeTest, PlayAllSwitchesItOffFirst) {
     EXPECT_FALSE(Fields.MetronomeIsOn);
 }
 
+TEST_F(MetronomeTest, AWaitForTheSynchronizedStartSwitchesItOffAndIsNotHeldUp) {
+    P.SetSong({"Quarter A4 - -"});
+    P.App.Playback.OnRangeEnd = [this] { P.App.Playback.StopPlayButton_Click(); };
+    P.App.Synchro.txtHour.Text = "12";
+    P.App.Synchro.txtMinute.Text = "0";
+    P.App.Synchro.txtSecond.Text = "2";
+    bool enabledDuring = true;
+    P.Time.At(700, [this] { P.App.Synchro.btnWait_Click(); });
+    P.Time.At(1500, [&] { enabledDuring = Fields.MetronomeButtonEnabled; });
+    P.App.Clicks.MetronomeButton_Click();
+    EXPECT_EQ(Tones(),
+              "0.0000 speaker 1000 Hz 20 ms\n0.5000 speaker 500 Hz 20 ms\n2.0000 speaker 440 Hz 450 ms\n");
+    EXPECT_FALSE(enabledDuring);
+    EXPECT_TRUE(Fields.MetronomeButtonEnabled);
+}
+
+TEST_F(MetronomeTest, AWaitThatIsStoppedGivesTheButtonBack) {
+    P.App.Synchro.txtHour.Text = "13";
+    P.Time.At(100, [this] { P.App.Synchro.btnWait_Click(); });
+    P.App.Synchro.btnWait_Click();
+    EXPECT_TRUE(Fields.MetronomeButtonEnabled);
+}
+
 TEST_F(MetronomeTest, PlayingLogsThatItIsOff) {
     P.SetSong({"1/16 - - -"});
     P.App.Playback.OnRangeEnd = [this] { P.App.Playback.StopPlayButton_Click(); };
