@@ -107,8 +107,8 @@ TEST_F(CircuitBentTest, OnAMutedSpeakerBurstsDoNotPileUp) {
     Fields.UseCircuitBentCheck = true;
     P.Time.RunUntil(239);
     const std::string code = P.Disk.Content("/program/tonecode.txt");
-    EXPECT_EQ(std::count(code.begin(), code.end(), '\''), 15) << "one after the other in 225 ms";
-    EXPECT_EQ(P.Time.Now(), 240 * SimulatedTime::CountsPerMs);
+    EXPECT_EQ(std::count(code.begin(), code.end(), '\''), 30) << "each after the other, in 450 ms";
+    EXPECT_EQ(P.Time.Now(), 465 * SimulatedTime::CountsPerMs);
 }
 
 TEST_F(CircuitBentTest, UntickedInTheMiddleOfABurstItStops) {
