@@ -27,7 +27,7 @@ class CircuitBentTest : public testing::Test {
     test::SimulatedProgram P;
     MainFields Fields;
     ToneCode Code{Fields, P.Disk, "/program/tonecode.txt"};
-    ToneDispatcher Tones{Fields,  {P.Speaker, P.App.Motor, P.App.Fmod.Generator, P.Outputs, P.Outputs},
+    ToneDispatcher Tones{Fields,  {P.Speaker, P.App.Motor, P.App.Fmod.Generator, P.App.MidiOut, P.Outputs},
                          Code,    P.App.Wait,
                          P.Boxes, P.App.Log};
     CircuitBent Bending;
@@ -86,7 +86,7 @@ TEST_F(CircuitBentTest, TheNumbersReachFromTheLowestNoteToTheHighest) {
 }
 
 TEST_F(CircuitBentTest, OverMidiABurstIsFifteenPairsOfNoteOnAndNoteOff) {
-    Fields.UseMIDIOut = true;
+    P.OpenMidiOut();
     Fields.UseCircuitBentCheck = true;
     P.Time.RunUntil(20);
     std::string expected;
@@ -94,8 +94,8 @@ TEST_F(CircuitBentTest, OverMidiABurstIsFifteenPairsOfNoteOnAndNoteOff) {
     for (const std::int32_t midi : ExpectedNotes(15)) {
         // Of an octave with two digits, only the last one counts.
         const std::int32_t sent = midi < 120 ? midi : midi - 120;
-        expected +=
-            fmt::format("0.{:03}0 midi on {}\n0.{:03}0 midi off {} channel -1\n", ms, sent, ms + 15, sent);
+        expected += fmt::format("0.{:03}0 midi out 90 {:02X} 60\n0.{:03}0 midi out 80 {:02X} 00\n", ms, sent,
+                                ms + 15, sent);
         ms += 15;
     }
     EXPECT_EQ(P.Timeline.Text("midi"), expected);
