@@ -4,6 +4,7 @@
 #include <string>
 
 #include "fmod/sound_mods.h"
+#include "midi/control_installer.h"
 #include "midi/midi_notes.h"
 #include "midi/midi_output.h"
 #include "music/edit_history.h"
@@ -96,7 +97,9 @@ class Program {
           Motor({Fields, ports.Comm, Wait, ports.Boxes, Handlers, Log}),
           Fmod({Fields, ports.Sound, ports.Random, ports.Ticks, ports.Disk, ports.Boxes, Wait, Handlers, Log,
                 [this](const std::string& text) { Motor.SendString(text); }}),
-          MidiOut({Fields, ports.MidiOutDevices, Wait, Log}),
+          Controls({Fields, ports.Disk, ports.Batches, ports.TextClipboard, ports.Boxes, Wait, Log,
+                    ports.ProgramFolder, ports.WinFolder}),
+          MidiOut({Fields, ports.MidiOutDevices, Controls, Wait, ports.Boxes, Handlers, Log}),
           Tones(Fields, {ports.PcSpeaker, Motor, Fmod.Generator, MidiOut, Glide}, Code, Wait, ports.Boxes,
                 Log),
           Kick(Fields, Position, Tones, ports.Boxes, Handlers, Log),
@@ -139,6 +142,7 @@ class Program {
     PitchGlide Glide;
     MotorModModule Motor;
     SoundMods Fmod;
+    ControlInstaller Controls;
     MidiOutput MidiOut;
     ToneDispatcher Tones;
     Beat Kick;
@@ -154,6 +158,12 @@ class Program {
     SongWriter Writer;
     SongChanges Changes;
     SongDocument Document;
+
+    /// Closes the MIDI devices that are open, for the program's end.
+    void ReleaseMidi() {
+        if (Fields.MIDIOutIsOpen)
+            MidiOut.CloseOutputDevice();
+    }
 
   private:
     /// The labels belong to the music while it plays.

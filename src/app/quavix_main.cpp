@@ -117,6 +117,7 @@ int main(int argc, char** argv) {
     shutdown.OnShutDown([&] { app.Motor.Stop(); });
     shutdown.OnShutDown([&] { recovery.End(); });
     shutdown.OnShutDown([&] { app.Fmod.Engine.Stop(); });
+    shutdown.OnShutDown([&] { app.ReleaseMidi(); });
     closeProgram = [&] {
         boxes.AnswerThemselves();
         shutdown.CloseProgram();

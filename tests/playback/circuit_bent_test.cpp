@@ -87,6 +87,7 @@ TEST_F(CircuitBentTest, TheNumbersReachFromTheLowestNoteToTheHighest) {
 
 TEST_F(CircuitBentTest, OverMidiABurstIsFifteenPairsOfNoteOnAndNoteOff) {
     P.OpenMidiOut();
+    Fields.UseMIDIOut = true;
     Fields.UseCircuitBentCheck = true;
     P.Time.RunUntil(20);
     std::string expected;

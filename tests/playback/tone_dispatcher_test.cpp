@@ -186,7 +186,7 @@ TEST_F(UniBeepTest, LogsTheMidiSectionIndented) {
     Beep("A4", 10);
     EXPECT_NE(
         P.LogText().find(
-            "        UseMIDIOut section 1 START\n            MIDINoteOn(57)\n        UseMIDIOut section 1 END\n\n"),
+            "        UseMIDIOut section 1 START\n        MIDINoteOn(57)\n        UseMIDIOut section 1 END\n\n"),
         std::string::npos);
 }
 
