@@ -6,11 +6,11 @@
 
 #include <fmt/format.h>
 
+#include "app/absent_midi.h"
 #include "app/program.h"
 #include "shell/runtime_error.h"
 #include "shell/seeded_random_numbers.h"
 #include "simulation/recorded_loading_view.h"
-#include "simulation/recorded_outputs.h"
 #include "simulation/recorded_sound_library.h"
 #include "simulation/simulated_clipboard.h"
 #include "simulation/simulated_dialogs.h"
@@ -73,7 +73,7 @@ struct FuzzedProgram {
     SimulatedSpeaker Speaker{Time, Timeline};
     SeededRandomNumbers Random{0};
     SimulatedSerialPort Comm{Time, Timeline};
-    RecordedOutputs Outputs{Time, Timeline};
+    AbsentMidi Absent;
     RecordedSoundLibrary Library{Time, Timeline};
     RecordedLoadingView Loading{Time, Timeline};
     Program App{{
@@ -88,8 +88,13 @@ struct FuzzedProgram {
         .PcSpeaker = Speaker,
         .Comm = Comm,
         .Sound = Library,
-        .Midi = Outputs,
+        .MidiOutDevices = Absent.Out,
+        .MidiInDevices = Absent.In,
+        .MidiFiles = Absent.Reader,
+        .Batches = Absent.Batches,
         .Loading = Loading,
+        .ProgramFolder = {},
+        .WinFolder = {},
         .LogFile = "log",
         .ToneCodeFile = "tonecode",
     }};

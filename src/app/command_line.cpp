@@ -20,9 +20,17 @@ std::optional<std::string> AnswerToOption(const std::vector<std::string>& argume
                "\n"
                "  --help     show this text and exit\n"
                "  --version  show the version and exit\n"
+               "  --register CONTROL\n"
+               "             register a control file (.ocx), as is done when it is first needed, and exit\n"
                "\n"
                "QUAVIX_SPEAKER chooses what the tones sound on: evdev[:PATH], soundcard, silent or "
                "wav:PATH.\n";
+    return std::nullopt;
+}
+
+std::optional<std::string> ControlToRegister(const std::vector<std::string>& arguments) {
+    if (arguments.size() == 2 && arguments.front() == "--register")
+        return arguments.back();
     return std::nullopt;
 }
 

@@ -4,7 +4,9 @@
 #include <string>
 
 #include "fmod/sound_mods.h"
+#include "midi/control_installer.h"
 #include "midi/midi_notes.h"
+#include "midi/midi_output.h"
 #include "music/edit_history.h"
 #include "music/line_clipboard.h"
 #include "music/list_editing.h"
@@ -24,12 +26,15 @@
 #include "playback/synchro_play.h"
 #include "playback/tone_code.h"
 #include "playback/tone_dispatcher.h"
+#include "ports/batch_files.h"
 #include "ports/clipboard.h"
 #include "ports/clock.h"
 #include "ports/event_pump.h"
 #include "ports/file_picker.h"
 #include "ports/files.h"
 #include "ports/message_boxes.h"
+#include "ports/midi_devices.h"
+#include "ports/midi_file_reader.h"
 #include "ports/playback_parts.h"
 #include "ports/random_numbers.h"
 #include "ports/serial_port.h"
@@ -61,8 +66,15 @@ struct ProgramPorts {
     Speaker& PcSpeaker;
     SerialPort& Comm;
     SoundLibrary& Sound;
-    MidiNotes& Midi;
+    MidiOutPort& MidiOutDevices;
+    MidiInPort& MidiInDevices;
+    MidiFileReader& MidiFiles;
+    BatchFiles& Batches;
     LoadingView& Loading;
+    /// The folder of the executable and of what it ships with.
+    std::string ProgramFolder;
+    /// The folder for what is installed on first use.
+    std::string WinFolder;
     /// Where the debug log and the tone code go while they are switched on.
     std::string LogFile;
     std::string ToneCodeFile;
@@ -85,7 +97,10 @@ class Program {
           Motor({Fields, ports.Comm, Wait, ports.Boxes, Handlers, Log}),
           Fmod({Fields, ports.Sound, ports.Random, ports.Ticks, ports.Disk, ports.Boxes, Wait, Handlers, Log,
                 [this](const std::string& text) { Motor.SendString(text); }}),
-          Tones(Fields, {ports.PcSpeaker, Motor, Fmod.Generator, ports.Midi, Glide}, Code, Wait, ports.Boxes,
+          Controls({Fields, ports.Disk, ports.Batches, ports.TextClipboard, ports.Boxes, Wait, Log,
+                    ports.ProgramFolder, ports.WinFolder}),
+          MidiOut({Fields, ports.MidiOutDevices, Controls, Wait, ports.Boxes, Handlers, Log}),
+          Tones(Fields, {ports.PcSpeaker, Motor, Fmod.Generator, MidiOut, Glide}, Code, Wait, ports.Boxes,
                 Log),
           Kick(Fields, Position, Tones, ports.Boxes, Handlers, Log),
           Clicks(Fields, Tones, Code, ports.Time, Wait, Log),
@@ -127,6 +142,8 @@ class Program {
     PitchGlide Glide;
     MotorModModule Motor;
     SoundMods Fmod;
+    ControlInstaller Controls;
+    MidiOutput MidiOut;
     ToneDispatcher Tones;
     Beat Kick;
     Metronome Clicks;
@@ -141,6 +158,12 @@ class Program {
     SongWriter Writer;
     SongChanges Changes;
     SongDocument Document;
+
+    /// Closes the MIDI devices that are open, for the program's end.
+    void ReleaseMidi() {
+        if (Fields.MIDIOutIsOpen)
+            MidiOut.CloseOutputDevice();
+    }
 
   private:
     /// The labels belong to the music while it plays.

@@ -4,7 +4,6 @@
 #include <functional>
 #include <memory>
 
-#include "app/absent_outputs.h"
 #include "app/command_line.h"
 #include "app/program.h"
 #include "app/shutdown.h"
@@ -14,15 +13,20 @@
 #include "platform/linux/linux_processes.h"
 #include "platform/linux/notnormal_fmodex.h"
 #include "platform/linux/posix_files.h"
+#include "platform/linux/register_control.h"
+#include "platform/linux/shell_batch_files.h"
 #include "platform/linux/speaker/choose_speaker.h"
 #include "platform/linux/system_clock.h"
 #include "platform/linux/system_random_numbers.h"
 #include "platform/linux/termination_signals.h"
 #include "platform/linux/user_folders.h"
+#include "platform/modules/module_midi_devices.h"
+#include "platform/modules/module_midi_file_reader.h"
 #include "platform/qt/qt_application.h"
 #include "platform/qt/qt_clipboard.h"
 #include "platform/qt/qt_event_pump.h"
 #include "platform/qt/qt_file_picker.h"
+#include "platform/qt/qt_handle_watch.h"
 #include "platform/qt/qt_message_boxes.h"
 #include "platform/qt/qt_serial_port.h"
 #include "platform/qt/qt_timers.h"
@@ -39,6 +43,14 @@ int main(int argc, char** argv) {
     if (const auto answer = AnswerToOption({argv + 1, argv + argc})) {
         std::fputs(answer->c_str(), stdout);
         return EXIT_SUCCESS;
+    }
+
+    if (const auto control = ControlToRegister({argv + 1, argv + argc})) {
+        std::string problem;
+        if (RegisterControl(*control, problem))
+            return EXIT_SUCCESS;
+        std::fputs((problem + "\n").c_str(), stderr);
+        return EXIT_FAILURE;
     }
 
     // The speaker comes first, as the real one forks its guard, which wants a process without threads. A
@@ -66,7 +78,13 @@ int main(int argc, char** argv) {
     SystemRandomNumbers random;
     QtSerialPort serialPort(SerialPortFromEnvironment());
     NOTNORMALfmodex soundLibrary;
-    AbsentOutputs absent;
+    // The controls are loaded when they are first needed, by when they have been put in place.
+    const std::string winFolder = WinFolderFromEnvironment();
+    const std::string systemFolder = FileInFolder(winFolder, "system32");
+    QtHandleWatch handleWatch;
+    ModuleMidiDevices midi(FileInFolder(systemFolder, "midiio32.ocx"), handleWatch);
+    ModuleMidiFileReader midiFiles(FileInFolder(systemFolder, "midifl32.ocx"));
+    ShellBatchFiles batches;
     SaveLoadForm saveLoad(clock);
 
     Program app({
@@ -81,8 +99,13 @@ int main(int argc, char** argv) {
         .PcSpeaker = *speaker,
         .Comm = serialPort,
         .Sound = soundLibrary,
-        .Midi = absent,
+        .MidiOutDevices = midi.Out(),
+        .MidiInDevices = midi.In(),
+        .MidiFiles = midiFiles,
+        .Batches = batches,
         .Loading = saveLoad,
+        .ProgramFolder = folder,
+        .WinFolder = winFolder,
         .LogFile = FileInFolder(folder, "debuglog.txt"),
         .ToneCodeFile = FileInFolder(folder, "tonecode.txt"),
     });
@@ -94,6 +117,7 @@ int main(int argc, char** argv) {
     shutdown.OnShutDown([&] { app.Motor.Stop(); });
     shutdown.OnShutDown([&] { recovery.End(); });
     shutdown.OnShutDown([&] { app.Fmod.Engine.Stop(); });
+    shutdown.OnShutDown([&] { app.ReleaseMidi(); });
     closeProgram = [&] {
         boxes.AnswerThemselves();
         shutdown.CloseProgram();
@@ -104,7 +128,7 @@ int main(int argc, char** argv) {
                      [&](const std::string& song) { app.Document.LoadFile(song); },
                      [&](bool songIsLoaded) { recovery.OfferLeftovers(songIsLoaded); },
                      [&] { app.Motor.CheckForPort(); }},
-                    {folder, WinFolderFromEnvironment(), CommandText(application.Arguments())});
+                    {folder, winFolder, CommandText(application.Arguments())});
     app.Handlers.Run("MainForm_Load", [&] { startUp.BeforeMainForm(); });
     const auto close = [&] {
         app.Handlers.Run("MainForm_QueryUnload", [&] {

@@ -5,7 +5,7 @@
 #include <span>
 #include <utility>
 
-#include "app/absent_outputs.h"
+#include "app/absent_midi.h"
 #include "app/absent_serial_port.h"
 #include "app/engine_recording.h"
 #include "app/program.h"
@@ -150,7 +150,7 @@ void SongRenderer::Render(const RenderOptions& options, std::ostream& out) {
     NoFilePicker picker;
     NoClipboard clipboard;
     AbsentSerialPort serialPort;
-    AbsentOutputs absent;
+    AbsentMidi absent;
     RenderLoadingView loading(progress_);
     Program program({
         .Time = time,
@@ -164,8 +164,13 @@ void SongRenderer::Render(const RenderOptions& options, std::ostream& out) {
         .PcSpeaker = speaker,
         .Comm = serialPort,
         .Sound = sound_,
-        .Midi = absent,
+        .MidiOutDevices = absent.Out,
+        .MidiInDevices = absent.In,
+        .MidiFiles = absent.Reader,
+        .Batches = absent.Batches,
         .Loading = loading,
+        .ProgramFolder = {},
+        .WinFolder = {},
         .LogFile = options.LogFile,
         .ToneCodeFile = options.ToneCodeFile,
     });

@@ -40,6 +40,9 @@ struct MainFields {
     bool UsePortamento = false;
     bool MutePCSpeaker = false;
     bool UseMIDIOut = false;
+    /// A device was asked to open; also where it did not.
+    bool MIDIOutIsOpen = false;
+    bool MIDIInIsOpen = false;
     bool DoNotShutUpFMOD = false;
     bool UseNoUpdate = false;
     bool UseBeat = false;

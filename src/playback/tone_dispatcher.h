@@ -9,6 +9,7 @@
 #include "ports/message_boxes.h"
 #include "ports/speaker.h"
 #include "ports/tone_outputs.h"
+#include "ports/tones.h"
 #include "shell/debug_log.h"
 #include "shell/waiting.h"
 
@@ -23,31 +24,16 @@ struct ToneOutputs {
     Portamento& Glide;
 };
 
-/// How a tone is to be made; the last three matter to the sound-card tone generator only.
-struct ToneOptions {
-    /// The note string is a frequency in hertz, written as a decimal number.
-    bool NoteIsFrequency = false;
-    /// Keep sounding after the duration.
-    bool SpecificContinuous = false;
-    /// Stop after the duration even where the generator is never silent otherwise.
-    bool SpecificStop = false;
-    /// Return before the duration is over.
-    bool FMODNoWait = false;
-};
-
 /// Makes every tone of the program, on the one output that the switches choose at that moment.
-class ToneDispatcher {
+class ToneDispatcher : public Tones {
   public:
     ToneDispatcher(MainFields& fields, ToneOutputs outputs, ToneCode& toneCode, Waiting& waiting,
                    MessageBoxes& boxes, DebugLog& log);
 
-    /// Sounds a note ("C4", "C#5") or a frequency for `duration` milliseconds, on the motor, the sound-card
-    /// generator, nothing but time (muted), the portamento or the PC speaker, in this precedence; sends MIDI
-    /// note-on and note-off around it where MIDI output is on; writes its tone code first. Returns when the
-    /// tone has ended, except where an output is told not to wait. An empty note string becomes "C4", for the
-    /// caller too. An unknown note name shows a warning and sounds 0 Hz. A duration or frequency outside 32
-    /// bits raises Overflow.
-    void UniBeep(std::string& noteString, double duration, const ToneOptions& options = {});
+    /// On the motor, the sound-card generator, nothing but time (muted), the portamento or the PC speaker, in
+    /// this precedence; sends MIDI note-on and note-off around the tone where MIDI output is on; writes its
+    /// tone code first.
+    void UniBeep(std::string& noteString, double duration, const ToneOptions& options = {}) override;
 
     /// The click on "Mute PC speaker"; the next tone obeys it.
     void MuteTweebleCheck_Click();

@@ -12,13 +12,10 @@
 namespace quavix {
 
 /// Stands behind outputs and playback parts at once: writes each call to the timeline.
-class RecordedOutputs : public MidiNotes, public Portamento, public BeatHook {
+class RecordedOutputs : public Portamento, public BeatHook {
   public:
     RecordedOutputs(SimulatedTime& time, Timeline& timeline) : time_(time), timeline_(timeline) {}
 
-    std::int32_t NoteToMIDI(std::int32_t noteNum, std::int32_t octaveNum) override;
-    void MIDINoteOn(std::int32_t midiNoteNum) override;
-    void MIDINoteOff(std::int32_t midiNoteNum, std::int32_t channel) override;
     void SetWantedPitch(std::int32_t frequency) override;
     void StartSound() override;
     void LineStarts() override;

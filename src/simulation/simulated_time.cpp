@@ -79,26 +79,48 @@ void SimulatedTime::SignalAt(double ms, WaitHandle handle) {
 
 SimulatedTime::Id SimulatedTime::Start(std::int32_t intervalMs, std::function<void()> tick) {
     const Id timer = ++lastTimer_;
-    timers_[timer] = {std::max(intervalMs, 1), std::move(tick)};
-    ScheduleTick(timer, now_ + timers_[timer].IntervalMs * CountsPerMs);
+    timers_[timer] = {std::max(intervalMs, 1) * CountsPerMs, std::move(tick), now_};
+    ScheduleTick(timer);
     return timer;
 }
 
-void SimulatedTime::ScheduleTick(Id timer, std::int64_t at) {
-    events_.emplace(at, Event{[this, timer] {
-                                  const auto found = timers_.find(timer);
-                                  if (found == timers_.end())
-                                      return;
-                                  ScheduleTick(timer, now_ + found->second.IntervalMs * CountsPerMs);
-                                  const auto tick = found->second.Tick;  // the tick may stop its own timer
-                                  tick();
-                              },
-                              timer});
+void SimulatedTime::SetInterval(Id timer, std::int32_t intervalMs) {
+    const auto found = timers_.find(timer);
+    const std::int64_t interval = std::max(intervalMs, 1) * CountsPerMs;
+    if (found == timers_.end() || found->second.Interval == interval)
+        return;
+    found->second.Interval = interval;
+    if (found->second.IsTicking)
+        return;
+    TakeFromSchedule(timer);
+    ScheduleTick(timer);
+}
+
+void SimulatedTime::ScheduleTick(Id timer) {
+    const Timer& state = timers_.at(timer);
+    events_.emplace(state.LastDue + state.Interval, Event{[this, timer] { RunTick(timer); }, timer});
+}
+
+void SimulatedTime::RunTick(Id timer) {
+    Timer& state = timers_.at(timer);
+    state.LastDue += (now_ - state.LastDue) / state.Interval * state.Interval;
+    state.IsTicking = true;
+    const auto tick = state.Tick;  // the tick may stop its own timer
+    tick();
+    const auto found = timers_.find(timer);
+    if (found == timers_.end())
+        return;
+    found->second.IsTicking = false;
+    ScheduleTick(timer);
+}
+
+void SimulatedTime::TakeFromSchedule(Id timer) {
+    std::erase_if(events_, [timer](const auto& event) { return event.second.Timer == timer; });
 }
 
 void SimulatedTime::Stop(Id timer) {
-    timers_.erase(timer);
-    std::erase_if(events_, [timer](const auto& event) { return event.second.Timer == timer && timer != 0; });
+    if (timers_.erase(timer) > 0)
+        TakeFromSchedule(timer);
 }
 
 void SimulatedTime::RunUntil(double ms) {

@@ -44,6 +44,7 @@ class SimulatedTime : public Clock, public EventPump, public Timers {
 
     // Timers
     Id Start(std::int32_t intervalMs, std::function<void()> tick) override;
+    void SetInterval(Id timer, std::int32_t intervalMs) override;
     void Stop(Id timer) override;
 
     /// Runs `event` as input that arrives `ms` milliseconds after the start (at the next wait, where that is
@@ -70,7 +71,9 @@ class SimulatedTime : public Clock, public EventPump, public Timers {
 
     void Advance(std::int64_t to);
     bool IsDue() const { return !events_.empty() && events_.begin()->first <= now_; }
-    void ScheduleTick(Id timer, std::int64_t at);
+    void ScheduleTick(Id timer);
+    void TakeFromSchedule(Id timer);
+    void RunTick(Id timer);
 
     Origin start_;
     std::int64_t now_ = 0;
@@ -78,8 +81,11 @@ class SimulatedTime : public Clock, public EventPump, public Timers {
     std::multimap<std::int64_t, Event> events_;
     std::set<WaitHandle> signalled_;
     struct Timer {
-        std::int32_t IntervalMs;
+        std::int64_t Interval = 0;
         std::function<void()> Tick;
+        /// When the last tick was due, or the timer was started.
+        std::int64_t LastDue = 0;
+        bool IsTicking = false;
     };
     std::map<Id, Timer> timers_;
     Id lastTimer_ = 0;

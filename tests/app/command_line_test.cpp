@@ -24,5 +24,11 @@ TEST(CommandLine, OnlyItsFirstWordCanAskForInformation) {
     EXPECT_FALSE(AnswerToOption({"song", "--help"}).has_value());
 }
 
+TEST(CommandLine, NamesOneControlToRegister) {
+    EXPECT_EQ(ControlToRegister({"--register", "/a/midiio32.ocx"}), "/a/midiio32.ocx");
+    EXPECT_FALSE(ControlToRegister({"--register"}).has_value());
+    EXPECT_FALSE(ControlToRegister({"song", "/a/midiio32.ocx"}).has_value());
+}
+
 }  // namespace
 }  // namespace quavix

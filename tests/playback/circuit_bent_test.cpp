@@ -27,7 +27,7 @@ class CircuitBentTest : public testing::Test {
     test::SimulatedProgram P;
     MainFields Fields;
     ToneCode Code{Fields, P.Disk, "/program/tonecode.txt"};
-    ToneDispatcher Tones{Fields,  {P.Speaker, P.App.Motor, P.App.Fmod.Generator, P.Outputs, P.Outputs},
+    ToneDispatcher Tones{Fields,  {P.Speaker, P.App.Motor, P.App.Fmod.Generator, P.App.MidiOut, P.Outputs},
                          Code,    P.App.Wait,
                          P.Boxes, P.App.Log};
     CircuitBent Bending;
@@ -86,6 +86,7 @@ TEST_F(CircuitBentTest, TheNumbersReachFromTheLowestNoteToTheHighest) {
 }
 
 TEST_F(CircuitBentTest, OverMidiABurstIsFifteenPairsOfNoteOnAndNoteOff) {
+    P.OpenMidiOut();
     Fields.UseMIDIOut = true;
     Fields.UseCircuitBentCheck = true;
     P.Time.RunUntil(20);
@@ -94,8 +95,8 @@ TEST_F(CircuitBentTest, OverMidiABurstIsFifteenPairsOfNoteOnAndNoteOff) {
     for (const std::int32_t midi : ExpectedNotes(15)) {
         // Of an octave with two digits, only the last one counts.
         const std::int32_t sent = midi < 120 ? midi : midi - 120;
-        expected +=
-            fmt::format("0.{:03}0 midi on {}\n0.{:03}0 midi off {} channel -1\n", ms, sent, ms + 15, sent);
+        expected += fmt::format("0.{:03}0 midi out 90 {:02X} 60\n0.{:03}0 midi out 80 {:02X} 00\n", ms, sent,
+                                ms + 15, sent);
         ms += 15;
     }
     EXPECT_EQ(P.Timeline.Text("midi"), expected);
@@ -107,8 +108,8 @@ TEST_F(CircuitBentTest, OnAMutedSpeakerBurstsDoNotPileUp) {
     Fields.UseCircuitBentCheck = true;
     P.Time.RunUntil(239);
     const std::string code = P.Disk.Content("/program/tonecode.txt");
-    EXPECT_EQ(std::count(code.begin(), code.end(), '\''), 15) << "one after the other in 225 ms";
-    EXPECT_EQ(P.Time.Now(), 240 * SimulatedTime::CountsPerMs);
+    EXPECT_EQ(std::count(code.begin(), code.end(), '\''), 30) << "each after the other, in 450 ms";
+    EXPECT_EQ(P.Time.Now(), 465 * SimulatedTime::CountsPerMs);
 }
 
 TEST_F(CircuitBentTest, UntickedInTheMiddleOfABurstItStops) {

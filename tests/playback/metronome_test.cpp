@@ -186,15 +186,15 @@ TEST_F(MetronomeTest, OnAMutedSpeakerAClickOnTheButtonIsHeardInTheMiddleOfATone)
 
 TEST_F(MetronomeTest, OverMidiItClicksB5AndB4) {
     ToneCode code(Fields, P.Disk, "/code");
-    ToneDispatcher tones(Fields, {P.Speaker, P.App.Motor, P.App.Fmod.Generator, P.Outputs, P.Outputs}, code,
-                         P.App.Wait, P.Boxes, P.App.Log);
+    ToneDispatcher tones(Fields, {P.Speaker, P.App.Motor, P.App.Fmod.Generator, P.App.MidiOut, P.Outputs},
+                         code, P.App.Wait, P.Boxes, P.App.Log);
     Metronome metronome(Fields, tones, code, P.Time, P.App.Wait, P.App.Log);
-    Fields.UseMIDIOut = true;
+    P.OpenMidiOut();
     P.Time.At(600, [&] { metronome.MetronomeButton_Click(); });
     metronome.MetronomeButton_Click();
     EXPECT_EQ(P.Timeline.Text("midi"),
-              "0.0000 midi on 71\n0.0200 midi off 71 channel -1\n0.5000 midi on 59\n"
-              "0.5200 midi off 59 channel -1\n");
+              "0.0000 midi out 90 47 60\n0.0200 midi out 80 47 00\n0.5000 midi out 90 3B 60\n"
+              "0.5200 midi out 80 3B 00\n");
 }
 
 TEST_F(MetronomeTest, ATempoOfZeroIsAnErrorAndLeavesItOff) {

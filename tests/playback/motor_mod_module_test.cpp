@@ -271,11 +271,11 @@ TEST_F(MotorTest, APortThatCannotBeChangedToUnticksTheBox) {
 
 TEST_F(MotorTest, MidiNoteOnAndOffStandAroundTheMotorsNoteAsItIsWritten) {
     SwitchOn();
-    Fields.UseMIDIOut = true;
+    P.OpenMidiOut();
     Beep("A4", 100);
     EXPECT_EQ(P.Timeline.Text(),
-              "0.0000 serial open ttyUSB0\n0.0000 midi on 57\n0.0000 serial #0P1294\\r\n"
-              "0.1150 serial #0P1470\\r\n0.1150 midi off 57 channel -1\n");
+              "0.0000 midi out 90 39 60\n0.0000 serial #0P1294\\r\n"
+              "0.1150 serial #0P1470\\r\n0.1150 midi out 80 39 00\n");
 }
 
 TEST_F(MotorTest, ComesBeforeMuteAndPortamentoAndWritesNoWaitingCode) {

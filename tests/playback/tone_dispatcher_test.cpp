@@ -143,48 +143,51 @@ TEST_F(UniBeepTest, RequestsToTheSoundCardChangeNothingElsewhere) {
 }
 
 TEST_F(UniBeepTest, MidiNoteOnAndOffStandAroundTheTone) {
-    Fields.UseMIDIOut = true;
+    P.OpenMidiOut();
     Beep("A4", 100);
     EXPECT_EQ(P.Timeline.Text(),
-              "0.0000 midi on 57\n0.0000 speaker 440 Hz 100 ms\n0.1000 midi off 57 channel -1\n");
+              "0.0000 midi out 90 39 60\n0.0000 speaker 440 Hz 100 ms\n0.1000 midi out 80 39 00\n");
 }
 
 TEST_F(UniBeepTest, OverMidiTheMetronomesClicksAreB5AndB4AndAnyOtherFrequencyC3) {
-    Fields.UseMIDIOut = true;
+    P.OpenMidiOut();
     for (const char* frequency : {"1000", "500", "440"})
         Beep(frequency, 20, Frequency);
     EXPECT_EQ(P.Timeline.Text(),
-              "0.0000 midi on 71\n0.0000 speaker 1000 Hz 20 ms\n0.0200 midi off 71 channel -1\n"
-              "0.0200 midi on 59\n0.0200 speaker 500 Hz 20 ms\n0.0400 midi off 59 channel -1\n"
-              "0.0400 midi on 36\n0.0400 speaker 440 Hz 20 ms\n0.0600 midi off 36 channel -1\n");
+              "0.0000 midi out 90 47 60\n0.0000 speaker 1000 Hz 20 ms\n0.0200 midi out 80 47 00\n"
+              "0.0200 midi out 90 3B 60\n0.0200 speaker 500 Hz 20 ms\n0.0400 midi out 80 3B 00\n"
+              "0.0400 midi out 90 24 60\n0.0400 speaker 440 Hz 20 ms\n0.0600 midi out 80 24 00\n");
 }
 
 TEST_F(UniBeepTest, MidiSwitchedOnWhileAToneSoundsSendsNoNoteOff) {
     Fields.MutePCSpeaker = true;
-    P.Time.At(50, [&] { Fields.UseMIDIOut = true; });
+    P.Time.At(50, [&] { P.OpenMidiOut(); });
     Beep("A4", 100);
     EXPECT_EQ(P.Timeline.Text("midi"), "");
 }
 
 TEST_F(UniBeepTest, MidiSwitchedOffWhileAToneSoundsSendsNoNoteOffEither) {
-    Fields.MutePCSpeaker = Fields.UseMIDIOut = true;
+    Fields.MutePCSpeaker = true;
+    P.OpenMidiOut();
     P.Time.At(50, [&] { Fields.UseMIDIOut = false; });
     Beep("A4", 100);
-    EXPECT_EQ(P.Timeline.Text("midi"), "0.0000 midi on 57\n");
+    EXPECT_EQ(P.Timeline.Text("midi"), "0.0000 midi out 90 39 60\n");
 }
 
 TEST_F(UniBeepTest, AnErrorLeavesNoMidiNoteHanging) {
-    Fields.UseMIDIOut = true;
+    P.OpenMidiOut();
     EXPECT_THROW(Beep("A4", 3e9), RuntimeError);
-    EXPECT_EQ(P.Timeline.Text("midi"), "0.0000 midi on 57\n0.0000 midi off 57 channel -1\n");
+    EXPECT_EQ(P.Timeline.Text("midi"), "0.0000 midi out 90 39 60\n0.0000 midi out 80 39 00\n");
 }
 
 TEST_F(UniBeepTest, LogsTheMidiSectionIndented) {
     Fields.UseMIDIOut = true;
     P.App.Log.Enable();
     Beep("A4", 10);
-    EXPECT_NE(P.LogText().find("        UseMIDIOut section 1 START\n        UseMIDIOut section 1 END\n\n"),
-              std::string::npos);
+    EXPECT_NE(
+        P.LogText().find(
+            "        UseMIDIOut section 1 START\n        MIDINoteOn(57)\n        UseMIDIOut section 1 END\n\n"),
+        std::string::npos);
 }
 
 TEST_F(UniBeepTest, ToneCodeIsAStatementPerTone) {

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "app/absent_outputs.h"
+#include "app/absent_midi.h"
 #include "app/absent_serial_port.h"
 #include "app/program.h"
 #include "platform/console/console_boxes.h"
@@ -35,7 +35,7 @@ int main(int argumentCount, char** arguments) {
     SimulatedSpeaker speaker(time, timeline);
     SeededRandomNumbers random(0);
     AbsentSerialPort serialPort;
-    AbsentOutputs absent;
+    AbsentMidi absent;
     RecordedSoundLibrary library(time, timeline);
     RecordedLoadingView loading(time, timeline);
     Program app({
@@ -50,8 +50,13 @@ int main(int argumentCount, char** arguments) {
         .PcSpeaker = speaker,
         .Comm = serialPort,
         .Sound = library,
-        .Midi = absent,
+        .MidiOutDevices = absent.Out,
+        .MidiInDevices = absent.In,
+        .MidiFiles = absent.Reader,
+        .Batches = absent.Batches,
         .Loading = loading,
+        .ProgramFolder = {},
+        .WinFolder = {},
         .LogFile = folder + "/log",
         .ToneCodeFile = folder + "/code",
     });

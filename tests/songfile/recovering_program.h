@@ -4,10 +4,10 @@
 #include <memory>
 #include <string>
 
+#include "app/absent_midi.h"
 #include "app/program.h"
 #include "shell/seeded_random_numbers.h"
 #include "simulation/recorded_loading_view.h"
-#include "simulation/recorded_outputs.h"
 #include "simulation/recorded_sound_library.h"
 #include "simulation/simulated_clipboard.h"
 #include "simulation/simulated_dialogs.h"
@@ -39,7 +39,6 @@ class RecoveringProgram {
           clipboard_(machine.Time, timeline_),
           speaker_(machine.Time, timeline_),
           serialPort_(machine.Time, timeline_),
-          outputs_(machine.Time, timeline_),
           library_(machine.Time, timeline_),
           loading_(machine.Time, timeline_),
           program_({
@@ -54,8 +53,13 @@ class RecoveringProgram {
               .PcSpeaker = speaker_,
               .Comm = serialPort_,
               .Sound = library_,
-              .Midi = outputs_,
+              .MidiOutDevices = absent_.Out,
+              .MidiInDevices = absent_.In,
+              .MidiFiles = absent_.Reader,
+              .Batches = absent_.Batches,
               .Loading = loading_,
+              .ProgramFolder = {},
+              .WinFolder = {},
               .LogFile = "/program/debuglog.txt",
               .ToneCodeFile = "/program/tonecode.txt",
           }),
@@ -90,7 +94,7 @@ class RecoveringProgram {
     SimulatedSpeaker speaker_;
     SeededRandomNumbers random_{0};
     SimulatedSerialPort serialPort_;
-    RecordedOutputs outputs_;
+    AbsentMidi absent_;
     RecordedSoundLibrary library_;
     RecordedLoadingView loading_;
     Program program_;

@@ -10,7 +10,7 @@ namespace quavix::test {
 struct RecordedPlayback {
     explicit RecordedPlayback(SimulatedProgram& p) : RecordedPlayback(p, p.Outputs) {}
     RecordedPlayback(SimulatedProgram& p, BeatHook& beat)
-        : Tones(p.App.Fields, {p.Speaker, p.App.Motor, p.App.Fmod.Generator, p.Outputs, p.Outputs},
+        : Tones(p.App.Fields, {p.Speaker, p.App.Motor, p.App.Fmod.Generator, p.App.MidiOut, p.Outputs},
                 p.App.Code, p.App.Wait, p.Boxes, p.App.Log),
           Playback({p.App.Fields, p.App.List, p.App.Mods, p.App.Position, Tones, p.App.Code,
                     p.App.Fmod.Generator, p.App.Fmod.Singer, beat, p.App.Synchro, p.Time, p.App.Wait, p.Boxes,

@@ -22,6 +22,14 @@ void SimulatedProgram::SetSong(std::initializer_list<const char*> lines) {
     App.History.StartOver();
 }
 
+void SimulatedProgram::OpenMidiOut() {
+    MidiOut.Devices = {"Synthesizer"};
+    MidiOut.DeviceCount();
+    MidiOut.Open(0);
+    App.Fields.UseMIDIOut = true;
+    Timeline.Clear();
+}
+
 std::string SimulatedProgram::SongText() const {
     std::string text;
     for (std::int32_t row = 1; row <= App.List.Count(); ++row) {

@@ -9,9 +9,12 @@
 #include "simulation/recorded_loading_view.h"
 #include "simulation/recorded_outputs.h"
 #include "simulation/recorded_sound_library.h"
+#include "simulation/simulated_batch_files.h"
 #include "simulation/simulated_clipboard.h"
 #include "simulation/simulated_dialogs.h"
 #include "simulation/simulated_files.h"
+#include "simulation/simulated_midi_devices.h"
+#include "simulation/simulated_midi_file_reader.h"
 #include "simulation/simulated_serial_port.h"
 #include "simulation/simulated_speaker.h"
 #include "simulation/simulated_time.h"
@@ -27,6 +30,9 @@ struct SimulatedProgram {
 
     /// Replaces the song; each line is "Length Note1 Note2 Mod" with "-" for an empty cell.
     void SetSong(std::initializer_list<const char*> lines);
+
+    /// Opens a MIDI output device for the tones; only what happens afterwards is in the timeline.
+    void OpenMidiOut();
 
     /// The song, a line per row as in a song file; "> " stands before rows with their selected flag set, "* "
     /// before a selected item that has lost it.
@@ -46,6 +52,10 @@ struct SimulatedProgram {
     SimulatedSerialPort Comm{Time, Timeline};
     RecordedOutputs Outputs{Time, Timeline};
     RecordedSoundLibrary Library{Time, Timeline};
+    SimulatedMidiOut MidiOut{Time, Timeline};
+    SimulatedMidiIn MidiIn{Time, Timeline};
+    SimulatedMidiFileReader MidiFiles;
+    SimulatedBatchFiles Batches{Time, Timeline, Disk};
     RecordedLoadingView Loading{Time, Timeline};
     Program App{{
         .Time = Time,
@@ -59,8 +69,13 @@ struct SimulatedProgram {
         .PcSpeaker = Speaker,
         .Comm = Comm,
         .Sound = Library,
-        .Midi = Outputs,
+        .MidiOutDevices = MidiOut,
+        .MidiInDevices = MidiIn,
+        .MidiFiles = MidiFiles,
+        .Batches = Batches,
         .Loading = Loading,
+        .ProgramFolder = "/program",
+        .WinFolder = "/windows",
         .LogFile = "/program/debuglog.txt",
         .ToneCodeFile = "/program/tonecode.txt",
     }};

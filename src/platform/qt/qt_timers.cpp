@@ -2,22 +2,95 @@
 #include "platform/qt/qt_timers.h"
 
 #include <algorithm>
+#include <ctime>
+#include <sys/timerfd.h>
+#include <unistd.h>
+#include <utility>
 
 namespace quavix {
+namespace {
+
+constexpr std::int64_t NsPerSecond = 1'000'000'000;
+
+std::int64_t NsOf(std::int32_t ms) {
+    constexpr std::int64_t NsPerMs = 1'000'000;
+    return std::max(ms, 1) * NsPerMs;
+}
+
+timespec ToTimespec(std::int64_t ns) {
+    return {.tv_sec = ns / NsPerSecond, .tv_nsec = ns % NsPerSecond};
+}
+
+std::int64_t Now() {
+    timespec now{};
+    clock_gettime(CLOCK_MONOTONIC, &now);
+    return now.tv_sec * NsPerSecond + now.tv_nsec;
+}
+
+}  // namespace
 
 /// A timer may be stopped by its own tick.
-void QtTimers::DeleteLater::operator()(QTimer* timer) const {
-    timer->stop();
-    timer->deleteLater();
+void QtTimers::DeleteLater::operator()(QSocketNotifier* notifier) const {
+    notifier->setEnabled(false);
+    notifier->deleteLater();
+}
+
+void QtTimers::Timer::Arm() const {
+    const itimerspec times{.it_interval = ToTimespec(IntervalNs),
+                           .it_value = ToTimespec(LastDueNs + IntervalNs)};
+    timerfd_settime(Kernel.Get(), TFD_TIMER_ABSTIME, &times, nullptr);
+}
+
+bool QtTimers::Timer::TakeTick() {
+    std::uint64_t expirations = 0;
+    if (read(Kernel.Get(), &expirations, sizeof expirations) != sizeof expirations)
+        return false;
+    LastDueNs += static_cast<std::int64_t>(expirations) * IntervalNs;
+    return true;
 }
 
 Timers::Id QtTimers::Start(std::int32_t intervalMs, std::function<void()> tick) {
-    std::unique_ptr<QTimer, DeleteLater> timer(new QTimer);
-    timer->setTimerType(Qt::PreciseTimer);
-    QObject::connect(timer.get(), &QTimer::timeout, timer.get(), std::move(tick));
-    timer->start(std::max(intervalMs, 1));
-    timers_[++lastTimer_] = std::move(timer);
-    return lastTimer_;
+    Timer timer{.Kernel = FileDescriptor(timerfd_create(CLOCK_MONOTONIC, TFD_CLOEXEC | TFD_NONBLOCK)),
+                .IntervalNs = NsOf(intervalMs),
+                .LastDueNs = Now(),
+                .Notifier = nullptr};
+    if (!timer.Kernel.IsOpen())
+        throw std::system_error(LastError(), "timerfd_create");
+    timer.Arm();
+    timer.Notifier.reset(new QSocketNotifier(timer.Kernel.Get(), QSocketNotifier::Read));
+    const Id id = ++lastTimer_;
+    QObject::connect(timer.Notifier.get(), &QSocketNotifier::activated, timer.Notifier.get(),
+                     [this, id, tick = std::move(tick)] { RunTick(id, tick); });
+    timers_.emplace(id, std::move(timer));
+    return id;
+}
+
+void QtTimers::RunTick(Id timer, const std::function<void()>& tick) {
+    auto found = timers_.find(timer);
+    if (found == timers_.end())
+        return;
+    if (found->second.IsTicking) {
+        found->second.Notifier->setEnabled(
+            false);  // the kernel keeps the tick until the running one has ended
+        return;
+    }
+    if (!found->second.TakeTick())
+        return;
+    found->second.IsTicking = true;
+    tick();
+    found = timers_.find(timer);
+    if (found == timers_.end())
+        return;
+    found->second.IsTicking = false;
+    found->second.Notifier->setEnabled(true);
+}
+
+void QtTimers::SetInterval(Id timer, std::int32_t intervalMs) {
+    const auto found = timers_.find(timer);
+    if (found == timers_.end() || found->second.IntervalNs == NsOf(intervalMs))
+        return;
+    found->second.IntervalNs = NsOf(intervalMs);
+    found->second.Arm();
 }
 
 void QtTimers::Stop(Id timer) {

@@ -4,24 +4,44 @@
 #include <map>
 #include <memory>
 
-#include <QTimer>
+#include <QSocketNotifier>
 
+#include "platform/linux/file_descriptor.h"
 #include "ports/timers.h"
 
 namespace quavix {
 
-/// Timers of Qt's event loop, to the millisecond.
+/// Timers of the kernel, which Qt's event loop looks at. Its own timers are late by up to a millisecond,
+/// which is the whole interval of a quick one.
 class QtTimers : public Timers {
   public:
+    /// Raises std::system_error where the kernel has none left.
     Id Start(std::int32_t intervalMs, std::function<void()> tick) override;
+    void SetInterval(Id timer, std::int32_t intervalMs) override;
     void Stop(Id timer) override;
 
   private:
     struct DeleteLater {
-        void operator()(QTimer* timer) const;
+        void operator()(QSocketNotifier* notifier) const;
     };
 
-    std::map<Id, std::unique_ptr<QTimer, DeleteLater>> timers_;
+    struct Timer {
+        /// Before the notifier, which must end first.
+        FileDescriptor Kernel;
+        std::int64_t IntervalNs = 0;
+        /// When the last tick was due, or the timer was started.
+        std::int64_t LastDueNs = 0;
+        bool IsTicking = false;
+        std::unique_ptr<QSocketNotifier, DeleteLater> Notifier;
+
+        void Arm() const;
+        /// False where there is no tick after all.
+        bool TakeTick();
+    };
+
+    void RunTick(Id timer, const std::function<void()>& tick);
+
+    std::map<Id, Timer> timers_;
     Id lastTimer_ = 0;
 };
 

@@ -10,7 +10,7 @@
 
 #include <fmt/format.h>
 
-#include "app/absent_outputs.h"
+#include "app/absent_midi.h"
 #include "app/program.h"
 #include "app/shutdown.h"
 #include "platform/console/console_boxes.h"
@@ -75,7 +75,7 @@ int main(int argc, char** argv) {
     QtSerialPort serialPort(arguments.size() > 1 ? arguments[1] : "");
     SeededRandomNumbers random(1);
     NOTNORMALfmodex library;
-    AbsentOutputs absent;
+    AbsentMidi absent;
     Program app({
         .Time = clock,
         .Pump = pump,
@@ -88,8 +88,13 @@ int main(int argc, char** argv) {
         .PcSpeaker = speaker,
         .Comm = serialPort,
         .Sound = library,
-        .Midi = absent,
+        .MidiOutDevices = absent.Out,
+        .MidiInDevices = absent.In,
+        .MidiFiles = absent.Reader,
+        .Batches = absent.Batches,
         .Loading = loading,
+        .ProgramFolder = {},
+        .WinFolder = {},
         .LogFile = {},
         .ToneCodeFile = {},
     });

@@ -41,5 +41,59 @@ TEST(QtTimers, AStoppedTimerTicksNoMore) {
     EXPECT_FALSE(ticked);
 }
 
+TEST(QtTimers, ANewIntervalCountsFromTheLastTick) {
+    QtTimers timers;
+    bool quick = false;
+    bool done = false;
+    Timers::Id slow = 0;
+    slow = timers.Start(3'600'000, [&] { quick = true; });
+    timers.Start(5, [&] {
+        if (quick)
+            done = true;
+        timers.SetInterval(slow, 1);
+        timers.SetInterval(slow + 100, 1);
+    });
+    RunUntil(done);
+    EXPECT_TRUE(quick) << "not in an hour";
+}
+
+TEST(QtTimers, ATickThatWaitsIsNotEnteredAgainAndTicksOnAfterwards) {
+    QtTimers timers;
+    int depth = 0;
+    int ticks = 0;
+    bool done = false;
+    bool waited = false;
+    timers.Start(1, [&] {
+        EXPECT_EQ(++depth, 1);
+        if (++ticks == 1) {
+            timers.Start(20, [&] { waited = true; });
+            RunUntil(waited);
+            EXPECT_EQ(ticks, 1);
+        }
+        done = ticks == 3;
+        --depth;
+    });
+    RunUntil(done);
+    EXPECT_EQ(ticks, 3);
+}
+
+TEST(QtTimers, ATimerMayBeStoppedWhileItsTickWaits) {
+    QtTimers timers;
+    int ticks = 0;
+    bool stopped = false;
+    bool done = false;
+    const Timers::Id id = timers.Start(1, [&] {
+        ++ticks;
+        RunUntil(stopped);
+    });
+    timers.Start(5, [&] {
+        timers.Stop(id);
+        stopped = true;
+    });
+    timers.Start(20, [&] { done = true; });
+    RunUntil(done);
+    EXPECT_EQ(ticks, 1);
+}
+
 }  // namespace
 }  // namespace quavix

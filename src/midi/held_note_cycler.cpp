@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: MIT
+#include "midi/held_note_cycler.h"
+
+#include <algorithm>
+#include <array>
+#include <string>
+
+#include <fmt/format.h>
+
+#include "midi/midi_notes.h"
+#include "shell/numbers.h"
+
+namespace quavix {
+namespace {
+
+/// The label is shown for as long as this lives.
+class Shown {
+  public:
+    explicit Shown(Watched<bool>& visible) : visible_(visible) { visible_ = true; }
+    ~Shown() { visible_ = false; }
+    Shown(const Shown&) = delete;
+    Shown& operator=(const Shown&) = delete;
+
+  private:
+    Watched<bool>& visible_;
+};
+
+}  // namespace
+
+void HeldNoteCycler::PlayLiveMIDIInput(UsingForm& usingForm) {
+    const bool saveCPU = usingForm.SaveCPUCheck;
+    UsingForm::OnNoteLabels labels = usingForm.lblOnNotes;
+    for (OnNoteLabel& label : labels)
+        label.Visible = false;
+
+    std::array<std::int32_t, HeldNotes::Count> held{};
+    std::int32_t count = 0;
+    for (std::int32_t note = 0; note < HeldNotes::Count; ++note) {
+        if (!usingForm.GetMIDINoteIsOn(note))
+            continue;
+        if (!saveCPU && count < UsingForm::Labels)
+            labels[static_cast<std::size_t>(count)] = {MIDIToNoteString(note), OnNoteLabel::Listed, true};
+        held[static_cast<std::size_t>(count++)] = note;
+    }
+
+    if (count > UsingForm::Labels)
+        usingForm.lblMoreOnNotes = fmt::format("({} more)", count - UsingForm::Labels);
+    usingForm.lblMoreOnNotesVisible = count > UsingForm::Labels;
+    if (usingForm.AutoTimeCheck)
+        SetAlternateTime(count);
+    usingForm.lblHeldCount = fmt::format(" ({})", count);
+
+    if (cycleIndex_ >= count)
+        cycleIndex_ = 0;
+    const auto next = static_cast<std::size_t>(cycleIndex_);
+    if (count > 0 && next < labels.size())
+        labels[next].Colour = OnNoteLabel::Pulsed;
+    usingForm.lblOnNotes = labels;
+    if (count < 1)
+        generator_.FMODBeepStop();
+    else
+        Pulse(usingForm, held[next]);
+}
+
+/// A cycle takes 30 ms, but no pulse more than 15. The text box finds most of these values too short, marks
+/// itself and leaves the alternate time as it is; so that is set first.
+void HeldNoteCycler::SetAlternateTime(std::int32_t count) {
+    constexpr double CycleMs = 30;
+    constexpr std::int16_t LongestMs = 15;
+    fields_.AlternateTime = std::min(ToInt16(CycleMs / std::max(count, 1)), LongestMs);
+    fields_.AlternateTimeText = std::to_string(fields_.AlternateTime);
+}
+
+void HeldNoteCycler::Pulse(UsingForm& usingForm, std::int32_t note) {
+    {
+        const Shown sounding(fields_.BeepTextLabelVisible);
+        std::string noteString = MIDIToNoteString(note);
+        tones_.UniBeep(noteString, fields_.AlternateTime, {.SpecificContinuous = true, .FMODNoWait = true});
+    }
+    // Released in the tone, it would not sound when it is struck again.
+    if (usingForm.OnlyPlayNoteOnce && usingForm.GetMIDINoteIsOn(note))
+        usingForm.SetMIDINoteHasPlayed(note);
+    ++cycleIndex_;
+}
+
+}  // namespace quavix

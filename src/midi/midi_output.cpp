@@ -1,0 +1,267 @@
+// SPDX-License-Identifier: MIT
+#include "midi/midi_output.h"
+
+#include <algorithm>
+
+#include "midi/midi_notes.h"
+
+namespace quavix {
+namespace {
+
+constexpr std::int32_t NoteOff = 0x80;
+constexpr std::int32_t NoteOn = 0x90;
+constexpr std::int32_t ProgramChange = 0xC0;
+constexpr std::int32_t NoteOnVelocity = 96;
+constexpr std::int32_t NoteOffVelocity = 0;
+
+/// A device is not asked more often than its line carries a message.
+constexpr std::int32_t BusyWaitMs = 1;
+
+MidiMessage Message(std::int32_t status, std::int32_t data1, std::int32_t data2) {
+    return {static_cast<std::uint8_t>(status), static_cast<std::uint8_t>(data1),
+            static_cast<std::uint8_t>(data2)};
+}
+
+std::size_t Place(std::int32_t channel, std::int32_t note) {
+    return static_cast<std::size_t>(channel) * MidiOutput::Notes + static_cast<std::size_t>(note);
+}
+
+}  // namespace
+
+MidiOutput::MidiOutput(const MidiOutputParts& parts) : p_(parts) {
+    p_.Fields.UseMIDIOutCheck.Watch([this](bool ticked) {
+        p_.Handlers.Run("UseMIDIOutCheck_Click", [&] { UseMIDIOutCheck_Click(ticked); });
+    });
+}
+
+std::int32_t MidiOutput::NoteToMIDI(std::int32_t noteNum, std::int32_t octaveNum) {
+    return quavix::NoteToMIDI(noteNum, octaveNum);
+}
+
+void MidiOutput::MIDINoteOn(std::int32_t midiNoteNum) {
+    p_.Log.Text("MIDINoteOn({})", midiNoteNum);
+    const std::int32_t channel = midiChannel_;
+    if (Send(NoteOn + channel, midiNoteNum, NoteOnVelocity))
+        sounding_.set(Place(channel, midiNoteNum));
+}
+
+void MidiOutput::MIDINoteOff(std::int32_t midiNoteNum, std::int32_t channel) {
+    if (channel < 0 || channel >= Channels) {
+        channel = midiChannel_;
+        p_.Log.Text("MIDINoteOff(MIDINOTENUM:{}, MIDISENDCHANNEL:{}) (MIDISendChannel = MIDIChannel)",
+                    midiNoteNum, channel);
+    }
+    if (Send(NoteOff + channel, midiNoteNum, NoteOffVelocity))
+        sounding_.reset(Place(channel, midiNoteNum));
+}
+
+void MidiOutput::UseMIDIOutCheck_Click(bool ticked) {
+    if (!ticked) {
+        p_.Fields.UseMIDIOut = false;
+        CloseOutputDevice();
+        Fields.MIDIOutFormVisible = false;
+        return;
+    }
+    if (!p_.Controls.MakeReady(ControlInstaller::MidiDevicesControl, p_.Fields.UseMIDIOutCheck,
+                               [this] { return p_.Device.Prepare(); }))
+        return;
+    Fields.MIDIOutFormVisible = true;
+    if (!loaded_) {
+        loaded_ = true;
+        Form_Load();
+    }
+    OpenOutputDevice();
+    // The box may have been unticked meanwhile, as there is no device.
+    p_.Fields.UseMIDIOut = p_.Fields.UseMIDIOutCheck;
+}
+
+void MidiOutput::Form_Load() {
+    SetUpComboBox();
+    Fields.cmbChannel = midiChannel_;
+    cmbInstrument_Click(0);
+}
+
+void MidiOutput::SetUpComboBox() {
+    p_.Log.LogIndentInc("MIDIOutForm.SetUpComboBox() - START");
+    Fields.lblInfoText = "Scanning for output devices, just a sec...";
+    if (p_.Fields.ShuttingDown || p_.Fields.MIDIOutIsOpen) {
+        p_.Log.LogText("Shutting down, or MIDI Out already open - exiting sub");
+    } else if (const std::int32_t count = p_.Device.DeviceCount(); count < 1) {
+        p_.Log.LogText("No MIDI output devices - exiting sub");
+    } else {
+        p_.Log.Text("Scanning output devices - -1 to {}", count - 1);
+        const std::vector<std::string> names = DeviceNames(count);
+        for (std::size_t entry = 0; entry < names.size(); ++entry)
+            p_.Log.Text("DEVICEID:{}, PRODUCTNAME:{}",
+                        static_cast<std::int32_t>(entry) + MidiOutPort::VirtualDevice, names[entry]);
+        Fields.MIDIOutDevices = names;
+        Fields.cmbMIDIOutDevice = 0;
+        OpenOutputDevice();
+    }
+    Fields.lblInfoText = StatusText();
+    p_.Log.LogIndentDec("MIDIOutForm.SetUpComboBox() - END");
+}
+
+/// By entry of the list, where there is any device.
+std::vector<std::string> MidiOutput::DeviceNames(std::int32_t count) {
+    std::vector<std::string> names;
+    for (std::int32_t device = MidiOutPort::VirtualDevice; count > 0 && device < count; ++device)
+        names.push_back(p_.Device.DeviceName(device));
+    return names;
+}
+
+void MidiOutput::OpenOutputDevice() {
+    p_.Log.LogText("MIDIOutForm.OpenOutputDevice() - START");
+    Fields.lblInfoText = "Opening output device, just a sec...";
+    if (p_.Fields.ShuttingDown || p_.Fields.MIDIOutIsOpen) {
+        p_.Log.LogText("Shutting down, or MIDI Out already open - exiting sub");
+        Fields.lblInfoText = StatusText();
+        return;
+    }
+    const std::vector<std::string>& names = Fields.MIDIOutDevices;
+    const std::int32_t entry = Fields.cmbMIDIOutDevice;
+    const bool isChosen = entry >= 0 && static_cast<std::size_t>(entry) < names.size();
+    p_.Log.Text("Selected device is \"{}\"", isChosen ? names[static_cast<std::size_t>(entry)] : "");
+    if (!isChosen) {
+        p_.Log.LogText("Can't open non-existing device - showing 'No MIDI output' message.");
+        p_.Boxes.Show({.Title = "Can't use MIDI output!",
+                       .Text = "No MIDI output device can be found - can't use MIDI output.",
+                       .Icon = BoxIcon::Warning});
+        p_.Fields.UseMIDIOutCheckEnabled = false;
+        p_.Fields.UseMIDIOutCheck = false;
+    } else {
+        p_.Fields.MIDIOutIsOpen = true;
+        if (!p_.Device.Open(entry + MidiOutPort::VirtualDevice)) {
+            p_.Log.LogText("Couldn't open device");
+            p_.Boxes.Show({.Title = "Can't use MIDI out",
+                           .Text = "Couldn't initialize the MIDI output device which you chose to use.",
+                           .Icon = BoxIcon::Warning});
+            p_.Log.LogText("MainForm.MusicIsPlaying -> FALSE");
+            p_.Fields.MusicIsPlaying = false;
+        }
+        SendInstrument();
+    }
+    Fields.lblInfoText = StatusText();
+    p_.Log.LogText("MIDIOutForm.OpenOutputDevice() - END");
+}
+
+void MidiOutput::CloseOutputDevice() {
+    EndSoundingNotes();  // before anything that can fail, as the log can
+    p_.Log.LogText("MIDIOutForm.CloseOutputDevice()");
+    Fields.lblInfoText = "Closing output device, just a sec...";
+    p_.Device.Close();
+    p_.Fields.MIDIOutIsOpen = false;
+    Fields.lblInfoText = StatusText();
+}
+
+void MidiOutput::FindDevices() {
+    const std::int32_t entry = Fields.cmbMIDIOutDevice;
+    const std::vector<std::string> before = Fields.MIDIOutDevices;
+    const std::vector<std::string> now = DeviceNames(p_.Device.DeviceCount());
+    Fields.MIDIOutDevices = now;
+    if (entry < 0)
+        return;
+    const auto place = static_cast<std::size_t>(entry);
+    // Of devices with one name, the one in the same place.
+    if (place < now.size() && now[place] == before[place])
+        return;
+    const auto found = std::find(now.begin(), now.end(), before[place]);
+    Fields.cmbMIDIOutDevice = found == now.end() ? -1 : static_cast<std::int32_t>(found - now.begin());
+}
+
+void MidiOutput::cmbMIDIOutDevice_Click(std::int32_t entry) {
+    Fields.cmbMIDIOutDevice = entry;
+    CloseOutputDevice();
+    OpenOutputDevice();
+}
+
+void MidiOutput::cmbInstrument_Click(std::int32_t entry) {
+    Fields.cmbInstrument = entry;
+    SendInstrument();
+}
+
+void MidiOutput::SendInstrument() {
+    Send(ProgramChange + midiChannel_, Fields.cmbInstrument, 0);
+}
+
+void MidiOutput::cmbChannel_Click(std::int32_t entry) {
+    if (entry < 0 || entry >= Channels)
+        return;
+    Fields.cmbChannel = entry;
+    midiChannel_ = entry;
+    SendInstrument();
+    const std::int32_t silencing = ++silencings_;
+    for (std::int32_t silent = 0; silent < Channels; ++silent) {
+        if (!SilenceChannel(silent, silencing))
+            return;
+    }
+    Fields.lblInfoText = StatusText();
+}
+
+/// False where the rest is somebody else's, or the program ends.
+bool MidiOutput::SilenceChannel(std::int32_t channel, std::int32_t silencing) {
+    Fields.lblInfoText = fmt::format("Silencing channel {}/16, just a sec...", channel + 1);
+    for (std::int32_t note = 0; note < Notes; ++note) {
+        MIDINoteOff(note, channel);
+        if (silencing != silencings_ || p_.Fields.ShuttingDown)
+            return false;
+    }
+    p_.Wait.DoEvents();
+    return silencing == silencings_ && !p_.Fields.ShuttingDown;
+}
+
+void MidiOutput::EndSoundingNotes() {
+    for (std::int32_t channel = 0; channel < Channels; ++channel) {
+        for (std::int32_t note = 0; note < Notes; ++note) {
+            if (sounding_.test(Place(channel, note)))
+                Deliver(Message(NoteOff + channel, note, NoteOffVelocity));
+        }
+    }
+    sounding_.reset();
+}
+
+/// What the window says while nothing is under way.
+std::string MidiOutput::StatusText() {
+    if (!p_.Fields.MIDIOutIsOpen)
+        return "";
+    if (p_.Device.State() == MidiDeviceState::Open)
+        return fmt::format("The device is open ({}).", p_.Device.SystemName());
+    return p_.Device.Problem();
+}
+
+/// Whether the message was sent.
+bool MidiOutput::Send(std::int32_t status, std::int32_t data1, std::int32_t data2) {
+    if (data1 < 0 || data1 >= Notes)
+        return false;
+    const MidiSendResult result = Deliver(Message(status, data1, data2));
+    if (result == MidiSendResult::NotOpen && p_.Device.State() == MidiDeviceState::Gone)
+        DeviceGone();
+    return result == MidiSendResult::Sent;
+}
+
+/// Gives a busy device all the time that it needs; at the program's end, some. It may be another one, or
+/// none, after a wait.
+MidiSendResult MidiOutput::Deliver(const MidiMessage& message) {
+    constexpr int TriesAtTheEnd = 250;
+    MidiSendResult result = p_.Device.Send(message);
+    for (int tries = 0; result == MidiSendResult::Busy; result = p_.Device.Send(message)) {
+        if (p_.Fields.ShuttingDown && ++tries > TriesAtTheEnd)
+            return result;
+        p_.Wait.MsgWaitObj(BusyWaitMs);
+    }
+    return result;
+}
+
+void MidiOutput::DeviceGone() {
+    sounding_.reset();
+    p_.Log.LogText("The MIDI output device is gone");
+    p_.Device.Close();
+    p_.Fields.UseMIDIOutCheck = false;
+    p_.Boxes.Tell({.Title = "Can't use MIDI out",
+                   .Text =
+                       "The MIDI output device is gone.\r\n\r\n(MIDI output is switched off; the notes go "
+                       "on without it. Once the device is there again, tick the box again.)",
+                   .Icon = BoxIcon::Warning});
+}
+
+}  // namespace quavix

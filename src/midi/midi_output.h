@@ -1,0 +1,103 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <bitset>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "midi/control_installer.h"
+#include "music/main_fields.h"
+#include "ports/message_boxes.h"
+#include "ports/midi_devices.h"
+#include "ports/tone_outputs.h"
+#include "shell/debug_log.h"
+#include "shell/event_boundary.h"
+#include "shell/waiting.h"
+
+namespace quavix {
+
+/// What MIDI output works with.
+struct MidiOutputParts {
+    MainFields& Fields;
+    MidiOutPort& Device;
+    ControlInstaller& Controls;
+    Waiting& Wait;
+    MessageBoxes& Boxes;
+    EventBoundary& Handlers;
+    DebugLog& Log;
+};
+
+/// What the MIDI output window shows. Lists count from 0; -1 is no entry.
+struct MidiOutputFields {
+    Watched<bool> MIDIOutFormVisible;
+    /// Entry k stands for device k - 1; the first is the virtual port.
+    Watched<std::vector<std::string>> MIDIOutDevices;
+    Watched<std::int32_t> cmbMIDIOutDevice{-1};
+    Watched<std::int32_t> cmbChannel{-1};
+    Watched<std::int32_t> cmbInstrument{-1};
+    Watched<std::string> lblInfoText;
+};
+
+/// MIDI output: sends every tone to the device of the user's choice too. Its check box opens and closes the
+/// device, which is never left with notes sounding.
+class MidiOutput : public MidiNotes {
+  public:
+    static constexpr std::int32_t Channels = 16;
+    static constexpr std::int32_t Notes = 128;
+
+    explicit MidiOutput(const MidiOutputParts& parts);
+    MidiOutput(const MidiOutput&) = delete;
+    MidiOutput& operator=(const MidiOutput&) = delete;
+
+    std::int32_t NoteToMIDI(std::int32_t noteNum, std::int32_t octaveNum) override;
+
+    /// A note outside 0..127, which no MIDI message can hold, is logged, but not sent. While the device is
+    /// busy handlers run; where there is none, nothing happens; one that has vanished shows one message and
+    /// unticks the box.
+    void MIDINoteOn(std::int32_t midiNoteNum) override;
+    void MIDINoteOff(std::int32_t midiNoteNum, std::int32_t channel) override;
+
+    /// Searches for devices, where none is open, and opens the first one.
+    void SetUpComboBox();
+
+    /// Opens the chosen device, where none is open. No device shows a message and disables the box; one that
+    /// refuses shows one and stops the music.
+    void OpenOutputDevice();
+
+    /// Ends the notes that sound, and closes the device.
+    void CloseOutputDevice();
+
+    /// Searches again, for the list that is about to be opened; the open device stays the chosen one.
+    void FindDevices();
+
+    // The clicks on an entry of the lists, be it the one that is chosen already.
+    void cmbMIDIOutDevice_Click(std::int32_t entry);
+    /// Besides, sends a note-off for every note on every channel. Handlers run meanwhile; a later click takes
+    /// the rest over.
+    void cmbChannel_Click(std::int32_t entry);
+    void cmbInstrument_Click(std::int32_t entry);
+
+    MidiOutputFields Fields;
+
+  private:
+    void UseMIDIOutCheck_Click(bool ticked);
+    void Form_Load();
+    std::vector<std::string> DeviceNames(std::int32_t count);
+    void SendInstrument();
+    bool SilenceChannel(std::int32_t channel, std::int32_t silencing);
+    void EndSoundingNotes();
+    std::string StatusText();
+    bool Send(std::int32_t status, std::int32_t data1, std::int32_t data2);
+    MidiSendResult Deliver(const MidiMessage& message);
+    void DeviceGone();
+
+    MidiOutputParts p_;
+    std::int32_t midiChannel_ = 0;
+    bool loaded_ = false;
+    /// Counts the requests for silence: a later one does all that an earlier one still had to do.
+    std::int32_t silencings_ = 0;
+    std::bitset<static_cast<std::size_t>(Channels) * Notes> sounding_;
+};
+
+}  // namespace quavix

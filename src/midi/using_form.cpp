@@ -1,0 +1,47 @@
+// SPDX-License-Identifier: MIT
+#include "midi/using_form.h"
+
+namespace quavix {
+
+UsingForm::UsingForm(EventBoundary& handlers) {
+    for (std::int32_t index = 0; index < Channels; ++index) {
+        Watched<bool>& check = ListenChannelCheck[static_cast<std::size_t>(index)];
+        check = true;
+        check.Watch([this, &handlers, index](bool) {
+            handlers.Run("ListenChannelCheck_Click", [this, index] { ListenChannelCheck_Click(index); });
+        });
+    }
+    OnlyOnceCheck.Watch(
+        [this, &handlers](bool) { handlers.Run("OnlyOnceCheck_Click", [this] { OnlyOnceCheck_Click(); }); });
+}
+
+void UsingForm::TakeMessage(std::int32_t status, std::int32_t data1, std::int32_t data2) {
+    constexpr std::int32_t FirstNoteOff = 0x80;
+    constexpr std::int32_t FirstNoteOn = 0x90;
+    constexpr std::int32_t LastNoteOn = 0x9F;
+    constexpr std::int32_t ChannelBits = 0x0F;
+    if (status < FirstNoteOff || status > LastNoteOn)
+        return;
+    if (!ListenChannelCheck[static_cast<std::size_t>(status & ChannelBits)])
+        return;
+    if (status < FirstNoteOn || data2 == 0)
+        notes_.Release(data1);
+    else
+        notes_.Press(data1);
+}
+
+void UsingForm::SimulateMIDIMessage(std::int32_t message, std::int32_t data1, std::int32_t data2) {
+    if (data1 >= 0 && data1 < HeldNotes::Count)
+        TakeMessage(message, data1, data2);
+}
+
+void UsingForm::ListenChannelCheck_Click(std::int32_t index) {
+    if (!ListenChannelCheck[static_cast<std::size_t>(index)])
+        notes_.ReleaseAll();
+}
+
+void UsingForm::OnlyOnceCheck_Click() {
+    OnlyPlayNoteOnce = OnlyOnceCheck;
+}
+
+}  // namespace quavix

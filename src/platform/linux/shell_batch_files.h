@@ -1,0 +1,25 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+
+#include "ports/batch_files.h"
+
+namespace quavix {
+
+/// Batch files that a shell runs. What registers a control is this program itself, started as
+/// "quavix --register CONTROL".
+class ShellBatchFiles : public BatchFiles {
+  public:
+    ShellBatchFiles();
+    explicit ShellBatchFiles(std::string program) : program_(std::move(program)) {}
+
+    std::string RegisterCommand() override;
+    std::string Quoted(const std::string& fileName) override;
+    std::error_code Start(const std::string& fileName) override;
+
+  private:
+    std::string program_;
+};
+
+}  // namespace quavix
