@@ -5,6 +5,8 @@
 
 #include "fmod/sound_mods.h"
 #include "midi/control_installer.h"
+#include "midi/held_note_cycler.h"
+#include "midi/midi_input.h"
 #include "midi/midi_notes.h"
 #include "midi/midi_output.h"
 #include "music/edit_history.h"
@@ -102,6 +104,9 @@ class Program {
           MidiOut({Fields, ports.MidiOutDevices, Controls, Wait, ports.Boxes, Handlers, Log}),
           Tones(Fields, {ports.PcSpeaker, Motor, Fmod.Generator, MidiOut, Glide}, Code, Wait, ports.Boxes,
                 Log),
+          Cycler(Fields, Tones, Fmod.Generator),
+          MidiIn({Fields, ports.MidiInDevices, Controls, Cycler, Fmod.Generator, ports.Ticks, ports.Boxes,
+                  Handlers, Log}),
           Kick(Fields, Position, Tones, ports.Boxes, Handlers, Log),
           Clicks(Fields, Tones, Code, ports.Time, Wait, Log),
           Bending(Fields, Tones, ports.Random, MIDIToNoteString, ports.Ticks, Handlers, Log),
@@ -145,6 +150,8 @@ class Program {
     ControlInstaller Controls;
     MidiOutput MidiOut;
     ToneDispatcher Tones;
+    HeldNoteCycler Cycler;
+    MidiInput MidiIn;
     Beat Kick;
     Metronome Clicks;
     CircuitBent Bending;
@@ -163,6 +170,8 @@ class Program {
     void ReleaseMidi() {
         if (Fields.MIDIOutIsOpen)
             MidiOut.CloseOutputDevice();
+        if (Fields.MIDIInIsOpen)
+            MidiIn.CloseInputDevice();
     }
 
   private:

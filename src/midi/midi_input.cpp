@@ -1,0 +1,184 @@
+// SPDX-License-Identifier: MIT
+#include "midi/midi_input.h"
+
+#include <algorithm>
+
+#include <fmt/format.h>
+
+namespace quavix {
+
+MidiInput::MidiInput(const MidiInputParts& parts)
+    : UsingForm(parts.Handlers),
+      p_(parts),
+      cTmr_({parts.Fields, parts.Ticks, parts.Handlers, [this] { p_.Cycler.PlayLiveMIDIInput(*this); },
+             [this] { p_.Fields.UseMIDIInCheck = false; }},
+            "intimer") {
+    p_.Fields.UseMIDIInCheck.Watch([this](bool ticked) {
+        p_.Handlers.Run("UseMIDIInCheck_Click", [this, ticked] { UseMIDIInCheck_Click(ticked); });
+    });
+    p_.Device.SetHandler([this] { p_.Handlers.Run("MIDIIn_Message", [this] { MIDIIn_Message(); }); });
+}
+
+MidiInput::~MidiInput() {
+    p_.Device.SetHandler({});
+}
+
+void MidiInput::UseMIDIInCheck_Click(bool ticked) {
+    if (!ticked) {
+        cTmr_.SetEnabled(false);
+        p_.Generator.FMODBeepStop();
+        CloseInputDevice();
+        MIDIInFormVisible = false;
+        p_.Fields.UseMIDIFileCheckEnabled = true;
+        return;
+    }
+    if (!p_.Controls.MakeReady(ControlInstaller::MidiDevicesControl, p_.Fields.UseMIDIInCheck,
+                               [this] { return p_.Device.Prepare(); }))
+        return;
+    p_.Fields.UseMIDIFileCheckEnabled = false;
+    MIDIInFormVisible = true;
+    cTmr_.SetEnabled(true);
+    if (!loaded_)
+        Form_Load();
+    else
+        FindDevices();
+    if (cmbMIDIInDevice < 0 && !MIDIInDevices.Get().empty())
+        cmbMIDIInDevice = 0;
+    OpenInputDevice();
+}
+
+void MidiInput::Form_Load() {
+    loaded_ = true;
+    AutoTimeCheck = true;
+    SetUpComboBox();
+}
+
+void MidiInput::SetUpComboBox() {
+    p_.Log.LogIndentInc("MIDIInForm.SetUpComboBox() - START");
+    if (p_.Fields.ShuttingDown || p_.Fields.MIDIInIsOpen) {
+        p_.Log.LogText("Shutting down, or MIDI In already open - exiting sub");
+    } else if (const std::int32_t count = p_.Device.DeviceCount(); count < 1) {
+        p_.Log.LogText("No MIDI input devices - exiting sub");
+    } else {
+        // There is no device -1 here, whatever the text says.
+        p_.Log.Text("Scanning input devices - -1 to {}", count - 1);
+        const std::vector<std::string> names = DeviceNames(count);
+        for (std::size_t device = 0; device < names.size(); ++device)
+            p_.Log.Text("DEVICEID:{}, PRODUCTNAME:{}", device, names[device]);
+        MIDIInDevices = names;
+        cmbMIDIInDevice = 0;
+        OpenInputDevice();
+    }
+    p_.Log.LogIndentDec("MIDIInForm.SetUpComboBox() - END");
+}
+
+void MidiInput::OpenInputDevice() {
+    constexpr const char* End = "MIDIInForm.OpenInputDevice() - END";
+    p_.Log.LogIndentInc("MIDIInForm.OpenInputDevice() - START");
+    if (p_.Fields.ShuttingDown || p_.Fields.MIDIInIsOpen) {
+        p_.Log.LogText("Shutting down, or MIDI In already open - exiting sub");
+        p_.Log.LogIndentDec(End);
+        return;
+    }
+    const std::string name = ChosenName();
+    p_.Log.Text("Selected device is \"{}\"", name);
+    if (MIDIInDevices.Get().empty()) {
+        TellNoDevice();
+    } else {
+        toldGone_ = false;
+        p_.Fields.MIDIInIsOpen = true;
+        const bool isOpen = p_.Device.Open(cmbMIDIInDevice);
+        lblInfoText =
+            isOpen ? fmt::format("The device is open ({}).", p_.Device.SystemName()) : p_.Device.Problem();
+        if (!isOpen) {
+            p_.Log.LogText("Couldn't open device");
+            p_.Boxes.Show({.Title = "Can't use MIDI in",
+                           .Text = "Couldn't initialize the MIDI input device which you chose to use.",
+                           .Icon = BoxIcon::Warning});
+            p_.Log.LogText("MainForm.MusicIsPlaying -> FALSE");
+            p_.Fields.MusicIsPlaying = false;
+        }
+    }
+    p_.Log.LogIndentDec(End);
+}
+
+void MidiInput::TellNoDevice() {
+    p_.Log.LogText("Can't open non-existing device - showing 'No MIDI input' message.");
+    p_.Boxes.Show({.Title = "Can't use MIDI input!",
+                   .Text = "No MIDI input device can be found - can't use MIDI input.\r\n\r\n"
+                           "If you're simply trying to play a MIDI file through this program, please use the "
+                           "'Play a MIDI file' checkbox instead.",
+                   .Icon = BoxIcon::Warning});
+    p_.Fields.UseMIDIInCheckEnabled = false;
+    p_.Fields.UseMIDIInCheck = false;
+    p_.Fields.UseMIDIFileCheckEnabled = true;
+    cTmr_.SetEnabled(false);
+}
+
+void MidiInput::CloseInputDevice() {
+    p_.Log.LogText("MIDIInForm.CloseInputDevice()");
+    p_.Device.Close();
+    p_.Fields.MIDIInIsOpen = false;
+    ReleaseAllNotes();
+    lblInfoText = "";
+}
+
+std::vector<std::string> MidiInput::DeviceNames(std::int32_t count) {
+    std::vector<std::string> names;
+    for (std::int32_t device = 0; device < count; ++device)
+        names.push_back(p_.Device.DeviceName(device));
+    return names;
+}
+
+std::string MidiInput::ChosenName() const {
+    const std::vector<std::string>& names = MIDIInDevices;
+    const auto entry = static_cast<std::size_t>(cmbMIDIInDevice.Get());
+    return entry < names.size() ? names[entry] : "";
+}
+
+void MidiInput::FindDevices() {
+    const std::string chosen = ChosenName();
+    const std::vector<std::string> names = DeviceNames(p_.Device.DeviceCount());
+    MIDIInDevices = names;
+    // Of devices with one name, the one in the same place.
+    const auto place = static_cast<std::size_t>(cmbMIDIInDevice.Get());
+    if (place < names.size() && names[place] == chosen)
+        return;
+    const auto found = std::find(names.begin(), names.end(), chosen);
+    cmbMIDIInDevice = found == names.end() ? -1 : static_cast<std::int32_t>(found - names.begin());
+}
+
+void MidiInput::cmbMIDIInDevice_Click(std::int32_t entry) {
+    cmbMIDIInDevice = entry;
+    CloseInputDevice();
+    OpenInputDevice();
+}
+
+void MidiInput::MIDIIn_Message() {
+    MidiMessage message;
+    for (auto received = p_.Device.Receive(message); received != MidiInPort::Received::None;
+         received = p_.Device.Receive(message)) {
+        if (received == MidiInPort::Received::Lost) {
+            p_.Log.LogText("MIDI input messages were lost - releasing all notes");
+            ReleaseAllNotes();
+        } else {
+            TakeMessage(message.Status, message.Data1, message.Data2);
+        }
+    }
+    if (p_.Device.State() == MidiDeviceState::Gone && !toldGone_)
+        DeviceIsGone();
+}
+
+void MidiInput::DeviceIsGone() {
+    toldGone_ = true;
+    ReleaseAllNotes();
+    lblInfoText = p_.Device.Problem();
+    p_.Log.LogText("The MIDI input device is gone");
+    p_.Boxes.Tell({.Title = "Can't use MIDI in",
+                   .Text = fmt::format("The MIDI input device \"{}\" is gone.\r\n\r\n"
+                                       "(Once it is there again, choose it in the list of devices.)",
+                                       ChosenName()),
+                   .Icon = BoxIcon::Warning});
+}
+
+}  // namespace quavix
