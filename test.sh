@@ -25,14 +25,22 @@ cmake --build --preset asan -- --quiet
 step "Fuzzing"
 cmake --preset fuzz >/dev/null
 cmake --build --preset fuzz -- --quiet
-for fuzzer in build/fuzz/bin/quavix-fuzz-*; do
-    subject=${fuzzer##*quavix-fuzz-}
+fuzz() {
+    subject=${1##*quavix-fuzz-}
     # New finds go to a folder of the build, the seeds stay as they are.
     mkdir -p "build/fuzz/found/$subject"
-    "$fuzzer" -max_total_time=15 -verbosity=0 -print_final_stats=1 -dict="fuzz/$subject.dict" \
-        "build/fuzz/found/$subject" "fuzz/corpus/$subject" 2>build/fuzz/fuzz.log ||
-        { tail -n 50 build/fuzz/fuzz.log; exit 1; }
-    grep number_of_executed_units build/fuzz/fuzz.log
+    "$1" -max_total_time=30 -verbosity=0 -print_final_stats=1 -dict="fuzz/$subject.dict" \
+        "build/fuzz/found/$subject" "fuzz/corpus/$subject" 2>"build/fuzz/$subject.log" ||
+        { tail -n 50 "build/fuzz/$subject.log"; return 1; }
+    printf '%s: %s\n' "$subject" "$(grep number_of_executed_units "build/fuzz/$subject.log")"
+}
+fuzzers=
+for fuzzer in build/fuzz/bin/quavix-fuzz-*; do
+    fuzz "$fuzzer" &
+    fuzzers="$fuzzers $!"
+done
+for fuzzer in $fuzzers; do
+    wait "$fuzzer"
 done
 
 step "Tests under AddressSanitizer and UndefinedBehaviorSanitizer"
