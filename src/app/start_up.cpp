@@ -55,8 +55,8 @@ void StartUp::SwitchToneCode() {
 }
 
 void StartUp::AfterMainForm() {
-    LoadCommandLineSong();
-    // What is wrong with the sound must not keep the rest from starting.
+    // What is wrong with the song or with the sound must not keep the rest from starting.
+    p_.Handlers.Run("MainForm_Load", [this] { LoadCommandLineSong(); });
     p_.Handlers.Run("MainForm_Load", [this] { StartFmod(); });
     p_.CheckForPort();
     // The first process of the system, not this one, which keeps the priority that it was started with.

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "songfile/song_text.h"
 #include "support/simulated_program.h"
 
 namespace quavix {
@@ -25,7 +26,10 @@ struct NoProcesses : Processes {
 struct Started : test::SimulatedProgram {
     void Start(const std::string& commandLine) {
         StartUp startUp({App.Fields, Time, Disk, Boxes, System, Speaker, App.Fmod, App.Handlers, App.Log,
-                         [this](const std::string& song) { Loaded += song; },
+                         [this](const std::string& song) {
+                             Loaded += song;
+                             App.Document.LoadFile(song);
+                         },
                          [this](bool songIsLoaded) { Offered = songIsLoaded ? "told" : "offered"; },
                          [this] { App.Motor.CheckForPort(); }},
                         {"/program", "/windows", commandLine});
@@ -84,11 +88,25 @@ TEST(StartUp, AToneCodeFileSwitchesToneCodeOnAndSaysSo) {
 
 TEST(StartUp, LoadsTheSongOnTheCommandLine) {
     Started p;
-    p.Disk.Put("/music/my song.QVX", "");
+    p.Disk.Put("/music/my song.QVX", std::string(SongHeader));
     p.Start("\"/music/my song.QVX\"");
     EXPECT_EQ(p.Loaded, "/music/my song.QVX");
     EXPECT_EQ(p.Offered, "told");
     EXPECT_TRUE(p.Boxes.Shown().empty());
+}
+
+TEST(StartUp, ASongThatCannotBeReadDoesNotKeepTheRestFromStarting) {
+    Started p;
+    p.Disk.Put("/music/song.QVX", "");
+    p.Disk.FailReading("/music/song.QVX", std::errc::permission_denied);
+    p.Disk.Put("/program/FMODex.dll", "a library");
+    p.Start("/music/song.QVX");
+    ASSERT_EQ(p.Boxes.Shown().size(), 1u);
+    EXPECT_TRUE(p.Boxes.Shown()[0].Text.starts_with("Run-time error '70':"));
+    EXPECT_TRUE(p.App.Fields.UseFMODCheckEnabled);
+    EXPECT_TRUE(p.App.Fields.UseVoiceCheckEnabled);
+    EXPECT_EQ(p.System.Opened, "1 1 ");
+    EXPECT_EQ(p.Offered, "told");
 }
 
 TEST(StartUp, ACommandLineThatIsNoFileIsShownAsItWasGiven) {
