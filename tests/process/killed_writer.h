@@ -48,7 +48,7 @@ class KilledWriter {
         ::kill(pid_, SIGKILL);
         int status = 0;
         ::waitpid(std::exchange(pid_, 0), &status, 0);
-        return WIFSIGNALED(status);
+        return WIFSIGNALED(status) && WTERMSIG(status) == SIGKILL;
     }
 
   private:

@@ -68,7 +68,7 @@ int main(int argumentCount, char** arguments) {
         // Erased, not cleared: that would begin a new song, which has nothing to be copied.
         if (pass % Songs == 0) {
             std::vector<std::int32_t> rows(static_cast<std::size_t>(app.List.Count()));
-            std::iota(rows.begin(), rows.end(), 0);
+            std::iota(rows.begin(), rows.end(), 1);
             app.List.RemoveRows(rows);
         }
         for (std::int32_t i = 0; i < LinesMore; ++i)
