@@ -52,7 +52,7 @@ TEST(EventSpeaker, ReturnsNoSoonerThanTheToneHasPassedAndLeavesNoProcessBehind) 
     DevicePipe device;
     const std::int64_t start = MonotonicNs();
     {
-        EventSpeaker speaker(device.TakeWriteEnd(), UniqueFd(), {});
+        EventSpeaker speaker(device.TakeWriteEnd(), FileDescriptor(), {});
         ASSERT_FALSE(speaker.Failed());
         EXPECT_EQ(speaker.Status().InUse, "PC speaker");
         EXPECT_EQ(speaker.Status().Reason, "");
@@ -78,14 +78,14 @@ TEST(EventSpeaker, EndsEachToneItsLengthAfterItsCallWhateverItTookToStart) {
         nowNs = deadlineNs;
     };
     DevicePipe device;
-    EventSpeaker speaker(device.TakeWriteEnd(), UniqueFd(), clock);
+    EventSpeaker speaker(device.TakeWriteEnd(), FileDescriptor(), clock);
     for (int tone = 0; tone < 3; ++tone)
         speaker.Beep(440, 100);
     EXPECT_THAT(deadlines, testing::ElementsAre(1'100'000'000, 1'200'000'000, 1'300'000'000));
 }
 
 TEST(EventSpeaker, IsNotUsedWithoutItsGuard) {
-    const EventSpeaker speaker(UniqueFd(), UniqueFd(), {});
+    const EventSpeaker speaker(FileDescriptor(), FileDescriptor(), {});
     EXPECT_TRUE(speaker.Failed());
     EXPECT_TRUE(speaker.Status().Silent);
     EXPECT_THAT(speaker.Status().Reason, HasSubstr("guard"));
@@ -94,7 +94,7 @@ TEST(EventSpeaker, IsNotUsedWithoutItsGuard) {
 TEST(EventSpeaker, WhoseDeviceFailsKeepsTimeAndSaysSo) {
     const auto before = std::signal(SIGPIPE, SIG_IGN);  // a pipe's habit, not a device's
     {
-        EventSpeaker speaker(DevicePipe().TakeWriteEnd(), UniqueFd(), {});  // the reading end is gone
+        EventSpeaker speaker(DevicePipe().TakeWriteEnd(), FileDescriptor(), {});  // the reading end is gone
         ASSERT_FALSE(speaker.Failed());
         const std::int64_t start = MonotonicNs();
         speaker.Beep(440, 20);

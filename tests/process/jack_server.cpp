@@ -16,8 +16,8 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/linux/file_descriptor.h"
 #include "platform/linux/speaker/tone_clock.h"
-#include "platform/linux/speaker/unique_fd.h"
 
 namespace quavix {
 namespace {
@@ -47,8 +47,8 @@ bool JackServer::Start(int sampleRate) {
     std::array<int, 2> ends{-1, -1};
     if (pipe2(ends.data(), O_CLOEXEC) != 0)
         return false;
-    const UniqueFd output(ends[0]);
-    UniqueFd serversOutput(ends[1]);
+    const FileDescriptor output(ends[0]);
+    FileDescriptor serversOutput(ends[1]);
     process_ = fork();
     if (process_ == 0) {
         dup2(serversOutput.Get(), STDOUT_FILENO);

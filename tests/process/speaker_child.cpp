@@ -31,11 +31,11 @@ const std::map<std::string, std::function<void()>> Endings{
     {"segfault", [] { RaiseAsUsual(SIGSEGV); }},
 };
 
-void Play(const std::string& how, quavix::UniqueFd lock) {
+void Play(const std::string& how, quavix::FileDescriptor lock) {
     quavix::ToneClock clock;
     if (Endings.contains(how))
         clock.WaitUntil = [how](std::int64_t) { Endings.at(how)(); };
-    quavix::EventSpeaker speaker(quavix::UniqueFd(DeviceFd), std::move(lock), clock);
+    quavix::EventSpeaker speaker(quavix::FileDescriptor(DeviceFd), std::move(lock), clock);
     if (speaker.Failed())
         std::exit(9);
     if (how == "song") {
@@ -60,7 +60,7 @@ void Play(const std::string& how, quavix::UniqueFd lock) {
 
 int main(int argc, char** argv) {
     const std::string how = argc > 1 ? argv[1] : "";
-    quavix::UniqueFd lock;
+    quavix::FileDescriptor lock;
     if (argc > 2) {
         lock = quavix::TakeSpeakerLock(argv[2], argv[2]).File;
         if (!lock)

@@ -39,8 +39,8 @@ std::pair<char, pid_t> StateAndParent(pid_t process) {
 DevicePipe::DevicePipe() {
     std::array<int, 2> ends{-1, -1};
     EXPECT_EQ(pipe2(ends.data(), O_CLOEXEC), 0);
-    readEnd_ = UniqueFd(ends[0]);
-    writeEnd_ = UniqueFd(ends[1]);
+    readEnd_ = FileDescriptor(ends[0]);
+    writeEnd_ = FileDescriptor(ends[1]);
 }
 
 std::optional<ArrivedTone> DevicePipe::Next() {
@@ -67,7 +67,7 @@ std::vector<std::int32_t> DevicePipe::Rest() {
 }
 
 SpeakerProcess::SpeakerProcess(const std::string& how, const std::string& lockFolder) {
-    const UniqueFd device = Device.TakeWriteEnd();
+    const FileDescriptor device = Device.TakeWriteEnd();
     process_ = fork();
     if (process_ == 0) {
         setpgid(0, 0);

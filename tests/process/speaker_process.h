@@ -7,7 +7,7 @@
 #include <sys/types.h>
 #include <vector>
 
-#include "platform/linux/speaker/unique_fd.h"
+#include "platform/linux/file_descriptor.h"
 
 namespace quavix {
 
@@ -23,7 +23,7 @@ class DevicePipe {
     DevicePipe();
 
     /// The end that is written to; to be given away, or the pipe has no end.
-    UniqueFd TakeWriteEnd() { return std::move(writeEnd_); }
+    FileDescriptor TakeWriteEnd() { return std::move(writeEnd_); }
 
     /// Waits for the next tone event; none once nobody holds the device any more. Anything else that arrives,
     /// and half a minute in which nothing does, fails the test.
@@ -33,8 +33,8 @@ class DevicePipe {
     std::vector<std::int32_t> Rest();
 
   private:
-    UniqueFd readEnd_;
-    UniqueFd writeEnd_;
+    FileDescriptor readEnd_;
+    FileDescriptor writeEnd_;
 };
 
 /// The speaker child in a process group of its own, playing on a pipe. Killed at the end if it still runs.

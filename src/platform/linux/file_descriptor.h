@@ -12,10 +12,12 @@ namespace quavix {
 /// The error that the last system call has left.
 std::error_code LastError();
 
-/// An open file, closed when destroyed; -1 is none. Calls that a signal interrupts are taken up again.
+/// Owns one file descriptor and closes it; -1 is none. Moved from, it holds none. Calls that a signal
+/// interrupts are taken up again.
 class FileDescriptor {
   public:
-    explicit FileDescriptor(int fd = -1) : fd_(fd) {}
+    FileDescriptor() = default;
+    explicit FileDescriptor(int fd) : fd_(fd) {}
     FileDescriptor(FileDescriptor&& other) noexcept : fd_(std::exchange(other.fd_, -1)) {}
     FileDescriptor& operator=(FileDescriptor&& other) noexcept;
     ~FileDescriptor() { Close(); }
@@ -23,8 +25,8 @@ class FileDescriptor {
     /// openat() that is never inherited by a child, never waits for a pipe's other end and takes no terminal.
     static FileDescriptor Open(int folder, const char* name, int flags, mode_t mode = 0);
 
-    bool IsOpen() const { return fd_ >= 0; }
     int Get() const { return fd_; }
+    explicit operator bool() const { return fd_ >= 0; }
 
     /// Writes all bytes at the file's position.
     std::error_code WriteAll(std::string_view bytes) const;
@@ -33,7 +35,7 @@ class FileDescriptor {
     std::error_code Close();
 
   private:
-    int fd_;
+    int fd_ = -1;
 };
 
 /// What keeps a file of this type from being read or written as an ordinary one.

@@ -58,8 +58,8 @@ bool ForkedGuard::Start(const char* name, int device, const Duty& duty) {
         problem_ = std::string("no channel to it: ") + std::strerror(errno);
         return false;
     }
-    channel_ = UniqueFd(ends[0]);
-    UniqueFd guardsEnd(ends[1]);
+    channel_ = FileDescriptor(ends[0]);
+    FileDescriptor guardsEnd(ends[1]);
 
     // Until the guard ignores signals it must not run the program's handlers for them.
     sigset_t all;

@@ -5,7 +5,7 @@
 #include <string>
 #include <sys/types.h>
 
-#include "platform/linux/speaker/unique_fd.h"
+#include "platform/linux/file_descriptor.h"
 
 namespace quavix {
 
@@ -39,7 +39,7 @@ class ForkedGuard {
     bool Ready() const;
 
     pid_t process_ = -1;
-    UniqueFd channel_;
+    FileDescriptor channel_;
     std::string problem_;
 };
 

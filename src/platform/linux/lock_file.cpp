@@ -28,7 +28,7 @@ std::unique_ptr<LockFile> LockFile::Take(const std::string& name, std::error_cod
     for (;;) {
         FileDescriptor file =
             FileDescriptor::Open(AT_FDCWD, name.c_str(), O_RDWR | O_CREAT | O_NOFOLLOW, S_IRUSR | S_IWUSR);
-        if (!file.IsOpen() || ::flock(file.Get(), LOCK_EX | LOCK_NB) != 0) {
+        if (!file || ::flock(file.Get(), LOCK_EX | LOCK_NB) != 0) {
             error = LastError();
             return nullptr;
         }

@@ -87,7 +87,7 @@ FileDescriptor OpenOrdinary(const std::string& name, int flags, mode_t mode, str
         return FileDescriptor();
     }
     FileDescriptor file = FileDescriptor::Open(AT_FDCWD, name.c_str(), flags, mode);
-    if (!file.IsOpen() || ::fstat(file.Get(), &status) != 0)
+    if (!file || ::fstat(file.Get(), &status) != 0)
         error = LastError();
     else
         error = UnlessOrdinary(status);

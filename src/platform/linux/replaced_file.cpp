@@ -37,7 +37,7 @@ std::string UnpredictableName() {
 FileDescriptor OpenFolder(const std::string& folder) {
     FileDescriptor opened = FileDescriptor::Open(AT_FDCWD, folder.c_str(), O_RDONLY | O_DIRECTORY);
     // A folder that may be written but not listed is as good, but for making it durable.
-    if (!opened.IsOpen() && errno == EACCES)
+    if (!opened && errno == EACCES)
         opened = FileDescriptor::Open(AT_FDCWD, folder.c_str(), O_PATH | O_DIRECTORY);
     return opened;
 }
@@ -55,7 +55,7 @@ std::unique_ptr<ReplacedFile> ReplacedFile::Open(const std::string& name, std::e
         return nullptr;
     const std::string folder = path.parent_path().empty() ? "." : path.parent_path().string();
     FileDescriptor opened = OpenFolder(folder);
-    if (!opened.IsOpen()) {
+    if (!opened) {
         error = LastError();
         return nullptr;
     }
@@ -81,7 +81,7 @@ std::error_code ReplacedFile::Prepare() {
     if (const auto error = UnlessOrdinary(old))
         return error;
     // Only opening it tells for sure whether it may be written: permissions, read-only disks, attributes.
-    if (!FileDescriptor::Open(folder_.Get(), name_.c_str(), O_WRONLY | O_NOFOLLOW).IsOpen())
+    if (!FileDescriptor::Open(folder_.Get(), name_.c_str(), O_WRONLY | O_NOFOLLOW))
         return LastError();
     if (const auto error = CreateBeside())
         return error;
@@ -98,7 +98,7 @@ std::error_code ReplacedFile::CreateBeside() {
         std::string name = UnpredictableName();
         file_ = FileDescriptor::Open(folder_.Get(), name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW,
                                      ReadWriteForAll);
-        if (file_.IsOpen()) {
+        if (file_) {
             temporaryName_ = std::move(name);
             return {};
         }

@@ -8,7 +8,7 @@
 namespace quavix {
 
 WakeSignal::WakeSignal() : counter_(eventfd(0, EFD_CLOEXEC | EFD_NONBLOCK)) {
-    if (!counter_.IsOpen())
+    if (!counter_)
         throw std::system_error(LastError(), "eventfd");
 }
 

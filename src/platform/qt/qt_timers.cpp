@@ -54,7 +54,7 @@ Timers::Id QtTimers::Start(std::int32_t intervalMs, std::function<void()> tick) 
                 .IntervalNs = NsOf(intervalMs),
                 .LastDueNs = Now(),
                 .Notifier = nullptr};
-    if (!timer.Kernel.IsOpen())
+    if (!timer.Kernel)
         throw std::system_error(LastError(), "timerfd_create");
     timer.Arm();
     timer.Notifier.reset(new QSocketNotifier(timer.Kernel.Get(), QSocketNotifier::Read));

@@ -58,7 +58,7 @@ int main(int argc, char** argv) {
         return 2;
     constexpr int DeviceFd = 3;
     TerminationSignals signals;
-    EventSpeaker device{UniqueFd(DeviceFd), UniqueFd(), ToneClock()};
+    EventSpeaker device{FileDescriptor(DeviceFd), FileDescriptor(), ToneClock()};
     TimedSpeaker speaker(device);
     QtApplication application(argc, argv, "child", "1");
     SystemClock clock;

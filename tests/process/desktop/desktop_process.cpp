@@ -20,20 +20,20 @@ constexpr int ChildsDevice = 3;
 constexpr std::int64_t NsPerSecond = 1'000'000'000;
 constexpr std::int64_t SecondsPerDay = 86'400;
 
-bool MakePipe(UniqueFd& readEnd, UniqueFd& writeEnd) {
+bool MakePipe(FileDescriptor& readEnd, FileDescriptor& writeEnd) {
     std::array<int, 2> ends{-1, -1};
     if (pipe2(ends.data(), O_CLOEXEC) != 0)
         return false;
-    readEnd = UniqueFd(ends[0]);
-    writeEnd = UniqueFd(ends[1]);
+    readEnd = FileDescriptor(ends[0]);
+    writeEnd = FileDescriptor(ends[1]);
     return true;
 }
 
 }  // namespace
 
 DesktopProcess::DesktopProcess(const std::vector<std::string>& arguments, const std::string& timeZone) {
-    UniqueFd device;
-    UniqueFd output;
+    FileDescriptor device;
+    FileDescriptor output;
     if (!MakePipe(device_, device) || !MakePipe(output_, output))
         return;
     std::vector<char*> childsArguments{const_cast<char*>(QUAVIX_DESKTOP_CHILD)};

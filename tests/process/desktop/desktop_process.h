@@ -7,7 +7,7 @@
 #include <sys/types.h>
 #include <vector>
 
-#include "platform/linux/speaker/unique_fd.h"
+#include "platform/linux/file_descriptor.h"
 
 namespace quavix {
 
@@ -39,8 +39,8 @@ class DesktopProcess {
     std::optional<Tone> NextTone() const;
 
   private:
-    UniqueFd device_;
-    UniqueFd output_;
+    FileDescriptor device_;
+    FileDescriptor output_;
     pid_t process_ = -1;
 };
 

@@ -11,7 +11,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/linux/speaker/unique_fd.h"
+#include "platform/linux/file_descriptor.h"
 
 namespace quavix {
 
@@ -24,7 +24,7 @@ class PseudoTerminal {
         EXPECT_EQ(unlockpt(device_.Get()), 0);
         name_ = ptsname(device_.Get());
         // Held open, or the device would see an end before the program opens the port.
-        port_ = UniqueFd(open(name_.c_str(), O_RDWR | O_NOCTTY | O_CLOEXEC));
+        port_ = FileDescriptor(open(name_.c_str(), O_RDWR | O_NOCTTY | O_CLOEXEC));
         EXPECT_TRUE(port_);
     }
 
@@ -73,8 +73,8 @@ class PseudoTerminal {
         return got > 0;
     }
 
-    UniqueFd device_;
-    UniqueFd port_;
+    FileDescriptor device_;
+    FileDescriptor port_;
     std::string name_;
     std::string arrived_;
 };

@@ -11,7 +11,7 @@
 
 namespace quavix {
 
-EventSpeaker::EventSpeaker(UniqueFd device, UniqueFd lock, ToneClock clock)
+EventSpeaker::EventSpeaker(FileDescriptor device, FileDescriptor lock, ToneClock clock)
     : lock_(std::move(lock)), device_(std::move(device)), guard_(device_.Get()), clock_(std::move(clock)) {
     if (!guard_.Start())
         failure_ =

@@ -3,10 +3,10 @@
 
 #include <string>
 
+#include "platform/linux/file_descriptor.h"
 #include "platform/linux/speaker/platform_speaker.h"
 #include "platform/linux/speaker/speaker_guard.h"
 #include "platform/linux/speaker/tone_clock.h"
-#include "platform/linux/speaker/unique_fd.h"
 
 namespace quavix {
 
@@ -16,7 +16,7 @@ class EventSpeaker : public PlatformSpeaker {
   public:
     /// `device` is open for writing and known to be a PC speaker. Starts the guard; where that is not
     /// possible the speaker has failed from the beginning. `lock` is kept as long as the speaker.
-    EventSpeaker(UniqueFd device, UniqueFd lock, ToneClock clock);
+    EventSpeaker(FileDescriptor device, FileDescriptor lock, ToneClock clock);
 
     /// Switches the device off.
     ~EventSpeaker() override;
@@ -29,8 +29,8 @@ class EventSpeaker : public PlatformSpeaker {
     bool SwitchOn(std::int32_t frequency, std::int64_t deadlineNs);
     void SwitchOff();
 
-    UniqueFd lock_;
-    UniqueFd device_;
+    FileDescriptor lock_;
+    FileDescriptor device_;
     SpeakerGuard guard_;
     ToneClock clock_;
     std::string failure_;

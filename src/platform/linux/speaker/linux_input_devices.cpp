@@ -79,13 +79,13 @@ InputDeviceFacts LinuxInputDevices::LookAt(const std::string& path) const {
     return facts;
 }
 
-UniqueFd LinuxInputDevices::Open(const std::string& path, int& error) const {
-    UniqueFd device(open(path.c_str(), O_WRONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK));
+FileDescriptor LinuxInputDevices::Open(const std::string& path, int& error) const {
+    FileDescriptor device(open(path.c_str(), O_WRONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK));
     error = device ? 0 : errno;
     return device;
 }
 
-InputDeviceFacts LinuxInputDevices::Ask(const UniqueFd& device) const {
+InputDeviceFacts LinuxInputDevices::Ask(const FileDescriptor& device) const {
     struct stat node {};
     InputDeviceFacts facts;
     facts.IsInputDevice = fstat(device.Get(), &node) == 0 && IsInputNode(node);

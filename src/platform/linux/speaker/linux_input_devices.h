@@ -10,8 +10,8 @@ class LinuxInputDevices : public InputDevices {
   public:
     std::vector<std::string> Candidates() const override;
     InputDeviceFacts LookAt(const std::string& path) const override;
-    UniqueFd Open(const std::string& path, int& error) const override;
-    InputDeviceFacts Ask(const UniqueFd& device) const override;
+    FileDescriptor Open(const std::string& path, int& error) const override;
+    InputDeviceFacts Ask(const FileDescriptor& device) const override;
 };
 
 }  // namespace quavix

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/linux/speaker/unique_fd.h"
+#include "platform/linux/file_descriptor.h"
 
 namespace quavix {
 
@@ -28,17 +28,17 @@ class InputDevices {
     virtual InputDeviceFacts LookAt(const std::string& path) const = 0;
 
     /// Opens for writing only, closed on exec. No descriptor: `error` is the system's error number.
-    virtual UniqueFd Open(const std::string& path, int& error) const = 0;
+    virtual FileDescriptor Open(const std::string& path, int& error) const = 0;
 
     /// What the opened device itself says.
-    virtual InputDeviceFacts Ask(const UniqueFd& device) const = 0;
+    virtual InputDeviceFacts Ask(const FileDescriptor& device) const = 0;
 };
 
 enum class DeviceProblem { None, NotThere, NoPermission, NotASpeaker, CannotOpen };
 
 /// The speaker's descriptor, or why there is none.
 struct FoundDevice {
-    UniqueFd Device;
+    FileDescriptor Device;
     std::string Path;
     DeviceProblem Problem = DeviceProblem::NotThere;
     int Error = 0;  // the system's error number, for NoPermission and CannotOpen

@@ -12,18 +12,18 @@
 namespace quavix {
 namespace {
 
-UniqueFd OpenSafeFolder(const std::string& folder) {
-    UniqueFd opened(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
+FileDescriptor OpenSafeFolder(const std::string& folder) {
+    FileDescriptor opened(open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC));
     struct stat facts {};
     const bool safe = opened && fstat(opened.Get(), &facts) == 0 && facts.st_uid == geteuid() &&
                       (facts.st_mode & (S_IRWXG | S_IRWXO)) == 0;
-    return safe ? std::move(opened) : UniqueFd();
+    return safe ? std::move(opened) : FileDescriptor();
 }
 
 }  // namespace
 
 SpeakerLock TakeSpeakerLock(const std::string& runtimeFolder, const std::string& tempFolder) {
-    UniqueFd folder;
+    FileDescriptor folder;
     if (runtimeFolder.starts_with('/'))
         folder = OpenSafeFolder(runtimeFolder);
     if (!folder) {
@@ -35,8 +35,8 @@ SpeakerLock TakeSpeakerLock(const std::string& runtimeFolder, const std::string&
                     fmt::format("There is no safe folder for its lock: {} is not a private folder.", own)};
     }
     SpeakerLock lock;
-    lock.File = UniqueFd(openat(folder.Get(), "quavix-speaker.lock",
-                                O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC, S_IRUSR | S_IWUSR));
+    lock.File = FileDescriptor(openat(folder.Get(), "quavix-speaker.lock",
+                                      O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC, S_IRUSR | S_IWUSR));
     if (!lock.File)
         lock.Reason = fmt::format("Its lock can't be made: {}.", std::strerror(errno));
     else if (flock(lock.File.Get(), LOCK_EX | LOCK_NB) != 0) {

@@ -3,13 +3,13 @@
 
 #include <string>
 
-#include "platform/linux/speaker/unique_fd.h"
+#include "platform/linux/file_descriptor.h"
 
 namespace quavix {
 
 /// The right to sound the PC speaker, kept as long as the descriptor is; or why it was not given.
 struct SpeakerLock {
-    UniqueFd File;
+    FileDescriptor File;
     std::string Reason;
 };
 

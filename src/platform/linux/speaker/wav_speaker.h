@@ -5,9 +5,9 @@
 #include <span>
 #include <string>
 
+#include "platform/linux/file_descriptor.h"
 #include "platform/linux/speaker/platform_speaker.h"
 #include "platform/linux/speaker/tone_clock.h"
-#include "platform/linux/speaker/unique_fd.h"
 
 namespace quavix {
 
@@ -31,7 +31,7 @@ class WavSpeaker : public PlatformSpeaker {
 
     std::string path_;
     ToneClock clock_;
-    UniqueFd file_;
+    FileDescriptor file_;
     std::int64_t madeNs_;
     std::int64_t frames_ = 0;
     std::string failure_;

@@ -26,15 +26,15 @@ TEST(LinuxInputDevices, DoNotTakeAnOpenedPipeOrNullDeviceForASpeaker) {
     const LinuxInputDevices devices;
     std::array<int, 2> ends{};
     ASSERT_EQ(pipe2(ends.data(), O_CLOEXEC), 0);
-    const UniqueFd readEnd(ends[0]);
-    EXPECT_FALSE(IsPcSpeaker(devices.Ask(UniqueFd(ends[1]))));
+    const FileDescriptor readEnd(ends[0]);
+    EXPECT_FALSE(IsPcSpeaker(devices.Ask(FileDescriptor(ends[1]))));
     int error = 0;
     EXPECT_FALSE(IsPcSpeaker(devices.Ask(devices.Open("/dev/null", error))));
 }
 
 TEST(LinuxInputDevices, OpenForWritingOnlyAndNotForOtherPrograms) {
     int error = 0;
-    const UniqueFd null = LinuxInputDevices().Open("/dev/null", error);
+    const FileDescriptor null = LinuxInputDevices().Open("/dev/null", error);
     ASSERT_TRUE(null);
     EXPECT_EQ(fcntl(null.Get(), F_GETFL) & O_ACCMODE, O_WRONLY);
     EXPECT_EQ(fcntl(null.Get(), F_GETFD) & FD_CLOEXEC, FD_CLOEXEC);

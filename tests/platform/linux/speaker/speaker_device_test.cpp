@@ -31,12 +31,12 @@ class FakeInputDevices : public InputDevices {
     InputDeviceFacts LookAt(const std::string& path) const override {
         return nodes_.contains(path) ? nodes_.at(path).Seen : InputDeviceFacts{};
     }
-    UniqueFd Open(const std::string& path, int& error) const override {
+    FileDescriptor Open(const std::string& path, int& error) const override {
         Opened.push_back(path);
         error = nodes_.at(path).OpenError;
-        return error == 0 ? UniqueFd(::open("/dev/null", O_WRONLY | O_CLOEXEC)) : UniqueFd();
+        return error == 0 ? FileDescriptor(::open("/dev/null", O_WRONLY | O_CLOEXEC)) : FileDescriptor();
     }
-    InputDeviceFacts Ask(const UniqueFd&) const override { return nodes_.at(Opened.back()).Asked; }
+    InputDeviceFacts Ask(const FileDescriptor&) const override { return nodes_.at(Opened.back()).Asked; }
 
     mutable std::vector<std::string> Opened;
 
