@@ -2,6 +2,7 @@
 #include "platform/linux/posix_files.h"
 
 #include <csignal>
+#include <fcntl.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -138,6 +139,19 @@ TEST_F(PosixFilesTest, LeavesEverythingAsItWasWithoutCommit) {
     Disk.OpenForOutput(Folder.File("song"), error)->Write("new");
     Disk.OpenForOutput(Folder.File("other"), error)->Write("new");
     EXPECT_EQ(Folder.Content("song"), "old");
+    EXPECT_EQ(Folder.EntryCount(), 1);
+}
+
+// A process that is killed meanwhile can't clear anything away.
+TEST_F(PosixFilesTest, WritesAFileWithoutANameWhereTheFileSystemHasSuch) {
+    const int unnamed = ::open(Folder.Path().c_str(), O_WRONLY | O_TMPFILE, 0600);
+    ::close(unnamed);
+    std::error_code error;
+    const auto file = Disk.OpenForOutput(Folder.File("song"), error);
+    EXPECT_FALSE(file->Write("new"));
+    EXPECT_EQ(Folder.EntryCount(), unnamed >= 0 ? 0 : 1);
+    EXPECT_FALSE(file->Commit());
+    EXPECT_EQ(Folder.Content("song"), "new");
     EXPECT_EQ(Folder.EntryCount(), 1);
 }
 

@@ -27,6 +27,9 @@ std::filesystem::path FollowLinks(std::filesystem::path path, std::error_code& e
     return path;
 }
 
+/// Where a process finds its own open files, by their numbers.
+constexpr const char* OpenFiles = "/proc/self/fd/";
+
 std::string UnpredictableName() {
     std::random_device random;
     std::array<char, 40> name{};
@@ -92,13 +95,25 @@ std::error_code ReplacedFile::Prepare() {
 }
 
 std::error_code ReplacedFile::CreateBeside() {
-    constexpr int Attempts = 100;
     constexpr mode_t ReadWriteForAll = 0666;  // as far as the umask lets it
+    if (::access(OpenFiles, X_OK) == 0)
+        file_ = FileDescriptor::Open(folder_.Get(), ".", O_WRONLY | O_TMPFILE, ReadWriteForAll);
+    if (file_)
+        return {};
+    // Not every file system has files without a name.
+    return TakeTemporaryName([this](const char* name) {
+        file_ = FileDescriptor::Open(folder_.Get(), name, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW,
+                                     ReadWriteForAll);
+        return static_cast<bool>(file_);
+    });
+}
+
+template <typename Create>
+std::error_code ReplacedFile::TakeTemporaryName(Create create) {
+    constexpr int Attempts = 100;
     for (int attempt = 0; attempt < Attempts; ++attempt) {
         std::string name = UnpredictableName();
-        file_ = FileDescriptor::Open(folder_.Get(), name.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW,
-                                     ReadWriteForAll);
-        if (file_) {
+        if (create(name.c_str())) {
             temporaryName_ = std::move(name);
             return {};
         }
@@ -108,9 +123,21 @@ std::error_code ReplacedFile::CreateBeside() {
     return LastError();
 }
 
+/// A new file can't be linked in another's place, so a file without a name takes one for a moment.
+std::error_code ReplacedFile::Name() {
+    const std::string file = OpenFiles + std::to_string(file_.Get());
+    return TakeTemporaryName([&](const char* name) {
+        return ::linkat(AT_FDCWD, file.c_str(), folder_.Get(), name, AT_SYMLINK_FOLLOW) == 0;
+    });
+}
+
 std::error_code ReplacedFile::Commit() {
     if (const auto error = file_.Sync())
         return error;
+    if (temporaryName_.empty()) {
+        if (const auto error = Name())
+            return error;
+    }
     if (const auto error = file_.Close())
         return error;
     if (::renameat(folder_.Get(), temporaryName_.c_str(), folder_.Get(), name_.c_str()) != 0)

@@ -10,7 +10,8 @@
 
 namespace quavix {
 
-/// A file whose new content is written beside it and takes its place in Commit().
+/// A file whose new content is written beside it and takes its place in Commit(). Where the file system can
+/// do that, the new content has no name before, so that a process that is killed leaves nothing of it behind.
 class ReplacedFile : public FileWriter {
   public:
     /// Null with `error` set when the file can't be written.
@@ -30,10 +31,13 @@ class ReplacedFile : public FileWriter {
         : folder_(std::move(folder)), name_(std::move(name)) {}
     std::error_code Prepare();
     std::error_code CreateBeside();
+    std::error_code Name();
+    template <typename Create>
+    std::error_code TakeTemporaryName(Create create);
 
     FileDescriptor folder_;      // all names are relative to it, so that nothing moves it from under us
     std::string name_;           // of the file itself, links resolved
-    std::string temporaryName_;  // empty while there is none
+    std::string temporaryName_;  // empty while it has none
     FileDescriptor file_;
 };
 
