@@ -3,27 +3,22 @@
 
 #include <ctime>
 
+#include "platform/linux/monotonic.h"
+
 namespace quavix {
 namespace {
 
-timespec Monotonic() {
-    timespec now{};
-    clock_gettime(CLOCK_MONOTONIC, &now);
-    return now;
-}
+constexpr std::int64_t NsPerSecond = 1'000'000'000;
 
 }  // namespace
 
 std::int64_t SystemClock::PerformanceCounter() {
-    constexpr std::int64_t NanosecondsPerCount = 100;
-    const timespec now = Monotonic();
-    return now.tv_sec * PerformanceFrequency() + now.tv_nsec / NanosecondsPerCount;
+    return MonotonicNs() / (NsPerSecond / PerformanceFrequency());
 }
 
 std::uint32_t SystemClock::TickCount() {
-    constexpr std::int64_t NanosecondsPerMs = 1'000'000;
-    const timespec now = Monotonic();
-    return static_cast<std::uint32_t>(now.tv_sec * 1000 + now.tv_nsec / NanosecondsPerMs);
+    constexpr std::int64_t NsPerMs = 1'000'000;
+    return static_cast<std::uint32_t>(MonotonicNs() / NsPerMs);
 }
 
 TimeOfDay SystemClock::LocalTime() {

@@ -10,6 +10,8 @@
 #include <system_error>
 #include <unistd.h>
 
+#include "platform/linux/monotonic.h"
+
 namespace quavix {
 namespace {
 
@@ -53,10 +55,7 @@ bool TerminationSignals::SleepUntil(std::int64_t deadlineNs) const {
     constexpr std::int64_t NsPerSecond = 1'000'000'000;
     pollfd descriptor{readEnd_, POLLIN, 0};
     for (;;) {
-        timespec now{};
-        clock_gettime(CLOCK_MONOTONIC, &now);
-        const std::int64_t left =
-            std::max<std::int64_t>(deadlineNs - now.tv_sec * NsPerSecond - now.tv_nsec, 0);
+        const std::int64_t left = std::max<std::int64_t>(deadlineNs - MonotonicNs(), 0);
         const timespec timeout{left / NsPerSecond, left % NsPerSecond};
         const int ready = ppoll(&descriptor, 1, &timeout, nullptr);
         if (ready > 0)

@@ -7,6 +7,8 @@
 #include <unistd.h>
 #include <utility>
 
+#include "platform/linux/monotonic.h"
+
 namespace quavix {
 namespace {
 
@@ -19,12 +21,6 @@ std::int64_t NsOf(std::int32_t ms) {
 
 timespec ToTimespec(std::int64_t ns) {
     return {.tv_sec = ns / NsPerSecond, .tv_nsec = ns % NsPerSecond};
-}
-
-std::int64_t Now() {
-    timespec now{};
-    clock_gettime(CLOCK_MONOTONIC, &now);
-    return now.tv_sec * NsPerSecond + now.tv_nsec;
 }
 
 }  // namespace
@@ -52,7 +48,7 @@ bool QtTimers::Timer::TakeTick() {
 Timers::Id QtTimers::Start(std::int32_t intervalMs, std::function<void()> tick) {
     Timer timer{.Kernel = FileDescriptor(timerfd_create(CLOCK_MONOTONIC, TFD_CLOEXEC | TFD_NONBLOCK)),
                 .IntervalNs = NsOf(intervalMs),
-                .LastDueNs = Now(),
+                .LastDueNs = MonotonicNs(),
                 .Notifier = nullptr};
     if (!timer.Kernel)
         throw std::system_error(LastError(), "timerfd_create");

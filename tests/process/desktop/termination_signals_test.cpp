@@ -2,17 +2,16 @@
 #include "platform/linux/termination_signals.h"
 
 #include <csignal>
-#include <ctime>
 
 #include <gtest/gtest.h>
+
+#include "platform/linux/monotonic.h"
 
 namespace quavix {
 namespace {
 
 std::int64_t NsFromNow(std::int64_t ns) {
-    timespec now{};
-    clock_gettime(CLOCK_MONOTONIC, &now);
-    return now.tv_sec * 1'000'000'000 + now.tv_nsec + ns;
+    return MonotonicNs() + ns;
 }
 
 constexpr std::int64_t AnHour = 3'600'000'000'000;

@@ -7,12 +7,6 @@
 
 namespace quavix {
 
-std::int64_t MonotonicNs() {
-    timespec now{};
-    clock_gettime(CLOCK_MONOTONIC, &now);
-    return std::int64_t{now.tv_sec} * ToneClock::NsPerSecond + now.tv_nsec;
-}
-
 void SleepUntil(std::int64_t deadlineNs) {
     timespec until{};
     until.tv_sec = static_cast<time_t>(deadlineNs / ToneClock::NsPerSecond);

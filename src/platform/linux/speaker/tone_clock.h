@@ -4,12 +4,12 @@
 #include <cstdint>
 #include <functional>
 
+#include "platform/linux/monotonic.h"
+
 namespace quavix {
 
-/// Nanoseconds of the system's monotonic clock.
-std::int64_t MonotonicNs();
-
-/// Sleeps until that clock shows `deadlineNs`, through any signals; returns at once where it is past.
+/// Sleeps until the system's monotonic clock shows `deadlineNs`, through any signals; returns at once where
+/// it is past.
 void SleepUntil(std::int64_t deadlineNs);
 
 /// How a speaker tells and passes time. WaitUntil may answer the window system meanwhile, as long as nothing

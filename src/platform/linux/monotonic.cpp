@@ -1,0 +1,15 @@
+// SPDX-License-Identifier: MIT
+#include "platform/linux/monotonic.h"
+
+#include <ctime>
+
+namespace quavix {
+
+std::int64_t MonotonicNs() {
+    constexpr std::int64_t NsPerSecond = 1'000'000'000;
+    timespec now{};
+    clock_gettime(CLOCK_MONOTONIC, &now);
+    return now.tv_sec * NsPerSecond + now.tv_nsec;
+}
+
+}  // namespace quavix
