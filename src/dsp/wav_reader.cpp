@@ -5,7 +5,7 @@
 #include <array>
 #include <string_view>
 
-#include "dsp/wav_format.h"
+#include "dsp/wav_header.h"
 
 namespace quavix {
 namespace {

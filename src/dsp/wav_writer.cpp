@@ -6,56 +6,18 @@
 #include <bit>
 #include <cstddef>
 #include <limits>
-#include <string_view>
 
-#include "dsp/wav_format.h"
+#include "dsp/wav_header.h"
 
 namespace quavix {
 namespace {
 
-constexpr std::int64_t HeaderSize = 44;
-// What the RIFF size counts besides the sound.
-constexpr std::int64_t RiffOverhead = HeaderSize - 8;
-constexpr std::uint32_t UnknownSize = std::numeric_limits<std::uint32_t>::max();
 constexpr std::size_t BufferSamples = 4096;
-
-class Header {
-  public:
-    void Text(std::string_view text) {
-        for (const char c : text)
-            bytes_[size_++] = c;
-    }
-    void Number(std::uint32_t value, int bytes) {
-        for (int i = 0; i < bytes; i++)
-            bytes_[size_++] = static_cast<char>(static_cast<unsigned char>(value >> (8 * i)));
-    }
-    bool WriteTo(std::ostream& out) const {
-        return static_cast<bool>(out.write(bytes_.data(), static_cast<std::streamsize>(size_)));
-    }
-
-  private:
-    std::array<char, HeaderSize> bytes_ = {};
-    std::size_t size_ = 0;
-};
 
 bool WriteHeader(std::ostream& out, std::int64_t sampleRate, std::int64_t channels,
                  std::optional<std::int64_t> frames) {
-    const std::int64_t frameBytes = channels * WavBytesPerSample;
-    const std::int64_t dataBytes = frames.value_or(0) * frameBytes;
-    Header header;
-    header.Text("RIFF");
-    header.Number(frames ? static_cast<std::uint32_t>(dataBytes + RiffOverhead) : UnknownSize, 4);
-    header.Text("WAVEfmt ");
-    header.Number(16, 4);
-    header.Number(1, 2);
-    header.Number(static_cast<std::uint32_t>(channels), 2);
-    header.Number(static_cast<std::uint32_t>(sampleRate), 4);
-    header.Number(static_cast<std::uint32_t>(sampleRate * frameBytes), 4);
-    header.Number(static_cast<std::uint32_t>(frameBytes), 2);
-    header.Number(WavBytesPerSample * 8, 2);
-    header.Text("data");
-    header.Number(frames ? static_cast<std::uint32_t>(dataBytes) : UnknownSize, 4);
-    return header.WriteTo(out);
+    const auto header = WavHeader(sampleRate, channels, frames);
+    return static_cast<bool>(out.write(header.data(), header.size()));
 }
 
 // Nearest whole number of a float within ±2^22, halves to even: the addition pushes the fraction out of the
@@ -101,7 +63,7 @@ WavWriter::WavWriter(std::ostream& out, std::int32_t sampleRate, std::int32_t ch
 bool WavWriter::Reserve(std::int64_t frames) {
     if (failed_ || finished_ || frames < 0)
         return false;
-    constexpr std::int64_t MostBytes = std::int64_t{UnknownSize} - 1 - RiffOverhead;
+    constexpr std::int64_t MostBytes = std::int64_t{WavUnknownSize} - 1 - WavRiffOverhead;
     if (frames > MostBytes / (channels_ * WavBytesPerSample) - frames_) {
         tooLong_ = true;
         return false;

@@ -12,23 +12,14 @@
 #include <fmt/format.h>
 
 #include "dsp/square_wave.h"
+#include "dsp/wav_header.h"
+#include "platform/linux/speaker/tone_player.h"
 
 namespace quavix {
 namespace {
 
-constexpr std::int64_t HeaderSize = 44;
-constexpr std::int64_t FrameSize = 2;
-constexpr std::int64_t MostFrames = (0xFFFF'FFFFLL - HeaderSize) / FrameSize;
-constexpr float Gain = 0.25F;
-
-void PutText(std::span<unsigned char> at, const char* text) {
-    std::copy_n(text, 4, at.begin());
-}
-
-void PutNumber(std::span<unsigned char> at, std::int64_t value, std::size_t bytes) {
-    for (std::size_t i = 0; i < bytes; ++i)
-        at[i] = static_cast<unsigned char>(value >> (8 * i));
-}
+constexpr std::int64_t FrameSize = WavBytesPerSample;  // of one channel
+constexpr std::int64_t MostFrames = (std::int64_t{WavUnknownSize} - WavHeaderSize) / FrameSize;
 
 }  // namespace
 
@@ -64,10 +55,12 @@ void WavSpeaker::WriteTone(std::int32_t frequency, std::int32_t durationMs, std:
     while (written && next < end) {
         const auto count = static_cast<std::size_t>(std::min<std::int64_t>(end - next, samples.size()));
         wave.Render(std::span(samples).first(count));
-        for (std::size_t i = 0; i < count; ++i)
-            PutNumber(std::span(bytes).subspan(i * FrameSize), std::lrint(samples[i] * Gain * 32767),
-                      FrameSize);
-        written = WriteAt(HeaderSize + next * FrameSize, bytes.data(), count * FrameSize);
+        for (std::size_t i = 0; i < count; ++i) {
+            const long sample = std::lrint(samples[i] * TonePlayer::Gain * 32767);
+            bytes[i * FrameSize] = static_cast<unsigned char>(sample);
+            bytes[i * FrameSize + 1] = static_cast<unsigned char>(sample >> 8);
+        }
+        written = WriteAt(WavHeaderSize + next * FrameSize, bytes.data(), count * FrameSize);
         next += static_cast<std::int64_t>(count);
     }
     if (written) {
@@ -81,23 +74,7 @@ void WavSpeaker::WriteTone(std::int32_t frequency, std::int32_t durationMs, std:
 }
 
 bool WavSpeaker::WriteHeader() {
-    constexpr std::int64_t FormatSize = 16;
-    constexpr std::int64_t Pcm = 1;
-    std::array<unsigned char, HeaderSize> header{};
-    const std::span all(header);
-    PutText(all, "RIFF");
-    PutNumber(all.subspan(4), HeaderSize - 8 + frames_ * FrameSize, 4);
-    PutText(all.subspan(8), "WAVE");
-    PutText(all.subspan(12), "fmt ");
-    PutNumber(all.subspan(16), FormatSize, 4);
-    PutNumber(all.subspan(20), Pcm, 2);
-    PutNumber(all.subspan(22), 1, 2);  // channels
-    PutNumber(all.subspan(24), SampleRate, 4);
-    PutNumber(all.subspan(28), SampleRate * FrameSize, 4);
-    PutNumber(all.subspan(32), FrameSize, 2);
-    PutNumber(all.subspan(34), 8 * FrameSize, 2);
-    PutText(all.subspan(36), "data");
-    PutNumber(all.subspan(40), frames_ * FrameSize, 4);
+    const auto header = WavHeader(SampleRate, 1, frames_);
     return WriteAt(0, header.data(), header.size());
 }
 
