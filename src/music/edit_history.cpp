@@ -3,20 +3,10 @@
 
 #include <utility>
 
+#include "shell/scoped_flag.h"
+
 namespace quavix {
 namespace {
-
-/// The list's changes are the history's own for as long as this lives.
-class Restoring {
-  public:
-    explicit Restoring(bool& flag) : flag_(flag) { flag_ = true; }
-    ~Restoring() { flag_ = false; }
-    Restoring(const Restoring&) = delete;
-    Restoring& operator=(const Restoring&) = delete;
-
-  private:
-    bool& flag_;
-};
 
 std::string Caption(const char* command, const EditStep* step) {
     return step == nullptr ? command : std::string(command) + " " + step->Name;
@@ -26,13 +16,7 @@ std::string Caption(const char* command, const EditStep* step) {
 
 EditHistory::EditHistory(MainFields& fields, MusicList& list) : fields_(fields), list_(list) {
     list_.AddObserver(*this);
-    const auto settingChanged = [this](const auto&) { ShowState(); };
-    fields_.BPM.Watch(settingChanged);
-    fields_.AlternateTimeText.Watch(settingChanged);
-    fields_.TimeSigSlider.Watch(settingChanged);
-    fields_.NoteSilenceRatioSlider.Watch(settingChanged);
-    fields_.PlayNote1Check.Watch(settingChanged);
-    fields_.PlayNote2Check.Watch(settingChanged);
+    SoundSettings::Watch(fields_, [this] { ShowState(); });
     StartOver();
 }
 
@@ -45,7 +29,7 @@ void EditHistory::Undo() {
         return;
     const EditStep& step = steps_[applied_ - 1];
     {
-        const Restoring restoring(restoring_);
+        const ScopedFlag restoring(restoring_);
         step.TakeBack(list_, texts_);
     }
     --applied_;
@@ -57,7 +41,7 @@ void EditHistory::Redo() {
         return;
     const EditStep& step = steps_[applied_];
     {
-        const Restoring restoring(restoring_);
+        const ScopedFlag restoring(restoring_);
         step.DoAgain(list_, texts_);
     }
     ++applied_;
@@ -90,7 +74,7 @@ void EditHistory::StartOver() {
 void EditHistory::MarkSaved() {
     looseStep_ = false;  // so that undoing can come back to here
     savedState_ = State();
-    savedSettings_ = CurrentSettings();
+    savedSettings_ = SoundSettings::Of(fields_);
     ShowState();
 }
 
@@ -231,15 +215,6 @@ std::uint64_t EditHistory::State() const {
     return applied_ == 0 ? firstState_ : steps_[applied_ - 1].State;
 }
 
-EditHistory::Settings EditHistory::CurrentSettings() const {
-    return {fields_.BPM,
-            fields_.AlternateTime,
-            fields_.TimeSigSlider,
-            fields_.NoteSilenceRatioSlider,
-            fields_.PlayNote1Check,
-            fields_.PlayNote2Check};
-}
-
 void EditHistory::ShowState() {
     const EditStep* undo = applied_ == 0 ? nullptr : &steps_[applied_ - 1];
     const EditStep* redo = applied_ == steps_.size() ? nullptr : &steps_[applied_];
@@ -247,7 +222,7 @@ void EditHistory::ShowState() {
     fields_.CanRedo = redo != nullptr;
     fields_.UndoText = Caption("Undo", undo);
     fields_.RedoText = Caption("Redo", redo);
-    fields_.Modified = savedState_ != State() || savedSettings_ != CurrentSettings();
+    fields_.Modified = savedState_ != State() || savedSettings_ != SoundSettings::Of(fields_);
 }
 
 }  // namespace quavix

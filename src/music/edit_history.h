@@ -13,6 +13,7 @@
 #include "music/edit_step.h"
 #include "music/main_fields.h"
 #include "music/music_list.h"
+#include "music/sound_settings.h"
 #include "music/text_pool.h"
 
 namespace quavix {
@@ -23,8 +24,8 @@ namespace quavix {
 /// list (a song loaded, everything cleared) starts over.
 ///
 /// Keeps the fields CanUndo, CanRedo, UndoText, RedoText and Modified. Modified compares the list and the
-/// settings that shape the sound (tempo, alternate time, beats per bar, note/silence ratio) with those of the
-/// last save or load: undoing back to it, or setting a value back, makes the song unmodified again.
+/// sound settings with those of the last save or load: undoing back to it, or setting a value back, makes the
+/// song unmodified again.
 ///
 /// Keeps only what changed, in numbers of texts: some 20 bytes for a row that came or went. The oldest steps
 /// are forgotten where they hold more than HighestSize rows together; the newest is always kept.
@@ -32,8 +33,8 @@ class EditHistory : private MusicListObserver {
   public:
     static constexpr std::size_t HighestSize = 4'000'000;
 
-    /// Watches the fields for as long as they live, and must live as long; must not outlive the list. Where
-    /// it watches a text, the value behind it has to be set first: it comes after NumericFields.
+    /// Watches the fields for as long as they live, and must live as long; must not outlive the list. Comes
+    /// after NumericFields, see SoundSettings.
     EditHistory(MainFields& fields, MusicList& list);
     ~EditHistory() override;
     EditHistory(const EditHistory&) = delete;
@@ -56,18 +57,6 @@ class EditHistory : private MusicListObserver {
 
   private:
     friend class EditGesture;
-
-    /// The settings whose change makes a song modified.
-    struct Settings {
-        std::int32_t BPM = 0;
-        std::int32_t AlternateTime = 0;
-        std::int32_t BeatsPerBar = 0;
-        std::int32_t NoteSilenceRatio = 0;
-        bool PlayNote1 = false;
-        bool PlayNote2 = false;
-
-        friend bool operator==(const Settings&, const Settings&) = default;
-    };
 
     void BeforeRowInserted(std::int32_t) override { BeforeChange(); }
     void RowInserted(std::int32_t row) override;
@@ -92,7 +81,6 @@ class EditHistory : private MusicListObserver {
     void ForgetOldest();
     void Restored(const EditStep& step);
     std::uint64_t State() const;
-    Settings CurrentSettings() const;
     void ShowState();
 
     MainFields& fields_;
@@ -104,7 +92,7 @@ class EditHistory : private MusicListObserver {
     std::uint64_t lastState_ = 0;
     std::uint64_t firstState_ = 0;  // before the oldest step
     std::optional<std::uint64_t> savedState_;
-    Settings savedSettings_;
+    SoundSettings savedSettings_;
     int depth_ = 0;
     bool restoring_ = false;
     bool looseStep_ = false;  // the last step is open for more changes outside a gesture

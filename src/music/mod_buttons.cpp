@@ -2,24 +2,13 @@
 #include "music/mod_buttons.h"
 
 #include "music/selection.h"
+#include "shell/scoped_flag.h"
 
 namespace quavix {
 namespace {
 
 /// What a box does to the selected lines when it is un-ticked.
 constexpr const char* PlainLength = "Plain length";
-
-/// A flag that is set for as long as this lives.
-class Flagged {
-  public:
-    explicit Flagged(bool& flag) : flag_(flag) { flag_ = true; }
-    ~Flagged() { flag_ = false; }
-    Flagged(const Flagged&) = delete;
-    Flagged& operator=(const Flagged&) = delete;
-
-  private:
-    bool& flag_;
-};
 
 }  // namespace
 
@@ -41,7 +30,7 @@ void ModButtons::ModTripletCheck_Click() {
 
 void ModButtons::Clicked(bool ticked, Watched<bool>& other, const char* mod) {
     if (!clearingOther_) {
-        const Flagged clearing(clearingOther_);
+        const ScopedFlag clearing(clearingOther_);
         other = false;
     }
     if (!following_)
@@ -51,7 +40,7 @@ void ModButtons::Clicked(bool ticked, Watched<bool>& other, const char* mod) {
 void ModButtons::UpdateModButtons() {
     if (!HasRealSelection(list_))
         return;
-    const Flagged following(following_);
+    const ScopedFlag following(following_);
     if (SelectedLineModContains(list_, "dot")) {
         log_.Text("UpdateModButtons() - Dotted");
         fields_.ModDottedCheck = true;

@@ -1,17 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "songfile/song_changes.h"
 
+#include "music/sound_settings.h"
+
 namespace quavix {
 
 SongChanges::SongChanges(MainFields& fields, MusicList& list) : list_(list) {
     list.AddObserver(*this);
-    const auto watch = [this](auto& setting) { setting.Watch([this](const auto&) { Changed(); }); };
-    watch(fields.BPM);
-    watch(fields.TimeSigSlider);
-    watch(fields.NoteSilenceRatioSlider);
-    watch(fields.AlternateTimeText);
-    watch(fields.PlayNote1Check);
-    watch(fields.PlayNote2Check);
+    SoundSettings::Watch(fields, [this] { Changed(); });
 }
 
 void SongChanges::Changed() {

@@ -6,25 +6,9 @@
 
 #include "music/parameters.h"
 #include "shell/program_info.h"
+#include "shell/scoped_flag.h"
 
 namespace quavix {
-namespace {
-
-/// A flag that is set for as long as this lives.
-class Flagged {
-  public:
-    explicit Flagged(bool& flag) : flag_(flag), before_(std::exchange(flag, true)) {}
-    ~Flagged() { flag_ = before_; }
-    Flagged(const Flagged&) = delete;
-    Flagged& operator=(const Flagged&) = delete;
-
-  private:
-    bool& flag_;
-    bool before_;
-};
-
-}  // namespace
-
 SongDocument::SongDocument(SongDocumentParts parts) : p_(std::move(parts)) {
     // From the first setting that is replaced on it is no longer the old file's song, however loading ends.
     p_.Reader.OnReplace = [this] {
@@ -86,7 +70,7 @@ bool SongDocument::SaveAs() {
 
 template <typename LoadSong>
 LoadResult SongDocument::WhileLoading(LoadSong load) {
-    const Flagged loading(loading_);
+    const ScopedFlag loading(loading_);
     return load();
 }
 
@@ -123,7 +107,7 @@ bool SongDocument::MayClose() {
         return false;
     if (!p_.Modified)
         return true;
-    const Flagged asking(asking_);
+    const ScopedFlag asking(asking_);
     const std::string& name = fileName_;
     const BoxAnswer answer =
         p_.Boxes.Show({.Title = program::Title,
