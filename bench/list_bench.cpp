@@ -226,6 +226,10 @@ void Run(std::string_view wanted) {
     b.Measure(
         "undo that", nothing, [&] { b.Key(Qt::Key_Z, Qt::ControlModifier); }, 1);
     b.Measure(
+        "make all lines dotted", selectAll, [&] { b.Program.Click("ModDottedCheck"); }, 1);
+    b.Measure(
+        "undo that", nothing, [&] { b.Key(Qt::Key_Z, Qt::ControlModifier); }, 1);
+    b.Measure(
         "copy all", selectAll, [&] { b.Key(Qt::Key_C, Qt::ControlModifier); }, Few);
 }
 

@@ -195,7 +195,7 @@ void EditHistory::CellChanged(std::int32_t row, Cell cell) {
     open_.Add({.What = EditChange::Kind::CellWritten,
                .Rows = {row},
                .Written = cell,
-               .Before = cellBefore_,
+               .Before = {cellBefore_},
                .After = texts_.IdOf(list_.Text(row, cell))});
     Changed();
 }

@@ -19,8 +19,9 @@ void InsertLines(MusicList& list, const EditChange& change, const TextPool& text
 void Apply(MusicList& list, const EditChange& change, const TextPool& texts, bool back) {
     switch (change.What) {
         case EditChange::Kind::CellWritten:
-            list.SetText(change.Rows.front(), change.Written,
-                         texts.Text(back ? change.Before : change.After));
+            for (std::size_t i = 0; i < change.Rows.size(); ++i)
+                list.SetText(change.Rows[i], change.Written,
+                             texts.Text(back ? change.Before[i] : change.After));
             break;
         case EditChange::Kind::Inserted:
         case EditChange::Kind::Removed:
@@ -60,12 +61,17 @@ void EditStep::Add(EditChange change) {
         return;
     }
     EditChange& last = Changes.back();
-    if (change.What == EditChange::Kind::CellWritten && last.Written == change.Written &&
-        last.Rows == change.Rows) {
+    const bool isBehind = change.Rows.front() > last.Rows.back();
+    const bool isCell = change.What == EditChange::Kind::CellWritten && last.Written == change.Written;
+    if (isCell && last.Rows == change.Rows) {
         last.After = change.After;
-        if (last.After == last.Before)
+        const auto isAsBefore = [&last](TextPool::Id before) { return before == last.After; };
+        if (std::all_of(last.Before.begin(), last.Before.end(), isAsBefore))
             Changes.pop_back();
-    } else if (change.What == EditChange::Kind::Inserted && change.Rows.front() > last.Rows.back()) {
+    } else if (isBehind && isCell && last.After == change.After) {
+        last.Rows.insert(last.Rows.end(), change.Rows.begin(), change.Rows.end());
+        last.Before.insert(last.Before.end(), change.Before.begin(), change.Before.end());
+    } else if (isBehind && change.What == EditChange::Kind::Inserted) {
         last.Rows.insert(last.Rows.end(), change.Rows.begin(), change.Rows.end());
         last.Lines.insert(last.Lines.end(), change.Lines.begin(), change.Lines.end());
     } else {

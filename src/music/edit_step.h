@@ -18,12 +18,13 @@ struct EditChange {
     using Line = std::array<TextPool::Id, 4>;
 
     Kind What{};
-    /// Numbers in the longer list, ascending; one for a cell.
+    /// Numbers in the longer list, ascending.
     std::vector<std::int32_t> Rows{};
     /// What stands in inserted or removed rows.
     std::vector<Line> Lines{};
+    /// The cell that was written in each row, what it held, and what all of them hold.
     Cell Written{};
-    TextPool::Id Before = 0;
+    std::vector<TextPool::Id> Before{};
     TextPool::Id After = 0;
 };
 
@@ -51,7 +52,7 @@ struct EditStep {
     void DoAgain(MusicList& list, const TextPool& texts) const;
 
     /// Joins a change to the ones before it. A cell written twice in a row is one change, and none where it
-    /// holds again what it held; rows inserted one below the other are one too.
+    /// holds again what it held; rows inserted one below the other, or given the same text, are one too.
     void Add(EditChange change);
     bool ChangesOnlyMods() const;
     /// Rows and runs kept, as a measure of memory.

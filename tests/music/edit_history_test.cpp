@@ -443,5 +443,26 @@ TEST(EditHistoryOfAnything, UndoesToTheStartAndRedoesToTheEnd) {
     }
 }
 
+TEST(EditStep, HoldsATextThatIsGivenToRowAfterRowAsOneChange) {
+    const auto write = [](std::int32_t row, TextPool::Id before, TextPool::Id after) {
+        return EditChange{.What = EditChange::Kind::CellWritten,
+                          .Rows = {row},
+                          .Written = Cell::Mod,
+                          .Before = {before},
+                          .After = after};
+    };
+    EditStep step;
+    step.Add(write(2, 1, 3));
+    step.Add(write(3, 2, 3));
+    ASSERT_EQ(step.Changes.size(), 1U);
+    EXPECT_EQ(step.Changes[0].Rows, (std::vector<std::int32_t>{2, 3}));
+    EXPECT_EQ(step.Changes[0].Before, (std::vector<TextPool::Id>{1, 2}));
+    step.Add(write(1, 2, 3));
+    step.Add(write(4, 2, 1));
+    EXPECT_EQ(step.Changes.size(), 3U) << "rows must ascend, and hold the same";
+    step.Add(write(4, 1, 2));
+    EXPECT_EQ(step.Changes.size(), 2U) << "what is taken back is no change";
+}
+
 }  // namespace
 }  // namespace quavix::test
