@@ -21,12 +21,6 @@ void EndLinesInLineFeeds(std::string& text) {
     }
 }
 
-constexpr std::string_view ListStart = "MUSICLISTSTART";
-
-bool IsListStart(std::string_view line) {
-    return LowerCase(line.substr(0, ListStart.size())) == LowerCase(ListStart);
-}
-
 bool IsLength(std::string_view text) {
     std::string noMod;
     return GetEquivalentLength(text, noMod) > 0;
@@ -78,7 +72,7 @@ std::string TextOfLines(const MusicList& list, std::span<const std::int32_t> row
     });
     std::string text;
     if (!allMusic) {
-        text += ListStart;
+        text += MusicListStart;
         text += '\n';
     }
     for (const std::int32_t row : rows) {
@@ -90,13 +84,13 @@ std::string TextOfLines(const MusicList& list, std::span<const std::int32_t> row
 
 LinesOfText ReadLines(std::string text) {
     EndLinesInLineFeeds(text);
-    const bool asTheyAre = IsListStart(text);
+    const bool asTheyAre = IsMusicListStart(text);
     LinesOfText read;
     bool inList = false;
     TextLines lines(text);
     while (lines.Next()) {
         const std::string_view line = lines.Text();
-        if (!inList && IsListStart(line)) {
+        if (!inList && IsMusicListStart(line)) {
             inList = true;
             read = {};
             continue;

@@ -3,6 +3,8 @@
 
 #include <cstddef>
 
+#include "music/text.h"
+
 namespace quavix {
 namespace {
 
@@ -13,6 +15,10 @@ std::string_view EmptyForHyphen(std::string_view cell) {
 }
 
 }  // namespace
+
+bool IsMusicListStart(std::string_view line) {
+    return LowerCase(line.substr(0, MusicListStart.size())) == LowerCase(MusicListStart);
+}
 
 MusicLineText SplitMusicLine(std::span<char> line) {
     const std::string_view text(line.data(), line.size());

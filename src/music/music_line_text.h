@@ -6,6 +6,12 @@
 
 namespace quavix {
 
+/// The line that the music follows in a song file.
+inline constexpr std::string_view MusicListStart = "MUSICLISTSTART";
+
+/// Whether a line begins with it, in any letter case.
+bool IsMusicListStart(std::string_view line);
+
 /// The cells of a music line as it stands in a song file; views into the line.
 struct MusicLineText {
     std::string_view Length{};

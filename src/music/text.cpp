@@ -12,13 +12,4 @@ std::string LowerCase(std::string_view text) {
     return lower;
 }
 
-std::string UpperCase(std::string_view text) {
-    std::string upper(text);
-    for (char& c : upper) {
-        if (c >= 'a' && c <= 'z')
-            c = static_cast<char>(c - 'a' + 'A');
-    }
-    return upper;
-}
-
 }  // namespace quavix

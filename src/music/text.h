@@ -6,8 +6,7 @@
 
 namespace quavix {
 
-/// The text with its ASCII letters in lower (upper) case; all other bytes stay as they are.
+/// The text with its ASCII letters in lower case; all other bytes stay as they are.
 std::string LowerCase(std::string_view text);
-std::string UpperCase(std::string_view text);
 
 }  // namespace quavix

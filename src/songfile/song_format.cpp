@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "music/line_text.h"
+#include "music/music_line_text.h"
 #include "shell/program_info.h"
 #include "songfile/song_captions.h"
 #include "songfile/song_text.h"

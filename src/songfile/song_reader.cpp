@@ -118,13 +118,12 @@ bool SongReader::AskWhetherToLoadAnyway() {
 }
 
 bool SongReader::LoadSettings(TextLines& lines) {
-    static constexpr std::string_view LowerMusicListStart = "musicliststart";
     bool known = true;
     while (lines.Next()) {
         const std::string_view line = lines.Text();
         if (IsOfNewerRevision(line))
             known = false;
-        if (BeginsWith(line, LowerMusicListStart))
+        if (IsMusicListStart(line))
             break;
         settings_.Apply(line);
     }

@@ -10,8 +10,6 @@ namespace quavix {
 
 /// The fixed first line of a song file.
 inline constexpr std::string_view SongHeader = "Quavix by Dastrel-204 file format";
-/// The line that the music follows.
-inline constexpr std::string_view MusicListStart = "MUSICLISTSTART";
 
 /// Whether a text begins with another, letter case included.
 bool AtStartOfString(std::string_view stringToUse, std::string_view textToLookFor);
