@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
+#include <cstdlib>
+#include <optional>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <gtest/gtest.h>
 
 #include "platform/linux/posix_files.h"
+#include "platform/linux/user_folders.h"
 #include "support/temporary_folder.h"
 
 namespace quavix {
@@ -80,6 +83,50 @@ TEST(Lock, SaysWhyThereIsNone) {
     std::filesystem::create_symlink(folder.File("elsewhere"), folder.File("link"));
     EXPECT_FALSE(files.TryLock(folder.File("link"), error));
     EXPECT_TRUE(error);
+}
+
+/// An environment variable for as long as this lives; null is none.
+class Variable {
+  public:
+    Variable(const char* name, const char* value) : name_(name) {
+        if (const char* before = std::getenv(name))
+            before_ = before;
+        Set(value);
+    }
+    ~Variable() { Set(before_ ? before_->c_str() : nullptr); }
+    Variable(const Variable&) = delete;
+    Variable& operator=(const Variable&) = delete;
+
+  private:
+    void Set(const char* value) {
+        if (value != nullptr)
+            ::setenv(name_, value, 1);
+        else
+            ::unsetenv(name_);
+    }
+
+    const char* name_;
+    std::optional<std::string> before_;
+};
+
+TEST(UserFolders, LieInTheUsersBaseFoldersOrBelowHome) {
+    const Variable home("HOME", "/home/u");
+    for (const char* none : {static_cast<const char*>(nullptr), "", "relative"}) {
+        const Variable windir("windir", nullptr);
+        const Variable data("XDG_DATA_HOME", none);
+        const Variable state("XDG_STATE_HOME", none);
+        EXPECT_EQ(WinFolderFromEnvironment(), "/home/u/.local/share/quavix");
+        EXPECT_EQ(StateFolderFromEnvironment(), "/home/u/.local/state/quavix");
+    }
+    const Variable data("XDG_DATA_HOME", "/data");
+    const Variable state("XDG_STATE_HOME", "/state");
+    EXPECT_EQ(StateFolderFromEnvironment(), "/state/quavix");
+    {
+        const Variable windir("windir", nullptr);
+        EXPECT_EQ(WinFolderFromEnvironment(), "/data/quavix");
+    }
+    const Variable windir("windir", "C:/WINDOWS");
+    EXPECT_EQ(WinFolderFromEnvironment(), "C:/WINDOWS") << "as it is given";
 }
 
 }  // namespace

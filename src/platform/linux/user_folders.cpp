@@ -12,18 +12,22 @@ std::string Environment(const char* name) {
     return value == nullptr ? "" : value;
 }
 
+/// The program's folder in one of the user's base folders; a base that doesn't start at the root counts as
+/// none.
+std::string FolderIn(const char* base, const std::string& otherwiseBelowHome) {
+    const std::string folder = Environment(base);
+    return (folder.starts_with('/') ? folder : Environment("HOME") + otherwiseBelowHome) + "/quavix";
+}
+
 }  // namespace
 
 std::string WinFolderFromEnvironment() {
-    if (std::string folder = Environment("windir"); !folder.empty())
-        return folder;
-    const std::string data = Environment("XDG_DATA_HOME");
-    return (data.empty() ? Environment("HOME") + "/.local/share" : data) + "/quavix";
+    const std::string folder = Environment("windir");
+    return folder.empty() ? FolderIn("XDG_DATA_HOME", "/.local/share") : folder;
 }
 
 std::string StateFolderFromEnvironment() {
-    const std::string state = Environment("XDG_STATE_HOME");
-    return (state.starts_with('/') ? state : Environment("HOME") + "/.local/state") + "/quavix";
+    return FolderIn("XDG_STATE_HOME", "/.local/state");
 }
 
 std::string FolderOfProgram() {
