@@ -71,10 +71,8 @@ void PositionDisplay::NoUpdateCheck_Click() {
         const BoxAnswer answer = boxes_.Show({
             .Title = "Disable 'Play a beat sound'?",
             .Text = "Currently, 'Play a beat sound' is ticked, which requires the green position indicators "
-                    "to be "
-                    "updated during playback. If you tick 'Do not update', then the beat sound won't be able "
-                    "to be "
-                    "played.\r\n\r\nDo you still want to stop them from being updated?",
+                    "to be updated during playback. If you tick 'Do not update', then the beat sound "
+                    "won't be able to be played.\r\n\r\nDo you still want to stop them from being updated?",
             .Icon = BoxIcon::Question,
             .Buttons = BoxButtons::YesNo,
         });
@@ -89,15 +87,11 @@ void PositionDisplay::NoUpdateHButton_Click() {
     boxes_.Show({
         .Title = "Info about not updating position indicators",
         .Text = "This stops the green position indicators (in the bottom-right corner) from updating while "
-                "the music "
-                "is playing. They will still update while you're editing.\r\n\r\n"
+                "the music is playing. They will still update while you're editing.\r\n\r\n"
                 "Every time a triplet note is encountered, a lot of CPU power is needed to update the "
-                "indicators. As "
-                "more notes are entered, even more CPU power is needed. If the music is skipping or "
-                "stuttering, or "
-                "the amount of CPU time the program is using while playing is higher than you'd like it to "
-                "be, please "
-                "tick this.",
+                "indicators. As more notes are entered, even more CPU power is needed. If the music is "
+                "skipping or stuttering, or the amount of CPU time the program is using while playing is "
+                "higher than you'd like it to be, please tick this.",
         .Icon = BoxIcon::Information,
     });
 }

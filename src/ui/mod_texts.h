@@ -104,8 +104,7 @@ inline constexpr Mod UsePorta{
     "Tweeble portamento",
     "In order for tweeble portamento it to work with things other than you just clicking notes on the "
     "keyboard, you MUST tick \"Mute PC speaker\" on the main window. Otherwise, the ordinary "
-    "\"non-modified\" "
-    "notes will be played over the top, blocking the portamento."};
+    "\"non-modified\" notes will be played over the top, blocking the portamento."};
 
 inline constexpr Mod UseMotor{
     &MainFields::UseMotorCheck,
@@ -130,8 +129,7 @@ inline constexpr Mod UseBeat{
     "Playing a beat sound",
     "This makes the tweeble play a kind of 'beat' sound on every beat (or on every other beat, if you don't "
     "want it to sound so crazy at fast tempos). It sounds like a kind of techno beat, which I suppose is "
-    "what "
-    "you'd expect from something as electronic as the system speaker. ;P"};
+    "what you'd expect from something as electronic as the system speaker. ;P"};
 
 inline constexpr Mod UseCircuitBent{
     &MainFields::UseCircuitBentCheck,

@@ -7,16 +7,13 @@ namespace quavix::text {
 
 inline constexpr const char* PianoKeyTip =
     "Click any of these keys on this keyboard to hear the note / add it to the list of music (depending on "
-    "the "
-    "options on the left of this window)";
+    "the options on the left of this window)";
 inline constexpr const char* OctLabelTip =
     "Says what octave (multiple of pitch) the notes will be made in when you click a key in the coloured "
-    "group "
-    "below";
+    "group below";
 inline constexpr const char* KeyboardOctaveTip =
     "Changes the numbers above each coloured section of the keyboard which represent what octave (multiple "
-    "of "
-    "pitch) of the note those keys make";
+    "of pitch) of the note those keys make";
 inline constexpr const char* NoteLengthTip =
     "The length of note to insert into the list of music when you click a key on the keyboard";
 
