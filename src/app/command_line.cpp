@@ -24,7 +24,8 @@ std::optional<std::string> AnswerToOption(const std::vector<std::string>& argume
                "             register a control file (.ocx), as is done when it is first needed, and exit\n"
                "\n"
                "QUAVIX_SPEAKER chooses what the tones sound on: evdev[:PATH], soundcard, silent or "
-               "wav:PATH.\n";
+               "wav:PATH.\n"
+               "QUAVIX_SERIAL_PORT names the motor's serial port, where it isn't in its list.\n";
     return std::nullopt;
 }
 
