@@ -9,7 +9,7 @@ if [ $# -lt 2 ] || [ $# -gt 3 ]; then
 fi
 . "$(dirname "$0")/packages.sh"
 # Word splitting is what makes the list a list.
-# shellcheck disable=SC2086
+# shellcheck disable=SC2086,SC2154
 install_missing $picture_packages
 highest=${3:-6000}
 # Half the sample rate is what a spectrogram reaches up to.
