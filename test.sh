@@ -22,6 +22,11 @@ step "Sanitizer build"
 cmake --preset asan >/dev/null
 cmake --build --preset asan -- --quiet
 
+step "The sound engine under ThreadSanitizer"
+cmake --preset tsan >/dev/null
+cmake --build --preset tsan --target quavix-sound-engine-calls -- --quiet
+build/tsan/bin/quavix-sound-engine-calls
+
 step "Fuzzing"
 cmake --preset fuzz >/dev/null
 cmake --build --preset fuzz -- --quiet

@@ -4,7 +4,9 @@
 set -eu
 cd "$(dirname "$0")/.."
 . packaging/packages.sh
-install_missing xvfb xdotool imagemagick fonts-dejavu-core
+# Word splitting is what makes the list a list.
+# shellcheck disable=SC2086
+install_missing $picture_packages
 
 work=$(mktemp -d)
 display_pid=""
@@ -31,3 +33,11 @@ xdotool windowfocus --sync "$window" key --delay 200 alt+a
 sleep 2
 import -window "$window" docs/main-window.png
 echo "docs/main-window.png"
+
+# Where the tones and the voice are both at work.
+for output in fmod voice; do
+    build/release/bin/quavix-render --output "$output" examples/Ode-to-Joy.QVX "$work/$output.wav"
+done
+sox -M "$work/fmod.wav" "$work/voice.wav" "$work/Ode to Joy.wav" trim 32 8
+packaging/spectrogram.sh "$work/Ode to Joy.wav" docs/spectrogram.png 4000
+echo "docs/spectrogram.png"

@@ -10,7 +10,8 @@
 #include <thread>
 #include <utility>
 
-#include "sound_engine/device_stream.h"
+#include "sound_device/sound_stream.h"
+#include "sound_engine/mixed_source.h"
 #include "sound_engine/sound_engine.h"
 
 namespace quavix::sound_engine {
@@ -23,7 +24,7 @@ constexpr auto OpeningPatience = std::chrono::seconds(10);
 constexpr auto ClosingPatience = std::chrono::seconds(2);
 // How often the device is looked at, and looked for.
 constexpr auto WatchInterval = std::chrono::milliseconds(250);
-constexpr auto SearchInterval = std::chrono::milliseconds(500);
+constexpr auto SearchInterval = SoundStream::ReopenAfter;
 // A device that asks for nothing for so long is lost, though its sound system has not said so.
 constexpr Seconds Standstill(2.0);
 // So is one that asks for sound much faster than it can be heard: its sound system only says no to all of it.
@@ -33,7 +34,7 @@ constexpr Seconds Hesitation(0.5);
 // Looks at how a stream gets on.
 class Watch {
   public:
-    explicit Watch(const DeviceStream& stream) : stream_(stream) {}
+    explicit Watch(const SoundStream& stream) : stream_(stream) {}
 
     bool Lost() {
         if (!stream_.Opened())
@@ -44,14 +45,15 @@ class Watch {
         const double frames = static_cast<double>(played - played_);
         if (played == played_)
             return passed > Standstill;
-        const bool hasty = frames > MostHaste * stream_.Rate() * Seconds(passed + Hesitation).count();
+        const bool hasty =
+            frames > MostHaste * stream_.Format().FramesPerSecond * Seconds(passed + Hesitation).count();
         played_ = played;
         movedAt_ = now;
         return hasty;
     }
 
   private:
-    const DeviceStream& stream_;
+    const SoundStream& stream_;
     std::uint64_t played_ = 0;
     Clock::time_point movedAt_ = Clock::now();
 };
@@ -103,23 +105,32 @@ int DeviceOutput::Format() const {
     return SOUND_FORMAT_FLOAT32;
 }
 
+std::unique_ptr<SoundStream> DeviceOutput::OpenStream(const Shared& shared) {
+    std::string problem;
+    return SoundStream::Open(
+        MixedSource::Wish(shared.DelayFrames),
+        [&](const StreamFormat& device) {
+            return std::make_shared<MixedSource>(shared.Mixing, device, shared.DelayFrames);
+        },
+        problem);
+}
+
 void DeviceOutput::Work(const std::shared_ptr<Shared>& shared) {
-    std::unique_ptr<DeviceStream> stream;
+    std::unique_ptr<SoundStream> stream;
     std::optional<Watch> watch;
     std::unique_lock lock(shared->Mutex);
     while (!shared->End) {
         lock.unlock();
         if (watch && watch->Lost()) {
             watch.reset();
-            DeviceStream::Close(std::move(stream));
-            // Not at once: opening a client of a new JACK server frees those of the old one in the whole
-            // process, and others may be just about to close theirs.
+            SoundStream::Close(std::move(stream));
         } else if (!stream) {
-            stream = DeviceStream::Open(shared->Mixing, shared->DelayFrames);
+            stream = OpenStream(*shared);
             if (stream) {
                 watch.emplace(*stream);
-                shared->Rate.store(stream->Rate(), std::memory_order_relaxed);
-                shared->Channels.store(stream->Channels(), std::memory_order_relaxed);
+                const StreamFormat& format = stream->Format();
+                shared->Rate.store(static_cast<int>(format.FramesPerSecond), std::memory_order_relaxed);
+                shared->Channels.store(static_cast<int>(format.Channels), std::memory_order_relaxed);
             }
         }
         lock.lock();
@@ -132,7 +143,7 @@ void DeviceOutput::Work(const std::shared_ptr<Shared>& shared) {
     }
     lock.unlock();
     if (stream)
-        DeviceStream::Close(std::move(stream));
+        SoundStream::Close(std::move(stream));
     lock.lock();
     shared->Ended = true;
     shared->Changed.notify_all();

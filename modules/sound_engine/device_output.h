@@ -5,6 +5,10 @@
 
 #include "sound_engine/output.h"
 
+namespace quavix {
+class SoundStream;
+}
+
 namespace quavix::sound_engine {
 
 /// The best sound device there is, and when it is lost, the best there is then. A thread of its own talks to
@@ -23,6 +27,7 @@ class DeviceOutput final : public Output {
   private:
     struct Shared;
     explicit DeviceOutput(std::shared_ptr<Shared> shared) : shared_(std::move(shared)) {}
+    static std::unique_ptr<SoundStream> OpenStream(const Shared& shared);
     static void Work(const std::shared_ptr<Shared>& shared);
 
     std::shared_ptr<Shared> shared_;

@@ -197,10 +197,10 @@ SOUND_EXPORT SoundResult SOUND_CALL FMOD_System_CreateDSPByType(SoundSystem* sys
 
 /**
  * Plays `unit` on a channel in the master group, at a frequency of 44100 and a volume of 1, and puts the
- * channel into
- * `*channel`. `channelIndex` is its number, from 0, and what plays there stops; or a SoundChannelChoice. To
- * reuse takes the channel that `*channel` is, whose handle stays the same; null takes a free one. No free
- * one: SOUND_NO_CHANNEL. A unit plays on one channel at a time: another one that plays it stops.
+ * channel into `*channel`. `channelIndex` is its number, from 0, and what plays there stops; or a
+ * SoundChannelChoice. To reuse takes the channel that `*channel` is, whose handle stays the same; null takes
+ * a free one. No free one: SOUND_NO_CHANNEL. A unit plays on one channel at a time: another one that plays it
+ * stops.
  */
 SOUND_EXPORT SoundResult SOUND_CALL FMOD_System_PlayDSP(SoundSystem* system, int channelIndex,
                                                         SoundUnit* unit, int paused, SoundChannel** channel);

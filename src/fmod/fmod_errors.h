@@ -27,8 +27,9 @@ class FmodErrors {
     /// it was 0.
     bool ERRCHECK(SoundLibrary::Result result);
 
-    /// Runs `body`, and then shows everything that ERRCHECK() was to show meanwhile in one message, which
-    /// holds nothing up: on a machine without sound each step of a start fails after the first.
+    /// Runs `body`, and then shows everything that ERRCHECK() was to show meanwhile in one message, each
+    /// failure once, which holds nothing up: on a machine without sound each step of a start fails after the
+    /// first.
     void ShowTogether(const std::function<void()>& body);
 
     /// Shows a message where the library's version is not the required one, be it older or newer. `word` is

@@ -24,12 +24,13 @@ void FmodToneGenerator::FMODBeep(double frequency, double durationMs, bool noSto
     constexpr double ChannelRate = 44100;
     p_.Log.IndentInc("FMODBeep(FREQUENCY:{}, DURATION: {}, NOSTOP:{}) - START", NumberText(frequency),
                      NumberText(durationMs), LogFlag(noStop));
+    // What is no length of time is refused before anything sounds that nobody would stop.
+    const std::int32_t milliseconds = ToInt32(durationMs);
     const double channelFrequency = static_cast<float>(frequency) * Tuning * (ChannelRate / referenceRate_);
     p_.Errors.ERRCHECK(
         p_.Library.FMOD_Channel_SetFrequency(p_.Engine.Channel(), static_cast<float>(channelFrequency)));
     SetPaused(false);
     if (!noWait) {
-        const std::int32_t milliseconds = ToInt32(durationMs);
         p_.Log.Text("MsgWaitObj {}", milliseconds);
         p_.Wait.MsgWaitObj(std::max(milliseconds, 0));  // below 0 it would never end
     }

@@ -18,7 +18,7 @@ SoundMods::SoundMods(const SoundModsParts& parts)
                  parts.SendString}),
       Options(parts.Fields, parts.Handlers),
       Singer({parts.Library, Errors, parts.Ticks, parts.Random, parts.Handlers, parts.Log}),
-      Controls(parts.Fields, Singer, parts.Handlers),
+      Controls(parts.Fields, Singer, Errors, parts.Handlers),
       p_(parts) {}
 
 void SoundMods::CheckAvailability(const std::string& programFolder) {

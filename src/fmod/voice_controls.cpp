@@ -34,8 +34,9 @@ void Describe(Watched<std::int32_t>& slider, Watched<std::string>& label, Text t
 
 }  // namespace
 
-VoiceControls::VoiceControls(MainFields& fields, VoiceMainForm& voice, EventBoundary& handlers)
-    : fields_(fields), voice_(voice), handlers_(handlers) {
+VoiceControls::VoiceControls(MainFields& fields, VoiceMainForm& voice, FmodErrors& errors,
+                             EventBoundary& handlers)
+    : fields_(fields), voice_(voice), errors_(errors), handlers_(handlers) {
     for (std::size_t i = 0; i < FormantCount; ++i) {
         FormantDSPFreqSlider[i] = vowel::A[i].Frequency;
         FormantDSPVolSlider[i] = vowel::A[i].Volume;
@@ -95,10 +96,12 @@ void VoiceControls::WatchFormantSliders() {
 
 void VoiceControls::UseVoiceCheck_Click() {
     if (fields_.UseVoiceCheck) {
-        voice_.Load();
-        StartVoice();
-        VoiceInternalFormVisible = true;
-        voice_.ChangeVoiceVol(0);
+        errors_.ShowTogether([this] {
+            voice_.Load();
+            StartVoice();
+            VoiceInternalFormVisible = true;
+            voice_.ChangeVoiceVol(0);
+        });
     } else {
         voice_.ChangeVoiceVol(0);
         voice_.StopMoving();

@@ -17,7 +17,7 @@ namespace quavix {
 /// changes the voice at once; while the voice has never been on, it only keeps its position.
 class VoiceControls {
   public:
-    VoiceControls(MainFields& fields, VoiceMainForm& voice, EventBoundary& handlers);
+    VoiceControls(MainFields& fields, VoiceMainForm& voice, FmodErrors& errors, EventBoundary& handlers);
     VoiceControls(const VoiceControls&) = delete;
     VoiceControls& operator=(const VoiceControls&) = delete;
 
@@ -59,6 +59,7 @@ class VoiceControls {
 
     MainFields& fields_;
     VoiceMainForm& voice_;
+    FmodErrors& errors_;
     EventBoundary& handlers_;
 };
 

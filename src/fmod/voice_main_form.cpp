@@ -97,7 +97,7 @@ void VoiceMainForm::RandomFormantTimer_Timer() {
     inTimer_ = true;
     bool good = false;
     try {
-        good = MoveFormants();
+        p_.Errors.ShowTogether([&] { good = MoveFormants(); });
     } catch (const std::exception&) {
         inTimer_ = false;
         StopMoving();

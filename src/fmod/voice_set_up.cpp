@@ -1,8 +1,11 @@
 // SPDX-License-Identifier: MIT
 // How the voice is put together in the sound library:
 //
-//   saw, noise -> SawChannel, NoiseChannel -> CutoffDSP -> four formants, summed -> VoiceChannel ->
-//   FinalChannel sibilance noise -> SybChannel, with its four filters one after the other -> FinalChannel
+// saw   -> SawChannel   -+
+//                        +-> CutoffDSP -> four formants, summed -> VoiceChannel -+-> FinalChannel
+// noise -> NoiseChannel -+                                                       |
+//                                                                                |
+// sibilance -> four filters, one after the other -> SybChannel ------------------+
 #include "fmod/voice_main_form.h"
 
 namespace quavix {

@@ -46,7 +46,8 @@ void PlaybackEngine::PlayMusic(std::int32_t& startPoint, std::int32_t& endPoint,
                     .OnlyThisLine = onlyThisLine,
                     .CurrentLine = startPoint - 1,
                     .AlternationStep = {},
-                    .WaitingMargin = {}};
+                    .WaitingMargin = {},
+                    .PositionStoodStill = false};
             PlayLines(run);
         }
     } catch (const std::exception&) {
@@ -111,6 +112,7 @@ bool PlaybackEngine::PlayLine(Run& run) {
     const Line line = ReadLine(run.CurrentLine);
     if (p_.Fields.UseVoiceCheck)
         SetVoicePitch(line);
+    CatchUpPosition(run);
     p_.Beat.LineStarts();
     const Currency reading = ReadClock();
     p_.Log.Text("QueryPerformanceCounter returned {}", reading.ToText());
@@ -119,7 +121,9 @@ bool PlaybackEngine::PlayLine(Run& run) {
     SilenceGeneratorInRest(line);
     if (!p_.Fields.MusicIsPlaying)
         return false;
-    if (!p_.Fields.NoUpdateCheck && !run.OnlyThisLine)
+    if (p_.Fields.NoUpdateCheck)
+        run.PositionStoodStill = true;
+    else if (!run.OnlyThisLine)
         UpdatePosition(run, line);
     if (!WaitForNextLine(run, line))
         return false;
@@ -237,6 +241,14 @@ void PlaybackEngine::SilenceGeneratorInRest(const Line& line) {
     const bool rest = (play1 || play2) && (!play1 || line.Note1.empty()) && (!play2 || line.Note2.empty());
     if (rest)
         p_.Generator.FMODBeepStop();
+}
+
+/// Where "Do not update" was un-ticked in the middle.
+void PlaybackEngine::CatchUpPosition(Run& run) {
+    if (p_.Fields.NoUpdateCheck || !std::exchange(run.PositionStoodStill, false))
+        return;
+    p_.Position.WorkOutPlayPos(run.CurrentLine, position_);
+    p_.Position.ShowPosition(position_);
 }
 
 void PlaybackEngine::UpdatePosition(const Run& run, const Line& line) {

@@ -76,6 +76,8 @@ class PlaybackEngine {
         std::int32_t CurrentLine;
         Currency AlternationStep;
         Currency WaitingMargin;
+        /// The position was not updated with every line.
+        bool PositionStoodStill;
     };
 
     void EnableCommonControls(bool enable);
@@ -94,6 +96,7 @@ class PlaybackEngine {
     void SoundAlternating(Run& run, const Line& line);
     void KeepToneTime(Currency toneStart);
     void SilenceGeneratorInRest(const Line& line);
+    void CatchUpPosition(Run& run);
     void UpdatePosition(const Run& run, const Line& line);
     bool WaitForNextLine(Run& run, const Line& line);
     void EndOfRange(Run& run);

@@ -95,7 +95,9 @@ void ToneDispatcher::Sound(const std::string& noteString, double duration, const
     toneCode_.WriteTone(frequency, duration,
                         options.NoteIsFrequency ? noteString + " Hz [no note]" : noteString);
     if (fields_.UseMotor) {
-        const std::int16_t noteNum = LetterToNoteNum(noteString, boxes_);
+        // A bare frequency has no name to warn of; to the motor it is as unknown as any other.
+        const std::int16_t noteNum =
+            options.NoteIsFrequency ? FindNoteNum(noteString) : LetterToNoteNum(noteString, boxes_);
         const std::string name = NoteNumToNoteString(noteNum, OctaveOf(noteString), false, fields_.MotorOct);
         outputs_.Motor.PlayNote(name, duration);
     } else if (fields_.UseFMOD) {

@@ -62,5 +62,21 @@ TEST(FmodErrors, AnErrorIsLoggedAndShownInAPlainBox) {
     EXPECT_EQ(p.Boxes.Shown()[1].Text, "FMOD error! (-5) Unknown error.");
 }
 
+TEST(FmodErrors, ShownTogetherEachFailureStandsOnceAndAllOfThemInTheLog) {
+    test::SimulatedProgram p;
+    p.App.Log.Enable();
+    p.App.Fmod.Errors.ShowTogether([&] {
+        for (const std::int32_t result : {61, 78, 78, 0, 61})
+            p.App.Fmod.Errors.ERRCHECK(result);
+    });
+    ASSERT_EQ(p.Boxes.Shown().size(), 1u);
+    EXPECT_EQ(
+        p.Boxes.Shown()[0].Text,
+        "FMOD error! (61) Error initializing output device. \n"
+        "FMOD error! (78) This command failed because System::init or System::setDriver was not called. ");
+    const std::string log = p.LogText();
+    EXPECT_EQ(std::count(log.begin(), log.end(), '\n'), 4);
+}
+
 }  // namespace
 }  // namespace quavix

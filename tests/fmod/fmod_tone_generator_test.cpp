@@ -77,6 +77,11 @@ TEST_F(ToneGeneratorTest, ADurationBelow0DoesNotWait) {
     EXPECT_THROW(Generator.FMODBeep(440, 3e9, false, false), RuntimeError);
 }
 
+TEST_F(ToneGeneratorTest, ADurationOutside32BitsSoundsNothing) {
+    EXPECT_THROW(Generator.FMODBeep(440, 3e9, false, false), RuntimeError);
+    EXPECT_EQ(P.Timeline.Text("fmod FMOD_Channel_SetPaused"), "");
+}
+
 TEST_F(ToneGeneratorTest, AfterAFailureTheToneGoesOn) {
     P.Library.Fail("FMOD_Channel_SetFrequency", 11);
     Generator.FMODBeep(440, 100, false, false);

@@ -183,5 +183,19 @@ TEST_F(VoiceControlsTest, InASongTheVoiceFollowsNote2AndIsSilentAfterwards) {
               "0.0000 fmod FMOD_DSP_SetParameter(unit6, 1, 119)\n");
 }
 
+TEST_F(VoiceControlsTest, OnAMachineWithoutSoundTickingItShowsOneMessage) {
+    P.Library.Fail("FMOD_System_Init", 61);
+    for (const char* function : {"FMOD_System_CreateDSPByType", "FMOD_System_PlayDSP",
+                                 "FMOD_System_CreateChannelGroup", "FMOD_DSP_SetParameter"})
+        P.Library.Fail(function, 78);
+    P.App.Fields.UseVoiceCheck = true;
+    ASSERT_EQ(P.Boxes.Shown().size(), 1u);
+    EXPECT_EQ(
+        P.Boxes.Shown()[0].Text,
+        "FMOD error! (61) Error initializing output device. \n"
+        "FMOD error! (78) This command failed because System::init or System::setDriver was not called. ");
+    EXPECT_TRUE(Controls.VoiceInternalFormVisible);
+}
+
 }  // namespace
 }  // namespace quavix

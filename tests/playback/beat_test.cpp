@@ -94,6 +94,15 @@ TEST_F(BeatTest, WithDoNotUpdateItDoesNotFollowTheMusic) {
     EXPECT_EQ(Kicks(), "0 255 ") << "the label stands where the music began";
 }
 
+TEST_F(BeatTest, TickedInTheMiddleOfMusicWithoutUpdatesItFindsTheBeat) {
+    P.SetSong({"1/8 - - -", "1/8 - - -", "1/8 - - -", "1/8 - - -", "1/8 - - -", "1/8 - - -"});
+    Fields.NoUpdateCheck = true;
+    P.Boxes.AnswerNext(BoxAnswer::Yes);
+    P.Time.At(600, [this] { Fields.UseBeatCheck = true; });
+    PlayAllOnce();
+    EXPECT_EQ(Kicks(), "1005 ") << "the fifth line, at beat 3";
+}
+
 TEST_F(BeatTest, FollowsTheChosenOutput) {
     P.SetSong({"Quarter - - -"});
     Fields.UseBeatCheck = true;

@@ -106,5 +106,43 @@ TEST_F(ModsTogetherTest, TheMetronomeGoesOnUnderBursts) {
         << "one late beat delays no other";
 }
 
+TEST_F(ModsTogetherTest, TheMetronomeAndTheBeatOnTheMotorInterruptNobody) {
+    Fields.UseMotorCheck = true;
+    P.Time.At(600, [this] { App.Clicks.MetronomeButton_Click(); });
+    App.Clicks.MetronomeButton_Click();
+    EXPECT_EQ(P.Timeline.Text("serial #"),
+              "0.0000 serial #0P0\\r\n0.0350 serial #0P1470\\r\n"
+              "0.5000 serial #0P0\\r\n0.5350 serial #0P1470\\r\n");
+    P.SetSong({"Quarter C4 - -"});
+    Fields.UseBeatCheck = true;
+    P.Timeline.Clear();
+    PlayAllOnce();
+    EXPECT_EQ(P.Timeline.Text("serial #"),
+              "0.6100 serial #0P0\\r\n0.6400 serial #0P1470\\r\n0.6400 serial #0P0\\r\n"
+              "0.6700 serial #0P1470\\r\n0.6700 serial #0P0\\r\n0.7000 serial #0P1470\\r\n"
+              "0.7000 serial #0P1350\\r\n0.8750 serial #0P1470\\r\n1.1150 serial #0p1470\\r\n");
+    EXPECT_TRUE(P.Boxes.Shown().empty());
+}
+
+TEST_F(ModsTogetherTest, AStartAskedForInTheMiddleOfABurstComesWithTheBurstsThatGoOn) {
+    P.SetSong({"Quarter A4 - -"});
+    Mute(true);
+    Fields.UseCircuitBentCheck = true;
+    Fields.UseWriteCode = true;
+    App.Synchro.txtHour.Text = "12";
+    App.Synchro.txtMinute.Text = "0";
+    App.Synchro.txtSecond.Text = "2";
+    App.Playback.OnRangeEnd = [this] { App.Playback.StopPlayButton_Click(); };
+    double startMs = 0;
+    Fields.MusicIsPlaying.Watch([&](bool playing) {
+        if (playing)
+            startMs = static_cast<double>(P.Time.Now()) / SimulatedTime::CountsPerMs;
+    });
+    P.Time.At(100, [this] { App.Synchro.btnWait_Click(); });
+    P.Time.RunUntil(5000);
+    EXPECT_GE(startMs, 2000);
+    EXPECT_LE(startMs, 2000 + 15 * 15) << "behind one burst at most";
+}
+
 }  // namespace
 }  // namespace quavix

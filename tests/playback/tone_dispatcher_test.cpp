@@ -89,6 +89,16 @@ TEST_F(UniBeepTest, TheMotorGetsTheNoteMovedByItsOctave) {
     EXPECT_EQ(P.Timeline.Text("serial #"), "0.0000 serial #0P1000\\r\n0.0250 serial #0P1191\\r\n");
 }
 
+TEST_F(UniBeepTest, ABareFrequencyIsNoNoteOfTheMotorsAndNobodyIsWarned) {
+    Fields.UseMotorCheck = true;
+    Beep("1000", 20, Frequency);
+    EXPECT_EQ(P.Timeline.Text(),
+              "0.0000 serial open ttyUSB0\n0.0000 serial #0P0\\r\n0.0350 serial #0P1470\\r\n");
+    EXPECT_TRUE(P.Boxes.Shown().empty());
+    Beep("H4", 20);
+    EXPECT_FALSE(P.Boxes.Shown().empty()) << "a name that is none";
+}
+
 TEST_F(UniBeepTest, TheSoundCardComesBeforeTheMutedSpeakerAndNoOtherWaitIsMade) {
     Fields.UseFMOD = Fields.MutePCSpeaker = Fields.UsePortamento = true;
     Beep("A4", 100, {.FMODNoWait = true});

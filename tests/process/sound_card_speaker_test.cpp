@@ -11,6 +11,7 @@
 #include "dsp/square_wave.h"
 #include "jack_server.h"
 #include "platform/linux/speaker/choose_speaker.h"
+#include "platform/linux/speaker/sound_card.h"
 #include "platform/linux/speaker/tone_player.h"
 #include "support/own_mounts.h"
 
@@ -131,6 +132,20 @@ TEST_F(SoundCardSpeakerOn, AServerThatDiesKeepsTimeSaysSoAndComesBack) {
     EXPECT_FALSE(speaker.Status().Silent);
     EXPECT_THAT(speaker.Status().InUse, HasSubstr("sound card (J"));
     EXPECT_EQ(speaker.Status().Reason, "");
+}
+
+TEST_F(SoundCardSpeakerOn, ACardThatIsOpenedAgainIsLeftAloneForAWhileFirst) {
+    ASSERT_TRUE(server_.Start());
+    SoundCard card;
+    constexpr std::int32_t Patience = 10'000;
+    card.BeginOpening();
+    card.AwaitOpening(Patience);
+    ASSERT_EQ(card.Now(), SoundCard::State::Open);
+    const std::int64_t start = MonotonicNs();
+    card.BeginOpening();
+    card.AwaitOpening(Patience);
+    EXPECT_GE(MonotonicNs() - start, 500 * ToneClock::NsPerMs) << "others may be closing theirs";
+    EXPECT_EQ(card.Now(), SoundCard::State::Open);
 }
 
 TEST_F(SoundCardSpeakerOn, NoDeviceAtAllGivesWayToSilenceThatKeepsTime) {

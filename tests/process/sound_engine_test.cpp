@@ -9,6 +9,7 @@
 
 #include "jack_server.h"
 #include "modules/sound_engine/engine_system.h"
+#include "platform/linux/speaker/sound_card_speaker.h"
 #include "support/measure.h"
 #include "support/own_mounts.h"
 
@@ -174,6 +175,35 @@ TEST_F(SoundEngineOn, AServerThatIsStoppedAndStartedAgainLosesNothingButTheGap) 
         E().System_GetSoftwareFormat(engine.Handle(), &rate, nullptr, nullptr, nullptr, nullptr, nullptr),
         SOUND_OK);
     EXPECT_EQ(rate, 44100);
+}
+
+TEST_F(SoundEngineOn, TheEngineAndTheSpeakerOfOneProcessOutliveAServerTogether) {
+    ASSERT_TRUE(server_.Start());
+    EngineSystem engine;
+    ASSERT_EQ(InitOnServer(engine), SOUND_OK);
+    SoundCardSpeaker speaker({});
+    const auto beepUntil = [&](bool silent) {
+        constexpr int MostTones = 400;
+        for (int tone = 0; tone < MostTones && speaker.Status().Silent != silent; ++tone)
+            speaker.Beep(440, 50);
+        EXPECT_EQ(speaker.Status().Silent, silent);
+    };
+    beepUntil(false);
+    server_.Kill();
+    beepUntil(true);
+    ASSERT_TRUE(server_.Start());
+    beepUntil(false);
+    engine.Volume(engine.Play(engine.Oscillator(SOUND_SINE, 400.0F)), 0.25F);
+    JackRecorder recorder;
+    ASSERT_TRUE(recorder.ListenWhenThereIsSomething());
+    // Both are connected as soon as they are open; here one more time for the later one.
+    Samples sound;
+    ASSERT_TRUE(recorder.RecordUntil([&](const Samples& all) {
+        recorder.Listen();
+        sound.assign(all.end() - static_cast<std::ptrdiff_t>(std::min<std::size_t>(all.size(), 9600)),
+                     all.end());
+        return sound.size() == 9600 && Peak(sound) > 0.2;
+    }));
 }
 
 TEST_F(SoundEngineOn, AServerPlaysTwoSystemsSideBySide) {

@@ -4,12 +4,41 @@
 #include <chrono>
 #include <condition_variable>
 #include <mutex>
+#include <span>
 #include <thread>
 #include <utility>
 
-#include "platform/linux/speaker/audio_stream.h"
+#include "platform/linux/speaker/tone_clock.h"
+#include "sound_device/sound_stream.h"
 
 namespace quavix {
+namespace {
+
+class ToneSource final : public SampleSource {
+  public:
+    ToneSource(std::shared_ptr<TonePlayer> player, unsigned int channels)
+        : player_(std::move(player)), channels_(static_cast<std::int32_t>(channels)) {}
+
+    bool Fill(std::span<float> out) override { return player_->Render(out, channels_, MonotonicNs()); }
+
+  private:
+    std::shared_ptr<TonePlayer> player_;
+    std::int32_t channels_;
+};
+
+std::unique_ptr<SoundStream> OpenStream(std::shared_ptr<TonePlayer>& player, std::string& problem) {
+    constexpr StreamWish Wish{.Name = "Quavix speaker", .Period = 256, .Periods = 4};
+    return SoundStream::Open(
+        Wish,
+        [&](const StreamFormat& device) {
+            player = std::make_shared<TonePlayer>(static_cast<std::int32_t>(device.FramesPerSecond),
+                                                  static_cast<std::int32_t>(device.Period), MonotonicNs());
+            return std::make_shared<ToneSource>(player, device.Channels);
+        },
+        problem);
+}
+
+}  // namespace
 
 struct SoundCard::Shared {
     std::mutex Mutex;
@@ -61,22 +90,26 @@ std::shared_ptr<TonePlayer> SoundCard::Player() const {
 }
 
 void SoundCard::Work(const std::shared_ptr<Shared>& shared) {
-    std::unique_ptr<AudioStream> stream;
+    std::unique_ptr<SoundStream> stream;
     std::unique_lock lock(shared->Mutex);
     for (;;) {
         shared->Changed.wait(lock, [&] { return shared->Quit || shared->Is == State::Opening; });
-        const bool quit = shared->Quit;
+        if (stream) {
+            lock.unlock();
+            SoundStream::Close(std::move(stream));
+            lock.lock();
+            shared->Changed.wait_for(lock, SoundStream::ReopenAfter, [&] { return shared->Quit; });
+        }
+        if (shared->Quit)
+            break;
         lock.unlock();
         std::string problem;
-        stream.reset();
-        if (!quit)
-            stream = AudioStream::Open(problem);
+        std::shared_ptr<TonePlayer> player;
+        stream = OpenStream(player, problem);
         lock.lock();
-        if (quit)
-            break;
         shared->Is = stream ? State::Open : State::Unavailable;
-        shared->Description = stream ? stream->Description() : problem;
-        shared->Player = stream ? stream->Player() : nullptr;
+        shared->Description = stream ? stream->Format().Description : problem;
+        shared->Player = stream ? player : nullptr;
         shared->Changed.notify_all();
     }
     shared->Ended = true;

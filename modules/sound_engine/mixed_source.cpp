@@ -1,0 +1,50 @@
+// SPDX-License-Identifier: MIT
+#include "sound_engine/mixed_source.h"
+
+#include <algorithm>
+
+namespace quavix::sound_engine {
+namespace {
+
+// What the device leaves of the delay is kept ahead of it.
+std::size_t FramesAhead(const Mixer& mixer, const StreamFormat& device, int delayFrames) {
+    // A call waits for up to a period or a block before it is heard at all, half of it on average.
+    const long waiting = (static_cast<long>(device.Period) + static_cast<long>(mixer.BlockFrames())) / 2;
+    return static_cast<std::size_t>(std::max(0L, delayFrames - device.DelayFrames - waiting));
+}
+
+}  // namespace
+
+// As much as possible of the delay lies with the device, where it keeps the sound going when this process is
+// late.
+StreamWish MixedSource::Wish(int delayFrames) {
+    constexpr int Shortest = 64;
+    constexpr int Longest = 512;
+    constexpr int WantedPeriods = 16;
+    const int period = std::clamp(delayFrames / WantedPeriods, Shortest, Longest);
+    // One less, as a period is being waited for.
+    return {.Name = "Quavix",
+            .Period = static_cast<unsigned int>(period),
+            .Periods = static_cast<unsigned int>(std::max(2, delayFrames / period - 1))};
+}
+
+MixedSource::MixedSource(const std::shared_ptr<Mixer>& mixer, const StreamFormat& device, int delayFrames)
+    : channels_(device.Channels),
+      queue_(mixer, FramesAhead(*mixer, device, delayFrames), device.Period),
+      mono_(device.Period) {
+    mixer->SetRate(device.FramesPerSecond);
+}
+
+bool MixedSource::Fill(std::span<float> out) {
+    while (!out.empty()) {
+        const std::span<float> mono(mono_.data(), std::min(out.size() / channels_, mono_.size()));
+        queue_.Take(mono);
+        auto to = out.begin();
+        for (const float sample : mono)
+            to = std::fill_n(to, channels_, std::clamp(sample, -1.0F, 1.0F));
+        out = out.subspan(mono.size() * channels_);
+    }
+    return true;
+}
+
+}  // namespace quavix::sound_engine

@@ -1,0 +1,141 @@
+// SPDX-License-Identifier: MIT
+#include "sound_device/sound_stream.h"
+
+#include <algorithm>
+#include <alsa/asoundlib.h>
+#include <span>
+#include <thread>
+
+#include <fmt/format.h>
+
+namespace quavix {
+namespace {
+
+constexpr auto Step = std::chrono::milliseconds(5);
+
+void SayNothing(const char*, int, const char*, int, const char*, ...) {}
+
+// Looking for a device that is not there makes the ALSA library explain itself on standard error, each time.
+class QuietAlsa {
+  public:
+    QuietAlsa() { snd_lib_error_set_handler(&SayNothing); }
+    ~QuietAlsa() { snd_lib_error_set_handler(nullptr); }
+    QuietAlsa(const QuietAlsa&) = delete;
+    QuietAlsa& operator=(const QuietAlsa&) = delete;
+};
+
+unsigned int ChooseRate(const RtAudio::DeviceInfo& device) {
+    constexpr unsigned int Wanted = 48000;
+    const auto& rates = device.sampleRates;
+    if (rates.empty() || std::find(rates.begin(), rates.end(), Wanted) != rates.end())
+        return Wanted;
+    return device.preferredSampleRate != 0 ? device.preferredSampleRate : rates.back();
+}
+
+}  // namespace
+
+std::unique_ptr<SoundStream> SoundStream::Open(const StreamWish& wish, const MakeSource& makeSource,
+                                               std::string& problem) {
+    const QuietAlsa quiet;
+    problem = "there is no sound device";
+    for (const RtAudio::Api api : {RtAudio::UNIX_JACK, RtAudio::LINUX_PULSE, RtAudio::LINUX_ALSA}) {
+        std::unique_ptr<SoundStream> stream(new SoundStream(api));
+        if (stream->TryOpen(wish, makeSource, problem))
+            return stream;
+        Close(std::move(stream));
+    }
+    return nullptr;
+}
+
+SoundStream::SoundStream(RtAudio::Api api) : audio_(api) {
+    audio_.showWarnings(false);
+}
+
+bool SoundStream::TryOpen(const StreamWish& wish, const MakeSource& makeSource, std::string& problem) {
+    try {
+        if (audio_.getDeviceCount() == 0)
+            return false;
+        RtAudio::StreamParameters output;
+        output.deviceId = audio_.getDefaultOutputDevice();
+        const RtAudio::DeviceInfo device = audio_.getDeviceInfo(output.deviceId);
+        if (!device.probed || device.outputChannels == 0)
+            return false;
+        output.nChannels = std::min(device.outputChannels, 2U);
+        RtAudio::StreamOptions options;
+        options.numberOfBuffers = wish.Periods;
+        options.streamName = wish.Name;
+        unsigned int period = wish.Period;
+        const unsigned int rate = ChooseRate(device);
+        audio_.openStream(&output, nullptr, RTAUDIO_FLOAT32, rate, &period, &Callback, this, &options);
+
+        const long told = audio_.getStreamLatency();
+        format_ = {.FramesPerSecond = rate,
+                   .Channels = output.nChannels,
+                   .Period = period,
+                   .DelayFrames = told > 0 ? told : static_cast<long>(period) * options.numberOfBuffers,
+                   .Description = fmt::format("{}, {}", RtAudio::getApiDisplayName(audio_.getCurrentApi()),
+                                              device.name)};
+        source_ = makeSource(format_);
+        audio_.startStream();
+        started_ = true;
+        return true;
+    } catch (const RtAudioError& error) {
+        problem = error.getMessage();
+        return false;
+    }
+}
+
+void SoundStream::Close(std::unique_ptr<SoundStream> stream) {
+    // One that stands still may be about to be closed by the library itself, from a thread of its own, and
+    // two at a time doing so end badly; or closing it never returns. Only one that asks for samples is sure
+    // to be well.
+    stream->AwaitItsEnd();
+    if (stream->audio_.isStreamRunning() ? stream->Moves() : stream->Opened())
+        stream->audio_.closeStream();
+    else if (stream->source_)
+        Keep(std::move(stream));
+}
+
+// When its server goes, the library stops a stream first and then closes it.
+void SoundStream::AwaitItsEnd() const {
+    for (int step = 0; step < 100 && started_ && Opened() && !audio_.isStreamRunning(); ++step)
+        std::this_thread::sleep_for(Step);
+}
+
+// To the end of the process.
+void SoundStream::Keep(std::unique_ptr<SoundStream> stream) {
+    static std::atomic<SoundStream*> kept{nullptr};
+    stream->silenced_.store(true);
+    stream->nextKept_ = kept.load();
+    while (!kept.compare_exchange_weak(stream->nextKept_, stream.get())) {
+    }
+    static_cast<void>(stream.release());
+}
+
+// Waits for that for a second, or until it is closed.
+bool SoundStream::Moves() const {
+    const std::uint64_t before = Played();
+    for (int step = 0; step < 200 && Opened(); ++step) {
+        if (Played() != before)
+            return true;
+        std::this_thread::sleep_for(Step);
+    }
+    return false;
+}
+
+bool SoundStream::Play(float* out, std::size_t frames) {
+    played_.fetch_add(frames, std::memory_order_relaxed);
+    const std::span<float> samples(out, frames * format_.Channels);
+    if (!silenced_.load())
+        return source_->Fill(samples);
+    std::fill(samples.begin(), samples.end(), 0.0F);
+    return true;
+}
+
+int SoundStream::Callback(void* out, void*, unsigned int frames, double, RtAudioStreamStatus, void* stream) {
+    constexpr int GoOn = 0;
+    constexpr int Abort = 2;
+    return static_cast<SoundStream*>(stream)->Play(static_cast<float*>(out), frames) ? GoOn : Abort;
+}
+
+}  // namespace quavix
