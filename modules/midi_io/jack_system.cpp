@@ -24,16 +24,18 @@ class JackSystem : public MidiSystem {
     JackSystem(const JackSystem&) = delete;
     JackSystem& operator=(const JackSystem&) = delete;
 
+    /// A busy server may turn clients away at first, and seem not to run.
     bool Connect() {
+        constexpr int MostTries = 3;
+        constexpr auto Pause = std::chrono::milliseconds(10);
         jack_set_error_function([](const char*) {});
         jack_set_info_function([](const char*) {});
-        client_ = jack_client_open("Quavix watch", JackNoStartServer, nullptr);
-        if (client_ == nullptr)
-            return false;
-        jack_on_shutdown(client_, &ServerEnds, this);
-        jack_set_process_callback(client_, &Cycle, this);
-        jack_set_port_registration_callback(client_, &PortComesOrGoes, this);
-        return jack_activate(client_) == 0;
+        for (int tries = 1; !Enter(); ++tries) {
+            if (tries == MostTries)
+                return false;
+            std::this_thread::sleep_for(Pause);
+        }
+        return true;
     }
 
     RtMidi::Api Api() const override { return RtMidi::UNIX_JACK; }
@@ -59,12 +61,18 @@ class JackSystem : public MidiSystem {
         return false;
     }
 
+    /// What takes time is the server's next cycles, which on a busy machine are long in coming.
     bool BecomeConnected(const std::string& own, const std::string& device) override {
         constexpr auto Step = std::chrono::milliseconds(1);
-        constexpr int MostSteps = 250;
+        constexpr int FewSteps = 250;
+        constexpr int MostSteps = 5000;
+        constexpr std::uint64_t EnoughCycles = 16;
+        const std::uint64_t start = cycles_;
         for (int step = 0; step < MostSteps && alive_; ++step) {
             if (AreConnected(own, device))
                 return true;
+            if (step >= FewSteps && cycles_ - start >= EnoughCycles)
+                return false;
             std::this_thread::sleep_for(Step);
         }
         return false;
@@ -106,6 +114,20 @@ class JackSystem : public MidiSystem {
     }
 
   private:
+    bool Enter() {
+        client_ = jack_client_open("Quavix watch", JackNoStartServer, nullptr);
+        if (client_ == nullptr)
+            return false;
+        jack_on_shutdown(client_, &ServerEnds, this);
+        jack_set_process_callback(client_, &Cycle, this);
+        jack_set_port_registration_callback(client_, &PortComesOrGoes, this);
+        if (jack_activate(client_) == 0)
+            return true;
+        jack_client_close(client_);
+        client_ = nullptr;
+        return false;
+    }
+
     struct Sent {
         std::uint64_t Cycle;
         std::size_t Bytes;

@@ -2,9 +2,11 @@
 #pragma once
 
 #include <algorithm>
+#include <chrono>
 #include <functional>
 #include <memory>
 #include <string>
+#include <thread>
 #include <utility>
 #include <vector>
 
@@ -34,9 +36,8 @@ class RtDevice {
     std::int32_t Open(const std::string& name) {
         Close();
         const std::vector<std::string> before = system_.Ports();
-        failed_ = false;
         if (name.empty()) {
-            Object().openVirtualPort(portName_);
+            Insist([this] { Object().openVirtualPort(portName_); });
         } else {
             const std::vector<std::string> names = Names();
             const auto found = std::find(names.begin(), names.end(), name);
@@ -102,9 +103,25 @@ class RtDevice {
         self.failureText_ = text;
     }
 
+    /// RtMidi enters the system with the first call that needs it, and a busy system may turn it away at
+    /// first.
+    template <typename Call>
+    void Insist(Call call) {
+        constexpr int MostTries = 10;
+        constexpr auto Pause = std::chrono::milliseconds(20);
+        for (int tries = 1;; ++tries) {
+            failed_ = false;
+            call();
+            if (!failed_ || tries == MostTries || !system_.IsAlive())
+                return;
+            std::this_thread::sleep_for(Pause);
+        }
+    }
+
     std::vector<std::string> Names() {
         std::vector<std::string> names;
-        const unsigned count = Object().getPortCount();
+        unsigned count = 0;
+        Insist([&] { count = Object().getPortCount(); });
         for (unsigned i = 0; i < count; ++i)
             names.push_back(Object().getPortName(i));
         return names;

@@ -27,6 +27,7 @@ inline WindowParts PartsOf(Program& program, Speaker& speaker, MessageBoxes& box
             .Clicks = program.Clicks,
             .Glide = program.Glide,
             .Motor = program.Motor,
+            .MidiOut = program.MidiOut,
             .Synchro = program.Synchro,
             .Document = program.Document,
             .PcSpeaker = speaker,

@@ -47,7 +47,7 @@ inline constexpr Mod UseVoice{&MainFields::UseVoiceCheck,
 inline constexpr Mod UseMIDIOut{
     &MainFields::UseMIDIOutCheck,
     &MainFields::UseMIDIOutCheckEnabled,
-    false,
+    true,
     "UseMIDIOutCheck",
     "Use MIDI output",
     "Send every note to a MIDI device too",

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "fmod/sound_mods.h"
+#include "midi/midi_output.h"
 #include "music/edit_history.h"
 #include "music/line_clipboard.h"
 #include "music/list_editing.h"
@@ -45,6 +46,7 @@ struct WindowParts {
     Metronome& Clicks;
     PitchGlide& Glide;
     MotorModModule& Motor;
+    MidiOutput& MidiOut;
     SynchroPlay& Synchro;
     SongDocument& Document;
     Speaker& PcSpeaker;

@@ -8,8 +8,23 @@
 
 namespace quavix {
 
+namespace {
+
+constexpr auto Patience = std::chrono::seconds(20);
+
+/// A busy server may turn a client away at first.
+jack_client_t* Enter(const std::string& name) {
+    constexpr int MostTries = 20;
+    jack_client_t* client = nullptr;
+    for (int i = 0; i < MostTries && client == nullptr; ++i)
+        client = jack_client_open(name.c_str(), JackNoStartServer, nullptr);
+    return client;
+}
+
+}  // namespace
+
 JackMidiPeer::JackMidiPeer(const std::string& name)
-    : client_(jack_client_open(name.c_str(), JackNoStartServer, nullptr)),
+    : client_(Enter(name)),
       in_(jack_port_register(client_, "in", JACK_DEFAULT_MIDI_TYPE, JackPortIsInput, 0)),
       out_(jack_port_register(client_, "out", JACK_DEFAULT_MIDI_TYPE, JackPortIsOutput, 0)) {
     jack_set_process_callback(client_, &Process, this);
@@ -21,14 +36,22 @@ JackMidiPeer::~JackMidiPeer() {
 }
 
 bool JackMidiPeer::Listen(const std::string& source) {
-    return jack_connect(client_, source.c_str(), jack_port_name(in_)) == 0;
+    if (jack_connect(client_, source.c_str(), jack_port_name(in_)) != 0)
+        return false;
+    // In effect from one of the next cycles on; what is sent before would be lost.
+    std::unique_lock lock(mutex_);
+    return arrived_.wait_for(lock, Patience, [&] { return isConnected_; });
 }
 
 std::vector<JackMidiPeer::Event> JackMidiPeer::Received(std::size_t count) {
-    constexpr auto Patience = std::chrono::seconds(20);
     std::unique_lock lock(mutex_);
     arrived_.wait_for(lock, Patience, [&] { return received_.size() >= count; });
     return received_;
+}
+
+std::vector<jack_nframes_t> JackMidiPeer::Times() {
+    const std::lock_guard lock(mutex_);
+    return times_;
 }
 
 void JackMidiPeer::Send(std::vector<Event> events) {
@@ -39,6 +62,10 @@ void JackMidiPeer::Send(std::vector<Event> events) {
 int JackMidiPeer::Process(jack_nframes_t frames, void* peer) {
     auto& self = *static_cast<JackMidiPeer*>(peer);
     const std::lock_guard lock(self.mutex_);
+    if (!self.isConnected_ && jack_port_connected(self.in_) > 0) {
+        self.isConnected_ = true;
+        self.arrived_.notify_all();
+    }
     self.Receive(frames);
     self.Transmit(frames);
     return 0;
@@ -49,8 +76,10 @@ void JackMidiPeer::Receive(jack_nframes_t frames) {
     const std::uint32_t count = jack_midi_get_event_count(buffer);
     for (std::uint32_t i = 0; i < count; ++i) {
         jack_midi_event_t event{};
-        if (jack_midi_event_get(&event, buffer, i) == 0)
-            received_.emplace_back(event.buffer, event.buffer + event.size);
+        if (jack_midi_event_get(&event, buffer, i) != 0)
+            continue;
+        received_.emplace_back(event.buffer, event.buffer + event.size);
+        times_.push_back(jack_last_frame_time(client_) + event.time);
     }
     if (count > 0)
         arrived_.notify_all();

@@ -22,11 +22,14 @@ class JackMidiPeer {
     JackMidiPeer(const JackMidiPeer&) = delete;
     JackMidiPeer& operator=(const JackMidiPeer&) = delete;
 
-    /// Connects another's output to the input.
+    /// Connects another's output to the input. What that sends from then on comes in.
     bool Listen(const std::string& source);
 
     /// Waits until `count` events have come in, and gives all of them. Fewer: they never did.
     std::vector<Event> Received(std::size_t count);
+
+    /// The times of what has come in so far, in frames of the server.
+    std::vector<jack_nframes_t> Times();
 
     /// Sends events, all in one cycle where they have room.
     void Send(std::vector<Event> events);
@@ -42,7 +45,9 @@ class JackMidiPeer {
     std::mutex mutex_;
     std::condition_variable arrived_;
     std::vector<Event> received_;
+    std::vector<jack_nframes_t> times_;
     std::deque<Event> toSend_;
+    bool isConnected_ = false;
 };
 
 }  // namespace quavix
