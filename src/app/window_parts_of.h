@@ -28,6 +28,7 @@ inline WindowParts PartsOf(Program& program, Speaker& speaker, MessageBoxes& box
             .Glide = program.Glide,
             .Motor = program.Motor,
             .MidiOut = program.MidiOut,
+            .MidiIn = program.MidiIn,
             .Synchro = program.Synchro,
             .Document = program.Document,
             .PcSpeaker = speaker,

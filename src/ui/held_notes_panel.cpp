@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "ui/held_notes_panel.h"
 
+#include <memory>
+
 #include <QCheckBox>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -120,10 +122,11 @@ QWidget* HeldNotesPanel::MakeGrid(UsingForm& form) {
         grid->setColumnStretch(index % Columns, 1);
         labels[static_cast<std::size_t>(index)] = label;
     }
-    ShowIn(area, form.lblOnNotes, [labels, shown = UsingForm::OnNoteLabels{}](const auto& wanted) mutable {
+    const auto shown = std::make_shared<UsingForm::OnNoteLabels>();
+    ShowIn(area, form.lblOnNotes, [labels, shown](const UsingForm::OnNoteLabels& wanted) {
         for (std::size_t index = 0; index < labels.size(); ++index)
-            Show(labels[index], wanted[index], shown[index]);
-        shown = wanted;
+            Show(labels[index], wanted[index], (*shown)[index]);
+        *shown = wanted;
     });
     return area;
 }

@@ -22,6 +22,7 @@
 #include "ui/keyboard_panel.h"
 #include "ui/list_panel.h"
 #include "ui/main_menu.h"
+#include "ui/midi_in_form.h"
 #include "ui/midi_out_form.h"
 #include "ui/mod_window.h"
 #include "ui/mods_panel.h"
@@ -116,6 +117,7 @@ MainForm::MainForm(const WindowParts& parts, QWidget* parent)
     MakeWhenTicked<FMODOptionsForm>(parts_.Fmod.Generator.FMODOptionsFormVisible, parts_, this);
     MakeWhenTicked<VoiceInternalForm>(parts_.Fmod.Controls.VoiceInternalFormVisible, parts_, this);
     MakeWhenTicked<MIDIOutForm>(parts_.MidiOut.Fields.MIDIOutFormVisible, parts_, this);
+    MakeWhenTicked<MIDIInForm>(parts_.MidiIn.MIDIInFormVisible, parts_, this);
     MakeWhenTicked<BeatForm>(parts_.Fields.UseBeatCheck, parts_, this);
     MakeWhenTicked<PortamentoForm>(parts_.Fields.UsePortaCheck, parts_, this);
     MakeWhenTicked<SynchroForm>(parts_.Fields.UseSynchroCheck, parts_, this);

@@ -60,7 +60,7 @@ inline constexpr Mod UseMIDIOut{
 inline constexpr Mod UseMIDIIn{
     &MainFields::UseMIDIInCheck,
     &MainFields::UseMIDIInCheckEnabled,
-    false,
+    true,
     "UseMIDIInCheck",
     "Use MIDI input",
     "Play the notes that come from a MIDI device",

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "fmod/sound_mods.h"
+#include "midi/midi_input.h"
 #include "midi/midi_output.h"
 #include "music/edit_history.h"
 #include "music/line_clipboard.h"
@@ -47,6 +48,7 @@ struct WindowParts {
     PitchGlide& Glide;
     MotorModModule& Motor;
     MidiOutput& MidiOut;
+    MidiInput& MidiIn;
     SynchroPlay& Synchro;
     SongDocument& Document;
     Speaker& PcSpeaker;

@@ -33,16 +33,19 @@ TEST(Accessibility, EveryControlHasANameAndATooltip) {
     SpeakerForm speaker(PartsOf(
         p.App, p.Reported, p.Boxes, p.SaveLoadWindow, [] {}, [] { return ""; }));
     ManualForm manual("text");
+    p.Disk.Put("/windows/system32/midiio32.ocx", "module");
+    p.MidiIn.Devices = {"Keyboard"};
     for (Watched<bool> MainFields::*check :
          {&MainFields::UseFMODCheck, &MainFields::UseVoiceCheck, &MainFields::UseBeatCheck,
-          &MainFields::UsePortaCheck, &MainFields::UseSynchroCheck})
+          &MainFields::UsePortaCheck, &MainFields::UseSynchroCheck, &MainFields::UseMIDIInCheck})
         p.App.Fields.*check = true;
     p.App.MidiOut.Fields.MIDIOutFormVisible = true;
-    for (QWidget* window : {static_cast<QWidget*>(&p.Form), static_cast<QWidget*>(&speaker),
-                            static_cast<QWidget*>(&p.SaveLoadWindow), static_cast<QWidget*>(&manual),
-                            &p.Find<QWidget>("FMODOptionsForm"), &p.Find<QWidget>("VoiceInternalForm"),
-                            &p.Find<QWidget>("BeatForm"), &p.Find<QWidget>("PortamentoForm"),
-                            &p.Find<QWidget>("SynchroForm"), &p.Find<QWidget>("MIDIOutForm")}) {
+    for (QWidget* window :
+         {static_cast<QWidget*>(&p.Form), static_cast<QWidget*>(&speaker),
+          static_cast<QWidget*>(&p.SaveLoadWindow), static_cast<QWidget*>(&manual),
+          &p.Find<QWidget>("FMODOptionsForm"), &p.Find<QWidget>("VoiceInternalForm"),
+          &p.Find<QWidget>("BeatForm"), &p.Find<QWidget>("PortamentoForm"), &p.Find<QWidget>("SynchroForm"),
+          &p.Find<QWidget>("MIDIOutForm"), &p.Find<QWidget>("MIDIInForm")}) {
         EXPECT_FALSE(ControlsOf(*window).empty());
         for (const QWidget* control : ControlsOf(*window)) {
             EXPECT_FALSE(control->accessibleName().isEmpty()) << control->objectName().toStdString();

@@ -58,11 +58,23 @@ void ExpectReadable(test::UiProgram& p) {
     }
 }
 
+/// The grid of held notes in both of its colours.
+void HoldMidiNotes(test::UiProgram& p) {
+    p.Disk.Put("/windows/system32/midiio32.ocx", "module");
+    p.MidiIn.Devices = {"Keyboard"};
+    p.App.Fields.UseMIDIInCheck = true;
+    p.MidiIn.ArriveAt(1, {{0x90, 60, 64}, {0x90, 64, 64}});
+    p.Time.RunUntil(2);
+    EXPECT_EQ(p.TextOf("lblOnNotes1"), "E5");
+}
+
 TEST(Appearance, EveryLabelCanBeReadInTheLightAndTheDarkPalette) {
     test::UiProgram light;
+    HoldMidiNotes(light);
     ExpectReadable(light);
     const WithPalette dark(DarkPalette());
     test::UiProgram p;
+    HoldMidiNotes(p);
     ExpectReadable(p);
     p.App.Fields.BPMText = "5";
     const QPalette field = p.Find<QLineEdit>("BPMText").palette();
