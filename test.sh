@@ -15,7 +15,7 @@ step "Format"
 git ls-files '*.h' '*.cpp' | xargs clang-format --dry-run -Werror
 
 step "Release build"
-cmake --preset release -DQUAVIX_TESTS=ON -DQUAVIX_BENCH=ON >/dev/null
+cmake --preset release -DQUAVIX_TESTS=ON -DQUAVIX_UNITY_TESTS=ON -DQUAVIX_BENCH=ON >/dev/null
 cmake --build --preset release -- --quiet
 
 step "Sanitizer build"

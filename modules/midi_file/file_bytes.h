@@ -8,6 +8,11 @@
 
 namespace quavix::midi_file {
 
+/// A chunk is a name, the length of its content in four bytes, and its content.
+inline constexpr std::uint64_t ChunkNameSize = 4;
+inline constexpr std::uint64_t ChunkHeadSize = 8;
+inline constexpr std::string_view TrackName = "MTrk";
+
 /// The bytes of a file, asked by their offsets. Chunks and numbers are big-endian except where said.
 class FileBytes {
   public:
@@ -32,14 +37,13 @@ class FileBytes {
     /// Whether four characters such as chunks are named by, and a length, stand there, with as much content
     /// behind them.
     bool LooksLikeChunk(std::uint64_t offset) const {
-        constexpr std::uint64_t HeadSize = 8;
-        if (!Has(offset, HeadSize))
+        if (!Has(offset, ChunkHeadSize))
             return false;
-        for (std::uint64_t i = offset; i < offset + 4; ++i) {
+        for (std::uint64_t i = offset; i < offset + ChunkNameSize; ++i) {
             if (data_[i] < ' ' || data_[i] > '~')
                 return false;
         }
-        return Has(offset + HeadSize, U32(offset + 4));
+        return Has(offset + ChunkHeadSize, U32(offset + ChunkNameSize));
     }
 
     /// The offset of `text` at or behind `from` and before `end`; nothing where there is none.

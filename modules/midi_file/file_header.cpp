@@ -9,9 +9,6 @@ namespace quavix::midi_file {
 namespace {
 
 constexpr std::string_view HeaderName = "MThd";
-constexpr std::string_view TrackName = "MTrk";
-constexpr std::uint64_t NameSize = 4;
-constexpr std::uint64_t ChunkHeadSize = 8;
 constexpr std::uint64_t HeaderContentSize = 6;
 
 /// What the header says lies, of a RIFF file, in its chunk "data". Sizes there are little-endian, and chunks
@@ -25,7 +22,7 @@ bool FindInWrapper(const FileBytes& bytes, Messages& messages, std::uint64_t& st
     std::uint64_t at = FirstChunk;
     while (bytes.Has(at, ChunkHeadSize)) {
         const std::uint64_t content = at + ChunkHeadSize;
-        const std::uint64_t size = bytes.LittleEndian32(at + NameSize);
+        const std::uint64_t size = bytes.LittleEndian32(at + ChunkNameSize);
         const std::uint64_t contentEnd = content + std::min(size, bytes.Size() - content);
         if (bytes.Is(at, "data")) {
             start = content;
@@ -56,7 +53,7 @@ bool FindHeader(const FileBytes& bytes, Messages& messages, std::uint64_t start,
     }
     if (bytes.Size() == 0) {
         messages.Fail(0, "the file is empty.");
-    } else if (bytes.Has(start, NameSize)) {
+    } else if (bytes.Has(start, ChunkNameSize)) {
         const std::uint8_t* begin = bytes.At(start);
         messages.Fail(start,
                       "not a MIDI file, which begins with 4D 54 68 64 (\"MThd\"), not %02X %02X %02X %02X.",
@@ -69,7 +66,7 @@ bool FindHeader(const FileBytes& bytes, Messages& messages, std::uint64_t start,
 
 /// Where the first track begins: behind the header's content as its size says, or as it always is.
 std::uint64_t BehindHeader(const FileBytes& bytes, Messages& messages, std::uint64_t content) {
-    const std::uint32_t size = bytes.U32(content - NameSize);
+    const std::uint32_t size = bytes.U32(content - ChunkNameSize);
     const std::uint64_t usual = content + HeaderContentSize;
     if (size == HeaderContentSize)
         return usual;
@@ -77,7 +74,7 @@ std::uint64_t BehindHeader(const FileBytes& bytes, Messages& messages, std::uint
         size > HeaderContentSize && bytes.Has(content, size) && !bytes.Is(usual, TrackName);
     if (sizeIsRight)
         return content + size;
-    messages.Remark(content - NameSize, "the header has 6 bytes, not %" PRIu32 ".", size);
+    messages.Remark(content - ChunkNameSize, "the header has 6 bytes, not %" PRIu32 ".", size);
     return usual;
 }
 

@@ -14,12 +14,10 @@ namespace {
 /// Reads one chunk after the other from `chunk` on.
 std::int32_t ReadChunks(const FileBytes& bytes, std::uint64_t chunk, std::uint32_t declaredTracks,
                         TrackReader& tracks, Messages& messages) {
-    constexpr std::uint64_t ChunkHeadSize = 8;
-    constexpr std::uint64_t NameSize = 4;
     while (tracks.Tracks() < QUAVIX_MIDI_FILE_TRACKS) {
         if (const std::int32_t result = tracks.Progress(chunk); result != QuavixMidiFileOk)
             return result;
-        if (bytes.Is(chunk, "MTrk") && bytes.Has(chunk, ChunkHeadSize)) {
+        if (bytes.Is(chunk, TrackName) && bytes.Has(chunk, ChunkHeadSize)) {
             if (const std::int32_t result = tracks.Read(chunk); result != QuavixMidiFileOk)
                 return result;
             continue;
@@ -27,7 +25,7 @@ std::int32_t ReadChunks(const FileBytes& bytes, std::uint64_t chunk, std::uint32
         if (tracks.Tracks() >= declaredTracks || bytes.Is(chunk, "MThd"))
             break;
         if (bytes.LooksLikeChunk(chunk)) {
-            chunk += ChunkHeadSize + bytes.U32(chunk + NameSize);
+            chunk += ChunkHeadSize + bytes.U32(chunk + ChunkNameSize);
             continue;
         }
         const std::uint64_t found = tracks.NextTrack(chunk);

@@ -7,14 +7,6 @@
 #include <utility>
 
 namespace quavix::midi_file {
-namespace {
-
-constexpr std::string_view TrackName = "MTrk";
-constexpr std::uint64_t NameSize = 4;
-constexpr std::uint64_t ChunkHeadSize = 8;
-
-}  // namespace
-
 std::int32_t TrackReader::Progress(std::uint64_t offset) {
     constexpr std::uint64_t ProgressStep = 0x10000;
     if (sink_.Progress == nullptr || offset < nextProgress_)
@@ -41,7 +33,7 @@ bool TrackReader::CanStandBehindATrack(std::uint64_t offset) const {
 TrackReader::Extent TrackReader::ExtentOf(std::uint64_t chunk) {
     Extent extent{};
     extent.Begin = chunk + ChunkHeadSize;
-    extent.DeclaredEnd = extent.Begin + bytes_.U32(chunk + NameSize);
+    extent.DeclaredEnd = extent.Begin + bytes_.U32(chunk + ChunkNameSize);
     extent.Trusted = extent.DeclaredEnd <= bytes_.Size() && CanStandBehindATrack(extent.DeclaredEnd);
     extent.Limit = extent.Trusted ? extent.DeclaredEnd : NextTrack(extent.Begin);
     return extent;
@@ -136,7 +128,7 @@ std::int32_t TrackReader::Read(std::uint64_t& chunk) {
     if (sink_.Track != nullptr && sink_.Track(sink_.User, tracks_ - 1, extent.Begin) != 0)
         return QuavixMidiFileStopped;
     if (extent.DeclaredEnd > bytes_.Size()) {
-        messages_.Remark(chunk + NameSize,
+        messages_.Remark(chunk + ChunkNameSize,
                          "track %" PRIu32 " should have %" PRIu64 " bytes, but the file ends.", tracks_,
                          extent.DeclaredEnd - extent.Begin);
     }

@@ -5,6 +5,8 @@
 #include <cmath>
 #include <numbers>
 
+#include "dsp/kaiser_window.h"
+
 namespace quavix {
 namespace {
 
@@ -15,18 +17,6 @@ constexpr double ZeroCrossings = 64;
 constexpr double KaiserBeta = 8.96;
 /// Where the sinc begins to fall, so that it has fallen at half the lower rate.
 constexpr double Passband = 0.95;
-
-/// The modified Bessel function of order 0.
-double BesselI0(double x) {
-    constexpr double Enough = 1e-12;
-    double sum = 1;
-    double term = 1;
-    for (int k = 1; term > sum * Enough; ++k) {
-        term *= (x / 2 / k) * (x / 2 / k);
-        sum += term;
-    }
-    return sum;
-}
 
 }  // namespace
 
@@ -43,8 +33,7 @@ Resampler::Resampler(std::int32_t fromRate, std::int32_t toRate) : fromRate_(fro
             break;
         const double angle = std::numbers::pi * x * cutoff;
         const double sinc = i == 0 ? 1 : std::sin(angle) / angle;
-        const double window =
-            BesselI0(KaiserBeta * std::sqrt(1 - relative * relative)) / BesselI0(KaiserBeta);
+        const double window = KaiserWindow(relative, KaiserBeta);
         kernel_[i] = static_cast<float>(cutoff * sinc * window);
     }
 }

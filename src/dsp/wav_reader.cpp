@@ -5,10 +5,10 @@
 #include <array>
 #include <string_view>
 
+#include "dsp/wav_format.h"
+
 namespace quavix {
 namespace {
-
-constexpr std::size_t BytesPerSample = 2;
 
 std::uint32_t LittleEndian(std::span<const unsigned char> bytes) {
     std::uint32_t value = 0;
@@ -62,7 +62,7 @@ void WavReader::ReadFormat(std::uint32_t size) {
     const auto format = Take<KnownSize>(in_);
     const std::span bytes(format);
     const bool is16BitPcm =
-        LittleEndian(bytes.first(2)) == Pcm && LittleEndian(bytes.last(2)) == 8 * BytesPerSample;
+        LittleEndian(bytes.first(2)) == Pcm && LittleEndian(bytes.last(2)) == 8 * WavBytesPerSample;
     if (size < KnownSize || !is16BitPcm)
         return;
     channels_ = static_cast<std::int32_t>(LittleEndian(bytes.subspan(2, 2)));
@@ -74,13 +74,13 @@ std::size_t WavReader::Read(std::span<float> samples) {
     constexpr float FullScale = 32767;
     if (!IsGood())
         return 0;
-    const std::size_t frameBytes = static_cast<std::size_t>(channels_) * BytesPerSample;
+    const std::size_t frameBytes = static_cast<std::size_t>(channels_) * WavBytesPerSample;
     bytes_.resize(std::min<std::size_t>(samples.size(), bytesLeft_ / frameBytes) * frameBytes);
     in_.read(reinterpret_cast<char*>(bytes_.data()), static_cast<std::streamsize>(bytes_.size()));
     const std::size_t frames = static_cast<std::size_t>(in_.gcount()) / frameBytes;
     bytesLeft_ -= static_cast<std::uint32_t>(frames * frameBytes);
     for (std::size_t i = 0; i < frames; ++i) {
-        const std::uint32_t bits = LittleEndian(std::span(bytes_).subspan(i * frameBytes, BytesPerSample));
+        const std::uint32_t bits = LittleEndian(std::span(bytes_).subspan(i * frameBytes, WavBytesPerSample));
         samples[i] = static_cast<float>(static_cast<std::int16_t>(bits)) / FullScale;
     }
     return frames;

@@ -8,10 +8,11 @@
 #include <limits>
 #include <string_view>
 
+#include "dsp/wav_format.h"
+
 namespace quavix {
 namespace {
 
-constexpr std::int64_t BytesPerSample = 2;
 constexpr std::int64_t HeaderSize = 44;
 // What the RIFF size counts besides the sound.
 constexpr std::int64_t RiffOverhead = HeaderSize - 8;
@@ -39,7 +40,7 @@ class Header {
 
 bool WriteHeader(std::ostream& out, std::int64_t sampleRate, std::int64_t channels,
                  std::optional<std::int64_t> frames) {
-    const std::int64_t frameBytes = channels * BytesPerSample;
+    const std::int64_t frameBytes = channels * WavBytesPerSample;
     const std::int64_t dataBytes = frames.value_or(0) * frameBytes;
     Header header;
     header.Text("RIFF");
@@ -51,7 +52,7 @@ bool WriteHeader(std::ostream& out, std::int64_t sampleRate, std::int64_t channe
     header.Number(static_cast<std::uint32_t>(sampleRate), 4);
     header.Number(static_cast<std::uint32_t>(sampleRate * frameBytes), 4);
     header.Number(static_cast<std::uint32_t>(frameBytes), 2);
-    header.Number(BytesPerSample * 8, 2);
+    header.Number(WavBytesPerSample * 8, 2);
     header.Text("data");
     header.Number(frames ? static_cast<std::uint32_t>(dataBytes) : UnknownSize, 4);
     return header.WriteTo(out);
@@ -85,7 +86,7 @@ WavWriter::WavWriter(std::ostream& out, std::int32_t sampleRate, std::int32_t ch
                      std::optional<std::int64_t> totalFrames)
     : out_(out), sampleRate_(sampleRate), channels_(channels), statedFrames_(totalFrames) {
     failed_ = sampleRate < 1 || channels < 1 || channels > 32767 ||
-              sampleRate_ * channels_ * BytesPerSample > std::numeric_limits<std::uint32_t>::max();
+              sampleRate_ * channels_ * WavBytesPerSample > std::numeric_limits<std::uint32_t>::max();
     if (failed_)
         return;
     if (totalFrames && !Reserve(*totalFrames)) {
@@ -101,7 +102,7 @@ bool WavWriter::Reserve(std::int64_t frames) {
     if (failed_ || finished_ || frames < 0)
         return false;
     constexpr std::int64_t MostBytes = std::int64_t{UnknownSize} - 1 - RiffOverhead;
-    if (frames > MostBytes / (channels_ * BytesPerSample) - frames_) {
+    if (frames > MostBytes / (channels_ * WavBytesPerSample) - frames_) {
         tooLong_ = true;
         return false;
     }
@@ -119,7 +120,7 @@ bool WavWriter::Write(std::span<const float> samples) {
             buffer[i] = LittleEndian(ToPcm(samples[i]));
         }
         if (!out_.write(reinterpret_cast<const char*>(buffer.data()),
-                        static_cast<std::streamsize>(size * BytesPerSample))) {
+                        static_cast<std::streamsize>(size * WavBytesPerSample))) {
             failed_ = true;
             return false;
         }
@@ -133,7 +134,7 @@ bool WavWriter::WriteSilence(std::int64_t frames) {
     if (!Reserve(std::max<std::int64_t>(frames, 0)))
         return false;
     static constexpr std::array<char, 8192> Zeros = {};
-    std::int64_t left = std::max<std::int64_t>(frames, 0) * channels_ * BytesPerSample;
+    std::int64_t left = std::max<std::int64_t>(frames, 0) * channels_ * WavBytesPerSample;
     while (left > 0) {
         const std::int64_t size = std::min(left, static_cast<std::int64_t>(Zeros.size()));
         if (!out_.write(Zeros.data(), static_cast<std::streamsize>(size))) {

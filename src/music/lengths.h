@@ -9,6 +9,7 @@ namespace quavix {
 
 /// A beat is a quarter note.
 inline constexpr double BeatsPerWholeNote = 4;
+inline constexpr std::int32_t SecondsPerMinute = 60;
 
 /// Length as written ("Whole", "Half", "Quarter", "1/8", "1/16") for a choice 0..4 of the note-length list;
 /// an empty text for any other index.

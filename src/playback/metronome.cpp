@@ -5,12 +5,11 @@
 #include <exception>
 #include <string>
 
+#include "music/lengths.h"
 #include "shell/numbers.h"
 
 namespace quavix {
 namespace {
-
-constexpr std::int32_t SecondsPerMinute = 60;
 
 /// The value is set for as long as this lives.
 class SetMeanwhile {

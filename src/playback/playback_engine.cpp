@@ -10,8 +10,6 @@
 namespace quavix {
 namespace {
 
-constexpr std::int32_t SecondsPerMinute = 60;
-
 /// The notes are shown as sounding for as long as this lives.
 class ShownSounding {
   public:

@@ -11,14 +11,14 @@
 namespace quavix {
 namespace {
 
-constexpr std::size_t PieceSize = std::size_t{1024} * 1024;
+constexpr std::size_t ReadSize = std::size_t{1024} * 1024;
 
 }  // namespace
 
 FileText::Outcome FileText::ReadPieces(FileReader& file, const std::function<void(std::string_view)>& take,
                                        std::error_code& error) {
     const std::uint64_t size = file.Size();
-    std::vector<char> buffer(static_cast<std::size_t>(std::min<std::uint64_t>(size, PieceSize)));
+    std::vector<char> buffer(static_cast<std::size_t>(std::min<std::uint64_t>(size, ReadSize)));
     std::size_t sinceProgress = 0;
     for (std::uint64_t done = 0; done < size;) {
         const std::uint64_t wanted = std::min<std::uint64_t>(buffer.size(), size - done);
@@ -30,7 +30,7 @@ FileText::Outcome FileText::ReadPieces(FileReader& file, const std::function<voi
         take({buffer.data(), count});
         done += count;
         sinceProgress += count;
-        if (sinceProgress >= PieceSize && done < size) {
+        if (sinceProgress >= ReadSize && done < size) {
             sinceProgress = 0;
             if (!view_.Progress(ProgressShare * static_cast<double>(done) / static_cast<double>(size)))
                 return Outcome::Stopped;

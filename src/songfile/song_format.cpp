@@ -13,12 +13,12 @@
 namespace quavix {
 namespace {
 
-constexpr std::size_t PieceSize = std::size_t{64} * 1024;
+constexpr std::size_t WriteSize = std::size_t{64} * 1024;
 
 /// Gathers lines into large pieces. After an error everything is dropped.
 class LineWriter {
   public:
-    explicit LineWriter(FileWriter& file) : file_(file) { buffer_.reserve(2 * PieceSize); }
+    explicit LineWriter(FileWriter& file) : file_(file) { buffer_.reserve(2 * WriteSize); }
 
     LineWriter& Add(std::string_view text) {
         buffer_ += text;
@@ -27,7 +27,7 @@ class LineWriter {
 
     void EndLine() {
         buffer_ += "\r\n";
-        if (buffer_.size() >= PieceSize)
+        if (buffer_.size() >= WriteSize)
             Flush();
     }
 

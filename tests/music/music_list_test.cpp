@@ -36,7 +36,7 @@ class Listener : public MusicListObserver {
     MusicList& list_;
 };
 
-void Fill(MusicList& list, int rows) {
+void FillWithC(MusicList& list, int rows) {
     for (int i = 1; i <= rows; ++i)
         list.Insert(list.Count() + 1, {"Half", fmt::format("C{}", i), "", ""});
 }
@@ -52,7 +52,7 @@ TEST(MusicList, AnEmptyListHasNoSelectionAndNoRows) {
 
 TEST(MusicList, RowsStartAtOne) {
     MusicList list;
-    Fill(list, 2);
+    FillWithC(list, 2);
     EXPECT_FALSE(DoesIndexExist(list, 0));
     EXPECT_TRUE(DoesIndexExist(list, 1));
     EXPECT_TRUE(DoesIndexExist(list, 2));
@@ -63,7 +63,7 @@ TEST(MusicList, RowsStartAtOne) {
 
 TEST(MusicList, ARowThatIsNotThereIsAnError) {
     MusicList list;
-    Fill(list, 1);
+    FillWithC(list, 1);
     for (const std::int32_t row : {-1, 0, 2}) {
         EXPECT_THROW(list.Text(row, Cell::Mod), RuntimeError);
         EXPECT_THROW(list.SetText(row, Cell::Mod, ""), RuntimeError);
@@ -77,7 +77,7 @@ TEST(MusicList, ARowThatIsNotThereIsAnError) {
 
 TEST(MusicList, InsertingAndRemovingMovesLaterRowsAndTheSelectionWithThem) {
     MusicList list;
-    Fill(list, 3);
+    FillWithC(list, 3);
     list.Select(2);
     list.Insert(2, {"1/8", "A4", "", ""});
     EXPECT_EQ(list.SelectedItem(), 3);
@@ -95,7 +95,7 @@ TEST(MusicList, InsertingAndRemovingMovesLaterRowsAndTheSelectionWithThem) {
 
 TEST(MusicList, SelectingARowClearsTheOthers) {
     MusicList list;
-    Fill(list, 3);
+    FillWithC(list, 3);
     list.SetSelection(2, {1, 2, 3});
     list.Select(3);
     EXPECT_FALSE(list.IsSelected(1));
@@ -106,7 +106,7 @@ TEST(MusicList, SelectingARowClearsTheOthers) {
 
 TEST(MusicList, AnItemWhoseFlagIsClearIsNoRealSelection) {
     MusicList list;
-    Fill(list, 3);
+    FillWithC(list, 3);
     list.Select(3);
     EXPECT_TRUE(HasRealSelection(list));
     list.Unselect(3);
@@ -118,7 +118,7 @@ TEST(MusicList, AnItemWhoseFlagIsClearIsNoRealSelection) {
 
 TEST(MusicList, TheSelectedLinesModIsSearchedInAnyLetterCase) {
     MusicList list;
-    Fill(list, 1);
+    FillWithC(list, 1);
     list.Select(1);
     SetSelectedLineMod(list, "Dot");
     EXPECT_TRUE(SelectedLineModContains(list, "dot"));
@@ -151,25 +151,25 @@ TEST(MusicList, InAResetObserversHearOnlyItsEnd) {
     Listener listener(list);
     {
         const MusicListReset reset(list);
-        Fill(list, 100);
+        FillWithC(list, 100);
         list.Clear();
-        Fill(list, 3);
+        FillWithC(list, 3);
     }
     EXPECT_THAT(listener.Heard, testing::ElementsAre("before reset 0 of 0", "reset 0 of 3"));
 }
 
 TEST(MusicList, TextsSurviveWhateverIsAddedAfterThem) {
     MusicList list;
-    Fill(list, 1);
+    FillWithC(list, 1);
     const std::string_view first = list.Text(1, Cell::Note1);
-    Fill(list, 5000);
+    FillWithC(list, 5000);
     EXPECT_EQ(first, "C1");
     EXPECT_EQ(list.Text(5001, Cell::Note1), "C5000");
 }
 
 TEST(MusicList, SelectionSetFromOutsideMustNameRowsThatExist) {
     MusicList list;
-    Fill(list, 2);
+    FillWithC(list, 2);
     EXPECT_THROW(list.SetSelection(3, {}), RuntimeError);
     EXPECT_THROW(list.SetSelection(1, {0}), RuntimeError);
     list.SetSelection(-1, {2, 2, 1});

@@ -12,6 +12,7 @@
 
 #include <gmock/gmock.h>
 
+#include "busy_machine.h"
 #include "speaker_process.h"
 
 namespace quavix {
@@ -19,9 +20,6 @@ namespace {
 
 using testing::Each;
 using testing::HasSubstr;
-
-// How much later than written an event may be seen on a busy machine.
-constexpr std::int64_t SlackNs = 250 * ToneClock::NsPerMs;
 
 std::vector<std::int32_t> Tones(const std::vector<std::int32_t>& hertz) {
     std::vector<std::int32_t> tones;

@@ -7,6 +7,7 @@
 
 #include <gmock/gmock.h>
 
+#include "busy_machine.h"
 #include "dsp/square_wave.h"
 #include "jack_server.h"
 #include "platform/linux/speaker/choose_speaker.h"
@@ -20,8 +21,6 @@ using testing::HasSubstr;
 using Samples = std::vector<float>;
 
 constexpr std::int32_t Rate = 48000;
-// How much later than asked for a call may return on a busy machine.
-constexpr std::int64_t SlackNs = 250 * ToneClock::NsPerMs;
 
 /// Sound systems of this machine that a test has not started itself are out of reach.
 class SoundCardSpeakerOn : public testing::Test {

@@ -19,10 +19,6 @@ using Samples = std::vector<float>;
 
 constexpr std::int64_t Period = 128;
 
-const EngineModule& E() {
-    return TheEngineModule();
-}
-
 /// Sound systems of this machine that a test has not started itself are out of reach.
 class SoundEngineOn : public testing::Test {
   protected:

@@ -19,6 +19,10 @@
 
 namespace quavix::test {
 
+// The first two recovery copies of a machine.
+inline const std::string Copy1 = "/state/unsaved-001.QVX";
+inline const std::string Copy2 = "/state/unsaved-002.QVX";
+
 /// What outlives a program: the time and the disk.
 struct Machine {
     SimulatedTime Time;

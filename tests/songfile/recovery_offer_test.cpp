@@ -9,14 +9,13 @@
 namespace quavix {
 namespace {
 
+using test::Copy1;
+using test::Copy2;
 using test::Header;
 using test::LeaveBehind;
 using test::Machine;
 using test::RecoveringProgram;
 using test::Song;
-
-const std::string Copy1 = "/state/unsaved-001.QVX";
-const std::string Copy2 = "/state/unsaved-002.QVX";
 
 TEST(RecoveryOffer, SaysNothingWhenNothingWasLeftBehind) {
     Machine m;

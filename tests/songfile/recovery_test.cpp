@@ -10,13 +10,13 @@
 namespace quavix {
 namespace {
 
+using test::Copy1;
+using test::Copy2;
 using test::Header;
 using test::Machine;
 using test::RecoveringProgram;
 using test::Song;
 
-const std::string Copy1 = "/state/unsaved-001.QVX";
-const std::string Copy2 = "/state/unsaved-002.QVX";
 const std::string Lock1 = "/state/unsaved-001.lock";
 
 TEST(Recovery, WritesACopyFiveSecondsAfterAChange) {

@@ -8,7 +8,7 @@
 namespace quavix {
 namespace {
 
-const char* const Song = "/songs/mine.QVX";
+const char* const MySong = "/songs/mine.QVX";
 
 std::vector<std::string> Rows(test::UiProgram& p) {
     std::vector<std::string> rows;
@@ -37,11 +37,11 @@ std::string Listen(test::UiProgram& p, const std::function<void()>& play, const 
 /// The program as it starts with the song on its command line.
 struct Reopened : test::UiProgram {
     explicit Reopened(const test::UiProgram& before) {
-        Disk.Put(Song, before.Disk.Content(Song));
+        Disk.Put(MySong, before.Disk.Content(MySong));
         StartUp startUp({App.Fields, Time, Disk, Boxes, System, Speaker, App.Fmod, App.Handlers, App.Log,
                          [this](const std::string& song) { App.Document.LoadFile(song); }, [](bool) {},
                          [this] { App.Motor.CheckForPort(); }},
-                        {"/program", "/windows", "\"" + std::string(Song) + "\""});
+                        {"/program", "/windows", "\"" + std::string(MySong) + "\""});
         startUp.BeforeMainForm();
         startUp.AfterMainForm();
         startUp.OfferUnsavedSongs();
@@ -138,7 +138,7 @@ TEST(ComposingInTheWindow, WorksByMouseAlone) {
     EXPECT_EQ(Rows(p), Composed);
     const std::string heard = mouse.ListenOnce();
 
-    p.Picker.AnswerNext(Song);
+    p.Picker.AnswerNext(MySong);
     p.Click("SaveLoadButton");
     QTest::mouseClick(p.SaveLoadWindow.findChild<QPushButton*>("SaveButton"), Qt::LeftButton);
     mouse.ChooseFromMenu("FileMenu", "QuitAction");
@@ -182,7 +182,7 @@ TEST(ComposingInTheWindow, WorksByKeyboardAlone) {
     EXPECT_EQ(Rows(p), Composed);
     const std::string heard = keyboard.ListenOnce();
 
-    p.Picker.AnswerNext(Song);
+    p.Picker.AnswerNext(MySong);
     keyboard.Press(Qt::Key_S, Qt::ControlModifier);
     keyboard.Press(Qt::Key_Q, Qt::ControlModifier);
     EXPECT_NE(p.Timeline.Text("process"), "");

@@ -9,9 +9,6 @@
 namespace quavix {
 namespace {
 
-const char* const Song =
-    "Quavix by Dastrel-204 file format\r\nMUSICLISTSTART\r\nQuarter C4 E4 -\r\nHalf G4 - Dot\r\n";
-
 QAction& ActionOf(test::UiProgram& p, const char* name) {
     return p.Find<QAction>(name);
 }
@@ -77,7 +74,7 @@ TEST(MainMenu, PastingWhatIsNoMusicSaysSo) {
 
 TEST(MainMenu, NewAndOpenAskBeforeUnsavedWorkIsLost) {
     test::UiProgram p;
-    p.Disk.Put("/songs/a.QVX", Song);
+    p.Disk.Put("/songs/a.QVX", test::TwoRowSong);
     p.Find<PianoKeyboard>("PianoKey").ClickKey(12);
     for (const char* action : {"NewAction", "OpenAction"}) {
         p.Boxes.AnswerNext(BoxAnswer::Cancel);
@@ -95,7 +92,7 @@ TEST(MainMenu, NewAndOpenAskBeforeUnsavedWorkIsLost) {
 
 TEST(MainMenu, SavesUnderTheSongsNameWithoutAsking) {
     test::UiProgram p;
-    p.Disk.Put("/songs/a.QVX", Song);
+    p.Disk.Put("/songs/a.QVX", test::TwoRowSong);
     p.Picker.AnswerNext("/songs/a.QVX");
     Choose(p, "OpenAction");
     const QString title = QString("Quavix (v%1 BETA)").arg(program::VersionText);

@@ -44,9 +44,6 @@ TEST(SaveLoadForm, CancelAndEscapeStopTheLoadAndTheNextOneStartsAnew) {
     loading.Form.ShowHideInfoText(false);
 }
 
-const char* const Song =
-    "Quavix by Dastrel-204 file format\r\nMUSICLISTSTART\r\nQuarter C4 E4 -\r\nHalf G4 - Dot\r\n";
-
 void ClickIn(SaveLoadForm& form, const char* button) {
     auto* control = form.findChild<QPushButton*>(button);
     ASSERT_TRUE(control != nullptr && control->isVisible()) << button;
@@ -131,7 +128,7 @@ TEST(SaveLoadForm, HasItsButtonsAgainAfterALoad) {
 
 TEST(MainForm, LoadsASongThatIsDroppedOnIt) {
     test::UiProgram p;
-    p.Disk.Put("/songs/dropped.QVX", Song);
+    p.Disk.Put("/songs/dropped.QVX", test::TwoRowSong);
     QMimeData song;
     song.setUrls({QUrl::fromLocalFile("/songs/dropped.QVX")});
     QDragEnterEvent enter({50, 50}, Qt::CopyAction, &song, Qt::LeftButton, {});
@@ -171,7 +168,7 @@ TEST(SaveLoadForm, HasTheFocusAgainWhenTheUserKeepsTheProgramOpenAfterAll) {
 
 TEST(SaveLoadForm, ALoadShowsThePositionOfItsSong) {
     test::UiProgram p;
-    p.Disk.Put("/songs/a.QVX", Song);
+    p.Disk.Put("/songs/a.QVX", test::TwoRowSong);
     p.Picker.AnswerNext("/songs/a.QVX");
     p.Click("SaveLoadButton");
     ClickIn(p.SaveLoadWindow, "LoadButton");

@@ -14,6 +14,10 @@
 
 namespace quavix::test {
 
+/// A song file of two rows.
+inline constexpr const char* TwoRowSong =
+    "Quavix by Dastrel-204 file format\r\nMUSICLISTSTART\r\nQuarter C4 E4 -\r\nHalf G4 - Dot\r\n";
+
 /// Notes the end of the process, and goes on.
 class RecordedEnd : public ProcessEnd {
   public:

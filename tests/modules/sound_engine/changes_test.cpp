@@ -16,10 +16,6 @@ namespace {
 // 2 ms.
 constexpr std::int64_t RampFrames = 96;
 
-const EngineModule& E() {
-    return TheEngineModule();
-}
-
 std::int64_t FirstSound(const std::vector<float>& sound) {
     return std::find_if(sound.begin(), sound.end(), [](float s) { return s != 0.0F; }) - sound.begin();
 }

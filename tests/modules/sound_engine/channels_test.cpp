@@ -13,10 +13,6 @@
 namespace quavix::test {
 namespace {
 
-const EngineModule& E() {
-    return TheEngineModule();
-}
-
 class EngineChannels : public testing::Test {
   protected:
     EngineChannels() { engine_.InitSilent(16, 2); }

@@ -61,8 +61,8 @@ class EngineModule {
 #undef QUAVIX_ENGINE_FUNCTION
 };
 
-/// Loaded once for the whole process.
-inline const EngineModule& TheEngineModule() {
+/// Loaded once for the whole process; every line of the tests calls it.
+inline const EngineModule& E() {
     static const EngineModule module;
     return module;
 }

@@ -6,13 +6,6 @@
 #include "support/wav_reader.h"
 
 namespace quavix::test {
-namespace {
-
-const EngineModule& E() {
-    return TheEngineModule();
-}
-
-}  // namespace
 
 EngineSystem::EngineSystem() {
     EXPECT_EQ(E().System_Create(&system_), SOUND_OK);

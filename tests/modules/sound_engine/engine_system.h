@@ -57,4 +57,7 @@ class EngineSystem {
     std::int64_t mixed_ = 0;
 };
 
+/// The rate of what an engine writes, for measuring.
+inline constexpr double EngineRate = EngineSystem::Rate;
+
 }  // namespace quavix::test

@@ -14,7 +14,6 @@
 namespace quavix::test {
 namespace {
 
-constexpr double Rate = EngineSystem::Rate;
 constexpr double ToleranceDb = 0.05;
 // What is weaker is inexact already in the 16 bits of the file.
 constexpr double LowestDb = -45.0;
@@ -28,12 +27,12 @@ double MeasuredDb(double hz, float volume, Make make) {
     SoundChannel* channel = engine.Play(engine.Oscillator(SOUND_SINE, static_cast<float>(hz)));
     engine.Frequency(channel, 48000.0F);
     engine.Volume(channel, volume);
-    EXPECT_EQ(TheEngineModule().ChannelGroup_AddDSP(engine.Master(), make(engine)), SOUND_OK);
+    EXPECT_EQ(E().ChannelGroup_AddDSP(engine.Master(), make(engine)), SOUND_OK);
     constexpr std::int64_t Settling = 9600;
     engine.Mix(Settling + 16384);
     std::vector<float> sound = engine.Finish();
     sound.erase(sound.begin(), sound.begin() + Settling);
-    return LevelDb(sound, Rate, hz) - Db(volume);
+    return LevelDb(sound, EngineRate, hz) - Db(volume);
 }
 
 TEST(EngineFilter, LowPassFollowsTheCookbook) {
@@ -94,15 +93,14 @@ TEST(EngineFilter, OfGainOneOrBypassedChangesNothingAtAll) {
     const std::vector<float> plain = Saw([](const EngineSystem&) {});
     ASSERT_GT(Peak(plain), 0.1);
     EXPECT_EQ(plain, Saw([](const EngineSystem& engine) {
-                  TheEngineModule().ChannelGroup_AddDSP(engine.Master(),
-                                                        engine.Equaliser(500.0F, 1.0F, 1.0F));
+                  E().ChannelGroup_AddDSP(engine.Master(), engine.Equaliser(500.0F, 1.0F, 1.0F));
               }));
     const auto lowPass = [](bool bypass) {
         return Saw([=](const EngineSystem& engine) {
             SoundUnit* unit = engine.Unit(SOUND_LOW_PASS);
             engine.Set(unit, SOUND_LOW_PASS_CUTOFF, 100.0F);
-            EXPECT_EQ(TheEngineModule().DSP_SetBypass(unit, bypass ? 1 : 0), SOUND_OK);
-            EXPECT_EQ(TheEngineModule().ChannelGroup_AddDSP(engine.Master(), unit), SOUND_OK);
+            EXPECT_EQ(E().DSP_SetBypass(unit, bypass ? 1 : 0), SOUND_OK);
+            EXPECT_EQ(E().ChannelGroup_AddDSP(engine.Master(), unit), SOUND_OK);
         });
     };
     EXPECT_EQ(plain, lowPass(true));
@@ -112,8 +110,8 @@ TEST(EngineFilter, OfGainOneOrBypassedChangesNothingAtAll) {
 TEST(EngineFilter, ThatIsNotActiveGivesSilence) {
     EXPECT_EQ(Peak(Saw([](const EngineSystem& engine) {
                   SoundUnit* unit = engine.Unit(SOUND_LOW_PASS);
-                  EXPECT_EQ(TheEngineModule().DSP_SetActive(unit, 0), SOUND_OK);
-                  EXPECT_EQ(TheEngineModule().ChannelGroup_AddDSP(engine.Master(), unit), SOUND_OK);
+                  EXPECT_EQ(E().DSP_SetActive(unit, 0), SOUND_OK);
+                  EXPECT_EQ(E().ChannelGroup_AddDSP(engine.Master(), unit), SOUND_OK);
               })),
               0.0);
 }

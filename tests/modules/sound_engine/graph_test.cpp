@@ -14,12 +14,7 @@
 namespace quavix::test {
 namespace {
 
-constexpr double Rate = EngineSystem::Rate;
 constexpr float Volume = 0.02F;
-
-const EngineModule& E() {
-    return TheEngineModule();
-}
 
 /// Records a sine of `hz` that plays in the group of `place`.
 std::vector<float> Recorded(double hz, const std::function<SoundGroup*(EngineSystem&)>& place,
@@ -38,7 +33,7 @@ std::vector<float> Recorded(double hz, const std::function<SoundGroup*(EngineSys
 double LevelBehind(double hz, const std::function<SoundGroup*(EngineSystem&)>& place) {
     std::vector<float> sound = Recorded(hz, place);
     sound.erase(sound.begin(), sound.begin() + 9600);
-    return LevelDb(sound, Rate, hz) - Db(Volume);
+    return LevelDb(sound, EngineRate, hz) - Db(Volume);
 }
 
 constexpr std::array<float, 4> Formants = {814.0F, 1934.0F, 2623.0F, 3829.0F};
@@ -250,7 +245,7 @@ TEST(EngineGraph, AnOscillatorBeforeAUnitIsHeardThroughIt) {
         engine.Mix(9600);
         const std::vector<float> sound = engine.Finish();
         const double hz = played ? 2000.0 : 1000.0;
-        EXPECT_NEAR(LevelDb(std::span(sound).subspan(1000), Rate, hz),
+        EXPECT_NEAR(LevelDb(std::span(sound).subspan(1000), EngineRate, hz),
                     Db(std::abs(CookbookPeak(hz, 1000.0, 1.0, 0.1))), 0.05);
     }
 }
@@ -269,7 +264,7 @@ TEST(EngineGraph, APlayedFilterGivesWhatItsInputsMake) {
     const std::int64_t paused = engine.Mix(64);
     engine.Mix(960);
     const std::vector<float> sound = engine.Finish();
-    EXPECT_NEAR(LevelDb(std::span(sound).subspan(1000, 8000), Rate, 1000.0), Db(0.05), 0.05);
+    EXPECT_NEAR(LevelDb(std::span(sound).subspan(1000, 8000), EngineRate, 1000.0), Db(0.05), 0.05);
     EXPECT_EQ(Peak(std::span(sound).subspan(static_cast<std::size_t>(paused) + 96)), 0.0);
 }
 

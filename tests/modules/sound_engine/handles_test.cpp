@@ -13,10 +13,6 @@
 namespace quavix::test {
 namespace {
 
-const EngineModule& E() {
-    return TheEngineModule();
-}
-
 enum class Kind { System, Unit, Channel, Group };
 
 /// A call that takes an object of a kind, and works on a good one.

@@ -13,7 +13,6 @@
 namespace quavix::test {
 namespace {
 
-constexpr double Rate = EngineSystem::Rate;
 constexpr float Volume = 0.5F;
 
 struct Tone {
@@ -58,14 +57,14 @@ TEST(EngineOscillator, SoundsAtItsRateTimesTheChannelsFrequencyAndTheSquareAtHal
             const double expected =
                 static_cast<double>(rate) * frequency / 48000.0 * (type == SOUND_SQUARE ? 0.5 : 1.0);
             EXPECT_NEAR(expected, hz * 0.9996, 0.001);
-            const double measured = FrequencyHz(Sound({type, rate, frequency}), Rate);
+            const double measured = FrequencyHz(Sound({type, rate, frequency}), EngineRate);
             EXPECT_LT(std::abs(Cents(measured, expected)), 0.1) << type << " " << hz;
         }
     }
 }
 
 TEST(EngineOscillator, StartsWithAChannelFrequencyOf44100) {
-    const double measured = FrequencyHz(Sound({.Type = SOUND_SINE, .OscillatorRate = 1000.0F}), Rate);
+    const double measured = FrequencyHz(Sound({.Type = SOUND_SINE, .OscillatorRate = 1000.0F}), EngineRate);
     EXPECT_LT(std::abs(Cents(measured, 1000.0 * 44100.0 / 48000.0)), 0.1);
 }
 
@@ -73,7 +72,7 @@ TEST(EngineOscillator, IsFullScale) {
     const auto fundamental = [](SoundWaveform type) {
         const float rate = OscillatorRate(type);
         const double hz = static_cast<double>(rate) * 5280.0 / 48000.0 * (type == SOUND_SQUARE ? 0.5 : 1.0);
-        return LevelDb(Sound({type, rate, 5280.0F}, 16384), Rate, hz) - 20.0 * std::log10(Volume);
+        return LevelDb(Sound({type, rate, 5280.0F}, 16384), EngineRate, hz) - 20.0 * std::log10(Volume);
     };
     const auto db = [](double amplitude) { return 20.0 * std::log10(amplitude); };
     constexpr double Pi = std::numbers::pi;
@@ -89,7 +88,8 @@ TEST(EngineOscillator, HasTheHarmonicsOfItsWaveform) {
         constexpr float Hz = 440.0F;
         const std::vector<float> sound =
             Sound({type, type == SOUND_SQUARE ? 2.0F * Hz : Hz, 48000.0F}, 16384);
-        return LevelDb(sound, Rate, static_cast<double>(Hz) * harmonic) - LevelDb(sound, Rate, Hz);
+        return LevelDb(sound, EngineRate, static_cast<double>(Hz) * harmonic) -
+               LevelDb(sound, EngineRate, Hz);
     };
     const auto db = [](double amplitude) { return 20.0 * std::log10(amplitude); };
     for (const int harmonic : {3, 9, 31}) {
@@ -124,8 +124,8 @@ TEST(EngineOscillator, HasNoAliases) {
             const float frequency = ChannelFrequency(hz);
             const std::vector<float> sound = Sound({type, rate, frequency}, 32768);
             const double fundamental = hz * 1.088 * 11.025 * 4000.0 / 48000.0;
-            EXPECT_LT(Spectrum(sound, Rate).HighestDbBetweenHarmonics(0.0, 16000.0, fundamental),
-                      LevelDb(sound, Rate, fundamental) + AllowedDb)
+            EXPECT_LT(Spectrum(sound, EngineRate).HighestDbBetweenHarmonics(0.0, 16000.0, fundamental),
+                      LevelDb(sound, EngineRate, fundamental) + AllowedDb)
                 << type << " " << hz;
         }
     }

@@ -12,10 +12,6 @@
 namespace quavix::test {
 namespace {
 
-const EngineModule& E() {
-    return TheEngineModule();
-}
-
 TEST(EngineSettings, TellTheVersionBeforeAndAfterInit) {
     EngineSystem engine;
     unsigned int version = 0;
