@@ -21,43 +21,49 @@ class Sink {
         : content_(content), goOn_(goOn) {}
 
     QuavixMidiFileSink Functions() {
-        return {
-            .User = this,
-            .Header =
-                [](void* user, const QuavixMidiFileHeader* header) {
-                    return Guard(user, [&](Sink& sink) { return sink.TakeHeader(*header); });
-                },
-            .Track =
-                [](void* user, std::uint32_t track, std::uint64_t) {
-                    return Guard(user, [&](Sink& sink) {
-                        sink.content_.Tracks.resize(track + std::size_t{1});
-                        return true;
-                    });
-                },
-            .Events =
-                [](void* user, std::uint32_t track, const QuavixMidiFileEvent* events, std::size_t count) {
-                    return Guard(user, [&](Sink& sink) {
-                        auto& into = sink.content_.Tracks[track];
-                        for (const QuavixMidiFileEvent* event = events; event != events + count; ++event)
-                            into.push_back(
-                                {event->Tick, event->Value, event->Status, event->Data1, event->Data2});
-                        return true;
-                    });
-                },
-            .Progress =
-                [](void* user, std::uint64_t done, std::uint64_t total) {
-                    return Guard(user, [&](Sink& sink) {
-                        return !sink.goOn_ ||
-                               sink.goOn_(static_cast<double>(done) / static_cast<double>(total));
-                    });
-                },
-            .Remark =
-                [](void* user, const char* text) {
-                    Guard(user, [&](Sink& sink) {
-                        sink.content_.Remarks.emplace_back(text);
-                        return true;
-                    });
-                }};
+        return {.User = this,
+                .Header =
+                    [](void* user, const QuavixMidiFileHeader* header) {
+                        return Guard(user, [&](Sink& sink) { return sink.TakeHeader(*header); });
+                    },
+                .Track =
+                    [](void* user, std::uint32_t track, std::uint64_t) {
+                        return Guard(user, [&](Sink& sink) {
+                            sink.FinishTrack();
+                            sink.content_.Tracks.resize(track + std::size_t{1});
+                            return true;
+                        });
+                    },
+                .Events =
+                    [](void* user, std::uint32_t, const QuavixMidiFileEvent* events, std::size_t count) {
+                        return Guard(user, [&](Sink& sink) {
+                            for (const QuavixMidiFileEvent* event = events; event != events + count; ++event)
+                                sink.track_.push_back(
+                                    {event->Tick, event->Value, event->Status, event->Data1, event->Data2});
+                            return true;
+                        });
+                    },
+                .Progress =
+                    [](void* user, std::uint64_t done, std::uint64_t total) {
+                        return Guard(user, [&](Sink& sink) {
+                            return !sink.goOn_ ||
+                                   sink.goOn_(static_cast<double>(done) / static_cast<double>(total));
+                        });
+                    },
+                .Remark =
+                    [](void* user, const char* text) {
+                        Guard(user, [&](Sink& sink) {
+                            sink.content_.Remarks.emplace_back(text);
+                            return true;
+                        });
+                    }};
+    }
+
+    /// Called at the beginning of each track, and behind the last one.
+    void FinishTrack() {
+        if (!content_.Tracks.empty())
+            content_.Tracks.back().assign(track_.begin(), track_.end());
+        track_.clear();
     }
 
     void RethrowWhatWasThrown() const {
@@ -87,6 +93,9 @@ class Sink {
 
     MidiFileContent& content_;
     const std::function<bool(double)>& goOn_;
+    /// The track that is being read. It gets its place when its length is known, as very many events would
+    /// take twice the memory otherwise.
+    std::vector<MidiFileEvent> track_;
     std::exception_ptr thrown_;
 };
 
@@ -128,7 +137,9 @@ MidiFileResult ModuleMidiFileReader::Read(std::string_view bytes, const std::fun
     const auto read = module_->Function<decltype(QuavixMidiFileRead)>(ReadName);
     const MidiFileResult result = ResultOf(read(reinterpret_cast<const std::uint8_t*>(bytes.data()),
                                                 bytes.size(), &functions, text.data(), text.size()));
-    if (result != MidiFileResult::Read)
+    if (result == MidiFileResult::Read)
+        sink.FinishTrack();
+    else
         content = {};
     sink.RethrowWhatWasThrown();
     detail = text.data();

@@ -1,0 +1,126 @@
+// SPDX-License-Identifier: MIT
+#include "midi/midi_event_list.h"
+
+#include <utility>
+
+#include <fmt/format.h>
+
+#include "midi/tempo_map.h"
+#include "midi/timed_event_merge.h"
+
+namespace quavix {
+namespace {
+
+using TimedTrack = std::vector<TimedMidiEvent>;
+using Tracks = std::vector<std::vector<MidiFileEvent>>;
+
+constexpr std::uint32_t TracksOfTheirOwn = 2;
+
+class Decoding {
+  public:
+    Decoding(MidiFileContent file, const DecodingProgress& progress)
+        : file_(std::move(file)), tempos_(file_), progress_(progress) {}
+
+    std::optional<TimedTrack> Run() {
+        if (!progress_("Initialising... "))
+            return std::nullopt;
+        SetOrigins();
+        if (!CollectTempos() || !TimeTracks())
+            return std::nullopt;
+        return Merge();
+    }
+
+  private:
+    /// The tick of the list at which each track begins.
+    void SetOrigins() {
+        origins_.assign(file_.Tracks.size(), 0);
+        if (file_.Format != TracksOfTheirOwn)
+            return;
+        std::uint64_t origin = 0;
+        for (std::size_t i = 0; i < origins_.size(); ++i) {
+            origins_[i] = origin;
+            if (!file_.Tracks[i].empty())
+                origin += file_.Tracks[i].back().Tick;
+        }
+    }
+
+    bool CollectTempos() {
+        for (std::size_t i = 0; i < file_.Tracks.size(); ++i) {
+            if (!ShowTrack("Decoding tempo changes", i))
+                return false;
+            if (file_.Format == TracksOfTheirOwn)
+                tempos_.Add(origins_[i], TempoMap::DefaultMicroseconds);
+            for (const MidiFileEvent& event : file_.Tracks[i]) {
+                if (event.IsTempo())
+                    tempos_.Add(origins_[i] + event.Tick, event.Value);
+            }
+        }
+        tempos_.Finish();
+        return true;
+    }
+
+    /// A track's ticks are given up for its times, so that not all of both take memory.
+    bool TimeTracks() {
+        for (std::size_t i = 0; i < file_.Tracks.size(); ++i) {
+            if (!ShowTrack("Decoding absolute timings", i))
+                return false;
+            const std::vector<MidiFileEvent> track = std::exchange(file_.Tracks[i], {});
+            if (track.empty())
+                continue;
+            TimedTrack timed;
+            timed.reserve(track.size());
+            TempoCursor tempo(tempos_);
+            for (const MidiFileEvent& event : track) {
+                timed.push_back(
+                    {tempo.MsAt(origins_[i] + event.Tick), event.Status, event.Data1, event.Data2});
+            }
+            count_ += timed.size();
+            timed_.push_back(std::move(timed));
+        }
+        return true;
+    }
+
+    std::optional<TimedTrack> Merge() {
+        constexpr std::size_t Percent = 100;
+        if (timed_.size() <= 1) {
+            if (!ShowShare(Percent))
+                return std::nullopt;
+            return timed_.empty() ? TimedTrack() : std::move(timed_.front());
+        }
+        TimedTrack events;
+        events.reserve(count_);
+        TimedEventMerge merge(timed_);
+        for (std::size_t percent = 0; percent <= Percent; ++percent) {
+            if (!ShowShare(percent))
+                return std::nullopt;
+            // As many as round to this share.
+            const std::size_t end = std::min(count_, (2 * percent + 1) * count_ / (2 * Percent));
+            while (events.size() < end)
+                events.push_back(*merge.Next());
+        }
+        return events;
+    }
+
+    bool ShowTrack(const char* doing, std::size_t track) const {
+        return progress_(fmt::format("{}... Track {:02}", doing, track + 1));
+    }
+    bool ShowShare(std::size_t percent) const {
+        return progress_(fmt::format("Decoding events... {}%", percent));
+    }
+
+    MidiFileContent file_;
+    TempoMap tempos_;
+    const DecodingProgress& progress_;
+    std::vector<std::uint64_t> origins_;
+    std::vector<TimedTrack> timed_;
+    std::size_t count_ = 0;
+};
+
+}  // namespace
+
+std::optional<std::vector<TimedMidiEvent>> DecodeMidiFile(MidiFileContent file,
+                                                          const DecodingProgress& progress) {
+    return Decoding(std::move(file), progress).Run();
+}
+
+}  // namespace quavix
