@@ -93,17 +93,86 @@ std::vector<Control> ControlsOfTheMainWindow() {
     return controls;
 }
 
-TEST_F(AssistiveTechnology, FindsEachControlOfTheMainWindowByItsName) {
-    OpenExample();
-    Window.Find("push button", "Play all");
+/// A mod's check box, the window that it opens, and what is in there.
+struct ModWindow {
+    QString Mod;
+    QString Title;
+    std::vector<Control> Controls;
+};
+
+std::vector<ModWindow> WindowsOfTheMods() {
+    std::vector<ModWindow> windows{
+        {"Play a beat sound",
+         "Beat Sound Settings",
+         {{"radio button", "Every beat"}, {"radio button", "Every other beat"}}},
+        {"Tweeble portamento",
+         "Tweeble Portamento Settings",
+         {{"slider", "Speed of pitch change in percent"},
+          {"radio button", "Tweeble always produces sound"},
+          {"radio button", "Tweeble produces sound for roughly this many milliseconds:"},
+          {"slider", "Length of sound in milliseconds"}}},
+        {"Synchronized play",
+         "Synchronized Play Settings",
+         {{"text", "Hour"},
+          {"text", "Minute"},
+          {"text", "Second"},
+          {"radio button", "Start of music list"},
+          {"radio button", "Currently-selected line in music list"},
+          {"check box", "FMOD is being used elsewhere (start playing in delay)"},
+          {"push button", "Start waiting"}}},
+        {"Use FMOD",
+         "FMOD Options",
+         {{"radio button", "Sine wave"},
+          {"radio button", "Square wave"},
+          {"radio button", "Triangle wave"},
+          {"radio button", "Noise"},
+          {"check box", "Never silent between notes"}}},
+        {"Use voice",
+         "Voice",
+         {{"slider", "Volume of the voice in ten-thousandths"},
+          {"slider", "Volume of the saw in ten-thousandths"},
+          {"slider", "Volume of the noise in ten-thousandths"},
+          {"slider", "Cutoff frequency in hertz"},
+          {"slider", "Shift of all formants in thousandths"},
+          {"slider", "Random movement of the formants in hertz"}}},
+    };
+    for (const char* vowel : {"A", "E", "I", "O", "U"})
+        windows.back().Controls.push_back({"push button", QString("Vowel %1").arg(vowel)});
+    for (const int formant : {1, 2, 3, 4}) {
+        windows.back().Controls.push_back(
+            {"slider", QString("Frequency of formant %1 in hertz").arg(formant)});
+        windows.back().Controls.push_back({"slider", QString("Volume of formant %1, 0 to 100").arg(formant)});
+    }
+    return windows;
+}
+
+/// Expects each of these once in a window, which is there already.
+void ExpectControls(const std::vector<Accessible>& window, const std::vector<Control>& controls) {
     QStringList there;
-    for (const Accessible& object : Window.Everything())
+    for (const Accessible& object : window)
         there += object.Role() + ": " + NameOf(object);
-    for (const Control& control : ControlsOfTheMainWindow())
+    for (const Control& control : controls)
         EXPECT_EQ(there.count(control.Role + ": " + control.Name), 1) << control.Name.toStdString();
 }
 
+TEST_F(AssistiveTechnology, FindsEachControlOfTheMainWindowByItsName) {
+    OpenExample();
+    Window.Find("push button", "Play all");
+    ExpectControls(Window.Everything(), ControlsOfTheMainWindow());
+}
+
+TEST_F(AssistiveTechnology, FindsEachControlOfTheModsWindowsByItsName) {
+    Program.PutSoundEngine();
+    OpenExample();
+    for (const ModWindow& mod : WindowsOfTheMods()) {
+        Window.Find("check box", mod.Mod).Do("Toggle");
+        Window.Find(mod.Controls.back().Role, mod.Controls.back().Name, mod.Title);
+        ExpectControls(Window.Everything(mod.Title), mod.Controls);
+    }
+}
+
 TEST_F(AssistiveTechnology, MeetsNoControlWithoutANameOrARole) {
+    Program.PutSoundEngine();
     OpenExample();
     const auto expectNames = [this](const QString& window, std::size_t fewest) {
         std::size_t focusable = 0;
@@ -127,12 +196,10 @@ TEST_F(AssistiveTechnology, MeetsNoControlWithoutANameOrARole) {
     Window.Find("push button", "Cancel", "Save / Load");
     expectNames("Save / Load", 3);
     Window.Press("Cancel", "Save / Load");
-    for (const auto& [mod, window] : {std::pair{"Play a beat sound", "Beat Sound Settings"},
-                                      std::pair{"Tweeble portamento", "Tweeble Portamento Settings"},
-                                      std::pair{"Synchronized play", "Synchronized Play Settings"}}) {
-        Window.Find("check box", mod).Do("Toggle");
-        Window.Window(window);
-        expectNames(window, 2);
+    for (const ModWindow& mod : WindowsOfTheMods()) {
+        Window.Find("check box", mod.Mod).Do("Toggle");
+        Window.Window(mod.Title);
+        expectNames(mod.Title, 2);
     }
 }
 

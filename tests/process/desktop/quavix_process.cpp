@@ -71,4 +71,9 @@ void QuavixProcess::Put(const QString& name, const QByteArray& content) const {
         throw std::runtime_error("can't write " + name.toStdString());
 }
 
+void QuavixProcess::PutSoundEngine() const {
+    if (!QFile::copy(QUAVIX_SOUND_ENGINE, File("FMODex.dll")))
+        throw std::runtime_error("can't copy the sound engine");
+}
+
 }  // namespace quavix::test

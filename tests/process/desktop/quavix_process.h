@@ -40,6 +40,8 @@ class QuavixProcess {
     /// What is in a file there; empty where there is none.
     QByteArray Content(const QString& name) const;
     void Put(const QString& name, const QByteArray& content) const;
+    /// The sound engine, which is not there otherwise.
+    void PutSoundEngine() const;
 
   private:
     QTemporaryDir folder_;
