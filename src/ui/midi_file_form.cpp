@@ -42,6 +42,7 @@ MIDIFileForm::MIDIFileForm(const WindowParts& parts, QWidget* owner)
         playback_,
         tr("Try to make each cycle last 30 mS (with max alternating time capped to 15mS per note)"),
         handlers_, this));
+    resize(sizeHint());
 }
 
 MIDIFileForm::~MIDIFileForm() = default;
