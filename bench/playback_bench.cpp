@@ -11,6 +11,7 @@
 #include "simulation/recorded_sound_library.h"
 #include "simulation/simulated_dialogs.h"
 #include "simulation/simulated_files.h"
+#include "simulation/simulated_midi_file_reader.h"
 #include "support/simulated_program.h"
 
 namespace quavix {
@@ -44,8 +45,9 @@ void Render(benchmark::State& state) {
     Timeline timeline;
     SimulatedMessageBoxes boxes(time, timeline);
     RecordedSoundLibrary library(time, timeline);
+    SimulatedMidiFileReader midiFiles;
     files.Put("song", MelodySong(Lines));
-    SongRenderer renderer(files, boxes, library, "", [](double) { return true; });
+    SongRenderer renderer(files, boxes, library, midiFiles, "", [](double) { return true; });
     RenderOptions options;
     options.Song = "song";
     NullStream nothing;

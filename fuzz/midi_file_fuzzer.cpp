@@ -1,15 +1,19 @@
 // SPDX-License-Identifier: MIT
 #include <array>
+#include <cmath>
 #include <cstddef>
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <string>
+#include <utility>
 
+#include "midi/midi_event_list.h"
 #include "modules/midi_file/midi_file_module.h"
 
 // Reads any bytes as a MIDI file. Whatever they are, the reading ends in one of the module's results, and
-// what the sink gets keeps the promises of the interface.
+// what the sink gets keeps the promises of the interface. What was read becomes a list in order of time.
 namespace {
 
 void Require(bool holds, const char* what) {
@@ -28,6 +32,7 @@ struct Seen {
     std::uint32_t EventsOfTrack = 0;
     std::uint32_t Events = 0;
     std::uint32_t Remarks = 0;
+    quavix::MidiFileContent Content{};
 
     std::int32_t Stop() {
         Require(!Stopped, "nothing is called after a stop");
@@ -46,6 +51,11 @@ std::int32_t TakeHeader(void* user, const QuavixMidiFileHeader* header) {
     Require((header->TicksPerQuarter > 0) != (header->TicksPerSecondNumerator > 0), "times are of one kind");
     Require(header->TicksPerQuarter <= 32767 && header->TicksPerSecondDenominator > 0,
             "times can be computed");
+    quavix::MidiFileContent& content = Of(user).Content;
+    content.Format = header->Format;
+    content.TicksPerQuarter = header->TicksPerQuarter;
+    content.TicksPerSecondNumerator = header->TicksPerSecondNumerator;
+    content.TicksPerSecondDenominator = header->TicksPerSecondDenominator;
     return Of(user).Stop();
 }
 
@@ -55,6 +65,7 @@ std::int32_t TakeTrack(void* user, std::uint32_t track, std::uint64_t) {
     ++seen.Tracks;
     seen.Tick = 0;
     seen.EventsOfTrack = 0;
+    seen.Content.Tracks.emplace_back();
     return seen.Stop();
 }
 
@@ -66,6 +77,8 @@ std::int32_t TakeEvents(void* user, std::uint32_t track, const QuavixMidiFileEve
         Require(event->Tick >= seen.Tick, "time never falls");
         Require(event->Status >= 0x80, "every event has a status");
         seen.Tick = event->Tick;
+        seen.Content.Tracks.back().push_back(
+            {event->Tick, event->Value, event->Status, event->Data1, event->Data2});
         ++seen.Events;
         ++seen.EventsOfTrack;
     }
@@ -84,23 +97,46 @@ void TakeRemark(void* user, const char* text) {
             "remarks are few and short");
 }
 
+/// `callsLeft`: after so many texts the decoding is stopped (0: not at all).
+void Decode(quavix::MidiFileContent content, std::uint32_t events, std::uint32_t callsLeft) {
+    bool stopped = false;
+    const auto list = quavix::DecodeMidiFile(std::move(content), [&](const std::string& text) {
+        Require(!stopped && !text.empty(), "nothing is told after a stop");
+        stopped = callsLeft > 0 && --callsLeft == 0;
+        return !stopped;
+    });
+    Require(list.has_value() != stopped, "a stop is a stop");
+    if (!list)
+        return;
+    Require(list->size() == events, "no event is lost");
+    double time = 0;
+    for (const quavix::TimedMidiEvent& event : *list) {
+        Require(event.AbsoluteMs >= time && std::isfinite(event.AbsoluteMs), "the list is in order of time");
+        time = event.AbsoluteMs;
+    }
+}
+
 }  // namespace
 
-/// The first byte says after how many calls the reading is stopped (0: not at all); the rest is the file.
+/// The first byte says after how many calls the reading is stopped (0: not at all), the second the same for
+/// the decoding; the rest is the file.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-    if (size == 0)
+    constexpr std::size_t Stops = 2;
+    if (size < Stops)
         return 0;
     Seen seen{data[0]};
     const QuavixMidiFileSink sink{&seen, &TakeHeader, &TakeTrack, &TakeEvents, &TakeProgress, &TakeRemark};
     std::array<char, QUAVIX_MIDI_FILE_DETAIL_SIZE> detail{};
     detail.back() = 'x';
     const std::int32_t result =
-        QuavixMidiFileRead(data + 1, size - 1, &sink, detail.data(), detail.size() - 1);
+        QuavixMidiFileRead(data + Stops, size - Stops, &sink, detail.data(), detail.size() - 1);
     Require(detail.back() == 'x' && std::strlen(detail.data()) < detail.size() - 2,
             "details are short enough");
     Require((detail[0] == '\0') == (result == QuavixMidiFileOk), "a failure says why");
     Require((result == QuavixMidiFileStopped) == seen.Stopped, "a stop is a stop");
     Require(result != QuavixMidiFileOk || (seen.Header && seen.Tracks > 0),
             "a file has a header and a track");
+    if (result == QuavixMidiFileOk)
+        Decode(std::move(seen.Content), seen.Events, data[1]);
     return 0;
 }

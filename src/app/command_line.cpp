@@ -16,7 +16,7 @@ std::optional<std::string> AnswerToOption(const std::vector<std::string>& argume
         return "Usage: quavix [SONG]\n"
                "\n"
                "Compose simple two-voice music and hear it on the PC speaker.\n"
-               "SONG is a song file (.QVX) to start with.\n"
+               "SONG is a song file (.QVX) to start with, or a MIDI file (.mid) to play.\n"
                "\n"
                "  --help     show this text and exit\n"
                "  --version  show the version and exit\n"

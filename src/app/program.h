@@ -6,6 +6,7 @@
 #include "fmod/sound_mods.h"
 #include "midi/control_installer.h"
 #include "midi/held_note_cycler.h"
+#include "midi/midi_file_playback.h"
 #include "midi/midi_input.h"
 #include "midi/midi_notes.h"
 #include "midi/midi_output.h"
@@ -107,6 +108,8 @@ class Program {
           Cycler(Fields, Tones, Fmod.Generator),
           MidiIn({Fields, ports.MidiInDevices, Controls, Cycler, Fmod.Generator, ports.Ticks, ports.Boxes,
                   Handlers, Log}),
+          MidiFile({Fields, ports.Time, ports.Ticks, Wait, ports.Disk, ports.Picker, ports.Boxes,
+                    ports.MidiFiles, Controls, Cycler, Fmod.Generator, Handlers, Log}),
           Kick(Fields, Position, Tones, ports.Boxes, Handlers, Log),
           Clicks(Fields, Tones, Code, ports.Time, Wait, Log),
           Bending(Fields, Tones, ports.Random, MIDIToNoteString, ports.Ticks, Handlers, Log),
@@ -152,6 +155,7 @@ class Program {
     ToneDispatcher Tones;
     HeldNoteCycler Cycler;
     MidiInput MidiIn;
+    MidiFilePlayback MidiFile;
     Beat Kick;
     Metronome Clicks;
     CircuitBent Bending;

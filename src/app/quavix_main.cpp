@@ -124,10 +124,11 @@ int main(int argc, char** argv) {
     };
     application.WhenReadable(signals.Descriptor(), closeProgram);
 
+    std::string midiFile;
     StartUp startUp({app.Fields, clock, files, boxes, processes, *speaker, app.Fmod, app.Handlers, app.Log,
                      [&](const std::string& song) { app.Document.LoadFile(song); },
                      [&](bool songIsLoaded) { recovery.OfferLeftovers(songIsLoaded); },
-                     [&] { app.Motor.CheckForPort(); }},
+                     [&] { app.Motor.CheckForPort(); }, [&](const std::string& file) { midiFile = file; }},
                     {folder, winFolder, CommandText(application.Arguments())});
     app.Handlers.Run("MainForm_Load", [&] { startUp.BeforeMainForm(); });
     const auto close = [&] {
@@ -145,5 +146,8 @@ int main(int argc, char** argv) {
     app.Handlers.Run("MainForm_Load", [&] { startUp.AfterMainForm(); });
     app.Handlers.Run("MainForm_Load", [&] { startUp.OfferUnsavedSongs(); });
     mainForm.show();
+    // Its window comes beside the main one.
+    if (!midiFile.empty())
+        app.Handlers.Run("MainForm_Load", [&] { app.MidiFile.UseFile(midiFile); });
     return application.Run();
 }

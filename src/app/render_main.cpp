@@ -13,6 +13,8 @@
 #include "platform/linux/notnormal_fmodex.h"
 #include "platform/linux/posix_files.h"
 #include "platform/linux/user_folders.h"
+#include "platform/modules/module_midi_file_reader.h"
+#include "shell/file_exists.h"
 #include "shell/program_info.h"
 #include "simulation/rendered_speaker.h"
 
@@ -68,13 +70,15 @@ void Render(const quavix::RenderOptions& options) {
     quavix::PosixFiles files;
     quavix::ConsoleBoxes boxes(options.Yes);
     quavix::NOTNORMALfmodex sound;
+    const std::string folder = quavix::FolderOfProgram();
+    quavix::ModuleMidiFileReader midiFiles(quavix::FileInFolder(folder, "midifl32.ocx"));
     CheckNames(options);
     StartAnew(options.LogFile);
     StartAnew(options.ToneCodeFile);
     quavix::RenderTarget target(options.Out);
     {
         ProgressLine line;
-        quavix::SongRenderer(files, boxes, sound, quavix::FolderOfProgram(), [&line](double share) {
+        quavix::SongRenderer(files, boxes, sound, midiFiles, folder, [&line](double share) {
             return line.Show(share);
         }).Render(options, target.Stream());
     }

@@ -9,6 +9,7 @@
 #include <fmt/format.h>
 
 #include "fmod/fmod_engine.h"
+#include "midi/midi_file_opening.h"
 
 namespace quavix {
 namespace {
@@ -59,12 +60,12 @@ const char* const RenderUsage =
     "              [--tone-code FILE] [--log FILE] [--rate HZ] [--yes] SONG OUT.wav\n"
     "\n"
     "Plays SONG from its first line to its last N times (default 1) with its own settings and writes what\n"
-    "would be heard: mono 16-bit PCM at HZ samples per second (default 48000). OUT.wav may be - for\n"
-    "standard output.\n"
+    "would be heard: mono 16-bit PCM at HZ samples per second (default 48000). SONG may be a MIDI file\n"
+    "(.mid), whose held notes are pulsed in turn. OUT.wav may be - for standard output.\n"
     "\n"
     "  --passes N         how many times the song is played\n"
     "  --output NAME      what sounds (default speaker): the PC speaker, the sound card's tones (fmod), or\n"
-    "                     the voice alone, which sings the 'Note 2' column\n"
+    "                     the voice alone, which sings the 'Note 2' column (not of MIDI files)\n"
     "  --waveform NAME    the wave of the fmod output (default square)\n"
     "  --tone-code FILE   write the tone code of what is played\n"
     "  --log FILE         write the debug log\n"
@@ -117,6 +118,8 @@ RenderOptions ParseRenderOptions(std::span<const char* const> arguments) {
     if (names.size() != 2)
         throw std::invalid_argument("a song and the file to write are needed");
     options.Song = names[0];
+    if (options.Sounds == RenderOptions::Output::Voice && IsMidiFileName(options.Song))
+        throw std::invalid_argument("the voice sings the 'Note 2' column, which a MIDI file doesn't have");
     options.Out = names[1];
     return options;
 }

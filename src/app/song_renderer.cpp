@@ -10,6 +10,7 @@
 #include "app/engine_recording.h"
 #include "app/program.h"
 #include "dsp/wav_writer.h"
+#include "midi/midi_file_opening.h"
 #include "music/lengths.h"
 #include "shell/runtime_error.h"
 #include "shell/seeded_random_numbers.h"
@@ -115,6 +116,37 @@ double SecondsOfSong(const Program& program) {
     return wholeNotes * BeatsPerWholeNote * 60 / program.Fields.BPM;
 }
 
+void Play(Program& program, std::int32_t passes) {
+    program.Playback.OnRangeEnd = [&program, left = passes]() mutable {
+        if (--left == 0)
+            program.Playback.StopPlayButton_Click();
+    };
+    program.Playback.PlayAllButton_Click();
+}
+
+void OpenMidi(Program& program, const std::string& file) {
+    if (!program.MidiFile.Open(file))
+        throw SongError("it was not opened");
+}
+
+double SecondsOfMidiFile(const Program& program) {
+    constexpr double MsPerSecond = 1000;
+    return program.MidiFile.Length() / MsPerSecond;
+}
+
+void PlayMidi(Program& program, RenderPump& pump, std::int32_t passes) {
+    MidiFilePlayback& midi = program.MidiFile;
+    midi.chkLoop = true;
+    midi.OnEnd = [&midi, left = passes]() mutable { midi.chkLoop = --left > 0; };
+    midi.cmdPlay_Click();
+    while (midi.IsPlaying()) {
+        // Until the next step is due, so that nothing comes behind the last one.
+        constexpr std::uint32_t LongerThanAnyStep = 100'000;
+        pump.WaitForInput({}, LongerThanAnyStep);
+        pump.DoEvents();
+    }
+}
+
 /// The sound card's tones alone are heard.
 void StartTones(Program& program, EngineRecording& engine, std::int32_t waveform) {
     program.Fmod.StartEngine(engine.Output());
@@ -166,7 +198,7 @@ void SongRenderer::Render(const RenderOptions& options, std::ostream& out) {
         .Sound = sound_,
         .MidiOutDevices = absent.Out,
         .MidiInDevices = absent.In,
-        .MidiFiles = absent.Reader,
+        .MidiFiles = midiFiles_,
         .Batches = absent.Batches,
         .Loading = loading,
         .ProgramFolder = {},
@@ -179,23 +211,30 @@ void SongRenderer::Render(const RenderOptions& options, std::ostream& out) {
     try {
         program.Fields.TickFreq = ReadTickFreq(time, program.Log);
         program.Fields.UseWriteCode = !options.ToneCodeFile.empty();
-        Load(program, options.Song);
-        pump.TotalSeconds = SecondsOfSong(program) * options.Passes;
+        const bool isMidiFile = IsMidiFileName(options.Song);
+        if (isMidiFile) {
+            OpenMidi(program, options.Song);
+            pump.TotalSeconds = SecondsOfMidiFile(program) * options.Passes;
+        } else {
+            Load(program, options.Song);
+            pump.TotalSeconds = SecondsOfSong(program) * options.Passes;
+        }
         if (withEngine)
             LoadEngine(program);
         if (options.Sounds == RenderOptions::Output::Fmod)
             StartTones(program, engine, options.Waveform);
         else if (options.Sounds == RenderOptions::Output::Voice)
             StartVoice(program, engine);
-        program.Playback.OnRangeEnd = [&, left = options.Passes]() mutable {
-            if (--left == 0)
-                program.Playback.StopPlayButton_Click();
-        };
-        program.Playback.PlayAllButton_Click();
+        if (isMidiFile)
+            PlayMidi(program, pump, options.Passes);
+        else
+            Play(program, options.Passes);
     } catch (const RuntimeError& error) {
-        // Numbers of the song that can't be reckoned with; what is left are files that can't be written.
+        // Numbers of the song that can't be reckoned with, or too many events; what is left are files that
+        // can't be written.
         const std::int32_t number = error.Number();
-        if (number == RuntimeError::Overflow || number == RuntimeError::DivisionByZero)
+        if (number == RuntimeError::Overflow || number == RuntimeError::DivisionByZero ||
+            number == RuntimeError::SubscriptOutOfRange)
             throw SongError(error.what());
         throw RenderError(error.what());
     }

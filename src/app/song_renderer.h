@@ -9,6 +9,7 @@
 #include "app/render_options.h"
 #include "ports/files.h"
 #include "ports/message_boxes.h"
+#include "ports/midi_file_reader.h"
 #include "ports/sound_library.h"
 
 namespace quavix {
@@ -24,16 +25,18 @@ class SongError : public std::runtime_error {
 /// Somebody wants the rendering to end.
 class RenderInterrupted : public std::exception {};
 
-/// Renders songs on simulated time.
+/// Renders songs and MIDI files on simulated time.
 class SongRenderer {
   public:
-    /// `sound` is loaded from the program's folder for the outputs that need it. `progress` is called now and
+    /// `sound` is loaded from the program's folder for the outputs that need it; `midiFiles` reads songs that
+    /// are MIDI files by their names. `progress` is called now and
     /// then with the share done, 0 to 1; false ends the rendering with RenderInterrupted.
-    SongRenderer(Files& files, MessageBoxes& boxes, SoundLibrary& sound, std::string programFolder,
-                 std::function<bool(double)> progress)
+    SongRenderer(Files& files, MessageBoxes& boxes, SoundLibrary& sound, MidiFileReader& midiFiles,
+                 std::string programFolder, std::function<bool(double)> progress)
         : files_(files),
           boxes_(boxes),
           sound_(sound),
+          midiFiles_(midiFiles),
           programFolder_(std::move(programFolder)),
           progress_(std::move(progress)) {}
 
@@ -46,6 +49,7 @@ class SongRenderer {
     Files& files_;
     MessageBoxes& boxes_;
     SoundLibrary& sound_;
+    MidiFileReader& midiFiles_;
     std::string programFolder_;
     std::function<bool(double)> progress_;
 };

@@ -2,6 +2,7 @@
 #include "app/start_up.h"
 
 #include "app/command_line.h"
+#include "midi/midi_file_opening.h"
 #include "shell/file_exists.h"
 #include "shell/log_switch.h"
 #include "shell/process_priority.h"
@@ -72,6 +73,10 @@ void StartUp::LoadCommandLineSong() {
     p_.Log.Text("Command string given - Command = \"{}\"", commandLine);
     const std::string fileName = FileNameIn(commandLine);
     if (FileExists(fileName, p_.Disk, p_.Log)) {
+        if (IsMidiFileName(fileName)) {
+            p_.OpenMidiFile(fileName);
+            return;
+        }
         songIsLoaded_ = true;
         p_.LoadSong(fileName);
         return;

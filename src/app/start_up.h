@@ -43,6 +43,8 @@ struct StartUpParts {
     std::function<void(bool songIsLoaded)> OfferUnsavedSongs;
     /// Looks for a serial port.
     std::function<void()> CheckForPort;
+    /// Opens a MIDI file that exists.
+    std::function<void(const std::string& fileName)> OpenMidiFile{};
 };
 
 /// What happens in the program before the user can work: notices, switches and the song named on the command

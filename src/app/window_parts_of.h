@@ -30,6 +30,7 @@ inline WindowParts PartsOf(Program& program, Speaker& speaker, MessageBoxes& box
             .MidiOut = program.MidiOut,
             .MidiIn = program.MidiIn,
             .Synchro = program.Synchro,
+            .MidiFile = program.MidiFile,
             .Document = program.Document,
             .PcSpeaker = speaker,
             .Boxes = boxes,

@@ -43,6 +43,7 @@ struct MainFields {
     /// A device was asked to open; also where it did not.
     bool MIDIOutIsOpen = false;
     bool MIDIInIsOpen = false;
+    bool UseMIDIFile = false;
     bool DoNotShutUpFMOD = false;
     bool UseNoUpdate = false;
     bool UseBeat = false;

@@ -14,6 +14,7 @@
 #include <QScrollBar>
 #include <QStyle>
 
+#include "midi/midi_file_opening.h"
 #include "shell/program_info.h"
 #include "ui/beat_form.h"
 #include "ui/binding.h"
@@ -22,6 +23,7 @@
 #include "ui/keyboard_panel.h"
 #include "ui/list_panel.h"
 #include "ui/main_menu.h"
+#include "ui/midi_file_form.h"
 #include "ui/midi_in_form.h"
 #include "ui/midi_out_form.h"
 #include "ui/mod_window.h"
@@ -120,6 +122,7 @@ MainForm::MainForm(const WindowParts& parts, QWidget* parent)
     MakeWhenTicked<MIDIInForm>(parts_.MidiIn.MIDIInFormVisible, parts_, this);
     MakeWhenTicked<BeatForm>(parts_.Fields.UseBeatCheck, parts_, this);
     MakeWhenTicked<PortamentoForm>(parts_.Fields.UsePortaCheck, parts_, this);
+    MakeWhenTicked<MIDIFileForm>(parts_.MidiFile.MIDIFileFormVisible, parts_, this);
     MakeWhenTicked<SynchroForm>(parts_.Fields.UseSynchroCheck, parts_, this);
     ShowIn(this, parts_.Document.FileName(), [this](const std::string&) { ShowTitle(); });
     ShowIn(this, parts_.Document.Modified(), [this](bool) { ShowTitle(); });
@@ -259,7 +262,9 @@ void MainForm::dropEvent(QDropEvent* event) {
 
 void MainForm::LoadDropped(const std::string& fileName) {
     RunHandler(*this, "Drop", parts_.Handlers, [&] {
-        if (parts_.Document.MayClose())
+        if (IsMidiFileName(fileName))
+            parts_.MidiFile.UseFile(fileName);
+        else if (parts_.Document.MayClose())
             parts_.Document.LoadFile(fileName);
     });
 }

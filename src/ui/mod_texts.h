@@ -78,7 +78,7 @@ inline constexpr Mod UseMIDIIn{
 inline constexpr Mod UseMIDIFile{
     &MainFields::UseMIDIFileCheck,
     &MainFields::UseMIDIFileCheckEnabled,
-    false,
+    true,
     "UseMIDIFileCheck",
     "Play a MIDI file",
     "Play a MIDI file of your choosing",

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "fmod/sound_mods.h"
+#include "midi/midi_file_playback.h"
 #include "midi/midi_input.h"
 #include "midi/midi_output.h"
 #include "music/edit_history.h"
@@ -50,6 +51,7 @@ struct WindowParts {
     MidiOutput& MidiOut;
     MidiInput& MidiIn;
     SynchroPlay& Synchro;
+    MidiFilePlayback& MidiFile;
     SongDocument& Document;
     Speaker& PcSpeaker;
     MessageBoxes& Boxes;

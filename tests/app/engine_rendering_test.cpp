@@ -7,6 +7,7 @@
 
 #include "app/song_renderer.h"
 #include "platform/linux/notnormal_fmodex.h"
+#include "platform/modules/module_midi_file_reader.h"
 #include "simulation/simulated_dialogs.h"
 #include "simulation/simulated_files.h"
 #include "support/measure.h"
@@ -38,8 +39,9 @@ class EngineRendering : public testing::Test {
     }
     std::string Bytes() {
         NOTNORMALfmodex library;
+        ModuleMidiFileReader midiFiles(QUAVIX_MIDI_FILE_MODULE);
         std::stringstream out;
-        SongRenderer(Disk, Boxes, library, QUAVIX_SOUND_ENGINE_FOLDER, [](double) {
+        SongRenderer(Disk, Boxes, library, midiFiles, QUAVIX_SOUND_ENGINE_FOLDER, [](double) {
             return true;
         }).Render(Options, out);
         return out.str();

@@ -11,6 +11,7 @@
 #include "simulation/rendered_speaker.h"
 #include "simulation/simulated_dialogs.h"
 #include "simulation/simulated_files.h"
+#include "simulation/simulated_midi_file_reader.h"
 #include "simulation/simulated_time.h"
 #include "support/measure.h"
 #include "support/wav_reader.h"
@@ -33,7 +34,7 @@ class SongRendererTest : public testing::Test {
 
     test::WavSound Render() {
         std::stringstream out;
-        SongRenderer(Disk, Boxes, Library, "/program", [this](double share) {
+        SongRenderer(Disk, Boxes, Library, MidiFiles, "/program", [this](double share) {
             Shares.push_back(share);
             return Shares.size() < StopAfter;
         }).Render(Options, out);
@@ -45,6 +46,7 @@ class SongRendererTest : public testing::Test {
     SimulatedTime Time;
     SimulatedMessageBoxes Boxes{Time, Events};
     RecordedSoundLibrary Library{Time, Events};
+    SimulatedMidiFileReader MidiFiles;
     RenderOptions Options;
     std::vector<double> Shares;
     std::size_t StopAfter = SIZE_MAX;
@@ -181,7 +183,7 @@ TEST_F(SongRendererTest, AResultTooLongForAWavFileIsSaid) {
         std::streamsize xsputn(const char*, std::streamsize count) override { return count; }
     } nothing;
     std::ostream out(&nothing);
-    SongRenderer renderer(Disk, Boxes, Library, "/program", [](double) { return true; });
+    SongRenderer renderer(Disk, Boxes, Library, MidiFiles, "/program", [](double) { return true; });
     EXPECT_THROW(renderer.Render(Options, out), RenderError);
 }
 

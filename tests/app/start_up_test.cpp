@@ -31,7 +31,8 @@ struct Started : test::SimulatedProgram {
                              App.Document.LoadFile(song);
                          },
                          [this](bool songIsLoaded) { Offered = songIsLoaded ? "told" : "offered"; },
-                         [this] { App.Motor.CheckForPort(); }},
+                         [this] { App.Motor.CheckForPort(); },
+                         [this](const std::string& file) { MidiFile += file; }},
                         {"/program", "/windows", commandLine});
         startUp.BeforeMainForm();
         startUp.AfterMainForm();
@@ -39,6 +40,7 @@ struct Started : test::SimulatedProgram {
     }
     NoProcesses System;
     std::string Loaded;
+    std::string MidiFile;
     std::string Offered;
 };
 
@@ -50,6 +52,15 @@ TEST(StartUp, OrdinarilyShowsNothing) {
     EXPECT_FALSE(p.App.Fields.UseWriteCode);
     EXPECT_EQ(p.App.Fields.TickFreq.Units(), SimulatedTime::CountsPerSecond);
     EXPECT_EQ(p.Loaded, "");
+}
+
+TEST(StartUp, AMidiFileIsOpenedAsSuchAndIsNoSong) {
+    Started p;
+    p.Disk.Put("/music/tune.mid", "anything");
+    p.Start("/music/tune.mid");
+    EXPECT_EQ(p.MidiFile, "/music/tune.mid");
+    EXPECT_EQ(p.Loaded, "");
+    EXPECT_EQ(p.Offered, "offered");
 }
 
 TEST(StartUp, LogsItsStepsInOrder) {

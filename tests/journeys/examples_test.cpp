@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The songs that come with the program: each loads without a word and sounds as written.
+#include <cmath>
 #include <filesystem>
 #include <sstream>
 
@@ -7,6 +8,7 @@
 
 #include "app/song_renderer.h"
 #include "platform/linux/posix_files.h"
+#include "platform/modules/module_midi_file_reader.h"
 #include "simulation/recorded_sound_library.h"
 #include "simulation/simulated_dialogs.h"
 #include "simulation/simulated_time.h"
@@ -34,10 +36,11 @@ TEST_P(Example, LoadsWithoutAWordAndRendersToItsLength) {
     SimulatedTime time;
     SimulatedMessageBoxes boxes(time, events);
     RecordedSoundLibrary library(time, events);
+    ModuleMidiFileReader midiFiles(QUAVIX_MIDI_FILE_MODULE);
     RenderOptions options;
     options.Song = GetParam();
     std::stringstream out;
-    SongRenderer(files, boxes, library, "", [](double) { return true; }).Render(options, out);
+    SongRenderer(files, boxes, library, midiFiles, "", [](double) { return true; }).Render(options, out);
     EXPECT_EQ(events.Text(), "");
     const auto sound = test::ReadWav(out.str());
     ASSERT_TRUE(sound);
@@ -55,6 +58,33 @@ std::string NameOf(const testing::TestParamInfo<std::string>& info) {
 
 INSTANTIATE_TEST_SUITE_P(Songs, Example, testing::ValuesIn(Examples()), NameOf);
 
+/// The tune comes out of the cycler as pulses, so it is its highest notes.
+TEST(Examples, TheMidiFileIsATuneOfThreeVoices) {
+    PosixFiles files;
+    Timeline events;
+    SimulatedTime time;
+    SimulatedMessageBoxes boxes(time, events);
+    RecordedSoundLibrary library(time, events);
+    ModuleMidiFileReader midiFiles(QUAVIX_MIDI_FILE_MODULE);
+    RenderOptions options;
+    options.Song = QUAVIX_SOURCE_DIR "/examples/Greensleeves.mid";
+    std::stringstream out;
+    SongRenderer(files, boxes, library, midiFiles, "", [](double) { return true; }).Render(options, out);
+    EXPECT_EQ(events.Text(), "");
+    const auto sound = test::ReadWav(out.str());
+    ASSERT_TRUE(sound);
+    EXPECT_NEAR(static_cast<double>(sound->Frames()) / sound->SampleRate, 48, 3);
+    std::vector<int> tune;
+    for (const test::Tone& tone : test::FindTones(sound->Samples, 48000)) {
+        constexpr double A5 = 880;
+        const auto steps = static_cast<int>(std::lround(test::Cents(tone.FrequencyHz, A5) / 100));
+        if (steps >= 0 && (tune.empty() || tune.back() != steps) && tune.size() < 8)
+            tune.push_back(steps);
+    }
+    // la do re mi fa mi re si
+    EXPECT_EQ(tune, (std::vector<int>{0, 3, 5, 7, 8, 7, 5, 2}));
+}
+
 TEST(Examples, AreSixAtLeast) {
     EXPECT_GE(Examples().size(), 6U);
 }
@@ -65,10 +95,11 @@ TEST(Examples, TheOdeBeginsWithItsMelody) {
     SimulatedTime time;
     SimulatedMessageBoxes boxes(time, events);
     RecordedSoundLibrary library(time, events);
+    ModuleMidiFileReader midiFiles(QUAVIX_MIDI_FILE_MODULE);
     RenderOptions options;
     options.Song = QUAVIX_SOURCE_DIR "/examples/Ode-to-Joy.QVX";
     std::stringstream out;
-    SongRenderer(files, boxes, library, "", [](double) { return true; }).Render(options, out);
+    SongRenderer(files, boxes, library, midiFiles, "", [](double) { return true; }).Render(options, out);
     const auto tones = test::FindTones(test::ReadWav(out.str())->Samples, 48000);
     // mi mi fa sol, sol fa mi re, do do re mi, mi re re
     const int steps[] = {4, 4, 5, 7, 7, 5, 4, 2, 0, 0, 2, 4, 4, 2, 2};

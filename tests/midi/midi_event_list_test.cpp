@@ -69,10 +69,10 @@ TEST(MidiEventList, HoldsEveryEventWithItsThreeBytes) {
     const auto events = Decode(Content(File(0, {Track(track)})));
     ASSERT_EQ(events.size(), 5U);
     EXPECT_EQ(events[0], (TimedMidiEvent{0, 0x90, 60, 96}));
-    EXPECT_EQ(events[1], (TimedMidiEvent{5 * 500.0 / 96, 0xB1, 7, 100}));
-    EXPECT_EQ(events[2], (TimedMidiEvent{5 * 500.0 / 96, 0xC2, 9, 0}));
-    EXPECT_EQ(events[3], (TimedMidiEvent{5 * 500.0 / 96, 0xE0, 1, 2}));
-    EXPECT_EQ(events[4], (TimedMidiEvent{5 * 500.0 / 96, 0xFF, 0x2F, 0})) << "the end of the track";
+    EXPECT_EQ(events[1], (TimedMidiEvent{5 * (500.0 / 96), 0xB1, 7, 100}));
+    EXPECT_EQ(events[2], (TimedMidiEvent{5 * (500.0 / 96), 0xC2, 9, 0}));
+    EXPECT_EQ(events[3], (TimedMidiEvent{5 * (500.0 / 96), 0xE0, 1, 2}));
+    EXPECT_EQ(events[4], (TimedMidiEvent{5 * (500.0 / 96), 0xFF, 0x2F, 0})) << "the end of the track";
 }
 
 TEST(MidiEventList, ATempoChangeInsideALongNoteCountsFromItsTickOn) {
@@ -195,7 +195,9 @@ TEST(MidiEventList, IsWhatStepByStepReckoningGives) {
     std::minstd_rand random(1);
     const auto below = [&](std::uint32_t limit) { return static_cast<std::uint32_t>(random() % limit); };
     for (int round = 0; round < 200; ++round) {
-        MidiFileContent content{.Format = 1, .TicksPerQuarter = 1 + below(1000)};
+        MidiFileContent content;
+        content.Format = 1;
+        content.TicksPerQuarter = 1 + below(1000);
         content.Tracks.resize(1 + below(20));
         for (auto& track : content.Tracks) {
             std::uint64_t tick = 0;

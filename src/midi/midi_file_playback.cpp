@@ -1,0 +1,278 @@
+// SPDX-License-Identifier: MIT
+#include "midi/midi_file_playback.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include <fmt/format.h>
+
+#include "midi/midi_file_opening.h"
+#include "shell/numbers.h"
+
+namespace quavix {
+
+MidiFilePlayback::MidiFilePlayback(MidiFileParts parts)
+    : UsingForm(parts.Handlers),
+      p_(std::move(parts)),
+      cTmr_({p_.Fields, p_.Ticks, p_.Handlers, [this] { tmrPlayback_Timer(); }, [this] { EndPlaying(); }},
+            "fileplayback") {
+    AutoTimeCheck = true;
+    p_.Fields.UseMIDIFileCheck.Watch([this](bool ticked) {
+        p_.Handlers.Run("UseMIDIFileCheck_Click", [&] { UseMIDIFileCheck_Click(ticked); });
+    });
+}
+
+void MidiFilePlayback::UseMIDIFileCheck_Click(bool ticked) {
+    p_.Log.LogIndentInc("UseMIDIFileCheck has been clicked - START");
+    if (ticked)
+        SwitchOn();
+    else
+        SwitchOff();
+    p_.Log.LogIndentDec("UseMIDIFileCheck has been clicked - END");
+}
+
+void MidiFilePlayback::SwitchOn() {
+    p_.Log.LogText("Value is 1");
+    constexpr const char* Control = ControlInstaller::MidiFilesControl;
+    p_.Log.Text("Checking '{}' exists in system32", Control);
+    if (!p_.Controls.MakeReady(Control, p_.Fields.UseMIDIFileCheck, [this] { return p_.Reader.Prepare(); }))
+        return;
+    if (p_.Fields.ShuttingDown)
+        return;
+    Form_Load();
+    p_.Log.LogText("Showing MIDIFileForm");
+    MIDIFileFormVisible = true;
+    p_.Fields.UseMIDIFile = true;
+    p_.Log.LogText("Disabling UseMIDIInCheck");
+    p_.Fields.UseMIDIInCheckEnabled = false;
+}
+
+void MidiFilePlayback::SwitchOff() {
+    p_.Log.LogText("Value is 0");
+    stopOpening_ = true;
+    p_.Generator.FMODBeepStop();
+    if (playing_)
+        cmdStop_Click();
+    MIDIFileFormVisible = false;
+    p_.Fields.UseMIDIFile = false;
+    p_.Fields.UseMIDIInCheckEnabled = true;
+}
+
+void MidiFilePlayback::Form_Load() {
+    if (std::exchange(isLoaded_, true))
+        return;
+    p_.Log.LogIndentInc("MIDIFileForm.Form_Load() - START");
+    p_.Log.LogIndentDec("MIDIFileForm.Form_Load() - END");
+}
+
+void MidiFilePlayback::UseFile(const std::string& fileName) {
+    p_.Fields.UseMIDIFileCheck = true;
+    if (p_.Fields.UseMIDIFile)
+        Open(fileName);
+}
+
+void MidiFilePlayback::cmdBrowse_Click() {
+    if (isOpening_)
+        return;
+    p_.Log.LogText("MIDI File Playback - Browse clicked");
+    const std::string fileName = p_.Picker.AskForOpenName(
+        {.Title = "Please choose MIDI file to play", .Filter = "MIDI files (*.mid)|*.mid"});
+    if (!fileName.empty() && !p_.Fields.ShuttingDown)
+        Open(fileName);
+}
+
+/// The state of opening a file, however it ends. The name goes back to that of the file that stays.
+class MidiFilePlayback::Opening {
+  public:
+    explicit Opening(MidiFilePlayback& form) : form_(form), nameBefore_(form.txtFile) {
+        form_.isOpening_ = true;
+        form_.stopOpening_ = false;
+        form_.nextEventsRunMs_ = 0;
+        form_.cmdBrowseEnabled = false;
+    }
+    ~Opening() {
+        form_.isOpening_ = false;
+        form_.frmInfoTextVisible = false;
+        form_.cmdBrowseEnabled = true;
+        if (!keepName_)
+            form_.txtFile = nameBefore_;
+    }
+    Opening(const Opening&) = delete;
+    Opening& operator=(const Opening&) = delete;
+
+    void KeepName() { keepName_ = true; }
+
+  private:
+    MidiFilePlayback& form_;
+    std::string nameBefore_;
+    bool keepName_ = false;
+};
+
+bool MidiFilePlayback::Open(const std::string& fileName) {
+    if (isOpening_)
+        return false;
+    Opening opening(*this);
+    txtFile = fileName;
+    OpenedMidiFile opened = OpenMidiFile(fileName, p_.Disk, p_.Reader,
+                                         [this](const std::string& text) { return ShowInfoText(text); });
+    for (const std::string& remark : opened.Remarks)
+        p_.Log.LogText(remark);
+    if (!opened.Problem.empty()) {
+        p_.Log.LogText(opened.Problem);
+        p_.Boxes.Show({.Title = "Failed to open MIDI file!",
+                       .Text = "Either couldn't open or couldn't recognize file format of this MIDI "
+                               "file...\r\n\r\n" +
+                               opened.Problem,
+                       .Icon = BoxIcon::Warning});
+    }
+    if (!opened.Events)
+        return false;
+    if (playing_)
+        cmdStop_Click();
+    events_ = std::move(*opened.Events);
+    frmPlaybackEnabled = !events_.empty();
+    opening.KeepName();
+    MoveTo(0);
+    return true;
+}
+
+/// Lets the window show it, and its buttons be pressed, now and then; each text would take longer than what
+/// it tells of.
+bool MidiFilePlayback::ShowInfoText(const std::string& text) {
+    constexpr double EventsRunEveryMs = 20;
+    if (!text.empty()) {
+        lblInfoText = text;
+        frmInfoTextVisible = true;
+    }
+    if (ClockMs() >= nextEventsRunMs_) {
+        p_.Wait.DoEvents();
+        nextEventsRunMs_ = ClockMs() + EventsRunEveryMs;
+    }
+    return !stopOpening_ && !p_.Fields.ShuttingDown;
+}
+
+void MidiFilePlayback::cmdPlay_Click() {
+    if (events_.empty())
+        return;
+    if (playPosition_ >= events_.size())
+        playPosition_ = 0;
+    startTime_ = WholeClockMs() - ToInt64(events_[playPosition_].AbsoluteMs);
+    playing_ = true;
+    cTmr_.SetEnabled(true);
+}
+
+void MidiFilePlayback::EndPlaying() {
+    playing_ = false;
+    cTmr_.SetEnabled(false);
+}
+
+void MidiFilePlayback::cmdStop_Click() {
+    stopOpening_ = true;
+    EndPlaying();
+    p_.Cycler.PlayLiveMIDIInput(*this);
+    p_.Generator.FMODBeepStop();
+}
+
+void MidiFilePlayback::cmdRewind_Click() {
+    const bool wasPlaying = playing_;
+    cmdStop_Click();
+    MoveTo(0);
+    if (wasPlaying)
+        cmdPlay_Click();
+}
+
+void MidiFilePlayback::sldPosition_Change(std::int32_t position) {
+    if (events_.empty())
+        return;
+    cmdStop_Click();
+    ReleaseAllNotes();
+    const double share = std::clamp(position, 0, SliderHighest) / static_cast<double>(SliderHighest);
+    playPosition_ = static_cast<std::size_t>(RoundHalfEven(share * static_cast<double>(events_.size())));
+    // The slider stays where the user has it, even where the file has no event for each place.
+    sldPosition = position;
+    ShowPositionTexts();
+}
+
+/// What was held at the old place has no end at the new one.
+void MidiFilePlayback::MoveTo(std::size_t position) {
+    ReleaseAllNotes();
+    playPosition_ = position;
+    ShowPosition();
+}
+
+void MidiFilePlayback::tmrPlayback_Timer() {
+    if (p_.Fields.ShuttingDown) {
+        EndPlaying();
+        return;
+    }
+    const double elapsed = ClockMs() - static_cast<double>(startTime_);
+    if (EndCheck())
+        return;
+    while (events_[playPosition_].AbsoluteMs <= elapsed) {
+        const TimedMidiEvent& event = events_[playPosition_];
+        SimulateMIDIMessage(event.Status, event.Data1, event.Data2);
+        ++playPosition_;
+        if (EndCheck())
+            return;
+    }
+    ShowPosition();
+    p_.Cycler.PlayLiveMIDIInput(*this);
+}
+
+bool MidiFilePlayback::EndCheck() {
+    if (playPosition_ < events_.size())
+        return false;
+    cmdStop_Click();
+    // The last step's tone may have let the user press something.
+    if (playing_ || playPosition_ < events_.size())
+        return true;
+    ShowPosition();
+    if (OnEnd)
+        OnEnd();
+    if (chkLoop && !p_.Fields.ShuttingDown) {
+        cmdRewind_Click();
+        cmdPlay_Click();
+    }
+    return true;
+}
+
+void MidiFilePlayback::ShowPosition() {
+    const double share =
+        events_.empty() ? 1 : static_cast<double>(playPosition_) / static_cast<double>(events_.size());
+    sldPosition = ToInt32(share * SliderHighest);
+    ShowPositionTexts();
+}
+
+void MidiFilePlayback::ShowPositionTexts() {
+    constexpr double Percent = 100;
+    if (playPosition_ >= events_.size()) {
+        lblPosPercent = "100.00%";
+        ShowSeconds(Length());
+        return;
+    }
+    lblPosPercent =
+        FormatNumber(static_cast<double>(playPosition_) / static_cast<double>(events_.size()) * Percent, 1,
+                     2) +
+        "%";
+    ShowSeconds(events_[playPosition_].AbsoluteMs);
+}
+
+void MidiFilePlayback::ShowSeconds(double ms) {
+    constexpr double SecondsPerMinute = 60;
+    constexpr double MsPerSecond = 1000;
+    const double seconds = ms / MsPerSecond;
+    const double minutes = std::floor(std::trunc(seconds) / SecondsPerMinute);
+    lblPosSecs = FormatNumber(minutes, 2) + ":" + FormatNumber(seconds - minutes * SecondsPerMinute, 2, 2);
+}
+
+double MidiFilePlayback::ClockMs() const {
+    constexpr double MsPerSecond = 1000;
+    return Currency::FromUnits(p_.Time.PerformanceCounter()) / p_.Fields.TickFreq * MsPerSecond;
+}
+
+std::int64_t MidiFilePlayback::WholeClockMs() const {
+    return ToInt64(ClockMs());
+}
+
+}  // namespace quavix

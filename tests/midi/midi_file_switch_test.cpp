@@ -1,0 +1,166 @@
+// SPDX-License-Identifier: MIT
+// The check box that switches the playback of MIDI files on and off.
+#include <gmock/gmock.h>
+
+#include "midi/midi_file_program.h"
+
+namespace quavix {
+namespace {
+
+using test::MidiFileProgram;
+using test::MidiSong;
+using test::NoteOffOf;
+using test::NoteOnOf;
+using test::SimulatedProgram;
+using testing::HasSubstr;
+using testing::IsEmpty;
+
+constexpr const char* ControlFile = "/windows/system32/midifl32.ocx";
+
+/// Without the blanks in front of the lines and without empty lines.
+std::string Unindented(const std::string& log) {
+    std::string text;
+    bool begins = true;
+    for (const char c : log) {
+        if (begins && (c == ' ' || c == '\n'))
+            continue;
+        begins = c == '\n';
+        text += c;
+    }
+    return text;
+}
+
+TEST(MidiFileSwitch, TickingShowsTheWindowAndDisablesMidiInput) {
+    SimulatedProgram p;
+    p.Disk.Put(ControlFile, "the control");
+    p.App.Log.Enable();
+    p.App.Fields.UseMIDIFileCheck = true;
+    EXPECT_TRUE(p.App.MidiFile.MIDIFileFormVisible);
+    EXPECT_TRUE(p.App.Fields.UseMIDIFile);
+    EXPECT_FALSE(p.App.Fields.UseMIDIInCheckEnabled);
+    EXPECT_TRUE(p.App.MidiFile.AutoTimeCheck);
+    const std::string log = Unindented(p.LogText());
+    EXPECT_THAT(log, testing::StartsWith("UseMIDIFileCheck has been clicked - START\n"
+                                         "Value is 1\n"
+                                         "Checking 'midifl32.ocx' exists in system32\n"
+                                         "CopyFileToSystem32(midifl32.ocx) - START\n"));
+    EXPECT_THAT(log, testing::EndsWith("CopyFileToSystem32() - END\n"
+                                       "MIDIFileForm.Form_Load() - START\n"
+                                       "MIDIFileForm.Form_Load() - END\n"
+                                       "Showing MIDIFileForm\n"
+                                       "Disabling UseMIDIInCheck\n"
+                                       "UseMIDIFileCheck has been clicked - END\n"));
+    EXPECT_EQ(p.App.Log.LogIndent(), 0);
+}
+
+TEST(MidiFileSwitch, UntickingHidesTheWindowAndEnablesMidiInput) {
+    MidiFileProgram p;
+    p.App.Log.Enable();
+    p.App.Fields.UseMIDIFileCheck = false;
+    EXPECT_FALSE(p.Form.MIDIFileFormVisible);
+    EXPECT_FALSE(p.App.Fields.UseMIDIFile);
+    EXPECT_TRUE(p.App.Fields.UseMIDIInCheckEnabled);
+    EXPECT_EQ(Unindented(p.LogText()),
+              "UseMIDIFileCheck has been clicked - START\n"
+              "Value is 0\n"
+              "UseMIDIFileCheck has been clicked - END\n");
+}
+
+TEST(MidiFileSwitch, TheWindowIsLoadedOnce) {
+    MidiFileProgram p;
+    p.App.Fields.UseMIDIFileCheck = false;
+    p.App.Log.Enable();
+    p.App.Fields.UseMIDIFileCheck = true;
+    EXPECT_THAT(p.LogText(), testing::Not(HasSubstr("Form_Load")));
+}
+
+TEST(MidiFileSwitch, UntickingStopsPlaybackAndTickingLetsItResume) {
+    MidiFileProgram p;
+    p.Open(MidiSong({{0, NoteOnOf(60)}, {40, NoteOffOf(60)}, {300, NoteOnOf(64)}, {330, NoteOffOf(64)}}));
+    p.PlayAt(0);
+    p.Time.At(60, [&] { p.App.Fields.UseMIDIFileCheck = false; });
+    p.TonesUntil(100);
+    EXPECT_FALSE(p.Form.IsPlaying());
+    EXPECT_EQ(p.TonesUntil(500), "");
+    p.App.Fields.UseMIDIFileCheck = true;
+    EXPECT_EQ(p.Position(), "40.00% 00:00.30");
+    p.PlayAt(1000);
+    EXPECT_EQ(p.TonesUntil(1030), "1.0150 speaker 659 Hz 15 ms\n");
+}
+
+TEST(MidiFileSwitch, UntickingLeavesTheAlternateTimeOfWhoHasNotPlayed) {
+    MidiFileProgram p;
+    p.App.Fields.UseMIDIFileCheck = false;
+    EXPECT_EQ(p.App.Fields.AlternateTimeText.Get(), "20");
+}
+
+TEST(MidiFileSwitch, WithoutTheControlNothingIsSwitchedOn) {
+    SimulatedProgram p;
+    p.App.Fields.UseMIDIFileCheck = true;
+    ASSERT_EQ(p.Boxes.Shown().size(), 1U);
+    EXPECT_EQ(p.Boxes.Shown()[0].Title, "Can't see a needed file!");
+    EXPECT_FALSE(p.App.Fields.UseMIDIFileCheck);
+    EXPECT_FALSE(p.App.MidiFile.MIDIFileFormVisible);
+    EXPECT_TRUE(p.App.Fields.UseMIDIInCheckEnabled);
+}
+
+TEST(MidiFileSwitch, TheFirstUseInstallsTheControl) {
+    SimulatedProgram p;
+    p.Disk.Put("/program/midifl32.ocx", "the control");
+    p.App.Fields.UseMIDIFileCheck = true;
+    EXPECT_EQ(p.Disk.Content(ControlFile), "the control");
+    EXPECT_TRUE(p.App.MidiFile.MIDIFileFormVisible);
+    EXPECT_THAT(p.Boxes.Shown(), IsEmpty());
+}
+
+TEST(MidiFileSwitch, TheProgramClosedWhileTheControlRegistersShowsNothing) {
+    SimulatedProgram p;
+    p.Disk.Put("/program/midifl32.ocx", "the control");
+    p.Time.At(50, [&] { p.App.Fields.ShuttingDown = true; });
+    p.App.Fields.UseMIDIFileCheck = true;
+    EXPECT_FALSE(p.App.MidiFile.MIDIFileFormVisible);
+    EXPECT_THAT(p.Boxes.Shown(), IsEmpty());
+}
+
+TEST(MidiFileSwitch, UntickedWhileTheControlRegistersItStaysOff) {
+    SimulatedProgram p;
+    p.Disk.Put("/program/midifl32.ocx", "the control");
+    p.Time.At(50, [&] { p.App.Fields.UseMIDIFileCheck = false; });
+    p.App.Fields.UseMIDIFileCheck = true;
+    EXPECT_FALSE(p.App.MidiFile.MIDIFileFormVisible);
+    EXPECT_TRUE(p.App.Fields.UseMIDIInCheckEnabled);
+}
+
+TEST(MidiFileSwitch, ABrokenControlIsToldOf) {
+    SimulatedProgram p;
+    p.Disk.Put(ControlFile, "no library");
+    p.MidiFiles.LoadProblem = "It is no library.";
+    p.App.Fields.UseMIDIFileCheck = true;
+    ASSERT_EQ(p.Boxes.Shown().size(), 1U);
+    EXPECT_THAT(p.Boxes.Shown()[0].Text, HasSubstr("It is no library."));
+    EXPECT_FALSE(p.App.Fields.UseMIDIFileCheck);
+    EXPECT_FALSE(p.App.MidiFile.MIDIFileFormVisible);
+}
+
+TEST(MidiFileSwitch, AFileNamedFromOutsideSwitchesOnAndOpens) {
+    SimulatedProgram p;
+    ModuleMidiFileReader reader(QUAVIX_MIDI_FILE_MODULE);
+    p.MidiFiles.Real = &reader;
+    p.Disk.Put(ControlFile, "the control");
+    p.Disk.Put("song.mid", test::TwoNotes);
+    p.App.MidiFile.UseFile("song.mid");
+    EXPECT_TRUE(p.App.Fields.UseMIDIFileCheck);
+    EXPECT_EQ(p.App.MidiFile.txtFile.Get(), "song.mid");
+    EXPECT_FALSE(p.App.MidiFile.IsPlaying());
+}
+
+TEST(MidiFileSwitch, AFileNamedFromOutsideIsNotOpenedWhereTheModCanNotBeSwitchedOn) {
+    SimulatedProgram p;
+    p.Disk.Put("song.mid", test::TwoNotes);
+    p.App.MidiFile.UseFile("song.mid");
+    EXPECT_EQ(p.Boxes.Shown().size(), 1U);
+    EXPECT_EQ(p.App.MidiFile.txtFile.Get(), "");
+}
+
+}  // namespace
+}  // namespace quavix
