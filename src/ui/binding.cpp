@@ -14,7 +14,6 @@
 #include <QSlider>
 
 #include "ui/colours.h"
-#include "ui/mod_texts.h"
 
 namespace quavix {
 
@@ -134,11 +133,6 @@ void BindEnabled(QWidget* widget, const Watched<bool>& enabled) {
 
 void KeepWidthOf(QLabel* label, const QString& longest) {
     label->setMinimumWidth(label->fontMetrics().horizontalAdvance(longest));
-}
-
-void DisableUntilBuilt(QWidget* control) {
-    control->setEnabled(false);
-    control->setToolTip(control->toolTip() + "\n" + text::NotBuiltYet);
 }
 
 }  // namespace quavix

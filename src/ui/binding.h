@@ -76,7 +76,4 @@ void BindEnabled(QWidget* widget, const Watched<bool>& enabled);
 /// A label that shows a number keeps the width of its longest one, so that the slider beside it stays put.
 void KeepWidthOf(QLabel* label, const QString& longest);
 
-/// Greys a control out that this version of the program has nothing behind, and says so in its tooltip.
-void DisableUntilBuilt(QWidget* control);
-
 }  // namespace quavix

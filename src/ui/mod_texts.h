@@ -9,8 +9,6 @@ namespace quavix::text {
 struct Mod {
     Watched<bool> MainFields::*Value;
     Watched<bool> MainFields::*Enabled;
-    /// False where this version of the program has nothing behind the check box.
-    bool IsBuilt;
     /// The check box; the help button's name is the same with "HButton" in the place of "Check".
     const char* CheckName;
     const char* Caption;
@@ -22,7 +20,6 @@ struct Mod {
 inline constexpr Mod UseFMOD{
     &MainFields::UseFMODCheck,
     &MainFields::UseFMODCheckEnabled,
-    true,
     "UseFMODCheck",
     "Use FMOD",
     "Make the notes with the sound card instead of the internal PC speaker",
@@ -36,7 +33,6 @@ inline constexpr Mod UseFMOD{
 
 inline constexpr Mod UseVoice{&MainFields::UseVoiceCheck,
                               &MainFields::UseVoiceCheckEnabled,
-                              true,
                               "UseVoiceCheck",
                               "Use voice",
                               "Make a voice sing the 'Note 2' column",
@@ -47,7 +43,6 @@ inline constexpr Mod UseVoice{&MainFields::UseVoiceCheck,
 inline constexpr Mod UseMIDIOut{
     &MainFields::UseMIDIOutCheck,
     &MainFields::UseMIDIOutCheckEnabled,
-    true,
     "UseMIDIOutCheck",
     "Use MIDI output",
     "Send every note to a MIDI device too",
@@ -60,7 +55,6 @@ inline constexpr Mod UseMIDIOut{
 inline constexpr Mod UseMIDIIn{
     &MainFields::UseMIDIInCheck,
     &MainFields::UseMIDIInCheckEnabled,
-    true,
     "UseMIDIInCheck",
     "Use MIDI input",
     "Play the notes that come from a MIDI device",
@@ -78,7 +72,6 @@ inline constexpr Mod UseMIDIIn{
 inline constexpr Mod UseMIDIFile{
     &MainFields::UseMIDIFileCheck,
     &MainFields::UseMIDIFileCheckEnabled,
-    true,
     "UseMIDIFileCheck",
     "Play a MIDI file",
     "Play a MIDI file of your choosing",
@@ -97,7 +90,6 @@ inline constexpr Mod UseMIDIFile{
 inline constexpr Mod UsePorta{
     &MainFields::UsePortaCheck,
     &MainFields::UsePortaCheckEnabled,
-    true,
     "UsePortaCheck",
     "Tweeble portamento",
     "Make the PC speaker gradually fade from one note to the next (clicked keys only)",
@@ -109,7 +101,6 @@ inline constexpr Mod UsePorta{
 inline constexpr Mod UseMotor{
     &MainFields::UseMotorCheck,
     &MainFields::UseMotorCheckEnabled,
-    true,
     "UseMotorCheck",
     "Use motor-speed mod (via SSC-32 and SyRen10)",
     "Just in case you happen to have a spare microcontroller and motor speed controller lying around ;P",
@@ -122,7 +113,6 @@ inline constexpr Mod UseMotor{
 inline constexpr Mod UseBeat{
     &MainFields::UseBeatCheck,
     &MainFields::UseBeatCheckEnabled,
-    true,
     "UseBeatCheck",
     "Play a beat sound",
     "Make a beat-like sound on quarter-notes or half-notes",
@@ -134,7 +124,6 @@ inline constexpr Mod UseBeat{
 inline constexpr Mod UseCircuitBent{
     &MainFields::UseCircuitBentCheck,
     &MainFields::UseCircuitBentCheckEnabled,
-    true,
     "UseCircuitBentCheck",
     "Act as if circuit-bent",
     "Plays fast random notes all the time. Yeah, it's a waste.",
@@ -147,7 +136,6 @@ inline constexpr Mod UseCircuitBent{
 inline constexpr Mod UseSynchro{
     &MainFields::UseSynchroCheck,
     &MainFields::UseSynchroCheckEnabled,
-    true,
     "UseSynchroCheck",
     "Synchronized play",
     "Start playing at a certain time, together with other computers",
@@ -165,8 +153,5 @@ inline constexpr const char* MotorOctaveCaption = "Motor Octave";
 inline constexpr const char* MotorOctaveTip = "How many octaves lower than written the motor plays the music";
 inline constexpr const char* MotorPortCaption = "Serial port";
 inline constexpr const char* MotorPortTip = "The serial port that the motor's controller is connected to";
-
-/// A line of the tooltip of what can't be used yet.
-inline constexpr const char* NotBuiltYet = "(Not available in this version yet)";
 
 }  // namespace quavix::text

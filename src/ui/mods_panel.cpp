@@ -40,12 +40,8 @@ void ModsPanel::AddMod(const text::Mod& mod) {
     check->setObjectName(mod.CheckName);
     check->setAccessibleName(mod.Caption);
     check->setToolTip(mod.ToolTip);
-    if (mod.IsBuilt) {
-        BindCheck(check, parts_.Fields.*mod.Value, parts_.Handlers);
-        BindEnabled(check, parts_.Fields.*mod.Enabled);
-    } else {
-        DisableUntilBuilt(check);
-    }
+    BindCheck(check, parts_.Fields.*mod.Value, parts_.Handlers);
+    BindEnabled(check, parts_.Fields.*mod.Enabled);
     grid_->addWidget(check, row, 0);
 
     auto* help = new QToolButton(this);

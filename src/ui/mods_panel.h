@@ -10,8 +10,8 @@ class QGridLayout;
 
 namespace quavix {
 
-/// The check boxes of the mods, each with a button that explains it. What can't be used yet is disabled and
-/// says so; the explanations are there all the same.
+/// The check boxes of the mods, each with a button that explains it. What can't be used is disabled; the
+/// explanations are there all the same.
 class ModsPanel : public QGroupBox {
     Q_OBJECT
 

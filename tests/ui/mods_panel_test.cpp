@@ -6,15 +6,16 @@
 namespace quavix {
 namespace {
 
-TEST(ModsPanel, GreysOutWhatIsNotThereYetAndSaysSo) {
+TEST(ModsPanel, EachCheckBoxIsItsModsOwn) {
     test::UiProgram p;
     for (const text::Mod* mod : text::Mods) {
         const auto& check = p.Find<QCheckBox>(mod->CheckName);
-        if (mod->IsBuilt)
-            continue;
-        EXPECT_FALSE(check.isEnabled()) << mod->CheckName;
         EXPECT_EQ(check.text(), mod->Caption);
-        EXPECT_EQ(check.toolTip(), QString(mod->ToolTip) + "\n(Not available in this version yet)");
+        EXPECT_EQ(check.toolTip(), mod->ToolTip);
+        for (const bool enabled : {false, true}) {
+            p.App.Fields.*mod->Enabled = enabled;
+            EXPECT_EQ(check.isEnabled(), enabled) << mod->CheckName;
+        }
     }
 }
 
