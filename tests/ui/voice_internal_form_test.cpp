@@ -64,6 +64,14 @@ TEST(VoiceInternalForm, SlidersMoveTheVoiceAndTheNumbersBesideThem) {
               "0.0500 fmod FMOD_DSP_SetParameter(unit4, 0, 4200)\n");
 }
 
+TEST(VoiceInternalForm, NumbersAreReadOutWithTheirOwnUnits) {
+    VoiceProgram p;
+    p.Find<QSlider>("VoiceVolSlider").setValue(5000);
+    EXPECT_EQ(p.Find<QLabel>("lblVoiceVol").accessibleName(), "Volume of the voice: 50.0 %");
+    EXPECT_EQ(p.Find<QLabel>("lblFormantDSPFreq0").accessibleName(), "Frequency of formant 1: 1180 Hz");
+    EXPECT_EQ(p.Find<QLabel>("lblFormantDSPVol0").accessibleName(), "Volume of formant 1: 92");
+}
+
 TEST(VoiceInternalForm, VowelButtonsMoveTheSliders) {
     VoiceProgram p;
     const std::map<const char*, std::vector<int>> vowels = {

@@ -6,6 +6,7 @@
 
 #include <QApplication>
 #include <QMessageBox>
+#include <QTimer>
 
 namespace quavix {
 namespace {
@@ -126,11 +127,17 @@ BoxAnswer QtMessageBoxes::Show(const MessageBox& box) {
 void QtMessageBoxes::Tell(const MessageBox& box) {
     if (answerThemselves_)
         return;
-    auto* dialog = new QMessageBox(QApplication::activeWindow());
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
-    Fill(*dialog, box);
-    dialog->setModal(false);
-    dialog->show();
+    const auto show = [box] {
+        auto* dialog = new QMessageBox(QApplication::activeWindow());
+        dialog->setAttribute(Qt::WA_DeleteOnClose);
+        Fill(*dialog, box);
+        dialog->setModal(false);
+        dialog->show();
+    };
+    if (QApplication::activeWindow() != nullptr)
+        show();
+    else  // The window that is about to come up would cover it.
+        QTimer::singleShot(0, qApp, show);
 }
 
 }  // namespace quavix

@@ -43,14 +43,37 @@ TEST(QtMessageBoxes, ShowsPlainTextWithItsTitleAndIcon) {
     EXPECT_EQ(icon, QMessageBox::Warning);
 }
 
+/// The message of this title; null where there is none.
+QPointer<QMessageBox> Told(const QString& title) {
+    for (QWidget* widget : QApplication::topLevelWidgets()) {
+        if (widget->windowTitle() == title)
+            return qobject_cast<QMessageBox*>(widget);
+    }
+    return nullptr;
+}
+
+TEST(QtMessageBoxes, WhatIsToldBeforeThereIsAWindowWaitsForIt) {
+    QtMessageBoxes boxes;
+    boxes.Tell({.Title = "Early", .Text = "1"});
+    EXPECT_FALSE(Told("Early")) << "the window would cover it";
+    QWidget window;
+    window.show();
+    QCoreApplication::processEvents();
+    const QPointer<QMessageBox> told = Told("Early");
+    ASSERT_TRUE(told);
+    EXPECT_TRUE(told->isVisible());
+    PressEnter(*told);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
 TEST(QtMessageBoxes, WhatIsOnlyToldHoldsNothingUp) {
+    QWidget window;
+    window.show();
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     QtMessageBoxes boxes;
     boxes.Tell({.Title = "Told", .Text = "1\r\n2", .Icon = BoxIcon::Warning});
-    QPointer<QMessageBox> told;
-    for (QWidget* widget : QApplication::topLevelWidgets()) {
-        if (widget->windowTitle() == "Told")
-            told = qobject_cast<QMessageBox*>(widget);
-    }
+    const QPointer<QMessageBox> told = Told("Told");
     ASSERT_TRUE(told);
     EXPECT_TRUE(told->isVisible());
     EXPECT_FALSE(told->isModal());
