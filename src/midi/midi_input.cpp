@@ -125,6 +125,7 @@ void MidiInput::CloseInputDevice() {
 
 std::vector<std::string> MidiInput::DeviceNames(std::int32_t count) {
     std::vector<std::string> names;
+    names.reserve(static_cast<std::size_t>(count));
     for (std::int32_t device = 0; device < count; ++device)
         names.push_back(p_.Device.DeviceName(device));
     return names;

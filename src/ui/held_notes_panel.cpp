@@ -33,6 +33,8 @@ QLabel* MakeLabel(const QString& name, QWidget* parent) {
     auto* label = new QLabel(parent);
     label->setObjectName(name);
     label->setAlignment(Qt::AlignCenter);
+    constexpr int Margin = 2;
+    label->setMargin(Margin);
     QSizePolicy policy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     policy.setRetainSizeWhenHidden(true);
     label->setSizePolicy(policy);

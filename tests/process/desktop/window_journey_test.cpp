@@ -1,29 +1,19 @@
 // SPDX-License-Identifier: MIT
 // From the first key to what the next start of the program sounds like, in programs that really run.
 #include <algorithm>
-#include <cmath>
 #include <set>
 #include <string>
 
 #include <QDir>
 #include <gtest/gtest.h>
 
+#include "heard_sound.h"
 #include "quavix_window.h"
 #include "support/measure.h"
 #include "support/wav_reader.h"
 
 namespace quavix::test {
 namespace {
-
-std::string NoteName(double frequencyHz) {
-    static constexpr std::array<const char*, 12> Names = {"C",  "C#", "D",  "D#", "E",  "F",
-                                                          "F#", "G",  "G#", "A",  "A#", "B"};
-    constexpr double A4Hz = 440;
-    constexpr int A4 = 57;
-    constexpr int Notes = 12;
-    const int note = A4 + static_cast<int>(std::lround(Notes * std::log2(frequencyHz / A4Hz)));
-    return Names[static_cast<std::size_t>(note % Notes)] + std::to_string(note / Notes);
-}
 
 /// What is heard of a line: the notes of one or several tones, and the length of each tone.
 struct HeardLine {
