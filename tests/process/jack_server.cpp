@@ -18,7 +18,6 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/linux/file_descriptor.h"
 #include "platform/linux/speaker/tone_clock.h"
 
 namespace quavix {
@@ -37,9 +36,9 @@ jack_client_t* OpenClient() {
 // starts: so there are few names, and each has one user at a time.
 JackServer::JackServer() {
     constexpr int MostServers = 6;
-    for (int number = 1; !lock_ && number <= MostServers; ++number) {
+    for (int number = 1; !lock_.IsOpen() && number <= MostServers; ++number) {
         name_ = "quavix-test-" + std::to_string(number);
-        lock_ = UniqueFd(
+        lock_ = FileDescriptor(
             open(("/tmp/" + name_ + ".lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR));
         if (flock(lock_.Get(), LOCK_EX | LOCK_NB) != 0)
             lock_.Close();

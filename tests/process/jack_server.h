@@ -11,7 +11,7 @@
 
 #include <jack/jack.h>
 
-#include "platform/linux/speaker/unique_fd.h"
+#include "platform/linux/file_descriptor.h"
 
 namespace quavix {
 
@@ -34,7 +34,7 @@ class JackServer {
     void End(int signal);
 
     std::string name_;
-    UniqueFd lock_;
+    FileDescriptor lock_;
     pid_t process_ = -1;
 };
 
