@@ -149,7 +149,7 @@ std::int32_t MidiIo::OpenInput(std::int32_t device) {
     if (!HasNumber(input_, device))
         return QuavixMidiIoBadArgument;
     const std::string name = input_.Names[static_cast<std::size_t>(device)];
-    CloseInput();
+    CloseInputDevice();
     return Open(&Devices::Input, input_, name);
 }
 
@@ -157,9 +157,15 @@ void MidiIo::CloseOutput() {
     if (devices_)
         devices_->Output.Close();
     output_.Gone = false;
+    LeaveIfUnused();
 }
 
 void MidiIo::CloseInput() {
+    CloseInputDevice();
+    LeaveIfUnused();
+}
+
+void MidiIo::CloseInputDevice() {
     if (devices_)
         devices_->Input.Close();
     input_.Gone = false;
@@ -168,6 +174,11 @@ void MidiIo::CloseInput() {
     }
     queue_.TakeLost();
     isAwake_ = false;
+}
+
+void MidiIo::LeaveIfUnused() {
+    if (devices_ && !devices_->Output.IsOpen() && !devices_->Input.IsOpen())
+        Disconnect();
 }
 
 std::int32_t MidiIo::Send(const QuavixMidiIoMessage& message) {

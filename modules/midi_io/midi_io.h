@@ -57,6 +57,10 @@ class MidiIo {
 
     bool Connect();
     void Disconnect();
+    void CloseInputDevice();
+    /// A system is left when nothing is open: a process that ends while it is in one may hold up all others
+    /// there, as a JACK server waits for its clients in each cycle.
+    void LeaveIfUnused();
     bool HasNumber(const Direction& direction, std::int32_t device);
     void PrepareInput(RtMidiIn& input);
     void Wake();

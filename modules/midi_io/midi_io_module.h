@@ -83,7 +83,7 @@ QUAVIX_MIDI_IO_EXPORT int32_t QuavixMidiIoCreate(const char* system, void (*wake
 /** Closes what is open and frees `io` (null is none). `wake` is not called afterwards. */
 QUAVIX_MIDI_IO_EXPORT void QuavixMidiIoDestroy(QuavixMidiIo* io);
 
-/** "ALSA sequencer" or "JACK"; empty where none was found. */
+/** "ALSA sequencer" or "JACK"; empty where none was found or is in use. */
 QUAVIX_MIDI_IO_EXPORT int32_t QuavixMidiIoSystemName(QuavixMidiIo* io, char* name, size_t size);
 
 /** Why the last call that failed has failed, as a sentence; empty where there is no more to say. */
@@ -104,7 +104,11 @@ QUAVIX_MIDI_IO_EXPORT int32_t QuavixMidiIoInputName(QuavixMidiIo* io, int32_t de
 QUAVIX_MIDI_IO_EXPORT int32_t QuavixMidiIoOpenOutput(QuavixMidiIo* io, int32_t device);
 QUAVIX_MIDI_IO_EXPORT int32_t QuavixMidiIoOpenInput(QuavixMidiIo* io, int32_t device);
 
-/** Closes the device after what was sent has gone out; arrived messages are dropped. Closed already is fine.
+/**
+ * Closes the device after what was sent has gone out; arrived messages are dropped. Closed already is fine.
+ * When neither direction is open any more, the MIDI system is left until the next search or opening. A
+ * program should close both before it ends: a JACK server may wait for one that vanishes, and all others with
+ * it.
  */
 QUAVIX_MIDI_IO_EXPORT int32_t QuavixMidiIoCloseOutput(QuavixMidiIo* io);
 QUAVIX_MIDI_IO_EXPORT int32_t QuavixMidiIoCloseInput(QuavixMidiIo* io);

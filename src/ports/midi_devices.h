@@ -35,8 +35,8 @@ class MidiPort {
     /// impossible. Without it there are no devices.
     virtual std::string Prepare() = 0;
 
-    /// The MIDI system in use, e.g. "JACK"; empty before the first search for devices, and where there is
-    /// none.
+    /// The MIDI system in use, e.g. "JACK"; empty before the first search for devices, when both directions
+    /// have been closed, and where there is none.
     virtual std::string SystemName() = 0;
 
     /// Searches for devices anew and numbers them from 0. None where there is no MIDI system, which Problem()
@@ -50,7 +50,8 @@ class MidiPort {
     /// tells.
     virtual bool Open(std::int32_t device) = 0;
 
-    /// Closes the device when all that was sent has gone out. Closed already is fine.
+    /// Closes the device when all that was sent has gone out. Closed already is fine. To be called before the
+    /// program ends also where only a search was made: it is what leaves the MIDI system.
     virtual void Close() = 0;
 
     virtual MidiDeviceState State() = 0;

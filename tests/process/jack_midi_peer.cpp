@@ -49,7 +49,7 @@ std::vector<JackMidiPeer::Event> JackMidiPeer::Received(std::size_t count) {
     return received_;
 }
 
-std::vector<jack_nframes_t> JackMidiPeer::Times() {
+std::vector<jack_time_t> JackMidiPeer::Times() {
     const std::lock_guard lock(mutex_);
     return times_;
 }
@@ -79,7 +79,7 @@ void JackMidiPeer::Receive(jack_nframes_t frames) {
         if (jack_midi_event_get(&event, buffer, i) != 0)
             continue;
         received_.emplace_back(event.buffer, event.buffer + event.size);
-        times_.push_back(jack_last_frame_time(client_) + event.time);
+        times_.push_back(jack_get_time());
     }
     if (count > 0)
         arrived_.notify_all();

@@ -28,8 +28,9 @@ class JackMidiPeer {
     /// Waits until `count` events have come in, and gives all of them. Fewer: they never did.
     std::vector<Event> Received(std::size_t count);
 
-    /// The times of what has come in so far, in frames of the server.
-    std::vector<jack_nframes_t> Times();
+    /// When each of what has come in so far did, in microseconds. A starved server's frames take longer than
+    /// they should, so that its own time is none.
+    std::vector<jack_time_t> Times();
 
     /// Sends events, all in one cycle where they have room.
     void Send(std::vector<Event> events);
@@ -45,7 +46,7 @@ class JackMidiPeer {
     std::mutex mutex_;
     std::condition_variable arrived_;
     std::vector<Event> received_;
-    std::vector<jack_nframes_t> times_;
+    std::vector<jack_time_t> times_;
     std::deque<Event> toSend_;
     bool isConnected_ = false;
 };

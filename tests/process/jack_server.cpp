@@ -9,14 +9,15 @@
 #include <ctime>
 #include <fcntl.h>
 #include <poll.h>
+#include <sys/file.h>
 #include <sys/prctl.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 #include <utility>
 
 #include <gtest/gtest.h>
 
-#include "platform/linux/file_descriptor.h"
 #include "platform/linux/speaker/tone_clock.h"
 
 namespace quavix {
@@ -31,7 +32,17 @@ jack_client_t* OpenClient() {
 
 }  // namespace
 
-JackServer::JackServer() : name_("quavix-test-" + std::to_string(getpid())) {
+// JACK knows of so many servers at most, and forgets one that was killed only when another of its name
+// starts: so there are few names, and each has one user at a time.
+JackServer::JackServer() {
+    constexpr int MostServers = 6;
+    for (int number = 1; !lock_.IsOpen() && number <= MostServers; ++number) {
+        name_ = "quavix-test-" + std::to_string(number);
+        lock_ = FileDescriptor(
+            open(("/tmp/" + name_ + ".lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR));
+        if (flock(lock_.Get(), LOCK_EX | LOCK_NB) != 0)
+            lock_.Close();
+    }
     setenv("JACK_DEFAULT_SERVER", name_.c_str(), 1);
     setenv("JACK_NO_START_SERVER", "1", 1);
     jack_set_error_function([](const char*) {});

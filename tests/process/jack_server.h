@@ -11,6 +11,8 @@
 
 #include <jack/jack.h>
 
+#include "platform/linux/file_descriptor.h"
+
 namespace quavix {
 
 /// A JACK server of the test's own, on its dummy driver; JACK clients of this process find it and no other.
@@ -32,6 +34,7 @@ class JackServer {
     void End(int signal);
 
     std::string name_;
+    FileDescriptor lock_;
     pid_t process_ = -1;
 };
 

@@ -16,8 +16,8 @@ namespace {
 // nobody's child. The file is read when the first has begun, whatever becomes of its name.
 constexpr const char* Script =
     "erase() { rm -f -- \"$1\"; }; "
-    "exec 3<\"$0\" || exit 1; "
-    "{ . /dev/fd/3; } </dev/null >/dev/null 2>&1 &";
+    "exec </dev/null >/dev/null 2>&1 3<\"$0\" || exit 1; "
+    "{ . /dev/fd/3; } &";
 
 }  // namespace
 

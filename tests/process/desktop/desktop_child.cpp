@@ -2,8 +2,14 @@
 // The desktop program without its windows, for tests to watch and to kill; its speaker plays on an event
 // device that is open as descriptor 3.
 //   motor PORT              plays one long note on the motor, tied to what follows
+//   midi FOLDER DEVICE INSTRUMENT SONG
+//                           plays a song's MIDI notes once on the JACK device of that name; the controls are
+//                           installed from FOLDER to FOLDER/windows
+//   install FOLDER          only installs them so; ends with 0 where they are in place
+//   --register CONTROL      what the installation starts
 //   synchro HOUR MIN SEC    waits for that time of day, then plays one line; writes the wall clock's
 //                           nanoseconds at which its speaker was told to sound to standard output
+#include <algorithm>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -17,11 +23,15 @@
 #include "platform/linux/immediate_end.h"
 #include "platform/linux/notnormal_fmodex.h"
 #include "platform/linux/posix_files.h"
+#include "platform/linux/register_control.h"
+#include "platform/linux/shell_batch_files.h"
 #include "platform/linux/speaker/event_speaker.h"
 #include "platform/linux/system_clock.h"
 #include "platform/linux/termination_signals.h"
+#include "platform/modules/module_midi_devices.h"
 #include "platform/qt/qt_application.h"
 #include "platform/qt/qt_event_pump.h"
+#include "platform/qt/qt_handle_watch.h"
 #include "platform/qt/qt_serial_port.h"
 #include "platform/qt/qt_timers.h"
 #include "shell/seeded_random_numbers.h"
@@ -56,6 +66,12 @@ int main(int argc, char** argv) {
     const std::vector<std::string> arguments(argv + 1, argv + argc);
     if (arguments.empty())
         return 2;
+    if (arguments[0] == "--register" && arguments.size() == 2) {
+        std::string problem;
+        return RegisterControl(arguments[1], problem) ? 0 : 1;
+    }
+    const bool withMidi = arguments[0] == "midi" || arguments[0] == "install";
+    const std::string folder = withMidi && arguments.size() > 1 ? arguments[1] : "";
     constexpr int DeviceFd = 3;
     TerminationSignals signals;
     EventSpeaker device{FileDescriptor(DeviceFd), FileDescriptor(), ToneClock()};
@@ -72,10 +88,13 @@ int main(int argc, char** argv) {
     SimulatedFilePicker picker(noTime, timeline);
     SimulatedClipboard clipboard(noTime, timeline);
     RecordedLoadingView loading(noTime, timeline);
-    QtSerialPort serialPort(arguments.size() > 1 ? arguments[1] : "");
+    QtSerialPort serialPort(arguments.size() > 1 && !withMidi ? arguments[1] : "");
     SeededRandomNumbers random(1);
     NOTNORMALfmodex library;
     AbsentMidi absent;
+    QtHandleWatch handleWatch;
+    ModuleMidiDevices midi(folder + "/windows/system32/midiio32.ocx", handleWatch, "jack");
+    ShellBatchFiles batches;
     Program app({
         .Time = clock,
         .Pump = pump,
@@ -88,18 +107,19 @@ int main(int argc, char** argv) {
         .PcSpeaker = speaker,
         .Comm = serialPort,
         .Sound = library,
-        .MidiOutDevices = absent.Out,
-        .MidiInDevices = absent.In,
+        .MidiOutDevices = midi.Out(),
+        .MidiInDevices = midi.In(),
         .MidiFiles = absent.Reader,
-        .Batches = absent.Batches,
+        .Batches = batches,
         .Loading = loading,
-        .ProgramFolder = {},
-        .WinFolder = {},
+        .ProgramFolder = folder,
+        .WinFolder = folder + "/windows",
         .LogFile = {},
         .ToneCodeFile = {},
     });
     Shutdown shutdown(app.Fields, app.Log, processEnd);
     shutdown.OnShutDown([&] { app.Motor.Stop(); });
+    shutdown.OnShutDown([&] { app.ReleaseMidi(); });
     application.WhenReadable(signals.Descriptor(), [&] { shutdown.CloseProgram(); });
     app.Fields.TickFreq = ReadTickFreq(clock, app.Log);
     if (arguments[0] == "motor") {
@@ -108,6 +128,21 @@ int main(int argc, char** argv) {
         app.Fields.UseMotorCheck = true;
         std::string note = "C4";
         app.Tones.UniBeep(note, LongMs);
+    } else if (arguments[0] == "install") {
+        return app.Controls.CopyFileToSystem32(ControlInstaller::MidiDevicesControl) ? 0 : 1;
+    } else if (arguments[0] == "midi" && arguments.size() == 5) {
+        app.Fields.MutePCSpeaker = true;
+        app.Fields.UseMIDIOutCheck = true;
+        const std::vector<std::string> names = app.MidiOut.Fields.MIDIOutDevices;
+        const auto chosen = std::find(names.begin(), names.end(), arguments[2]);
+        if (chosen == names.end())
+            return 1;
+        app.MidiOut.cmbMIDIOutDevice_Click(static_cast<std::int32_t>(chosen - names.begin()));
+        app.MidiOut.cmbInstrument_Click(std::stoi(arguments[3]));
+        app.Reader.ActuallyLoadMusic(arguments[4]);
+        app.Playback.OnRangeEnd = [&] { app.Playback.StopPlayButton_Click(); };
+        app.Playback.PlayAllButton_Click();
+        shutdown.CloseProgram();
     } else if (arguments[0] == "synchro" && arguments.size() == 4) {
         app.List.Append("1/16", "A4", "", "");
         app.Synchro.txtHour.Text = arguments[1];

@@ -10,8 +10,8 @@
 #include <gtest/gtest.h>
 
 #include "heard_sound.h"
-#include "jack_midi_peer.h"
-#include "jack_server.h"
+#include "process/jack_midi_peer.h"
+#include "process/jack_server.h"
 #include "quavix_window.h"
 #include "support/measure.h"
 #include "support/wav_reader.h"
