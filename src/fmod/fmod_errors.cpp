@@ -109,7 +109,7 @@ bool FmodErrors::ERRCHECK(SoundLibrary::Result result) {
     log_.Text("ERRCHECK() found FMOD error {} ({})", result, text);
     const std::string message = fmt::format("FMOD error! ({}) {}", result, text);
     if (!isGathering_)
-        boxes_.Show({.Title = program::Title, .Text = message});
+        boxes_.Tell({.Title = program::Title, .Text = message});
     else if (together_.find(message) == std::string::npos)
         together_ += (together_.empty() ? "" : "\n") + message;
     return false;

@@ -23,13 +23,12 @@ class FmodErrors {
 
     FmodErrors(MessageBoxes& boxes, DebugLog& log) : boxes_(boxes), log_(log) {}
 
-    /// Every result of the library passes through here: one other than 0 is logged and shown. Returns whether
-    /// it was 0.
+    /// Every result of the library passes through here: one other than 0 is logged and shown, in a message
+    /// that holds nothing up, as it comes with every tone of the music. Returns whether it was 0.
     bool ERRCHECK(SoundLibrary::Result result);
 
     /// Runs `body`, and then shows everything that ERRCHECK() was to show meanwhile in one message, each
-    /// failure once, which holds nothing up: on a machine without sound each step of a start fails after the
-    /// first.
+    /// failure once: on a machine without sound each step of a start fails after the first.
     void ShowTogether(const std::function<void()>& body);
 
     /// Shows a message where the library's version is not the required one, be it older or newer. `word` is

@@ -62,6 +62,24 @@ TEST(FmodErrors, AnErrorIsLoggedAndShownInAPlainBox) {
     EXPECT_EQ(p.Boxes.Shown()[1].Text, "FMOD error! (-5) Unknown error.");
 }
 
+/// Nobody is there to answer.
+struct OnlyTold : MessageBoxes {
+    BoxAnswer Show(const MessageBox& box) override {
+        ADD_FAILURE() << box.Text;
+        return BoxAnswer::Ok;
+    }
+    void Tell(const MessageBox&) override { ++Told; }
+    int Told = 0;
+};
+
+TEST(FmodErrors, AnErrorHoldsNothingUp) {
+    test::SimulatedProgram p;
+    OnlyTold boxes;
+    FmodErrors errors(boxes, p.App.Log);
+    EXPECT_FALSE(errors.ERRCHECK(36));
+    EXPECT_EQ(boxes.Told, 1);
+}
+
 TEST(FmodErrors, ShownTogetherEachFailureStandsOnceAndAllOfThemInTheLog) {
     test::SimulatedProgram p;
     p.App.Log.Enable();

@@ -2,6 +2,7 @@
 #include "platform/qt/qt_message_boxes.h"
 
 #include <algorithm>
+#include <memory>
 #include <string_view>
 
 #include <QApplication>
@@ -114,6 +115,16 @@ void Fill(QMessageBox& dialog, const MessageBox& box) {
     dialog.setEscapeButton(choice.Escape);
 }
 
+/// Whether such a message is there that waits for nobody.
+bool StandsOpen(const QMessageBox& like) {
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    return std::any_of(windows.begin(), windows.end(), [&](const QWidget* window) {
+        const auto* box = qobject_cast<const QMessageBox*>(window);
+        return box != nullptr && box->isVisible() && !box->isModal() &&
+               box->windowTitle() == like.windowTitle() && box->text() == like.text();
+    });
+}
+
 }  // namespace
 
 BoxAnswer QtMessageBoxes::Show(const MessageBox& box) {
@@ -128,11 +139,17 @@ void QtMessageBoxes::Tell(const MessageBox& box) {
     if (answerThemselves_)
         return;
     const auto show = [box] {
-        auto* dialog = new QMessageBox(QApplication::activeWindow());
-        dialog->setAttribute(Qt::WA_DeleteOnClose);
+        QWidget* owner = QApplication::activeWindow();
+        // What is told goes away by itself, and would take this along.
+        while (qobject_cast<QMessageBox*>(owner) != nullptr)
+            owner = owner->parentWidget();
+        auto dialog = std::make_unique<QMessageBox>(owner);
         Fill(*dialog, box);
+        if (StandsOpen(*dialog))
+            return;
+        dialog->setAttribute(Qt::WA_DeleteOnClose);
         dialog->setModal(false);
-        dialog->show();
+        dialog.release()->show();
     };
     if (QApplication::activeWindow() != nullptr)
         show();

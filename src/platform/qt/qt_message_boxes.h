@@ -5,7 +5,8 @@
 
 namespace quavix {
 
-/// Message boxes as Qt dialogs over whatever window is active.
+/// Message boxes as Qt dialogs over whatever window is active. What is told is not told again while it still
+/// stands there.
 class QtMessageBoxes : public MessageBoxes {
   public:
     BoxAnswer Show(const MessageBox& box) override;

@@ -83,6 +83,32 @@ TEST(QtMessageBoxes, WhatIsOnlyToldHoldsNothingUp) {
     EXPECT_FALSE(told);
 }
 
+TEST(QtMessageBoxes, WhatIsToldAgainIsShownOnceUntilItIsClosed) {
+    QWidget window;
+    window.show();
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    QtMessageBoxes boxes;
+    const auto shown = [] {
+        const QWidgetList all = QApplication::topLevelWidgets();
+        return std::count_if(all.begin(), all.end(),
+                             [](const QWidget* widget) { return widget->windowTitle() == "Again"; });
+    };
+    boxes.Tell({.Title = "Again", .Text = "1"});
+    boxes.Tell({.Title = "Again", .Text = "1"});
+    EXPECT_EQ(shown(), 1);
+    boxes.Tell({.Title = "Again", .Text = "2"});
+    EXPECT_EQ(shown(), 2);
+    while (const QPointer<QMessageBox> told = Told("Again")) {
+        PressEnter(*told);
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+    boxes.Tell({.Title = "Again", .Text = "1"});
+    EXPECT_EQ(shown(), 1);
+    PressEnter(*Told("Again"));
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
 TEST(QtMessageBoxes, TextOfAnyLengthFitsOnTheScreen) {
     const std::string endless(1'000'000, 'x');
     std::string manyLines;
