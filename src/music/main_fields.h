@@ -53,6 +53,8 @@ struct MainFields {
     Watched<bool> MusicIsPlaying;
     /// The synchronized start waits for its time, or plays what it has started.
     Watched<bool> StartIsAwaited;
+    /// That wait was asked for in the middle of a tone, and begins at its end.
+    bool StartIsHeldUp = false;
     bool ShuttingDown = false;
     /// Octaves between the played notes and the motor's range.
     Watched<std::int32_t> MotorOct{parameter::MotorOct.Default};

@@ -94,16 +94,17 @@ void SynchroPlay::StartWaiting() {
     }
     // This click came in the middle of a tone, whose end would have to wait until after the music: a motor or
     // a MIDI note would go on and on.
+    p_.Fields.StartIsHeldUp = true;
     startTimer_ = p_.Ticks.Start(SliceMs, [this] {
         if (p_.IsSounding() || p_.Fields.MusicIsPlaying)
             return;
-        p_.Ticks.Stop(std::exchange(startTimer_, 0));
+        EndHoldUp();
         p_.Handlers.Run("btnWait_Click", [this] { WaitAndPlay(); });
     });
 }
 
 void SynchroPlay::StopWaiting() {
-    p_.Ticks.Stop(std::exchange(startTimer_, 0));
+    EndHoldUp();
     p_.Fields.StartIsAwaited = false;
     shouldBeNotWaiting_ = true;
     ++waitNumber_;
@@ -112,6 +113,11 @@ void SynchroPlay::StopWaiting() {
     btnWaitCaption = "Start waiting";
     TimeBoxesEnabled = true;
     EnableWaitButton();
+}
+
+void SynchroPlay::EndHoldUp() {
+    p_.Ticks.Stop(std::exchange(startTimer_, 0));
+    p_.Fields.StartIsHeldUp = false;
 }
 
 void SynchroPlay::WaitAndPlay() {

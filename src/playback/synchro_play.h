@@ -75,6 +75,7 @@ class SynchroPlay : public SynchronizedStart {
     void ShowCurrentTime();
     void StartWaiting();
     void StopWaiting();
+    void EndHoldUp();
     void WaitAndPlay();
     bool WaitForTime(std::int32_t key);
     void Play();
