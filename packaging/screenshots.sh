@@ -25,9 +25,14 @@ display_pid=$!
 DISPLAY=:$(cat "$work/display")
 export DISPLAY
 
-QUAVIX_SPEAKER=silent build/release/bin/quavix examples/Minuet-in-G.QVX &
+# With a folder of its own, so that nobody's unsaved songs are told of.
+XDG_STATE_HOME="$work" QUAVIX_SPEAKER=silent build/release/bin/quavix examples/Minuet-in-G.QVX &
 program_pid=$!
-window=$(xdotool search --sync --onlyvisible --name '^Quavix' | tail -n 1)
+window=$(xdotool search --sync --onlyvisible --name 'Minuet-in-G.QVX$' | tail -n 1)
+# A machine without a sound card says so.
+for box in $(xdotool search --onlyvisible --name '^Quavix$'); do
+    xdotool windowfocus --sync "$box" key --delay 200 Return
+done
 # "Play all", so that a line is being played.
 xdotool windowfocus --sync "$window" key --delay 200 alt+a
 sleep 2

@@ -42,7 +42,7 @@ std::array<char, WavHeaderSize> WavHeader(std::int64_t sampleRate, std::int64_t 
     header.Number(sampleRate, 4);
     header.Number(sampleRate * frameBytes, 4);
     header.Number(frameBytes, 2);
-    header.Number(WavBytesPerSample * 8, 2);
+    header.Number(std::int64_t{WavBytesPerSample} * 8, 2);
     header.Text("data");
     header.Number(frames ? dataBytes : WavUnknownSize, 4);
     return header.Bytes;
