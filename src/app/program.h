@@ -170,6 +170,9 @@ class Program {
     SongChanges Changes;
     SongDocument Document;
 
+    /// A tone sounds, or held notes do in turn, so that nothing may hold the program up.
+    bool IsSounding() const { return Tones.IsSounding() || MidiIn.HoldsNotes() || MidiFile.IsPlaying(); }
+
     /// Closes the MIDI devices that are open, for the program's end.
     void ReleaseMidi() {
         if (Fields.MIDIOutIsOpen)

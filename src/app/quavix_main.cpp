@@ -110,7 +110,7 @@ int main(int argc, char** argv) {
         .ToneCodeFile = FileInFolder(folder, "tonecode.txt"),
     });
     Recovery recovery({app.Fields, app.List, app.Changes, app.Document, files, timers, clock, boxes,
-                       app.Handlers, app.Log, [&] { return app.Tones.IsSounding(); },
+                       app.Handlers, app.Log, [&] { return app.IsSounding(); },
                        StateFolderFromEnvironment()});
     Shutdown shutdown(app.Fields, app.Log, processEnd);
     shutdown.BeforeShutDown([&] { app.Fmod.Singer.VoiceDoShutDownStuff(); });

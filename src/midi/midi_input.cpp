@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "midi/midi_input.h"
 
-#include <algorithm>
-
 #include <fmt/format.h>
+
+#include "midi/device_names.h"
 
 namespace quavix {
 
@@ -62,7 +62,7 @@ void MidiInput::SetUpComboBox() {
     } else {
         // There is no device -1 here, whatever the text says.
         p_.Log.Text("Scanning input devices - -1 to {}", count - 1);
-        const std::vector<std::string> names = DeviceNames(count);
+        const std::vector<std::string> names = DeviceNames(p_.Device, 0, count);
         for (std::size_t device = 0; device < names.size(); ++device)
             p_.Log.Text("DEVICEID:{}, PRODUCTNAME:{}", device, names[device]);
         MIDIInDevices = names;
@@ -123,14 +123,6 @@ void MidiInput::CloseInputDevice() {
     lblInfoText = "";
 }
 
-std::vector<std::string> MidiInput::DeviceNames(std::int32_t count) {
-    std::vector<std::string> names;
-    names.reserve(static_cast<std::size_t>(count));
-    for (std::int32_t device = 0; device < count; ++device)
-        names.push_back(p_.Device.DeviceName(device));
-    return names;
-}
-
 std::string MidiInput::ChosenName() const {
     const std::vector<std::string>& names = MIDIInDevices;
     const auto entry = static_cast<std::size_t>(cmbMIDIInDevice.Get());
@@ -138,15 +130,11 @@ std::string MidiInput::ChosenName() const {
 }
 
 void MidiInput::FindDevices() {
-    const std::string chosen = ChosenName();
-    const std::vector<std::string> names = DeviceNames(p_.Device.DeviceCount());
-    MIDIInDevices = names;
-    // Of devices with one name, the one in the same place.
-    const auto place = static_cast<std::size_t>(cmbMIDIInDevice.Get());
-    if (place < names.size() && names[place] == chosen)
-        return;
-    const auto found = std::find(names.begin(), names.end(), chosen);
-    cmbMIDIInDevice = found == names.end() ? -1 : static_cast<std::int32_t>(found - names.begin());
+    const std::int32_t count = p_.Device.DeviceCount();
+    const std::vector<std::string> before = MIDIInDevices;
+    const std::int32_t chosen = cmbMIDIInDevice;
+    MIDIInDevices = DeviceNames(p_.Device, 0, count);
+    cmbMIDIInDevice = PlaceOfDevice(before, chosen, MIDIInDevices);
 }
 
 void MidiInput::cmbMIDIInDevice_Click(std::int32_t entry) {

@@ -73,7 +73,6 @@ class MidiInput : public UsingForm {
     void Form_Load();
     void TellNoDevice();
     void DeviceIsGone();
-    std::vector<std::string> DeviceNames(std::int32_t count);
     std::string ChosenName() const;
 
     MidiInputParts p_;

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "midi/midi_output.h"
 
-#include <algorithm>
-
+#include "midi/device_names.h"
 #include "midi/midi_notes.h"
 
 namespace quavix {
@@ -90,7 +89,7 @@ void MidiOutput::SetUpComboBox() {
         p_.Log.LogText("No MIDI output devices - exiting sub");
     } else {
         p_.Log.Text("Scanning output devices - -1 to {}", count - 1);
-        const std::vector<std::string> names = DeviceNames(count);
+        const std::vector<std::string> names = DeviceNames(p_.Device, MidiOutPort::VirtualDevice, count);
         for (std::size_t entry = 0; entry < names.size(); ++entry)
             p_.Log.Text("DEVICEID:{}, PRODUCTNAME:{}",
                         static_cast<std::int32_t>(entry) + MidiOutPort::VirtualDevice, names[entry]);
@@ -100,14 +99,6 @@ void MidiOutput::SetUpComboBox() {
     }
     Fields.lblInfoText = StatusText();
     p_.Log.LogIndentDec("MIDIOutForm.SetUpComboBox() - END");
-}
-
-/// By entry of the list, where there is any device.
-std::vector<std::string> MidiOutput::DeviceNames(std::int32_t count) {
-    std::vector<std::string> names;
-    for (std::int32_t device = MidiOutPort::VirtualDevice; count > 0 && device < count; ++device)
-        names.push_back(p_.Device.DeviceName(device));
-    return names;
 }
 
 void MidiOutput::OpenOutputDevice() {
@@ -155,18 +146,11 @@ void MidiOutput::CloseOutputDevice() {
 }
 
 void MidiOutput::FindDevices() {
-    const std::int32_t entry = Fields.cmbMIDIOutDevice;
+    const std::int32_t count = p_.Device.DeviceCount();
     const std::vector<std::string> before = Fields.MIDIOutDevices;
-    const std::vector<std::string> now = DeviceNames(p_.Device.DeviceCount());
-    Fields.MIDIOutDevices = now;
-    if (entry < 0)
-        return;
-    const auto place = static_cast<std::size_t>(entry);
-    // Of devices with one name, the one in the same place.
-    if (place < now.size() && now[place] == before[place])
-        return;
-    const auto found = std::find(now.begin(), now.end(), before[place]);
-    Fields.cmbMIDIOutDevice = found == now.end() ? -1 : static_cast<std::int32_t>(found - now.begin());
+    const std::int32_t chosen = Fields.cmbMIDIOutDevice;
+    Fields.MIDIOutDevices = DeviceNames(p_.Device, MidiOutPort::VirtualDevice, count);
+    Fields.cmbMIDIOutDevice = PlaceOfDevice(before, chosen, Fields.MIDIOutDevices);
 }
 
 void MidiOutput::cmbMIDIOutDevice_Click(std::int32_t entry) {

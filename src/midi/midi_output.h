@@ -83,7 +83,6 @@ class MidiOutput : public MidiNotes {
   private:
     void UseMIDIOutCheck_Click(bool ticked);
     void Form_Load();
-    std::vector<std::string> DeviceNames(std::int32_t count);
     void SendInstrument();
     bool SilenceChannel(std::int32_t channel, std::int32_t silencing);
     void EndSoundingNotes();

@@ -15,6 +15,14 @@ UsingForm::UsingForm(EventBoundary& handlers) {
         [this, &handlers](bool) { handlers.Run("OnlyOnceCheck_Click", [this] { OnlyOnceCheck_Click(); }); });
 }
 
+bool UsingForm::HoldsNotes() const {
+    for (std::int32_t note = 0; note < HeldNotes::Count; ++note) {
+        if (GetMIDINoteIsOn(note))
+            return true;
+    }
+    return false;
+}
+
 void UsingForm::TakeMessage(std::int32_t status, std::int32_t data1, std::int32_t data2) {
     constexpr std::int32_t FirstNoteOff = 0x80;
     constexpr std::int32_t FirstNoteOn = 0x90;

@@ -40,6 +40,8 @@ class UsingForm {
     bool GetMIDINoteIsOn(std::int32_t checkIndex) const { return notes_.At(checkIndex) == HeldNotes::Held; }
     /// The note drops out of the cycle until it is released and struck again.
     void SetMIDINoteHasPlayed(std::int32_t setIndex) { notes_.SetHasPlayed(setIndex); }
+    /// Some note is held and still to be cycled.
+    bool HoldsNotes() const;
     void ReleaseAllNotes() { notes_.ReleaseAll(); }
 
     /// A message changes the table: a note-on holds its note, a note-off or a note-on of velocity 0 releases

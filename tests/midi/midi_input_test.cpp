@@ -254,6 +254,17 @@ TEST_F(MidiInputTest, MessagesChangeTheTableOnlyAndTheTimerSounds) {
     EXPECT_EQ(Speaker(), "0.0020 speaker 523 Hz 15 ms\n");
 }
 
+TEST_F(MidiInputTest, TheProgramSoundsForAsLongAsNotesAreHeld) {
+    SwitchOn();
+    EXPECT_FALSE(P.App.IsSounding());
+    P.MidiIn.ArriveAt(1, {On(60)});
+    P.MidiIn.ArriveAt(100, {Off(60)});
+    P.Time.RunUntil(50);
+    EXPECT_TRUE(P.App.IsSounding()) << "also between two pulses";
+    P.Time.RunUntil(200);
+    EXPECT_FALSE(P.App.IsSounding());
+}
+
 TEST_F(MidiInputTest, ANoteOnOfVelocityZeroReleasesTheNote) {
     SwitchOn();
     P.MidiIn.ArriveAt(1, {On(60), On(62), {0x90, 60, 0}});
