@@ -12,9 +12,9 @@
 
 namespace quavix {
 
-MidiFilePlayback::MidiFilePlayback(MidiFileParts parts)
+MidiFilePlayback::MidiFilePlayback(const MidiFileParts& parts)
     : UsingForm(parts.Handlers),
-      p_(std::move(parts)),
+      p_(parts),
       cTmr_({p_.Fields, p_.Ticks, p_.Handlers, [this] { tmrPlayback_Timer(); }, [this] { EndPlaying(); }},
             "fileplayback") {
     AutoTimeCheck = true;
@@ -50,6 +50,7 @@ void MidiFilePlayback::SwitchOn() {
 
 void MidiFilePlayback::SwitchOff() {
     p_.Log.LogText("Value is 0");
+    ++commands_;
     stopOpening_ = true;
     p_.Generator.FMODBeepStop();
     if (playing_)
@@ -130,6 +131,9 @@ bool MidiFilePlayback::Open(const std::string& fileName) {
         return false;
     if (playing_)
         cmdStop_Click();
+    // Whatever was pressed in the last tone was meant for the old file.
+    ++commands_;
+    EndPlaying();
     events_ = std::move(*opened.Events);
     frmPlaybackEnabled = !events_.empty();
     opening.KeepName();
@@ -153,6 +157,7 @@ bool MidiFilePlayback::ShowInfoText(const std::string& text) {
 }
 
 void MidiFilePlayback::cmdPlay_Click() {
+    ++commands_;
     if (events_.empty())
         return;
     if (playPosition_ >= events_.size())
@@ -167,16 +172,24 @@ void MidiFilePlayback::EndPlaying() {
     cTmr_.SetEnabled(false);
 }
 
-void MidiFilePlayback::cmdStop_Click() {
-    stopOpening_ = true;
+bool MidiFilePlayback::FadeOut() {
+    const std::int64_t command = ++commands_;
     EndPlaying();
     p_.Cycler.PlayLiveMIDIInput(*this);
     p_.Generator.FMODBeepStop();
+    return command == commands_;
+}
+
+void MidiFilePlayback::cmdStop_Click() {
+    stopOpening_ = true;
+    FadeOut();
 }
 
 void MidiFilePlayback::cmdRewind_Click() {
     const bool wasPlaying = playing_;
-    cmdStop_Click();
+    stopOpening_ = true;
+    if (!FadeOut())
+        return;
     MoveTo(0);
     if (wasPlaying)
         cmdPlay_Click();
@@ -185,7 +198,9 @@ void MidiFilePlayback::cmdRewind_Click() {
 void MidiFilePlayback::sldPosition_Change(std::int32_t position) {
     if (events_.empty())
         return;
-    cmdStop_Click();
+    stopOpening_ = true;
+    if (!FadeOut())
+        return;
     ReleaseAllNotes();
     const double share = std::clamp(position, 0, SliderHighest) / static_cast<double>(SliderHighest);
     playPosition_ = static_cast<std::size_t>(RoundHalfEven(share * static_cast<double>(events_.size())));
@@ -223,15 +238,13 @@ void MidiFilePlayback::tmrPlayback_Timer() {
 bool MidiFilePlayback::EndCheck() {
     if (playPosition_ < events_.size())
         return false;
-    cmdStop_Click();
-    // The last step's tone may have let the user press something.
-    if (playing_ || playPosition_ < events_.size())
+    if (!FadeOut())
         return true;
     ShowPosition();
     if (OnEnd)
         OnEnd();
-    if (chkLoop && !p_.Fields.ShuttingDown) {
-        cmdRewind_Click();
+    if (chkLoop) {
+        MoveTo(0);
         cmdPlay_Click();
     }
     return true;

@@ -46,7 +46,7 @@ struct MidiFileParts {
 /// held. Switched on and off by UseMIDIFileCheck; while it is on, MIDI input can't be.
 class MidiFilePlayback final : public UsingForm {
   public:
-    explicit MidiFilePlayback(MidiFileParts parts);
+    explicit MidiFilePlayback(const MidiFileParts& parts);
 
     // The window's controls.
     Watched<bool> MIDIFileFormVisible{false};
@@ -96,6 +96,8 @@ class MidiFilePlayback final : public UsingForm {
     void SwitchOff();
     void Form_Load();
     void EndPlaying();
+    /// Silences what sounds. Handlers may run; false where one of them was another command.
+    bool FadeOut();
     void tmrPlayback_Timer();
     /// True when playback was at its end.
     bool EndCheck();
@@ -119,6 +121,8 @@ class MidiFilePlayback final : public UsingForm {
     /// On the clock, where the file's time 0 lies, in milliseconds.
     std::int64_t startTime_ = 0;
     bool playing_ = false;
+    /// How many commands there have been, so that what waits for a tone sees that it is overtaken.
+    std::int64_t commands_ = 0;
 };
 
 }  // namespace quavix

@@ -291,6 +291,25 @@ TEST(MidiFilePlayback, StoppedInTheMiddleOfAToneItStaysStopped) {
     EXPECT_EQ(p.Form.lblHeldCount.Get(), " (1)");
 }
 
+// The last note has no end, so the last step sounds, and in its wait the user is quicker than the program.
+TEST(MidiFilePlayback, WhatIsPressedInTheLastToneOvertakesTheLoop) {
+    const auto played = [](const std::function<void(MidiFileProgram&)>& press) {
+        MidiFileProgram p;
+        p.Open(MidiSong({{0, NoteOnOf(60)}, {28, {0xC0, 1}}}));
+        p.Form.chkLoop = true;
+        p.App.Fields.MutePCSpeaker = true;
+        p.PlayAt(0);
+        p.Time.At(40, [&] { press(p); });
+        p.Time.RunUntil(70);
+        return p.Form.IsPlaying();
+    };
+    EXPECT_TRUE(played([](MidiFileProgram&) {}));
+    EXPECT_FALSE(played([](MidiFileProgram& p) { p.Form.cmdStop_Click(); }));
+    EXPECT_FALSE(played([](MidiFileProgram& p) { p.App.Fields.UseMIDIFileCheck = false; }));
+    EXPECT_FALSE(played([](MidiFileProgram& p) { p.Form.sldPosition_Change(0); }));
+    EXPECT_FALSE(played([](MidiFileProgram& p) { p.Open(TwoNotes); }));
+}
+
 TEST(MidiFilePlayback, TheProgramClosedInTheMiddlePlaysNothingMore) {
     MidiFileProgram p;
     p.Open(MidiSong({{0, NoteOnOf(60)}, {1000, NoteOffOf(60)}}));
