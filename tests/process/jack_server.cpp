@@ -36,7 +36,7 @@ jack_client_t* OpenClient() {
 // starts: so there are few names, and each has one user at a time.
 JackServer::JackServer() {
     constexpr int MostServers = 6;
-    for (int number = 1; !lock_.IsOpen() && number <= MostServers; ++number) {
+    for (int number = 1; !lock_ && number <= MostServers; ++number) {
         name_ = "quavix-test-" + std::to_string(number);
         lock_ = FileDescriptor(
             open(("/tmp/" + name_ + ".lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR));

@@ -4,13 +4,15 @@
 //   motor PORT              plays one long note on the motor, tied to what follows
 //   midi FOLDER DEVICE INSTRUMENT SONG
 //                           plays a song's MIDI notes once on the JACK device of that name; the controls are
-//                           installed from FOLDER to FOLDER/windows
+//                           installed from FOLDER to FOLDER/windows; writes the wall clock's nanoseconds at
+//                           which each note was sent to standard output
 //   install FOLDER          only installs them so; ends with 0 where they are in place
 //   --register CONTROL      what the installation starts
 //   synchro HOUR MIN SEC    waits for that time of day, then plays one line; writes the wall clock's
 //                           nanoseconds at which its speaker was told to sound to standard output
 #include <algorithm>
 #include <cstdint>
+#include <cstdio>
 #include <string>
 #include <vector>
 
@@ -59,6 +61,34 @@ class TimedSpeaker : public quavix::Speaker {
     quavix::Speaker& speaker_;
 };
 
+/// Notes when each note goes out.
+class TimedMidiOut : public quavix::MidiOutPort {
+  public:
+    explicit TimedMidiOut(quavix::MidiOutPort& port) : port_(port) {}
+    std::string Prepare() override { return port_.Prepare(); }
+    std::string SystemName() override { return port_.SystemName(); }
+    std::int32_t DeviceCount() override { return port_.DeviceCount(); }
+    std::string DeviceName(std::int32_t device) override { return port_.DeviceName(device); }
+    bool Open(std::int32_t device) override { return port_.Open(device); }
+    void Close() override { port_.Close(); }
+    quavix::MidiDeviceState State() override { return port_.State(); }
+    std::string Problem() override { return port_.Problem(); }
+
+    quavix::MidiSendResult Send(const quavix::MidiMessage& message) override {
+        constexpr int NoteOn = 0x90;
+        const std::int64_t now = quavix::WallClockNs();
+        const quavix::MidiSendResult result = port_.Send(message);
+        if ((message.Status & 0xF0) == NoteOn && result == quavix::MidiSendResult::Sent)
+            NotesNs.push_back(now);
+        return result;
+    }
+
+    std::vector<std::int64_t> NotesNs;
+
+  private:
+    quavix::MidiOutPort& port_;
+};
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -94,6 +124,7 @@ int main(int argc, char** argv) {
     AbsentMidi absent;
     QtHandleWatch handleWatch;
     ModuleMidiDevices midi(folder + "/windows/system32/midiio32.ocx", handleWatch, "jack");
+    TimedMidiOut midiOut(midi.Out());
     ShellBatchFiles batches;
     Program app({
         .Time = clock,
@@ -107,7 +138,7 @@ int main(int argc, char** argv) {
         .PcSpeaker = speaker,
         .Comm = serialPort,
         .Sound = library,
-        .MidiOutDevices = midi.Out(),
+        .MidiOutDevices = midiOut,
         .MidiInDevices = midi.In(),
         .MidiFiles = absent.Reader,
         .Batches = batches,
@@ -142,6 +173,8 @@ int main(int argc, char** argv) {
         app.Reader.ActuallyLoadMusic(arguments[4]);
         app.Playback.OnRangeEnd = [&] { app.Playback.StopPlayButton_Click(); };
         app.Playback.PlayAllButton_Click();
+        fmt::print("{}\n", fmt::join(midiOut.NotesNs, "\n"));
+        std::fflush(stdout);
         shutdown.CloseProgram();
     } else if (arguments[0] == "synchro" && arguments.size() == 4) {
         app.List.Append("1/16", "A4", "", "");
