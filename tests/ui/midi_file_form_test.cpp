@@ -163,6 +163,7 @@ TEST(MIDIFileForm, TheMainWindowClosedInTheMiddleEndsTheProgram) {
     MidiFileWindow p;
     p.Browse();
     p.Click("cmdPlay");
+    p.Boxes.AnswerNext(BoxAnswer::No);  // the automatic time has changed a setting of the song
     p.Time.At(100, [&] { p.Form.close(); });
     p.Time.RunUntil(1000);
     EXPECT_THAT(p.Timeline.Text("process"), testing::HasSubstr("process ends\n"));
@@ -195,6 +196,8 @@ TEST(MIDIFileForm, AMidiFileDroppedOnTheMainWindowIsOpened) {
     p.Find<QCheckBox>("UseMIDIFileCheck").click();
     QMimeData data;
     data.setUrls({QUrl::fromLocalFile("/music/song.mid")});
+    QDragEnterEvent enter({50, 50}, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(&p.Form, &enter);
     QDropEvent drop(QPointF(50, 50), Qt::CopyAction, &data, Qt::LeftButton, {});
     QApplication::sendEvent(&p.Form, &drop);
     QApplication::processEvents();
