@@ -163,8 +163,7 @@ TEST(MIDIFileForm, TheMainWindowClosedInTheMiddleEndsTheProgram) {
     MidiFileWindow p;
     p.Browse();
     p.Click("cmdPlay");
-    // The alternate time has been set by the held notes, and is the song's.
-    p.Boxes.AnswerNext(BoxAnswer::No);
+    p.Boxes.AnswerNext(BoxAnswer::No);  // the automatic time has changed a setting of the song
     p.Time.At(100, [&] { p.Form.close(); });
     p.Time.RunUntil(1000);
     EXPECT_THAT(p.Timeline.Text("process"), testing::HasSubstr("process ends\n"));
