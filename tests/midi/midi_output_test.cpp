@@ -85,6 +85,20 @@ TEST_F(MidiOutputTest, WithoutTheControlTheBoxIsUntickedAndNoWindowShown) {
     EXPECT_EQ(P.Boxes.Shown()[0].Title, "Can't see a needed file!");
 }
 
+TEST_F(MidiOutputTest, AControlThatCannotBeCopiedIsARunTimeErrorAndCanBeTriedAgain) {
+    P.Disk.Delete("/windows/system32/midiio32.ocx");
+    P.Disk.Put("/program/midiio32.ocx", "module");
+    P.Disk.SetSpaceLeft(3);
+    Fields.UseMIDIOutCheck = true;
+    ASSERT_EQ(P.Boxes.Shown().size(), 1u);
+    EXPECT_EQ(P.Boxes.Shown()[0].Text.find("Run-time error '61'"), 0u) << P.Boxes.Shown()[0].Text;
+    EXPECT_FALSE(Fields.UseMIDIOutCheck);
+    EXPECT_FALSE(Midi.Fields.MIDIOutFormVisible);
+    P.Disk.SetSpaceLeft(1'000'000);
+    Fields.UseMIDIOutCheck = true;
+    EXPECT_TRUE(Fields.UseMIDIOut);
+}
+
 TEST_F(MidiOutputTest, AControlThatCannotBeLoadedIsToldOfAndCanBeTriedAgain) {
     P.MidiOut.LoadProblem =
         "The file \"/windows/system32/midiio32.ocx\" lacks the function QuavixMidiIoSend.";
