@@ -27,7 +27,8 @@ CycleTimer::CycleTimer(CycleTimerParts parts, std::string key)
 }
 
 void CycleTimer::cTmr_Timer(const std::string& sKey) {
-    if (sKey != key_)
+    // Pulse upon pulse would not leave a gap for who waits for the end of all tones.
+    if (sKey != key_ || p_.Fields.StartIsHeldUp)
         return;
     Step();
     FollowAlternateTime();

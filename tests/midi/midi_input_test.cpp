@@ -380,6 +380,29 @@ TEST_F(MidiInputTest, WhileTheProgramClosesNothingIsOpened) {
               "\n");
 }
 
+TEST_F(MidiInputTest, AStartAskedForInTheMiddleOfAPulseComesWhileNotesAreHeld) {
+    P.SetSong({"Quarter A4 - -"});
+    Fields.MuteTweebleCheck = true;
+    P.App.Tones.MuteTweebleCheck_Click();
+    P.App.Synchro.txtHour.Text = "12";
+    P.App.Synchro.txtMinute.Text = "0";
+    P.App.Synchro.txtSecond.Text = "2";
+    double startMs = 0;
+    Fields.MusicIsPlaying.Watch([&](bool playing) {
+        if (playing)
+            startMs = static_cast<double>(P.Time.Now()) / SimulatedTime::CountsPerMs;
+    });
+    P.App.Playback.OnRangeEnd = [this] { P.App.Playback.StopPlayButton_Click(); };
+    SwitchOn();
+    P.MidiIn.ArriveAt(1, {On(60), On(64)});
+    P.Time.At(100, [this] {
+        EXPECT_TRUE(P.App.Tones.IsSounding());
+        P.App.Synchro.btnWait_Click();
+    });
+    P.Time.RunUntil(5000);
+    EXPECT_NEAR(startMs, 2000, 15);
+}
+
 // The same chord through every output.
 
 TEST_F(MidiInputTest, ThroughTheSoundCardAChordGoesOnWithoutAGapAndStopsWhenItIsReleased) {
