@@ -40,12 +40,13 @@ TEST(Accessibility, EveryControlHasANameAndATooltip) {
           &MainFields::UsePortaCheck, &MainFields::UseSynchroCheck, &MainFields::UseMIDIInCheck})
         p.App.Fields.*check = true;
     p.App.MidiOut.Fields.MIDIOutFormVisible = true;
-    for (QWidget* window :
-         {static_cast<QWidget*>(&p.Form), static_cast<QWidget*>(&speaker),
-          static_cast<QWidget*>(&p.SaveLoadWindow), static_cast<QWidget*>(&manual),
-          &p.Find<QWidget>("FMODOptionsForm"), &p.Find<QWidget>("VoiceInternalForm"),
-          &p.Find<QWidget>("BeatForm"), &p.Find<QWidget>("PortamentoForm"), &p.Find<QWidget>("SynchroForm"),
-          &p.Find<QWidget>("MIDIOutForm"), &p.Find<QWidget>("MIDIInForm")}) {
+    p.App.MidiFile.MIDIFileFormVisible = true;
+    for (QWidget* window : {static_cast<QWidget*>(&p.Form), static_cast<QWidget*>(&speaker),
+                            static_cast<QWidget*>(&p.SaveLoadWindow), static_cast<QWidget*>(&manual),
+                            &p.Find<QWidget>("FMODOptionsForm"), &p.Find<QWidget>("VoiceInternalForm"),
+                            &p.Find<QWidget>("BeatForm"), &p.Find<QWidget>("PortamentoForm"),
+                            &p.Find<QWidget>("SynchroForm"), &p.Find<QWidget>("MIDIOutForm"),
+                            &p.Find<QWidget>("MIDIInForm"), &p.Find<QWidget>("MIDIFileForm")}) {
         EXPECT_FALSE(ControlsOf(*window).empty());
         for (const QWidget* control : ControlsOf(*window)) {
             EXPECT_FALSE(control->accessibleName().isEmpty()) << control->objectName().toStdString();
