@@ -1,11 +1,13 @@
 // SPDX-License-Identifier: MIT
 // quavix-render as it is called: what it exits with, and what it leaves.
+#include <cmath>
 #include <cstdlib>
 #include <sys/wait.h>
 
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 
+#include "support/measure.h"
 #include "support/temporary_folder.h"
 #include "support/wav_reader.h"
 
@@ -47,6 +49,26 @@ TEST_F(RenderProgram, WritesTheOutputsOfTheSoundEngineThatLiesBesideIt) {
     }
     EXPECT_EQ(Folder.EntryCount(), 4)
         << "two songs, the sound and the errors: nothing of the engine's is left";
+}
+
+TEST_F(RenderProgram, WritesMidiFilesWithTheModuleThatLiesBesideIt) {
+    const unsigned char tune[] = {'M',  'T',  'h',  'd',  0,    0,    0, 6, 0,    0,    0, 1,
+                                  1,    0xF4, 'M',  'T',  'r',  'k',  0, 0, 0,    13,   0, 0x90,
+                                  0x45, 0x60, 0x9F, 0x20, 0x80, 0x45, 0, 0, 0xFF, 0x2F, 0};
+    Folder.Put("tune.mid", {reinterpret_cast<const char*>(tune), sizeof tune});
+    for (const char* output : {"speaker", "fmod"}) {
+        EXPECT_EQ(Run(fmt::format("$render --output {} tune.mid out.wav", output)), 0) << Errors();
+        const auto sound = test::ReadWavFile(Folder.File("out.wav"));
+        ASSERT_TRUE(sound);
+        EXPECT_NEAR(static_cast<double>(sound->Frames()) / sound->SampleRate, 4, 0.05);
+        const auto tones = test::FindTones(sound->Samples, sound->SampleRate);
+        ASSERT_FALSE(tones.empty());
+        EXPECT_LT(std::abs(test::Cents(tones[tones.size() / 2].FrequencyHz, 880)), 10) << output;
+    }
+    Folder.Put("tune.mid", "no MIDI file");
+    EXPECT_EQ(Run("$render tune.mid out.wav"), 2);
+    EXPECT_NE(Errors().find("Failed to open MIDI file!: Either couldn't open"), std::string::npos);
+    EXPECT_EQ(Run("$render --output voice tune.mid out.wav"), 1);
 }
 
 TEST_F(RenderProgram, WritesToStandardOutputWithTrueSizes) {
