@@ -137,13 +137,13 @@ TEST_F(SoundCardSpeakerOn, AServerThatDiesKeepsTimeSaysSoAndComesBack) {
 TEST_F(SoundCardSpeakerOn, ACardThatIsOpenedAgainIsLeftAloneForAWhileFirst) {
     ASSERT_TRUE(server_.Start());
     SoundCard card;
-    constexpr std::int32_t Patience = 10'000;
+    constexpr std::int32_t OpeningMs = 10'000;
     card.BeginOpening();
-    card.AwaitOpening(Patience);
+    card.AwaitOpening(OpeningMs);
     ASSERT_EQ(card.Now(), SoundCard::State::Open);
     const std::int64_t start = MonotonicNs();
     card.BeginOpening();
-    card.AwaitOpening(Patience);
+    card.AwaitOpening(OpeningMs);
     EXPECT_GE(MonotonicNs() - start, 500 * ToneClock::NsPerMs) << "others may be closing theirs";
     EXPECT_EQ(card.Now(), SoundCard::State::Open);
 }
