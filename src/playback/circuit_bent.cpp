@@ -40,8 +40,8 @@ void CircuitBent::UseCircuitBentCheck_Click() {
 }
 
 void CircuitBent::BendTimer_Timer() {
-    // In a burst, on an output whose tones let handlers run. Or somebody waits for the end of all tones, which
-    // burst upon burst would not leave a gap for.
+    // In a burst, on an output whose tones let handlers run. Or somebody waits for the end of all tones,
+    // which burst upon burst would not leave a gap for.
     if (inBurst_ || fields_.StartIsHeldUp)
         return;
     inBurst_ = true;

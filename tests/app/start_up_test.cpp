@@ -25,15 +25,15 @@ struct NoProcesses : Processes {
 
 struct Started : test::SimulatedProgram {
     void Start(const std::string& commandLine) {
-        StartUp startUp({App.Fields, Time, Disk, Boxes, System, Speaker, App.Fmod, App.Handlers, App.Log,
-                         [this](const std::string& song) {
-                             Loaded += song;
-                             App.Document.LoadFile(song);
-                         },
-                         [this](bool songIsLoaded) { Offered = songIsLoaded ? "told" : "offered"; },
-                         [this] { App.Motor.CheckForPort(); },
-                         [this](const std::string& file) { MidiFile += file; }},
-                        {"/program", "/windows", commandLine});
+        StartUp startUp(
+            {App.Fields, Time, Disk, Boxes, System, Speaker, App.Fmod, App.Handlers, App.Log,
+             [this](const std::string& song) {
+                 Loaded += song;
+                 App.Document.LoadFile(song);
+             },
+             [this](bool songIsLoaded) { Offered = songIsLoaded ? "told" : "offered"; },
+             [this] { App.Motor.CheckForPort(); }, [this](const std::string& file) { MidiFile += file; }},
+            {"/program", "/windows", commandLine});
         startUp.BeforeMainForm();
         startUp.AfterMainForm();
         startUp.OfferUnsavedSongs();
