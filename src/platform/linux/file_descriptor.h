@@ -9,6 +9,9 @@
 
 namespace quavix {
 
+/// The permissions of a new file, as far as the umask lets it have them.
+inline constexpr mode_t ReadWriteForAll = 0666;
+
 /// The error that the last system call has left.
 std::error_code LastError();
 

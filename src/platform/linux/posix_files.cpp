@@ -17,8 +17,6 @@
 namespace quavix {
 namespace {
 
-constexpr mode_t ReadWriteForAll = 0666;  // as far as the umask lets it
-
 bool HasNul(const std::string& name) {
     return name.find('\0') != std::string::npos;
 }

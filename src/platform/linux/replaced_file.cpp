@@ -95,7 +95,6 @@ std::error_code ReplacedFile::Prepare() {
 }
 
 std::error_code ReplacedFile::CreateBeside() {
-    constexpr mode_t ReadWriteForAll = 0666;  // as far as the umask lets it
     if (::access(OpenFiles, X_OK) == 0)
         file_ = FileDescriptor::Open(folder_.Get(), ".", O_WRONLY | O_TMPFILE, ReadWriteForAll);
     if (file_)
