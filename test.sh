@@ -29,7 +29,7 @@ build/tsan/bin/quavix-sound-engine-calls
 
 step "Fuzzing"
 cmake --preset fuzz >/dev/null
-cmake --build --preset fuzz -- --quiet
+cmake --build --preset fuzz --target quavix-fuzzers -- --quiet
 fuzz() {
     subject=${1##*quavix-fuzz-}
     # New finds go to a folder of the build, the seeds stay as they are.

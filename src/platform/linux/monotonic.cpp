@@ -6,7 +6,6 @@
 namespace quavix {
 
 std::int64_t MonotonicNs() {
-    constexpr std::int64_t NsPerSecond = 1'000'000'000;
     timespec now{};
     clock_gettime(CLOCK_MONOTONIC, &now);
     return now.tv_sec * NsPerSecond + now.tv_nsec;

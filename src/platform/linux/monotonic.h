@@ -5,6 +5,8 @@
 
 namespace quavix {
 
+inline constexpr std::int64_t NsPerSecond = 1'000'000'000;
+
 /// Nanoseconds of the system's monotonic clock. Any thread, and a process just forked.
 std::int64_t MonotonicNs();
 

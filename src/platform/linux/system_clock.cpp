@@ -6,11 +6,6 @@
 #include "platform/linux/monotonic.h"
 
 namespace quavix {
-namespace {
-
-constexpr std::int64_t NsPerSecond = 1'000'000'000;
-
-}  // namespace
 
 std::int64_t SystemClock::PerformanceCounter() {
     return MonotonicNs() / (NsPerSecond / PerformanceFrequency());

@@ -52,7 +52,6 @@ TerminationSignals::~TerminationSignals() {
 }
 
 bool TerminationSignals::SleepUntil(std::int64_t deadlineNs) const {
-    constexpr std::int64_t NsPerSecond = 1'000'000'000;
     pollfd descriptor{readEnd_, POLLIN, 0};
     for (;;) {
         const std::int64_t left = std::max<std::int64_t>(deadlineNs - MonotonicNs(), 0);

@@ -12,8 +12,6 @@
 namespace quavix {
 namespace {
 
-constexpr std::int64_t NsPerSecond = 1'000'000'000;
-
 std::int64_t NsOf(std::int32_t ms) {
     constexpr std::int64_t NsPerMs = 1'000'000;
     return std::max(ms, 1) * NsPerMs;
