@@ -97,7 +97,6 @@ void MeasureSong(int notes) {
 
 void MeasureBareSender(int notes) {
     constexpr std::int64_t NoteNs = std::int64_t{NoteMs} * 1'000'000;
-    constexpr std::int64_t NsPerSecond = 1'000'000'000;
     JackMidiPeer peer("synthesizer");
     RtMidiOut out(RtMidi::UNIX_JACK, "bare sender");
     out.openVirtualPort("out");

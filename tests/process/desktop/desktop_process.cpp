@@ -17,7 +17,6 @@ namespace quavix {
 namespace {
 
 constexpr int ChildsDevice = 3;
-constexpr std::int64_t NsPerSecond = 1'000'000'000;
 constexpr std::int64_t SecondsPerDay = 86'400;
 
 bool MakePipe(FileDescriptor& readEnd, FileDescriptor& writeEnd) {

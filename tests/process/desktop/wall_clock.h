@@ -4,11 +4,12 @@
 #include <cstdint>
 #include <ctime>
 
+#include "platform/linux/monotonic.h"
+
 namespace quavix {
 
 /// Nanoseconds of the wall clock since 1970.
 inline std::int64_t WallClockNs() {
-    constexpr std::int64_t NsPerSecond = 1'000'000'000;
     timespec now{};
     clock_gettime(CLOCK_REALTIME, &now);
     return now.tv_sec * NsPerSecond + now.tv_nsec;
