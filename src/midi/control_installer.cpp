@@ -29,13 +29,17 @@ bool ControlInstaller::Exists(const std::string& fileName) {
 }
 
 bool ControlInstaller::CopyFileToSystem32(const std::string& fileName) {
+    const std::int16_t logIndent = p_.Log.LogIndent();
     p_.Log.IndentInc("CopyFileToSystem32({}) - START", fileName);
     const std::string source = FileInFolder(p_.ProgramFolder, fileName);
     p_.Log.Text("SourceFile = {}", source);
     const std::string destination = DestFile(fileName);
     p_.Log.Text("DestFile = {}", destination);
     const bool isInPlace = Exists(destination) || Install(fileName, source, destination);
-    p_.Log.LogIndentDec("CopyFileToSystem32() - END");
+    if (isInPlace)
+        p_.Log.LogIndentDec("CopyFileToSystem32() - END");
+    else
+        p_.Log.SetLogIndent(logIndent);
     return isInPlace;
 }
 
@@ -182,10 +186,12 @@ void ControlInstaller::Untick() {
 
 bool ControlInstaller::MakeReady(const std::string& fileName, Watched<bool>& check,
                                  const std::function<std::string()>& prepare) {
+    const std::int16_t logIndent = p_.Log.LogIndent();
     try {
         if (!CopyFileToSystem32(fileName))
             return false;
     } catch (const std::exception&) {
+        p_.Log.SetLogIndent(logIndent);
         check = false;
         throw;
     }

@@ -54,6 +54,8 @@ class DebugLog {
     }
 
     std::int16_t LogIndent() const { return logIndent_; }
+    /// Goes back to a depth that LogIndent() has given, where a block ends without a closing line.
+    void SetLogIndent(std::int16_t logIndent) { logIndent_ = logIndent; }
 
   private:
     Files& files_;

@@ -12,15 +12,20 @@ namespace quavix {
 bool EventBoundary::Run(std::string_view handler, const std::function<void()>& body) {
     constexpr int OutOfMemory = 7;
     constexpr int InternalError = 51;
+    const auto report = [&, logIndent = log_.LogIndent()](int number, const char* text) {
+        // The blocks that the error has left get no closing lines.
+        log_.SetLogIndent(logIndent);
+        Report(handler, number, text);
+    };
     try {
         body();
         return true;
     } catch (const RuntimeError& error) {
-        Report(handler, error.Number(), error.what());
+        report(error.Number(), error.what());
     } catch (const std::bad_alloc&) {
-        Report(handler, OutOfMemory, "Out of memory");
+        report(OutOfMemory, "Out of memory");
     } catch (const std::exception& error) {
-        Report(handler, InternalError, error.what());
+        report(InternalError, error.what());
     }
     return false;
 }

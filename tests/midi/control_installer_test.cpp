@@ -111,7 +111,13 @@ TEST_F(ControlInstallerTest, WithoutEitherCopyItSaysWhereToGetTheFileAndUnticksA
     EXPECT_EQ(P.Clipboard.Text(), program::UpdateAddress);
     for (const Watched<bool>* check : Checks)
         EXPECT_FALSE(*check);
-    EXPECT_NE(P.LogText().find("    SourceFile DOES NOT EXIST!\n"), std::string::npos);
+    EXPECT_EQ(P.LogText(),
+              "    CopyFileToSystem32(midiio32.ocx) - START\n"
+              "    SourceFile = /program/midiio32.ocx\n"
+              "    DestFile = /windows/system32/midiio32.ocx\n"
+              "    FileExists(\"/windows/system32/midiio32.ocx\") = FALSE\n"
+              "    FileExists(\"/program/midiio32.ocx\") = FALSE\n"
+              "    SourceFile DOES NOT EXIST!\n");
     EXPECT_EQ(P.App.Log.LogIndent(), 0);
     EXPECT_FALSE(P.Disk.Has(Marker));
 }
@@ -140,7 +146,8 @@ TEST_F(ControlInstallerTest, ACopyThatIsNotThereAfterwardsIsToldOfAndUnticksAllM
               "Sorry about the trouble.");
     for (const Watched<bool>* check : Checks)
         EXPECT_FALSE(*check);
-    EXPECT_NE(P.LogText().find("    THE SourceFile TO DestFile COPY FAILED!\n"), std::string::npos);
+    EXPECT_TRUE(P.LogText().ends_with("    THE SourceFile TO DestFile COPY FAILED!\n")) << P.LogText();
+    EXPECT_EQ(P.App.Log.LogIndent(), 0);
     EXPECT_FALSE(P.Disk.Has(Batch));
 }
 
@@ -283,10 +290,12 @@ TEST_F(ControlInstallerTest, ABoxThatWasUntickedMeanwhileStaysSo) {
 TEST_F(ControlInstallerTest, ABoxWhoseControlCannotBeCopiedIsUnticked) {
     P.Disk.Put(Source, "module");
     P.Disk.FailWriting(Destination, std::errc::permission_denied);
+    P.App.Log.Enable();
     Fields.UseMIDIOutCheck = true;
     EXPECT_THROW(Controls.MakeReady(Name, Fields.UseMIDIOutCheck, [] { return std::string(); }),
                  RuntimeError);
     EXPECT_FALSE(Fields.UseMIDIOutCheck);
+    EXPECT_EQ(P.App.Log.LogIndent(), 0);
 }
 
 }  // namespace

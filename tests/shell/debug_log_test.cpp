@@ -169,6 +169,19 @@ TEST_F(DebugLogTest, AnErrorEndsAtTheHandlersBoundaryLoggedAndShown) {
     EXPECT_EQ(Events.Text("box"), "0.0000 box \"Quavix\" Run-time error '6':\n\nOverflow\n");
 }
 
+TEST_F(DebugLogTest, AfterAnErrorTheLogIsAsDeepAsBeforeItsHandler) {
+    Log.Enable();
+    EventBoundary handlers(Boxes, Log);
+    Log.LogIndentInc("A() - START");
+    handlers.Run("handler", [&] {
+        Log.LogIndentInc("B() - START");
+        throw RuntimeError(RuntimeError::Overflow);
+    });
+    EXPECT_EQ(Log.LogIndent(), 1);
+    handlers.Run("handler", [&] { Log.LogIndentInc("C() - START"); });
+    EXPECT_EQ(Log.LogIndent(), 2) << "without an error it is the handler's own business";
+}
+
 TEST_F(DebugLogTest, AnErrorOfTheLogItselfIsStillShown) {
     Log.Enable();
     Disk.FailWriting("/p/debuglog.txt", std::errc::no_space_on_device);
