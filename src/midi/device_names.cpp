@@ -23,4 +23,12 @@ std::int32_t PlaceOfDevice(const std::vector<std::string>& before, std::int32_t 
     return found == now.end() ? -1 : static_cast<std::int32_t>(found - now.begin());
 }
 
+void FindDevicesAgain(MidiPort& port, std::int32_t first, Watched<std::vector<std::string>>& devices,
+                      Watched<std::int32_t>& chosen) {
+    const std::vector<std::string> before = devices;
+    const std::int32_t chosenBefore = chosen;
+    devices = DeviceNames(port, first, port.DeviceCount());
+    chosen = PlaceOfDevice(before, chosenBefore, devices);
+}
+
 }  // namespace quavix

@@ -130,11 +130,7 @@ std::string MidiInput::ChosenName() const {
 }
 
 void MidiInput::FindDevices() {
-    const std::int32_t count = p_.Device.DeviceCount();
-    const std::vector<std::string> before = MIDIInDevices;
-    const std::int32_t chosen = cmbMIDIInDevice;
-    MIDIInDevices = DeviceNames(p_.Device, 0, count);
-    cmbMIDIInDevice = PlaceOfDevice(before, chosen, MIDIInDevices);
+    FindDevicesAgain(p_.Device, 0, MIDIInDevices, cmbMIDIInDevice);
 }
 
 void MidiInput::cmbMIDIInDevice_Click(std::int32_t entry) {

@@ -68,7 +68,11 @@ void MidiOutput::UseMIDIOutCheck_Click(bool ticked) {
     if (!loaded_) {
         loaded_ = true;
         Form_Load();
+    } else {
+        FindDevices();
     }
+    if (Fields.cmbMIDIOutDevice < 0 && !Fields.MIDIOutDevices.Get().empty())
+        Fields.cmbMIDIOutDevice = 0;
     OpenOutputDevice();
     // The box may have been unticked meanwhile, as there is no device.
     p_.Fields.UseMIDIOut = p_.Fields.UseMIDIOutCheck;
@@ -146,11 +150,7 @@ void MidiOutput::CloseOutputDevice() {
 }
 
 void MidiOutput::FindDevices() {
-    const std::int32_t count = p_.Device.DeviceCount();
-    const std::vector<std::string> before = Fields.MIDIOutDevices;
-    const std::int32_t chosen = Fields.cmbMIDIOutDevice;
-    Fields.MIDIOutDevices = DeviceNames(p_.Device, MidiOutPort::VirtualDevice, count);
-    Fields.cmbMIDIOutDevice = PlaceOfDevice(before, chosen, Fields.MIDIOutDevices);
+    FindDevicesAgain(p_.Device, MidiOutPort::VirtualDevice, Fields.MIDIOutDevices, Fields.cmbMIDIOutDevice);
 }
 
 void MidiOutput::cmbMIDIOutDevice_Click(std::int32_t entry) {

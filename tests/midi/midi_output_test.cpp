@@ -359,6 +359,24 @@ TEST_F(MidiOutputTest, TheListFindsDevicesThatHaveComeAndKeepsTheChosenOne) {
     EXPECT_EQ(Midi.Fields.cmbMIDIOutDevice, -1);
 }
 
+TEST_F(MidiOutputTest, TickedAgainItOpensTheDeviceThatWasChosenOrElseTheFirst) {
+    SwitchOn();
+    Midi.cmbMIDIOutDevice_Click(2);
+    Fields.UseMIDIOutCheck = false;
+    P.MidiOut.Devices = {"Drums", "Keyboard", "Synthesizer"};
+    SwitchOn();
+    EXPECT_EQ(Midi.Fields.cmbMIDIOutDevice, 3);
+    Fields.UseMIDIOutCheck = false;
+    P.MidiOut.Devices = {"Drums"};
+    Midi.FindDevices();
+    EXPECT_EQ(Midi.Fields.cmbMIDIOutDevice, -1);
+    SwitchOn();
+    EXPECT_EQ(Midi.Fields.cmbMIDIOutDevice, 0);
+    EXPECT_TRUE(Fields.MIDIOutIsOpen);
+    EXPECT_TRUE(Fields.UseMIDIOutCheckEnabled);
+    EXPECT_TRUE(P.Boxes.Shown().empty());
+}
+
 TEST_F(MidiOutputTest, OfDevicesWithOneNameTheOneInTheSamePlaceStaysChosen) {
     P.MidiOut.Devices = {"Synthesizer", "Synthesizer"};
     SwitchOn();
