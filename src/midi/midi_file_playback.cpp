@@ -40,8 +40,13 @@ void MidiFilePlayback::SwitchOn() {
         return;
     if (p_.Fields.ShuttingDown)
         return;
-    Form_Load();
+    // The mod that excludes this one may have been ticked meanwhile.
+    if (!p_.Fields.UseMIDIFileCheckEnabled) {
+        p_.Fields.UseMIDIFileCheck = false;
+        return;
+    }
     p_.Log.LogText("Showing MIDIFileForm");
+    Form_Load();
     MIDIFileFormVisible = true;
     p_.Fields.UseMIDIFile = true;
     p_.Log.LogText("Disabling UseMIDIInCheck");
@@ -68,6 +73,7 @@ void MidiFilePlayback::Form_Load() {
 }
 
 void MidiFilePlayback::UseFile(const std::string& fileName) {
+    p_.Fields.UseMIDIInCheck = false;
     p_.Fields.UseMIDIFileCheck = true;
     if (p_.Fields.UseMIDIFile)
         Open(fileName);

@@ -73,7 +73,7 @@ class MidiFilePlayback final : public UsingForm {
     /// The user has moved the slider: playback stops, at that place.
     void sldPosition_Change(std::int32_t position);
 
-    /// Switches the mod on, where it isn't, and opens a file.
+    /// Switches the mod on, where it isn't, and MIDI input off, which it excludes, and opens a file.
     void UseFile(const std::string& fileName);
 
     /// Opens a file in the place of the one that is open, and stops at its beginning. False where it can't be

@@ -35,6 +35,11 @@ void MidiInput::UseMIDIInCheck_Click(bool ticked) {
     if (!p_.Controls.MakeReady(ControlInstaller::MidiDevicesControl, p_.Fields.UseMIDIInCheck,
                                [this] { return p_.Device.Prepare(); }))
         return;
+    // The mod that excludes this one may have been ticked meanwhile.
+    if (!p_.Fields.UseMIDIInCheckEnabled) {
+        p_.Fields.UseMIDIInCheck = false;
+        return;
+    }
     p_.Fields.UseMIDIFileCheckEnabled = false;
     MIDIInFormVisible = true;
     cTmr_.SetEnabled(true);

@@ -45,9 +45,9 @@ TEST(MidiFileSwitch, TickingShowsTheWindowAndDisablesMidiInput) {
                                          "Checking 'midifl32.ocx' exists in system32\n"
                                          "CopyFileToSystem32(midifl32.ocx) - START\n"));
     EXPECT_THAT(log, testing::EndsWith("CopyFileToSystem32() - END\n"
+                                       "Showing MIDIFileForm\n"
                                        "MIDIFileForm.Form_Load() - START\n"
                                        "MIDIFileForm.Form_Load() - END\n"
-                                       "Showing MIDIFileForm\n"
                                        "Disabling UseMIDIInCheck\n"
                                        "UseMIDIFileCheck has been clicked - END\n"));
     EXPECT_EQ(p.App.Log.LogIndent(), 0);
@@ -129,6 +129,47 @@ TEST(MidiFileSwitch, UntickedWhileTheControlRegistersItStaysOff) {
     p.App.Fields.UseMIDIFileCheck = true;
     EXPECT_FALSE(p.App.MidiFile.MIDIFileFormVisible);
     EXPECT_TRUE(p.App.Fields.UseMIDIInCheckEnabled);
+}
+
+TEST(MidiFileSwitch, TickedWhileMidiInputIsInstalledItIsTheOneThatIsOn) {
+    SimulatedProgram p;
+    p.Disk.Put(ControlFile, "the control");
+    p.Disk.Put("/program/midiio32.ocx", "the other control");
+    p.MidiIn.Devices = {"Keyboard"};
+    p.Time.At(50, [&] { p.App.Fields.UseMIDIFileCheck = true; });
+    p.App.Fields.UseMIDIInCheck = true;
+    EXPECT_TRUE(p.App.Fields.UseMIDIFile);
+    EXPECT_TRUE(p.App.Fields.UseMIDIFileCheckEnabled);
+    EXPECT_FALSE(p.App.Fields.UseMIDIInCheck);
+    EXPECT_FALSE(p.App.Fields.UseMIDIInCheckEnabled);
+    EXPECT_FALSE(p.App.Fields.MIDIInIsOpen);
+    EXPECT_FALSE(p.App.MidiIn.MIDIInFormVisible);
+}
+
+TEST(MidiFileSwitch, WhileItIsInstalledMidiInputCanBeTickedInstead) {
+    SimulatedProgram p;
+    p.Disk.Put("/program/midifl32.ocx", "the control");
+    p.Disk.Put("/windows/system32/midiio32.ocx", "the other control");
+    p.MidiIn.Devices = {"Keyboard"};
+    p.Time.At(50, [&] { p.App.Fields.UseMIDIInCheck = true; });
+    p.App.Fields.UseMIDIFileCheck = true;
+    EXPECT_TRUE(p.App.Fields.MIDIInIsOpen);
+    EXPECT_TRUE(p.App.Fields.UseMIDIInCheckEnabled);
+    EXPECT_FALSE(p.App.Fields.UseMIDIFileCheck);
+    EXPECT_FALSE(p.App.Fields.UseMIDIFileCheckEnabled);
+    EXPECT_FALSE(p.App.MidiFile.MIDIFileFormVisible);
+}
+
+TEST(MidiFileSwitch, AFileNamedFromOutsideSwitchesMidiInputOff) {
+    SimulatedProgram p;
+    p.Disk.Put(ControlFile, "the control");
+    p.Disk.Put("/windows/system32/midiio32.ocx", "the other control");
+    p.MidiIn.Devices = {"Keyboard"};
+    p.App.Fields.UseMIDIInCheck = true;
+    p.App.MidiFile.UseFile("song.mid");
+    EXPECT_TRUE(p.App.Fields.UseMIDIFile);
+    EXPECT_FALSE(p.App.Fields.UseMIDIInCheck);
+    EXPECT_FALSE(p.App.Fields.MIDIInIsOpen);
 }
 
 TEST(MidiFileSwitch, ABrokenControlIsToldOf) {
