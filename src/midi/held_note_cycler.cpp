@@ -9,6 +9,7 @@
 
 #include "midi/midi_notes.h"
 #include "shell/numbers.h"
+#include "shell/scoped_flag.h"
 
 namespace quavix {
 namespace {
@@ -67,6 +68,9 @@ void HeldNoteCycler::PlayLiveMIDIInput(UsingForm& usingForm) {
 void HeldNoteCycler::SetAlternateTime(std::int32_t count) {
     constexpr double CycleMs = 30;
     constexpr std::int16_t LongestMs = 15;
+    const ScopedFlag automatic(fields_.AlternateTimeIsAutomatic);
+    if (!fields_.AlternateTimeOfSong)
+        fields_.AlternateTimeOfSong = fields_.AlternateTime;
     fields_.AlternateTime = std::min(ToInt16(CycleMs / std::max(count, 1)), LongestMs);
     fields_.AlternateTimeText = std::to_string(fields_.AlternateTime);
 }

@@ -74,6 +74,7 @@ void EditHistory::StartOver() {
 void EditHistory::MarkSaved() {
     looseStep_ = false;  // so that undoing can come back to here
     savedState_ = State();
+    fields_.AlternateTimeOfSong.reset();  // the file has the one that is set
     savedSettings_ = SoundSettings::Of(fields_);
     ShowState();
 }

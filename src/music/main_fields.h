@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstdint>
+#include <optional>
 #include <string>
 
 #include "music/parameters.h"
@@ -67,6 +68,10 @@ struct MainFields {
     Watched<std::int32_t> BPM{parameter::Bpm.Default};
     std::int32_t BeatsPerBar = parameter::TimeSig.Default;
     std::int16_t AlternateTime = parameter::AlternateTime.Default;
+    /// The alternate time is being set by the number of held notes, which is no change of the song.
+    bool AlternateTimeIsAutomatic = false;
+    /// What it was before that, until it is set by other means.
+    std::optional<std::int16_t> AlternateTimeOfSong;
 
     // Controls that hold them.
     Watched<std::string> KeyboardOctaveText{std::to_string(parameter::KeyboardOctave.Default)};

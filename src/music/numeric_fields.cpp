@@ -52,6 +52,8 @@ void NumericFields::BPMText_Change() {
 }
 
 void NumericFields::AlternateTimeText_Change() {
+    if (!fields_.AlternateTimeIsAutomatic)
+        fields_.AlternateTimeOfSong.reset();
     ReadField(fields_.AlternateTimeText, fields_.AlternateTimeTextBackColor, parameter::AlternateTime,
               fields_.AlternateTime, [this](double value) { fields_.AlternateTime = ToInt16(value); });
 }

@@ -5,7 +5,7 @@ namespace quavix {
 
 SoundSettings SoundSettings::Of(const MainFields& fields) {
     return {fields.BPM,
-            fields.AlternateTime,
+            fields.AlternateTimeOfSong.value_or(fields.AlternateTime),
             fields.TimeSigSlider,
             fields.NoteSilenceRatioSlider,
             fields.PlayNote1Check,
@@ -15,7 +15,10 @@ SoundSettings SoundSettings::Of(const MainFields& fields) {
 void SoundSettings::Watch(const MainFields& fields, const std::function<void()>& changed) {
     const auto watch = [&changed](const auto& field) { field.Watch([changed](const auto&) { changed(); }); };
     watch(fields.BPM);
-    watch(fields.AlternateTimeText);
+    fields.AlternateTimeText.Watch([&fields, changed](const auto&) {
+        if (!fields.AlternateTimeIsAutomatic)
+            changed();
+    });
     watch(fields.TimeSigSlider);
     watch(fields.NoteSilenceRatioSlider);
     watch(fields.PlayNote1Check);

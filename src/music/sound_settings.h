@@ -9,7 +9,8 @@
 namespace quavix {
 
 /// The settings of a song that are heard, or seen in its bars: what changes one of them changes the song. How
-/// notes are entered, and what a click on a line plays, is no part of it.
+/// notes are entered, and what a click on a line plays, is no part of it, nor is an alternate time that held
+/// notes have set.
 struct SoundSettings {
     std::int32_t BPM = 0;
     std::int32_t AlternateTime = 0;

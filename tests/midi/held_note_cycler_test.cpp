@@ -277,6 +277,34 @@ TEST_F(HeldNoteCyclerTest, ATimeTooShortForItsTextBoxTakesEffectAllTheSame) {
     EXPECT_EQ(Fields.AlternateTime, 15);
 }
 
+TEST_F(HeldNoteCyclerTest, TheAutomaticTimeIsNoChangeOfTheSong) {
+    const std::uint64_t changes = P.App.Changes.Count;
+    Form.AutoTimeCheck = true;
+    Form.Press({60, 64});
+    Step();
+    EXPECT_EQ(Fields.AlternateTimeText.Get(), "15");
+    EXPECT_FALSE(Fields.Modified);
+    EXPECT_EQ(P.App.Changes.Count, changes);
+    Fields.AlternateTimeText = "33";
+    EXPECT_TRUE(Fields.Modified);
+    EXPECT_GT(P.App.Changes.Count, changes);
+    Step();
+    EXPECT_TRUE(Fields.Modified) << "the user's change is one";
+    Fields.AlternateTimeText = "20";
+    EXPECT_FALSE(Fields.Modified);
+}
+
+TEST_F(HeldNoteCyclerTest, ASongThatWasSavedWithTheAutomaticTimeHasIt) {
+    Form.AutoTimeCheck = true;
+    Form.Press({60});
+    Step();
+    P.App.History.MarkSaved();
+    Step();
+    EXPECT_FALSE(Fields.Modified);
+    Fields.AlternateTimeText = "20";
+    EXPECT_TRUE(Fields.Modified);
+}
+
 TEST_F(HeldNoteCyclerTest, WithoutTheAutomaticTimeTheAlternateTimeStaysTheUsers) {
     Fields.AlternateTimeText = "100";
     Form.Press({60, 64, 67});
