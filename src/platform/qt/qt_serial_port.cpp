@@ -11,7 +11,25 @@
 
 namespace quavix {
 
-QtSerialPort::QtSerialPort(std::string wanted) : wanted_(std::move(wanted)) {}
+namespace {
+
+std::vector<std::string> FindPorts() {
+    QList<QSerialPortInfo> ports = QSerialPortInfo::availablePorts();
+    // Controllers hang on adapters; what is built in often has no socket at all.
+    std::stable_partition(ports.begin(), ports.end(),
+                          [](const QSerialPortInfo& port) { return port.hasVendorIdentifier(); });
+    std::vector<std::string> names;
+    for (const QSerialPortInfo& port : ports)
+        names.push_back(QFile::encodeName(port.portName()).toStdString());
+    return names;
+}
+
+}  // namespace
+
+QtSerialPort::QtSerialPort(std::string wanted) : wanted_(std::move(wanted)) {
+    if (wanted_.empty())
+        firstNames_ = std::async(&FindPorts);
+}
 
 QtSerialPort::~QtSerialPort() {
     Close();
@@ -27,14 +45,7 @@ void QtSerialPort::DeleteLater::operator()(QSerialPort* port) const {
 std::vector<std::string> QtSerialPort::Names() {
     if (!wanted_.empty())
         return {wanted_};
-    QList<QSerialPortInfo> ports = QSerialPortInfo::availablePorts();
-    // Controllers hang on adapters; what is built in often has no socket at all.
-    std::stable_partition(ports.begin(), ports.end(),
-                          [](const QSerialPortInfo& port) { return port.hasVendorIdentifier(); });
-    std::vector<std::string> names;
-    for (const QSerialPortInfo& port : ports)
-        names.push_back(QFile::encodeName(port.portName()).toStdString());
-    return names;
+    return firstNames_.valid() ? firstNames_.get() : FindPorts();
 }
 
 std::string QtSerialPort::Open(const std::string& name, const std::string& lastWords) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <future>
 #include <memory>
 #include <string>
 #include <vector>
@@ -17,6 +18,8 @@ namespace quavix {
 class QtSerialPort : public SerialPort {
   public:
     /// `wanted` is a device that the user has asked for by hand ("/dev/rfcomm0"); it is the only one then.
+    /// Otherwise the first search for ports begins here, on a thread of its own: it takes as long as a window
+    /// does to be made.
     explicit QtSerialPort(std::string wanted = {});
     ~QtSerialPort() override;
 
@@ -36,6 +39,7 @@ class QtSerialPort : public SerialPort {
     void Lost(const std::string& reason);
 
     std::string wanted_;
+    std::future<std::vector<std::string>> firstNames_;
     std::unique_ptr<QSerialPort, DeleteLater> port_;
     LastWords lastWords_;
     std::function<void(const std::string&)> whenLost_;
