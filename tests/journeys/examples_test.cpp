@@ -28,9 +28,8 @@ std::vector<std::string> Examples() {
     return names;
 }
 
-class Example : public testing::TestWithParam<std::string> {};
-
-TEST_P(Example, LoadsWithoutAWordAndRendersToItsLength) {
+/// A song or MIDI file as the speaker sounds it; nothing was said or asked meanwhile.
+auto Rendered(const std::string& song) {
     PosixFiles files;
     Timeline events;
     SimulatedTime time;
@@ -38,11 +37,17 @@ TEST_P(Example, LoadsWithoutAWordAndRendersToItsLength) {
     RecordedSoundLibrary library(time, events);
     ModuleMidiFileReader midiFiles(QUAVIX_MIDI_FILE_MODULE);
     RenderOptions options;
-    options.Song = GetParam();
+    options.Song = song;
     std::stringstream out;
     SongRenderer(files, boxes, library, midiFiles, "", [](double) { return true; }).Render(options, out);
     EXPECT_EQ(events.Text(), "");
-    const auto sound = test::ReadWav(out.str());
+    return test::ReadWav(out.str());
+}
+
+class Example : public testing::TestWithParam<std::string> {};
+
+TEST_P(Example, LoadsWithoutAWordAndRendersToItsLength) {
+    const auto sound = Rendered(GetParam());
     ASSERT_TRUE(sound);
     const double seconds = static_cast<double>(sound->Frames()) / sound->SampleRate;
     EXPECT_GT(seconds, 20);
@@ -60,18 +65,7 @@ INSTANTIATE_TEST_SUITE_P(Songs, Example, testing::ValuesIn(Examples()), NameOf);
 
 /// The tune comes out of the cycler as pulses, so it is its highest notes.
 TEST(Examples, TheMidiFileIsATuneOfThreeVoices) {
-    PosixFiles files;
-    Timeline events;
-    SimulatedTime time;
-    SimulatedMessageBoxes boxes(time, events);
-    RecordedSoundLibrary library(time, events);
-    ModuleMidiFileReader midiFiles(QUAVIX_MIDI_FILE_MODULE);
-    RenderOptions options;
-    options.Song = QUAVIX_SOURCE_DIR "/examples/Greensleeves.mid";
-    std::stringstream out;
-    SongRenderer(files, boxes, library, midiFiles, "", [](double) { return true; }).Render(options, out);
-    EXPECT_EQ(events.Text(), "");
-    const auto sound = test::ReadWav(out.str());
+    const auto sound = Rendered(QUAVIX_SOURCE_DIR "/examples/Greensleeves.mid");
     ASSERT_TRUE(sound);
     EXPECT_NEAR(static_cast<double>(sound->Frames()) / sound->SampleRate, 48, 3);
     std::vector<int> tune;
@@ -92,17 +86,9 @@ TEST(Examples, AreSixAtLeast) {
 }
 
 TEST(Examples, TheOdeBeginsWithItsMelody) {
-    PosixFiles files;
-    Timeline events;
-    SimulatedTime time;
-    SimulatedMessageBoxes boxes(time, events);
-    RecordedSoundLibrary library(time, events);
-    ModuleMidiFileReader midiFiles(QUAVIX_MIDI_FILE_MODULE);
-    RenderOptions options;
-    options.Song = QUAVIX_SOURCE_DIR "/examples/Ode-to-Joy.QVX";
-    std::stringstream out;
-    SongRenderer(files, boxes, library, midiFiles, "", [](double) { return true; }).Render(options, out);
-    const auto tones = test::FindTones(test::ReadWav(out.str())->Samples, 48000);
+    const auto sound = Rendered(QUAVIX_SOURCE_DIR "/examples/Ode-to-Joy.QVX");
+    ASSERT_TRUE(sound);
+    const auto tones = test::FindTones(sound->Samples, 48000);
     // mi mi fa sol, sol fa mi re, do do re mi, mi re re
     const int steps[] = {4, 4, 5, 7, 7, 5, 4, 2, 0, 0, 2, 4, 4, 2, 2};
     ASSERT_GT(tones.size(), std::size(steps));
