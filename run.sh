@@ -1,7 +1,7 @@
 #!/bin/sh
 # SPDX-License-Identifier: MIT
-# run.sh [SONG.QVX]: builds Quavix where needed and starts it with the song. Without a display the song is rendered to
-# a WAV file instead.
+# run.sh [SONG]: builds Quavix where needed and starts it with the song, a .QVX or a MIDI file. Without a display the song
+# is rendered to a WAV file instead.
 set -eu
 started_in=$PWD
 cd "$(dirname "$0")"
@@ -30,7 +30,8 @@ case "${1:-}" in
 -*) exec "$bin/quavix" "$@" ;;
 esac
 # Nothing is written over.
-song=$started_in/$(basename -- "$1" .QVX)
+name=$(basename -- "$1")
+song=$started_in/${name%.*}
 wav=$song.wav
 number=1
 while [ -e "$wav" ]; do
