@@ -11,8 +11,8 @@
 #include <string_view>
 #include <vector>
 
-#include "ui/music_list_view.h"
 #include "ui/ui_program.h"
+#include "ui/widgets/music_list_view.h"
 
 namespace quavix::bench {
 namespace {

@@ -34,8 +34,8 @@
 #include "shell/program_info.h"
 #include "shell/whole_text.h"
 #include "songfile/recovery.h"
-#include "ui/main_form.h"
-#include "ui/save_load_form.h"
+#include "ui/dialogs/save_load_form.h"
+#include "ui/main_window/main_form.h"
 
 using namespace quavix;
 

@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "app/program.h"
-#include "ui/window_parts.h"
+#include "ui/main_window/window_parts.h"
 
 namespace quavix {
 

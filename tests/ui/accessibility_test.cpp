@@ -2,14 +2,14 @@
 #include <map>
 #include <set>
 
-#include "ui/manual_form.h"
-#include "ui/mod_texts.h"
-#include "ui/piano_keyboard.h"
-#include "ui/portamento_form.h"
-#include "ui/save_load_form.h"
-#include "ui/speaker_form.h"
+#include "ui/dialogs/manual_form.h"
+#include "ui/dialogs/save_load_form.h"
+#include "ui/dialogs/speaker_form.h"
+#include "ui/mods/mod_texts.h"
+#include "ui/mods/portamento_form.h"
+#include "ui/mods/voice_internal_form.h"
 #include "ui/ui_program.h"
-#include "ui/voice_internal_form.h"
+#include "ui/widgets/piano_keyboard.h"
 
 namespace quavix {
 namespace {

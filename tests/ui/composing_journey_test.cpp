@@ -2,8 +2,8 @@
 // A song from nothing until it is opened again: with the mouse alone, and with the keyboard alone.
 #include "app/start_up.h"
 #include "simulation/simulated_processes.h"
-#include "ui/piano_keyboard.h"
 #include "ui/ui_program.h"
+#include "ui/widgets/piano_keyboard.h"
 
 namespace quavix {
 namespace {

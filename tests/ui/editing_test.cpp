@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "ui/piano_keyboard.h"
 #include "ui/ui_program.h"
+#include "ui/widgets/piano_keyboard.h"
 
 namespace quavix {
 namespace {

@@ -9,8 +9,8 @@
 #include "app/shutdown.h"
 #include "app/window_parts_of.h"
 #include "support/simulated_program.h"
-#include "ui/main_form.h"
-#include "ui/save_load_form.h"
+#include "ui/dialogs/save_load_form.h"
+#include "ui/main_window/main_form.h"
 
 namespace quavix::test {
 

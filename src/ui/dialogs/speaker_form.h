@@ -1,0 +1,40 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <memory>
+
+#include <QDialog>
+
+#include "ui/main_window/window_parts.h"
+
+namespace quavix {
+
+namespace Ui {
+class SpeakerForm;
+}
+
+/// Which speaker is in use and, where it is not the real one, why not and what to do about it; and a test
+/// tone.
+class SpeakerForm : public QDialog {
+    Q_OBJECT
+
+  public:
+    explicit SpeakerForm(const WindowParts& parts, QWidget* parent = nullptr);
+    ~SpeakerForm() override;
+
+    /// Asks the speaker anew.
+    void Refresh();
+
+  Q_SIGNALS:
+    /// The test tone has sounded, and may have shown a failing device.
+    void Tested();
+
+  private:
+    void SpeakerTestButton_Click();
+    void RemedyCopyButton_Click();
+
+    WindowParts parts_;
+    std::unique_ptr<Ui::SpeakerForm> ui_;
+};
+
+}  // namespace quavix

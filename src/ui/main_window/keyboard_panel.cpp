@@ -1,0 +1,95 @@
+// SPDX-License-Identifier: MIT
+#include "ui/main_window/keyboard_panel.h"
+
+#include <QApplication>
+
+#include "ui/main_window/texts.h"
+#include "ui/widgets/binding.h"
+#include "ui/widgets/colours.h"
+#include "ui/widgets/piano_keyboard.h"
+#include "ui/widgets/piano_painter.h"
+#include "ui_keyboard_panel.h"
+
+namespace quavix {
+namespace {
+
+void PaintGroup(QLabel* label, int group) {
+    const QColor colour = GroupColour(group);
+    QPalette palette = label->palette();
+    palette.setColor(QPalette::Window, colour);
+    palette.setColor(QPalette::WindowText, ReadableOn(colour));
+    QFont font = label->font();
+    font.setBold(true);
+    label->setFont(font);
+    label->setPalette(palette);
+    label->setAutoFillBackground(true);
+}
+
+}  // namespace
+
+KeyboardPanel::KeyboardPanel(const WindowParts& parts, QWidget* parent)
+    : QWidget(parent), parts_(parts), ui_(std::make_unique<Ui::KeyboardPanel>()) {
+    ui_->setupUi(this);
+    ui_->PianoKey->setToolTip(text::PianoKeyTip);
+    ui_->lblKeyboardOctave->setToolTip(text::KeyboardOctaveTip);
+    ui_->KeyboardOctaveText->setToolTip(text::KeyboardOctaveTip);
+    ui_->KeyboardOctaveText->setFixedWidth(ui_->KeyboardOctaveText->fontMetrics().horizontalAdvance("00000"));
+    ui_->KeyboardOctaveUpDown->SetBuddy(ui_->KeyboardOctaveText, tr("Octave"));
+    int group = 0;
+    for (QLabel* label : {ui_->OctLabel0, ui_->OctLabel1, ui_->OctLabel2}) {
+        label->setToolTip(text::OctLabelTip);
+        label->setAlignment(Qt::AlignCenter);
+        label->setMargin(2);
+        PaintGroup(label, group);
+        ShowIn(label, parts_.Fields.OctLabel[static_cast<std::size_t>(group++)],
+               [label](const std::string& octave) {
+                   label->setText(QString::fromStdString(octave));
+                   label->setAccessibleName(tr("Octave %1").arg(label->text()));
+               });
+    }
+
+    MainFields& fields = parts_.Fields;
+    BindText(ui_->KeyboardOctaveText, fields.KeyboardOctaveText, fields.KeyboardOctaveTextBackColor,
+             parts_.Handlers);
+    connect(ui_->KeyboardOctaveUpDown, &UpDown::Stepped, this,
+            [this](int direction) { StepOctave(ui_->PianoKey->CurrentKey(), direction); });
+    ShowIn(this, fields.KeyboardOctave, [this](std::uint8_t octave) {
+        ui_->PianoKey->SetOctave(octave);
+        ShowSounding();
+    });
+    ShowIn(this, fields.NotesSounding, [this](const SoundingNotes&) { ShowSounding(); });
+    ShowIn(this, fields.PianoKeysEnabled, [this](bool enabled) { EnableKeys(enabled); });
+    connect(ui_->PianoKey, &PianoKeyboard::KeyClicked, this, [this](int key) {
+        RunHandler(*ui_->PianoKey, "Click", parts_.Handlers, [&] { parts_.Keys.PianoKey_Click(key); });
+    });
+    connect(ui_->PianoKey, &PianoKeyboard::OctaveStepped, this, &KeyboardPanel::StepOctave);
+}
+
+KeyboardPanel::~KeyboardPanel() = default;
+
+void KeyboardPanel::StepOctave(int key, int direction) {
+    RunHandler(*ui_->PianoKey, "KeyDown", parts_.Handlers, [&] {
+        parts_.Keys.PianoKey_KeyDown(key, direction > 0 ? PianoKeys::UpArrow : PianoKeys::DownArrow,
+                                     PianoKeys::CtrlOnly);
+    });
+}
+
+void KeyboardPanel::ShowSounding() {
+    PianoKeySet keys;
+    for (int key = 0; key < PianoPlan::Keys; ++key)
+        keys.set(static_cast<std::size_t>(key), parts_.Keys.IsSounding(key));
+    ui_->PianoKey->ShowSounding(keys);
+}
+
+/// Keys that come back take back the keyboard focus that they had, unless the user has moved it meanwhile.
+void KeyboardPanel::EnableKeys(bool enabled) {
+    if (!enabled)
+        hadFocus_ = window()->focusWidget() == ui_->PianoKey;
+    ui_->PianoKey->setEnabled(enabled);
+    if (!enabled)
+        focusMeanwhile_ = window()->focusWidget();
+    else if (std::exchange(hadFocus_, false) && window()->focusWidget() == focusMeanwhile_)
+        ui_->PianoKey->setFocus();
+}
+
+}  // namespace quavix

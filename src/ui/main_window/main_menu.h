@@ -1,0 +1,51 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <functional>
+
+#include <QObject>
+
+#include "ui/main_window/window_parts.h"
+
+class QAction;
+class QKeySequence;
+class QMainWindow;
+class QMenu;
+class QTableView;
+
+namespace quavix {
+
+class ManualForm;
+
+/// The menus of the main window.
+class MainMenu : public QObject {
+    Q_OBJECT
+
+  public:
+    /// Adds the menus to the window, which owns them.
+    MainMenu(const WindowParts& parts, QMainWindow& window);
+
+    /// Gives a list the editing commands as its context menu.
+    void ServeList(QTableView& list);
+
+  private:
+    void AddFileMenu();
+    void AddEditMenu();
+    void AddPlayMenu();
+    void AddHelpMenu();
+    QMenu* AddMenu(const char* name, const QString& title);
+    QAction* Add(QMenu* menu, const char* name, const QString& caption, const QKeySequence& keys,
+                 const QString& tip, std::function<void()> triggered);
+
+    void NewSong();
+    void OpenSong();
+    void Paste();
+    void ShowManual();
+    void ShowAbout();
+
+    WindowParts parts_;
+    QMainWindow& window_;
+    ManualForm* manual_ = nullptr;
+};
+
+}  // namespace quavix

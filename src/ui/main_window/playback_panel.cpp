@@ -1,0 +1,56 @@
+// SPDX-License-Identifier: MIT
+#include "ui/main_window/playback_panel.h"
+
+#include "ui/widgets/binding.h"
+#include "ui/widgets/colours.h"
+#include "ui_playback_panel.h"
+
+namespace quavix {
+
+PlaybackPanel::PlaybackPanel(const WindowParts& parts, QWidget* parent)
+    : QWidget(parent), parts_(parts), ui_(std::make_unique<Ui::PlaybackPanel>()) {
+    ui_->setupUi(this);
+
+    QSizePolicy keepsItsPlace = ui_->BeepTextLabel->sizePolicy();
+    keepsItsPlace.setRetainSizeWhenHidden(true);
+    ui_->BeepTextLabel->setSizePolicy(keepsItsPlace);
+    PaintLabel(ui_->BeepTextLabel, colour::Orange);
+
+    MainFields& fields = parts_.Fields;
+    BindEnabled(ui_->PlayAllButton, fields.PlayAllButtonEnabled);
+    BindEnabled(ui_->PlayFromLineButton, fields.PlayFromLineButtonEnabled);
+    ShowIn(this, fields.StopPlayButtonEnabled, [this](bool enabled) { EnableStopButton(enabled); });
+    ShowIn(this, fields.BeepTextLabelVisible, [this](bool visible) { ShowBeep(visible); });
+
+    BindPlayButton(ui_->PlayAllButton, [this] { parts_.Playback.PlayAllButton_Click(); });
+    BindPlayButton(ui_->PlayFromLineButton, [this] { parts_.Playback.PlayFromLineButton_Click(); });
+    BindButton(ui_->StopPlayButton, parts_.Handlers, [this] { parts_.Playback.StopPlayButton_Click(); });
+}
+
+PlaybackPanel::~PlaybackPanel() = default;
+
+void PlaybackPanel::BindPlayButton(QAbstractButton* button, std::function<void()> play) {
+    connect(button, &QAbstractButton::clicked, this, [this, button, play = std::move(play)] {
+        focusAfterStop_ = window()->focusWidget() == button ? button : nullptr;
+        RunHandler(*button, "Click", parts_.Handlers, play);
+    });
+}
+
+/// While a play button is disabled, the stop button has its keyboard focus.
+void PlaybackPanel::EnableStopButton(bool enabled) {
+    const bool hasFocus = window()->focusWidget() == ui_->StopPlayButton;
+    if (!enabled && hasFocus && focusAfterStop_ != nullptr)
+        focusAfterStop_->setFocus();
+    ui_->StopPlayButton->setEnabled(enabled);
+    if (enabled && focusAfterStop_ != nullptr)
+        ui_->StopPlayButton->setFocus();
+}
+
+/// The speaker holds the thread right after this, so the label is painted at once.
+void PlaybackPanel::ShowBeep(bool visible) {
+    ui_->BeepTextLabel->setVisible(visible);
+    if (visible)
+        ui_->BeepTextLabel->repaint();
+}
+
+}  // namespace quavix

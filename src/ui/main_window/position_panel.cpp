@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+#include "ui/main_window/position_panel.h"
+
+#include <QFontDatabase>
+
+#include "ui/widgets/binding.h"
+#include "ui/widgets/colours.h"
+#include "ui_position_panel.h"
+
+namespace quavix {
+namespace {
+
+/// Digits of one width and room for the longest caption: the labels stand still while they count.
+void Prepare(QLabel* label, const QString& longest) {
+    label->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    label->setMinimumWidth(label->fontMetrics().horizontalAdvance(longest) + 4 * label->margin());
+    PaintLabel(label, colour::DarkGreen);
+}
+
+}  // namespace
+
+PositionPanel::PositionPanel(const WindowParts& parts, QWidget* parent)
+    : QWidget(parent), parts_(parts), ui_(std::make_unique<Ui::PositionPanel>()) {
+    ui_->setupUi(this);
+    Prepare(ui_->lblPlayBar, "0000");
+    Prepare(ui_->lblPlayPos, "00 00/00");
+    Prepare(ui_->lblPlaySig, "00.00");
+    BindLabel(ui_->lblPlayBar, parts_.Fields.lblPlayBar);
+    BindLabel(ui_->lblPlayPos, parts_.Fields.lblPlayPos);
+    BindLabel(ui_->lblPlaySig, parts_.Fields.lblPlaySig);
+    ShowIn(ui_->lblPlayPos, parts_.Fields.lblPlayPosBackColor,
+           [label = ui_->lblPlayPos](std::int32_t colour) { PaintLabel(label, colour); });
+    BindCheck(ui_->NoUpdateCheck, parts_.Fields.NoUpdateCheck, parts_.Handlers,
+              [this] { parts_.Position.NoUpdateCheck_Click(); });
+    BindEnabled(ui_->NoUpdateCheck, parts_.Fields.NoUpdateCheckEnabled);
+    BindButton(ui_->NoUpdateHButton, parts_.Handlers, [this] { parts_.Position.NoUpdateHButton_Click(); });
+}
+
+PositionPanel::~PositionPanel() = default;
+
+}  // namespace quavix

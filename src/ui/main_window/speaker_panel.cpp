@@ -1,0 +1,57 @@
+// SPDX-License-Identifier: MIT
+#include "ui/main_window/speaker_panel.h"
+
+#include "ui/dialogs/speaker_form.h"
+#include "ui/widgets/binding.h"
+#include "ui_speaker_panel.h"
+
+namespace quavix {
+
+SpeakerPanel::SpeakerPanel(const WindowParts& parts, QWidget* parent)
+    : QWidget(parent), parts_(parts), ui_(std::make_unique<Ui::SpeakerPanel>()) {
+    ui_->setupUi(this);
+    ShowIn(this, parts_.Fields.MusicIsPlaying, [this](bool) { Refresh(); });
+    // A speaker may fail at any tone.
+    ShowIn(this, parts_.Fields.BeepTextLabelVisible, [this](bool visible) {
+        if (!visible)
+            Refresh();
+    });
+    BindCheck(ui_->MuteTweebleCheck, parts_.Fields.MuteTweebleCheck, parts_.Handlers,
+              [this] { parts_.Tones.MuteTweebleCheck_Click(); });
+    BindButton(ui_->SpeakerDetailsButton, parts_.Handlers, [this] { SpeakerDetailsButton_Click(); });
+}
+
+SpeakerPanel::~SpeakerPanel() = default;
+
+void SpeakerPanel::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    Refresh();
+}
+
+void SpeakerPanel::Refresh() {
+    const SpeakerStatus status = parts_.PcSpeaker.Status();
+    QString text = tr("Speaker: %1").arg(QString::fromStdString(status.InUse));
+    if (!status.Reason.empty())
+        text += QString::fromUtf8(" – ") + QString::fromStdString(status.Reason);
+    if (text == ui_->SpeakerLabel->toolTip() && shownWidth_ == ui_->SpeakerLabel->width())
+        return;
+    shownWidth_ = ui_->SpeakerLabel->width();
+    const QLabel& label = *ui_->SpeakerLabel;
+    ui_->SpeakerLabel->setText(label.fontMetrics().elidedText(text, Qt::ElideRight, label.width()));
+    ui_->SpeakerLabel->setToolTip(text);
+    ui_->SpeakerLabel->setAccessibleName(text);
+}
+
+void SpeakerPanel::SpeakerDetailsButton_Click() {
+    if (form_ == nullptr) {
+        form_ = new SpeakerForm(parts_, this);
+        connect(form_, &SpeakerForm::Tested, this, &SpeakerPanel::Refresh);
+    }
+    Refresh();
+    form_->Refresh();
+    form_->show();
+    form_->raise();
+    form_->activateWindow();
+}
+
+}  // namespace quavix

@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+#include "ui/main_window/timing_panel.h"
+
+#include "ui/mods/mod_texts.h"
+#include "ui/widgets/binding.h"
+#include "ui_timing_panel.h"
+
+namespace quavix {
+
+TimingPanel::TimingPanel(const WindowParts& parts, QWidget* parent)
+    : QGroupBox(parent), parts_(parts), ui_(std::make_unique<Ui::TimingPanel>()) {
+    ui_->setupUi(this);
+    ui_->BPMUpDown->SetBuddy(ui_->BPMText, tr("BPM"));
+    ui_->MetronomeButton->setText(text::MetronomeCaption);
+    ui_->MetronomeButton->setAccessibleName(text::MetronomeCaption);
+    ui_->MetronomeButton->setToolTip(text::MetronomeTip);
+    ui_->BPMText->setMinimumWidth(ui_->BPMText->fontMetrics().horizontalAdvance("000000"));
+    KeepWidthOf(ui_->lblTimeSig, "100%");
+    KeepWidthOf(ui_->NoteSilenceRatioLabel, "100%");
+
+    MainFields& fields = parts_.Fields;
+    EventBoundary& handlers = parts_.Handlers;
+    BindText(ui_->BPMText, fields.BPMText, fields.BPMTextBackColor, handlers);
+    connect(ui_->BPMUpDown, &UpDown::Stepped, this, [this](int direction) {
+        RunHandler(*ui_->BPMUpDown, "Change", parts_.Handlers,
+                   [&] { parts_.Numbers.BPMUpDown_Change(direction); });
+    });
+    ShowIn(ui_->MetronomeButton, fields.MetronomeIsOn,
+           [button = ui_->MetronomeButton](bool on) { button->setChecked(on); });
+    BindEnabled(ui_->MetronomeButton, fields.MetronomeButtonEnabled);
+    BindButton(ui_->MetronomeButton, handlers, [this] {
+        // Whether the metronome is on shows the button, not the click.
+        ui_->MetronomeButton->setChecked(parts_.Fields.MetronomeIsOn);
+        parts_.Clicks.MetronomeButton_Click();
+    });
+    // Assistive technology toggles without a click. Later, when a click is over, the button is as it should
+    // be.
+    const auto followToggle = [this] {
+        if (ui_->MetronomeButton->isChecked() != parts_.Fields.MetronomeIsOn)
+            ui_->MetronomeButton->click();
+    };
+    connect(ui_->MetronomeButton, &QAbstractButton::toggled, this, followToggle, Qt::QueuedConnection);
+    BindSlider(ui_->TimeSigSlider, fields.TimeSigSlider, parameter::TimeSig, "Change", handlers);
+    BindLabel(ui_->lblTimeSig, fields.lblTimeSig);
+    BindSlider(ui_->NoteSilenceRatioSlider, fields.NoteSilenceRatioSlider, parameter::NoteSilenceRatio,
+               "Scroll", handlers);
+    BindLabel(ui_->NoteSilenceRatioLabel, fields.NoteSilenceRatioLabel);
+    BindText(ui_->AlternateTimeText, fields.AlternateTimeText, fields.AlternateTimeTextBackColor, handlers);
+}
+
+TimingPanel::~TimingPanel() = default;
+
+}  // namespace quavix

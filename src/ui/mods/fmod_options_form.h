@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <memory>
+
+#include "ui/main_window/window_parts.h"
+#include "ui/mods/mod_window.h"
+
+namespace quavix {
+
+namespace Ui {
+class FMODOptionsForm;
+}
+
+/// The waveform of the sound card's tones, and whether they are ever silent.
+class FMODOptionsForm : public ModWindow {
+    Q_OBJECT
+
+  public:
+    FMODOptionsForm(const WindowParts& parts, QWidget* owner);
+    ~FMODOptionsForm() override;
+
+  private:
+    std::unique_ptr<Ui::FMODOptionsForm> ui_;
+};
+
+}  // namespace quavix

@@ -1,0 +1,32 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <memory>
+
+#include "midi/midi_file_playback.h"
+#include "ui/main_window/window_parts.h"
+#include "ui/mods/mod_window.h"
+
+namespace quavix {
+
+namespace Ui {
+class MIDIFileForm;
+}
+
+/// The window of MIDI file playback: the file, the controls of its playback, and the notes that are held.
+class MIDIFileForm : public ModWindow {
+    Q_OBJECT
+
+  public:
+    explicit MIDIFileForm(const WindowParts& parts, QWidget* owner = nullptr);
+    ~MIDIFileForm() override;
+
+  private:
+    void BindSlider();
+
+    MidiFilePlayback& playback_;
+    EventBoundary& handlers_;
+    std::unique_ptr<Ui::MIDIFileForm> ui_;
+};
+
+}  // namespace quavix

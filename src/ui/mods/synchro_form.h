@@ -1,0 +1,27 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <memory>
+
+#include "ui/main_window/window_parts.h"
+#include "ui/mods/mod_window.h"
+
+namespace quavix {
+
+namespace Ui {
+class SynchroForm;
+}
+
+/// The window of the synchronized start: the time, the place in the music, and the button that waits.
+class SynchroForm : public ModWindow {
+    Q_OBJECT
+
+  public:
+    explicit SynchroForm(const WindowParts& parts, QWidget* owner = nullptr);
+    ~SynchroForm() override;
+
+  private:
+    std::unique_ptr<Ui::SynchroForm> ui_;
+};
+
+}  // namespace quavix

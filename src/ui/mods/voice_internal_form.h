@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <memory>
+
+#include "ui/main_window/window_parts.h"
+#include "ui/mods/mod_window.h"
+
+class QLabel;
+class QSlider;
+
+namespace quavix {
+
+namespace Ui {
+class VoiceInternalForm;
+}
+
+/// The sliders and the vowel buttons of the voice.
+class VoiceInternalForm : public ModWindow {
+    Q_OBJECT
+
+  public:
+    VoiceInternalForm(const WindowParts& parts, QWidget* owner);
+    ~VoiceInternalForm() override;
+
+  private:
+    void Bind(QSlider* slider, Watched<std::int32_t>& value, const Parameter& range, QLabel* label,
+              const Watched<std::string>& words);
+    void BindSliders();
+    void BindFormants();
+    void BindVowels();
+
+    MainFields& fields_;
+    VoiceControls& controls_;
+    EventBoundary& handlers_;
+    std::unique_ptr<Ui::VoiceInternalForm> ui_;
+};
+
+}  // namespace quavix

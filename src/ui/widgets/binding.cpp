@@ -1,0 +1,138 @@
+// SPDX-License-Identifier: MIT
+#include "ui/widgets/binding.h"
+
+#include <memory>
+
+#include <QAbstractButton>
+#include <QAbstractItemView>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QRadioButton>
+#include <QScopedValueRollback>
+#include <QSlider>
+
+#include "ui/widgets/colours.h"
+
+namespace quavix {
+
+void RunHandler(const QObject& control, std::string_view event, EventBoundary& handlers,
+                const std::function<void()>& handler) {
+    std::string name = control.objectName().toStdString();
+    name += '_';
+    name += event;
+    handlers.Run(name, handler);
+}
+
+void BindButton(QAbstractButton* button, EventBoundary& handlers, std::function<void()> clicked) {
+    QObject::connect(button, &QAbstractButton::clicked, button,
+                     [button, &handlers, clicked = std::move(clicked)] {
+                         RunHandler(*button, "Click", handlers, clicked);
+                     });
+}
+
+void BindCheck(QCheckBox* box, Watched<bool>& value, EventBoundary& handlers, std::function<void()> clicked) {
+    ShowIn(box, value, [box](bool ticked) { box->setChecked(ticked); });
+    // Assistive technology toggles without a click.
+    QObject::connect(box, &QCheckBox::toggled, box,
+                     [box, &value, &handlers, clicked = std::move(clicked)](bool ticked) {
+                         if (ticked == value)
+                             return;
+                         RunHandler(*box, "Click", handlers, [&] {
+                             value = ticked;
+                             if (clicked)
+                                 clicked();
+                         });
+                     });
+}
+
+void BindText(QLineEdit* edit, Watched<std::string>& value, EventBoundary& handlers) {
+    const auto showing = std::make_shared<bool>(false);
+    ShowIn(edit, value, [edit, showing](const std::string& text) {
+        const QString shown = QString::fromStdString(text);
+        if (edit->text() == shown)  // the cursor stays where it is while the user types
+            return;
+        const QScopedValueRollback now(*showing, true);
+        edit->setText(shown);
+    });
+    // Not textEdited: what a screen reader or a voice control writes is no edit by the keyboard.
+    QObject::connect(edit, &QLineEdit::textChanged, edit,
+                     [edit, showing, &value, &handlers](const QString& text) {
+                         if (!*showing)
+                             RunHandler(*edit, "Change", handlers, [&] { value = text.toStdString(); });
+                     });
+}
+
+void BindText(QLineEdit* edit, Watched<std::string>& value, Watched<std::int32_t>& backColor,
+              EventBoundary& handlers) {
+    ShowIn(edit, backColor, [edit](std::int32_t colour) { PaintField(edit, colour); });
+    BindText(edit, value, handlers);
+}
+
+void BindSlider(QSlider* slider, Watched<std::int32_t>& value, const Parameter& range, std::string_view event,
+                EventBoundary& handlers) {
+    slider->setRange(range.Lowest, range.Highest);
+    ShowIn(slider, value, [slider](std::int32_t position) { slider->setValue(position); });
+    QObject::connect(slider, &QSlider::valueChanged, slider,
+                     [slider, &value, event, &handlers](int position) {
+                         RunHandler(*slider, event, handlers, [&] { value = position; });
+                     });
+}
+
+void BindCombo(QComboBox* combo, Watched<std::int32_t>& value, EventBoundary& handlers) {
+    // The list that opens takes the keyboard focus without the combo box's name.
+    combo->view()->setAccessibleName(combo->accessibleName());
+    ShowIn(combo, value, [combo](std::int32_t entry) { combo->setCurrentIndex(entry); });
+    QObject::connect(combo, &QComboBox::activated, combo, [combo, &value, &handlers](int entry) {
+        RunHandler(*combo, "Click", handlers, [&] { value = entry; });
+    });
+}
+
+void BindOptions(QRadioButton* first, Watched<bool>& firstValue, QRadioButton* second,
+                 Watched<bool>& secondValue, EventBoundary& handlers) {
+    const auto showing = std::make_shared<bool>(false);
+    for (const auto& [button, own, other] :
+         {std::tuple{first, &firstValue, &secondValue}, std::tuple{second, &secondValue, &firstValue}}) {
+        ShowIn(button, *own, [option = button, showing](bool chosen) {
+            if (option->isChecked() == chosen)
+                return;
+            const QScopedValueRollback now(*showing, true);
+            option->setAutoExclusive(chosen);  // the chosen one of a group can't be cleared
+            option->setChecked(chosen);
+            option->setAutoExclusive(true);
+        });
+        const auto choose = [option = button, ownValue = own, otherValue = other, showing, &handlers] {
+            if (*showing || !option->isChecked() || (*ownValue && !*otherValue))
+                return;
+            RunHandler(*option, "Click", handlers, [&] {
+                *otherValue = false;
+                *ownValue = true;
+            });
+        };
+        // Assistive technology toggles without a click; a click on an option that looks chosen toggles none.
+        QObject::connect(button, &QRadioButton::toggled, button, choose);
+        QObject::connect(button, &QRadioButton::clicked, button, choose);
+    }
+}
+
+void ShowReading(QLabel* label, const QString& what, const QString& text) {
+    label->setText(text);
+    label->setAccessibleName(what + ": " + text);
+}
+
+void BindLabel(QLabel* label, const Watched<std::string>& caption) {
+    ShowIn(label, caption, [label, what = label->accessibleName()](const std::string& text) {
+        ShowReading(label, what, QString::fromStdString(text));
+    });
+}
+
+void BindEnabled(QWidget* widget, const Watched<bool>& enabled) {
+    ShowIn(widget, enabled, [widget](bool isEnabled) { widget->setEnabled(isEnabled); });
+}
+
+void KeepWidthOf(QLabel* label, const QString& longest) {
+    label->setMinimumWidth(label->fontMetrics().horizontalAdvance(longest));
+}
+
+}  // namespace quavix

@@ -1,0 +1,35 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QColor>
+#include <QPainter>
+
+#include "ui/widgets/piano_plan.h"
+
+namespace quavix {
+
+class PianoKeyboard;
+
+/// The colour of an octave group: orange, blue, green from the left.
+QColor GroupColour(int group);
+
+/// Draws the keys of the on-screen keyboard. Ivory is ivory in every palette.
+class PianoPainter {
+  public:
+    PianoPainter(QPainter& painter, const PianoKeyboard& piano, const PianoPlan& plan)
+        : painter_(painter), piano_(piano), plan_(plan) {}
+
+    void Draw(int key) const;
+    /// The ring around the key that the space bar presses.
+    void DrawFocus(int key) const;
+
+  private:
+    void DrawWhite(int key) const;
+    void DrawBlack(int key) const;
+
+    QPainter& painter_;
+    const PianoKeyboard& piano_;
+    PianoPlan plan_;
+};
+
+}  // namespace quavix
