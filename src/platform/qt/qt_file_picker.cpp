@@ -3,12 +3,13 @@
 
 #include <algorithm>
 
-#include <QApplication>
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
 #include <QRegularExpression>
+
+#include "platform/qt/dialog_owner.h"
 
 namespace quavix {
 namespace {
@@ -28,13 +29,16 @@ QString Patterns(const QString& patterns) {
     return all.join(' ');
 }
 
-/// Tells the user where there is no such folder.
+/// Tells the user if there is no such folder. The window may be gone afterwards.
 bool PathExists(const QString& name, QFileDialog& window) {
     const QString folder = QFileInfo(name).absolutePath();
     if (QFileInfo(folder).isDir())
         return true;
-    QMessageBox::warning(&window, window.windowTitle(),
-                         QString("%1\nThis folder doesn't exist. Please choose another one.").arg(folder));
+    OwnedDialog<QMessageBox> box(&window);
+    box->setIcon(QMessageBox::Warning);
+    box->setWindowTitle(window.windowTitle());
+    box->setText(QString("%1\nThis folder doesn't exist. Please choose another one.").arg(folder));
+    box->exec();
     return false;
 }
 
@@ -48,24 +52,25 @@ QString WholeFilter(const QFileDialog& window) {
 }
 
 std::string Ask(QFileDialog::AcceptMode mode, const FileDialog& dialog, QString& folder) {
-    QFileDialog window(QApplication::activeWindow(), QString::fromStdString(dialog.Title));
-    window.setAcceptMode(mode);
-    window.setFileMode(dialog.FileMustExist ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
-    window.setOption(QFileDialog::DontConfirmOverwrite);
+    OwnedDialog<QFileDialog> window(DialogOwner());
+    window->setWindowTitle(QString::fromStdString(dialog.Title));
+    window->setAcceptMode(mode);
+    window->setFileMode(dialog.FileMustExist ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+    window->setOption(QFileDialog::DontConfirmOverwrite);
     // The name says which files are meant; that names in small letters are meant too is no news to anybody.
-    window.setOption(QFileDialog::HideNameFilterDetails);
-    window.setNameFilters(NameFilters(dialog.Filter));
+    window->setOption(QFileDialog::HideNameFilterDetails);
+    window->setNameFilters(NameFilters(dialog.Filter));
     if (!folder.isEmpty())
-        window.setDirectory(folder);
+        window->setDirectory(folder);
     QString name;
     do {
-        if (window.exec() != QDialog::Accepted || window.selectedFiles().isEmpty())
+        if (!window || window->exec() != QDialog::Accepted || window->selectedFiles().isEmpty())
             return {};
-        name = window.selectedFiles().first();
-    } while (dialog.PathMustExist && !PathExists(name, window));
+        name = window->selectedFiles().first();
+    } while (dialog.PathMustExist && !PathExists(name, *window));
     folder = QFileInfo(name).absolutePath();
     if (mode == QFileDialog::AcceptSave)
-        name = WithExtension(name, WholeFilter(window));
+        name = WithExtension(name, WholeFilter(*window));
     return QFile::encodeName(name).toStdString();
 }
 

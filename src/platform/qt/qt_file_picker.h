@@ -17,7 +17,7 @@ QStringList NameFilters(const std::string& filter);
 QString WithExtension(const QString& name, const QString& nameFilter);
 
 /// Asks for file names with the desktop's own dialog. A file that exists already may be chosen for saving:
-/// whether to replace it is asked by whoever saves.
+/// whether to replace it is asked by whoever saves. No file is chosen when the window below is destroyed.
 class QtFilePicker : public FilePicker {
   public:
     std::string AskForSaveName(const FileDialog& dialog) override;

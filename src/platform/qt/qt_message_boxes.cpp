@@ -9,6 +9,8 @@
 #include <QMessageBox>
 #include <QTimer>
 
+#include "platform/qt/dialog_owner.h"
+
 namespace quavix {
 namespace {
 
@@ -130,20 +132,17 @@ bool StandsOpen(const QMessageBox& like) {
 BoxAnswer QtMessageBoxes::Show(const MessageBox& box) {
     if (answerThemselves_)
         return Answer(Choices(box.Buttons).Escape);
-    QMessageBox dialog(QApplication::activeWindow());
-    Fill(dialog, box);
-    return Answer(dialog.exec());
+    OwnedDialog<QMessageBox> dialog(DialogOwner());
+    Fill(*dialog, box);
+    const int button = dialog->exec();
+    return Answer(dialog ? button : Choices(box.Buttons).Escape);
 }
 
 void QtMessageBoxes::Tell(const MessageBox& box) {
     if (answerThemselves_)
         return;
     const auto show = [box] {
-        QWidget* owner = QApplication::activeWindow();
-        // What is told goes away by itself, and would take this along.
-        while (qobject_cast<QMessageBox*>(owner) != nullptr)
-            owner = owner->parentWidget();
-        auto dialog = std::make_unique<QMessageBox>(owner);
+        auto dialog = std::make_unique<QMessageBox>(LastingDialogOwner());
         Fill(*dialog, box);
         if (StandsOpen(*dialog))
             return;

@@ -5,8 +5,8 @@
 
 namespace quavix {
 
-/// Message boxes as Qt dialogs over whatever window is active. What is told is not told again while it still
-/// stands there.
+/// Message boxes as Qt dialogs over the active window. A box that is destroyed with that window is answered
+/// as if it were closed without a choice. What is told is not told again while it still stands there.
 class QtMessageBoxes : public MessageBoxes {
   public:
     BoxAnswer Show(const MessageBox& box) override;

@@ -100,5 +100,43 @@ TEST(QtFilePicker, AsksAgainWhereTheFolderDoesNotExist) {
     EXPECT_TRUE(said.startsWith(folder.filePath("none"))) << qPrintable(said);
 }
 
+/// An active window, which the caller deletes.
+QWidget* ActiveWindow() {
+    auto* window = new QWidget;
+    window->show();
+    window->activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(window));
+    return window;
+}
+
+TEST(QtFilePicker, ADialogWhoseWindowIsDestroyedChoosesNoFile) {
+    QWidget* const window = ActiveWindow();
+    QTimer::singleShot(0, [window] {
+        EXPECT_EQ(QApplication::activeModalWidget()->parentWidget(), window);
+        delete window;
+    });
+    QtFilePicker picker;
+    EXPECT_EQ(picker.AskForSaveName({.Title = "Save", .Filter = "Songs|*.QVX"}), "");
+}
+
+TEST(QtFilePicker, AMessageWhoseDialogIsDestroyedEndsTheQuestion) {
+    const QTemporaryDir folder;
+    QWidget* const window = ActiveWindow();
+    bool wasTold = false;
+    QTimer::singleShot(0, [&] {
+        auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(dialog, nullptr);
+        dialog->findChild<QLineEdit*>("fileNameEdit")->setText(folder.filePath("none/song"));
+        QTimer::singleShot(0, [&] {
+            wasTold = qobject_cast<QMessageBox*>(QApplication::activeModalWidget()) != nullptr;
+            delete window;
+        });
+        static_cast<QDialog*>(dialog)->accept();
+    });
+    QtFilePicker picker;
+    EXPECT_EQ(picker.AskForSaveName({.Title = "Save", .Filter = "Songs|*.QVX", .PathMustExist = true}), "");
+    EXPECT_TRUE(wasTold);
+}
+
 }  // namespace
 }  // namespace quavix

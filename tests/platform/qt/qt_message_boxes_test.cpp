@@ -2,8 +2,11 @@
 #include "platform/qt/qt_message_boxes.h"
 
 #include <string>
+#include <utility>
 
 #include <QApplication>
+#include <QFileDialog>
+#include <QMenu>
 #include <QMessageBox>
 #include <QPointer>
 #include <QTimer>
@@ -107,6 +110,100 @@ TEST(QtMessageBoxes, WhatIsToldAgainIsShownOnceUntilItIsClosed) {
     EXPECT_EQ(shown(), 1);
     PressEnter(*Told("Again"));
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+void Activate(QWidget& window) {
+    window.show();
+    window.activateWindow();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return QApplication::activeWindow() == &window; }));
+}
+
+/// A window of which another one is the child, is active and deletes itself when it closes.
+struct WindowWithPassingOne {
+    WindowWithPassingOne() {
+        Activate(Window);
+        Passing->setAttribute(Qt::WA_DeleteOnClose);
+        Activate(*Passing);
+    }
+
+    QWidget Window;
+    QPointer<QWidget> Passing = new QDialog(&Window);
+};
+
+void CloseAndDelete(QWidget& window) {
+    window.close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+TEST(QtMessageBoxes, ABoxBelongsToAWindowThatStays) {
+    WindowWithPassingOne front;
+    ShowAnd({.Title = "", .Text = "?"}, [&](QMessageBox& box) {
+        EXPECT_EQ(box.parentWidget(), &front.Window);
+        PressEnter(box);
+    });
+}
+
+TEST(QtMessageBoxes, WhatIsToldOutlivesAWindowThatCloses) {
+    WindowWithPassingOne front;
+    QtMessageBoxes boxes;
+    boxes.Tell({.Title = "Over another", .Text = "1"});
+    CloseAndDelete(*front.Passing);
+    EXPECT_FALSE(front.Passing);
+    const QPointer<QMessageBox> told = Told("Over another");
+    ASSERT_TRUE(told);
+    EXPECT_EQ(told->parentWidget(), &front.Window);
+    CloseAndDelete(*told);
+}
+
+TEST(QtMessageBoxes, ABoxOutlivesAMenuThatDeletesItself) {
+    QWidget window;
+    Activate(window);
+    const QPointer<QMenu> menu = new QMenu(&window);
+    menu->popup(window.mapToGlobal(QPoint()));
+    QT_WARNING_PUSH
+    QT_WARNING_DISABLE_DEPRECATED
+    QApplication::setActiveWindow(menu);
+    QT_WARNING_POP
+    ASSERT_EQ(QApplication::activeWindow(), menu);
+    menu->deleteLater();
+    const BoxAnswer answer =
+        ShowAnd({.Title = "", .Text = "?", .Buttons = BoxButtons::YesNo}, [&](QMessageBox& box) {
+            EXPECT_FALSE(menu);
+            EXPECT_EQ(box.parentWidget(), &window);
+            PressEnter(box);
+        });
+    EXPECT_EQ(answer, BoxAnswer::Yes);
+}
+
+TEST(QtMessageBoxes, WhatIsToldOverADialogOutlivesIt) {
+    QWidget window;
+    window.show();
+    QtMessageBoxes boxes;
+    {
+        QFileDialog dialog(&window);
+        dialog.setModal(true);
+        Activate(dialog);
+        boxes.Tell({.Title = "Over a dialog", .Text = "1"});
+    }
+    const QPointer<QMessageBox> told = Told("Over a dialog");
+    ASSERT_TRUE(told);
+    EXPECT_EQ(told->parentWidget(), &window);
+    CloseAndDelete(*told);
+}
+
+TEST(QtMessageBoxes, ABoxWhoseWindowIsDestroyedAnswersTheCautiousChoice) {
+    for (const auto& [buttons, answer] : {std::pair{BoxButtons::YesNo, BoxAnswer::No},
+                                          {BoxButtons::YesNoCancel, BoxAnswer::Cancel},
+                                          {BoxButtons::Ok, BoxAnswer::Ok}}) {
+        auto* window = new QWidget;
+        Activate(*window);
+        EXPECT_EQ(ShowAnd({.Title = "", .Text = "?", .Buttons = buttons},
+                          [window](QMessageBox& box) {
+                              EXPECT_EQ(box.parentWidget(), window);
+                              delete window;
+                          }),
+                  answer);
+    }
 }
 
 TEST(QtMessageBoxes, TextOfAnyLengthFitsOnTheScreen) {
