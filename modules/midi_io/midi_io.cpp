@@ -2,6 +2,7 @@
 #include "modules/midi_io/midi_io.h"
 
 #include <array>
+#include <mutex>
 #include <utility>
 
 namespace quavix::midi_io {
@@ -14,13 +15,32 @@ bool IsOneByteMessage(std::uint8_t status) {
     return (status & 0xE0U) == 0xC0;
 }
 
+/// `arrivals` must outlive `input`.
+void DeliverTo(const std::shared_ptr<Arrivals>& arrivals, RtMidiIn& input) {
+    constexpr bool Ignore = true;
+    input.ignoreTypes(Ignore, Ignore, Ignore);
+    arrivals->StartOver();
+    input.setCallback([](double, std::vector<unsigned char>* bytes,
+                         void* user) { static_cast<Arrivals*>(user)->Arrive(*bytes); },
+                      arrivals.get());
+}
+
+/// Keeps an object to the end of the process.
+void Keep(std::shared_ptr<void> object) {
+    static std::mutex mutex;
+    static auto* const kept = new std::vector<std::shared_ptr<void>>;
+    const std::lock_guard lock(mutex);
+    kept->push_back(std::move(object));
+}
+
 }  // namespace
 
 MidiIo::MidiIo(std::string systemName, std::function<void()> wake)
-    : wanted_(std::move(systemName)), wake_(std::move(wake)) {}
+    : wanted_(std::move(systemName)), arrivals_(std::make_shared<Arrivals>(std::move(wake))) {}
 
 MidiIo::~MidiIo() {
     Disconnect();
+    arrivals_->CutOff();
 }
 
 bool MidiIo::Connect() {
@@ -32,13 +52,14 @@ bool MidiIo::Connect() {
     if (wanted_.empty() || wanted_ == "alsa")
         system_ = ConnectToAlsa(alsaProblem);
     if (!system_ && (wanted_.empty() || wanted_ == "jack"))
-        system_ = ConnectToJack([this] { Wake(); }, jackProblem);
+        system_ = ConnectToJack([arrivals = arrivals_] { arrivals->Wake(); }, jackProblem);
     if (!system_) {
         problem_ = alsaProblem + (alsaProblem.empty() || jackProblem.empty() ? "" : " ") + jackProblem;
         return false;
     }
-    devices_.reset(new Devices{{*system_, OutputPortName, {}},
-                               {*system_, InputPortName, [this](RtMidiIn& input) { PrepareInput(input); }}});
+    devices_.reset(new Devices{
+        {*system_, OutputPortName, {}},
+        {*system_, InputPortName, [arrivals = arrivals_](RtMidiIn& input) { DeliverTo(arrivals, input); }}});
     return true;
 }
 
@@ -47,31 +68,12 @@ void MidiIo::Disconnect() {
         output_.Gone |= devices_->Output.IsOpen();
         input_.Gone |= devices_->Input.IsOpen();
     }
+    if (system_ && !system_->IsAlive()) {
+        Keep(std::move(devices_));
+        Keep(std::move(system_));
+    }
     devices_.reset();
     system_.reset();
-}
-
-void MidiIo::PrepareInput(RtMidiIn& input) {
-    constexpr bool Ignore = true;
-    input.ignoreTypes(Ignore, Ignore, Ignore);
-    stream_ = {};
-    input.setCallback(
-        [](double, std::vector<unsigned char>* bytes, void* user) {
-            auto& self = *static_cast<MidiIo*>(user);
-            bool any = false;
-            self.stream_.Feed(*bytes, [&](const QuavixMidiIoMessage& message) {
-                self.queue_.Put(message);
-                any = true;
-            });
-            if (any && !self.isAwake_.exchange(true))
-                self.Wake();
-        },
-        this);
-}
-
-void MidiIo::Wake() {
-    if (wake_)
-        wake_();
 }
 
 template <typename Device, typename Other>
@@ -169,11 +171,7 @@ void MidiIo::CloseInputDevice() {
     if (devices_)
         devices_->Input.Close();
     input_.Gone = false;
-    QuavixMidiIoMessage dropped{};
-    while (queue_.Take(dropped)) {
-    }
-    queue_.TakeLost();
-    isAwake_ = false;
+    arrivals_->Drop();
 }
 
 void MidiIo::LeaveIfUnused() {
@@ -199,13 +197,7 @@ std::int32_t MidiIo::Send(const QuavixMidiIoMessage& message) {
 }
 
 std::int32_t MidiIo::Receive(QuavixMidiIoMessage& message) {
-    if (queue_.TakeLost())
-        return QuavixMidiIoLost;
-    if (queue_.Take(message))
-        return QuavixMidiIoOk;
-    // In this order: what arrives in between is either taken here or wakes again.
-    isAwake_ = false;
-    return queue_.Take(message) ? QuavixMidiIoOk : QuavixMidiIoEmpty;
+    return arrivals_->Receive(message);
 }
 
 }  // namespace quavix::midi_io

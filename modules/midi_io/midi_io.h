@@ -1,14 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <atomic>
 #include <functional>
 #include <memory>
 #include <string>
 #include <vector>
 
-#include "modules/midi_io/message_queue.h"
-#include "modules/midi_io/midi_stream.h"
+#include "modules/midi_io/arrivals.h"
 #include "modules/midi_io/midi_system.h"
 #include "modules/midi_io/rt_device.h"
 
@@ -56,14 +54,14 @@ class MidiIo {
     };
 
     bool Connect();
+    /// Leaves the system. One that has died is kept to the end of the process with all that was connected to
+    /// it: its library frees the clients by itself when any part of the process enters a new server.
     void Disconnect();
     void CloseInputDevice();
     /// A system is left when nothing is open: a process that ends while it is in one may hold up all others
     /// there, as a JACK server waits for its clients in each cycle.
     void LeaveIfUnused();
     bool HasNumber(const Direction& direction, std::int32_t device);
-    void PrepareInput(RtMidiIn& input);
-    void Wake();
 
     template <typename Device, typename Other>
     std::int32_t Search(Device Devices::*device, Other Devices::*other, Direction& direction);
@@ -73,11 +71,8 @@ class MidiIo {
     std::int32_t State(Device Devices::*device, Direction& direction);
 
     std::string wanted_;
-    std::function<void()> wake_;
     std::string problem_;
-    MessageQueue queue_;
-    MidiStream stream_;
-    std::atomic<bool> isAwake_{false};
+    std::shared_ptr<Arrivals> arrivals_;
     Direction output_;
     Direction input_;
     std::unique_ptr<MidiSystem> system_;

@@ -19,7 +19,8 @@ class MidiSystem {
     virtual RtMidi::Api Api() const = 0;
     virtual const char* Name() const = 0;
 
-    /// Whether it still runs. Once it doesn't, everything that was open is gone.
+    /// Whether it still runs. Once it doesn't, everything that was open is gone. A system that has died must
+    /// not be destroyed, nor must RtMidi objects that were connected to it.
     virtual bool IsAlive() = 0;
 
     /// All ports, those of this process too.

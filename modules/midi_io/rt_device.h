@@ -56,13 +56,14 @@ class RtDevice {
         return QuavixMidiIoRefused;
     }
 
-    /// The RtMidi object goes with the device, so that nothing of the last one's state is left for the next
-    /// one.
+    /// Destroys the RtMidi object too, so that nothing of the last device's state is left for the next one.
+    /// If the system has died, the object is not touched any more.
     void Close() {
         if (!isOpen_)
             return;
         system_.LetMessagesLeave();
-        rt_.reset();
+        if (system_.IsAlive())
+            rt_.reset();
         isOpen_ = false;
         own_.clear();
     }

@@ -106,6 +106,11 @@ void JackServer::Kill() {
     End(SIGKILL);
 }
 
+void JackServer::Stop() {
+    kill(process_, SIGSTOP);
+    waitpid(process_, nullptr, WUNTRACED);
+}
+
 void JackServer::End(int signal) {
     if (process_ <= 0)
         return;

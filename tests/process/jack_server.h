@@ -29,6 +29,9 @@ class JackServer {
     /// Ends it without a chance to say goodbye.
     void Kill();
 
+    /// Stops it in its tracks, to the kill.
+    void Stop();
+
   private:
     bool Answers() const;
     void End(int signal);

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 // The MIDI module at a JACK server, loaded as the program loads it.
 #include <memory>
+#include <optional>
 
 #include <gmock/gmock.h>
 
@@ -286,6 +287,120 @@ TEST_F(MidiDevices, AServerThatDiesTakesItsDevicesWithItAndANewOneIsFound) {
     ASSERT_TRUE(devices_.Out().Open(MidiOutPort::VirtualDevice));
     peer.Send({{0x90, 61, 1}});
     EXPECT_THAT(Receive(1), ElementsAre(MidiMessage{0x90, 61, 1}));
+}
+
+/// A server that is killed while other parts of the process, such as the sound card's stream, look for a new
+/// one.
+class MidiDevicesOfADeadServer : public MidiDevices {
+  protected:
+    void SetUp() override {
+        ASSERT_TRUE(server_.Start());
+        peer_.emplace("synthesizer");
+    }
+
+    /// The peer's client goes first, as opening another client frees those of a dead server in the whole
+    /// process.
+    void KillServer() {
+        server_.Kill();
+        AwaitEnd(devices_);
+        peer_.reset();
+        if (jack_client_t* client = jack_client_open("another", JackNoStartServer, nullptr))
+            jack_client_close(client);
+    }
+
+    void AwaitEnd(ModuleMidiDevices& devices) {
+        devices.In().SetHandler([] {});
+        EXPECT_TRUE(handles_.RunUntil([&] {
+            return devices.In().State() != MidiDeviceState::Open &&
+                   devices.Out().State() != MidiDeviceState::Open;
+        }));
+        devices.In().SetHandler({});
+    }
+
+    MidiSendResult Send() { return devices_.Out().Send({0x90, 60, 96}); }
+
+    void ExpectANewServerToBeUsed() {
+        ASSERT_TRUE(server_.Start());
+        peer_.emplace("synthesizer");
+        ASSERT_TRUE(OpenByName(devices_.Out(), "synthesizer:in"));
+        ASSERT_TRUE(OpenByName(devices_.In(), "synthesizer:out"));
+        EXPECT_EQ(Send(), MidiSendResult::Sent);
+        EXPECT_THAT(peer_->Received(1), ElementsAre(Event{0x90, 60, 96}));
+        peer_->Send({{0x90, 61, 1}});
+        EXPECT_THAT(Receive(1), ElementsAre(MidiMessage{0x90, 61, 1}));
+    }
+
+    std::optional<JackMidiPeer> peer_;
+};
+
+TEST_F(MidiDevicesOfADeadServer, AnOutputThatPlaysIsGoneAndCanBeClosed) {
+    ASSERT_TRUE(OpenByName(devices_.Out(), "synthesizer:in"));
+    for (std::size_t sent = 1; sent < 100; ++sent) {
+        ASSERT_EQ(Send(), MidiSendResult::Sent);
+        ASSERT_EQ(peer_->Received(sent).size(), sent);
+    }
+    ASSERT_EQ(Send(), MidiSendResult::Sent);
+    KillServer();
+    EXPECT_EQ(Send(), MidiSendResult::NotOpen);
+    EXPECT_EQ(devices_.Out().State(), MidiDeviceState::Gone);
+    devices_.Out().Close();
+    EXPECT_EQ(devices_.Out().State(), MidiDeviceState::Closed);
+    ExpectANewServerToBeUsed();
+}
+
+TEST_F(MidiDevicesOfADeadServer, AnIdleOutputCanBeClosed) {
+    ASSERT_TRUE(devices_.Out().Open(MidiOutPort::VirtualDevice)) << devices_.Out().Problem();
+    KillServer();
+    devices_.Out().Close();
+    EXPECT_EQ(devices_.Out().State(), MidiDeviceState::Closed);
+    ExpectANewServerToBeUsed();
+}
+
+TEST_F(MidiDevicesOfADeadServer, AnInputIsGoneAndCanBeClosed) {
+    ASSERT_TRUE(OpenByName(devices_.In(), "synthesizer:out"));
+    KillServer();
+    EXPECT_EQ(devices_.In().State(), MidiDeviceState::Gone);
+    devices_.In().Close();
+    EXPECT_EQ(devices_.In().State(), MidiDeviceState::Closed);
+    ExpectANewServerToBeUsed();
+}
+
+TEST_F(MidiDevicesOfADeadServer, BothDirectionsAreOpenedAgainWithoutHavingBeenClosed) {
+    ASSERT_TRUE(OpenByName(devices_.Out(), "synthesizer:in"));
+    ASSERT_TRUE(OpenByName(devices_.In(), "synthesizer:out"));
+    KillServer();
+    EXPECT_EQ(devices_.Out().DeviceCount(), 0);
+    EXPECT_FALSE(devices_.Out().Open(MidiOutPort::VirtualDevice));
+    EXPECT_EQ(devices_.In().State(), MidiDeviceState::Gone);
+    ExpectANewServerToBeUsed();
+}
+
+TEST_F(MidiDevicesOfADeadServer, AnOutputWhoseServerStoppedFirstIsGoneAndCanBeClosed) {
+    ASSERT_TRUE(OpenByName(devices_.Out(), "synthesizer:in"));
+    ASSERT_TRUE(OpenByName(devices_.In(), "synthesizer:out"));
+    server_.Stop();
+    while (Send() == MidiSendResult::Sent) {
+    }
+    EXPECT_EQ(Send(), MidiSendResult::Busy) << "nothing leaves any more";
+    KillServer();
+    EXPECT_EQ(Send(), MidiSendResult::NotOpen);
+    EXPECT_EQ(devices_.Out().State(), MidiDeviceState::Gone);
+    EXPECT_EQ(devices_.In().State(), MidiDeviceState::Gone);
+    devices_.Out().Close();
+    devices_.In().Close();
+    ExpectANewServerToBeUsed();
+}
+
+TEST_F(MidiDevicesOfADeadServer, TheProgramCanEndWithBothDirectionsOpen) {
+    {
+        ModuleMidiDevices devices(QUAVIX_MIDI_IO_MODULE, handles_, "jack");
+        ASSERT_TRUE(devices.Out().Open(MidiOutPort::VirtualDevice)) << devices.Out().Problem();
+        ASSERT_TRUE(OpenByName(devices.In(), "synthesizer:out"));
+        server_.Kill();
+        AwaitEnd(devices);
+        KillServer();
+    }
+    ExpectANewServerToBeUsed();
 }
 
 TEST_F(MidiDevices, WithoutAServerThereAreNoDevicesAndNobodyIsHurt) {
