@@ -9,7 +9,7 @@
 #include "generated_midi_file.h"
 #include "midi/midi_event_list.h"
 #include "modules/midi_file/midi_file_module.h"
-#include "platform/modules/module_midi_file_reader.h"
+#include "platform/common/module_midi_file_reader.h"
 
 namespace {
 

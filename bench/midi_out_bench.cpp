@@ -15,7 +15,7 @@
 #include <RtMidi.h>
 #include <fmt/format.h>
 
-#include "platform/modules/module_midi_devices.h"
+#include "platform/common/module_midi_devices.h"
 #include "process/desktop/desktop_process.h"
 #include "process/desktop/wall_clock.h"
 #include "process/jack_midi_peer.h"

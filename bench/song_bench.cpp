@@ -13,7 +13,7 @@
 
 #include <benchmark/benchmark.h>
 
-#include "platform/linux/posix_files.h"
+#include "platform/posix/posix_files.h"
 #include "simulation/recorded_loading_view.h"
 #include "simulation/simulated_dialogs.h"
 #include "simulation/simulated_time.h"

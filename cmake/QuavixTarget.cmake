@@ -29,6 +29,12 @@ function(quavix_library name)
     target_link_libraries(${name} PUBLIC quavix_options ${arg_LINK})
 endfunction()
 
+# quavix_implemented_by(NAME IMPLEMENTATION): what NAME only declares is in IMPLEMENTATION, which is linked wherever NAME
+# is. Nothing of it can be included for that.
+function(quavix_implemented_by name implementation)
+    set_property(TARGET ${name} APPEND PROPERTY INTERFACE_LINK_LIBRARIES $<LINK_ONLY:${implementation}>)
+endfunction()
+
 # The C interfaces of the modules, for those who load them: #include "modules/NAME/NAME_module.h".
 add_library(quavix_module_interfaces INTERFACE)
 target_include_directories(quavix_module_interfaces INTERFACE ${PROJECT_SOURCE_DIR})

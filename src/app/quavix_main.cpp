@@ -9,19 +9,19 @@
 #include "app/shutdown.h"
 #include "app/start_up.h"
 #include "app/window_parts_of.h"
-#include "platform/linux/immediate_end.h"
-#include "platform/linux/linux_processes.h"
-#include "platform/linux/notnormal_fmodex.h"
-#include "platform/linux/posix_files.h"
-#include "platform/linux/register_control.h"
-#include "platform/linux/shell_batch_files.h"
-#include "platform/linux/speaker/choose_speaker.h"
-#include "platform/linux/system_clock.h"
-#include "platform/linux/system_random_numbers.h"
-#include "platform/linux/termination_signals.h"
-#include "platform/linux/user_folders.h"
-#include "platform/modules/module_midi_devices.h"
-#include "platform/modules/module_midi_file_reader.h"
+#include "platform/common/immediate_end.h"
+#include "platform/common/module_midi_devices.h"
+#include "platform/common/module_midi_file_reader.h"
+#include "platform/common/notnormal_fmodex.h"
+#include "platform/common/register_control.h"
+#include "platform/common/speaker/choose_speaker.h"
+#include "platform/common/system_clock.h"
+#include "platform/common/system_random_numbers.h"
+#include "platform/common/termination_signals.h"
+#include "platform/common/user_folders.h"
+#include "platform/posix/posix_files.h"
+#include "platform/posix/posix_processes.h"
+#include "platform/posix/shell_batch_files.h"
 #include "platform/qt/qt_application.h"
 #include "platform/qt/qt_clipboard.h"
 #include "platform/qt/qt_event_pump.h"
@@ -68,7 +68,7 @@ int main(int argc, char** argv) {
 
     SystemClock clock;
     PosixFiles files;
-    LinuxProcesses processes;
+    PosixProcesses processes;
     ImmediateEnd processEnd;
     QtEventPump pump;
     QtMessageBoxes boxes;

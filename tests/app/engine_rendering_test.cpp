@@ -6,8 +6,8 @@
 #include <gtest/gtest.h>
 
 #include "app/song_renderer.h"
-#include "platform/linux/notnormal_fmodex.h"
-#include "platform/modules/module_midi_file_reader.h"
+#include "platform/common/module_midi_file_reader.h"
+#include "platform/common/notnormal_fmodex.h"
 #include "simulation/simulated_dialogs.h"
 #include "simulation/simulated_files.h"
 #include "support/measure.h"

@@ -11,7 +11,7 @@
 
 #include "app/engine_recording.h"
 #include "fmod/sound_mods.h"
-#include "platform/linux/notnormal_fmodex.h"
+#include "platform/common/notnormal_fmodex.h"
 #include "shell/seeded_random_numbers.h"
 #include "simulation/simulated_dialogs.h"
 #include "simulation/simulated_files.h"

@@ -7,8 +7,8 @@
 #include <gtest/gtest.h>
 
 #include "app/song_renderer.h"
-#include "platform/linux/posix_files.h"
-#include "platform/modules/module_midi_file_reader.h"
+#include "platform/common/module_midi_file_reader.h"
+#include "platform/posix/posix_files.h"
 #include "simulation/recorded_sound_library.h"
 #include "simulation/simulated_dialogs.h"
 #include "simulation/simulated_time.h"

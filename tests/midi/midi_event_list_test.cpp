@@ -8,7 +8,7 @@
 #include <gmock/gmock.h>
 
 #include "modules/midi_bytes.h"
-#include "platform/modules/module_midi_file_reader.h"
+#include "platform/common/module_midi_file_reader.h"
 
 namespace quavix {
 namespace {

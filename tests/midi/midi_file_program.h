@@ -4,7 +4,7 @@
 #include <functional>
 #include <string>
 
-#include "platform/modules/module_midi_file_reader.h"
+#include "platform/common/module_midi_file_reader.h"
 #include "support/midi_song.h"
 #include "support/simulated_program.h"
 

@@ -44,8 +44,8 @@ TEST(EventSpeaker, KeepsTheLengthOfATone) {
     EXPECT_EQ(on->Hz, 440);
     EXPECT_EQ(off->Hz, 0);
     // A busy machine may show the start of these 300 ms late, and their end later still.
-    EXPECT_GT(off->AtNs - on->AtNs, 50 * ToneClock::NsPerMs);
-    EXPECT_LT(off->AtNs - on->AtNs, 300 * ToneClock::NsPerMs + HangNs);
+    EXPECT_GT(off->AtNs - on->AtNs, 50 * NsPerMs);
+    EXPECT_LT(off->AtNs - on->AtNs, 300 * NsPerMs + HangNs);
     child.Device.Rest();
 }
 
@@ -59,9 +59,9 @@ TEST(EventSpeaker, ReturnsNoSoonerThanTheToneHasPassedAndLeavesNoProcessBehind) 
         EXPECT_EQ(speaker.Status().Reason, "");
         EXPECT_FALSE(speaker.Status().Silent);
         speaker.Beep(440, 30);
-        EXPECT_GE(MonotonicNs() - start, 30 * ToneClock::NsPerMs);
+        EXPECT_GE(MonotonicNs() - start, 30 * NsPerMs);
         speaker.Beep(0, 30);
-        EXPECT_GE(MonotonicNs() - start, 60 * ToneClock::NsPerMs);
+        EXPECT_GE(MonotonicNs() - start, 60 * NsPerMs);
         speaker.Beep(440, -1);
     }
     EXPECT_EQ(Tones(device.Rest()), (std::vector<std::int32_t>{440, 0}));
@@ -71,9 +71,9 @@ TEST(EventSpeaker, ReturnsNoSoonerThanTheToneHasPassedAndLeavesNoProcessBehind) 
 
 TEST(EventSpeaker, EndsEachToneItsLengthAfterItsCallWhateverItTookToStart) {
     std::vector<std::int64_t> deadlines;
-    std::int64_t nowNs = ToneClock::NsPerSecond;
+    std::int64_t nowNs = NsPerSecond;
     ToneClock clock;
-    clock.Now = [&] { return std::exchange(nowNs, nowNs + ToneClock::NsPerMs); };  // asking takes its time
+    clock.Now = [&] { return std::exchange(nowNs, nowNs + NsPerMs); };  // asking takes its time
     clock.WaitUntil = [&](std::int64_t deadlineNs) {
         deadlines.push_back(deadlineNs);
         nowNs = deadlineNs;
@@ -99,7 +99,7 @@ TEST(EventSpeaker, WhoseDeviceFailsKeepsTimeAndSaysSo) {
         ASSERT_FALSE(speaker.Failed());
         const std::int64_t start = MonotonicNs();
         speaker.Beep(440, 20);
-        EXPECT_GE(MonotonicNs() - start, 20 * ToneClock::NsPerMs);
+        EXPECT_GE(MonotonicNs() - start, 20 * NsPerMs);
         EXPECT_TRUE(speaker.Failed());
         EXPECT_THAT(speaker.Status().Reason, HasSubstr("Broken pipe"));
     }
@@ -161,7 +161,7 @@ TEST_P(EventSpeakerIsOffInTime, WhileTheProgramIsStopped) {
     const auto off = child.Device.Next();
     ASSERT_TRUE(off);
     EXPECT_EQ(off->Hz, 0);
-    EXPECT_LT(off->AtNs - on->AtNs, 300 * ToneClock::NsPerMs + HangNs);
+    EXPECT_LT(off->AtNs - on->AtNs, 300 * NsPerMs + HangNs);
     EXPECT_EQ(child.State(), 'T');
     child.Signal(SIGCONT);
     EXPECT_EQ(Tones(child.Device.Rest()), (std::vector<std::int32_t>{550, 0}));

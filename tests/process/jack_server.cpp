@@ -18,12 +18,12 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/linux/speaker/tone_clock.h"
+#include "platform/common/monotonic.h"
 
 namespace quavix {
 namespace {
 
-constexpr std::int64_t PatienceNs = 20 * ToneClock::NsPerSecond;
+constexpr std::int64_t PatienceNs = 20 * NsPerSecond;
 constexpr std::size_t MostSamples = 48000 * 20;
 
 jack_client_t* OpenClient() {
@@ -147,7 +147,7 @@ bool JackRecorder::Listen() {
 bool JackRecorder::WaitForPeriod() {
     timespec until{};
     clock_gettime(CLOCK_REALTIME, &until);
-    until.tv_sec += PatienceNs / ToneClock::NsPerSecond;
+    until.tv_sec += PatienceNs / NsPerSecond;
     return sem_timedwait(&arrived_, &until) == 0;
 }
 

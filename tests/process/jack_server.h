@@ -11,7 +11,7 @@
 
 #include <jack/jack.h>
 
-#include "platform/linux/file_descriptor.h"
+#include "platform/posix/file_descriptor.h"
 
 namespace quavix {
 

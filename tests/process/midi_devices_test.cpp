@@ -7,7 +7,7 @@
 
 #include "jack_midi_peer.h"
 #include "jack_server.h"
-#include "platform/modules/module_midi_devices.h"
+#include "platform/common/module_midi_devices.h"
 #include "polled_handles.h"
 
 namespace quavix {

@@ -6,7 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "killed_writer.h"
-#include "platform/linux/posix_files.h"
+#include "platform/posix/posix_files.h"
 #include "songfile/recovery_notes.h"
 #include "songfile/recovery_slots.h"
 #include "support/temporary_folder.h"

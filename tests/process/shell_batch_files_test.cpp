@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/linux/shell_batch_files.h"
+#include "platform/posix/shell_batch_files.h"
 
 #include <cstdlib>
 #include <fstream>

@@ -5,7 +5,7 @@
 
 #include "music/main_fields.h"
 #include "music/music_list.h"
-#include "platform/linux/posix_files.h"
+#include "platform/posix/posix_files.h"
 #include "songfile/song_format.h"
 
 // Saves songs of different lengths into one file, again and again, until it is killed or saving fails. Writes

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/linux/speaker/sound_card_speaker.h"
+#include "platform/common/speaker/sound_card_speaker.h"
 
 #include <algorithm>
 #include <cmath>
@@ -10,9 +10,9 @@
 #include "busy_machine.h"
 #include "dsp/square_wave.h"
 #include "jack_server.h"
-#include "platform/linux/speaker/choose_speaker.h"
-#include "platform/linux/speaker/sound_card.h"
-#include "platform/linux/speaker/tone_player.h"
+#include "platform/common/speaker/choose_speaker.h"
+#include "platform/common/speaker/sound_card.h"
+#include "platform/common/speaker/tone_player.h"
 #include "support/own_mounts.h"
 
 namespace quavix {
@@ -31,7 +31,7 @@ class SoundCardSpeakerOn : public testing::Test {
     static void WaitUntilOpen(const Speaker& speaker) {
         for (int wait = 0; wait < 1000 && speaker.Status().InUse.find("not opened") != std::string::npos;
              ++wait)
-            SleepUntil(MonotonicNs() + 10 * ToneClock::NsPerMs);
+            SleepUntil(MonotonicNs() + 10 * NsPerMs);
     }
 
     JackServer server_;
@@ -66,8 +66,8 @@ TEST_F(SoundCardSpeakerOn, AServerPlaysTheToneInTuneInItsLengthAndWithoutClicks)
     const std::int64_t start = MonotonicNs();
     speaker.Beep(Hz, LengthMs);
     const std::int64_t took = MonotonicNs() - start;
-    EXPECT_GE(took, LengthMs * ToneClock::NsPerMs);
-    EXPECT_LT(took, LengthMs * ToneClock::NsPerMs + HangNs);
+    EXPECT_GE(took, LengthMs * NsPerMs);
+    EXPECT_LT(took, LengthMs * NsPerMs + HangNs);
 
     Samples all;
     ASSERT_TRUE(recorder.RecordUntil([&](const Samples& recorded) {
@@ -114,15 +114,15 @@ TEST_F(SoundCardSpeakerOn, AServerThatDiesKeepsTimeSaysSoAndComesBack) {
 
     std::int64_t start = MonotonicNs();
     speaker.Beep(440, 2100);
-    EXPECT_GE(MonotonicNs() - start, 2100 * ToneClock::NsPerMs);
-    EXPECT_LT(MonotonicNs() - start, 2100 * ToneClock::NsPerMs + HangNs);
+    EXPECT_GE(MonotonicNs() - start, 2100 * NsPerMs);
+    EXPECT_LT(MonotonicNs() - start, 2100 * NsPerMs + HangNs);
     EXPECT_TRUE(speaker.Status().Silent);
     EXPECT_THAT(speaker.Status().Reason, HasSubstr("does not answer any more"));
 
     // The next tone tries again, which makes it no longer.
     start = MonotonicNs();
     speaker.Beep(440, 50);
-    EXPECT_LT(MonotonicNs() - start, 50 * ToneClock::NsPerMs + HangNs);
+    EXPECT_LT(MonotonicNs() - start, 50 * NsPerMs + HangNs);
     WaitUntilOpen(speaker);
     EXPECT_TRUE(speaker.Status().Silent);
 
@@ -144,7 +144,7 @@ TEST_F(SoundCardSpeakerOn, ACardThatIsOpenedAgainIsLeftAloneForAWhileFirst) {
     const std::int64_t start = MonotonicNs();
     card.BeginOpening();
     card.AwaitOpening(OpeningMs);
-    EXPECT_GE(MonotonicNs() - start, 500 * ToneClock::NsPerMs) << "others may be closing theirs";
+    EXPECT_GE(MonotonicNs() - start, 500 * NsPerMs) << "others may be closing theirs";
     EXPECT_EQ(card.Now(), SoundCard::State::Open);
 }
 
@@ -155,7 +155,7 @@ TEST_F(SoundCardSpeakerOn, NoDeviceAtAllGivesWayToSilenceThatKeepsTime) {
     const std::int64_t start = MonotonicNs();
     const auto speaker = ChooseSpeaker(choice);
     const std::int64_t chosen = MonotonicNs();
-    EXPECT_LT(chosen - start, 50 * ToneClock::NsPerMs + HangNs);
+    EXPECT_LT(chosen - start, 50 * NsPerMs + HangNs);
     EXPECT_TRUE(speaker->Status().Silent);
     WaitUntilOpen(*speaker);
     EXPECT_TRUE(speaker->Status().Silent);
@@ -163,8 +163,8 @@ TEST_F(SoundCardSpeakerOn, NoDeviceAtAllGivesWayToSilenceThatKeepsTime) {
     EXPECT_THAT(speaker->Status().Reason, HasSubstr("there is no sound device"));
     const std::int64_t called = MonotonicNs();
     speaker->Beep(440, 40);
-    EXPECT_GE(MonotonicNs() - called, 40 * ToneClock::NsPerMs);
-    EXPECT_LT(MonotonicNs() - called, 40 * ToneClock::NsPerMs + HangNs);
+    EXPECT_GE(MonotonicNs() - called, 40 * NsPerMs);
+    EXPECT_LT(MonotonicNs() - called, 40 * NsPerMs + HangNs);
 }
 
 }  // namespace

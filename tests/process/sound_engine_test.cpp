@@ -9,7 +9,7 @@
 
 #include "jack_server.h"
 #include "modules/sound_engine/engine_system.h"
-#include "platform/linux/speaker/sound_card_speaker.h"
+#include "platform/common/speaker/sound_card_speaker.h"
 #include "support/measure.h"
 #include "support/own_mounts.h"
 

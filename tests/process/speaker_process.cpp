@@ -15,7 +15,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/linux/speaker/tone_clock.h"
+#include "platform/common/monotonic.h"
 
 namespace quavix {
 namespace {

@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "platform/linux/monotonic.h"
+#include "platform/common/monotonic.h"
 
-#include <ctime>
+#include <cerrno>
+#include <sys/prctl.h>
+#include <time.h>
 
 namespace quavix {
 
@@ -9,6 +11,17 @@ std::int64_t MonotonicNs() {
     timespec now{};
     clock_gettime(CLOCK_MONOTONIC, &now);
     return now.tv_sec * NsPerSecond + now.tv_nsec;
+}
+
+void SleepUntil(std::int64_t deadlineNs) {
+    timespec until{};
+    until.tv_sec = static_cast<time_t>(deadlineNs / NsPerSecond);
+    until.tv_nsec = static_cast<long>(deadlineNs % NsPerSecond);
+    // The kernel may otherwise end a sleep 50 us late to save a wake-up, which a tone in a row can hear.
+    prctl(PR_SET_TIMERSLACK, 1UL);
+    while (clock_nanosleep(CLOCK_MONOTONIC, TIMER_ABSTIME, &until, nullptr) == EINTR) {
+    }
+    prctl(PR_SET_TIMERSLACK, 0UL);  // back to the thread's usual
 }
 
 }  // namespace quavix

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/linux/wake_signal.h"
+#include "platform/common/wake_signal.h"
 
 #include <cstdint>
 #include <sys/eventfd.h>

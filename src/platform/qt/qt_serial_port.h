@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/linux/last_words.h"
+#include "platform/common/last_words.h"
 #include "ports/serial_port.h"
 
 class QSerialPort;

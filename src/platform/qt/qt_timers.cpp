@@ -7,13 +7,12 @@
 #include <unistd.h>
 #include <utility>
 
-#include "platform/linux/monotonic.h"
+#include "platform/common/monotonic.h"
 
 namespace quavix {
 namespace {
 
 std::int64_t NsOf(std::int32_t ms) {
-    constexpr std::int64_t NsPerMs = 1'000'000;
     return std::max(ms, 1) * NsPerMs;
 }
 

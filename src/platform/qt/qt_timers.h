@@ -6,7 +6,7 @@
 
 #include <QSocketNotifier>
 
-#include "platform/linux/file_descriptor.h"
+#include "platform/posix/file_descriptor.h"
 #include "ports/timers.h"
 
 namespace quavix {

@@ -7,7 +7,7 @@
 #include <sys/types.h>
 #include <vector>
 
-#include "platform/linux/file_descriptor.h"
+#include "platform/posix/file_descriptor.h"
 
 namespace quavix {
 

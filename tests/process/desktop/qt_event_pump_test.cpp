@@ -7,7 +7,7 @@
 #include <QTimer>
 #include <gtest/gtest.h>
 
-#include "platform/linux/system_clock.h"
+#include "platform/common/system_clock.h"
 #include "shell/waiting.h"
 
 namespace quavix {

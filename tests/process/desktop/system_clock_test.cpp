@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "platform/linux/system_clock.h"
+#include "platform/common/system_clock.h"
 
 #include <gtest/gtest.h>
 

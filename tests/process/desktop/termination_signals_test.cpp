@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "platform/linux/termination_signals.h"
+#include "platform/common/termination_signals.h"
 
 #include <csignal>
 
 #include <gtest/gtest.h>
 
-#include "platform/linux/monotonic.h"
+#include "platform/common/monotonic.h"
 
 namespace quavix {
 namespace {

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <ctime>
 
-#include "platform/linux/monotonic.h"
+#include "platform/common/monotonic.h"
 
 namespace quavix {
 

@@ -3,10 +3,10 @@
 
 #include <string>
 
-#include "platform/linux/file_descriptor.h"
-#include "platform/linux/speaker/platform_speaker.h"
+#include "platform/common/monotonic.h"
+#include "platform/common/speaker/platform_speaker.h"
 #include "platform/linux/speaker/speaker_guard.h"
-#include "platform/linux/speaker/tone_clock.h"
+#include "platform/posix/file_descriptor.h"
 
 namespace quavix {
 

@@ -7,7 +7,7 @@
 #include <poll.h>
 #include <sys/socket.h>
 
-#include "platform/linux/speaker/tone_clock.h"
+#include "platform/common/monotonic.h"
 #include "platform/linux/speaker/tone_events.h"
 
 namespace quavix {
@@ -15,7 +15,7 @@ namespace {
 
 int MsUntil(std::int64_t momentNs) {
     const std::int64_t leftNs = momentNs - MonotonicNs();
-    const std::int64_t leftMs = (leftNs + ToneClock::NsPerMs - 1) / ToneClock::NsPerMs;
+    const std::int64_t leftMs = (leftNs + NsPerMs - 1) / NsPerMs;
     return static_cast<int>(std::clamp<std::int64_t>(leftMs, 0, INT_MAX));
 }
 
@@ -23,7 +23,7 @@ void Watch(int device, int channel) {
     // A program that was stopped just before it switched a tone on may do so when it continues, long after
     // the tone's end. So an overdue tone is switched off again and again until the program says it has done
     // so.
-    constexpr std::int64_t AgainAfterNs = 20 * ToneClock::NsPerMs;
+    constexpr std::int64_t AgainAfterNs = 20 * NsPerMs;
     std::int64_t offAtNs = 0;
     for (;;) {
         pollfd waiting{channel, POLLIN, 0};

@@ -6,13 +6,13 @@
 
 #include <fmt/format.h>
 
+#include "platform/common/speaker/silent_speaker.h"
+#include "platform/common/speaker/sound_card_speaker.h"
+#include "platform/common/speaker/wav_speaker.h"
 #include "platform/linux/speaker/event_speaker.h"
 #include "platform/linux/speaker/linux_input_devices.h"
-#include "platform/linux/speaker/silent_speaker.h"
-#include "platform/linux/speaker/sound_card_speaker.h"
 #include "platform/linux/speaker/speaker_lock.h"
 #include "platform/linux/speaker/udev_rule.h"
-#include "platform/linux/speaker/wav_speaker.h"
 
 namespace quavix {
 namespace {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/linux/speaker/choose_speaker.h"
+#include "platform/common/speaker/choose_speaker.h"
 #include "platform/linux/speaker/speaker_device.h"
 
 namespace quavix {

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/linux/file_descriptor.h"
+#include "platform/posix/file_descriptor.h"
 
 namespace quavix {
 

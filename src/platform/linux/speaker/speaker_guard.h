@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <string>
 
-#include "platform/linux/forked_guard.h"
+#include "platform/posix/forked_guard.h"
 
 namespace quavix {
 

@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "platform/linux/file_descriptor.h"
+#include "platform/posix/file_descriptor.h"
 
 namespace quavix {
 

@@ -5,7 +5,7 @@
 
 #include <gmock/gmock.h>
 
-#include "fake_time.h"
+#include "platform/common/speaker/fake_time.h"
 #include "platform/linux/speaker/udev_rule.h"
 
 namespace quavix {
@@ -66,10 +66,10 @@ TEST(MachineSpeakers, KeepTimeSilentlyAndSaySo) {
     speaker->Beep(440, 250);
     speaker->Beep(5, 250);
     speaker->Beep(40000, 250);
-    EXPECT_EQ(time.NowNs - start, 750 * ToneClock::NsPerMs);
+    EXPECT_EQ(time.NowNs - start, 750 * NsPerMs);
     speaker->Beep(440, 0);
     speaker->Beep(440, -3);
-    EXPECT_EQ(time.NowNs - start, 750 * ToneClock::NsPerMs);
+    EXPECT_EQ(time.NowNs - start, 750 * NsPerMs);
     EXPECT_TRUE(speaker->Status().Silent);
     EXPECT_THAT(speaker->Status().InUse, HasSubstr("silent"));
     EXPECT_EQ(speaker->Status().Reason, "Chosen with QUAVIX_SPEAKER=silent.");

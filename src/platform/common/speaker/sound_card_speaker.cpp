@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: MIT
+#include "platform/common/speaker/sound_card_speaker.h"
+
+#include <algorithm>
+#include <utility>
+
+#include <fmt/format.h>
+
+namespace quavix {
+namespace {
+
+// How long the start of the program may wait for the sound card: enough to see that there is none.
+constexpr std::int32_t OpeningPatienceMs = 50;
+constexpr std::int64_t RetryAfterNs = 2 * NsPerSecond;
+// A card that plays asks for samples every few milliseconds.
+constexpr std::int64_t LostAfterNs = NsPerSecond / 2;
+
+}  // namespace
+
+SoundCardSpeaker::SoundCardSpeaker(ToneClock clock) : clock_(std::move(clock)), triedNs_(clock_.Now()) {
+    card_.BeginOpening();
+}
+
+void SoundCardSpeaker::Settle() {
+    const std::int64_t passedMs = (clock_.Now() - triedNs_) / NsPerMs;
+    if (passedMs < OpeningPatienceMs)
+        card_.AwaitOpening(OpeningPatienceMs - static_cast<std::int32_t>(passedMs));
+    refused_ = card_.Now() == SoundCard::State::Unavailable;
+}
+
+SoundCardSpeaker::~SoundCardSpeaker() {
+    const auto player = card_.Player();
+    constexpr int MostWaits = 20;
+    for (int wait = 0; player && !Lost(*player) && !player->Idle() && wait < MostWaits; ++wait)
+        SleepUntil(MonotonicNs() + 5 * NsPerMs);
+}
+
+void SoundCardSpeaker::Beep(std::int32_t frequency, std::int32_t durationMs) {
+    if (durationMs <= 0)
+        return;
+    const std::int64_t nowNs = clock_.Now();
+    const std::int64_t deadlineNs = nowNs + durationMs * NsPerMs;
+    const auto player = UsablePlayer(nowNs);
+    if (player && CanSound(frequency))
+        player->Play(frequency, durationMs, nowNs);
+    clock_.WaitUntil(deadlineNs);
+}
+
+std::shared_ptr<TonePlayer> SoundCardSpeaker::UsablePlayer(std::int64_t nowNs) {
+    const SoundCard::State state = card_.Now();
+    auto player = card_.Player();
+    if (player && !Lost(*player))
+        return player;
+    if (state != SoundCard::State::Opening && nowNs - triedNs_ >= RetryAfterNs) {
+        triedNs_ = nowNs;
+        card_.BeginOpening();
+    }
+    return nullptr;
+}
+
+bool SoundCardSpeaker::Lost(const TonePlayer& player) const {
+    return clock_.Now() - player.LastRenderNs() > LostAfterNs;
+}
+
+SpeakerStatus SoundCardSpeaker::Status() const {
+    SpeakerStatus status;
+    if (refused_) {
+        status.InUse = "silent (no sound card)";
+        status.Reason = fmt::format("No sound card could be opened: {}.", card_.Description());
+        status.Silent = true;
+        return status;
+    }
+    const auto player = card_.Player();
+    switch (card_.Now()) {
+        case SoundCard::State::NotOpened:
+        case SoundCard::State::Opening:
+            status.InUse = "sound card (not opened yet)";
+            status.Silent = true;
+            break;
+        case SoundCard::State::Open:
+            status.InUse = fmt::format("sound card ({})", card_.Description());
+            status.Silent = player && Lost(*player);
+            if (status.Silent) {
+                status.InUse = "silent (sound card lost)";
+                status.Reason = fmt::format(
+                    "The sound card ({}) does not answer any more; later tones try to get it back.",
+                    card_.Description());
+            }
+            break;
+        case SoundCard::State::Unavailable:
+            status.InUse = "silent (no sound card)";
+            status.Reason = fmt::format("The sound card could not be opened ({}); later tones try again.",
+                                        card_.Description());
+            status.Silent = true;
+            break;
+    }
+    return status;
+}
+
+}  // namespace quavix

@@ -1,0 +1,198 @@
+// SPDX-License-Identifier: MIT
+#include "platform/posix/posix_files.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdint>
+#include <dirent.h>
+#include <fcntl.h>
+#include <filesystem>
+#include <unistd.h>
+
+#include "platform/posix/file_descriptor.h"
+#include "platform/posix/lock_file.h"
+#include "platform/posix/replaced_file.h"
+#include "shell/wildcards.h"
+
+namespace quavix {
+namespace {
+
+bool HasNul(const std::string& name) {
+    return name.find('\0') != std::string::npos;
+}
+
+bool IsNoFolder(const std::string& name) {
+    struct stat status {};
+    return ::stat(name.c_str(), &status) == 0 && !S_ISDIR(status.st_mode);
+}
+
+/// Leaves the last call's error as it is.
+bool IsFolder(const std::string& name) {
+    const int error = errno;
+    struct stat status {};
+    const bool isFolder = ::stat(name.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+    errno = error;
+    return isFolder;
+}
+
+/// The files of a folder, given with its separator, that match; no more than `most`.
+std::vector<std::string> Matching(const std::string& folder, const std::string& namePattern,
+                                  std::size_t most) {
+    std::vector<std::string> names;
+    const std::unique_ptr<DIR, int (*)(DIR*)> listing(::opendir(folder.empty() ? "." : folder.c_str()),
+                                                      ::closedir);
+    while (const dirent* entry = listing ? ::readdir(listing.get()) : nullptr) {
+        const std::string name = entry->d_name;
+        if (name.starts_with('.') || !MatchesWildcards(name, namePattern) || !IsNoFolder(folder + name))
+            continue;
+        names.push_back(folder + name);
+        if (names.size() == most)
+            break;
+    }
+    return names;
+}
+
+class PosixFileReader : public FileReader {
+  public:
+    PosixFileReader(FileDescriptor file, std::uint64_t size) : file_(std::move(file)), size_(size) {}
+
+    std::uint64_t Size() const override { return size_; }
+
+    std::size_t Read(std::span<char> buffer, std::error_code& error) override {
+        error.clear();
+        for (;;) {
+            const ssize_t count = ::read(file_.Get(), buffer.data(), buffer.size());
+            if (count >= 0)
+                return static_cast<std::size_t>(count);
+            if (errno != EINTR) {
+                error = LastError();
+                return 0;
+            }
+        }
+    }
+
+  private:
+    FileDescriptor file_;
+    std::uint64_t size_;
+};
+
+/// Opens an ordinary file; none with `error` set.
+FileDescriptor OpenOrdinary(const std::string& name, int flags, mode_t mode, struct stat& status,
+                            std::error_code& error) {
+    error.clear();
+    if (HasNul(name)) {
+        error = std::make_error_code(std::errc::no_such_file_or_directory);
+        return FileDescriptor();
+    }
+    FileDescriptor file = FileDescriptor::Open(AT_FDCWD, name.c_str(), flags, mode);
+    if (!file || ::fstat(file.Get(), &status) != 0)
+        error = LastError();
+    else
+        error = UnlessOrdinary(status);
+    return error ? FileDescriptor() : std::move(file);
+}
+
+std::error_code WriteAndClose(FileDescriptor file, std::string_view bytes) {
+    const std::error_code error = file.WriteAll(bytes);
+    const std::error_code closeError = file.Close();
+    return error ? error : closeError;
+}
+
+}  // namespace
+
+bool PosixFiles::FindsNormalFile(const std::string& pattern) {
+    const std::size_t nameStart = pattern.rfind('/') + 1;  // npos + 1 is 0
+    const std::string folder = pattern.substr(0, nameStart);
+    const std::string namePattern = pattern.substr(nameStart);
+    if (namePattern.empty() || HasNul(pattern))
+        return false;
+    if (namePattern.find_first_of("*?") == std::string::npos)
+        return !namePattern.starts_with('.') && IsNoFolder(pattern);
+    return !Matching(folder, namePattern, 1).empty();
+}
+
+std::vector<std::string> PosixFiles::NormalFiles(const std::string& pattern) {
+    const std::size_t nameStart = pattern.rfind('/') + 1;  // npos + 1 is 0
+    if (HasNul(pattern))
+        return {};
+    std::vector<std::string> names =
+        Matching(pattern.substr(0, nameStart), pattern.substr(nameStart), SIZE_MAX);
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+std::string PosixFiles::FullName(const std::string& name) {
+    std::error_code error;
+    const std::filesystem::path full = std::filesystem::absolute(name, error);
+    return error || name.empty() ? name : full.lexically_normal().string();
+}
+
+std::error_code PosixFiles::Delete(const std::string& name) {
+    std::error_code error;
+    Length(name, error);
+    if (!error && ::unlink(name.c_str()) != 0)
+        error = LastError();
+    return error;
+}
+
+std::error_code PosixFiles::CreateFolder(const std::string& name) {
+    if (HasNul(name))
+        return std::make_error_code(std::errc::no_such_file_or_directory);
+    for (std::size_t end = 0; end != std::string::npos;) {
+        end = name.find('/', end + 1);
+        const std::string folder = name.substr(0, end);
+        // What is there already may be refused for other reasons than that it is there.
+        if (::mkdir(folder.c_str(), S_IRWXU) == 0 || IsFolder(folder))
+            continue;
+        return errno == EEXIST ? std::make_error_code(std::errc::not_a_directory) : LastError();
+    }
+    return {};
+}
+
+std::unique_ptr<FileLock> PosixFiles::TryLock(const std::string& name, std::error_code& error) {
+    return LockFile::Take(name, error);
+}
+
+std::uint64_t PosixFiles::Length(const std::string& name, std::error_code& error) {
+    struct stat status {};
+    error.clear();
+    if (HasNul(name))
+        error = std::make_error_code(std::errc::no_such_file_or_directory);
+    else if (::stat(name.c_str(), &status) != 0)
+        error = LastError();
+    else
+        error = UnlessOrdinary(status);
+    return error ? 0 : static_cast<std::uint64_t>(status.st_size);
+}
+
+std::error_code PosixFiles::WriteAt(const std::string& name, std::uint64_t offset, std::string_view bytes) {
+    struct stat status {};
+    std::error_code error;
+    FileDescriptor file = OpenOrdinary(name, O_WRONLY | O_CREAT, ReadWriteForAll, status, error);
+    if (error)
+        return error;
+    if (::lseek(file.Get(), static_cast<off_t>(offset), SEEK_SET) < 0)
+        return LastError();
+    return WriteAndClose(std::move(file), bytes);
+}
+
+std::error_code PosixFiles::Append(const std::string& name, std::string_view bytes) {
+    struct stat status {};
+    std::error_code error;
+    FileDescriptor file = OpenOrdinary(name, O_WRONLY | O_CREAT | O_APPEND, ReadWriteForAll, status, error);
+    return error ? error : WriteAndClose(std::move(file), bytes);
+}
+
+std::unique_ptr<FileReader> PosixFiles::OpenForInput(const std::string& name, std::error_code& error) {
+    struct stat status {};
+    FileDescriptor file = OpenOrdinary(name, O_RDONLY, 0, status, error);
+    if (error)
+        return nullptr;
+    return std::make_unique<PosixFileReader>(std::move(file), static_cast<std::uint64_t>(status.st_size));
+}
+
+std::unique_ptr<FileWriter> PosixFiles::OpenForOutput(const std::string& name, std::error_code& error) {
+    return ReplacedFile::Open(name, error);
+}
+
+}  // namespace quavix

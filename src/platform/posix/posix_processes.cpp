@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+#include "platform/posix/posix_processes.h"
+
+#include <cerrno>
+#include <csignal>
+#include <sys/resource.h>
+#include <unistd.h>
+
+namespace quavix {
+namespace {
+
+struct PriorityClass {
+    std::int32_t Class;
+    int Nice;
+};
+
+// From the nicest to the most demanding; nice values in between belong to the nearest class below them.
+constexpr PriorityClass Classes[] = {{64, 19}, {16384, 10}, {32, 0}, {32768, -5}, {128, -10}, {256, -20}};
+
+constexpr ProcessHandle AccessShift = std::int64_t{1} << 32;
+
+id_t IdOf(ProcessHandle process) {
+    return static_cast<id_t>(process % AccessShift);
+}
+
+std::uint32_t AccessOf(ProcessHandle process) {
+    return static_cast<std::uint32_t>(process / AccessShift);
+}
+
+}  // namespace
+
+std::int32_t PosixProcesses::CurrentProcessId() {
+    return getpid();
+}
+
+std::int32_t PosixProcesses::WindowProcessId(std::intptr_t) {
+    return 0;
+}
+
+ProcessHandle PosixProcesses::Open(std::uint32_t access, std::int32_t processId) {
+    constexpr std::int32_t FirstProcess = 1;
+    if (processId <= FirstProcess)
+        return 0;
+    const bool exists = kill(processId, 0) == 0;
+    const bool isOthers = !exists && errno == EPERM;
+    if (!exists && !(isOthers && (access & SetInformation) == 0))
+        return 0;
+    return static_cast<ProcessHandle>(access) * AccessShift + processId;
+}
+
+bool PosixProcesses::SetPriorityClass(ProcessHandle process, std::int32_t priorityClass) {
+    if (process == 0 || (AccessOf(process) & SetInformation) == 0)
+        return false;
+    for (const PriorityClass& entry : Classes) {
+        if (entry.Class == priorityClass)
+            return setpriority(PRIO_PROCESS, IdOf(process), entry.Nice) == 0;
+    }
+    return false;
+}
+
+std::int32_t PosixProcesses::GetPriorityClass(ProcessHandle process) {
+    if (process == 0 || (AccessOf(process) & QueryInformation) == 0)
+        return 0;
+    errno = 0;
+    const int nice = getpriority(PRIO_PROCESS, IdOf(process));
+    if (nice == -1 && errno != 0)
+        return 0;
+    for (const PriorityClass& entry : Classes) {
+        if (nice >= entry.Nice)
+            return entry.Class;
+    }
+    return 0;
+}
+
+void PosixProcesses::Close(ProcessHandle) {}
+
+}  // namespace quavix

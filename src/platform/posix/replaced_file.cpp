@@ -1,0 +1,151 @@
+// SPDX-License-Identifier: MIT
+#include "platform/posix/replaced_file.h"
+
+#include <array>
+#include <cerrno>
+#include <cstdint>
+#include <cstdio>
+#include <fcntl.h>
+#include <filesystem>
+#include <random>
+#include <unistd.h>
+
+namespace quavix {
+namespace {
+
+/// The name with a link, and the links that it leads to, followed; the file itself need not exist.
+std::filesystem::path FollowLinks(std::filesystem::path path, std::error_code& error) {
+    constexpr int MostLinks = 40;
+    for (int links = 0; links < MostLinks; ++links) {
+        std::error_code noLink;
+        const std::filesystem::path target = std::filesystem::read_symlink(path, noLink);
+        if (noLink)
+            return path;
+        path = path.parent_path() / target;
+    }
+    error = std::make_error_code(std::errc::too_many_symbolic_link_levels);
+    return path;
+}
+
+/// Where a process finds its own open files, by their numbers.
+constexpr const char* OpenFiles = "/proc/self/fd/";
+
+std::string UnpredictableName() {
+    std::random_device random;
+    std::array<char, 40> name{};
+    std::snprintf(name.data(), name.size(), ".quavix-%08x%08x.tmp", random(), random());
+    return name.data();
+}
+
+FileDescriptor OpenFolder(const std::string& folder) {
+    FileDescriptor opened = FileDescriptor::Open(AT_FDCWD, folder.c_str(), O_RDONLY | O_DIRECTORY);
+    // A folder that may be written but not listed is as good, but for making it durable.
+    if (!opened && errno == EACCES)
+        opened = FileDescriptor::Open(AT_FDCWD, folder.c_str(), O_PATH | O_DIRECTORY);
+    return opened;
+}
+
+}  // namespace
+
+std::unique_ptr<ReplacedFile> ReplacedFile::Open(const std::string& name, std::error_code& error) {
+    error.clear();
+    if (name.empty() || name.find('\0') != std::string::npos) {
+        error = std::make_error_code(std::errc::no_such_file_or_directory);
+        return nullptr;
+    }
+    const std::filesystem::path path = FollowLinks(name, error);
+    if (error)
+        return nullptr;
+    const std::string folder = path.parent_path().empty() ? "." : path.parent_path().string();
+    FileDescriptor opened = OpenFolder(folder);
+    if (!opened) {
+        error = LastError();
+        return nullptr;
+    }
+    if (!path.has_filename() || path.filename() == "." || path.filename() == "..") {
+        error = std::make_error_code(std::errc::is_a_directory);
+        return nullptr;
+    }
+    std::unique_ptr<ReplacedFile> file(new ReplacedFile(std::move(opened), path.filename().string()));
+    error = file->Prepare();
+    return error ? nullptr : std::move(file);
+}
+
+ReplacedFile::~ReplacedFile() {
+    if (!temporaryName_.empty())
+        ::unlinkat(folder_.Get(), temporaryName_.c_str(), 0);
+}
+
+std::error_code ReplacedFile::Prepare() {
+    struct stat old {};
+    const bool exists = ::fstatat(folder_.Get(), name_.c_str(), &old, AT_SYMLINK_NOFOLLOW) == 0;
+    if (!exists)
+        return errno == ENOENT ? CreateBeside() : LastError();
+    if (const auto error = UnlessOrdinary(old))
+        return error;
+    // Only opening it tells for sure whether it may be written: permissions, read-only disks, attributes.
+    if (!FileDescriptor::Open(folder_.Get(), name_.c_str(), O_WRONLY | O_NOFOLLOW))
+        return LastError();
+    if (const auto error = CreateBeside())
+        return error;
+    // Where the owner can't be kept (somebody else's file in a shared folder) it becomes the user's own.
+    [[maybe_unused]] const int owned = ::fchown(file_.Get(), old.st_uid, old.st_gid);
+    constexpr mode_t Permissions = 0777;
+    return ::fchmod(file_.Get(), old.st_mode & Permissions) == 0 ? std::error_code() : LastError();
+}
+
+std::error_code ReplacedFile::CreateBeside() {
+    if (::access(OpenFiles, X_OK) == 0)
+        file_ = FileDescriptor::Open(folder_.Get(), ".", O_WRONLY | O_TMPFILE, ReadWriteForAll);
+    if (file_)
+        return {};
+    // Not every file system has files without a name.
+    return TakeTemporaryName([this](const char* name) {
+        file_ = FileDescriptor::Open(folder_.Get(), name, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW,
+                                     ReadWriteForAll);
+        return static_cast<bool>(file_);
+    });
+}
+
+template <typename Create>
+std::error_code ReplacedFile::TakeTemporaryName(Create create) {
+    constexpr int Attempts = 100;
+    for (int attempt = 0; attempt < Attempts; ++attempt) {
+        std::string name = UnpredictableName();
+        if (create(name.c_str())) {
+            temporaryName_ = std::move(name);
+            return {};
+        }
+        if (errno != EEXIST)
+            break;
+    }
+    return LastError();
+}
+
+/// A new file can't be linked in another's place, so a file without a name takes one for a moment.
+std::error_code ReplacedFile::Name() {
+    const std::string file = OpenFiles + std::to_string(file_.Get());
+    return TakeTemporaryName([&](const char* name) {
+        return ::linkat(AT_FDCWD, file.c_str(), folder_.Get(), name, AT_SYMLINK_FOLLOW) == 0;
+    });
+}
+
+std::error_code ReplacedFile::Commit() {
+    if (const auto error = file_.Sync())
+        return error;
+    if (temporaryName_.empty()) {
+        if (const auto error = Name())
+            return error;
+    }
+    if (const auto error = file_.Close())
+        return error;
+    if (::renameat(folder_.Get(), temporaryName_.c_str(), folder_.Get(), name_.c_str()) != 0)
+        return LastError();
+    temporaryName_.clear();
+    const std::error_code error = folder_.Sync();
+    // Some file systems can't sync a folder, and neither can one that we may not list.
+    const bool cannotSync = error == std::errc::invalid_argument || error == std::errc::bad_file_descriptor;
+    return cannotSync ? std::error_code() : error;
+}
+
+}  // namespace quavix

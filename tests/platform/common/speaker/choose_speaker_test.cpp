@@ -1,0 +1,172 @@
+// SPDX-License-Identifier: MIT
+#include "platform/common/speaker/choose_speaker.h"
+
+#include <memory>
+#include <utility>
+
+#include <fmt/format.h>
+#include <gmock/gmock.h>
+
+namespace quavix {
+namespace {
+
+using testing::HasSubstr;
+using testing::StartsWith;
+
+class FakeSpeaker : public PlatformSpeaker {
+  public:
+    FakeSpeaker(std::string name, std::string& heard, const bool& fails)
+        : name_(std::move(name)), heard_(heard), fails_(fails) {}
+
+    void Beep(std::int32_t frequency, std::int32_t durationMs) override {
+        heard_ += fmt::format("{} {} Hz {} ms\n", name_, frequency, durationMs);
+    }
+    SpeakerStatus Status() const override {
+        SpeakerStatus status;
+        status.InUse = name_;
+        if (fails_)
+            status.Reason = fmt::format("The {} broke.", name_);
+        return status;
+    }
+    bool Failed() const override { return fails_; }
+
+  private:
+    std::string name_;
+    std::string& heard_;
+    const bool& fails_;
+};
+
+/// Speakers that can be had or not, as a test says.
+struct FakeMachine {
+    std::string NoDevice;
+    std::string DeviceRemedy;
+    std::string NoCard;
+    std::string NoFile;
+    bool DeviceFails = false;
+    const bool Never = false;
+    std::string Heard;
+    std::string AskedFor;
+
+    SpeakerAttempt Make(const std::string& name, const std::string& refusal, const std::string& remedy,
+                        const bool& fails) {
+        AskedFor += name + '\n';
+        if (!refusal.empty())
+            return {nullptr, refusal, remedy};
+        return {std::make_unique<FakeSpeaker>(name.substr(0, name.find(' ')), Heard, fails), {}, {}};
+    }
+
+    std::unique_ptr<Speaker> Choose(const std::string& wanted) {
+        SpeakerMakers makers;
+        makers.EventDevice = [this](const std::string& path) {
+            return Make("device " + path, NoDevice, DeviceRemedy, DeviceFails);
+        };
+        makers.SoundCard = [this] { return Make("card", NoCard, "", Never); };
+        makers.SoundFile = [this](const std::string& path) {
+            return Make("file " + path, NoFile, "", Never);
+        };
+        makers.Silent = [this] { return Make("silent", "", "", Never); };
+        return ChooseSpeaker(wanted, makers);
+    }
+};
+
+TEST(SpeakerChoice, PrefersThePcSpeakerAndHasNothingToSayAboutIt) {
+    FakeMachine machine;
+    const SpeakerStatus status = machine.Choose("")->Status();
+    EXPECT_EQ(status.InUse, "device");
+    EXPECT_EQ(status.Reason, "");
+    EXPECT_EQ(status.Remedy, "");
+    EXPECT_EQ(machine.AskedFor, "device \n");
+}
+
+TEST(SpeakerChoice, TakesTheSoundCardNextAndSaysWhyAndWhatToDo) {
+    FakeMachine machine;
+    machine.NoDevice = "No driver.";
+    machine.DeviceRemedy = "load it";
+    const SpeakerStatus status = machine.Choose("")->Status();
+    EXPECT_EQ(status.InUse, "card");
+    EXPECT_EQ(status.Reason, "No driver.");
+    EXPECT_EQ(status.Remedy, "load it");
+}
+
+TEST(SpeakerChoice, IsSilentLastAndGivesEveryReason) {
+    FakeMachine machine;
+    machine.NoDevice = "No driver.";
+    machine.DeviceRemedy = "load it";
+    machine.NoCard = "No card.";
+    const SpeakerStatus status = machine.Choose("")->Status();
+    EXPECT_EQ(status.InUse, "silent");
+    EXPECT_EQ(status.Reason, "No driver. No card.");
+    EXPECT_EQ(status.Remedy, "load it");
+}
+
+TEST(SpeakerChoice, ByHandTakesWhatIsAskedForAndNothingBeforeIt) {
+    const std::pair<const char*, const char*> expected[] = {
+        {"evdev", "device \n"},
+        {"evdev:/dev/input/event3", "device /dev/input/event3\n"},
+        {"soundcard", "card\n"},
+        {"silent", "silent\n"},
+        {"wav:/tmp/a:b.wav", "file /tmp/a:b.wav\n"},
+    };
+    for (const auto& [wanted, asked] : expected) {
+        FakeMachine machine;
+        machine.Choose(wanted);
+        EXPECT_EQ(machine.AskedFor, asked) << wanted;
+    }
+}
+
+TEST(SpeakerChoice, ByHandIsSaidUnlessItIsTheRealOne) {
+    FakeMachine machine;
+    EXPECT_EQ(machine.Choose("evdev")->Status().Reason, "");
+    EXPECT_EQ(machine.Choose("soundcard")->Status().Reason, "Chosen with QUAVIX_SPEAKER=soundcard.");
+    EXPECT_EQ(machine.Choose("wav:/a.wav")->Status().Reason, "Chosen with QUAVIX_SPEAKER=wav:/a.wav.");
+}
+
+TEST(SpeakerChoice, ThatCannotBeHadGoesOnToTheNext) {
+    FakeMachine machine;
+    machine.NoDevice = "Not a speaker.";
+    machine.NoCard = "No card.";
+    machine.NoFile = "No space.";
+    EXPECT_EQ(machine.Choose("evdev:/dev/null")->Status().Reason, "Not a speaker. No card.");
+    const SpeakerStatus card = machine.Choose("soundcard")->Status();
+    EXPECT_EQ(card.InUse, "silent");
+    EXPECT_EQ(card.Reason, "Chosen with QUAVIX_SPEAKER=soundcard. No card.");
+    const SpeakerStatus file = machine.Choose("wav:/a.wav")->Status();
+    EXPECT_EQ(file.InUse, "silent");
+    EXPECT_THAT(file.Reason, HasSubstr("No space."));
+}
+
+TEST(SpeakerChoice, ThatIsNotUnderstoodIsSaidAndCountsAsAutomatic) {
+    for (const char* wanted : {"loud", "evdev:", "wav", "wav:", "soundcard:1", "silent:", "EVDEV", ":"}) {
+        FakeMachine machine;
+        const SpeakerStatus status = machine.Choose(wanted)->Status();
+        EXPECT_EQ(status.InUse, "device") << wanted;
+        EXPECT_THAT(status.Reason, StartsWith(fmt::format("QUAVIX_SPEAKER={} is not understood", wanted)));
+        EXPECT_EQ(machine.AskedFor, "device \n") << wanted;
+    }
+}
+
+TEST(SpeakerChoice, GivesUpASpeakerThatFailsAfterTheToneAndSaysWhy) {
+    FakeMachine machine;
+    const auto speaker = machine.Choose("");
+    speaker->Beep(440, 100);
+    machine.DeviceFails = true;
+    speaker->Beep(550, 100);
+    speaker->Beep(660, 100);
+    EXPECT_EQ(machine.Heard, "device 440 Hz 100 ms\ndevice 550 Hz 100 ms\ncard 660 Hz 100 ms\n");
+    EXPECT_EQ(speaker->Status().InUse, "card");
+    EXPECT_EQ(speaker->Status().Reason, "The device broke.");
+}
+
+TEST(SpeakerChoice, ThatTurnsOutNotToBeThereIsReplacedBeforeTheFirstTone) {
+    FakeMachine machine;
+    machine.DeviceFails = true;
+    EXPECT_EQ(machine.Choose("")->Status().InUse, "card");
+    machine.NoCard = "No card.";
+    const auto speaker = machine.Choose("");
+    speaker->Beep(440, 100);
+    EXPECT_EQ(machine.Heard, "silent 440 Hz 100 ms\n");
+    EXPECT_EQ(speaker->Status().Reason, "The device broke. No card.");
+}
+
+}  // namespace
+}  // namespace quavix
