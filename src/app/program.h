@@ -17,7 +17,6 @@
 #include "music/mod_buttons.h"
 #include "music/music_list.h"
 #include "music/note_entry.h"
-#include "music/numeric_fields.h"
 #include "playback/beat.h"
 #include "playback/circuit_bent.h"
 #include "playback/metronome.h"
@@ -91,7 +90,6 @@ class Program {
         : Log(ports.Disk, ports.Time, ports.LogFile),
           Handlers(ports.Boxes, Log),
           Wait(ports.Time, ports.Pump),
-          Numbers(Fields),
           History(Fields, List),
           Mods(Fields, List, History, Log),
           Position(Fields, List, ports.Boxes, Log),
@@ -142,7 +140,6 @@ class Program {
     DebugLog Log;
     EventBoundary Handlers;
     Waiting Wait;
-    NumericFields Numbers;
     EditHistory History;
     ModButtons Mods;
     PositionDisplay Position;

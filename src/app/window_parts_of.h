@@ -15,7 +15,6 @@ inline WindowParts PartsOf(Program& program, Speaker& speaker, MessageBoxes& box
                            std::function<void()> closeProgram, std::function<std::string()> readManual) {
     return {.Fields = program.Fields,
             .List = program.List,
-            .Numbers = program.Numbers,
             .History = program.History,
             .Editing = program.Editing,
             .Lines = program.Lines,

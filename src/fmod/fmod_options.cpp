@@ -4,21 +4,21 @@
 namespace quavix {
 
 FmodOptions::FmodOptions(MainFields& fields, EventBoundary& handlers)
-    : fields_(fields), handlers_(handlers), previousRatio_(fields.NoteSilenceRatioSlider) {
+    : fields_(fields), handlers_(handlers), previousRatio_(fields.NoteSilenceRatio) {
     NeverSilentCheck.Watch(
         [this](bool) { handlers_.Run("NeverSilentCheck_Click", [this] { NeverSilentCheck_Click(); }); });
-    fields_.NoteSilenceRatioSlider.Watch([this](std::int32_t) { NoteSilenceRatioSlider_Change(); });
+    fields_.NoteSilenceRatio.State().Watch([this](const SettingState&) { NoteSilenceRatioSlider_Change(); });
 }
 
 void FmodOptions::NeverSilentCheck_Click() {
     manuallySettingCheck_ = true;
     fields_.DoNotShutUpFMOD = NeverSilentCheck;
     if (NeverSilentCheck) {
-        previousRatio_ = fields_.NoteSilenceRatioSlider;
+        previousRatio_ = fields_.NoteSilenceRatio;
         ratioManuallyChanged_ = false;
-        fields_.NoteSilenceRatioSlider = parameter::NoteSilenceRatio.Highest;
+        fields_.NoteSilenceRatio.Set(parameter::NoteSilenceRatio.Highest);
     } else if (!ratioManuallyChanged_) {
-        fields_.NoteSilenceRatioSlider = previousRatio_;
+        fields_.NoteSilenceRatio.Set(previousRatio_);
     }
     manuallySettingCheck_ = false;
 }

@@ -20,10 +20,11 @@ CycleTimer::CycleTimer(CycleTimerParts parts, std::string key)
       }) {
     cTmr_.Add(key_, FirstIntervalMs, false);
     // A mistyped interval must not last until its end, which may be days away.
-    p_.Fields.AlternateTimeText.Watch([this](const std::string&) {
-        if (Enabled())
-            FollowAlternateTime();
-    });
+    p_.Fields.AlternateTime.State().Watch(
+        [this, before = p_.Fields.AlternateTime.Text()](const SettingState& now) mutable {
+            if (std::exchange(before, now.Text) != now.Text && Enabled())
+                FollowAlternateTime();
+        });
 }
 
 void CycleTimer::cTmr_Timer(const std::string& sKey) {
@@ -44,7 +45,7 @@ void CycleTimer::Step() {
 }
 
 void CycleTimer::FollowAlternateTime() {
-    const std::string& text = p_.Fields.AlternateTimeText;
+    const std::string& text = p_.Fields.AlternateTime.Text();
     const double interval = RoundHalfEven(Val(text));
     if (IsNumeric(text) && std::abs(interval) <= std::numeric_limits<std::int32_t>::max())
         cTmr_.SetInterval(key_, static_cast<std::int32_t>(interval));

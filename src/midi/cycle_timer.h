@@ -23,7 +23,7 @@ struct CycleTimerParts {
 };
 
 /// The timer of a form that uses the cycler. Its one entry, disabled at first, ticks with the interval that
-/// AlternateTimeText names; a text that is no number leaves it as it was. Pending window events run between
+/// AlternateTimeText shows; a text that is no number leaves it as it was. Pending window events run between
 /// ticks.
 class CycleTimer {
   public:

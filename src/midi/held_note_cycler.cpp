@@ -9,7 +9,6 @@
 
 #include "midi/midi_notes.h"
 #include "shell/numbers.h"
-#include "shell/scoped_flag.h"
 
 namespace quavix {
 namespace {
@@ -63,16 +62,11 @@ void HeldNoteCycler::PlayLiveMIDIInput(UsingForm& usingForm) {
         Pulse(usingForm, held[next]);
 }
 
-/// A cycle takes 30 ms, but no pulse more than 15. The text box finds most of these values too short, marks
-/// itself and leaves the alternate time as it is; so that is set first.
+/// A cycle takes 30 ms, but no pulse more than 15. The field marks most of these values as too short.
 void HeldNoteCycler::SetAlternateTime(std::int32_t count) {
     constexpr double CycleMs = 30;
-    constexpr std::int16_t LongestMs = 15;
-    const ScopedFlag automatic(fields_.AlternateTimeIsAutomatic);
-    if (!fields_.AlternateTimeOfSong)
-        fields_.AlternateTimeOfSong = fields_.AlternateTime;
-    fields_.AlternateTime = std::min(ToInt16(CycleMs / std::max(count, 1)), LongestMs);
-    fields_.AlternateTimeText = std::to_string(fields_.AlternateTime);
+    constexpr std::int32_t LongestMs = 15;
+    fields_.AlternateTime.SetForNow(std::min(ToInt32(CycleMs / std::max(count, 1)), LongestMs));
 }
 
 void HeldNoteCycler::Pulse(UsingForm& usingForm, std::int32_t note) {

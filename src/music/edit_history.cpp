@@ -74,7 +74,7 @@ void EditHistory::StartOver() {
 void EditHistory::MarkSaved() {
     looseStep_ = false;  // so that undoing can come back to here
     savedState_ = State();
-    fields_.AlternateTimeOfSong.reset();  // the file has the one that is set
+    fields_.AlternateTime.Keep();  // the file has the one in use
     savedSettings_ = SoundSettings::Of(fields_);
     ShowState();
 }

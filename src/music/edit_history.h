@@ -33,8 +33,7 @@ class EditHistory : private MusicListObserver {
   public:
     static constexpr std::size_t HighestSize = 4'000'000;
 
-    /// Watches the fields for as long as they live, and must live as long; must not outlive the list. Comes
-    /// after NumericFields, see SoundSettings.
+    /// Watches the fields for as long as they live, and must live as long; must not outlive the list.
     EditHistory(MainFields& fields, MusicList& list);
     ~EditHistory() override;
     EditHistory(const EditHistory&) = delete;

@@ -1,26 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <array>
 #include <cstdint>
-#include <optional>
 #include <string>
 
 #include "music/parameters.h"
+#include "music/setting.h"
 #include "shell/currency.h"
 #include "shell/watched.h"
 
 namespace quavix {
-
-/// Colour values as red + green × 256 + blue × 65536.
-namespace colour {
-inline constexpr std::int32_t Orange = 33023;
-inline constexpr std::int32_t DarkGreen = 32768;
-inline constexpr std::int32_t Red = 255;
-inline constexpr std::int32_t Yellow = 65535;
-/// The system's window background.
-inline constexpr std::int32_t WindowBackground = -1;
-}  // namespace colour
 
 /// The notes of the line that is sounding; empty texts for none. Two notes sound in turn, too quickly to be
 /// shown one by one.
@@ -64,26 +53,11 @@ struct MainFields {
     Currency TickFreq;
 
     // Settings of the song.
-    Watched<std::uint8_t> KeyboardOctave{parameter::KeyboardOctave.Default};
-    Watched<std::int32_t> BPM{parameter::Bpm.Default};
-    std::int32_t BeatsPerBar = parameter::TimeSig.Default;
-    std::int16_t AlternateTime = parameter::AlternateTime.Default;
-    /// The alternate time is being set by the number of held notes, which is no change of the song.
-    bool AlternateTimeIsAutomatic = false;
-    /// What it was before that, until it is set by other means.
-    std::optional<std::int16_t> AlternateTimeOfSong;
-
-    // Controls that hold them.
-    Watched<std::string> KeyboardOctaveText{std::to_string(parameter::KeyboardOctave.Default)};
-    Watched<std::int32_t> KeyboardOctaveTextBackColor{colour::WindowBackground};
-    Watched<std::string> BPMText{std::to_string(parameter::Bpm.Default)};
-    Watched<std::int32_t> BPMTextBackColor{colour::WindowBackground};
-    Watched<std::string> AlternateTimeText{std::to_string(parameter::AlternateTime.Default)};
-    Watched<std::int32_t> AlternateTimeTextBackColor{colour::WindowBackground};
-    Watched<std::int32_t> TimeSigSlider{parameter::TimeSig.Default};
-    Watched<std::string> lblTimeSig{std::to_string(parameter::TimeSig.Default)};
-    Watched<std::int32_t> NoteSilenceRatioSlider{parameter::NoteSilenceRatio.Default};
-    Watched<std::string> NoteSilenceRatioLabel;
+    Setting KeyboardOctave{parameter::KeyboardOctave};
+    Setting BPM{parameter::Bpm};
+    Setting BeatsPerBar{parameter::TimeSig};
+    Setting NoteSilenceRatio{parameter::NoteSilenceRatio};
+    Setting AlternateTime{parameter::AlternateTime};
     Watched<std::int32_t> NoteLengthCombo{parameter::NoteLength.Default};
 
     // Editing options.
@@ -99,9 +73,6 @@ struct MainFields {
     Watched<bool> AddNote2OptionEnabled{true};
     Watched<bool> NoteReplaceCheckEnabled{true};
     Watched<bool> NoteLengthReplaceCheckEnabled{false};
-
-    /// Captions above the three groups of keys: the octave of each.
-    std::array<Watched<std::string>, 3> OctLabel;
 
     // What can be undone and redone, with the commands' captions ("Undo Erase line").
     Watched<bool> CanUndo;

@@ -1,28 +1,26 @@
 // SPDX-License-Identifier: MIT
 #include "music/sound_settings.h"
 
+#include <utility>
+
 namespace quavix {
 
 SoundSettings SoundSettings::Of(const MainFields& fields) {
-    return {fields.BPM,
-            fields.AlternateTimeOfSong.value_or(fields.AlternateTime),
-            fields.TimeSigSlider,
-            fields.NoteSilenceRatioSlider,
-            fields.PlayNote1Check,
-            fields.PlayNote2Check};
+    return {fields.BPM.OfSong(),         fields.AlternateTime.OfSong(),
+            fields.BeatsPerBar.OfSong(), fields.NoteSilenceRatio.OfSong(),
+            fields.PlayNote1Check,       fields.PlayNote2Check};
 }
 
 void SoundSettings::Watch(const MainFields& fields, const std::function<void()>& changed) {
-    const auto watch = [&changed](const auto& field) { field.Watch([changed](const auto&) { changed(); }); };
-    watch(fields.BPM);
-    fields.AlternateTimeText.Watch([&fields, changed](const auto&) {
-        if (!fields.AlternateTimeIsAutomatic)
-            changed();
-    });
-    watch(fields.TimeSigSlider);
-    watch(fields.NoteSilenceRatioSlider);
-    watch(fields.PlayNote1Check);
-    watch(fields.PlayNote2Check);
+    for (const Setting* setting :
+         {&fields.BPM, &fields.AlternateTime, &fields.BeatsPerBar, &fields.NoteSilenceRatio}) {
+        setting->State().Watch([changed, before = setting->OfSong()](const SettingState& now) mutable {
+            if (std::exchange(before, now.OfSong) != now.OfSong)
+                changed();
+        });
+    }
+    for (const Watched<bool>* box : {&fields.PlayNote1Check, &fields.PlayNote2Check})
+        box->Watch([changed](bool) { changed(); });
 }
 
 }  // namespace quavix

@@ -21,8 +21,7 @@ struct SoundSettings {
 
     static SoundSettings Of(const MainFields& fields);
 
-    /// Calls `changed` after each change of one of them, for as long as the fields live. Where a text is
-    /// watched, the value behind it has to be set first: whoever watches this comes after NumericFields.
+    /// Calls `changed` after each change of one of them, for as long as the fields live.
     static void Watch(const MainFields& fields, const std::function<void()>& changed);
 
     friend bool operator==(const SoundSettings&, const SoundSettings&) = default;

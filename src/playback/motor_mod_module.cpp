@@ -67,7 +67,7 @@ void MotorModModule::SetSpeed(std::int32_t pulse, double waitTimeMs) {
             p_.Comm.Write(std::string(StopCommand) + EndOfCommand);
         throw;
     }
-    if (p_.Fields.NoteSilenceRatioSlider < parameter::NoteSilenceRatio.Highest)
+    if (p_.Fields.NoteSilenceRatio < parameter::NoteSilenceRatio.Highest)
         SendString(StopCommand);
     p_.Log.LogIndentDec("MotorModModule.SetSpeed() - END");
 }

@@ -51,7 +51,7 @@ void PianoKeys::SoundAndEnter(const KeyClick& click) {
     constexpr double DurationMs = 50;
     const PianoKeyPlace place = PlaceOfKey(click.Index);
     log_.Text("Index is {}{}", click.Index, GroupLogNames[static_cast<std::size_t>(place.Group)]);
-    const std::int32_t octave = ToByte(std::int32_t{click.KeyboardOctave} + place.OctaveOffset);
+    const std::int32_t octave = ToByte(click.KeyboardOctave + place.OctaveOffset);
     log_.Text("Index:{}, CurrentOctave:{}", place.NoteNum, octave);
     if (fields_.NoteClickPlayCheck) {
         std::string note = NoteNumToNoteString(place.NoteNum, octave, true, fields_.MotorOct);
@@ -65,12 +65,16 @@ void PianoKeys::SoundAndEnter(const KeyClick& click) {
 void PianoKeys::PianoKey_KeyDown(std::int32_t /*index*/, std::int32_t keyCode, std::int32_t shift) {
     if (shift != CtrlOnly || (keyCode != UpArrow && keyCode != DownArrow))
         return;
-    const std::uint8_t octave = fields_.KeyboardOctave;
+    std::int32_t octave = fields_.KeyboardOctave;
     if (keyCode == UpArrow && octave < parameter::KeyboardOctave.Highest)
-        fields_.KeyboardOctave = static_cast<std::uint8_t>(octave + 1);
+        ++octave;
     if (keyCode == DownArrow && octave > parameter::KeyboardOctave.Lowest)
-        fields_.KeyboardOctave = static_cast<std::uint8_t>(octave - 1);
-    fields_.KeyboardOctaveText = std::to_string(fields_.KeyboardOctave);
+        --octave;
+    fields_.KeyboardOctave.Type(std::to_string(octave));
+}
+
+std::string PianoKeys::OctLabel(std::int32_t group) const {
+    return std::to_string(fields_.KeyboardOctave + group - 1);
 }
 
 bool PianoKeys::IsSounding(std::int32_t index) const {

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <deque>
+#include <string>
 
 #include "music/main_fields.h"
 #include "music/note_entry.h"
@@ -35,13 +36,16 @@ class PianoKeys {
     /// does nothing, whichever key of the keyboard has the focus.
     void PianoKey_KeyDown(std::int32_t index, std::int32_t keyCode, std::int32_t shift);
 
+    /// Caption above a group of keys, 0 to 2 from the left: its octave.
+    std::string OctLabel(std::int32_t group) const;
+
     /// Whether a key's note belongs to the line that playback is sounding (MainFields::NotesSounding).
     bool IsSounding(std::int32_t index) const;
 
   private:
     struct KeyClick {
         std::int32_t Index;
-        std::uint8_t KeyboardOctave;
+        std::int32_t KeyboardOctave;
     };
 
     void Handle(const KeyClick& click);

@@ -27,7 +27,7 @@ class ShownSounding {
 }  // namespace
 
 PlaybackEngine::PlaybackEngine(const PlaybackParts& parts) : p_(parts), timetableBpm_(parts.Fields.BPM) {
-    p_.Fields.BPM.Watch([this](std::int32_t) { TempoChanged(); });
+    p_.Fields.BPM.State().Watch([this](const SettingState&) { TempoChanged(); });
 }
 
 void PlaybackEngine::PlayMusic(std::int32_t& startPoint, std::int32_t& endPoint, bool onlyThisLine) {
@@ -203,7 +203,7 @@ void PlaybackEngine::SoundAlternating(Run& run, const Line& line) {
     p_.Log.LogIndentInc("Alternating section - START");
     const Currency beepLength = SoundingBeats(line);
     p_.Log.Text("BeepLength = {}", beepLength.ToText());
-    if (p_.Fields.NoteSilenceRatioSlider < parameter::NoteSilenceRatio.Highest)
+    if (p_.Fields.NoteSilenceRatio < parameter::NoteSilenceRatio.Highest)
         run.AlternationStep = Currency::FromDouble(p_.Fields.AlternateTime / 1000.0);
     const Currency step = run.AlternationStep;
     const ShownSounding shown(p_.Fields, {.Note1 = line.Note1, .Note2 = line.Note2});
@@ -266,7 +266,7 @@ bool PlaybackEngine::WaitForNextLine(Run& run, const Line& line) {
     constexpr Currency LegatoMargin = Currency::FromUnits(200);
     p_.Log.LogIndentInc("'Waiting for next note' section - START");
     ReadClock();
-    if (p_.Fields.NoteSilenceRatioSlider < parameter::NoteSilenceRatio.Highest)
+    if (p_.Fields.NoteSilenceRatio < parameter::NoteSilenceRatio.Highest)
         run.WaitingMargin = {};
     else if (TimeAtBeat(line.Length) - currentTickTime_ > LegatoMargin)
         run.WaitingMargin = LegatoMargin;
@@ -313,7 +313,7 @@ Currency PlaybackEngine::TimeAtBeat(Currency beatsAfterPlayed) const {
 }
 
 Currency PlaybackEngine::SoundingBeats(const Line& line) const {
-    const double ratio = p_.Fields.NoteSilenceRatioSlider / 100.0;
+    const double ratio = p_.Fields.NoteSilenceRatio / 100.0;
     return Currency::FromDouble(line.Length.ToDouble() * ratio);
 }
 

@@ -53,9 +53,9 @@ void SynchroPlay::UseSynchroCheck_Click(bool ticked) {
 
 void SynchroPlay::SuggestTime() {
     const TimeOfDay start = NextFullMinute(p_.Time.LocalTime());
-    txtHour.Text = std::to_string(start.Hour);
-    txtMinute.Text = std::to_string(start.Minute);
-    txtSecond.Text = std::to_string(start.Second);
+    txtHour.Set(start.Hour);
+    txtMinute.Set(start.Minute);
+    txtSecond.Set(start.Second);
 }
 
 void SynchroPlay::ShowCurrentTime() {
@@ -186,9 +186,9 @@ void SynchroPlay::EnableWaitButton() {
 }
 
 std::optional<TimeOfDay> SynchroPlay::WantedTime() const {
-    const auto hour = txtHour.Number();
-    const auto minute = txtMinute.Number();
-    const auto second = txtSecond.Number();
+    const auto hour = txtHour.Typed();
+    const auto minute = txtMinute.Typed();
+    const auto second = txtSecond.Typed();
     if (!hour || !minute || !second)
         return std::nullopt;
     return TimeOfDay{*hour, *minute, *second};

@@ -7,7 +7,6 @@
 #include <string>
 
 #include "music/main_fields.h"
-#include "playback/time_box.h"
 #include "ports/clock.h"
 #include "ports/message_boxes.h"
 #include "ports/playback_parts.h"
@@ -44,9 +43,9 @@ class SynchroPlay : public SynchronizedStart {
     SynchroPlay& operator=(const SynchroPlay&) = delete;
 
     // The window's controls.
-    TimeBox txtHour{23};
-    TimeBox txtMinute{59};
-    TimeBox txtSecond{59};
+    Setting txtHour{parameter::Hour};
+    Setting txtMinute{parameter::Minute};
+    Setting txtSecond{parameter::Second};
     Watched<bool> TimeBoxesEnabled{true};
     Watched<std::string> lblCurrentTime{"12:00:00"};
     Watched<bool> optStart{true};

@@ -4,7 +4,6 @@
 #include <optional>
 #include <utility>
 
-#include "music/parameters.h"
 #include "shell/program_info.h"
 #include "shell/scoped_flag.h"
 
@@ -39,14 +38,9 @@ void SongDocument::TellReplaced() const {
 
 void SongDocument::ResetTiming() {
     MainFields& fields = p_.Fields;
-    fields.BPM = parameter::Bpm.Default;
-    fields.BPMText = std::to_string(parameter::Bpm.Default);
-    fields.BeatsPerBar = parameter::TimeSig.Default;
-    fields.lblTimeSig = std::to_string(parameter::TimeSig.Default);
-    fields.TimeSigSlider = parameter::TimeSig.Default;
-    fields.NoteSilenceRatioSlider = parameter::NoteSilenceRatio.Default;
-    fields.AlternateTime = parameter::AlternateTime.Default;
-    fields.AlternateTimeText = std::to_string(parameter::AlternateTime.Default);
+    for (Setting* setting :
+         {&fields.BPM, &fields.BeatsPerBar, &fields.NoteSilenceRatio, &fields.AlternateTime})
+        setting->Reset();
 }
 
 bool SongDocument::Save() {

@@ -59,12 +59,12 @@ void WriteSettings(const MainFields& fields, LineWriter& lines) {
     lines.Line(SongHeader, "");
     lines.NumberLine("Revision ", program::Revision);
     lines.Line("//", "Pitch and timing settings");
-    lines.NumberLine("KeyboardOctave ", std::int32_t{fields.KeyboardOctave});
-    lines.NumberLine("BPM ", fields.BPM.Get());
+    lines.NumberLine("KeyboardOctave ", fields.KeyboardOctave);
+    lines.NumberLine("BPM ", fields.BPM);
     lines.NumberLine("TimeSig ", fields.BeatsPerBar);
-    lines.NumberLine("NoteSilenceRatio ", fields.NoteSilenceRatioSlider.Get());
+    lines.NumberLine("NoteSilenceRatio ", fields.NoteSilenceRatio);
     lines.NumberLine("NoteLength ", fields.NoteLengthCombo.Get());
-    lines.Line("AlternateTime ", fields.AlternateTimeText.Get());
+    lines.Line("AlternateTime ", fields.AlternateTime.Text());
     lines.Line("//", "Editing settings");
     lines.Line("//", caption::NoteClickFrame);
     lines.CheckLine("NoteClickPlay ", fields.NoteClickPlayCheck.Get());

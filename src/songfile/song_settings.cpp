@@ -13,6 +13,19 @@
 namespace quavix {
 namespace {
 
+struct SettingKey {
+    std::string_view Name;
+    Setting MainFields::*Field;
+};
+
+constexpr std::array<SettingKey, 5> SettingKeys{{
+    {"keyboardoctave", &MainFields::KeyboardOctave},
+    {"bpm", &MainFields::BPM},
+    {"timesig", &MainFields::BeatsPerBar},
+    {"notesilenceratio", &MainFields::NoteSilenceRatio},
+    {"alternatetime", &MainFields::AlternateTime},
+}};
+
 struct CheckBoxKey {
     std::string_view Name;
     Watched<bool> MainFields::*Box;
@@ -29,20 +42,20 @@ constexpr std::array<CheckBoxKey, 7> CheckBoxKeys{{
     {"playnote2", &MainFields::PlayNote2Check},
 }};
 
-constexpr std::array<std::string_view, 8> OtherKeys{"keyboardoctave",   "bpm",        "timesig",
-                                                    "notesilenceratio", "notelength", "alternatetime",
-                                                    "addnote1",         "addnote2"};
+constexpr std::array<std::string_view, 3> OtherKeys{"notelength", "addnote1", "addnote2"};
 constexpr std::size_t LongestKey = std::string_view("notelengthreplace").size();
 
-const CheckBoxKey* FindCheckBox(std::string_view name) {
-    const auto found = std::find_if(CheckBoxKeys.begin(), CheckBoxKeys.end(),
-                                    [name](const CheckBoxKey& key) { return key.Name == name; });
-    return found == CheckBoxKeys.end() ? nullptr : &*found;
+/// The key of that name, or null.
+template <typename Keys>
+auto FindByName(const Keys& keys, std::string_view name) -> const typename Keys::value_type* {
+    const auto found =
+        std::find_if(keys.begin(), keys.end(), [name](const auto& key) { return key.Name == name; });
+    return found == keys.end() ? nullptr : &*found;
 }
 
 bool IsKey(std::string_view name) {
     return std::find(OtherKeys.begin(), OtherKeys.end(), name) != OtherKeys.end() ||
-           FindCheckBox(name) != nullptr;
+           FindByName(SettingKeys, name) != nullptr || FindByName(CheckBoxKeys, name) != nullptr;
 }
 
 /// "True" or "False" in any letter case, or a number, where everything but 0 is true.
@@ -65,7 +78,7 @@ void SetOption(Watched<bool>& option, Watched<bool>& other, bool selected) {
 }  // namespace
 
 void SongSettings::ResetTimeSig() {
-    SetTimeSig(parameter::TimeSig.Default);
+    fields_.BeatsPerBar.Reset();
 }
 
 void SongSettings::Apply(std::string_view line) {
@@ -78,45 +91,19 @@ void SongSettings::Apply(std::string_view line) {
 }
 
 void SongSettings::ApplyValue(std::string_view name, const std::string& value) {
-    if (name == "keyboardoctave") {
-        SetKeyboardOctave(value);
-    } else if (name == "bpm") {
-        fields_.BPM = ToInt32(Val(value));
-        fields_.BPMText = value;
-    } else if (name == "timesig") {
-        SetTimeSig(ToInt32(Val(value)));
-    } else if (name == "notesilenceratio") {
-        fields_.NoteSilenceRatioSlider =
-            static_cast<std::int32_t>(parameter::NoteSilenceRatio.Nearest(ToInt32(Val(value))));
+    if (const SettingKey* key = FindByName(SettingKeys, name)) {
+        (fields_.*key->Field).Load(value);
     } else if (name == "notelength") {
         const std::int32_t index = ToInt32(Val(value));
         if (parameter::NoteLength.Contains(index))
             fields_.NoteLengthCombo = index;
-    } else if (name == "alternatetime") {
-        fields_.AlternateTime = ToInt16(Val(value));
-        fields_.AlternateTimeText = value;
     } else if (name == "addnote1") {
         SetOption(fields_.AddNote1Option, fields_.AddNote2Option, ToBoolean(value));
     } else if (name == "addnote2") {
         SetOption(fields_.AddNote2Option, fields_.AddNote1Option, ToBoolean(value));
     } else {
-        fields_.*FindCheckBox(name)->Box = ToInt16(Val(value)) != 0;
+        fields_.*FindByName(CheckBoxKeys, name)->Box = ToInt16(Val(value)) != 0;
     }
-}
-
-void SongSettings::SetTimeSig(std::int32_t beatsPerBar) {
-    const auto taken = static_cast<std::int32_t>(parameter::TimeSig.Nearest(beatsPerBar));
-    fields_.BeatsPerBar = taken;
-    fields_.lblTimeSig = std::to_string(taken);
-    fields_.TimeSigSlider = taken;
-}
-
-void SongSettings::SetKeyboardOctave(const std::string& value) {
-    const std::uint8_t octave = ToByte(Val(value));
-    fields_.KeyboardOctave = octave;
-    // The field rewrites a text below its range, and the octave with it; the song's octave counts.
-    fields_.KeyboardOctaveText = value;
-    fields_.KeyboardOctave = octave;
 }
 
 }  // namespace quavix

@@ -25,8 +25,6 @@ class SongSettings {
 
   private:
     void ApplyValue(std::string_view name, const std::string& value);
-    void SetTimeSig(std::int32_t beatsPerBar);
-    void SetKeyboardOctave(const std::string& value);
 
     MainFields& fields_;
     DebugLog& log_;

@@ -13,25 +13,25 @@ class NeverSilent : public testing::Test {
     test::SimulatedProgram P;
     MainFields& Fields = P.App.Fields;
     Watched<bool>& NeverSilentCheck = P.App.Fmod.Options.NeverSilentCheck;
-    Watched<std::int32_t>& Ratio = P.App.Fields.NoteSilenceRatioSlider;
+    Setting& Ratio = P.App.Fields.NoteSilenceRatio;
 };
 
 TEST_F(NeverSilent, TiesAllNotesTogetherWhileItIsTicked) {
-    Ratio = 70;
+    Ratio.Set(70);
     NeverSilentCheck = true;
     EXPECT_TRUE(Fields.DoNotShutUpFMOD);
     EXPECT_EQ(Ratio, 100);
-    EXPECT_EQ(Fields.NoteSilenceRatioLabel.Get(), "100%");
+    EXPECT_EQ(Fields.NoteSilenceRatio.Text(), "100%");
     NeverSilentCheck = false;
     EXPECT_FALSE(Fields.DoNotShutUpFMOD);
     EXPECT_EQ(Ratio, 70);
-    EXPECT_EQ(Fields.NoteSilenceRatioLabel.Get(), "70%");
+    EXPECT_EQ(Fields.NoteSilenceRatio.Text(), "70%");
 }
 
 TEST_F(NeverSilent, ARatioThatTheUserChoseMeanwhileStays) {
-    Ratio = 70;
+    Ratio.Set(70);
     NeverSilentCheck = true;
-    Ratio = 85;
+    Ratio.Set(85);
     EXPECT_TRUE(Fields.DoNotShutUpFMOD);
     NeverSilentCheck = false;
     EXPECT_FALSE(Fields.DoNotShutUpFMOD);
@@ -39,9 +39,9 @@ TEST_F(NeverSilent, ARatioThatTheUserChoseMeanwhileStays) {
 }
 
 TEST_F(NeverSilent, TheNextTimeStartsFromTheUsersRatio) {
-    Ratio = 70;
+    Ratio.Set(70);
     NeverSilentCheck = true;
-    Ratio = 85;
+    Ratio.Set(85);
     NeverSilentCheck = false;
     NeverSilentCheck = true;
     EXPECT_EQ(Ratio, 100);
@@ -50,15 +50,15 @@ TEST_F(NeverSilent, TheNextTimeStartsFromTheUsersRatio) {
 }
 
 TEST_F(NeverSilent, ARatioMovedBeforehandIsNoneThatWasMovedMeanwhile) {
-    Ratio = 60;
-    Ratio = 50;
+    Ratio.Set(60);
+    Ratio.Set(50);
     NeverSilentCheck = true;
     NeverSilentCheck = false;
     EXPECT_EQ(Ratio, 50);
 }
 
 TEST_F(NeverSilent, AtFullRatioNothingMoves) {
-    Ratio = 100;
+    Ratio.Set(100);
     NeverSilentCheck = true;
     EXPECT_EQ(Ratio, 100);
     NeverSilentCheck = false;

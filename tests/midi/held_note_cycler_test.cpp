@@ -85,7 +85,7 @@ TEST_F(HeldNoteCyclerTest, WithoutHeldNotesTheAutomaticTimeIsFifteen) {
     Form.AutoTimeCheck = true;
     Step();
     EXPECT_EQ(Fields.AlternateTime, 15);
-    EXPECT_EQ(Fields.AlternateTimeText.Get(), "15");
+    EXPECT_EQ(Fields.AlternateTime.Text(), "15");
 }
 
 TEST_F(HeldNoteCyclerTest, PulsesTheHeldNotesFromTheLowestToTheHighestAndAgain) {
@@ -98,7 +98,7 @@ TEST_F(HeldNoteCyclerTest, PulsesTheHeldNotesFromTheLowestToTheHighestAndAgain) 
 
 TEST_F(HeldNoteCyclerTest, APulseHandedToTheProgramsTonesLastsTheAlternateTime) {
     HeldNoteCycler cycler(Fields, P.App.Tones, Generator);
-    Fields.AlternateTime = 33;
+    Fields.AlternateTime.Set(33);
     Form.Press({57});
     cycler.PlayLiveMIDIInput(Form);
     EXPECT_EQ(P.Timeline.Text(), "0.0000 speaker 440 Hz 33 ms\n");
@@ -253,7 +253,7 @@ TEST_P(AutomaticTimeTest, DividesThirtyMillisecondsAmongTheHeldNotes) {
     Form.PressRange(0, GetParam().Held);
     Step();
     EXPECT_EQ(Fields.AlternateTime, GetParam().Time);
-    EXPECT_EQ(Fields.AlternateTimeText.Get(), std::to_string(GetParam().Time));
+    EXPECT_EQ(Fields.AlternateTime.Text(), std::to_string(GetParam().Time));
     EXPECT_NE(P.Timeline.Text().find(fmt::format(" {} ms ", GetParam().Time)), std::string::npos)
         << "the step's own pulse lasts as long";
 }
@@ -269,11 +269,11 @@ TEST_F(HeldNoteCyclerTest, ATimeTooShortForItsTextBoxTakesEffectAllTheSame) {
     Form.AutoTimeCheck = true;
     Form.Press({60, 64, 67});
     Step();
-    EXPECT_EQ(Fields.AlternateTimeTextBackColor, colour::Orange);
+    EXPECT_EQ(Fields.AlternateTime.BackColor(), colour::Orange);
     EXPECT_EQ(Fields.AlternateTime, 10);
     Form.Release({60});
     Step();
-    EXPECT_EQ(Fields.AlternateTimeTextBackColor, colour::WindowBackground);
+    EXPECT_EQ(Fields.AlternateTime.BackColor(), colour::WindowBackground);
     EXPECT_EQ(Fields.AlternateTime, 15);
 }
 
@@ -282,15 +282,15 @@ TEST_F(HeldNoteCyclerTest, TheAutomaticTimeIsNoChangeOfTheSong) {
     Form.AutoTimeCheck = true;
     Form.Press({60, 64});
     Step();
-    EXPECT_EQ(Fields.AlternateTimeText.Get(), "15");
+    EXPECT_EQ(Fields.AlternateTime.Text(), "15");
     EXPECT_FALSE(Fields.Modified);
     EXPECT_EQ(P.App.Changes.Count, changes);
-    Fields.AlternateTimeText = "33";
+    Fields.AlternateTime.Type("33");
     EXPECT_TRUE(Fields.Modified);
     EXPECT_GT(P.App.Changes.Count, changes);
     Step();
     EXPECT_TRUE(Fields.Modified) << "the user's change is one";
-    Fields.AlternateTimeText = "20";
+    Fields.AlternateTime.Type("20");
     EXPECT_FALSE(Fields.Modified);
 }
 
@@ -301,16 +301,16 @@ TEST_F(HeldNoteCyclerTest, ASongThatWasSavedWithTheAutomaticTimeHasIt) {
     P.App.History.MarkSaved();
     Step();
     EXPECT_FALSE(Fields.Modified);
-    Fields.AlternateTimeText = "20";
+    Fields.AlternateTime.Type("20");
     EXPECT_TRUE(Fields.Modified);
 }
 
 TEST_F(HeldNoteCyclerTest, WithoutTheAutomaticTimeTheAlternateTimeStaysTheUsers) {
-    Fields.AlternateTimeText = "100";
+    Fields.AlternateTime.Type("100");
     Form.Press({60, 64, 67});
     Step();
     EXPECT_EQ(Fields.AlternateTime, 100);
-    EXPECT_EQ(Fields.AlternateTimeText.Get(), "100");
+    EXPECT_EQ(Fields.AlternateTime.Text(), "100");
 }
 
 }  // namespace

@@ -91,7 +91,7 @@ TEST(MidiFileSwitch, UntickingStopsPlaybackAndTickingLetsItResume) {
 TEST(MidiFileSwitch, UntickingLeavesTheAlternateTimeOfWhoHasNotPlayed) {
     MidiFileProgram p;
     p.App.Fields.UseMIDIFileCheck = false;
-    EXPECT_EQ(p.App.Fields.AlternateTimeText.Get(), "20");
+    EXPECT_EQ(p.App.Fields.AlternateTime.Text(), "20");
 }
 
 TEST(MidiFileSwitch, WithoutTheControlNothingIsSwitchedOn) {

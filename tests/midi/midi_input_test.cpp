@@ -103,7 +103,7 @@ TEST_F(MidiInputTest, WithoutItsControlTheBoxDoesNotStayTicked) {
     EXPECT_FALSE(Midi.MIDIInFormVisible);
     EXPECT_TRUE(Fields.UseMIDIFileCheckEnabled);
     P.Time.RunUntil(100);
-    EXPECT_EQ(Fields.AlternateTimeText.Get(), "20") << "no cycle runs";
+    EXPECT_EQ(Fields.AlternateTime.Text(), "20") << "no cycle runs";
 }
 
 TEST_F(MidiInputTest, AControlThatCannotBeLoadedIsToldOf) {
@@ -137,7 +137,7 @@ TEST_F(MidiInputTest, WithoutDevicesAMessageIsShownOnceAndTheBoxGreyedOut) {
                        "    Can't open non-existing device - showing 'No MIDI input' message.\n"),
               std::string::npos);
     P.Time.RunUntil(100);
-    EXPECT_EQ(Fields.AlternateTimeText.Get(), "20") << "the timer is disabled";
+    EXPECT_EQ(Fields.AlternateTime.Text(), "20") << "the timer is disabled";
 }
 
 TEST_F(MidiInputTest, ADeviceThatDoesNotOpenIsToldOfAndStopsTheMusic) {
@@ -234,14 +234,14 @@ TEST_F(MidiInputTest, HeldNotesSoundInTurnUntilTheyAreReleased) {
 TEST_F(MidiInputTest, TheTimerTicksAsLongAsTheBoxIsTicked) {
     Fields.UseMIDIInCheck = true;
     P.Time.RunUntil(10);
-    EXPECT_EQ(Fields.AlternateTimeText.Get(), "15") << "with the automatic time";
+    EXPECT_EQ(Fields.AlternateTime.Text(), "15") << "with the automatic time";
     Fields.UseMIDIInCheck = false;
-    Fields.AlternateTimeText = "40";
+    Fields.AlternateTime.Type("40");
     P.Time.RunUntil(200);
-    EXPECT_EQ(Fields.AlternateTimeText.Get(), "40");
+    EXPECT_EQ(Fields.AlternateTime.Text(), "40");
     Fields.UseMIDIInCheck = true;
     P.Time.RunUntil(220);
-    EXPECT_EQ(Fields.AlternateTimeText.Get(), "15") << "and again";
+    EXPECT_EQ(Fields.AlternateTime.Text(), "15") << "and again";
 }
 
 TEST_F(MidiInputTest, MessagesChangeTheTableOnlyAndTheTimerSounds) {
@@ -384,9 +384,9 @@ TEST_F(MidiInputTest, AStartAskedForInTheMiddleOfAPulseComesWhileNotesAreHeld) {
     P.SetSong({"Quarter A4 - -"});
     Fields.MuteTweebleCheck = true;
     P.App.Tones.MuteTweebleCheck_Click();
-    P.App.Synchro.txtHour.Text = "12";
-    P.App.Synchro.txtMinute.Text = "0";
-    P.App.Synchro.txtSecond.Text = "2";
+    P.App.Synchro.txtHour.Type("12");
+    P.App.Synchro.txtMinute.Type("0");
+    P.App.Synchro.txtSecond.Type("2");
     double startMs = 0;
     Fields.MusicIsPlaying.Watch([&](bool playing) {
         if (playing)

@@ -273,22 +273,22 @@ TEST_F(EditHistoryTest, AChangeOutsideAGestureAfterASaveCanBeUndoneBackToIt) {
 }
 
 TEST_F(EditHistoryTest, TheSettingsOfTheSoundCountAsChangesUntilTheyAreSetBack) {
-    App.Fields.BPMText = "99";
+    App.Fields.BPM.Type("99");
     EXPECT_TRUE(App.Fields.Modified);
-    App.Fields.BPMText = "140";
+    App.Fields.BPM.Type("140");
     EXPECT_FALSE(App.Fields.Modified);
-    App.Fields.AlternateTimeText = "50";
+    App.Fields.AlternateTime.Type("50");
     EXPECT_TRUE(App.Fields.Modified);
-    App.Fields.AlternateTimeText = "20";
-    App.Fields.TimeSigSlider = 3;
+    App.Fields.AlternateTime.Type("20");
+    App.Fields.BeatsPerBar.Set(3);
     EXPECT_TRUE(App.Fields.Modified);
-    App.Fields.TimeSigSlider = 4;
-    App.Fields.NoteSilenceRatioSlider = 100;
+    App.Fields.BeatsPerBar.Set(4);
+    App.Fields.NoteSilenceRatio.Set(100);
     EXPECT_TRUE(App.Fields.Modified);
     App.History.MarkSaved();
     EXPECT_FALSE(App.Fields.Modified);
     App.Fields.NoteLengthCombo = 0;
-    App.Fields.KeyboardOctaveText = "7";
+    App.Fields.KeyboardOctave.Type("7");
     EXPECT_FALSE(App.Fields.Modified) << "these are for the next note only";
 }
 

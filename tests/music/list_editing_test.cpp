@@ -140,7 +140,7 @@ TEST_F(ListEditingTest, OnlyOneOfTheTwoNoteColumnsIsChosen) {
 
 TEST_F(ListEditingTest, ErasingWhileThePlayedLineSoundsGoesOn) {
     App.Fields.MutePCSpeaker = true;
-    App.Fields.BPM = 600;
+    App.Fields.BPM.Set(600);
     Time.At(150, [this] { App.Editing.Command1_Click(); });
     App.Playback.OnRangeEnd = [this] { App.Playback.StopPlayButton_Click(); };
     App.Playback.PlayAllButton_Click();

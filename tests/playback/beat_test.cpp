@@ -11,8 +11,8 @@ namespace {
 class BeatTest : public testing::Test {
   protected:
     BeatTest() {
-        Fields.BPM = 120;
-        Fields.NoteSilenceRatioSlider = 50;
+        Fields.BPM.Set(120);
+        Fields.NoteSilenceRatio.Set(50);
     }
 
     void PlayAllOnce() {
@@ -60,7 +60,7 @@ TEST_F(BeatTest, OnEveryOtherBeatItIsTheEvenOnesOfEachBar) {
     Fields.UseBeatCheck = true;
     Fields.optBeatAll = false;
     EXPECT_TRUE(Fields.BeatEvenOnly);
-    Fields.TimeSigSlider = 3;  // beats 1 2 3 1 2
+    Fields.BeatsPerBar.Set(3);  // beats 1 2 3 1 2
     PlayAllOnce();
     EXPECT_EQ(Kicks(), "510 2010 ");
     Fields.optBeatAll = true;

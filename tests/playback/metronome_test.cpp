@@ -11,7 +11,7 @@ namespace {
 
 class MetronomeTest : public testing::Test {
   protected:
-    MetronomeTest() { Fields.BPM = 120; }
+    MetronomeTest() { Fields.BPM.Set(120); }
 
     /// Runs from a click now to one at `offMs`.
     void ClickUntil(double offMs) {
@@ -26,7 +26,7 @@ class MetronomeTest : public testing::Test {
 };
 
 TEST_F(MetronomeTest, InThreeFourClicksHighLowLowHigh) {
-    Fields.TimeSigSlider = 3;
+    Fields.BeatsPerBar.Set(3);
     ClickUntil(1600);
     EXPECT_EQ(Tones(),
               "0.0000 speaker 1000 Hz 20 ms\n0.5000 speaker 500 Hz 20 ms\n1.0000 speaker 500 Hz 20 ms\n"
@@ -34,7 +34,7 @@ TEST_F(MetronomeTest, InThreeFourClicksHighLowLowHigh) {
 }
 
 TEST_F(MetronomeTest, ATimeSignatureThatShrinksStartsTheNextBar) {
-    P.Time.At(700, [this] { Fields.TimeSigSlider = 2; });
+    P.Time.At(700, [this] { Fields.BeatsPerBar.Set(2); });
     ClickUntil(1600);
     EXPECT_EQ(Tones(),
               "0.0000 speaker 1000 Hz 20 ms\n0.5000 speaker 500 Hz 20 ms\n1.0000 speaker 500 Hz 20 ms\n"
@@ -42,8 +42,8 @@ TEST_F(MetronomeTest, ATimeSignatureThatShrinksStartsTheNextBar) {
 }
 
 TEST_F(MetronomeTest, ANewTempoHoldsFromTheNextBeatOn) {
-    P.Time.At(700, [this] { Fields.BPM = 60; });
-    P.Time.At(2100, [this] { Fields.BPM = 240; });
+    P.Time.At(700, [this] { Fields.BPM.Set(60); });
+    P.Time.At(2100, [this] { Fields.BPM.Set(240); });
     ClickUntil(3600);
     EXPECT_EQ(Tones(),
               "0.0000 speaker 1000 Hz 20 ms\n0.5000 speaker 500 Hz 20 ms\n1.0000 speaker 500 Hz 20 ms\n"
@@ -53,7 +53,7 @@ TEST_F(MetronomeTest, ANewTempoHoldsFromTheNextBeatOn) {
 }
 
 TEST_F(MetronomeTest, DoesNotDrift) {
-    Fields.BPM = 139;
+    Fields.BPM.Set(139);
     double worst = 0;
     int clicks = 0;
     Fields.BeepTextLabelVisible.Watch([&](bool visible) {
@@ -86,7 +86,7 @@ TEST_F(MetronomeTest, ShowsTheBeepLabelWhileItClicks) {
 }
 
 TEST_F(MetronomeTest, WritesTheToneCodeOfEachSlice) {
-    Fields.BPM = 600;
+    Fields.BPM.Set(600);
     Fields.UseWriteCode = true;
     ClickUntil(115);
     std::string slices;
@@ -144,9 +144,9 @@ TEST_F(MetronomeTest, PlayAllSwitchesItOffFirst) {
 TEST_F(MetronomeTest, AWaitForTheSynchronizedStartSwitchesItOffAndIsNotHeldUp) {
     P.SetSong({"Quarter A4 - -"});
     P.App.Playback.OnRangeEnd = [this] { P.App.Playback.StopPlayButton_Click(); };
-    P.App.Synchro.txtHour.Text = "12";
-    P.App.Synchro.txtMinute.Text = "0";
-    P.App.Synchro.txtSecond.Text = "2";
+    P.App.Synchro.txtHour.Type("12");
+    P.App.Synchro.txtMinute.Type("0");
+    P.App.Synchro.txtSecond.Type("2");
     bool enabledDuring = true;
     P.Time.At(700, [this] { P.App.Synchro.btnWait_Click(); });
     P.Time.At(1500, [&] { enabledDuring = Fields.MetronomeButtonEnabled; });
@@ -158,7 +158,7 @@ TEST_F(MetronomeTest, AWaitForTheSynchronizedStartSwitchesItOffAndIsNotHeldUp) {
 }
 
 TEST_F(MetronomeTest, AWaitThatIsStoppedGivesTheButtonBack) {
-    P.App.Synchro.txtHour.Text = "13";
+    P.App.Synchro.txtHour.Type("13");
     P.Time.At(100, [this] { P.App.Synchro.btnWait_Click(); });
     P.App.Synchro.btnWait_Click();
     EXPECT_TRUE(Fields.MetronomeButtonEnabled);
@@ -198,7 +198,7 @@ TEST_F(MetronomeTest, OverMidiItClicksB5AndB4) {
 }
 
 TEST_F(MetronomeTest, ATempoOfZeroIsAnErrorAndLeavesItOff) {
-    Fields.BPM = 0;
+    Fields.BPM.Set(0);
     EXPECT_FALSE(
         P.App.Handlers.Run("MetronomeButton_Click", [this] { P.App.Clicks.MetronomeButton_Click(); }));
     EXPECT_FALSE(Fields.MetronomeIsOn);
@@ -208,7 +208,7 @@ TEST_F(MetronomeTest, ATempoOfZeroIsAnErrorAndLeavesItOff) {
 }
 
 TEST_F(MetronomeTest, ATempoTooFastToWaitForStillLetsTheUserIn) {
-    Fields.BPM = 100'000;
+    Fields.BPM.Set(100'000);
     ClickUntil(1000);
     EXPECT_LE(P.Time.Now(), 1020 * SimulatedTime::CountsPerMs);
 }

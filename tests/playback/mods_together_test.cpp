@@ -10,8 +10,8 @@ namespace {
 class ModsTogetherTest : public testing::Test {
   protected:
     ModsTogetherTest() {
-        Fields.BPM = 120;
-        Fields.NoteSilenceRatioSlider = 50;
+        Fields.BPM.Set(120);
+        Fields.NoteSilenceRatio.Set(50);
         App.Glide.Fields.PitchMultipleSlider = 5000;
     }
 
@@ -60,7 +60,7 @@ TEST_F(ModsTogetherTest, MutedNotesDoNotMoveAGlideThatSoundsOn) {
 
 TEST_F(ModsTogetherTest, BurstsDelayTheMusicWhichStaysOnItsTimetable) {
     P.SetSong({"Quarter A4 - -"});
-    Fields.BPM = 40;  // lines of 1.5 s, of which 0.75 sound
+    Fields.BPM.Set(40);  // lines of 1.5 s, of which 0.75 sound
     P.Time.At(100, [this] { Fields.UseCircuitBentCheck = true; });
     P.Time.At(1600, [this] { Fields.UseCircuitBentCheck = false; });
     P.Time.At(5000, [this] { App.Playback.StopPlayButton_Click(); });
@@ -129,9 +129,9 @@ TEST_F(ModsTogetherTest, AStartAskedForInTheMiddleOfABurstComesWithTheBurstsThat
     Mute(true);
     Fields.UseCircuitBentCheck = true;
     Fields.UseWriteCode = true;
-    App.Synchro.txtHour.Text = "12";
-    App.Synchro.txtMinute.Text = "0";
-    App.Synchro.txtSecond.Text = "2";
+    App.Synchro.txtHour.Type("12");
+    App.Synchro.txtMinute.Type("0");
+    App.Synchro.txtSecond.Type("2");
     App.Playback.OnRangeEnd = [this] { App.Playback.StopPlayButton_Click(); };
     double startMs = 0;
     Fields.MusicIsPlaying.Watch([&](bool playing) {

@@ -45,7 +45,7 @@ TEST_F(MotorTest, ANoteHoldsItsSpeedForItsTimeAndFifteenMsMoreAndThenStops) {
 
 TEST_F(MotorTest, TiedNotesAreNotStoppedBetween) {
     SwitchOn();
-    Fields.NoteSilenceRatioSlider = 100;
+    Fields.NoteSilenceRatio.Set(100);
     Motor.PlayNote("C1", 100);
     Motor.PlayNote("D1", 100);
     EXPECT_EQ(Commands(), "0.0000 serial #0P1350\\r\n0.1150 serial #0P1335\\r\n");
@@ -53,7 +53,7 @@ TEST_F(MotorTest, TiedNotesAreNotStoppedBetween) {
 
 TEST_F(MotorTest, TheRatioCountsAtTheEndOfTheNote) {
     SwitchOn();
-    P.Time.At(50, [&] { Fields.NoteSilenceRatioSlider = 100; });
+    P.Time.At(50, [&] { Fields.NoteSilenceRatio.Set(100); });
     Motor.PlayNote("C1", 100);
     EXPECT_EQ(Commands(), "0.0000 serial #0P1350\\r\n");
 }
@@ -70,7 +70,7 @@ TEST_F(MotorTest, AnUnknownNoteSendsPulseZero) {
 
 TEST_F(MotorTest, EveryOctaveOfTheSliderLowersTheNotesByAsMuch) {
     SwitchOn();
-    Fields.NoteSilenceRatioSlider = 100;
+    Fields.NoteSilenceRatio.Set(100);
     std::string pulses;
     for (std::int32_t octaves = 0; octaves <= 6; ++octaves) {
         Fields.MotorOct = octaves;
@@ -135,7 +135,7 @@ TEST_F(MotorTest, TheCheckBoxOpensAndClosesThePort) {
 
 TEST_F(MotorTest, ThePortIsLeftWithTheMotorStopped) {
     SwitchOn();
-    Fields.NoteSilenceRatioSlider = 100;
+    Fields.NoteSilenceRatio.Set(100);
     Motor.PlayNote("C1", 100);
     Fields.UseMotorCheck = false;
     EXPECT_EQ(P.Timeline.Text("serial"),
@@ -247,7 +247,7 @@ TEST_F(MotorTest, APortConnectedAfterTheStartMakesTheCheckBoxUsable) {
 TEST_F(MotorTest, ChangingThePortWhileItIsInUseChangesOver) {
     P.Comm.Present = {"ttyUSB0", "ttyUSB1"};
     SwitchOn();
-    Fields.NoteSilenceRatioSlider = 100;
+    Fields.NoteSilenceRatio.Set(100);
     Motor.PlayNote("C1", 10);
     P.Comm.Present = {"ttyUSB1", "ttyUSB0"};
     Motor.FindPorts();
@@ -296,9 +296,9 @@ TEST_F(MotorTest, ComesBeforeMuteAndPortamentoAndWritesNoWaitingCode) {
 
 TEST_F(MotorTest, AlternatingNotesTakeTurnsOnTheMotorInTheirLongerTime) {
     SwitchOn();
-    Fields.BPM = 150;
-    Fields.AlternateTime = 85;
-    Fields.NoteSilenceRatioSlider = 99;
+    Fields.BPM.Set(150);
+    Fields.AlternateTime.Set(85);
+    Fields.NoteSilenceRatio.Set(99);
     P.SetSong({"Quarter C4 C5 -"});
     P.Time.At(390, [&] { P.App.Playback.StopPlayButton_Click(); });
     P.App.Playback.PlayAllButton_Click();
@@ -310,7 +310,7 @@ TEST_F(MotorTest, AlternatingNotesTakeTurnsOnTheMotorInTheirLongerTime) {
 
 TEST_F(MotorTest, TheEndOfPlaybackStopsAMotorOfTiedNotes) {
     SwitchOn();
-    Fields.NoteSilenceRatioSlider = 100;
+    Fields.NoteSilenceRatio.Set(100);
     P.SetSong({"Quarter C4 - -"});
     P.Time.At(100, [&] { P.App.Playback.StopPlayButton_Click(); });
     P.App.Playback.PlayAllButton_Click();

@@ -15,8 +15,8 @@ namespace {
 struct PianoKeysTest : testing::Test, SimulatedProgram {
     std::string Labels() const {
         std::string text;
-        for (const Watched<std::string>& label : App.Fields.OctLabel)
-            text += label.Get() + " ";
+        for (std::int32_t group = 0; group < 3; ++group)
+            text += App.Keys.OctLabel(group) + " ";
         return text;
     }
     std::string KeysSounding() const {
@@ -150,7 +150,7 @@ TEST_F(PianoKeysTest, ThePositionGoesWithTheSelectedLineOrTheEndOfTheSong) {
 
 TEST_F(PianoKeysTest, AnOctaveThatNoNoteHasIsAnOverflowBeforeAnythingHappens) {
     App.Log.Enable();
-    App.Fields.KeyboardOctave = 0;
+    App.Fields.KeyboardOctave.Set(0);
     try {
         App.Keys.PianoKey_Click(3);
         FAIL() << "no error";
@@ -164,14 +164,14 @@ TEST_F(PianoKeysTest, AnOctaveThatNoNoteHasIsAnOverflowBeforeAnythingHappens) {
     EXPECT_EQ(App.Log.LogIndent(), 0);
     App.Keys.PianoKey_Click(12);
     EXPECT_EQ(SongText(), "1/8 C0 - -\n");
-    App.Fields.KeyboardOctave = 255;
+    App.Fields.KeyboardOctave.Set(255);
     EXPECT_THROW(App.Keys.PianoKey_Click(24), RuntimeError);
     EXPECT_THROW(App.Keys.PianoKey_Click(36), RuntimeError);
     EXPECT_THROW(App.Keys.PianoKey_Click(-1), RuntimeError);
 }
 
 TEST_F(PianoKeysTest, TheTenthOctaveIsEnteredWithTwoDigitsAndSoundsAsOctave0) {
-    App.Fields.KeyboardOctave = 9;
+    App.Fields.KeyboardOctave.Set(9);
     App.Keys.PianoKey_Click(24);
     EXPECT_EQ(SongText(), "1/8 C10 - -\n");
     EXPECT_EQ(Timeline.Text("speaker"), "0.0000 speaker 16 Hz 50 ms\n");
@@ -181,14 +181,14 @@ TEST_F(PianoKeysTest, CtrlWithTheArrowsMovesTheOctaveFrom2To9) {
     for (int i = 0; i < 9; ++i)
         App.Keys.PianoKey_KeyDown(0, PianoKeys::UpArrow, PianoKeys::CtrlOnly);
     EXPECT_EQ(App.Fields.KeyboardOctave, 9);
-    EXPECT_EQ(App.Fields.KeyboardOctaveText.Get(), "9");
+    EXPECT_EQ(App.Fields.KeyboardOctave.Text(), "9");
     EXPECT_EQ(Labels(), "8 9 10 ");
     App.Keys.PianoKey_KeyDown(35, PianoKeys::DownArrow, PianoKeys::CtrlOnly);
     EXPECT_EQ(Labels(), "7 8 9 ");
     for (int i = 0; i < 9; ++i)
         App.Keys.PianoKey_KeyDown(0, PianoKeys::DownArrow, PianoKeys::CtrlOnly);
     EXPECT_EQ(App.Fields.KeyboardOctave, 2);
-    EXPECT_EQ(App.Fields.KeyboardOctaveText.Get(), "2");
+    EXPECT_EQ(App.Fields.KeyboardOctave.Text(), "2");
     EXPECT_EQ(Labels(), "1 2 3 ");
 }
 
@@ -198,13 +198,13 @@ TEST_F(PianoKeysTest, OtherKeysAndOtherShiftStatesDoNothing) {
     for (const std::int32_t key : {37, 39, 32, 0})
         App.Keys.PianoKey_KeyDown(0, key, PianoKeys::CtrlOnly);
     EXPECT_EQ(App.Fields.KeyboardOctave, 4);
-    App.Fields.KeyboardOctaveText = "";
+    App.Fields.KeyboardOctave.Type("");
     App.Keys.PianoKey_KeyDown(0, 39, PianoKeys::CtrlOnly);
-    EXPECT_EQ(App.Fields.KeyboardOctaveText.Get(), "");
+    EXPECT_EQ(App.Fields.KeyboardOctave.Text(), "");
 }
 
 TEST_F(PianoKeysTest, AnOctaveThatWasTypedAboveTheRangeOnlyComesDown) {
-    App.Fields.KeyboardOctaveText = "12";
+    App.Fields.KeyboardOctave.Type("12");
     App.Keys.PianoKey_KeyDown(0, PianoKeys::UpArrow, PianoKeys::CtrlOnly);
     EXPECT_EQ(App.Fields.KeyboardOctave, 12);
     App.Keys.PianoKey_KeyDown(0, PianoKeys::DownArrow, PianoKeys::CtrlOnly);
@@ -213,20 +213,20 @@ TEST_F(PianoKeysTest, AnOctaveThatWasTypedAboveTheRangeOnlyComesDown) {
 
 TEST_F(PianoKeysTest, TheOctaveLabelsFollowEveryChange) {
     EXPECT_EQ(Labels(), "3 4 5 ");
-    App.Fields.KeyboardOctaveText = "12";
+    App.Fields.KeyboardOctave.Type("12");
     EXPECT_EQ(Labels(), "11 12 13 ");
-    App.Fields.KeyboardOctaveText = "1";
+    App.Fields.KeyboardOctave.Type("1");
     EXPECT_EQ(Labels(), "1 2 3 ");
     Disk.Put("song", "Quavix by Dastrel-204 file format\r\nKeyboardOctave 7\r\nMUSICLISTSTART\r\n");
     App.Reader.ActuallyLoadMusic("song");
     EXPECT_EQ(Labels(), "6 7 8 ");
-    App.Fields.KeyboardOctave = 0;
+    App.Fields.KeyboardOctave.Set(0);
     EXPECT_EQ(Labels(), "-1 0 1 ");
 }
 
 TEST_F(PianoKeysTest, WhileMusicPlaysTheKeysOfTheSoundingLineShow) {
     SetSong({"Quarter C4 E5 -", "Quarter A4 - -", "Quarter - - -", "Quarter - B3 -", "Quarter C9 H4 -"});
-    App.Fields.BPM = 60;
+    App.Fields.BPM.Set(60);
     App.Fields.PlayNote1Check = true;
     std::string seen;
     App.Fields.NotesSounding.Watch([&](const SoundingNotes&) { seen += KeysSounding() + "|"; });
@@ -240,11 +240,11 @@ TEST_F(PianoKeysTest, WhileMusicPlaysTheKeysOfTheSoundingLineShow) {
 TEST_F(PianoKeysTest, TheKeysThatSoundMoveWithTheOctave) {
     App.Fields.NotesSounding = SoundingNotes{.Note1 = "C4", .Note2 = "C10"};
     EXPECT_EQ(KeysSounding(), "12 ");
-    App.Fields.KeyboardOctave = 5;
+    App.Fields.KeyboardOctave.Set(5);
     EXPECT_EQ(KeysSounding(), "0 ");
-    App.Fields.KeyboardOctave = 6;
+    App.Fields.KeyboardOctave.Set(6);
     EXPECT_EQ(KeysSounding(), "");
-    App.Fields.KeyboardOctave = 1;
+    App.Fields.KeyboardOctave.Set(1);
     EXPECT_EQ(KeysSounding(), "0 ") << "only the last digit of an octave counts";
 }
 
@@ -278,7 +278,7 @@ TEST_F(PianoKeysTest, AWaitingClickIsTheKeyThatWasClicked) {
 
 TEST_F(PianoKeysTest, AnErrorOfOneClickKeepsTheOthersFromNothing) {
     App.Fields.MutePCSpeaker = true;
-    App.Fields.KeyboardOctave = 0;
+    App.Fields.KeyboardOctave.Set(0);
     Time.At(10, [this] { App.Keys.PianoKey_Click(0); });  // an octave below 0
     Time.At(20, [this] { App.Keys.PianoKey_Click(14); });
     EXPECT_THROW(App.Keys.PianoKey_Click(12), RuntimeError);

@@ -12,8 +12,8 @@ namespace {
 class PlaybackTest : public testing::Test {
   protected:
     PlaybackTest() {
-        Fields.BPM = 120;
-        Fields.NoteSilenceRatioSlider = 50;
+        Fields.BPM.Set(120);
+        Fields.NoteSilenceRatio.Set(50);
     }
 
     /// Plays all until the range has ended `passes` times.
@@ -72,8 +72,8 @@ TEST_F(PlaybackTest, WithNeitherNoteTickedOnlyTimePasses) {
 
 TEST_F(PlaybackTest, AlternationStopsWhereNoFullStepIsLeftAndTheNextLineTakesTheOtherNote) {
     P.SetSong({"1/8 C4 A4 -", "1/8 E4 F#5 -"});
-    Fields.AlternateTime = 50;
-    Fields.NoteSilenceRatioSlider = 70;
+    Fields.AlternateTime.Set(50);
+    Fields.NoteSilenceRatio.Set(70);
     PlayAll();
     // 250 ms a line, of which 175 sound: tones may start before 125 ms.
     EXPECT_EQ(Tones(),
@@ -83,7 +83,7 @@ TEST_F(PlaybackTest, AlternationStopsWhereNoFullStepIsLeftAndTheNextLineTakesThe
 
 TEST_F(PlaybackTest, AlternationCarriesOnFromOnePlaybackToTheNext) {
     P.SetSong({"1/16 C4 A4 -"});
-    Fields.AlternateTime = 50;
+    Fields.AlternateTime.Set(50);
     PlayAll();
     EXPECT_EQ(Tones(), "0.0000 speaker 262 Hz 50 ms\n");
     P.Timeline.Clear();
@@ -93,9 +93,9 @@ TEST_F(PlaybackTest, AlternationCarriesOnFromOnePlaybackToTheNext) {
 
 TEST_F(PlaybackTest, AtRatio100TheStepKeepsItsLastValueInTheCall) {
     P.SetSong({"1/8 C4 A4 -", "1/8 C4 A4 -"});
-    Fields.AlternateTime = 100;
-    Fields.NoteSilenceRatioSlider = 100;
-    P.Outputs.OnLine = [this, line = 0]() mutable { Fields.NoteSilenceRatioSlider = ++line == 1 ? 99 : 100; };
+    Fields.AlternateTime.Set(100);
+    Fields.NoteSilenceRatio.Set(100);
+    P.Outputs.OnLine = [this, line = 0]() mutable { Fields.NoteSilenceRatio.Set(++line == 1 ? 99 : 100); };
     PlayAll();
     // First line: up to 147.5 ms. Second: with the step of 100 kept, up to 400 ms; with a step of 0 it were
     // 500.
@@ -107,8 +107,8 @@ TEST_F(PlaybackTest, AtRatio100TheStepKeepsItsLastValueInTheCall) {
 TEST_F(PlaybackTest, AlternatingNotesOfAGlideTakeTheirTimeToo) {
     P.SetSong({"1/8 C4 A4 -"});
     Fields.UsePortamento = true;
-    Fields.AlternateTime = 50;
-    Fields.NoteSilenceRatioSlider = 70;
+    Fields.AlternateTime.Set(50);
+    Fields.NoteSilenceRatio.Set(70);
     PlayAll();
     EXPECT_EQ(P.Timeline.Text("portamento 2"), "0.0000 portamento 262 Hz\n0.1000 portamento 262 Hz\n");
     EXPECT_EQ(P.Timeline.Text("portamento 4"), "0.0500 portamento 440 Hz\n");
@@ -117,8 +117,8 @@ TEST_F(PlaybackTest, AlternatingNotesOfAGlideTakeTheirTimeToo) {
 TEST_F(PlaybackTest, AlternatingTonesKeepSoundingOnlyWhileAnotherFollows) {
     P.SetSong({"1/8 C4 A4 -"});
     Fields.UseFMOD = true;
-    Fields.AlternateTime = 50;
-    Fields.NoteSilenceRatioSlider = 70;
+    Fields.AlternateTime.Set(50);
+    Fields.NoteSilenceRatio.Set(70);
     PlayAll();
     // It is paused after the last one, and once more at the end of playback.
     EXPECT_EQ(P.Timeline.Text("fmod FMOD_Channel_SetPaused"),
@@ -139,7 +139,7 @@ TEST_F(PlaybackTest, ALineThatStartsTooLatePlaysNoToneButStillWaits) {
 
 TEST_F(PlaybackTest, ALegatoLineHandsOverUpTo20MsEarly) {
     P.SetSong({"Quarter C4 - -", "Quarter E4 - -", "Quarter - - -", "Quarter A4 - -"});
-    Fields.NoteSilenceRatioSlider = 100;
+    Fields.NoteSilenceRatio.Set(100);
     PlayAll();
     EXPECT_EQ(Tones(),
               "0.0000 speaker 262 Hz 500 ms\n0.5000 speaker 330 Hz 500 ms\n1.4800 speaker 440 Hz 520 ms\n");
@@ -160,7 +160,7 @@ TEST_F(PlaybackTest, PlayAllRepeatsUntilStopIsClicked) {
 
 TEST_F(PlaybackTest, StopInTheWaitEndsAtItsSlice) {
     P.SetSong({"Whole C4 - -"});
-    Fields.NoteSilenceRatioSlider = 1;
+    Fields.NoteSilenceRatio.Set(1);
     StopAt(103);
     Playback.PlayAllButton_Click();
     EXPECT_EQ(P.Time.Now(), 110 * SimulatedTime::CountsPerMs);
@@ -168,7 +168,7 @@ TEST_F(PlaybackTest, StopInTheWaitEndsAtItsSlice) {
 
 TEST_F(PlaybackTest, StopDuringASpeakerToneLetsItEnd) {
     P.SetSong({"Whole C4 - -", "Whole E4 - -"});
-    Fields.NoteSilenceRatioSlider = 100;
+    Fields.NoteSilenceRatio.Set(100);
     StopAt(10);
     Playback.PlayAllButton_Click();
     EXPECT_EQ(Tones(), "0.0000 speaker 262 Hz 2000 ms\n");
@@ -379,13 +379,13 @@ TEST_F(PlaybackTest, AMissingEndPointAtTheStartBecomesTheLastLineAndEndsTheCall)
 
 TEST_F(PlaybackTest, ATempoOfZeroIsAnErrorThatLeavesTheButtonsUsable) {
     P.SetSong({"1/8 C4 - -"});
-    Fields.BPM = 0;
+    Fields.BPM.Set(0);
     EXPECT_FALSE(P.App.Handlers.Run("PlayAllButton_Click", [this] { Playback.PlayAllButton_Click(); }));
     EXPECT_EQ(P.Boxes.Shown().back().Text, "Run-time error '11':\n\nDivision by zero");
     EXPECT_TRUE(Fields.PlayAllButtonEnabled);
     EXPECT_FALSE(Fields.StopPlayButtonEnabled);
     EXPECT_FALSE(Fields.MusicIsPlaying);
-    Fields.BPM = 120;
+    Fields.BPM.Set(120);
     PlayAll();
     EXPECT_EQ(Tones(), "0.0000 speaker 262 Hz 125 ms\n");
 }
@@ -418,7 +418,7 @@ TEST_F(PlaybackTest, ASongWithoutAnyTimeCanStillBeStopped) {
 TEST_F(PlaybackTest, AlternationInStepsOfNoTimeIsSilenceOfTheLinesLength) {
     P.SetSong({"1/16 C4 A4 -", "1/8 E4 - -"});
     for (const int ms : {0, -1, -32768}) {
-        Fields.AlternateTime = static_cast<std::int16_t>(ms);
+        Fields.AlternateTime.Set(ms);
         for (const bool mute : {false, true}) {
             Fields.MutePCSpeaker = mute;
             const std::int64_t start = P.Time.Now();
@@ -430,7 +430,7 @@ TEST_F(PlaybackTest, AlternationInStepsOfNoTimeIsSilenceOfTheLinesLength) {
 
 TEST_F(PlaybackTest, ATempoChangeHoldsFromWhereTheMusicIsWithoutAJump) {
     P.SetSong({"Quarter C4 - -"});
-    P.Time.At(2300, [this] { Fields.BPMText = "60"; });
+    P.Time.At(2300, [this] { Fields.BPM.Type("60"); });
     StopAt(6400);
     Playback.PlayAllButton_Click();
     // Beats 1 to 4 at half a second each; the fifth, which began at 2.0 s, lasts a second from then on.
@@ -494,7 +494,7 @@ TEST_F(PlaybackTest, WritesTheToneCodeOfTonesAndWaits) {
 
 TEST_F(PlaybackTest, LogsAPlaybackLineByLine) {
     P.SetSong({"1/16 C4 A4 -"});
-    Fields.AlternateTime = 40;
+    Fields.AlternateTime.Set(40);
     P.App.Log.Enable();
     PlayAll();
     EXPECT_EQ(P.LogText(),

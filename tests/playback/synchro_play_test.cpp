@@ -17,9 +17,9 @@ class SynchroTest : public testing::Test {
     }
 
     void SetTime(const char* hour, const char* minute, const char* second) {
-        Synchro.txtHour.Text = hour;
-        Synchro.txtMinute.Text = minute;
-        Synchro.txtSecond.Text = second;
+        Synchro.txtHour.Type(hour);
+        Synchro.txtMinute.Type(minute);
+        Synchro.txtSecond.Type(second);
     }
     /// Waits, and stops the music soon after its start, or the waiting itself at that time.
     void Wait(double stopAtMs) {
@@ -87,9 +87,9 @@ TEST_F(SynchroTest, TwoProgramsStartWithinOneSliceOfEachOther) {
     test::SimulatedProgram other({.Counter = 12'345'678, .TickCount = 0xFFFF'F000, .Time = {12, 0, 0}});
     other.SetSong({"Quarter C4 - -"});
     SetTime("12", "0", "10");
-    other.App.Synchro.txtHour.Text = "12";
-    other.App.Synchro.txtMinute.Text = "0";
-    other.App.Synchro.txtSecond.Text = "10";
+    other.App.Synchro.txtHour.Type("12");
+    other.App.Synchro.txtMinute.Type("0");
+    other.App.Synchro.txtSecond.Type("10");
     // The second user clicks later, in between two slices of the first.
     other.Time.Block(3'333);
     other.Time.At(10'100, [&] { other.App.Playback.StopPlayButton_Click(); });
@@ -149,7 +149,7 @@ TEST_F(SynchroTest, StoppedAndStartedInOneGoItWaitsForTheNewTimeOnly) {
     SetTime("12", "0", "10");
     P.Time.At(1'000, [&] {
         Synchro.btnWait_Click();
-        Synchro.txtSecond.Text = "5";
+        Synchro.txtSecond.Type("5");
         Synchro.btnWait_Click();
     });
     P.Time.At(5'100, [&] { P.App.Playback.StopPlayButton_Click(); });
@@ -189,7 +189,7 @@ TEST_F(SynchroTest, ASongWithoutLinesEndsTheWaitingAllTheSame) {
 
 TEST_F(SynchroTest, AnErrorOfPlaybackLeavesNothingWaiting) {
     SetTime("12", "0", "1");
-    Fields.BPM = 0;
+    Fields.BPM.Set(0);
     EXPECT_THROW(Synchro.btnWait_Click(), std::exception);
     EXPECT_EQ(Shown(), Idle);
     EXPECT_FALSE(Synchro.CurrentlyWaiting());
@@ -258,9 +258,9 @@ TEST_F(SynchroTest, TheDelayIsTheBufferLessWhatTheStartTakes) {
                          [&] { P.Timeline.Record(P.Time.Now(), "play"); }, [] {}, [&] { return bufferMs; }});
     synchro.chkStartInDelay = true;
     const auto wait = [&](const char* second) {
-        synchro.txtHour.Text = "12";
-        synchro.txtMinute.Text = "0";
-        synchro.txtSecond.Text = second;
+        synchro.txtHour.Type("12");
+        synchro.txtMinute.Type("0");
+        synchro.txtSecond.Type(second);
         synchro.btnWait_Click();
     };
     wait("1");
@@ -280,8 +280,8 @@ TEST_F(SynchroTest, ItCanBeStoppedDuringTheDelayToo) {
     SynchroPlay synchro({Fields, P.Time, P.Time, P.App.Wait, P.Boxes, P.App.Handlers, [] { return false; },
                          [&] { played = true; }, [] {}, [] { return 5'000; }});
     synchro.chkStartInDelay = true;
-    synchro.txtSecond.Text = "0";
-    synchro.txtMinute.Text = "0";
+    synchro.txtSecond.Type("0");
+    synchro.txtMinute.Type("0");
     P.Time.At(1'000, [&] { synchro.btnWait_Click(); });
     synchro.btnWait_Click();
     EXPECT_FALSE(played);
@@ -331,8 +331,7 @@ TEST_F(SynchroTest, SuggestsTheNextFullMinute) {
     const auto suggested = [](TimeOfDay now) {
         const test::SimulatedProgram p({.Time = now});
         const SynchroPlay& synchro = p.App.Synchro;
-        return synchro.txtHour.Text.Get() + ":" + synchro.txtMinute.Text.Get() + ":" +
-               synchro.txtSecond.Text.Get();
+        return synchro.txtHour.Text() + ":" + synchro.txtMinute.Text() + ":" + synchro.txtSecond.Text();
     };
     EXPECT_EQ(suggested({12, 0, 0}), "12:1:0");
     EXPECT_EQ(suggested({9, 8, 59}), "9:9:0");
@@ -344,13 +343,13 @@ TEST_F(SynchroTest, OpenedAgainItSuggestsAnewOnlyWhatHasPassed) {
     SetTime("13", "30", "15");
     Fields.UseSynchroCheck = false;
     Fields.UseSynchroCheck = true;
-    EXPECT_EQ(Synchro.txtMinute.Text.Get(), "30");
+    EXPECT_EQ(Synchro.txtMinute.Text(), "30");
     SetTime("12", "0", "5");
     Fields.UseSynchroCheck = false;
     P.Time.Block(65'000);
     Fields.UseSynchroCheck = true;
-    EXPECT_EQ(Synchro.txtMinute.Text.Get(), "2");
-    EXPECT_EQ(Synchro.txtSecond.Text.Get(), "0");
+    EXPECT_EQ(Synchro.txtMinute.Text(), "2");
+    EXPECT_EQ(Synchro.txtSecond.Text(), "0");
 }
 
 TEST_F(SynchroTest, TheClockRunsOnlyWhileTheWindowIsThere) {
@@ -364,21 +363,21 @@ TEST_F(SynchroTest, TheClockRunsOnlyWhileTheWindowIsThere) {
 
 TEST_F(SynchroTest, TextThatIsNoTimeIsNotTaken) {
     for (const char* text : {"a", "1a", "-1", "1.5", "123", " 1", "+1", "\xC3\xA9"}) {
-        Synchro.txtMinute.Text = "7";
-        Synchro.txtMinute.Text = text;
-        EXPECT_EQ(Synchro.txtMinute.Text.Get(), "7") << text;
+        Synchro.txtMinute.Type("7");
+        Synchro.txtMinute.Type(text);
+        EXPECT_EQ(Synchro.txtMinute.Text(), "7") << text;
     }
 }
 
 TEST_F(SynchroTest, WhatIsOutOfRangeIsMarked) {
-    Synchro.txtHour.Text = "24";
-    Synchro.txtMinute.Text = "60";
-    Synchro.txtSecond.Text = "99";
-    for (const TimeBox* box : {&Synchro.txtHour, &Synchro.txtMinute, &Synchro.txtSecond})
-        EXPECT_EQ(box->BackColor.Get(), colour::Orange);
+    Synchro.txtHour.Type("24");
+    Synchro.txtMinute.Type("60");
+    Synchro.txtSecond.Type("99");
+    for (const Setting* box : {&Synchro.txtHour, &Synchro.txtMinute, &Synchro.txtSecond})
+        EXPECT_EQ(box->BackColor(), colour::Orange);
     SetTime("23", "59", "05");
-    for (const TimeBox* box : {&Synchro.txtHour, &Synchro.txtMinute, &Synchro.txtSecond})
-        EXPECT_EQ(box->BackColor.Get(), colour::WindowBackground);
+    for (const Setting* box : {&Synchro.txtHour, &Synchro.txtMinute, &Synchro.txtSecond})
+        EXPECT_EQ(box->BackColor(), colour::WindowBackground);
 }
 
 TEST_F(SynchroTest, ATimeThatIsNoneIsSaidAndNotWaitedFor) {

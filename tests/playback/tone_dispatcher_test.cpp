@@ -82,7 +82,7 @@ TEST_F(UniBeepTest, TheMotorComesBeforeEveryOtherOutput) {
 
 TEST_F(UniBeepTest, TheMotorGetsTheNoteMovedByItsOctave) {
     Fields.UseMotorCheck = true;
-    Fields.NoteSilenceRatioSlider = 100;
+    Fields.NoteSilenceRatio.Set(100);
     Fields.MotorOct = 1;
     Beep("F4", 10);
     Beep("F#4", 10);

@@ -103,7 +103,7 @@ TEST(FileText, ReadsAFileOnceMoreWhenReadingFails) {
 TEST(FileText, RaisesTheErrorWhenReadingFailsForGoodAndChangesNothing) {
     SongProgram p;
     p.SetSong({"Quarter C4 - -"});
-    p.App.Fields.TimeSigSlider = 3;
+    p.App.Fields.BeatsPerBar.Set(3);
     p.Disk.SetReadSize(16);
     p.Disk.BeforeRead([&](const std::string& name, std::uint64_t position) {
         if (position > 0)
@@ -140,7 +140,7 @@ TEST(FileText, ChangesNothingWhenReadingIsStopped) {
     SongProgram p;
     p.App.Log.Enable();
     p.SetSong({"Quarter C4 - -"});
-    p.App.Fields.TimeSigSlider = 3;
+    p.App.Fields.BeatsPerBar.Set(3);
     p.Loading.OnProgress = [](double) { return false; };
     p.LoadFile(MusicStart + std::string(3 * MiB, '\n'));
     EXPECT_EQ(p.Loading.Ratios.size(), 1U);

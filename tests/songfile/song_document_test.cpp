@@ -39,10 +39,10 @@ TEST(SongDocument, IsModifiedByLinesAndBySettingsThatAreHeardButNotBySelecting) 
         [](Documented& p) { p.App.List.Append("Half", "", "", ""); },
         [](Documented& p) { p.App.List.Remove(1); },
         [](Documented& p) { p.App.List.SetText(1, Cell::Mod, "Dot"); },
-        [](Documented& p) { p.App.Fields.BPM = 99; },
-        [](Documented& p) { p.App.Fields.TimeSigSlider = 3; },
-        [](Documented& p) { p.App.Fields.NoteSilenceRatioSlider = 50; },
-        [](Documented& p) { p.App.Fields.AlternateTimeText = "33"; },
+        [](Documented& p) { p.App.Fields.BPM.Set(99); },
+        [](Documented& p) { p.App.Fields.BeatsPerBar.Set(3); },
+        [](Documented& p) { p.App.Fields.NoteSilenceRatio.Set(50); },
+        [](Documented& p) { p.App.Fields.AlternateTime.Type("33"); },
         [](Documented& p) { p.App.Fields.PlayNote1Check = false; },
         [](Documented& p) { p.App.Fields.PlayNote2Check = false; },
     };
@@ -208,13 +208,13 @@ TEST(SongDocument, ANewOneIsEmptyInTheTimingOfTheStart) {
     EXPECT_FALSE(p.Modified());
     MainFields& fields = p.App.Fields;
     EXPECT_EQ(fields.BPM, 140);
-    EXPECT_EQ(fields.BPMText.Get(), "140");
+    EXPECT_EQ(fields.BPM.Text(), "140");
     EXPECT_EQ(fields.BeatsPerBar, 4);
-    EXPECT_EQ(fields.lblTimeSig.Get(), "4");
-    EXPECT_EQ(fields.TimeSigSlider, 4);
-    EXPECT_EQ(fields.NoteSilenceRatioSlider, 90);
+    EXPECT_EQ(fields.BeatsPerBar.Text(), "4");
+    EXPECT_EQ(fields.BeatsPerBar, 4);
+    EXPECT_EQ(fields.NoteSilenceRatio, 90);
     EXPECT_EQ(fields.AlternateTime, 20);
-    EXPECT_EQ(fields.AlternateTimeText.Get(), "20");
+    EXPECT_EQ(fields.AlternateTime.Text(), "20");
     EXPECT_EQ(fields.NoteLengthCombo, 1);  // how notes are entered is no part of the song
 }
 

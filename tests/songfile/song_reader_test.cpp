@@ -31,7 +31,7 @@ TEST(SongReader, BringsASavedSongBackWhole) {
     p.App.Fields.NoteClickPlayCheck = false;
     p.App.Fields.AddNote1Option = false;
     p.App.Fields.AddNote2Option = true;
-    p.App.Fields.TimeSigSlider = 7;
+    p.App.Fields.BeatsPerBar.Set(7);
     const std::string saved = p.Saved();
     SongProgram other;
     other.LoadFile(saved);
@@ -119,7 +119,7 @@ TEST(SongReader, RaisesTheFileErrorOfAFileThatCannotBeOpenedAndChangesNothing) {
         SongProgram p;
         p.App.Log.Enable();
         p.SetSong({"Quarter C4 - -"});
-        p.App.Fields.TimeSigSlider = 3;
+        p.App.Fields.BeatsPerBar.Set(3);
         p.Disk.FailReading(Song, expected.Error);
         EXPECT_EQ(ErrorOfLoading(p), expected.Number);
         EXPECT_EQ(p.Rows(), "Quarter|C4||\n");
@@ -133,7 +133,7 @@ TEST(SongReader, AsksAboutAFileWithoutTheHeaderAndLeavesEverythingOnNo) {
     SongProgram p;
     p.App.Log.Enable();
     p.SetSong({"Quarter C4 - -"});
-    p.App.Fields.TimeSigSlider = 3;
+    p.App.Fields.BeatsPerBar.Set(3);
     p.Boxes.AnswerNext(BoxAnswer::No);
     p.LoadFile("quavix by Dastrel-204 file format\r\nBPM 99\r\nMUSICLISTSTART\r\n");
     ASSERT_EQ(p.Boxes.Shown().size(), 1U);

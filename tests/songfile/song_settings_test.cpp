@@ -27,20 +27,20 @@ TEST(SongSettings, TakesKeysInAnyLetterCase) {
         SongProgram p;
         p.Load(std::string(key) + " 150\r\n");
         EXPECT_EQ(p.App.Fields.BPM, 150);
-        EXPECT_EQ(p.App.Fields.BPMText.Get(), "150");
+        EXPECT_EQ(p.App.Fields.BPM.Text(), "150");
     }
 }
 
 TEST(SongSettings, ResetsTheBeatsPerBarAndNothingElseThatTheFileDoesNotName) {
     SongProgram p;
-    p.App.Fields.TimeSigSlider = 7;
-    p.App.Fields.BPM = 99;
+    p.App.Fields.BeatsPerBar.Set(7);
+    p.App.Fields.BPM.Set(99);
     p.App.Fields.NoteLengthCombo = 1;
     p.App.Fields.NoteClickAddCheck = false;
     p.Load("");
     EXPECT_EQ(p.App.Fields.BeatsPerBar, 4);
-    EXPECT_EQ(p.App.Fields.TimeSigSlider, 4);
-    EXPECT_EQ(p.App.Fields.lblTimeSig.Get(), "4");
+    EXPECT_EQ(p.App.Fields.BeatsPerBar, 4);
+    EXPECT_EQ(p.App.Fields.BeatsPerBar.Text(), "4");
     EXPECT_EQ(p.App.Fields.BPM, 99);
     EXPECT_EQ(p.App.Fields.NoteLengthCombo, 1);
     EXPECT_FALSE(p.App.Fields.NoteClickAddCheck);
@@ -63,16 +63,16 @@ TEST(SongSettings, TakesTheNearestPositionOfASlider) {
         SongProgram p;
         p.Load(std::string("TimeSig ") + expected.Value + "\r\nNoteSilenceRatio " + expected.Value + "\r\n");
         EXPECT_EQ(p.App.Fields.BeatsPerBar, expected.BeatsPerBar) << expected.Value;
-        EXPECT_EQ(p.App.Fields.TimeSigSlider, expected.BeatsPerBar) << expected.Value;
-        EXPECT_EQ(p.App.Fields.lblTimeSig.Get(), std::to_string(expected.BeatsPerBar)) << expected.Value;
-        EXPECT_EQ(p.App.Fields.NoteSilenceRatioSlider, expected.Ratio) << expected.Value;
+        EXPECT_EQ(p.App.Fields.BeatsPerBar, expected.BeatsPerBar) << expected.Value;
+        EXPECT_EQ(p.App.Fields.BeatsPerBar.Text(), std::to_string(expected.BeatsPerBar)) << expected.Value;
+        EXPECT_EQ(p.App.Fields.NoteSilenceRatio, expected.Ratio) << expected.Value;
     }
 }
 
 TEST(SongSettings, ShowsTheRatioOfTheSong) {
     SongProgram p;
     p.Load("NoteSilenceRatio 5\r\n");
-    EXPECT_EQ(p.App.Fields.NoteSilenceRatioLabel.Get(), "05%");
+    EXPECT_EQ(p.App.Fields.NoteSilenceRatio.Text(), "05%");
 }
 
 TEST(SongSettings, IgnoresANoteLengthThatTheListDoesNotHave) {
@@ -88,10 +88,10 @@ TEST(SongSettings, TakesATempoOutsideTheRangeAndMarksItsField) {
         SongProgram p;
         p.Load(std::string("BPM ") + value);
         EXPECT_EQ(p.App.Fields.BPM, tempo);
-        EXPECT_EQ(p.App.Fields.BPMText.Get(), value);
-        EXPECT_EQ(p.App.Fields.BPMTextBackColor, colour::Orange);
+        EXPECT_EQ(p.App.Fields.BPM.Text(), value);
+        EXPECT_EQ(p.App.Fields.BPM.BackColor(), colour::Orange);
         p.Load("BPM 40");
-        EXPECT_EQ(p.App.Fields.BPMTextBackColor, colour::WindowBackground);
+        EXPECT_EQ(p.App.Fields.BPM.BackColor(), colour::WindowBackground);
     }
 }
 
@@ -99,19 +99,19 @@ TEST(SongSettings, ReadsATempoThatIsNoNumberAsZero) {
     SongProgram p;
     p.Load("BPM fast");
     EXPECT_EQ(p.App.Fields.BPM, 0);
-    EXPECT_EQ(p.App.Fields.BPMText.Get(), "0");
+    EXPECT_EQ(p.App.Fields.BPM.Text(), "0");
 }
 
 TEST(SongSettings, TakesAnAlternateTimeOutsideTheRangeAndMarksItsField) {
     SongProgram p;
     p.Load("AlternateTime 14");
     EXPECT_EQ(p.App.Fields.AlternateTime, 14);
-    EXPECT_EQ(p.App.Fields.AlternateTimeText.Get(), "14");
-    EXPECT_EQ(p.App.Fields.AlternateTimeTextBackColor, colour::Orange);
+    EXPECT_EQ(p.App.Fields.AlternateTime.Text(), "14");
+    EXPECT_EQ(p.App.Fields.AlternateTime.BackColor(), colour::Orange);
     p.Load("AlternateTime  2000 ");
     EXPECT_EQ(p.App.Fields.AlternateTime, 2000);
-    EXPECT_EQ(p.App.Fields.AlternateTimeText.Get(), " 2000 ");
-    EXPECT_EQ(p.App.Fields.AlternateTimeTextBackColor, colour::WindowBackground);
+    EXPECT_EQ(p.App.Fields.AlternateTime.Text(), " 2000 ");
+    EXPECT_EQ(p.App.Fields.AlternateTime.BackColor(), colour::WindowBackground);
 }
 
 TEST(SongSettings, TakesEveryKeyboardOctaveAndShowsWhatTheFieldCanShow) {
@@ -126,14 +126,14 @@ TEST(SongSettings, TakesEveryKeyboardOctaveAndShowsWhatTheFieldCanShow) {
         SongProgram p;
         p.Load(std::string("KeyboardOctave ") + expected.Value);
         EXPECT_EQ(p.App.Fields.KeyboardOctave.Get(), expected.Octave) << expected.Value;
-        EXPECT_EQ(p.App.Fields.KeyboardOctaveText.Get(), expected.Text) << expected.Value;
+        EXPECT_EQ(p.App.Fields.KeyboardOctave.Text(), expected.Text) << expected.Value;
     }
 }
 
 TEST(SongSettings, TellsTheKeyboardOctaveToThoseWhoShowIt) {
     SongProgram p;
     int shown = -1;
-    p.App.Fields.KeyboardOctave.Watch([&](std::uint8_t octave) { shown = octave; });
+    p.App.Fields.KeyboardOctave.State().Watch([&](const SettingState& octave) { shown = octave.Value; });
     p.Load("KeyboardOctave 1");
     EXPECT_EQ(shown, 1);
 }

@@ -60,12 +60,12 @@ TEST(SongWriter, WritesAnEmptyListAsSettingsAlone) {
 TEST(SongWriter, WritesEverySettingAsItIs) {
     SongProgram p;
     MainFields& fields = p.App.Fields;
-    fields.KeyboardOctave = 7;
-    fields.BPM = -5;
-    fields.TimeSigSlider = 3;
-    fields.NoteSilenceRatioSlider = 55;
+    fields.KeyboardOctave.Set(7);
+    fields.BPM.Set(-5);
+    fields.BeatsPerBar.Set(3);
+    fields.NoteSilenceRatio.Set(55);
     fields.NoteLengthCombo = 0;
-    fields.AlternateTimeText = "  30 ";
+    fields.AlternateTime.Type("  30 ");
     fields.NoteClickPlayCheck = false;
     fields.NoteClickAddCheck = false;
     fields.AddNote1Option = false;

@@ -65,8 +65,8 @@ TEST(Accessibility, LabelsSayWhatStandsInThem) {
     p.App.Fields.lblPlayBar = "0002";
     p.App.Fields.lblPlayPos = "02 01/16";
     p.App.Fields.lblPlaySig = "03.50";
-    p.App.Fields.TimeSigSlider = 3;
-    p.App.Fields.NoteSilenceRatioSlider = 75;
+    p.App.Fields.BeatsPerBar.Set(3);
+    p.App.Fields.NoteSilenceRatio.Set(75);
     EXPECT_EQ(spoken("lblPlayBar"), "Bar: 0002");
     EXPECT_EQ(spoken("lblPlayPos"), "Position in the bar, in whole notes: 02 01/16");
     EXPECT_EQ(spoken("lblPlaySig"), "Beat in the bar: 03.50");

@@ -76,7 +76,7 @@ TEST(Appearance, EveryLabelCanBeReadInTheLightAndTheDarkPalette) {
     test::UiProgram p;
     HoldMidiNotes(p);
     ExpectReadable(p);
-    p.App.Fields.BPMText = "5";
+    p.App.Fields.BPM.Type("5");
     const QPalette field = p.Find<QLineEdit>("BPMText").palette();
     EXPECT_GE(Contrast(field.color(QPalette::Text), field.color(QPalette::Base)), 4.5);
 }

@@ -146,7 +146,7 @@ struct RangedField {
 const RangedField RangedFields[] = {
     {"BPMText", parameter::Bpm, [](const MainFields& fields) { return fields.BPM.Get(); }},
     {"AlternateTimeText", parameter::AlternateTime,
-     [](const MainFields& fields) { return std::int32_t{fields.AlternateTime}; }},
+     [](const MainFields& fields) { return fields.AlternateTime.Get(); }},
 };
 
 constexpr int Presses = 4000;

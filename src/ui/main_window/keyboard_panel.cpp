@@ -41,20 +41,19 @@ KeyboardPanel::KeyboardPanel(const WindowParts& parts, QWidget* parent)
         label->setAlignment(Qt::AlignCenter);
         label->setMargin(2);
         PaintGroup(label, group);
-        ShowIn(label, parts_.Fields.OctLabel[static_cast<std::size_t>(group++)],
-               [label](const std::string& octave) {
-                   label->setText(QString::fromStdString(octave));
-                   label->setAccessibleName(tr("Octave %1").arg(label->text()));
-               });
+        ShowIn(label, parts_.Fields.KeyboardOctave.State(), [this, label, group](const SettingState&) {
+            label->setText(QString::fromStdString(parts_.Keys.OctLabel(group)));
+            label->setAccessibleName(tr("Octave %1").arg(label->text()));
+        });
+        ++group;
     }
 
     MainFields& fields = parts_.Fields;
-    BindText(ui_->KeyboardOctaveText, fields.KeyboardOctaveText, fields.KeyboardOctaveTextBackColor,
-             parts_.Handlers);
+    BindText(ui_->KeyboardOctaveText, fields.KeyboardOctave, parts_.Handlers);
     connect(ui_->KeyboardOctaveUpDown, &UpDown::Stepped, this,
             [this](int direction) { StepOctave(ui_->PianoKey->CurrentKey(), direction); });
-    ShowIn(this, fields.KeyboardOctave, [this](std::uint8_t octave) {
-        ui_->PianoKey->SetOctave(octave);
+    ShowIn(this, fields.KeyboardOctave.State(), [this](const SettingState& octave) {
+        ui_->PianoKey->SetOctave(octave.Value);
         ShowSounding();
     });
     ShowIn(this, fields.NotesSounding, [this](const SoundingNotes&) { ShowSounding(); });

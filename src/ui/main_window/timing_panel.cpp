@@ -20,10 +20,9 @@ TimingPanel::TimingPanel(const WindowParts& parts, QWidget* parent)
 
     MainFields& fields = parts_.Fields;
     EventBoundary& handlers = parts_.Handlers;
-    BindText(ui_->BPMText, fields.BPMText, fields.BPMTextBackColor, handlers);
+    BindText(ui_->BPMText, fields.BPM, handlers);
     connect(ui_->BPMUpDown, &UpDown::Stepped, this, [this](int direction) {
-        RunHandler(*ui_->BPMUpDown, "Change", parts_.Handlers,
-                   [&] { parts_.Numbers.BPMUpDown_Change(direction); });
+        RunHandler(*ui_->BPMUpDown, "Change", parts_.Handlers, [&] { parts_.Fields.BPM.Step(direction); });
     });
     ShowIn(ui_->MetronomeButton, fields.MetronomeIsOn,
            [button = ui_->MetronomeButton](bool on) { button->setChecked(on); });
@@ -40,12 +39,11 @@ TimingPanel::TimingPanel(const WindowParts& parts, QWidget* parent)
             ui_->MetronomeButton->click();
     };
     connect(ui_->MetronomeButton, &QAbstractButton::toggled, this, followToggle, Qt::QueuedConnection);
-    BindSlider(ui_->TimeSigSlider, fields.TimeSigSlider, parameter::TimeSig, "Change", handlers);
-    BindLabel(ui_->lblTimeSig, fields.lblTimeSig);
-    BindSlider(ui_->NoteSilenceRatioSlider, fields.NoteSilenceRatioSlider, parameter::NoteSilenceRatio,
-               "Scroll", handlers);
-    BindLabel(ui_->NoteSilenceRatioLabel, fields.NoteSilenceRatioLabel);
-    BindText(ui_->AlternateTimeText, fields.AlternateTimeText, fields.AlternateTimeTextBackColor, handlers);
+    BindSlider(ui_->TimeSigSlider, fields.BeatsPerBar, "Change", handlers);
+    BindLabel(ui_->lblTimeSig, fields.BeatsPerBar);
+    BindSlider(ui_->NoteSilenceRatioSlider, fields.NoteSilenceRatio, "Scroll", handlers);
+    BindLabel(ui_->NoteSilenceRatioLabel, fields.NoteSilenceRatio);
+    BindText(ui_->AlternateTimeText, fields.AlternateTime, handlers);
 }
 
 TimingPanel::~TimingPanel() = default;

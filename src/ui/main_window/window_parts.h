@@ -13,7 +13,6 @@
 #include "music/list_editing.h"
 #include "music/main_fields.h"
 #include "music/music_list.h"
-#include "music/numeric_fields.h"
 #include "playback/metronome.h"
 #include "playback/motor_mod_module.h"
 #include "playback/piano_keys.h"
@@ -36,7 +35,6 @@ class SaveLoadForm;
 struct WindowParts {
     MainFields& Fields;
     MusicList& List;
-    NumericFields& Numbers;
     EditHistory& History;
     ListEditing& Editing;
     LineClipboard& Lines;

@@ -16,7 +16,7 @@ SynchroForm::SynchroForm(const WindowParts& parts, QWidget* owner)
     for (const auto& [edit, box] :
          {std::pair{ui_->txtHour, &synchro.txtHour}, std::pair{ui_->txtMinute, &synchro.txtMinute},
           std::pair{ui_->txtSecond, &synchro.txtSecond}}) {
-        BindText(edit, box->Text, box->BackColor, handlers);
+        BindText(edit, *box, handlers);
         BindEnabled(edit, synchro.TimeBoxesEnabled);
     }
     BindLabel(ui_->lblCurrentTime, synchro.lblCurrentTime);

@@ -47,27 +47,37 @@ void BindCheck(QCheckBox* box, Watched<bool>& value, EventBoundary& handlers, st
                      });
 }
 
-void BindText(QLineEdit* edit, Watched<std::string>& value, EventBoundary& handlers) {
+void BindText(QLineEdit* edit, Setting& setting, EventBoundary& handlers) {
     const auto showing = std::make_shared<bool>(false);
-    ShowIn(edit, value, [edit, showing](const std::string& text) {
-        const QString shown = QString::fromStdString(text);
+    const auto show = [edit, showing](const SettingState& state) {
+        PaintField(edit, state.BackColor);
+        const QString shown = QString::fromStdString(state.Text);
         if (edit->text() == shown)  // the cursor stays where it is while the user types
             return;
         const QScopedValueRollback now(*showing, true);
         edit->setText(shown);
-    });
+    };
+    ShowIn(edit, setting.State(), show);
     // Not textEdited: what a screen reader or a voice control writes is no edit by the keyboard.
     QObject::connect(edit, &QLineEdit::textChanged, edit,
-                     [edit, showing, &value, &handlers](const QString& text) {
-                         if (!*showing)
-                             RunHandler(*edit, "Change", handlers, [&] { value = text.toStdString(); });
+                     [edit, showing, show, &setting, &handlers](const QString& text) {
+                         if (*showing)
+                             return;
+                         const QPointer<QWidget> guard(edit);
+                         RunHandler(*edit, "Change", handlers, [&] { setting.Type(text.toStdString()); });
+                         // Text that reverts to what the setting holds is no change of the setting.
+                         if (guard)
+                             show(setting.State());
                      });
 }
 
-void BindText(QLineEdit* edit, Watched<std::string>& value, Watched<std::int32_t>& backColor,
-              EventBoundary& handlers) {
-    ShowIn(edit, backColor, [edit](std::int32_t colour) { PaintField(edit, colour); });
-    BindText(edit, value, handlers);
+void BindSlider(QSlider* slider, Setting& setting, std::string_view event, EventBoundary& handlers) {
+    slider->setRange(setting.Range().Lowest, setting.Range().Highest);
+    ShowIn(slider, setting.State(), [slider](const SettingState& state) { slider->setValue(state.Value); });
+    QObject::connect(slider, &QSlider::valueChanged, slider,
+                     [slider, &setting, event, &handlers](int position) {
+                         RunHandler(*slider, event, handlers, [&] { setting.Set(position); });
+                     });
 }
 
 void BindSlider(QSlider* slider, Watched<std::int32_t>& value, const Parameter& range, std::string_view event,
@@ -124,6 +134,12 @@ void ShowReading(QLabel* label, const QString& what, const QString& text) {
 void BindLabel(QLabel* label, const Watched<std::string>& caption) {
     ShowIn(label, caption, [label, what = label->accessibleName()](const std::string& text) {
         ShowReading(label, what, QString::fromStdString(text));
+    });
+}
+
+void BindLabel(QLabel* label, const Setting& setting) {
+    ShowIn(label, setting.State(), [label, what = label->accessibleName()](const SettingState& state) {
+        ShowReading(label, what, QString::fromStdString(state.Text));
     });
 }
 

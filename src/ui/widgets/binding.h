@@ -9,6 +9,7 @@
 #include <QWidget>
 
 #include "music/parameters.h"
+#include "music/setting.h"
 #include "shell/event_boundary.h"
 #include "shell/watched.h"
 
@@ -46,14 +47,11 @@ void BindButton(QAbstractButton* button, EventBoundary& handlers, std::function<
 void BindCheck(QCheckBox* box, Watched<bool>& value, EventBoundary& handlers,
                std::function<void()> clicked = {});
 
-/// What is typed, or what assistive technology writes, sets the value.
-void BindText(QLineEdit* edit, Watched<std::string>& value, EventBoundary& handlers);
-
-/// The same for a field that marks what it doesn't take by its colour.
-void BindText(QLineEdit* edit, Watched<std::string>& value, Watched<std::int32_t>& backColor,
-              EventBoundary& handlers);
+/// Types into the setting what the user types or assistive technology writes.
+void BindText(QLineEdit* edit, Setting& setting, EventBoundary& handlers);
 
 /// Moving the slider sets the value.
+void BindSlider(QSlider* slider, Setting& setting, std::string_view event, EventBoundary& handlers);
 void BindSlider(QSlider* slider, Watched<std::int32_t>& value, const Parameter& range, std::string_view event,
                 EventBoundary& handlers);
 
@@ -70,6 +68,7 @@ void ShowReading(QLabel* label, const QString& what, const QString& text);
 
 /// The label shows the value, as a reading of what its accessible name is so far.
 void BindLabel(QLabel* label, const Watched<std::string>& caption);
+void BindLabel(QLabel* label, const Setting& setting);
 
 void BindEnabled(QWidget* widget, const Watched<bool>& enabled);
 

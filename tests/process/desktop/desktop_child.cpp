@@ -155,7 +155,7 @@ int main(int argc, char** argv) {
     app.Fields.TickFreq = ReadTickFreq(clock, app.Log);
     if (arguments[0] == "motor") {
         constexpr double LongMs = 600'000;
-        app.Fields.NoteSilenceRatioSlider = 100;
+        app.Fields.NoteSilenceRatio.Set(100);
         app.Fields.UseMotorCheck = true;
         std::string note = "C4";
         app.Tones.UniBeep(note, LongMs);
@@ -178,9 +178,9 @@ int main(int argc, char** argv) {
         shutdown.CloseProgram();
     } else if (arguments[0] == "synchro" && arguments.size() == 4) {
         app.List.Append("1/16", "A4", "", "");
-        app.Synchro.txtHour.Text = arguments[1];
-        app.Synchro.txtMinute.Text = arguments[2];
-        app.Synchro.txtSecond.Text = arguments[3];
+        app.Synchro.txtHour.Type(arguments[1]);
+        app.Synchro.txtMinute.Type(arguments[2]);
+        app.Synchro.txtSecond.Type(arguments[3]);
         app.Playback.OnRangeEnd = [&] { app.Playback.StopPlayButton_Click(); };
         app.Synchro.btnWait_Click();
         fmt::print("{}\n", speaker.FirstNs);

@@ -152,7 +152,7 @@ TEST(MotorOnAPort, ABusyPortIsRefusedWithAMessageUntilItIsFree) {
 
 TEST(MotorOnAPort, UntickedItLeavesThePortFreeAndTheMotorStopped) {
     MotorOnAPort p;
-    p.Fields.NoteSilenceRatioSlider = 100;
+    p.Fields.NoteSilenceRatio.Set(100);
     p.Motor.PlayNote("C1", 10);
     p.Fields.UseMotorCheck = false;
     EXPECT_EQ(p.Terminal.WaitFor("#0P1350\r#0P1470\r"), "#0P1350\r#0P1470\r");

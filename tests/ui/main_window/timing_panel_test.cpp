@@ -121,8 +121,8 @@ TEST(TimingPanel, WhileMusicPlaysTheMetronomeIsOff) {
 
 TEST(TimingPanel, ControlsFollowWhatTheProgramSets) {
     test::UiProgram p;
-    p.App.Fields.BPMText = "99";
-    p.App.Fields.TimeSigSlider = 7;
+    p.App.Fields.BPM.Type("99");
+    p.App.Fields.BeatsPerBar.Set(7);
     p.App.Fields.PlayNote2Check = false;
     EXPECT_EQ(p.Find<QLineEdit>("BPMText").text(), "99");
     EXPECT_EQ(p.Find<QSlider>("TimeSigSlider").value(), 7);

@@ -136,9 +136,9 @@ TEST(MIDIInForm, TheBoxesSetTheirSwitches) {
     p.Find<QCheckBox>("OnlyOnceCheck").click();
     EXPECT_TRUE(p.App.MidiIn.OnlyPlayNoteOnce);
     p.Find<QCheckBox>("AutoTimeCheck").click();
-    p.App.Fields.AlternateTimeText = "77";
+    p.App.Fields.AlternateTime.Type("77");
     p.Hold(3);
-    EXPECT_EQ(p.App.Fields.AlternateTimeText.Get(), "77");
+    EXPECT_EQ(p.App.Fields.AlternateTime.Text(), "77");
 }
 
 TEST(MIDIInForm, DevicesAreSearchedForWhenTheListIsOpenedAndChosenThere) {
