@@ -4,6 +4,7 @@
 
 #include "midi/held_note_cycler.h"
 #include "shell/debug_log.h"
+#include "simulation/recorded_sound_library.h"
 #include "simulation/simulated_dialogs.h"
 #include "simulation/simulated_files.h"
 #include "simulation/simulated_time.h"
@@ -12,18 +13,12 @@ namespace {
 
 using namespace quavix;
 
-class NoTones : public Tones {
+class NoTones : public ToneOutput {
   public:
-    void UniBeep(std::string& noteString, double duration, const ToneOptions&) override {
-        benchmark::DoNotOptimize(noteString.data());
-        benchmark::DoNotOptimize(duration);
+    void Sound(const Tone& tone) override {
+        benchmark::DoNotOptimize(tone.Text.data());
+        benchmark::DoNotOptimize(tone.DurationMs);
     }
-};
-
-class NoGenerator : public ToneGenerator {
-  public:
-    void FMODBeep(double, double, bool, bool) override {}
-    void FMODBeepStop() override {}
 };
 
 class Form final : public UsingForm {
@@ -41,7 +36,11 @@ void Step(benchmark::State& state) {
     EventBoundary handlers(boxes, log);
     MainFields fields;
     NoTones tones;
-    NoGenerator generator;
+    RecordedSoundLibrary library(time, timeline);
+    FmodErrors errors(boxes, log);
+    FmodEngine engine(library, errors, log);
+    Waiting wait(time, time);
+    FmodToneGenerator generator({fields, engine, library, errors, wait, handlers, log, {}});
     HeldNoteCycler cycler(fields, tones, generator);
     Form form(handlers);
     form.AutoTimeCheck = true;

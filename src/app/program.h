@@ -8,7 +8,6 @@
 #include "midi/held_note_cycler.h"
 #include "midi/midi_file_playback.h"
 #include "midi/midi_input.h"
-#include "midi/midi_notes.h"
 #include "midi/midi_output.h"
 #include "music/edit_history.h"
 #include "music/line_clipboard.h"
@@ -37,13 +36,11 @@
 #include "ports/message_boxes.h"
 #include "ports/midi_devices.h"
 #include "ports/midi_file_reader.h"
-#include "ports/playback_parts.h"
 #include "ports/random_numbers.h"
 #include "ports/serial_port.h"
 #include "ports/sound_library.h"
 #include "ports/speaker.h"
 #include "ports/timers.h"
-#include "ports/tone_outputs.h"
 #include "shell/debug_log.h"
 #include "shell/event_boundary.h"
 #include "shell/waiting.h"
@@ -110,7 +107,7 @@ class Program {
                     ports.MidiFiles, Controls, Cycler, Fmod.Generator, Handlers, Log}),
           Kick(Fields, Position, Tones, ports.Boxes, Handlers, Log),
           Clicks(Fields, Tones, Code, ports.Time, Wait, Log),
-          Bending(Fields, Tones, ports.Random, MIDIToNoteString, ports.Ticks, Handlers, Log),
+          Bending(Fields, Tones, ports.Random, ports.Ticks, Handlers, Log),
           Synchro({Fields, ports.Time, ports.Ticks, Wait, ports.Boxes, Handlers,
                    [this] { return Tones.IsSounding(); }, [this] { Playback.PlayAllButton_Click(); },
                    [this] { Playback.PlayFromLineButton_Click(); },
@@ -119,8 +116,8 @@ class Program {
           Keys(Fields, Entry, Tones, Position, Log),
           Editing(Fields, List, Entry, Mods, History, [this] { Position.ShowSelectedLine(); }),
           Lines(Fields, List, ports.TextClipboard, History, [this] { ShowPositionOfEdit(); }),
-          Playback({Fields, List, Mods, Position, Tones, Code, Fmod.Generator, Fmod.Singer, Kick, Synchro,
-                    ports.Time, Wait, ports.Boxes, Log}),
+          Playback({Fields, List, Mods, Position, Tones, Code, Fmod.Generator, Fmod.Singer,
+                    [this] { Kick.LineStarts(); }, Synchro, ports.Time, Wait, ports.Boxes, Log}),
           Reader(Fields, List, ports.Disk, ports.Boxes, ports.Picker, ports.Loading, Log),
           Writer(Fields, List, ports.Disk, ports.Boxes, ports.Picker, Log),
           Changes(Fields, List),

@@ -19,12 +19,18 @@ FmodToneGenerator::FmodToneGenerator(FmodToneParts parts)
         [this](bool) { p_.Handlers.Run("UseFMODCheck_Click", [this] { UseFMODCheck_Click(); }); });
 }
 
+void FmodToneGenerator::Sound(const Tone& tone) {
+    const bool mustStop = tone.Options.NoteIsFrequency || tone.Options.SpecificStop;
+    const bool keepSounding = !mustStop && (tone.Options.SpecificContinuous || p_.Fields.DoNotShutUpFMOD);
+    FMODBeep(tone.WholeFrequency(), tone.DurationMs, keepSounding, tone.Options.FMODNoWait);
+}
+
 void FmodToneGenerator::FMODBeep(double frequency, double durationMs, bool noStop, bool noWait) {
     constexpr double Tuning = 1.088;
     constexpr double ChannelRate = 44100;
     p_.Log.IndentInc("FMODBeep(FREQUENCY:{}, DURATION: {}, NOSTOP:{}) - START", NumberText(frequency),
                      NumberText(durationMs), LogFlag(noStop));
-    // What is no length of time is refused before anything sounds that nobody would stop.
+    // Convert first: an overflow after un-pausing would leave the tone sounding.
     const std::int32_t milliseconds = ToInt32(durationMs);
     const double channelFrequency = static_cast<float>(frequency) * Tuning * (ChannelRate / referenceRate_);
     p_.Errors.ERRCHECK(

@@ -7,7 +7,7 @@
 
 #include "fmod/fmod_engine.h"
 #include "music/main_fields.h"
-#include "ports/tone_outputs.h"
+#include "music/tone.h"
 #include "shell/event_boundary.h"
 #include "shell/waiting.h"
 
@@ -28,15 +28,21 @@ struct FmodToneParts {
 
 /// Makes tones on the sound card: the engine's channel is set to the tone's pitch and un-paused, and paused
 /// for silence. Watches the check box "Use FMOD".
-class FmodToneGenerator : public ToneGenerator {
+class FmodToneGenerator final : public ToneOutput {
   public:
     explicit FmodToneGenerator(FmodToneParts parts);
     FmodToneGenerator(const FmodToneGenerator&) = delete;
     FmodToneGenerator& operator=(const FmodToneGenerator&) = delete;
 
-    // ToneGenerator. A duration outside 32 bits raises Overflow.
-    void FMODBeep(double frequency, double durationMs, bool noStop, bool noWait) override;
-    void FMODBeepStop() override;
+    /// Keeps on sounding afterwards where the tone or the never-silent option asks for it. Bare frequencies
+    /// always stop.
+    void Sound(const Tone& tone) override;
+
+    /// Sounds `frequency` Hz for `durationMs`. `noStop` keeps it sounding afterwards; `noWait` returns at
+    /// once, otherwise handlers run while it sounds. A duration outside 32 bits raises Overflow.
+    void FMODBeep(double frequency, double durationMs, bool noStop, bool noWait);
+    /// Silences the generator where it is in use, and stops the motor where that is.
+    void FMODBeepStop();
 
     /// Chooses the waveform, one of fmod_waveform. "Triangle" on the options window is FallingSaw.
     void ChangeDSPType(std::int32_t newDspType);

@@ -7,7 +7,6 @@
 
 #include "fmod/fmod_engine.h"
 #include "fmod/vowels.h"
-#include "ports/playback_parts.h"
 #include "ports/random_numbers.h"
 #include "ports/timers.h"
 #include "shell/event_boundary.h"
@@ -27,7 +26,7 @@ struct VoiceParts {
 /// The voice: a saw and a little noise go through four filters side by side, the formants, and so sound like
 /// a vowel. It has an engine of the sound library to itself, which lives from Load() to the end of the
 /// program. Every failure is shown, and what comes next is tried all the same.
-class VoiceMainForm : public Voice {
+class VoiceMainForm {
   public:
     explicit VoiceMainForm(VoiceParts parts) : p_(parts) {}
     VoiceMainForm(const VoiceMainForm&) = delete;
@@ -42,9 +41,10 @@ class VoiceMainForm : public Voice {
     /// The formants stand still until the next StartSources().
     void StopMoving();
 
-    // Voice. The frequency is taken as a whole number of Hz.
-    void ChangeVoiceVol(double newVoiceVol) override;
-    void ChangeBaseFreq(double newFreq) override;
+    /// Volume, 0 (silent) to 1.
+    void ChangeVoiceVol(double newVoiceVol);
+    /// Pitch of the voice's source; taken as a whole number of Hz.
+    void ChangeBaseFreq(double newFreq);
 
     /// Volumes are 0 to 1, the cutoff is in Hz.
     void ChangeSawVol(double newSawVol);

@@ -72,8 +72,8 @@ void HeldNoteCycler::SetAlternateTime(std::int32_t count) {
 void HeldNoteCycler::Pulse(UsingForm& usingForm, std::int32_t note) {
     {
         const Shown sounding(fields_.BeepTextLabelVisible);
-        std::string noteString = MIDIToNoteString(note);
-        tones_.UniBeep(noteString, fields_.AlternateTime, {.SpecificContinuous = true, .FMODNoWait = true});
+        tones_.Sound(
+            ToneOfMidiNote(note, fields_.AlternateTime, {.SpecificContinuous = true, .FMODNoWait = true}));
     }
     // Released in the tone, it would not sound when it is struck again.
     if (usingForm.OnlyPlayNoteOnce && usingForm.GetMIDINoteIsOn(note))

@@ -3,10 +3,10 @@
 
 #include <cstdint>
 
+#include "fmod/fmod_tone_generator.h"
 #include "midi/using_form.h"
 #include "music/main_fields.h"
-#include "ports/tone_outputs.h"
-#include "ports/tones.h"
+#include "music/tone.h"
 
 namespace quavix {
 
@@ -14,7 +14,7 @@ namespace quavix {
 /// from the lowest to the highest and again. The place in the cycle is shared by all forms that use it.
 class HeldNoteCycler {
   public:
-    HeldNoteCycler(MainFields& fields, Tones& tones, ToneGenerator& generator)
+    HeldNoteCycler(MainFields& fields, ToneOutput& tones, FmodToneGenerator& generator)
         : fields_(fields), tones_(tones), generator_(generator) {}
 
     /// One step: shows the held notes and sounds the next one for the alternate time, which the form's
@@ -27,8 +27,8 @@ class HeldNoteCycler {
     void Pulse(UsingForm& usingForm, std::int32_t note);
 
     MainFields& fields_;
-    Tones& tones_;
-    ToneGenerator& generator_;
+    ToneOutput& tones_;
+    FmodToneGenerator& generator_;
     std::int16_t cycleIndex_ = 0;
 };
 

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "fmod/fmod_tone_generator.h"
 #include "midi/control_installer.h"
 #include "midi/cycle_timer.h"
 #include "midi/held_note_cycler.h"
@@ -18,7 +19,6 @@
 #include "ports/message_boxes.h"
 #include "ports/midi_file_reader.h"
 #include "ports/timers.h"
-#include "ports/tone_outputs.h"
 #include "shell/debug_log.h"
 #include "shell/event_boundary.h"
 #include "shell/waiting.h"
@@ -37,7 +37,7 @@ struct MidiFileParts {
     MidiFileReader& Reader;
     ControlInstaller& Controls;
     HeldNoteCycler& Cycler;
-    ToneGenerator& Generator;
+    FmodToneGenerator& Generator;
     EventBoundary& Handlers;
     DebugLog& Log;
 };

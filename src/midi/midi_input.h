@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "fmod/fmod_tone_generator.h"
 #include "midi/control_installer.h"
 #include "midi/cycle_timer.h"
 #include "midi/held_note_cycler.h"
@@ -13,7 +14,6 @@
 #include "ports/message_boxes.h"
 #include "ports/midi_devices.h"
 #include "ports/timers.h"
-#include "ports/tone_outputs.h"
 #include "shell/debug_log.h"
 #include "shell/event_boundary.h"
 
@@ -25,7 +25,7 @@ struct MidiInputParts {
     MidiInPort& Device;
     ControlInstaller& Controls;
     HeldNoteCycler& Cycler;
-    ToneGenerator& Generator;
+    FmodToneGenerator& Generator;
     Timers& Ticks;
     MessageBoxes& Boxes;
     EventBoundary& Handlers;

@@ -162,6 +162,10 @@ std::string MIDIToNoteString(std::int32_t midiNoteNum) {
     return NoteNumToLetter(midiNoteNum % NotesPerOctave) + std::to_string(octave);
 }
 
+Tone ToneOfMidiNote(std::int32_t midiNoteNum, double durationMs, const ToneOptions& options) {
+    return Tone::OfNote(midiNoteNum % NotesPerOctave, midiNoteNum / NotesPerOctave, durationMs, options);
+}
+
 std::string MIDIInstrumentName(std::int32_t instrument) {
     if (instrument < 0 || instrument >= static_cast<std::int32_t>(InstrumentNames.size()))
         return {};

@@ -33,8 +33,24 @@ MidiOutput::MidiOutput(const MidiOutputParts& parts) : p_(parts) {
     });
 }
 
-std::int32_t MidiOutput::NoteToMIDI(std::int32_t noteNum, std::int32_t octaveNum) {
-    return quavix::NoteToMIDI(noteNum, octaveNum);
+/// A bare frequency is one of the metronome's two clicks, or stands for the note of all others.
+std::int32_t MidiOutput::MidiNoteOf(const Tone& tone) {
+    constexpr std::int32_t B5 = 71;
+    constexpr std::int32_t B4 = 59;
+    constexpr std::int32_t C3 = 36;
+    if (tone.Options.NoteIsFrequency)
+        return tone.Frequency == 1000 ? B5 : tone.Frequency == 500 ? B4 : C3;
+    tone.WarnIfUnknown(p_.Boxes);
+    return NoteToMIDI(tone.NoteNum, tone.Octave);
+}
+
+void MidiOutput::ToneStarts(const Tone& tone) {
+    MIDINoteOn(MidiNoteOf(tone));
+}
+
+void MidiOutput::ToneEnds(const Tone& tone) {
+    constexpr std::int32_t SelectedChannel = -1;
+    MIDINoteOff(MidiNoteOf(tone), SelectedChannel);
 }
 
 void MidiOutput::MIDINoteOn(std::int32_t midiNoteNum) {

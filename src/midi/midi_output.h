@@ -8,9 +8,9 @@
 
 #include "midi/control_installer.h"
 #include "music/main_fields.h"
+#include "music/tone.h"
 #include "ports/message_boxes.h"
 #include "ports/midi_devices.h"
-#include "ports/tone_outputs.h"
 #include "shell/debug_log.h"
 #include "shell/event_boundary.h"
 #include "shell/waiting.h"
@@ -41,7 +41,7 @@ struct MidiOutputFields {
 
 /// MIDI output: sends every tone to the device of the user's choice too. Its check box opens and closes the
 /// device, which is never left with notes sounding.
-class MidiOutput : public MidiNotes {
+class MidiOutput {
   public:
     static constexpr std::int32_t Channels = 16;
     static constexpr std::int32_t Notes = 128;
@@ -50,13 +50,17 @@ class MidiOutput : public MidiNotes {
     MidiOutput(const MidiOutput&) = delete;
     MidiOutput& operator=(const MidiOutput&) = delete;
 
-    std::int32_t NoteToMIDI(std::int32_t noteNum, std::int32_t octaveNum) override;
+    /// Send the note-on before a tone and the note-off after it, on the selected channel. Each warns of a
+    /// text that names no note.
+    void ToneStarts(const Tone& tone);
+    void ToneEnds(const Tone& tone);
 
     /// A note outside 0..127, which no MIDI message can hold, is logged, but not sent. While the device is
     /// busy handlers run; where there is none, nothing happens; one that has vanished shows one message and
     /// unticks the box.
-    void MIDINoteOn(std::int32_t midiNoteNum) override;
-    void MIDINoteOff(std::int32_t midiNoteNum, std::int32_t channel) override;
+    void MIDINoteOn(std::int32_t midiNoteNum);
+    /// A `channel` outside 0..15 stands for the selected one.
+    void MIDINoteOff(std::int32_t midiNoteNum, std::int32_t channel);
 
     /// Searches for devices, where none is open, and opens the first one.
     void SetUpComboBox();
@@ -81,6 +85,7 @@ class MidiOutput : public MidiNotes {
     MidiOutputFields Fields;
 
   private:
+    std::int32_t MidiNoteOf(const Tone& tone);
     void UseMIDIOutCheck_Click(bool ticked);
     void Form_Load();
     void SendInstrument();

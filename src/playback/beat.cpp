@@ -34,10 +34,8 @@ void Beat::BeatSound(double startFreq, double endFreq, double reduceRate) {
     constexpr double HighestFreq = 16000;
     constexpr double ToneMs = 15;
     for (double frequency = startFreq; frequency > endFreq && frequency < HighestFreq;
-         frequency *= reduceRate) {
-        std::string text = NumberText(frequency);
-        tones_.UniBeep(text, ToneMs, {.NoteIsFrequency = true});
-    }
+         frequency *= reduceRate)
+        tones_.Sound(Tone::OfFrequency(frequency, ToneMs));
 }
 
 void Beat::UseBeatCheck_Click() {

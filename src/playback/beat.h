@@ -5,7 +5,6 @@
 #include "playback/position_display.h"
 #include "playback/tone_dispatcher.h"
 #include "ports/message_boxes.h"
-#include "ports/playback_parts.h"
 #include "shell/debug_log.h"
 #include "shell/event_boundary.h"
 
@@ -14,7 +13,7 @@ namespace quavix {
 /// The beat sound: a short kick before each line that starts on a whole beat. Where the beats are it takes
 /// from the position labels, so it follows the music only while these are updated. Switched by UseBeatCheck,
 /// which it watches for as long as the fields live; it must live as long.
-class Beat : public BeatHook {
+class Beat {
   public:
     Beat(MainFields& fields, PositionDisplay& position, ToneDispatcher& tones, MessageBoxes& boxes,
          EventBoundary& handlers, DebugLog& log);
@@ -22,7 +21,7 @@ class Beat : public BeatHook {
     Beat& operator=(const Beat&) = delete;
 
     /// Plays the kick where the line starts on a beat that is wanted; returns when it has ended.
-    void LineStarts() override;
+    void LineStarts();
 
     /// Sweeps in tones of 15 ms from `startFreq` (Hz), each `reduceRate` (above 0, below 1) times as high as
     /// the one before, for as long as they are above `endFreq` (Hz, above 0). Nothing sounds from 16000 Hz

@@ -2,22 +2,15 @@
 #include "playback/circuit_bent.h"
 
 #include <exception>
-#include <string>
-#include <utility>
 
+#include "midi/midi_notes.h"
 #include "shell/numbers.h"
 
 namespace quavix {
 
-CircuitBent::CircuitBent(MainFields& fields, ToneDispatcher& tones, RandomNumbers& random,
-                         NoteOfMidi noteOfMidi, Timers& timers, EventBoundary& handlers, DebugLog& log)
-    : fields_(fields),
-      tones_(tones),
-      random_(random),
-      noteOfMidi_(std::move(noteOfMidi)),
-      timers_(timers),
-      handlers_(handlers),
-      log_(log) {
+CircuitBent::CircuitBent(MainFields& fields, ToneDispatcher& tones, RandomNumbers& random, Timers& timers,
+                         EventBoundary& handlers, DebugLog& log)
+    : fields_(fields), tones_(tones), random_(random), timers_(timers), handlers_(handlers), log_(log) {
     fields_.UseCircuitBentCheck.Watch([this](bool) {
         handlers_.Run("UseCircuitBentCheck_Click", [this] { UseCircuitBentCheck_Click(); });
     });
@@ -59,10 +52,8 @@ void CircuitBent::Burst() {
     constexpr int Notes = 15;
     constexpr double NoteMs = 15;
     constexpr double HighestMidiNote = 127;
-    for (int i = 0; i < Notes && fields_.UseCircuitBent && !fields_.ShuttingDown; ++i) {
-        std::string note = noteOfMidi_(ToInt32(random_.Next() * HighestMidiNote));
-        tones_.UniBeep(note, NoteMs);
-    }
+    for (int i = 0; i < Notes && fields_.UseCircuitBent && !fields_.ShuttingDown; ++i)
+        tones_.Sound(ToneOfMidiNote(ToInt32(random_.Next() * HighestMidiNote), NoteMs));
 }
 
 }  // namespace quavix

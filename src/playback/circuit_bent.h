@@ -1,10 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <cstdint>
-#include <functional>
-#include <string>
-
 #include "music/main_fields.h"
 #include "playback/tone_dispatcher.h"
 #include "ports/random_numbers.h"
@@ -18,11 +14,8 @@ namespace quavix {
 /// watches for as long as the fields live; it must live as long.
 class CircuitBent {
   public:
-    /// Note string of a MIDI note number, 0 to 127.
-    using NoteOfMidi = std::function<std::string(std::int32_t)>;
-
-    CircuitBent(MainFields& fields, ToneDispatcher& tones, RandomNumbers& random, NoteOfMidi noteOfMidi,
-                Timers& timers, EventBoundary& handlers, DebugLog& log);
+    CircuitBent(MainFields& fields, ToneDispatcher& tones, RandomNumbers& random, Timers& timers,
+                EventBoundary& handlers, DebugLog& log);
     ~CircuitBent();
     CircuitBent(const CircuitBent&) = delete;
     CircuitBent& operator=(const CircuitBent&) = delete;
@@ -35,7 +28,6 @@ class CircuitBent {
     MainFields& fields_;
     ToneDispatcher& tones_;
     RandomNumbers& random_;
-    NoteOfMidi noteOfMidi_;
     Timers& timers_;
     EventBoundary& handlers_;
     DebugLog& log_;

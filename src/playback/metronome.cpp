@@ -75,9 +75,10 @@ void Metronome::Run() {
 
 void Metronome::Click(const Timetable& timetable) {
     constexpr double ClickMs = 20;
+    constexpr double FirstBeatHz = 1000;
+    constexpr double OtherBeatHz = 500;
     const SetMeanwhile shown(fields_.BeepTextLabelVisible);
-    std::string frequency = timetable.BeatInBar == 1 ? "1000" : "500";
-    tones_.UniBeep(frequency, ClickMs, {.NoteIsFrequency = true});
+    tones_.Sound(Tone::OfFrequency(timetable.BeatInBar == 1 ? FirstBeatHz : OtherBeatHz, ClickMs));
 }
 
 void Metronome::NextBeatInBar(Timetable& timetable) const {

@@ -5,6 +5,7 @@
 #include <exception>
 #include <utility>
 
+#include "music/notes.h"
 #include "shell/numbers.h"
 
 namespace quavix {
@@ -46,6 +47,11 @@ MotorModModule::MotorModModule(const MotorParts& parts) : p_(parts) {
         [this](const std::string&) { p_.Handlers.Run("cmbMotorPort_Click", [this] { ChangePort(); }); });
     p_.Comm.WhenLost(
         [this](const std::string& reason) { p_.Handlers.Run("Comm_OnComm", [&] { PortLost(reason); }); });
+}
+
+void MotorModModule::Sound(const Tone& tone) {
+    tone.WarnIfUnknown(p_.Boxes);
+    PlayNote(NoteNumToNoteString(tone.NoteNum, tone.Octave, false, p_.Fields.MotorOct), tone.DurationMs);
 }
 
 void MotorModModule::PlayNote(const std::string& noteName, double durationMs) {

@@ -7,9 +7,9 @@
 #include <vector>
 
 #include "music/main_fields.h"
+#include "music/tone.h"
 #include "ports/message_boxes.h"
 #include "ports/serial_port.h"
-#include "ports/tone_outputs.h"
 #include "shell/debug_log.h"
 #include "shell/event_boundary.h"
 #include "shell/waiting.h"
@@ -33,13 +33,18 @@ std::int32_t PulseOfNote(std::string_view noteName);
 /// Plays notes by the speed of an electric motor: an SSC-32 servo controller on a serial port, whose channel
 /// 0 drives a SyRen10 motor speed controller. Its check box opens and closes the port. However the port is
 /// left, the motor is stopped first; where the process dies, the port's last words stop it.
-class MotorModModule : public MotorOutput {
+class MotorModModule final : public ToneOutput {
   public:
     explicit MotorModModule(const MotorParts& parts);
     MotorModModule(const MotorModModule&) = delete;
     MotorModModule& operator=(const MotorModModule&) = delete;
 
-    void PlayNote(const std::string& noteName, double durationMs) override;
+    /// Moves the note into the motor's octaves and plays it. Warns of a text that names no note.
+    void Sound(const Tone& tone) override;
+
+    /// Runs the motor at the speed of `noteName` ("C1" to "F3", or "-") and returns when `durationMs` have
+    /// passed; handlers run meanwhile. A name that is no motor note sends the speed 0.
+    void PlayNote(const std::string& noteName, double durationMs);
 
     /// Sets the pulse width, waits `waitTimeMs` and 15 ms more while handlers run, and stops the motor unless
     /// the notes are tied together. A time outside 32 bits raises Overflow, with nothing sent.
@@ -47,7 +52,7 @@ class MotorModModule : public MotorOutput {
 
     /// Sends a command and a carriage return, where the motor is in use. A port that is lost over it shows
     /// one message and switches the motor off.
-    void SendString(const std::string& text) override;
+    void SendString(const std::string& text);
 
     /// The check at start-up: the first port that can be opened is the one to use. Where there is none, the
     /// check box is disabled.

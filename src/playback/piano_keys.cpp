@@ -5,7 +5,6 @@
 #include <exception>
 #include <string>
 
-#include "music/notes.h"
 #include "music/piano_layout.h"
 #include "shell/numbers.h"
 
@@ -53,10 +52,8 @@ void PianoKeys::SoundAndEnter(const KeyClick& click) {
     log_.Text("Index is {}{}", click.Index, GroupLogNames[static_cast<std::size_t>(place.Group)]);
     const std::int32_t octave = ToByte(click.KeyboardOctave + place.OctaveOffset);
     log_.Text("Index:{}, CurrentOctave:{}", place.NoteNum, octave);
-    if (fields_.NoteClickPlayCheck) {
-        std::string note = NoteNumToNoteString(place.NoteNum, octave, true, fields_.MotorOct);
-        tones_.UniBeep(note, DurationMs, {.SpecificStop = true});
-    }
+    if (fields_.NoteClickPlayCheck)
+        tones_.Sound(Tone::OfNote(place.NoteNum, octave, DurationMs, {.SpecificStop = true}));
     if (fields_.NoteClickAddCheck)
         entry_.AddNote(place.NoteNum, octave, fields_.NoteLengthCombo);
     position_.ShowSelectedLine();

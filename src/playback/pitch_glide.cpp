@@ -49,6 +49,13 @@ void PitchGlide::StartSoundIfNeeded() {
     EnableEachToneTimer(mainFields_.UsePortamento && Fields.optSoundAlways);
 }
 
+void PitchGlide::Sound(const Tone& tone) {
+    const std::int32_t frequency = tone.WholeFrequency();
+    log_.Text("PC Speaker - Tweeble Portamento - WantedPitch -> {}", frequency);
+    wantedPitch_ = frequency;
+    StartSound();
+}
+
 void PitchGlide::StartSound() {
     if (!currentPitch_)
         currentPitch_ = wantedPitch_;

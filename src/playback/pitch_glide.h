@@ -6,9 +6,9 @@
 #include <string>
 
 #include "music/main_fields.h"
+#include "music/tone.h"
 #include "ports/speaker.h"
 #include "ports/timers.h"
-#include "ports/tone_outputs.h"
 #include "shell/debug_log.h"
 #include "shell/event_boundary.h"
 #include "shell/watched.h"
@@ -29,7 +29,7 @@ struct PortamentoFields {
 /// share of what is left to the wanted pitch each time. The pitch is kept between notes, so that a glide
 /// starts where the last one stopped; the very first note is there at once. Switched by UsePortaCheck, which
 /// it watches for as long as the fields live; it must live as long.
-class PitchGlide : public Portamento {
+class PitchGlide final : public ToneOutput {
   public:
     PitchGlide(MainFields& mainFields, Speaker& speaker, Timers& timers, EventBoundary& handlers,
                DebugLog& log);
@@ -37,12 +37,13 @@ class PitchGlide : public Portamento {
     PitchGlide(const PitchGlide&) = delete;
     PitchGlide& operator=(const PitchGlide&) = delete;
 
-    void SetWantedPitch(std::int32_t frequency) override { wantedPitch_ = frequency; }
-    void StartSound() override;
+    /// Starts a glide to the tone's pitch and returns at once; the tone's time is left to the caller.
+    void Sound(const Tone& tone) override;
 
     PortamentoFields Fields;
 
   private:
+    void StartSound();
     void StartSoundIfNeeded();
     void UsePortaCheck_Click();
     void optSoundAlways_Click();

@@ -26,7 +26,7 @@ class ShownSounding {
 
 }  // namespace
 
-PlaybackEngine::PlaybackEngine(const PlaybackParts& parts) : p_(parts), timetableBpm_(parts.Fields.BPM) {
+PlaybackEngine::PlaybackEngine(PlaybackParts parts) : p_(std::move(parts)), timetableBpm_(p_.Fields.BPM) {
     p_.Fields.BPM.State().Watch([this](const SettingState&) { TempoChanged(); });
 }
 
@@ -113,7 +113,7 @@ bool PlaybackEngine::PlayLine(Run& run) {
     if (p_.Fields.UseVoiceCheck)
         SetVoicePitch(line);
     CatchUpPosition(run);
-    p_.Beat.LineStarts();
+    p_.LineStarts();
     const Currency reading = ReadClock();
     p_.Log.Text("QueryPerformanceCounter returned {}", reading.ToText());
     p_.Log.Text("CurrentTickTime = {}", currentTickTime_.ToText());
@@ -147,17 +147,17 @@ PlaybackEngine::Line PlaybackEngine::ReadLine(std::int32_t row) {
     Line line;
     line.Length = Currency::FromDouble(GetEquivalentLength(text.Length, text.Mod) * BeatsPerWholeNote);
     line.IsTriplet = text.Mod.find("tri") != std::string::npos;
-    line.Note1 = std::move(text.Note1);
-    line.Note2 = std::move(text.Note2);
+    line.Note1 = Tone::OfText(text.Note1);
+    line.Note2 = Tone::OfText(text.Note2);
     p_.Log.Text("CurrentLineLength = {}", line.Length.ToText());
-    p_.Log.Text("CurrentNote1 = \"{}\"", line.Note1);
-    p_.Log.Text("CurrentNote2 = \"{}\"", line.Note2);
+    p_.Log.Text("CurrentNote1 = \"{}\"", line.Note1.Text);
+    p_.Log.Text("CurrentNote2 = \"{}\"", line.Note2.Text);
     return line;
 }
 
 void PlaybackEngine::SetVoicePitch(const Line& line) {
     p_.Log.LogIndentInc("'Setting voice to correct pitch' section - START");
-    if (line.Note2.empty()) {
+    if (line.Note2.Text.empty()) {
         p_.Log.LogText("VoiceMainForm.ChangeVoiceVol 0");
         p_.Singer.ChangeVoiceVol(0);
     } else {
@@ -166,8 +166,8 @@ void PlaybackEngine::SetVoicePitch(const Line& line) {
         const double volume = p_.Fields.VoiceVolSlider / SliderScale;
         p_.Log.Text("VoiceMainForm.ChangeVoiceVol {}", NumberText(volume));
         p_.Singer.ChangeVoiceVol(volume);
-        const double frequency = p_.Tones.FrequencyOfNote(line.Note2);
-        const double pitch = Currency::FromDouble(frequency * Tuning).ToDouble() / 4;
+        line.Note2.WarnIfUnknown(p_.Boxes);
+        const double pitch = Currency::FromDouble(line.Note2.Frequency * Tuning).ToDouble() / 4;
         p_.Log.Text("VoiceMainForm.ChangeBaseFreq {}", NumberText(pitch));
         p_.Singer.ChangeBaseFreq(pitch);
     }
@@ -178,8 +178,8 @@ void PlaybackEngine::SoundLine(Run& run, const Line& line) {
     const MainFields& fields = p_.Fields;
     const bool play1 = run.OnlyThisLine ? fields.ClickPlayNote1Check : fields.PlayNote1Check;
     const bool play2 = run.OnlyThisLine ? fields.ClickPlayNote2Check : fields.PlayNote2Check;
-    const bool sounds1 = play1 && !line.Note1.empty();
-    const bool sounds2 = play2 && !line.Note2.empty();
+    const bool sounds1 = play1 && !line.Note1.Text.empty();
+    const bool sounds2 = play2 && !line.Note2.Text.empty();
     if (sounds1 && sounds2)
         SoundAlternating(run, line);
     else if (sounds1)
@@ -188,15 +188,15 @@ void PlaybackEngine::SoundLine(Run& run, const Line& line) {
         SoundSingleNote(line.Note2, line);
 }
 
-void PlaybackEngine::SoundSingleNote(const std::string& note, const Line& line) {
+void PlaybackEngine::SoundSingleNote(const Tone& note, const Line& line) {
     // From the whole units, so that halves of a millisecond are exact.
     constexpr double UnitsPerMs = Currency::Scale / 1000.0;
     const Currency duration = TimeAtBeat(SoundingBeats(line)) - currentTickTime_;
     const double durationMs = static_cast<double>(duration.Units()) / UnitsPerMs;
     if (durationMs <= 0)
         return;
-    const ShownSounding shown(p_.Fields, {.Note1 = note});
-    UniBeep(note, durationMs, false);
+    const ShownSounding shown(p_.Fields, {.Note1 = note.Text});
+    Sound(note, durationMs, false);
 }
 
 void PlaybackEngine::SoundAlternating(Run& run, const Line& line) {
@@ -206,7 +206,7 @@ void PlaybackEngine::SoundAlternating(Run& run, const Line& line) {
     if (p_.Fields.NoteSilenceRatio < parameter::NoteSilenceRatio.Highest)
         run.AlternationStep = Currency::FromDouble(p_.Fields.AlternateTime / 1000.0);
     const Currency step = run.AlternationStep;
-    const ShownSounding shown(p_.Fields, {.Note1 = line.Note1, .Note2 = line.Note2});
+    const ShownSounding shown(p_.Fields, {.Note1 = line.Note1.Text, .Note2 = line.Note2.Text});
     // Tones without length make no sound, and would hold the thread for the whole line.
     while (p_.Fields.AlternateTime > 0 && currentTickTime_ + step < TimeAtBeat(beepLength)) {
         p_.Fields.BeepTextLabelVisible = true;
@@ -214,7 +214,7 @@ void PlaybackEngine::SoundAlternating(Run& run, const Line& line) {
         p_.Log.LogText(alternateNote2Next_ ? "2" : "1", NoNewLine::Yes);
         const bool anotherFollows = currentTickTime_ + step < TimeAtBeat(beepLength) - step;
         const Currency toneStart = currentTickTime_;
-        UniBeep(alternateNote2Next_ ? line.Note2 : line.Note1, p_.Fields.AlternateTime, anotherFollows);
+        Sound(alternateNote2Next_ ? line.Note2 : line.Note1, p_.Fields.AlternateTime, anotherFollows);
         alternateNote2Next_ = !alternateNote2Next_;
         ReadClock();
         KeepToneTime(toneStart);
@@ -238,7 +238,8 @@ void PlaybackEngine::SilenceGeneratorInRest(const Line& line) {
         return;
     const bool play1 = fields.PlayNote1Check;
     const bool play2 = fields.PlayNote2Check;
-    const bool rest = (play1 || play2) && (!play1 || line.Note1.empty()) && (!play2 || line.Note2.empty());
+    const bool rest =
+        (play1 || play2) && (!play1 || line.Note1.Text.empty()) && (!play2 || line.Note2.Text.empty());
     if (rest)
         p_.Generator.FMODBeepStop();
 }
@@ -317,9 +318,11 @@ Currency PlaybackEngine::SoundingBeats(const Line& line) const {
     return Currency::FromDouble(line.Length.ToDouble() * ratio);
 }
 
-void PlaybackEngine::UniBeep(std::string note, double durationMs, bool continuous) {
+void PlaybackEngine::Sound(Tone tone, double durationMs, bool continuous) {
+    tone.DurationMs = durationMs;
+    tone.Options.SpecificContinuous = continuous;
     p_.Fields.BeepTextLabelVisible = true;
-    p_.Tones.UniBeep(note, durationMs, {.SpecificContinuous = continuous});
+    p_.Tones.Sound(tone);
     p_.Fields.BeepTextLabelVisible = false;
 }
 
@@ -384,7 +387,7 @@ void PlaybackEngine::PlayRange(std::int32_t startPoint) {
         PlayMusic(startPoint, endPoint, false);
     }
     if (p_.Synchro.CurrentlyWaiting())
-        p_.Synchro.WaitButtonClick();
+        p_.Synchro.btnWait_Click();
 }
 
 void PlaybackEngine::PlayAllButton_Click() {

@@ -5,12 +5,14 @@
 #include <functional>
 #include <string>
 
+#include "fmod/fmod_tone_generator.h"
+#include "fmod/voice_main_form.h"
 #include "music/main_fields.h"
 #include "music/mod_buttons.h"
 #include "music/music_list.h"
 #include "playback/position_display.h"
+#include "playback/synchro_play.h"
 #include "playback/tone_dispatcher.h"
-#include "ports/playback_parts.h"
 #include "shell/debug_log.h"
 #include "shell/waiting.h"
 
@@ -24,10 +26,11 @@ struct PlaybackParts {
     PositionDisplay& Position;
     ToneDispatcher& Tones;
     ToneCode& Code;
-    ToneGenerator& Generator;
-    Voice& Singer;
-    BeatHook& Beat;
-    SynchronizedStart& Synchro;
+    FmodToneGenerator& Generator;
+    VoiceMainForm& Singer;
+    /// Called at the start of every line, before its tones. May sound tones, and so take time.
+    std::function<void()> LineStarts;
+    SynchroPlay& Synchro;
     Clock& Time;
     Waiting& Wait;
     MessageBoxes& Boxes;
@@ -40,7 +43,7 @@ struct PlaybackParts {
 /// fields live, and must live as long.
 class PlaybackEngine {
   public:
-    explicit PlaybackEngine(const PlaybackParts& parts);
+    explicit PlaybackEngine(PlaybackParts parts);
     PlaybackEngine(const PlaybackEngine&) = delete;
     PlaybackEngine& operator=(const PlaybackEngine&) = delete;
 
@@ -64,8 +67,8 @@ class PlaybackEngine {
     /// One line of music while it is played.
     struct Line {
         Currency Length;  // beats
-        std::string Note1;
-        std::string Note2;
+        Tone Note1;
+        Tone Note2;
         bool IsTriplet = false;
     };
     /// What one call of PlayMusic carries from line to line.
@@ -92,7 +95,7 @@ class PlaybackEngine {
     Line ReadLine(std::int32_t row);
     void SetVoicePitch(const Line& line);
     void SoundLine(Run& run, const Line& line);
-    void SoundSingleNote(const std::string& note, const Line& line);
+    void SoundSingleNote(const Tone& note, const Line& line);
     void SoundAlternating(Run& run, const Line& line);
     void KeepToneTime(Currency toneStart);
     void SilenceGeneratorInRest(const Line& line);
@@ -105,7 +108,7 @@ class PlaybackEngine {
     Currency ReadClock();
     Currency TimeAtBeat(Currency beatsAfterPlayed) const;
     Currency SoundingBeats(const Line& line) const;
-    void UniBeep(std::string note, double durationMs, bool continuous);
+    void Sound(Tone tone, double durationMs, bool continuous);
     void Message(const std::string& text);
     void TempoChanged();
 

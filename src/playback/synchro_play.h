@@ -9,7 +9,6 @@
 #include "music/main_fields.h"
 #include "ports/clock.h"
 #include "ports/message_boxes.h"
-#include "ports/playback_parts.h"
 #include "ports/timers.h"
 #include "shell/currency.h"
 #include "shell/event_boundary.h"
@@ -36,7 +35,7 @@ struct SynchroParts {
 
 /// Starts playback at a time of day, so that several copies of the program start together. Times of day are
 /// compared within one day only: a time that has passed today starts at once.
-class SynchroPlay : public SynchronizedStart {
+class SynchroPlay {
   public:
     explicit SynchroPlay(SynchroParts parts);
     SynchroPlay(const SynchroPlay&) = delete;
@@ -63,10 +62,12 @@ class SynchroPlay : public SynchronizedStart {
     /// started goes on, it does nothing.
     void btnWait_Click();
 
-    bool CurrentlyWaiting() const override { return p_.Fields.StartIsAwaited; }
-    void WaitButtonClick() override { btnWait_Click(); }
-    bool ShouldBeNotWaiting() const override { return shouldBeNotWaiting_; }
-    void ReenableWaitButton() override;
+    /// True from the click that starts the waiting until the wait button is clicked again.
+    bool CurrentlyWaiting() const { return p_.Fields.StartIsAwaited; }
+    /// False while a playback that this has started has to hand the wait button back at its end.
+    bool ShouldBeNotWaiting() const { return shouldBeNotWaiting_; }
+    /// Sets ShouldBeNotWaiting() and enables the wait button.
+    void ReenableWaitButton();
 
   private:
     void UseSynchroCheck_Click(bool ticked);

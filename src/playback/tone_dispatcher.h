@@ -1,52 +1,53 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <cstdint>
 #include <string>
 
+#include "midi/midi_output.h"
 #include "music/main_fields.h"
+#include "music/tone.h"
 #include "playback/tone_code.h"
 #include "ports/message_boxes.h"
 #include "ports/speaker.h"
-#include "ports/tone_outputs.h"
-#include "ports/tones.h"
 #include "shell/debug_log.h"
 #include "shell/waiting.h"
 
 namespace quavix {
 
-/// What a tone can sound on.
+/// The outputs between which ToneDispatcher chooses, and MIDI, which gets every tone besides.
 struct ToneOutputs {
     Speaker& PcSpeaker;
-    MotorOutput& Motor;
-    ToneGenerator& Generator;
-    MidiNotes& Midi;
-    Portamento& Glide;
+    ToneOutput& Motor;
+    ToneOutput& Generator;
+    MidiOutput& Midi;
+    ToneOutput& Glide;
 };
 
-/// Makes every tone of the program, on the one output that the switches choose at that moment.
-class ToneDispatcher : public Tones {
+/// The place that decides which output sounds: every tone of the program comes here, and goes to the motor,
+/// the sound-card generator, nothing but time (muted), the portamento or the PC speaker, in this precedence,
+/// as the switches stand at that moment. Sends the MIDI note-on and note-off around the tone where MIDI
+/// output is on, and writes the tone code first.
+class ToneDispatcher final : public ToneOutput {
   public:
     ToneDispatcher(MainFields& fields, ToneOutputs outputs, ToneCode& toneCode, Waiting& waiting,
                    MessageBoxes& boxes, DebugLog& log);
 
-    /// On the motor, the sound-card generator, nothing but time (muted), the portamento or the PC speaker, in
-    /// this precedence; sends MIDI note-on and note-off around the tone where MIDI output is on; writes its
-    /// tone code first.
-    void UniBeep(std::string& noteString, double duration, const ToneOptions& options = {}) override;
+    /// A tone without a text is "C4". A text that names no note shows a warning and sounds 0 Hz.
+    void Sound(const Tone& tone) override;
+
+    /// Sounds a note string or a frequency. An empty one becomes "C4" for the caller too.
+    void UniBeep(std::string& noteString, double durationMs, const ToneOptions& options = {});
 
     /// The click on "Mute PC speaker"; the next tone obeys it.
     void MuteTweebleCheck_Click();
 
-    /// Frequency of a note string in Hz, 0 (and a warning) where its name is unknown.
-    double FrequencyOfNote(const std::string& noteString);
-
-    /// True inside UniBeep(), as a handler that runs in a tone's wait finds it.
-    bool IsSounding() const { return sounding_ > 0; }
+    /// True while a tone sounds, for handlers that run in its wait.
+    bool IsSounding() const { return sounding_; }
 
   private:
-    std::int32_t MidiNote(const std::string& noteString);
-    void Sound(const std::string& noteString, double duration, const ToneOptions& options);
+    void SoundOnOneOutput(const Tone& tone);
+    void WaitInstead(const Tone& tone);
+    void SoundOnSpeaker(const Tone& tone);
 
     MainFields& fields_;
     ToneOutputs outputs_;
@@ -54,8 +55,7 @@ class ToneDispatcher : public Tones {
     Waiting& waiting_;
     MessageBoxes& boxes_;
     DebugLog& log_;
-    /// A click on a key in the middle of a tone sounds another one inside it.
-    int sounding_ = 0;
+    bool sounding_ = false;
 };
 
 }  // namespace quavix

@@ -11,32 +11,21 @@ namespace quavix {
 namespace {
 
 /// Writes down what a tone is asked for; its duration passes.
-class RecordedTones : public Tones {
+class RecordedTones : public ToneOutput {
   public:
     RecordedTones(SimulatedTime& time, Timeline& timeline) : time_(time), timeline_(timeline) {}
 
-    void UniBeep(std::string& noteString, double duration, const ToneOptions& options) override {
-        timeline_.Record(time_.Now(),
-                         fmt::format("tone {} {} ms {}{}{}{}", noteString, duration, options.NoteIsFrequency,
-                                     options.SpecificContinuous, options.SpecificStop, options.FMODNoWait));
+    void Sound(const Tone& tone) override {
+        const ToneOptions& options = tone.Options;
+        timeline_.Record(time_.Now(), fmt::format("tone {} {} ms {}{}{}{}", tone.Text, tone.DurationMs,
+                                                  options.NoteIsFrequency, options.SpecificContinuous,
+                                                  options.SpecificStop, options.FMODNoWait));
         if (OnTone)
             OnTone();
-        time_.Block(static_cast<std::int64_t>(duration));
+        time_.Block(static_cast<std::int64_t>(tone.DurationMs));
     }
 
     std::function<void()> OnTone;
-
-  private:
-    SimulatedTime& time_;
-    Timeline& timeline_;
-};
-
-class RecordedGenerator : public ToneGenerator {
-  public:
-    RecordedGenerator(SimulatedTime& time, Timeline& timeline) : time_(time), timeline_(timeline) {}
-
-    void FMODBeep(double, double, bool, bool) override {}
-    void FMODBeepStop() override { timeline_.Record(time_.Now(), "generator stop"); }
 
   private:
     SimulatedTime& time_;
@@ -64,12 +53,13 @@ class HeldNoteCyclerTest : public testing::Test {
     test::SimulatedProgram P;
     MainFields& Fields = P.App.Fields;
     RecordedTones Sounds{P.Time, P.Timeline};
-    RecordedGenerator Generator{P.Time, P.Timeline};
+    FmodToneGenerator& Generator = P.App.Fmod.Generator;
     HeldNoteCycler Cycler{Fields, Sounds, Generator};
     test::CyclingForm Form{P.App.Handlers};
 };
 
 TEST_F(HeldNoteCyclerTest, WithoutHeldNotesAStepShowsNoneAndSilencesTheGenerator) {
+    Fields.UseFMOD = true;
     Form.Press({60});
     Step();
     P.Timeline.Clear();
@@ -78,7 +68,8 @@ TEST_F(HeldNoteCyclerTest, WithoutHeldNotesAStepShowsNoneAndSilencesTheGenerator
     EXPECT_EQ(Form.Grid(), "");
     EXPECT_EQ(Form.lblHeldCount.Get(), " (0)");
     EXPECT_FALSE(Form.lblMoreOnNotesVisible);
-    EXPECT_EQ(P.Timeline.Text(), "0.0200 generator stop\n0.0200 generator stop\n");
+    EXPECT_EQ(P.Timeline.Text(),
+              "0.0200 fmod FMOD_Channel_SetPaused(null, 1)\n0.0200 fmod FMOD_Channel_SetPaused(null, 1)\n");
 }
 
 TEST_F(HeldNoteCyclerTest, WithoutHeldNotesTheAutomaticTimeIsFifteen) {
@@ -164,6 +155,7 @@ TEST_F(HeldNoteCyclerTest, AllHundredAndTwentyEightNotesAreCycled) {
 }
 
 TEST_F(HeldNoteCyclerTest, NotesThatComeAndGoTakeEffectAtTheNextStep) {
+    Fields.UseFMOD = true;
     Form.Press({60, 64});
     Step();  // C5
     Form.Press({62});
@@ -173,7 +165,7 @@ TEST_F(HeldNoteCyclerTest, NotesThatComeAndGoTakeEffectAtTheNextStep) {
     Form.Release({62, 64});
     Step();
     EXPECT_EQ(NotesPlayed(), "C5 D5 D5 ");
-    EXPECT_EQ(P.Timeline.Text("generator").size(), std::string("0.0600 generator stop\n").size());
+    EXPECT_EQ(P.Timeline.Text("fmod"), "0.0600 fmod FMOD_Channel_SetPaused(null, 1)\n");
 }
 
 TEST_F(HeldNoteCyclerTest, ThePlaceInTheCycleIsSharedByAllForms) {

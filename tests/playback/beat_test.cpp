@@ -166,7 +166,7 @@ TEST_F(BeatTest, WithAnyOtherAnswerDoNotUpdateStaysTicked) {
 
 TEST_F(BeatTest, StandsBetweenTheVoicesPitchAndTheNotes) {
     P.SetSong({"1/8 A4 A4 -", "1/8 A4 - -"});
-    test::RecordedPlayback recorded(P, P.App.Kick);
+    test::RecordedPlayback recorded(P, [this] { P.App.Kick.LineStarts(); });
     Fields.UseBeatCheck = true;
     Fields.UseVoiceCheck = true;
     Fields.VoiceVolSlider = 5000;

@@ -21,13 +21,12 @@ class FixedNumber : public RandomNumbers {
 /// Its own fields and tones, so that everything that tones go to is recorded.
 class CircuitBentTest : public testing::Test {
   protected:
-    CircuitBentTest()
-        : Bending(Fields, Tones, P.Random, MIDIToNoteString, P.Time, P.App.Handlers, P.App.Log) {}
+    CircuitBentTest() : Bending(Fields, Tones, P.Random, P.Time, P.App.Handlers, P.App.Log) {}
 
     test::SimulatedProgram P;
     MainFields Fields;
     ToneCode Code{Fields, P.Disk, "/program/tonecode.txt"};
-    ToneDispatcher Tones{Fields,  {P.Speaker, P.App.Motor, P.App.Fmod.Generator, P.App.MidiOut, P.Outputs},
+    ToneDispatcher Tones{Fields,  {P.Speaker, P.App.Motor, P.App.Fmod.Generator, P.App.MidiOut, P.App.Glide},
                          Code,    P.App.Wait,
                          P.Boxes, P.App.Log};
     CircuitBent Bending;
@@ -70,7 +69,7 @@ TEST_F(CircuitBentTest, IsSilentUntilTickedAndAfterwards) {
 TEST_F(CircuitBentTest, TheNumbersReachFromTheLowestNoteToTheHighest) {
     FixedNumber number;
     MainFields fields;
-    CircuitBent bending(fields, Tones, number, MIDIToNoteString, P.Time, P.App.Handlers, P.App.Log);
+    CircuitBent bending(fields, Tones, number, P.Time, P.App.Handlers, P.App.Log);
     Fields.UseWriteCode = true;
     const auto note = [&](double value) {
         number.Value = value;

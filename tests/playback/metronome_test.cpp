@@ -186,7 +186,7 @@ TEST_F(MetronomeTest, OnAMutedSpeakerAClickOnTheButtonIsHeardInTheMiddleOfATone)
 
 TEST_F(MetronomeTest, OverMidiItClicksB5AndB4) {
     ToneCode code(Fields, P.Disk, "/code");
-    ToneDispatcher tones(Fields, {P.Speaker, P.App.Motor, P.App.Fmod.Generator, P.App.MidiOut, P.Outputs},
+    ToneDispatcher tones(Fields, {P.Speaker, P.App.Motor, P.App.Fmod.Generator, P.App.MidiOut, P.App.Glide},
                          code, P.App.Wait, P.Boxes, P.App.Log);
     Metronome metronome(Fields, tones, code, P.Time, P.App.Wait, P.App.Log);
     P.OpenMidiOut();

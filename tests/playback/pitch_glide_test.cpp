@@ -18,8 +18,7 @@ class PitchGlideTest : public testing::Test {
     /// A note as the dispatcher makes it, `ms` after the start.
     void NoteAt(double ms, std::int32_t frequency) {
         P.Time.RunUntil(ms);
-        P.App.Glide.SetWantedPitch(frequency);
-        P.App.Glide.StartSound();
+        P.App.Glide.Sound(Tone::OfFrequency(frequency, 0));
     }
     /// The chunks of tone in between, "start:frequency " each, and checks that each lasts 30 ms.
     std::string Chunks() {

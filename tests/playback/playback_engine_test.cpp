@@ -95,7 +95,7 @@ TEST_F(PlaybackTest, AtRatio100TheStepKeepsItsLastValueInTheCall) {
     P.SetSong({"1/8 C4 A4 -", "1/8 C4 A4 -"});
     Fields.AlternateTime.Set(100);
     Fields.NoteSilenceRatio.Set(100);
-    P.Outputs.OnLine = [this, line = 0]() mutable { Fields.NoteSilenceRatio.Set(++line == 1 ? 99 : 100); };
+    Recorded.OnLine = [this, line = 0]() mutable { Fields.NoteSilenceRatio.Set(++line == 1 ? 99 : 100); };
     PlayAll();
     // First line: up to 147.5 ms. Second: with the step of 100 kept, up to 400 ms; with a step of 0 it were
     // 500.
@@ -129,7 +129,7 @@ TEST_F(PlaybackTest, AlternatingTonesKeepSoundingOnlyWhileAnotherFollows) {
 
 TEST_F(PlaybackTest, ALineThatStartsTooLatePlaysNoToneButStillWaits) {
     P.SetSong({"1/16 C4 - -", "1/16 E4 - -", "1/16 A4 - -"});
-    P.Outputs.OnLine = [this, line = 0]() mutable {
+    Recorded.OnLine = [this, line = 0]() mutable {
         if (++line == 2)
             P.Time.Block(100);
     };
@@ -235,7 +235,7 @@ TEST_F(PlaybackTest, EachLineIsSelectedScrolledToAndShownInTheModBoxes) {
     Watcher watcher;
     P.App.List.AddObserver(watcher);
     std::string boxes;
-    P.Outputs.OnLine = [&] {
+    Recorded.OnLine = [&] {
         boxes += fmt::format("{}{}{} ", P.App.List.SelectedItem(), Fields.ModDottedCheck ? "D" : "",
                              Fields.ModTripletCheck ? "T" : "");
     };
@@ -250,7 +250,7 @@ TEST_F(PlaybackTest, EachLineIsSelectedScrolledToAndShownInTheModBoxes) {
 TEST_F(PlaybackTest, ControlsAreDisabledWhilePlayingAndEnabledAfterwards) {
     P.SetSong({"1/8 C4 - -"});
     bool during = false;
-    P.Outputs.OnLine = [&] {
+    Recorded.OnLine = [&] {
         during = !Fields.PianoKeysEnabled && !Fields.PlayAllButtonEnabled &&
                  !Fields.PlayFromLineButtonEnabled && Fields.StopPlayButtonEnabled &&
                  !Fields.NoUpdateCheckEnabled && Fields.MusicIsPlaying;
@@ -277,7 +277,7 @@ TEST_F(PlaybackTest, TheBeepLabelShowsForEachTone) {
 TEST_F(PlaybackTest, ThePositionMovesLineByLineAndStartsOver) {
     P.SetSong({"Half - - -", "Whole - - -", "1/16 - - -"});
     std::string positions = Fields.lblPlayBar.Get() + "/" + Fields.lblPlayPos.Get() + " ";
-    P.Outputs.OnLine = [&] {
+    Recorded.OnLine = [&] {
         positions +=
             Fields.lblPlayBar.Get() + "/" + Fields.lblPlayPos.Get() + "/" + Fields.lblPlaySig.Get() + " ";
     };
@@ -290,7 +290,7 @@ TEST_F(PlaybackTest, ThePositionMovesLineByLineAndStartsOver) {
 TEST_F(PlaybackTest, TripletsLeaveNoResidueInThePosition) {
     P.SetSong({"Whole - - Tri", "Whole - - tri", "Whole - - TRI", "Half - - -"});
     std::string last;
-    P.Outputs.OnLine = [&] { last = Fields.lblPlayBar.Get() + " " + Fields.lblPlayPos.Get(); };
+    Recorded.OnLine = [&] { last = Fields.lblPlayBar.Get() + " " + Fields.lblPlayPos.Get(); };
     PlayAll();
     EXPECT_EQ(last, "002 01 ");
 }
@@ -299,7 +299,7 @@ TEST_F(PlaybackTest, DoNotUpdateKeepsThePosition) {
     P.SetSong({"Half - - -", "Half - - -"});
     Fields.NoUpdateCheck = true;
     std::string positions;
-    P.Outputs.OnLine = [&] { positions += Fields.lblPlayPos.Get() + "|"; };
+    Recorded.OnLine = [&] { positions += Fields.lblPlayPos.Get() + "|"; };
     PlayAll();
     EXPECT_EQ(positions, "01 |01 |");
 }
@@ -478,7 +478,7 @@ TEST_F(PlaybackTest, TheVoiceFollowsNote2) {
 
 TEST_F(PlaybackTest, TheBeatHookRunsBeforeEachLinesTonesAndTakesItsTimeFromThem) {
     P.SetSong({"1/8 C4 - -"});
-    P.Outputs.OnLine = [this] { P.Time.Block(45); };
+    Recorded.OnLine = [this] { P.Time.Block(45); };
     PlayAll();
     EXPECT_EQ(P.Timeline.Text(), "0.0000 line\n0.0450 speaker 262 Hz 80 ms\n");
 }

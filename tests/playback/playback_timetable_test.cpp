@@ -146,7 +146,7 @@ TEST(Timetable, ALongSongDoesNotDrift) {
         p.App.List.Insert(p.App.List.Count() + 1, {Lengths[line.Length], "C4", "", ""});
     std::int32_t lines = 0;
     double worst = 0;
-    p.Outputs.OnLine = [&] {
+    recorded.OnLine = [&] {
         const double now = static_cast<double>(p.Time.Now()) / SimulatedTime::CountsPerSecond;
         worst = std::max(worst, now - lines++ * 0.5 * 60 / 139);
     };

@@ -119,11 +119,13 @@ TEST_F(UniBeepTest, TheMutedSpeakerComesBeforeThePortamento) {
 TEST_F(UniBeepTest, ThePortamentoGetsThePitchAndNobodyWaits) {
     Fields.UsePortamento = true;
     P.App.Log.Enable();
-    Beep("A4", 100);
-    EXPECT_EQ(P.Timeline.Text(), "0.0000 portamento 440 Hz\n0.0000 portamento start\n");
+    std::string note = "A4";
+    P.App.Tones.UniBeep(note, 100);
     EXPECT_EQ(P.Time.Now(), 0);
     EXPECT_NE(P.LogText().find("    PC Speaker - Tweeble Portamento - WantedPitch -> 440\n"),
               std::string::npos);
+    P.Time.RunUntil(20);
+    EXPECT_EQ(P.Timeline.Text(), "0.0150 speaker 440 Hz 30 ms\n");
 }
 
 /// Whether the generator is asked to keep sounding.

@@ -1,23 +1,42 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <functional>
+
 #include "support/simulated_program.h"
 
 namespace quavix::test {
 
-/// A tone dispatcher and a playback engine on a program's parts, with the recorder in the place of MIDI, of
-/// the portamento and, where no other is given, of the beat.
+/// A tone dispatcher and a playback engine on a program's parts. The portamento's tones and the starts of
+/// lines are recorded instead.
 struct RecordedPlayback {
-    explicit RecordedPlayback(SimulatedProgram& p) : RecordedPlayback(p, p.Outputs) {}
-    RecordedPlayback(SimulatedProgram& p, BeatHook& beat)
-        : Tones(p.App.Fields, {p.Speaker, p.App.Motor, p.App.Fmod.Generator, p.App.MidiOut, p.Outputs},
+    explicit RecordedPlayback(SimulatedProgram& p)
+        : RecordedPlayback(p, [this, &p] {
+              p.Timeline.Record(p.Time.Now(), "line");
+              if (OnLine)
+                  OnLine();
+          }) {}
+    RecordedPlayback(SimulatedProgram& p, std::function<void()> lineStarts)
+        : Glide(p),
+          Tones(p.App.Fields, {p.Speaker, p.App.Motor, p.App.Fmod.Generator, p.App.MidiOut, Glide},
                 p.App.Code, p.App.Wait, p.Boxes, p.App.Log),
           Playback({p.App.Fields, p.App.List, p.App.Mods, p.App.Position, Tones, p.App.Code,
-                    p.App.Fmod.Generator, p.App.Fmod.Singer, beat, p.App.Synchro, p.Time, p.App.Wait, p.Boxes,
-                    p.App.Log}) {}
+                    p.App.Fmod.Generator, p.App.Fmod.Singer, std::move(lineStarts), p.App.Synchro, p.Time,
+                    p.App.Wait, p.Boxes, p.App.Log}) {}
 
+    struct RecordedGlide : ToneOutput {
+        explicit RecordedGlide(SimulatedProgram& program) : P(program) {}
+        void Sound(const Tone& tone) override {
+            P.Timeline.Record(P.Time.Now(), fmt::format("portamento {} Hz", tone.WholeFrequency()));
+        }
+        SimulatedProgram& P;
+    };
+
+    RecordedGlide Glide;
     ToneDispatcher Tones;
     PlaybackEngine Playback;
+    /// Runs at the start of every line.
+    std::function<void()> OnLine;
 };
 
 }  // namespace quavix::test

@@ -7,7 +7,6 @@
 #include "app/program.h"
 #include "shell/seeded_random_numbers.h"
 #include "simulation/recorded_loading_view.h"
-#include "simulation/recorded_outputs.h"
 #include "simulation/recorded_sound_library.h"
 #include "simulation/simulated_batch_files.h"
 #include "simulation/simulated_clipboard.h"
@@ -50,7 +49,6 @@ struct SimulatedProgram {
     SimulatedSpeaker Speaker{Time, Timeline};
     SeededRandomNumbers Random{0};
     SimulatedSerialPort Comm{Time, Timeline};
-    RecordedOutputs Outputs{Time, Timeline};
     RecordedSoundLibrary Library{Time, Timeline};
     SimulatedMidiOut MidiOut{Time, Timeline};
     SimulatedMidiIn MidiIn{Time, Timeline};
