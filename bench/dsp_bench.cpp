@@ -9,7 +9,7 @@
 #include <benchmark/benchmark.h>
 
 #include "dsp/square_wave.h"
-#include "dsp/wav_writer.h"
+#include "dsp/wav.h"
 
 namespace quavix {
 namespace {

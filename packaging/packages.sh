@@ -7,7 +7,7 @@ build_packages="cmake ninja-build g++ pkg-config qt6-base-dev qt6-serialport-dev
     libjack-jackd2-dev libfmt-dev"
 run_packages="fonts-dejavu-core qt6-wayland"
 test_packages="libgtest-dev libgmock-dev libbenchmark-dev clang clang-format clang-tidy libclang-rt-14-dev
-    jackd2 fluidsynth fluid-soundfont-gm xvfb xauth libxcb-damage0-dev at-spi2-core dbus-daemon git"
+    jackd2 fluidsynth fluid-soundfont-gm xvfb xauth libxcb-damage0-dev libsndfile1-dev at-spi2-core dbus-daemon git"
 # For the pictures in the documents.
 picture_packages="xvfb xdotool imagemagick fonts-dejavu-core sox"
 

@@ -3,15 +3,44 @@
 
 #include <atomic>
 #include <condition_variable>
+#include <fstream>
 #include <memory>
 #include <mutex>
+#include <optional>
+#include <span>
+#include <string>
 #include <thread>
 #include <vector>
 
+#include "dsp/wav.h"
 #include "sound_engine/output.h"
-#include "sound_engine/wav_file.h"
 
 namespace quavix::sound_engine {
+
+/// Blocks of mono sound as a stereo WAV file of any length.
+class WavFile {
+  public:
+    static constexpr int Channels = 2;
+
+    /// Replaces the file. Blocks have at most `mostFrames`.
+    WavFile(const std::string& name, int framesPerSecond, std::size_t mostFrames);
+    /// Completes the file.
+    ~WavFile();
+    WavFile(const WavFile&) = delete;
+    WavFile& operator=(const WavFile&) = delete;
+
+    /// Whether all went well so far.
+    bool Good() const { return good_; }
+
+    void Write(std::span<const float> block);
+    void WriteSilence(std::size_t frames);
+
+  private:
+    std::ofstream stream_;
+    std::optional<WavWriter> writer_;
+    std::vector<float> frames_;
+    bool good_ = false;
+};
 
 /// Takes sound without a device, and keeps it in a WAV file if there is one.
 class SoundlessOutput : public Output {

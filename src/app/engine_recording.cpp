@@ -12,7 +12,7 @@
 #include <fmt/format.h>
 
 #include "dsp/resampler.h"
-#include "dsp/wav_reader.h"
+#include "dsp/wav.h"
 #include "fmod/fmod_errors.h"
 #include "simulation/rendered_speaker.h"
 
@@ -90,11 +90,14 @@ void EngineRecording::Finish(WavWriter& out, std::int32_t sampleRate) {
                                             : "the sound can't be written any further");
         samples.clear();
     };
+    const auto channels = static_cast<std::size_t>(in.Channels());
     while (left > 0) {
-        const auto wanted = static_cast<std::size_t>(std::min<std::int64_t>(left, block.size()));
-        const std::size_t count = in.Read(std::span(block).first(wanted));
-        if (count == 0)
+        const std::size_t read = in.Read(block);
+        if (read == 0)
             throw RenderError("the sound is too long for the sound engine's file");
+        const std::size_t count = std::min<std::size_t>(read / channels, left);
+        for (std::size_t i = 0; i < count; ++i)
+            block[i] = block[i * channels];
         resampler.Process(std::span(block).first(count), samples);
         write();
         left -= static_cast<std::int64_t>(count);

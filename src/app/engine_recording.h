@@ -5,7 +5,7 @@
 #include <fstream>
 #include <string>
 
-#include "dsp/wav_writer.h"
+#include "dsp/wav.h"
 #include "fmod/fmod_engine.h"
 #include "ports/sound_library.h"
 #include "simulation/simulated_time.h"

@@ -9,7 +9,7 @@
 #include "app/absent_serial_port.h"
 #include "app/engine_recording.h"
 #include "app/program.h"
-#include "dsp/wav_writer.h"
+#include "dsp/wav.h"
 #include "midi/midi_file_opening.h"
 #include "music/lengths.h"
 #include "shell/runtime_error.h"

@@ -5,7 +5,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "dsp/wav_writer.h"
+#include "dsp/wav.h"
 #include "ports/speaker.h"
 #include "simulation/simulated_time.h"
 

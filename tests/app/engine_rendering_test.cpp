@@ -12,7 +12,7 @@
 #include "simulation/simulated_files.h"
 #include "support/measure.h"
 #include "support/spectrum.h"
-#include "support/wav_reader.h"
+#include "support/wav_sound.h"
 
 namespace quavix {
 namespace {

@@ -13,7 +13,7 @@
 #include "simulation/simulated_files.h"
 #include "support/measure.h"
 #include "support/midi_song.h"
-#include "support/wav_reader.h"
+#include "support/wav_sound.h"
 
 namespace quavix {
 namespace {

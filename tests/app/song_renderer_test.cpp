@@ -14,7 +14,7 @@
 #include "simulation/simulated_midi_file_reader.h"
 #include "simulation/simulated_time.h"
 #include "support/measure.h"
-#include "support/wav_reader.h"
+#include "support/wav_sound.h"
 
 namespace quavix {
 namespace {

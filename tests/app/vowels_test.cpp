@@ -16,7 +16,7 @@
 #include "simulation/simulated_dialogs.h"
 #include "simulation/simulated_files.h"
 #include "support/spectrum.h"
-#include "support/wav_reader.h"
+#include "support/wav_sound.h"
 
 namespace quavix {
 namespace {

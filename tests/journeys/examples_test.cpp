@@ -14,7 +14,7 @@
 #include "simulation/simulated_time.h"
 #include "support/measure.h"
 #include "support/simulated_program.h"
-#include "support/wav_reader.h"
+#include "support/wav_sound.h"
 
 namespace quavix {
 namespace {

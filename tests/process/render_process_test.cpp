@@ -9,7 +9,7 @@
 
 #include "support/measure.h"
 #include "support/temporary_folder.h"
-#include "support/wav_reader.h"
+#include "support/wav_sound.h"
 
 namespace quavix {
 namespace {
@@ -73,9 +73,7 @@ TEST_F(RenderProgram, WritesMidiFilesWithTheModuleThatLiesBesideIt) {
 
 TEST_F(RenderProgram, WritesToStandardOutputWithTrueSizes) {
     EXPECT_EQ(Run("$render song - | cat >out.wav"), 0);
-    const auto sound = test::ReadWavFile(Folder.File("out.wav"));
-    ASSERT_TRUE(sound);
-    EXPECT_EQ(sound->StatedDataBytes, sound->Frames() * 2);
+    EXPECT_EQ(Run("$render song file.wav && cmp out.wav file.wav"), 0);
 }
 
 TEST_F(RenderProgram, ExitsWith1ForBadUsage) {

@@ -13,7 +13,7 @@
 
 #include "sound_engine/sound_engine.h"
 #include "support/temporary_folder.h"
-#include "support/wav_reader.h"
+#include "support/wav_sound.h"
 
 namespace {
 

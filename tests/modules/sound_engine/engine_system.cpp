@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "support/wav_reader.h"
+#include "support/wav_sound.h"
 
 namespace quavix::test {
 

@@ -13,7 +13,7 @@
 namespace quavix::test {
 namespace {
 
-constexpr float Volume = 0.5F;
+constexpr float ToneVolume = 0.5F;
 
 struct Tone {
     SoundWaveform Type = SOUND_SINE;
@@ -28,7 +28,7 @@ std::vector<float> Sound(Tone tone, std::int64_t frames = 48000) {
     engine.InitWav(folder.File("tone.wav"), 16);
     SoundChannel* channel = engine.Play(engine.Oscillator(tone.Type, tone.OscillatorRate));
     engine.Frequency(channel, tone.ChannelFrequency);
-    engine.Volume(channel, Volume);
+    engine.Volume(channel, ToneVolume);
     constexpr std::int64_t FadeIn = 96;
     engine.Mix(FadeIn + frames);
     std::vector<float> samples = engine.Finish();
@@ -72,7 +72,7 @@ TEST(EngineOscillator, IsFullScale) {
     const auto fundamental = [](SoundWaveform type) {
         const float rate = OscillatorRate(type);
         const double hz = static_cast<double>(rate) * 5280.0 / 48000.0 * (type == SOUND_SQUARE ? 0.5 : 1.0);
-        return LevelDb(Sound({type, rate, 5280.0F}, 16384), EngineRate, hz) - 20.0 * std::log10(Volume);
+        return LevelDb(Sound({type, rate, 5280.0F}, 16384), EngineRate, hz) - 20.0 * std::log10(ToneVolume);
     };
     const auto db = [](double amplitude) { return 20.0 * std::log10(amplitude); };
     constexpr double Pi = std::numbers::pi;
@@ -144,9 +144,9 @@ TEST(EngineOscillator, MakesANoiseThatALowerFrequencyMakesDarker) {
     const std::vector<float> bright = noise(44100.0F);
     const std::vector<float> dark = noise(2000.0F);
     // Uniform values joined by lines have the variance 2 / 9.
-    EXPECT_NEAR(Rms(dark), Volume * std::sqrt(2.0 / 9.0), 0.01);
-    EXPECT_GT(Peak(bright), 0.95 * Volume);
-    EXPECT_LE(Peak(bright), Volume);
+    EXPECT_NEAR(Rms(dark), ToneVolume * std::sqrt(2.0 / 9.0), 0.01);
+    EXPECT_GT(Peak(bright), 0.95 * ToneVolume);
+    EXPECT_LE(Peak(bright), ToneVolume);
     EXPECT_NEAR(Mean(bright), 0.0, 0.01);
     const auto highs = [](const std::vector<float>& sound) {
         double sum = 0.0;

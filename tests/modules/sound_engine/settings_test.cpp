@@ -7,7 +7,7 @@
 #include "modules/sound_engine/engine_system.h"
 #include "support/measure.h"
 #include "support/temporary_folder.h"
-#include "support/wav_reader.h"
+#include "support/wav_sound.h"
 
 namespace quavix::test {
 namespace {

@@ -8,7 +8,7 @@
 
 #include "quavix_window.h"
 #include "support/measure.h"
-#include "support/wav_reader.h"
+#include "support/wav_sound.h"
 
 namespace quavix::test {
 namespace {

@@ -14,7 +14,7 @@
 #include "process/jack_server.h"
 #include "quavix_window.h"
 #include "support/measure.h"
-#include "support/wav_reader.h"
+#include "support/wav_sound.h"
 
 namespace quavix::test {
 namespace {

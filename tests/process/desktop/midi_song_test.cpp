@@ -18,7 +18,7 @@
 #include "support/simulated_program.h"
 #include "support/spectrum.h"
 #include "support/temporary_folder.h"
-#include "support/wav_reader.h"
+#include "support/wav_sound.h"
 
 namespace quavix {
 namespace {

@@ -10,7 +10,7 @@
 #include "heard_sound.h"
 #include "quavix_window.h"
 #include "support/measure.h"
-#include "support/wav_reader.h"
+#include "support/wav_sound.h"
 
 namespace quavix::test {
 namespace {

@@ -2,12 +2,13 @@
 #pragma once
 
 #include <cstdint>
-#include <span>
+#include <fstream>
+#include <optional>
 #include <string>
 
+#include "dsp/wav.h"
 #include "platform/common/monotonic.h"
 #include "platform/common/speaker/platform_speaker.h"
-#include "platform/posix/file_descriptor.h"
 
 namespace quavix {
 
@@ -26,14 +27,13 @@ class WavSpeaker : public PlatformSpeaker {
 
   private:
     void WriteTone(std::int32_t frequency, std::int32_t durationMs, std::int64_t startNs);
-    bool WriteHeader();
-    bool WriteAt(std::int64_t offset, const void* data, std::size_t size);
+    void SetFailure();
 
     std::string path_;
     ToneClock clock_;
-    FileDescriptor file_;
+    std::ofstream file_;
+    std::optional<WavWriter> wav_;
     std::int64_t madeNs_;
-    std::int64_t frames_ = 0;
     std::string failure_;
 };
 
