@@ -64,6 +64,7 @@ bool JackServer::Start(int sampleRate) {
     if (process_ == 0) {
         dup2(serversOutput.Get(), STDOUT_FILENO);
         dup2(serversOutput.Get(), STDERR_FILENO);
+        fcntl(lock_.Get(), F_SETFD, 0);    // the name is taken until the server has ended
         signal(SIGPIPE, SIG_IGN);          // nobody listens to it for long
         prctl(PR_SET_PDEATHSIG, SIGTERM);  // a test that crashes leaves no server behind
         execlp("jackd", "jackd", "-r", "-S", "-t", "10000", "-d", "dummy", "-r", rate.c_str(), "-p", "128",
