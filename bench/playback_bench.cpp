@@ -76,8 +76,10 @@ void TripletLinesAtTheEndOverAtTheStart(benchmark::State& state) {
             if (starts.size() % 1000 == 0)
                 p.Timeline.Clear();
         };
-        p.App.Playback.OnRangeEnd = [&] { p.App.Playback.StopPlayButton_Click(); };
-        p.App.Playback.PlayAllButton_Click();
+        p.App.Playing.PlaybackEngine.OnRangeEnd = [&] {
+            p.App.Playing.PlaybackEngine.StopPlayButton_Click();
+        };
+        p.App.Playing.PlaybackEngine.PlayAllButton_Click();
         const double first = Seconds(starts[Share] - starts[0]).count();
         const double last = Seconds(starts[Lines - 1] - starts[Lines - 1 - Share]).count();
         state.counters["us_per_line_at_start"] = first / Share * 1e6;

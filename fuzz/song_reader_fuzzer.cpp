@@ -6,19 +6,11 @@
 
 #include <fmt/format.h>
 
-#include "app/absent_midi.h"
-#include "app/program.h"
+#include "program/common_parts.h"
+#include "program/program.h"
+#include "program/song_storage.h"
 #include "shell/runtime_error.h"
-#include "shell/seeded_random_numbers.h"
-#include "simulation/recorded_loading_view.h"
-#include "simulation/recorded_sound_library.h"
-#include "simulation/simulated_clipboard.h"
-#include "simulation/simulated_dialogs.h"
-#include "simulation/simulated_files.h"
-#include "simulation/simulated_serial_port.h"
-#include "simulation/simulated_speaker.h"
-#include "simulation/simulated_time.h"
-#include "simulation/timeline.h"
+#include "simulation/simulated_ports.h"
 
 // Loads any bytes as a song. Whatever they are, the load ends in a song or in one of two errors; and a song
 // that was loaded is the same after it was saved and loaded again.
@@ -54,50 +46,26 @@ class FuzzedBoxes : public MessageBoxes {
     int linesToAccept_;
 };
 
+/// A program on simulated ports but for its message boxes.
 struct FuzzedProgram {
     FuzzedProgram(bool loadAnyway, int linesToAccept) : Boxes(loadAnyway, linesToAccept) {}
 
     std::string Save() {
-        Disk.Delete("saved");
-        Picker.AnswerNext("saved");
-        App.Writer.SaveMusic();
-        return Disk.Content("saved");
+        Simulated.Disk.Delete("saved");
+        Simulated.Picker.AnswerNext("saved");
+        App.Storage.SongWriter.SaveMusic();
+        return Simulated.Disk.Content("saved");
     }
 
-    quavix::Timeline Timeline;
-    SimulatedTime Time;
+    ProgramPorts Ports() {
+        ProgramPorts ports = Simulated.All();
+        ports.Boxes = Boxes;
+        return ports;
+    }
+
     FuzzedBoxes Boxes;
-    SimulatedFilePicker Picker{Time, Timeline};
-    SimulatedClipboard Clipboard{Time, Timeline};
-    SimulatedFiles Disk;
-    SimulatedSpeaker Speaker{Time, Timeline};
-    SeededRandomNumbers Random{0};
-    SimulatedSerialPort Comm{Time, Timeline};
-    AbsentMidi Absent;
-    RecordedSoundLibrary Library{Time, Timeline};
-    RecordedLoadingView Loading{Time, Timeline};
-    Program App{{
-        .Time = Time,
-        .Pump = Time,
-        .Ticks = Time,
-        .Random = Random,
-        .Boxes = Boxes,
-        .Picker = Picker,
-        .TextClipboard = Clipboard,
-        .Disk = Disk,
-        .PcSpeaker = Speaker,
-        .Comm = Comm,
-        .Sound = Library,
-        .MidiOutDevices = Absent.Out,
-        .MidiInDevices = Absent.In,
-        .MidiFiles = Absent.Reader,
-        .Batches = Absent.Batches,
-        .Loading = Loading,
-        .ProgramFolder = {},
-        .WinFolder = {},
-        .LogFile = "log",
-        .ToneCodeFile = "tonecode",
-    }};
+    SimulatedPorts Simulated;
+    Program App{Ports()};
 };
 
 void LoadSaveLoad(std::uint8_t answers, std::uint8_t readSize, std::string song) {
@@ -106,24 +74,24 @@ void LoadSaveLoad(std::uint8_t answers, std::uint8_t readSize, std::string song)
     if ((answers & 0x10) != 0)
         first.App.Log.Enable();
     if (readSize > 0)
-        first.Disk.SetReadSize(readSize);
+        first.Simulated.Disk.SetReadSize(readSize);
     first.App.List.Append("old", "SONG", "", "");
-    first.Disk.Put("song", std::move(song));
+    first.Simulated.Disk.Put("song", std::move(song));
     try {
-        first.App.Reader.ActuallyLoadMusic("song");
+        first.App.Storage.SongReader.ActuallyLoadMusic("song");
     } catch (const RuntimeError& error) {
         Require(error.Number() == RuntimeError::Overflow || error.Number() == RuntimeError::TypeMismatch,
                 "a load ends in a song, an overflow or a type mismatch");
         Require(first.App.List.Count() == 1 && first.App.List.Text(1, Cell::Note1) == "SONG",
                 "a load that fails leaves the old list");
     }
-    Require(!first.Loading.InfoShown, "the information mode is left");
+    Require(!first.Simulated.Loading.InfoShown, "the information mode is left");
     Require(first.App.Log.LogIndent() == 0, "the log's indentation is what it was");
 
     const std::string saved = first.Save();
     FuzzedProgram second(false, 0);
-    second.Disk.Put("song", saved);
-    second.App.Reader.ActuallyLoadMusic("song");
+    second.Simulated.Disk.Put("song", saved);
+    second.App.Storage.SongReader.ActuallyLoadMusic("song");
     Require(second.Boxes.Count == 0, "a saved song loads without a word");
     Require(second.App.List.Count() == first.App.List.Count(), "a saved song has as many rows");
     for (std::int32_t row = 1; row <= first.App.List.Count(); ++row) {

@@ -5,10 +5,8 @@
 #include <memory>
 
 #include "app/command_line.h"
-#include "app/program.h"
 #include "app/shutdown.h"
 #include "app/start_up.h"
-#include "app/window_parts_of.h"
 #include "platform/common/immediate_end.h"
 #include "platform/common/module_midi_devices.h"
 #include "platform/common/module_midi_file_reader.h"
@@ -30,9 +28,13 @@
 #include "platform/qt/qt_message_boxes.h"
 #include "platform/qt/qt_serial_port.h"
 #include "platform/qt/qt_timers.h"
+#include "program/common_parts.h"
+#include "program/outputs.h"
+#include "program/playing.h"
+#include "program/program.h"
+#include "program/song_storage.h"
 #include "shell/file_exists.h"
 #include "shell/program_info.h"
-#include "shell/whole_text.h"
 #include "songfile/recovery.h"
 #include "ui/dialogs/save_load_form.h"
 #include "ui/main_window/main_form.h"
@@ -109,14 +111,14 @@ int main(int argc, char** argv) {
         .LogFile = FileInFolder(folder, "debuglog.txt"),
         .ToneCodeFile = FileInFolder(folder, "tonecode.txt"),
     });
-    Recovery recovery({app.Fields, app.List, app.Changes, app.Document, files, timers, clock, boxes,
-                       app.Handlers, app.Log, [&] { return app.IsSounding(); },
+    Recovery recovery({app.Fields, app.List, app.Storage.SongChanges, app.Storage.SongDocument, files, timers,
+                       clock, boxes, app.Handlers, app.Log, [&] { return app.IsSounding(); },
                        StateFolderFromEnvironment()});
     Shutdown shutdown(app.Fields, app.Log, processEnd);
-    shutdown.BeforeShutDown([&] { app.Fmod.Singer.VoiceDoShutDownStuff(); });
-    shutdown.OnShutDown([&] { app.Motor.Stop(); });
+    shutdown.BeforeShutDown([&] { app.Outputs.SoundMods.Singer.VoiceDoShutDownStuff(); });
+    shutdown.OnShutDown([&] { app.Outputs.MotorModModule.Stop(); });
     shutdown.OnShutDown([&] { recovery.End(); });
-    shutdown.OnShutDown([&] { app.Fmod.Engine.Stop(); });
+    shutdown.OnShutDown([&] { app.Outputs.SoundMods.Engine.Stop(); });
     shutdown.OnShutDown([&] { app.ReleaseMidi(); });
     closeProgram = [&] {
         boxes.AnswerThemselves();
@@ -125,15 +127,17 @@ int main(int argc, char** argv) {
     application.WhenReadable(signals.Descriptor(), closeProgram);
 
     std::string midiFile;
-    StartUp startUp({app.Fields, clock, files, boxes, processes, *speaker, app.Fmod, app.Handlers, app.Log,
-                     [&](const std::string& song) { app.Document.LoadFile(song); },
-                     [&](bool songIsLoaded) { recovery.OfferLeftovers(songIsLoaded); },
-                     [&] { app.Motor.CheckForPort(); }, [&](const std::string& file) { midiFile = file; }},
-                    {folder, winFolder, CommandText(application.Arguments())});
+    StartUp startUp(
+        {app.Fields, clock, files, boxes, processes, *speaker, app.Outputs.SoundMods, app.Handlers, app.Log,
+         [&](const std::string& song) { app.Storage.SongDocument.LoadFile(song); },
+         [&](bool songIsLoaded) { recovery.OfferLeftovers(songIsLoaded); },
+         [&] { app.Outputs.MotorModModule.CheckForPort(); },
+         [&](const std::string& file) { midiFile = file; }},
+        {folder, winFolder, CommandText(application.Arguments())});
     app.Handlers.Run("MainForm_Load", [&] { startUp.BeforeMainForm(); });
     const auto close = [&] {
         app.Handlers.Run("MainForm_QueryUnload", [&] {
-            if (!app.Document.MayClose())
+            if (!app.Storage.SongDocument.MayClose())
                 return;
             recovery.GiveUpUnsaved();
             // What can't be released stands in the log; the end is not held up by it.
@@ -141,13 +145,12 @@ int main(int argc, char** argv) {
             shutdown.CloseProgram();
         });
     };
-    MainForm mainForm(PartsOf(app, *speaker, boxes, saveLoad, close,
-                              [&] { return WholeText(files, FileInFolder(folder, "info.txt")); }));
+    MainForm mainForm(app, saveLoad, close);
     app.Handlers.Run("MainForm_Load", [&] { startUp.AfterMainForm(); });
     app.Handlers.Run("MainForm_Load", [&] { startUp.OfferUnsavedSongs(); });
     mainForm.show();
     // Its window comes beside the main one.
     if (!midiFile.empty())
-        app.Handlers.Run("MainForm_Load", [&] { app.MidiFile.UseFile(midiFile); });
+        app.Handlers.Run("MainForm_Load", [&] { app.Playing.MidiFilePlayback.UseFile(midiFile); });
     return application.Run();
 }

@@ -5,13 +5,16 @@
 #include <span>
 #include <utility>
 
-#include "app/absent_midi.h"
-#include "app/absent_serial_port.h"
 #include "app/engine_recording.h"
-#include "app/program.h"
 #include "dsp/wav.h"
 #include "midi/midi_file_opening.h"
 #include "music/lengths.h"
+#include "program/absent_ports.h"
+#include "program/common_parts.h"
+#include "program/outputs.h"
+#include "program/playing.h"
+#include "program/program.h"
+#include "program/song_storage.h"
 #include "shell/runtime_error.h"
 #include "shell/seeded_random_numbers.h"
 #include "simulation/rendered_speaker.h"
@@ -22,20 +25,6 @@ namespace {
 
 /// So that a rendering is the same every time.
 constexpr std::uint32_t RandomSeed = 1;
-
-/// Nobody is asked for file names.
-class NoFilePicker : public FilePicker {
-  public:
-    std::string AskForSaveName(const FileDialog&) override { return {}; }
-    std::string AskForOpenName(const FileDialog&) override { return {}; }
-};
-
-/// Nothing is copied.
-class NoClipboard : public Clipboard {
-  public:
-    void SetText(const std::string&) override {}
-    std::string Text() override { return {}; }
-};
 
 /// Passes the rendering's progress on, and stops the load when that is wanted.
 class RenderLoadingView : public LoadingView {
@@ -99,7 +88,7 @@ class RenderPump : public EventPump {
 void Load(Program& program, const std::string& song) {
     bool loaded = false;
     try {
-        loaded = program.Reader.ActuallyLoadMusic(song).Loaded;
+        loaded = program.Storage.SongReader.ActuallyLoadMusic(song).Loaded;
     } catch (const RuntimeError& error) {
         throw SongError(error.what());
     }
@@ -117,25 +106,25 @@ double SecondsOfSong(const Program& program) {
 }
 
 void Play(Program& program, std::int32_t passes) {
-    program.Playback.OnRangeEnd = [&program, left = passes]() mutable {
+    program.Playing.PlaybackEngine.OnRangeEnd = [&program, left = passes]() mutable {
         if (--left == 0)
-            program.Playback.StopPlayButton_Click();
+            program.Playing.PlaybackEngine.StopPlayButton_Click();
     };
-    program.Playback.PlayAllButton_Click();
+    program.Playing.PlaybackEngine.PlayAllButton_Click();
 }
 
 void OpenMidi(Program& program, const std::string& file) {
-    if (!program.MidiFile.Open(file))
+    if (!program.Playing.MidiFilePlayback.Open(file))
         throw SongError("it was not opened");
 }
 
 double SecondsOfMidiFile(const Program& program) {
     constexpr double MsPerSecond = 1000;
-    return program.MidiFile.Length() / MsPerSecond;
+    return program.Playing.MidiFilePlayback.Length() / MsPerSecond;
 }
 
 void PlayMidi(Program& program, RenderPump& pump, std::int32_t passes) {
-    MidiFilePlayback& midi = program.MidiFile;
+    MidiFilePlayback& midi = program.Playing.MidiFilePlayback;
     midi.chkLoop = true;
     midi.OnEnd = [&midi, left = passes]() mutable { midi.chkLoop = --left > 0; };
     midi.cmdPlay_Click();
@@ -149,16 +138,16 @@ void PlayMidi(Program& program, RenderPump& pump, std::int32_t passes) {
 
 /// The sound card's tones alone are heard.
 void StartTones(Program& program, EngineRecording& engine, std::int32_t waveform) {
-    program.Fmod.StartEngine(engine.Output());
-    engine.Begin(program.Fmod.Engine.System());
-    program.Fmod.Generator.ChangeDSPType(waveform);
+    program.Outputs.SoundMods.StartEngine(engine.Output());
+    engine.Begin(program.Outputs.SoundMods.Engine.System());
+    program.Outputs.SoundMods.Generator.ChangeDSPType(waveform);
     program.Fields.UseFMODCheck = true;
 }
 
 /// The voice alone is heard.
 void StartVoice(Program& program, EngineRecording& engine) {
-    program.Fmod.Singer.Load(engine.Output());
-    engine.Begin(program.Fmod.Singer.VoiceSystem());
+    program.Outputs.SoundMods.Singer.Load(engine.Output());
+    engine.Begin(program.Outputs.SoundMods.Singer.VoiceSystem());
     program.Fields.UseVoiceCheck = true;
     program.Fields.MutePCSpeaker = true;
 }
@@ -166,7 +155,7 @@ void StartVoice(Program& program, EngineRecording& engine) {
 }  // namespace
 
 void SongRenderer::LoadEngine(Program& program) const {
-    program.Fmod.CheckAvailability(programFolder_);
+    program.Outputs.SoundMods.CheckAvailability(programFolder_);
     if (!program.Fields.FmodAvailable)
         throw RenderError("this output needs the sound engine FMODex.dll in the program's folder");
 }
@@ -179,33 +168,14 @@ void SongRenderer::Render(const RenderOptions& options, std::ostream& out) {
     EngineRecording engine(sound_, time);
     RenderPump pump(time, speaker, engine, withEngine, progress_);
     SeededRandomNumbers random(RandomSeed);
-    NoFilePicker picker;
-    NoClipboard clipboard;
-    AbsentSerialPort serialPort;
-    AbsentMidi absent;
     RenderLoadingView loading(progress_);
-    Program program({
-        .Time = time,
-        .Pump = pump,
-        .Ticks = time,
-        .Random = random,
-        .Boxes = boxes_,
-        .Picker = picker,
-        .TextClipboard = clipboard,
-        .Disk = files_,
-        .PcSpeaker = speaker,
-        .Comm = serialPort,
-        .Sound = sound_,
-        .MidiOutDevices = absent.Out,
-        .MidiInDevices = absent.In,
-        .MidiFiles = midiFiles_,
-        .Batches = absent.Batches,
-        .Loading = loading,
-        .ProgramFolder = {},
-        .WinFolder = {},
-        .LogFile = options.LogFile,
-        .ToneCodeFile = options.ToneCodeFile,
-    });
+    AbsentPorts absent;
+    ProgramPorts ports = absent.Beside(time, pump, time, random, boxes_, files_, speaker, sound_);
+    ports.MidiFiles = midiFiles_;
+    ports.Loading = loading;
+    ports.LogFile = options.LogFile;
+    ports.ToneCodeFile = options.ToneCodeFile;
+    Program program(ports);
     if (!options.LogFile.empty())
         program.Log.Enable();
     try {

@@ -13,7 +13,10 @@ class SimulatedSpeaker : public Speaker {
     SimulatedSpeaker(SimulatedTime& time, Timeline& timeline) : time_(time), timeline_(timeline) {}
 
     void Beep(std::int32_t frequency, std::int32_t durationMs) override;
-    SpeakerStatus Status() const override { return {.InUse = "simulated"}; }
+    SpeakerStatus Status() const override { return Now; }
+
+    /// What it reports about itself.
+    SpeakerStatus Now{.InUse = "PC speaker"};
 
   private:
     SimulatedTime& time_;

@@ -18,7 +18,7 @@ TEST(Shutdown, LogsTheRequestFirstAndTheEndLastWithTheReleasesBetween) {
     p.App.Log.Enable();
     CountedEnd end;
     Shutdown shutdown(p.App.Fields, p.App.Log, end);
-    shutdown.BeforeShutDown([&] { p.App.Fmod.Singer.VoiceDoShutDownStuff(); });
+    shutdown.BeforeShutDown([&] { p.App.Outputs.SoundMods.Singer.VoiceDoShutDownStuff(); });
     shutdown.OnShutDown([&] { p.App.Log.LogText("first output"); });
     shutdown.OnShutDown([&] { p.App.Log.LogText("second output"); });
     shutdown.CloseProgram();

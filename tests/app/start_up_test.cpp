@@ -26,13 +26,14 @@ struct NoProcesses : Processes {
 struct Started : test::SimulatedProgram {
     void Start(const std::string& commandLine) {
         StartUp startUp(
-            {App.Fields, Time, Disk, Boxes, System, Speaker, App.Fmod, App.Handlers, App.Log,
+            {App.Fields, Time, Disk, Boxes, System, Speaker, App.Outputs.SoundMods, App.Handlers, App.Log,
              [this](const std::string& song) {
                  Loaded += song;
-                 App.Document.LoadFile(song);
+                 App.Storage.SongDocument.LoadFile(song);
              },
              [this](bool songIsLoaded) { Offered = songIsLoaded ? "told" : "offered"; },
-             [this] { App.Motor.CheckForPort(); }, [this](const std::string& file) { MidiFile += file; }},
+             [this] { App.Outputs.MotorModModule.CheckForPort(); },
+             [this](const std::string& file) { MidiFile += file; }},
             {"/program", "/windows", commandLine});
         startUp.BeforeMainForm();
         startUp.AfterMainForm();
@@ -75,7 +76,7 @@ TEST(StartUp, LogsItsStepsInOrder) {
                   version +
                   "\n"
                   "WinFolder is \"/windows\"\n"
-                  "Speaker in use: simulated\n"
+                  "Speaker in use: PC speaker\n"
                   "FileExists(\"/program/tonecode.txt\") = FALSE\n"
                   "UseWriteCode is FALSE\n"
                   "QueryPerformanceFrequency returned 1000 (TickFreq set to this)\n"
@@ -143,9 +144,9 @@ TEST(StartUp, StartsTheSoundLibraryThatLiesBesideTheProgram) {
     EXPECT_TRUE(p.App.Fields.UseFMODCheckEnabled);
     EXPECT_TRUE(p.App.Fields.UseVoiceCheckEnabled);
     EXPECT_NE(p.Timeline.Text("fmod FMOD_System_PlayDSP"), "");
-    EXPECT_EQ(p.App.Fmod.Generator.DSPType, 1);
+    EXPECT_EQ(p.App.Outputs.SoundMods.Generator.DSPType, 1);
     EXPECT_TRUE(p.Boxes.Shown().empty());
-    EXPECT_FALSE(p.App.Fmod.Singer.IsLoaded()) << "only when it is wanted";
+    EXPECT_FALSE(p.App.Outputs.SoundMods.Singer.IsLoaded()) << "only when it is wanted";
 }
 
 TEST(StartUp, AMachineWithoutSoundIsToldOfInOneMessage) {

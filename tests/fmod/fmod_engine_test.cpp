@@ -14,8 +14,8 @@ class FmodEngineTest : public testing::Test {
     FmodEngineTest() { P.Disk.Put("/program/FMODex.dll", "a library"); }
 
     void StartUp() {
-        P.App.Fmod.CheckAvailability("/program");
-        P.App.Fmod.StartEngine();
+        P.App.Outputs.SoundMods.CheckAvailability("/program");
+        P.App.Outputs.SoundMods.StartEngine();
     }
     std::vector<std::string> BoxTexts() const {
         std::vector<std::string> texts;
@@ -64,7 +64,7 @@ TEST_F(FmodEngineTest, WithoutTheLibraryNothingIsStartedAndNothingIsSaid) {
     EXPECT_EQ(P.LogText(),
               "FileExists(\"/program/FMODex.dll\") = FALSE\n"
               "FMOD can NOT be used ('fmodex.dll' not seen)\n");
-    P.App.Fmod.Engine.Stop();
+    P.App.Outputs.SoundMods.Engine.Stop();
     EXPECT_EQ(P.Timeline.Text(), "");
 }
 
@@ -100,20 +100,20 @@ TEST_F(FmodEngineTest, LogsTheBufferLength) {
 
 TEST_F(FmodEngineTest, TheBufferLengthIsRoundedToWholeMilliseconds) {
     StartUp();
-    EXPECT_EQ(P.App.Fmod.Engine.GetFMODBufferLength(), 93);  // 92.88
+    EXPECT_EQ(P.App.Outputs.SoundMods.Engine.GetFMODBufferLength(), 93);  // 92.88
     P.Library.Rate = 48000;
-    EXPECT_EQ(P.App.Fmod.Engine.GetFMODBufferLength(), 85);  // 85.33
+    EXPECT_EQ(P.App.Outputs.SoundMods.Engine.GetFMODBufferLength(), 85);  // 85.33
     P.Library.Rate = 8000;
     P.Library.BufferLength = 20;
     P.Library.BufferCount = 1;
-    EXPECT_EQ(P.App.Fmod.Engine.GetFMODBufferLength(), 2) << "2.5 goes to the even one";
+    EXPECT_EQ(P.App.Outputs.SoundMods.Engine.GetFMODBufferLength(), 2) << "2.5 goes to the even one";
 }
 
 TEST_F(FmodEngineTest, BuffersBeyond32BitsAreAnOverflow) {
     P.Library.BufferLength = 65536;
     P.Library.BufferCount = 32768;
     try {
-        P.App.Fmod.Engine.GetFMODBufferLength();
+        P.App.Outputs.SoundMods.Engine.GetFMODBufferLength();
         FAIL();
     } catch (const RuntimeError& error) {
         EXPECT_EQ(error.Number(), RuntimeError::Overflow);
@@ -162,7 +162,7 @@ TEST_F(FmodEngineTest, StopClosesAndReleasesIt) {
     StartUp();
     P.Timeline.Clear();
     P.App.Log.Enable();
-    P.App.Fmod.Engine.Stop();
+    P.App.Outputs.SoundMods.Engine.Stop();
     EXPECT_EQ(P.Timeline.Text(),
               "0.0000 fmod FMOD_System_Close(system1)\n0.0000 fmod FMOD_System_Release(system1)\n");
     EXPECT_EQ(P.LogText(), "Closing and releasing FMOD system 'System'\n");
@@ -171,7 +171,7 @@ TEST_F(FmodEngineTest, StopClosesAndReleasesIt) {
 TEST_F(FmodEngineTest, StopReportsWhatFails) {
     StartUp();
     P.Library.Fail("FMOD_System_Close", 36);
-    P.App.Fmod.Engine.Stop();
+    P.App.Outputs.SoundMods.Engine.Stop();
     EXPECT_EQ(BoxTexts(), std::vector<std::string>{"FMOD error! (36) An invalid object handle was used. "});
     EXPECT_NE(P.Timeline.Text("fmod FMOD_System_Release"), "");
 }

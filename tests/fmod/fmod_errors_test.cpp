@@ -41,7 +41,7 @@ TEST(FmodErrors, EveryOtherResultIsUnknown) {
 TEST(FmodErrors, NoErrorShowsAndLogsNothing) {
     test::SimulatedProgram p;
     p.App.Log.Enable();
-    EXPECT_TRUE(p.App.Fmod.Errors.ERRCHECK(0));
+    EXPECT_TRUE(p.App.Outputs.SoundMods.Errors.ERRCHECK(0));
     EXPECT_TRUE(p.Boxes.Shown().empty());
     EXPECT_EQ(p.LogText(), "");
 }
@@ -49,8 +49,8 @@ TEST(FmodErrors, NoErrorShowsAndLogsNothing) {
 TEST(FmodErrors, AnErrorIsLoggedAndShownInAPlainBox) {
     test::SimulatedProgram p;
     p.App.Log.Enable();
-    EXPECT_FALSE(p.App.Fmod.Errors.ERRCHECK(61));
-    EXPECT_FALSE(p.App.Fmod.Errors.ERRCHECK(-5));
+    EXPECT_FALSE(p.App.Outputs.SoundMods.Errors.ERRCHECK(61));
+    EXPECT_FALSE(p.App.Outputs.SoundMods.Errors.ERRCHECK(-5));
     EXPECT_EQ(p.LogText(),
               "ERRCHECK() found FMOD error 61 (Error initializing output device. )\n"
               "ERRCHECK() found FMOD error -5 (Unknown error.)\n");
@@ -83,9 +83,9 @@ TEST(FmodErrors, AnErrorHoldsNothingUp) {
 TEST(FmodErrors, ShownTogetherEachFailureStandsOnceAndAllOfThemInTheLog) {
     test::SimulatedProgram p;
     p.App.Log.Enable();
-    p.App.Fmod.Errors.ShowTogether([&] {
+    p.App.Outputs.SoundMods.Errors.ShowTogether([&] {
         for (const std::int32_t result : {61, 78, 78, 0, 61})
-            p.App.Fmod.Errors.ERRCHECK(result);
+            p.App.Outputs.SoundMods.Errors.ERRCHECK(result);
     });
     ASSERT_EQ(p.Boxes.Shown().size(), 1u);
     EXPECT_EQ(

@@ -12,7 +12,7 @@ class NeverSilent : public testing::Test {
   protected:
     test::SimulatedProgram P;
     MainFields& Fields = P.App.Fields;
-    Watched<bool>& NeverSilentCheck = P.App.Fmod.Options.NeverSilentCheck;
+    Watched<bool>& NeverSilentCheck = P.App.Outputs.SoundMods.Options.NeverSilentCheck;
     Setting& Ratio = P.App.Fields.NoteSilenceRatio;
 };
 
@@ -68,7 +68,7 @@ TEST_F(NeverSilent, AtFullRatioNothingMoves) {
 TEST_F(NeverSilent, ASongsRatioCountsAsTheUsers) {
     NeverSilentCheck = true;
     P.Disk.Put("song", "Quavix by Dastrel-204 file format\nNoteSilenceRatio 40\nMUSICLISTSTART\n");
-    P.App.Reader.ActuallyLoadMusic("song");
+    P.App.Storage.SongReader.ActuallyLoadMusic("song");
     EXPECT_EQ(Ratio, 40);
     NeverSilentCheck = false;
     EXPECT_EQ(Ratio, 40);

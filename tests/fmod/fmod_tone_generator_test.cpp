@@ -13,14 +13,14 @@ class ToneGeneratorTest : public testing::Test {
   protected:
     ToneGeneratorTest() {
         P.Disk.Put("/program/FMODex.dll", "a library");
-        P.App.Fmod.CheckAvailability("/program");
-        P.App.Fmod.StartEngine();
+        P.App.Outputs.SoundMods.CheckAvailability("/program");
+        P.App.Outputs.SoundMods.StartEngine();
         P.Timeline.Clear();
     }
 
     test::SimulatedProgram P;
     MainFields& Fields = P.App.Fields;
-    FmodToneGenerator& Generator = P.App.Fmod.Generator;
+    FmodToneGenerator& Generator = P.App.Outputs.SoundMods.Generator;
 };
 
 TEST_F(ToneGeneratorTest, ABeepSetsThePitchAndUnpausesForItsDuration) {
@@ -124,7 +124,7 @@ TEST_F(ToneGeneratorTest, TickingTheCheckBoxRoutesTonesToItAndShowsItsOptions) {
     EXPECT_TRUE(Fields.UseFMOD);
     EXPECT_TRUE(Generator.FMODOptionsFormVisible);
     std::string note = "A4";
-    P.App.Tones.UniBeep(note, 100);
+    P.App.Outputs.ToneDispatcher.UniBeep(note, 100);
     EXPECT_EQ(P.Timeline.Text("speaker"), "");
     EXPECT_EQ(P.Timeline.Text("fmod FMOD_Channel_SetFrequency"),
               "0.0000 fmod FMOD_Channel_SetFrequency(channel1, 5277.888)\n");
@@ -133,17 +133,17 @@ TEST_F(ToneGeneratorTest, TickingTheCheckBoxRoutesTonesToItAndShowsItsOptions) {
     EXPECT_EQ(P.Timeline.Text(), "0.1000 fmod FMOD_Channel_SetPaused(channel1, 1)\n");
     EXPECT_FALSE(Fields.UseFMOD);
     EXPECT_FALSE(Generator.FMODOptionsFormVisible);
-    P.App.Tones.UniBeep(note, 100);
+    P.App.Outputs.ToneDispatcher.UniBeep(note, 100);
     EXPECT_EQ(P.Timeline.Text("speaker"), "0.1000 speaker 440 Hz 100 ms\n");
 }
 
 TEST_F(ToneGeneratorTest, WithNeverSilentTonesOfASongAreNotPausedBetween) {
     P.SetSong({"1/8 C4 - -", "1/8 E4 - -", "1/8 - - -"});
     Fields.UseFMODCheck = true;
-    P.App.Fmod.Options.NeverSilentCheck = true;
+    P.App.Outputs.SoundMods.Options.NeverSilentCheck = true;
     P.Timeline.Clear();
-    P.Time.At(600, [this] { P.App.Playback.StopPlayButton_Click(); });
-    P.App.Playback.PlayAllButton_Click();
+    P.Time.At(600, [this] { P.App.Playing.PlaybackEngine.StopPlayButton_Click(); });
+    P.App.Playing.PlaybackEngine.PlayAllButton_Click();
     const std::string calls = P.Timeline.Text("fmod FMOD_Channel_SetPaused");
     // Two notes that follow each other, then the rest.
     EXPECT_EQ(calls.find("channel1, 1)"), calls.find("(channel1, 1)") + 1);

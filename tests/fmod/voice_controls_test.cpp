@@ -24,7 +24,7 @@ class VoiceControlsTest : public testing::Test {
     }
 
     test::SimulatedProgram P;
-    VoiceControls& Controls = P.App.Fmod.Controls;
+    VoiceControls& Controls = P.App.Outputs.SoundMods.Controls;
 };
 
 /// What the four formants are set to.
@@ -173,8 +173,8 @@ TEST_F(VoiceControlsTest, InASongTheVoiceFollowsNote2AndIsSilentAfterwards) {
     P.SetSong({"1/8 C4 A4 -", "1/8 C4 - -"});
     P.App.Fields.VoiceVolSlider = 2500;
     Tick();
-    P.Time.At(300, [this] { P.App.Playback.StopPlayButton_Click(); });
-    P.App.Playback.PlayAllButton_Click();
+    P.Time.At(300, [this] { P.App.Playing.PlaybackEngine.StopPlayButton_Click(); });
+    P.App.Playing.PlaybackEngine.PlayAllButton_Click();
     EXPECT_EQ(P.Timeline.Text("fmod FMOD_ChannelGroup_SetVolume"),
               "0.0000 fmod FMOD_ChannelGroup_SetVolume(VoiceChannel1, 0.25)\n"
               "0.2250 fmod FMOD_ChannelGroup_SetVolume(VoiceChannel1, 0)\n"

@@ -33,7 +33,7 @@ class VoiceTest : public testing::Test {
     }
 
     test::SimulatedProgram P;
-    VoiceMainForm& Singer = P.App.Fmod.Singer;
+    VoiceMainForm& Singer = P.App.Outputs.SoundMods.Singer;
 };
 
 TEST_F(VoiceTest, IsPutTogetherInThisOrder) {
@@ -218,7 +218,8 @@ struct ListedNumbers : RandomNumbers {
 TEST_F(VoiceTest, TheFormantsMoveAtRandomEvery50Ms) {
     ListedNumbers random;
     random.Numbers = {0, 0.5, 0.75, 0.25};
-    VoiceMainForm singer({P.Library, P.App.Fmod.Errors, P.Time, random, P.App.Handlers, P.App.Log});
+    VoiceMainForm singer(
+        {P.Library, P.App.Outputs.SoundMods.Errors, P.Time, random, P.App.Handlers, P.App.Log});
     singer.Load();
     singer.FormantTimbre = 100;
     singer.MaxRandomFormantFreq = 20;

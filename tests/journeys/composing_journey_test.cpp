@@ -19,10 +19,11 @@ struct Session : test::SimulatedProgram, SaveLoadView, ProcessEnd {
     explicit Session(const std::string& commandLine, const std::string& songOnDisk = {}) {
         if (!songOnDisk.empty())
             Disk.Put(Song, songOnDisk);
-        StartUp startUp({App.Fields, Time, Disk, Boxes, System, Speaker, App.Fmod, App.Handlers, App.Log,
-                         [this](const std::string& song) { App.Document.LoadFile(song); }, [](bool) {},
-                         [this] { App.Motor.CheckForPort(); }},
-                        {"/program", "/windows", commandLine});
+        StartUp startUp(
+            {App.Fields, Time, Disk, Boxes, System, Speaker, App.Outputs.SoundMods, App.Handlers, App.Log,
+             [this](const std::string& song) { App.Storage.SongDocument.LoadFile(song); }, [](bool) {},
+             [this] { App.Outputs.MotorModModule.CheckForPort(); }},
+            {"/program", "/windows", commandLine});
         startUp.BeforeMainForm();
         startUp.AfterMainForm();
         startUp.OfferUnsavedSongs();
@@ -36,8 +37,8 @@ struct Session : test::SimulatedProgram, SaveLoadView, ProcessEnd {
     /// What is heard of the song, once through; without the moments, which depend on when it began.
     std::string Listen() {
         Timeline.Clear();
-        App.Playback.OnRangeEnd = [this] { App.Playback.StopPlayButton_Click(); };
-        App.Playback.PlayAllButton_Click();
+        App.Playing.PlaybackEngine.OnRangeEnd = [this] { App.Playing.PlaybackEngine.StopPlayButton_Click(); };
+        App.Playing.PlaybackEngine.PlayAllButton_Click();
         std::istringstream lines(Timeline.Text("speaker"));
         std::string heard;
         for (std::string line; std::getline(lines, line);)
@@ -47,26 +48,26 @@ struct Session : test::SimulatedProgram, SaveLoadView, ProcessEnd {
 
     bool Ended = false;
     SimulatedProcesses System;
-    SaveLoad Choice{*this, App.Document};
+    SaveLoad Choice{*this, App.Storage.SongDocument};
     Shutdown Closing{App.Fields, App.Log, *this};
 };
 
 TEST(Composing, FromNothingToASongThatSoundsTheSameWhenItIsOpenedAgain) {
     Session first("");
     for (const std::int32_t key : {12, 17, 19})
-        first.App.Keys.PianoKey_Click(key);
+        first.App.Playing.PianoKeys.PianoKey_Click(key);
     EXPECT_EQ(first.SongText(), "1/8 C4 - -\n1/8 F4 - -\n1/8 G4 - -\n");
-    first.App.Playback.MainList_ItemClick(2);
-    first.App.Editing.Command1_Click();
+    first.App.Playing.PlaybackEngine.MainList_ItemClick(2);
+    first.App.Editing.ListEditing.Command1_Click();
     first.App.Fields.NoteLengthCombo = 2;
-    first.App.Keys.PianoKey_Click(14);
+    first.App.Playing.PianoKeys.PianoKey_Click(14);
     EXPECT_EQ(first.SongText(), "1/8 C4 - -\nQuarter D4 - -\n> 1/8 G4 - -\n");
-    first.App.Playback.MainList_ItemClick(2);
+    first.App.Playing.PlaybackEngine.MainList_ItemClick(2);
     first.App.Fields.ModDottedCheck = true;
-    first.App.Playback.MainList_ItemClick(1);
+    first.App.Playing.PlaybackEngine.MainList_ItemClick(1);
     first.App.Fields.NoteReplaceCheck = true;
     first.App.Fields.AddNote2Option = true;
-    first.App.Keys.PianoKey_Click(16);
+    first.App.Playing.PianoKeys.PianoKey_Click(16);
     EXPECT_EQ(first.SongText(), "1/8 C4 E4 -\n> Quarter D4 - Dot\n1/8 G4 - -\n");
     const std::string heard = first.Listen();
     EXPECT_TRUE(heard.ends_with("speaker 294 Hz 568 ms\nspeaker 392 Hz 182 ms\n")) << heard;
@@ -74,14 +75,14 @@ TEST(Composing, FromNothingToASongThatSoundsTheSameWhenItIsOpenedAgain) {
     first.Picker.AnswerNext(Song);
     first.Choice.SaveLoadButton_Click();
     first.Choice.SaveButton_Click();
-    ASSERT_TRUE(first.App.Document.MayClose());
+    ASSERT_TRUE(first.App.Storage.SongDocument.MayClose());
     first.Closing.CloseProgram();
     EXPECT_TRUE(first.Ended);
     EXPECT_TRUE(first.Boxes.Shown().empty());
 
     Session next("\"" + std::string(Song) + "\"", first.Disk.Content(Song));
     EXPECT_EQ(next.SongText(), "1/8 C4 E4 -\nQuarter D4 - Dot\n1/8 G4 - -\n");
-    EXPECT_EQ(next.App.Document.FileName().Get(), Song);
+    EXPECT_EQ(next.App.Storage.SongDocument.FileName().Get(), Song);
     EXPECT_EQ(next.App.Fields.lblPlayPos.Get(), "01 05/08");
     EXPECT_EQ(next.Listen(), heard);
 }

@@ -10,8 +10,8 @@ TEST(PlaybackJourney, PlayAllPlaysLineAfterLineAndStartsOverUntilStopIsClicked) 
     test::SimulatedProgram p;
     p.App.Fields.BPM.Set(120);
     p.SetSong({"Quarter C4 - -", "Quarter E4 - -", "Half A4 - -"});
-    p.Time.At(2600, [&] { p.App.Playback.StopPlayButton_Click(); });
-    p.App.Playback.PlayAllButton_Click();
+    p.Time.At(2600, [&] { p.App.Playing.PlaybackEngine.StopPlayButton_Click(); });
+    p.App.Playing.PlaybackEngine.PlayAllButton_Click();
     EXPECT_EQ(p.Timeline.Text("speaker"),
               "0.0000 speaker 262 Hz 450 ms\n"
               "0.5100 speaker 330 Hz 440 ms\n"

@@ -53,7 +53,7 @@ class HeldNoteCyclerTest : public testing::Test {
     test::SimulatedProgram P;
     MainFields& Fields = P.App.Fields;
     RecordedTones Sounds{P.Time, P.Timeline};
-    FmodToneGenerator& Generator = P.App.Fmod.Generator;
+    FmodToneGenerator& Generator = P.App.Outputs.SoundMods.Generator;
     HeldNoteCycler Cycler{Fields, Sounds, Generator};
     test::CyclingForm Form{P.App.Handlers};
 };
@@ -88,7 +88,7 @@ TEST_F(HeldNoteCyclerTest, PulsesTheHeldNotesFromTheLowestToTheHighestAndAgain) 
 }
 
 TEST_F(HeldNoteCyclerTest, APulseHandedToTheProgramsTonesLastsTheAlternateTime) {
-    HeldNoteCycler cycler(Fields, P.App.Tones, Generator);
+    HeldNoteCycler cycler(Fields, P.App.Outputs.ToneDispatcher, Generator);
     Fields.AlternateTime.Set(33);
     Form.Press({57});
     cycler.PlayLiveMIDIInput(Form);
@@ -270,16 +270,16 @@ TEST_F(HeldNoteCyclerTest, ATimeTooShortForItsTextBoxTakesEffectAllTheSame) {
 }
 
 TEST_F(HeldNoteCyclerTest, TheAutomaticTimeIsNoChangeOfTheSong) {
-    const std::uint64_t changes = P.App.Changes.Count;
+    const std::uint64_t changes = P.App.Storage.SongChanges.Count;
     Form.AutoTimeCheck = true;
     Form.Press({60, 64});
     Step();
     EXPECT_EQ(Fields.AlternateTime.Text(), "15");
     EXPECT_FALSE(Fields.Modified);
-    EXPECT_EQ(P.App.Changes.Count, changes);
+    EXPECT_EQ(P.App.Storage.SongChanges.Count, changes);
     Fields.AlternateTime.Type("33");
     EXPECT_TRUE(Fields.Modified);
-    EXPECT_GT(P.App.Changes.Count, changes);
+    EXPECT_GT(P.App.Storage.SongChanges.Count, changes);
     Step();
     EXPECT_TRUE(Fields.Modified) << "the user's change is one";
     Fields.AlternateTime.Type("20");
@@ -290,7 +290,7 @@ TEST_F(HeldNoteCyclerTest, ASongThatWasSavedWithTheAutomaticTimeHasIt) {
     Form.AutoTimeCheck = true;
     Form.Press({60});
     Step();
-    P.App.History.MarkSaved();
+    P.App.Editing.EditHistory.MarkSaved();
     Step();
     EXPECT_FALSE(Fields.Modified);
     Fields.AlternateTime.Type("20");

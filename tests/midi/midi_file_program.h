@@ -41,7 +41,7 @@ struct MidiFileProgram : SimulatedProgram {
     std::string Position() const { return Form.lblPosPercent.Get() + " " + Form.lblPosSecs.Get(); }
 
     ModuleMidiFileReader Reader{QUAVIX_MIDI_FILE_MODULE};
-    MidiFilePlayback& Form = App.MidiFile;
+    MidiFilePlayback& Form = App.Playing.MidiFilePlayback;
 };
 
 /// One note after the other: C5, then E5.

@@ -35,10 +35,10 @@ TEST(MidiFileSwitch, TickingShowsTheWindowAndDisablesMidiInput) {
     p.Disk.Put(ControlFile, "the control");
     p.App.Log.Enable();
     p.App.Fields.UseMIDIFileCheck = true;
-    EXPECT_TRUE(p.App.MidiFile.MIDIFileFormVisible);
+    EXPECT_TRUE(p.App.Playing.MidiFilePlayback.MIDIFileFormVisible);
     EXPECT_TRUE(p.App.Fields.UseMIDIFile);
     EXPECT_FALSE(p.App.Fields.UseMIDIInCheckEnabled);
-    EXPECT_TRUE(p.App.MidiFile.AutoTimeCheck);
+    EXPECT_TRUE(p.App.Playing.MidiFilePlayback.AutoTimeCheck);
     const std::string log = Unindented(p.LogText());
     EXPECT_THAT(log, testing::StartsWith("UseMIDIFileCheck has been clicked - START\n"
                                          "Value is 1\n"
@@ -100,7 +100,7 @@ TEST(MidiFileSwitch, WithoutTheControlNothingIsSwitchedOn) {
     ASSERT_EQ(p.Boxes.Shown().size(), 1U);
     EXPECT_EQ(p.Boxes.Shown()[0].Title, "Can't see a needed file!");
     EXPECT_FALSE(p.App.Fields.UseMIDIFileCheck);
-    EXPECT_FALSE(p.App.MidiFile.MIDIFileFormVisible);
+    EXPECT_FALSE(p.App.Playing.MidiFilePlayback.MIDIFileFormVisible);
     EXPECT_TRUE(p.App.Fields.UseMIDIInCheckEnabled);
 }
 
@@ -109,7 +109,7 @@ TEST(MidiFileSwitch, TheFirstUseInstallsTheControl) {
     p.Disk.Put("/program/midifl32.ocx", "the control");
     p.App.Fields.UseMIDIFileCheck = true;
     EXPECT_EQ(p.Disk.Content(ControlFile), "the control");
-    EXPECT_TRUE(p.App.MidiFile.MIDIFileFormVisible);
+    EXPECT_TRUE(p.App.Playing.MidiFilePlayback.MIDIFileFormVisible);
     EXPECT_THAT(p.Boxes.Shown(), IsEmpty());
 }
 
@@ -118,7 +118,7 @@ TEST(MidiFileSwitch, TheProgramClosedWhileTheControlRegistersShowsNothing) {
     p.Disk.Put("/program/midifl32.ocx", "the control");
     p.Time.At(50, [&] { p.App.Fields.ShuttingDown = true; });
     p.App.Fields.UseMIDIFileCheck = true;
-    EXPECT_FALSE(p.App.MidiFile.MIDIFileFormVisible);
+    EXPECT_FALSE(p.App.Playing.MidiFilePlayback.MIDIFileFormVisible);
     EXPECT_THAT(p.Boxes.Shown(), IsEmpty());
 }
 
@@ -127,7 +127,7 @@ TEST(MidiFileSwitch, UntickedWhileTheControlRegistersItStaysOff) {
     p.Disk.Put("/program/midifl32.ocx", "the control");
     p.Time.At(50, [&] { p.App.Fields.UseMIDIFileCheck = false; });
     p.App.Fields.UseMIDIFileCheck = true;
-    EXPECT_FALSE(p.App.MidiFile.MIDIFileFormVisible);
+    EXPECT_FALSE(p.App.Playing.MidiFilePlayback.MIDIFileFormVisible);
     EXPECT_TRUE(p.App.Fields.UseMIDIInCheckEnabled);
 }
 
@@ -143,7 +143,7 @@ TEST(MidiFileSwitch, TickedWhileMidiInputIsInstalledItIsTheOneThatIsOn) {
     EXPECT_FALSE(p.App.Fields.UseMIDIInCheck);
     EXPECT_FALSE(p.App.Fields.UseMIDIInCheckEnabled);
     EXPECT_FALSE(p.App.Fields.MIDIInIsOpen);
-    EXPECT_FALSE(p.App.MidiIn.MIDIInFormVisible);
+    EXPECT_FALSE(p.App.Playing.MidiInput.MIDIInFormVisible);
 }
 
 TEST(MidiFileSwitch, WhileItIsInstalledMidiInputCanBeTickedInstead) {
@@ -157,7 +157,7 @@ TEST(MidiFileSwitch, WhileItIsInstalledMidiInputCanBeTickedInstead) {
     EXPECT_TRUE(p.App.Fields.UseMIDIInCheckEnabled);
     EXPECT_FALSE(p.App.Fields.UseMIDIFileCheck);
     EXPECT_FALSE(p.App.Fields.UseMIDIFileCheckEnabled);
-    EXPECT_FALSE(p.App.MidiFile.MIDIFileFormVisible);
+    EXPECT_FALSE(p.App.Playing.MidiFilePlayback.MIDIFileFormVisible);
 }
 
 TEST(MidiFileSwitch, AFileNamedFromOutsideSwitchesMidiInputOff) {
@@ -166,7 +166,7 @@ TEST(MidiFileSwitch, AFileNamedFromOutsideSwitchesMidiInputOff) {
     p.Disk.Put("/windows/system32/midiio32.ocx", "the other control");
     p.MidiIn.Devices = {"Keyboard"};
     p.App.Fields.UseMIDIInCheck = true;
-    p.App.MidiFile.UseFile("song.mid");
+    p.App.Playing.MidiFilePlayback.UseFile("song.mid");
     EXPECT_TRUE(p.App.Fields.UseMIDIFile);
     EXPECT_FALSE(p.App.Fields.UseMIDIInCheck);
     EXPECT_FALSE(p.App.Fields.MIDIInIsOpen);
@@ -180,7 +180,7 @@ TEST(MidiFileSwitch, ABrokenControlIsToldOf) {
     ASSERT_EQ(p.Boxes.Shown().size(), 1U);
     EXPECT_THAT(p.Boxes.Shown()[0].Text, HasSubstr("It is no library."));
     EXPECT_FALSE(p.App.Fields.UseMIDIFileCheck);
-    EXPECT_FALSE(p.App.MidiFile.MIDIFileFormVisible);
+    EXPECT_FALSE(p.App.Playing.MidiFilePlayback.MIDIFileFormVisible);
 }
 
 TEST(MidiFileSwitch, AFileNamedFromOutsideSwitchesOnAndOpens) {
@@ -189,18 +189,18 @@ TEST(MidiFileSwitch, AFileNamedFromOutsideSwitchesOnAndOpens) {
     p.MidiFiles.Real = &reader;
     p.Disk.Put(ControlFile, "the control");
     p.Disk.Put("song.mid", test::TwoNotes);
-    p.App.MidiFile.UseFile("song.mid");
+    p.App.Playing.MidiFilePlayback.UseFile("song.mid");
     EXPECT_TRUE(p.App.Fields.UseMIDIFileCheck);
-    EXPECT_EQ(p.App.MidiFile.txtFile.Get(), "song.mid");
-    EXPECT_FALSE(p.App.MidiFile.IsPlaying());
+    EXPECT_EQ(p.App.Playing.MidiFilePlayback.txtFile.Get(), "song.mid");
+    EXPECT_FALSE(p.App.Playing.MidiFilePlayback.IsPlaying());
 }
 
 TEST(MidiFileSwitch, AFileNamedFromOutsideIsNotOpenedWhereTheModCanNotBeSwitchedOn) {
     SimulatedProgram p;
     p.Disk.Put("song.mid", test::TwoNotes);
-    p.App.MidiFile.UseFile("song.mid");
+    p.App.Playing.MidiFilePlayback.UseFile("song.mid");
     EXPECT_EQ(p.Boxes.Shown().size(), 1U);
-    EXPECT_EQ(p.App.MidiFile.txtFile.Get(), "");
+    EXPECT_EQ(p.App.Playing.MidiFilePlayback.txtFile.Get(), "");
 }
 
 }  // namespace

@@ -42,7 +42,7 @@ class MidiInputTest : public testing::Test {
 
     test::SimulatedProgram P;
     MainFields& Fields = P.App.Fields;
-    MidiInput& Midi = P.App.MidiIn;
+    MidiInput& Midi = P.App.Playing.MidiInput;
 };
 
 TEST_F(MidiInputTest, TickingTheBoxShowsTheWindowListsTheDevicesAndOpensTheFirst) {
@@ -383,21 +383,21 @@ TEST_F(MidiInputTest, WhileTheProgramClosesNothingIsOpened) {
 TEST_F(MidiInputTest, AStartAskedForInTheMiddleOfAPulseComesWhileNotesAreHeld) {
     P.SetSong({"Quarter A4 - -"});
     Fields.MuteTweebleCheck = true;
-    P.App.Tones.MuteTweebleCheck_Click();
-    P.App.Synchro.txtHour.Type("12");
-    P.App.Synchro.txtMinute.Type("0");
-    P.App.Synchro.txtSecond.Type("2");
+    P.App.Outputs.ToneDispatcher.MuteTweebleCheck_Click();
+    P.App.Playing.SynchroPlay.txtHour.Type("12");
+    P.App.Playing.SynchroPlay.txtMinute.Type("0");
+    P.App.Playing.SynchroPlay.txtSecond.Type("2");
     double startMs = 0;
     Fields.MusicIsPlaying.Watch([&](bool playing) {
         if (playing)
             startMs = static_cast<double>(P.Time.Now()) / SimulatedTime::CountsPerMs;
     });
-    P.App.Playback.OnRangeEnd = [this] { P.App.Playback.StopPlayButton_Click(); };
+    P.App.Playing.PlaybackEngine.OnRangeEnd = [this] { P.App.Playing.PlaybackEngine.StopPlayButton_Click(); };
     SwitchOn();
     P.MidiIn.ArriveAt(1, {On(60), On(64)});
     P.Time.At(100, [this] {
-        EXPECT_TRUE(P.App.Tones.IsSounding());
-        P.App.Synchro.btnWait_Click();
+        EXPECT_TRUE(P.App.Outputs.ToneDispatcher.IsSounding());
+        P.App.Playing.SynchroPlay.btnWait_Click();
     });
     P.Time.RunUntil(5000);
     EXPECT_NEAR(startMs, 2000, 15);
@@ -407,8 +407,8 @@ TEST_F(MidiInputTest, AStartAskedForInTheMiddleOfAPulseComesWhileNotesAreHeld) {
 
 TEST_F(MidiInputTest, ThroughTheSoundCardAChordGoesOnWithoutAGapAndStopsWhenItIsReleased) {
     P.Disk.Put("/program/FMODex.dll", "a library");
-    P.App.Fmod.CheckAvailability("/program");
-    P.App.Fmod.StartEngine();
+    P.App.Outputs.SoundMods.CheckAvailability("/program");
+    P.App.Outputs.SoundMods.StartEngine();
     Fields.UseFMODCheck = true;
     SwitchOn();
     P.MidiIn.ArriveAt(0.5, {On(69), On(57)});
@@ -426,8 +426,8 @@ TEST_F(MidiInputTest, ThroughTheSoundCardAChordGoesOnWithoutAGapAndStopsWhenItIs
 
 TEST_F(MidiInputTest, UntickingTheBoxSilencesTheSoundCardAtOnce) {
     P.Disk.Put("/program/FMODex.dll", "a library");
-    P.App.Fmod.CheckAvailability("/program");
-    P.App.Fmod.StartEngine();
+    P.App.Outputs.SoundMods.CheckAvailability("/program");
+    P.App.Outputs.SoundMods.StartEngine();
     Fields.UseFMODCheck = true;
     SwitchOn();
     P.MidiIn.ArriveAt(0.5, {On(57)});
@@ -452,7 +452,7 @@ TEST_F(MidiInputTest, ThroughMidiOutputEachPulseIsANote) {
 TEST_F(MidiInputTest, WithAMutedSpeakerPulsesFollowOneAnotherWithoutAGapToo) {
     P.OpenMidiOut();
     Fields.MuteTweebleCheck = true;
-    P.App.Tones.MuteTweebleCheck_Click();
+    P.App.Outputs.ToneDispatcher.MuteTweebleCheck_Click();
     SwitchOn();
     P.MidiIn.ArriveAt(0.5, {On(60), On(64)});
     P.MidiIn.ArriveAt(40, {Off(60), Off(64)});
@@ -499,8 +499,8 @@ TEST_F(MidiInputTest, NotesSoundInTheMiddleOfMusicToo) {
     SwitchOn();
     P.MidiIn.ArriveAt(100, {On(81)});
     P.MidiIn.ArriveAt(1000, {Off(81)});
-    P.Time.At(1200, [this] { P.App.Playback.StopPlayButton_Click(); });
-    P.App.Playback.PlayAllButton_Click();
+    P.Time.At(1200, [this] { P.App.Playing.PlaybackEngine.StopPlayButton_Click(); });
+    P.App.Playing.PlaybackEngine.PlayAllButton_Click();
     EXPECT_NE(Speaker().find("440 Hz"), std::string::npos);
     EXPECT_NE(Speaker().find("1760 Hz"), std::string::npos);
 }

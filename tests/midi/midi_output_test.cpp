@@ -22,12 +22,12 @@ class MidiOutputTest : public testing::Test {
         Fields.UseMIDIOutCheck = true;
         P.Timeline.Clear();
     }
-    void Beep(std::string note, double duration) { P.App.Tones.UniBeep(note, duration); }
+    void Beep(std::string note, double duration) { P.App.Outputs.ToneDispatcher.UniBeep(note, duration); }
     std::string Sent() const { return P.Timeline.Text("midi out"); }
 
     test::SimulatedProgram P;
     MainFields& Fields = P.App.Fields;
-    MidiOutput& Midi = P.App.MidiOut;
+    MidiOutput& Midi = P.App.Outputs.MidiOutput;
 };
 
 TEST_F(MidiOutputTest, TickingTheBoxShowsTheWindowListsTheDevicesAndOpensTheVirtualPort) {
@@ -318,8 +318,8 @@ TEST_F(MidiOutputTest, ADeviceThatVanishesIsToldOfOnceAndTheMusicGoesOn) {
     P.SetSong({"Quarter A4 - -", "Quarter C5 - -", "Quarter E5 - -"});
     SwitchOn();
     P.MidiOut.VanishAt(600);
-    P.App.Playback.OnRangeEnd = [&] { P.App.Playback.StopPlayButton_Click(); };
-    P.App.Playback.PlayAllButton_Click();
+    P.App.Playing.PlaybackEngine.OnRangeEnd = [&] { P.App.Playing.PlaybackEngine.StopPlayButton_Click(); };
+    P.App.Playing.PlaybackEngine.PlayAllButton_Click();
     EXPECT_EQ(P.Boxes.Shown().size(), 1u);
     EXPECT_FALSE(Fields.UseMIDIOutCheck);
     EXPECT_TRUE(Fields.UseMIDIOutCheckEnabled);

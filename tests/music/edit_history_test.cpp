@@ -24,81 +24,81 @@ TEST_F(EditHistoryTest, ANewSongHasNothingToUndo) {
     EXPECT_FALSE(App.Fields.CanUndo);
     EXPECT_FALSE(App.Fields.CanRedo);
     EXPECT_FALSE(App.Fields.Modified);
-    App.History.Undo();
-    App.History.Redo();
+    App.Editing.EditHistory.Undo();
+    App.Editing.EditHistory.Redo();
     EXPECT_EQ(SongText(), Start);
 }
 
 TEST_F(EditHistoryTest, EveryCommandIsOneNamedStep) {
-    App.Keys.PianoKey_Click(12);
+    App.Playing.PianoKeys.PianoKey_Click(12);
     EXPECT_EQ(Captions(), "Undo Add note C4, Redo");
     App.List.Select(2);
-    App.Editing.ClearNote1Button_Click();
+    App.Editing.ListEditing.ClearNote1Button_Click();
     EXPECT_EQ(Captions(), "Undo Clear Note 1, Redo");
-    App.Editing.ClearNote2Button_Click();
+    App.Editing.ListEditing.ClearNote2Button_Click();
     EXPECT_EQ(Captions(), "Undo Clear Note 2, Redo");
     App.Fields.ModDottedCheck = true;
     EXPECT_EQ(Captions(), "Undo Dotted, Redo");
     App.Fields.ModTripletCheck = true;
     EXPECT_EQ(Captions(), "Undo Triplet, Redo");
-    App.Editing.Command1_Click();
+    App.Editing.ListEditing.Command1_Click();
     EXPECT_EQ(Captions(), "Undo Erase line, Redo");
-    App.Editing.SilentLineButton_Click();
+    App.Editing.ListEditing.SilentLineButton_Click();
     EXPECT_EQ(Captions(), "Undo Blank line, Redo");
     App.Fields.NoteReplaceCheck = true;
-    App.Keys.PianoKey_Click(13);
+    App.Playing.PianoKeys.PianoKey_Click(13);
     EXPECT_EQ(Captions(), "Undo Replace with C#4, Redo");
     int steps = 0;
     for (; App.Fields.CanUndo; ++steps)
-        App.History.Undo();
+        App.Editing.EditHistory.Undo();
     EXPECT_EQ(steps, 8);
     EXPECT_EQ(SongText(), Start);
 }
 
 TEST_F(EditHistoryTest, UndoAndRedoRestoreRowsAndSelection) {
     App.List.Select(2);
-    App.Editing.Command1_Click();
+    App.Editing.ListEditing.Command1_Click();
     const std::string erased = SongText();
     App.List.Select(1);
-    App.History.Undo();
+    App.Editing.EditHistory.Undo();
     EXPECT_EQ(SongText(), "Whole C4 E4 Dot\n> Half D4 F4 -\nQuarter E4 - Tri\n");
     EXPECT_EQ(App.List.SelectedItem(), 2);
     EXPECT_EQ(Captions(), "Undo, Redo Erase line");
     App.List.Select(1);
-    App.History.Redo();
+    App.Editing.EditHistory.Redo();
     EXPECT_EQ(SongText(), erased);
     EXPECT_EQ(Captions(), "Undo Erase line, Redo");
 }
 
 TEST_F(EditHistoryTest, ANewStepForgetsWhatCouldBeRedone) {
     App.List.Select(2);
-    App.Editing.Command1_Click();
-    App.History.Undo();
-    App.Editing.ClearNote1Button_Click();
+    App.Editing.ListEditing.Command1_Click();
+    App.Editing.EditHistory.Undo();
+    App.Editing.ListEditing.ClearNote1Button_Click();
     EXPECT_FALSE(App.Fields.CanRedo);
-    App.History.Redo();
+    App.Editing.EditHistory.Redo();
     EXPECT_EQ(App.List.Line(2).Note1, "");
 }
 
 TEST_F(EditHistoryTest, ACommandThatChangesNoTextIsNoStep) {
     App.List.Select(3);
-    App.Editing.ClearNote2Button_Click();
-    App.Editing.UnselectButton_Click();
+    App.Editing.ListEditing.ClearNote2Button_Click();
+    App.Editing.ListEditing.UnselectButton_Click();
     EXPECT_FALSE(App.Fields.CanUndo);
     EXPECT_FALSE(App.Fields.Modified);
 }
 
 TEST_F(EditHistoryTest, GesturesInsideAGestureBelongToIt) {
     {
-        const EditGesture outer(App.History, "Everything");
-        const EditGesture inner(App.History, "Part");
+        const EditGesture outer(App.Editing.EditHistory, "Everything");
+        const EditGesture inner(App.Editing.EditHistory, "Part");
         App.List.Remove(1);
         App.List.SetText(1, Cell::Note1, "G4");
-        App.History.Undo();
+        App.Editing.EditHistory.Undo();
         EXPECT_EQ(App.List.Count(), 2) << "nothing is undone in the middle";
     }
     EXPECT_EQ(Captions(), "Undo Everything, Redo");
-    App.History.Undo();
+    App.Editing.EditHistory.Undo();
     EXPECT_EQ(SongText(), Start);
 }
 
@@ -108,10 +108,10 @@ TEST_F(EditHistoryTest, ChangesOutsideAnyGestureGatherInOneStep) {
     App.List.Insert(1, {"1/8", "A4", "", ""});
     EXPECT_EQ(Captions(), "Undo Change, Redo");
     App.List.Select(1);
-    App.Editing.Command1_Click();
-    App.History.Undo();
+    App.Editing.ListEditing.Command1_Click();
+    App.Editing.EditHistory.Undo();
     EXPECT_EQ(Captions(), "Undo Change, Redo Erase line");
-    App.History.Undo();
+    App.Editing.EditHistory.Undo();
     EXPECT_EQ(SongText(), Start);
     EXPECT_FALSE(App.Fields.CanUndo);
 }
@@ -124,9 +124,9 @@ TEST_F(EditHistoryTest, ManyRowsThatComeOneByOneAreUndoneAtOnce) {
     App.List.Insert(2, {"1/16", "G4", "", ""});
     App.List.Insert(4, {"1/16", "A4", "", ""});
     App.List.Insert(1, {"1/16", "B4", "", ""});
-    App.History.Undo();
+    App.Editing.EditHistory.Undo();
     EXPECT_EQ(SongText(), "Whole C4 E4 Dot\n> Half D4 F4 -\nQuarter E4 - Tri\n");
-    App.History.Redo();
+    App.Editing.EditHistory.Redo();
     EXPECT_EQ(App.List.Count(), Rows + 6);
     EXPECT_EQ(App.List.Line(1).Note1, "B4");
     EXPECT_EQ(App.List.Line(3).Note1, "G4");
@@ -144,11 +144,11 @@ TEST_F(EditHistoryTest, AChangeThatIsTakenBackByHandIsNoStep) {
 
 TEST_F(EditHistoryTest, PlayingChangesNothingThatCouldBeUndone) {
     App.List.Select(1);
-    App.Editing.ClearNote2Button_Click();
-    App.History.Undo();
-    App.Playback.OnRangeEnd = [this] { App.Playback.StopPlayButton_Click(); };
-    App.Playback.PlayAllButton_Click();
-    App.Playback.MainList_ItemClick(3);
+    App.Editing.ListEditing.ClearNote2Button_Click();
+    App.Editing.EditHistory.Undo();
+    App.Playing.PlaybackEngine.OnRangeEnd = [this] { App.Playing.PlaybackEngine.StopPlayButton_Click(); };
+    App.Playing.PlaybackEngine.PlayAllButton_Click();
+    App.Playing.PlaybackEngine.MainList_ItemClick(3);
     EXPECT_EQ(Captions(), "Undo, Redo Clear Note 2");
     EXPECT_FALSE(App.Fields.Modified);
 }
@@ -157,12 +157,12 @@ TEST_F(EditHistoryTest, PlayingALineOfAnotherSpellingIsNoStepAndKeepsWhatCanBeRe
     App.List.SetText(1, Cell::Mod, "other");
     App.List.SetText(2, Cell::Mod, "DOT");
     App.List.SetText(3, Cell::Mod, "Tri and more");
-    App.History.StartOver();
+    App.Editing.EditHistory.StartOver();
     App.List.Select(1);
-    App.Editing.ClearNote2Button_Click();
-    App.History.Undo();
+    App.Editing.ListEditing.ClearNote2Button_Click();
+    App.Editing.EditHistory.Undo();
     for (const std::int32_t row : {2, 1, 3, 2})
-        App.Playback.MainList_ItemClick(row);
+        App.Playing.PlaybackEngine.MainList_ItemClick(row);
     EXPECT_TRUE(App.Fields.ModDottedCheck);
     EXPECT_EQ(App.List.Line(1).Mod, "other");
     EXPECT_EQ(App.List.Line(2).Mod, "DOT");
@@ -173,7 +173,7 @@ TEST_F(EditHistoryTest, PlayingALineOfAnotherSpellingIsNoStepAndKeepsWhatCanBeRe
 
 TEST_F(EditHistoryTest, UntickingABoxIsNotNamedAsTickingItIs) {
     App.List.Select(1);
-    App.Mods.UpdateModButtons();
+    App.Editing.ModButtons.UpdateModButtons();
     App.Fields.ModDottedCheck = false;
     EXPECT_EQ(App.List.Line(1).Mod, "");
     EXPECT_EQ(Captions(), "Undo Plain length, Redo");
@@ -188,37 +188,37 @@ TEST_F(EditHistoryTest, UntickingABoxIsNotNamedAsTickingItIs) {
 TEST_F(EditHistoryTest, TheBoxesFollowAModThatIsUndone) {
     App.List.Select(2);
     App.Fields.ModDottedCheck = true;
-    App.History.Undo();
+    App.Editing.EditHistory.Undo();
     EXPECT_FALSE(App.Fields.ModDottedCheck);
     EXPECT_EQ(SongText(), "Whole C4 E4 Dot\n> Half D4 F4 -\nQuarter E4 - Tri\n");
-    App.History.Redo();
+    App.Editing.EditHistory.Redo();
     EXPECT_TRUE(App.Fields.ModDottedCheck);
     EXPECT_EQ(App.List.Line(2).Mod, "Dot");
-    App.Keys.PianoKey_Click(12);
-    App.History.Undo();
+    App.Playing.PianoKeys.PianoKey_Click(12);
+    App.Editing.EditHistory.Undo();
     EXPECT_TRUE(App.Fields.ModDottedCheck) << "a preset for the next note stays";
 }
 
 TEST_F(EditHistoryTest, ThePositionFollowsWhatIsUndoneExceptDuringPlayback) {
     App.List.Select(3);
-    App.Editing.Command1_Click();
-    App.History.Undo();
+    App.Editing.ListEditing.Command1_Click();
+    App.Editing.EditHistory.Undo();
     EXPECT_EQ(App.Fields.lblPlayBar.Get(), "003");
     App.Fields.lblPlayBar = "music";
     App.Fields.MusicIsPlaying = true;
-    App.History.Redo();
+    App.Editing.EditHistory.Redo();
     EXPECT_EQ(App.Fields.lblPlayBar.Get(), "music");
 }
 
 TEST_F(EditHistoryTest, LoadingAndClearingStartOver) {
-    App.Keys.PianoKey_Click(12);
+    App.Playing.PianoKeys.PianoKey_Click(12);
     Disk.Put("song", "Quavix by Dastrel-204 file format\r\nBPM 99\r\nMUSICLISTSTART\r\nHalf C4 - -\r\n");
-    App.Reader.ActuallyLoadMusic("song");
+    App.Storage.SongReader.ActuallyLoadMusic("song");
     EXPECT_EQ(Captions(), "Undo, Redo");
     EXPECT_FALSE(App.Fields.Modified);
-    App.History.Undo();
+    App.Editing.EditHistory.Undo();
     EXPECT_EQ(SongText(), "Half C4 - -\n");
-    App.Keys.PianoKey_Click(12);
+    App.Playing.PianoKeys.PianoKey_Click(12);
     App.List.Clear();
     EXPECT_FALSE(App.Fields.CanUndo);
     EXPECT_FALSE(App.Fields.Modified);
@@ -226,48 +226,48 @@ TEST_F(EditHistoryTest, LoadingAndClearingStartOver) {
 
 TEST_F(EditHistoryTest, AResetInsideAGestureForgetsWhatTheGestureDidBefore) {
     {
-        const EditGesture gesture(App.History, "Reset");
+        const EditGesture gesture(App.Editing.EditHistory, "Reset");
         App.List.Remove(1);
         App.List.Clear();
         App.List.Append("Half", "C4", "", "");
     }
-    App.History.Undo();
+    App.Editing.EditHistory.Undo();
     EXPECT_EQ(SongText(), "");
     EXPECT_FALSE(App.Fields.CanUndo);
 }
 
 TEST_F(EditHistoryTest, UndoingBackToTheSaveMakesTheSongUnmodified) {
-    App.Keys.PianoKey_Click(12);
+    App.Playing.PianoKeys.PianoKey_Click(12);
     EXPECT_TRUE(App.Fields.Modified);
     Picker.AnswerNext("song.QVX");
-    App.Writer.SaveMusic();
+    App.Storage.SongWriter.SaveMusic();
     EXPECT_FALSE(App.Fields.Modified);
-    App.Keys.PianoKey_Click(12);
+    App.Playing.PianoKeys.PianoKey_Click(12);
     EXPECT_TRUE(App.Fields.Modified);
-    App.History.Undo();
+    App.Editing.EditHistory.Undo();
     EXPECT_FALSE(App.Fields.Modified);
-    App.History.Undo();
+    App.Editing.EditHistory.Undo();
     EXPECT_TRUE(App.Fields.Modified);
-    App.History.Redo();
+    App.Editing.EditHistory.Redo();
     EXPECT_FALSE(App.Fields.Modified);
-    App.History.Undo();
-    App.Keys.PianoKey_Click(12);
+    App.Editing.EditHistory.Undo();
+    App.Playing.PianoKeys.PianoKey_Click(12);
     EXPECT_TRUE(App.Fields.Modified) << "the same text, but another way to it";
 }
 
 TEST_F(EditHistoryTest, ASaveThatWasCancelledOrFailedLeavesTheSongModified) {
-    App.Keys.PianoKey_Click(12);
+    App.Playing.PianoKeys.PianoKey_Click(12);
     Picker.AnswerNext("");
-    App.Writer.SaveMusic();
+    App.Storage.SongWriter.SaveMusic();
     EXPECT_TRUE(App.Fields.Modified);
 }
 
 TEST_F(EditHistoryTest, AChangeOutsideAGestureAfterASaveCanBeUndoneBackToIt) {
     App.List.SetText(1, Cell::Note1, "G4");
-    App.History.MarkSaved();
+    App.Editing.EditHistory.MarkSaved();
     App.List.SetText(1, Cell::Note1, "A4");
     EXPECT_TRUE(App.Fields.Modified);
-    App.History.Undo();
+    App.Editing.EditHistory.Undo();
     EXPECT_EQ(App.List.Line(1).Note1, "G4");
     EXPECT_FALSE(App.Fields.Modified);
 }
@@ -285,7 +285,7 @@ TEST_F(EditHistoryTest, TheSettingsOfTheSoundCountAsChangesUntilTheyAreSetBack) 
     App.Fields.BeatsPerBar.Set(4);
     App.Fields.NoteSilenceRatio.Set(100);
     EXPECT_TRUE(App.Fields.Modified);
-    App.History.MarkSaved();
+    App.Editing.EditHistory.MarkSaved();
     EXPECT_FALSE(App.Fields.Modified);
     App.Fields.NoteLengthCombo = 0;
     App.Fields.KeyboardOctave.Type("7");
@@ -293,12 +293,12 @@ TEST_F(EditHistoryTest, TheSettingsOfTheSoundCountAsChangesUntilTheyAreSetBack) 
 }
 
 TEST_F(EditHistoryTest, ARecoveredSongIsModifiedUntilItIsSaved) {
-    App.History.MarkUnsaved();
+    App.Editing.EditHistory.MarkUnsaved();
     EXPECT_TRUE(App.Fields.Modified);
-    App.Keys.PianoKey_Click(12);
-    App.History.Undo();
+    App.Playing.PianoKeys.PianoKey_Click(12);
+    App.Editing.EditHistory.Undo();
     EXPECT_TRUE(App.Fields.Modified);
-    App.History.MarkSaved();
+    App.Editing.EditHistory.MarkSaved();
     EXPECT_FALSE(App.Fields.Modified);
 }
 
@@ -314,10 +314,10 @@ TEST_F(EditHistoryTest, TheOldestStepsAreForgottenBeforeTheyFillTheMemory) {
     int done = 0;
     for (; done < 3; ++done) {
         App.List.SetSelection(1, all);
-        App.Lines.EraseLines();
+        App.Editing.LineClipboard.EraseLines();
         EXPECT_EQ(App.List.Count(), 0);
         {
-            const EditGesture gesture(App.History, "Fill");
+            const EditGesture gesture(App.Editing.EditHistory, "Fill");
             App.List.InsertRows(all, [](std::size_t) {
                 return std::array<std::string_view, 4>{"Half", "D4", "", ""};
             });
@@ -325,7 +325,7 @@ TEST_F(EditHistoryTest, TheOldestStepsAreForgottenBeforeTheyFillTheMemory) {
     }
     int undone = 0;
     for (; App.Fields.CanUndo; ++undone)
-        App.History.Undo();
+        App.Editing.EditHistory.Undo();
     EXPECT_EQ(undone, 3) << "each with a million rows and a run of selected ones";
     EXPECT_TRUE(App.Fields.Modified) << "the way back to the start is forgotten";
 }
@@ -353,19 +353,19 @@ void DoAnything(SimulatedProgram& program, std::mt19937& random) {
         case 0:
         case 1:
         case 2:
-            app.Keys.PianoKey_Click(below(36));
+            app.Playing.PianoKeys.PianoKey_Click(below(36));
             break;
         case 3:
-            app.Editing.ClearNote1Button_Click();
+            app.Editing.ListEditing.ClearNote1Button_Click();
             break;
         case 4:
-            app.Editing.ClearNote2Button_Click();
+            app.Editing.ListEditing.ClearNote2Button_Click();
             break;
         case 5:
-            app.Editing.Command1_Click();
+            app.Editing.ListEditing.Command1_Click();
             break;
         case 6:
-            app.Editing.SilentLineButton_Click();
+            app.Editing.ListEditing.SilentLineButton_Click();
             break;
         case 7:
             app.Fields.ModDottedCheck = !app.Fields.ModDottedCheck;
@@ -379,20 +379,20 @@ void DoAnything(SimulatedProgram& program, std::mt19937& random) {
             app.Fields.NoteLengthCombo = below(5);
             break;
         case 10:
-            app.Lines.CopyLines();
+            app.Editing.LineClipboard.CopyLines();
             break;
         case 11:
-            app.Lines.CutLines();
+            app.Editing.LineClipboard.CutLines();
             break;
         case 12:
-            app.Lines.PasteLines();
+            app.Editing.LineClipboard.PasteLines();
             break;
         case 13:
             if (app.List.Count() < 200)
-                app.Lines.DuplicateLines();
+                app.Editing.LineClipboard.DuplicateLines();
             break;
         case 14:
-            app.Lines.EraseLines();
+            app.Editing.LineClipboard.EraseLines();
             break;
         default: {
             const std::vector<std::int32_t> rows = anyRows();
@@ -430,13 +430,13 @@ TEST(EditHistoryOfAnything, UndoesToTheStartAndRedoesToTheEnd) {
         }
         for (auto step = steps.rbegin(); step != steps.rend(); ++step) {
             ASSERT_TRUE(program.App.Fields.CanUndo) << seed;
-            program.App.History.Undo();
+            program.App.Editing.EditHistory.Undo();
             ASSERT_EQ(StateOf(program), step->first) << "seed " << seed;
         }
         EXPECT_FALSE(program.App.Fields.CanUndo) << "seed " << seed;
         EXPECT_FALSE(program.App.Fields.Modified) << "seed " << seed;
         for (const auto& step : steps) {
-            program.App.History.Redo();
+            program.App.Editing.EditHistory.Redo();
             ASSERT_EQ(StateOf(program), step.second) << "seed " << seed;
         }
         EXPECT_FALSE(program.App.Fields.CanRedo) << "seed " << seed;

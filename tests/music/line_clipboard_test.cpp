@@ -108,7 +108,7 @@ TEST(LineText, ComesBackAsItWas) {
 
 TEST_F(LineClipboardTest, CopyingPutsTheSelectedLinesOnTheClipboardAndChangesNothing) {
     App.List.SetSelection(3, {3, 1});
-    App.Lines.CopyLines();
+    App.Editing.LineClipboard.CopyLines();
     EXPECT_EQ(Clipboard.Text(), "Whole C4 E4 Dot\nQuarter - - Tri\n");
     EXPECT_EQ(Timeline.Text("clipboard"), "0.0000 clipboard Whole C4 E4 Dot|Quarter - - Tri|\n");
     EXPECT_FALSE(App.Fields.CanUndo);
@@ -117,10 +117,10 @@ TEST_F(LineClipboardTest, CopyingPutsTheSelectedLinesOnTheClipboardAndChangesNot
 
 TEST_F(LineClipboardTest, WithoutASelectedLineTheClipboardStaysAsItIs) {
     Clipboard.Put("something else");
-    App.Lines.CopyLines();
-    App.Lines.CutLines();
-    App.Lines.EraseLines();
-    App.Lines.DuplicateLines();
+    App.Editing.LineClipboard.CopyLines();
+    App.Editing.LineClipboard.CutLines();
+    App.Editing.LineClipboard.EraseLines();
+    App.Editing.LineClipboard.DuplicateLines();
     EXPECT_EQ(Clipboard.Text(), "something else");
     EXPECT_EQ(SongText(), Start);
     EXPECT_FALSE(App.Fields.CanUndo);
@@ -128,11 +128,11 @@ TEST_F(LineClipboardTest, WithoutASelectedLineTheClipboardStaysAsItIs) {
 
 TEST_F(LineClipboardTest, CuttingIsOneStep) {
     App.List.SetSelection(1, {1, 2});
-    App.Lines.CutLines();
+    App.Editing.LineClipboard.CutLines();
     EXPECT_EQ(Clipboard.Text(), "Whole C4 E4 Dot\nHalf D4 - -\n");
     EXPECT_EQ(SongText(), "> Quarter - - Tri\n1/8 F4 - -\n");
     EXPECT_EQ(App.Fields.UndoText.Get(), "Undo Cut lines");
-    App.History.Undo();
+    App.Editing.EditHistory.Undo();
     EXPECT_EQ(SongText(), "> Whole C4 E4 Dot\n> Half D4 - -\nQuarter - - Tri\n1/8 F4 - -\n");
     EXPECT_EQ(App.List.SelectedItem(), 1);
 }
@@ -140,45 +140,45 @@ TEST_F(LineClipboardTest, CuttingIsOneStep) {
 TEST_F(LineClipboardTest, LinesArePastedBeforeTheSelectedOneWhichStaysSelected) {
     Clipboard.Put("Half a4 -\r\nHalf b4 - dot\r\n");
     App.List.Select(2);
-    const auto result = App.Lines.PasteLines();
+    const auto result = App.Editing.LineClipboard.PasteLines();
     EXPECT_EQ(result.Pasted, 2U);
     EXPECT_EQ(result.Rejected, 0U);
     EXPECT_EQ(SongText(),
               "Whole C4 E4 Dot\nHalf A4 - -\nHalf B4 - dot\n> Half D4 - -\nQuarter - - Tri\n1/8 F4 - -\n");
     EXPECT_EQ(App.Fields.UndoText.Get(), "Undo Paste lines");
-    App.History.Undo();
+    App.Editing.EditHistory.Undo();
     EXPECT_EQ(SongText(), "Whole C4 E4 Dot\n> Half D4 - -\nQuarter - - Tri\n1/8 F4 - -\n");
 }
 
 TEST_F(LineClipboardTest, WithoutASelectedLineLinesAreAppended) {
     Clipboard.Put("Half A4 -");
-    App.Lines.PasteLines();
+    App.Editing.LineClipboard.PasteLines();
     EXPECT_EQ(SongText(), Start + "Half A4 - -\n");
     EXPECT_EQ(App.Fields.UndoText.Get(), "Undo Paste line");
     App.List.Clear();
-    App.Lines.PasteLines();
+    App.Editing.LineClipboard.PasteLines();
     EXPECT_EQ(SongText(), "Half A4 - -\n");
 }
 
 TEST_F(LineClipboardTest, TextThatIsNoMusicIsCountedAndChangesNothing) {
     Clipboard.Put("dear sir\nhello\n");
-    const auto result = App.Lines.PasteLines();
+    const auto result = App.Editing.LineClipboard.PasteLines();
     EXPECT_EQ(result.Pasted, 0U);
     EXPECT_EQ(result.Rejected, 2U);
     EXPECT_FALSE(App.Fields.CanUndo);
     Clipboard.Put("");
-    EXPECT_EQ(App.Lines.PasteLines().Rejected, 0U);
+    EXPECT_EQ(App.Editing.LineClipboard.PasteLines().Rejected, 0U);
 }
 
 TEST_F(LineClipboardTest, CopiesStandBehindTheLastSelectedLineAndAreSelected) {
     App.List.SetSelection(1, {1, 3});
-    App.Lines.DuplicateLines();
+    App.Editing.LineClipboard.DuplicateLines();
     EXPECT_EQ(SongText(),
               "Whole C4 E4 Dot\nHalf D4 - -\nQuarter - - Tri\n> Whole C4 E4 Dot\n> Quarter - - Tri\n"
               "1/8 F4 - -\n");
     EXPECT_EQ(App.Fields.UndoText.Get(), "Undo Duplicate lines");
     EXPECT_EQ(Timeline.Text("clipboard"), "");
-    App.History.Undo();
+    App.Editing.EditHistory.Undo();
     EXPECT_EQ(SongText(), "> Whole C4 E4 Dot\nHalf D4 - -\n> Quarter - - Tri\n1/8 F4 - -\n");
 }
 
@@ -190,8 +190,8 @@ TEST_F(LineClipboardTest, ErasingOneSelectedLineIsTheSameAsEraseWholeLine) {
             program->SetSong({"Whole C4 E4 Dot", "Half D4 - -", "Quarter - - Tri", "1/8 F4 - -"});
             program->App.List.Select(row);
         }
-        other.App.Editing.Command1_Click();
-        one.App.Lines.EraseLines();
+        other.App.Editing.ListEditing.Command1_Click();
+        one.App.Editing.LineClipboard.EraseLines();
         EXPECT_EQ(one.SongText(), other.SongText());
         EXPECT_EQ(one.App.List.SelectedItem(), other.App.List.SelectedItem());
         EXPECT_EQ(one.App.Fields.UndoText.Get(), other.App.Fields.UndoText.Get());
@@ -200,14 +200,14 @@ TEST_F(LineClipboardTest, ErasingOneSelectedLineIsTheSameAsEraseWholeLine) {
 
 TEST_F(LineClipboardTest, ErasingSeveralLinesSelectsTheOneBehindThem) {
     App.List.SetSelection(3, {1, 3});
-    App.Lines.EraseLines();
+    App.Editing.LineClipboard.EraseLines();
     EXPECT_EQ(SongText(), "Half D4 - -\n> 1/8 F4 - -\n");
     App.List.SetSelection(1, {1, 2});
-    App.Lines.EraseLines();
+    App.Editing.LineClipboard.EraseLines();
     EXPECT_EQ(SongText(), "");
     EXPECT_EQ(App.List.SelectedItem(), -1);
-    App.History.Undo();
-    App.History.Undo();
+    App.Editing.EditHistory.Undo();
+    App.Editing.EditHistory.Undo();
     EXPECT_EQ(App.List.SelectedRows(), (std::vector<std::int32_t>{1, 3}));
     EXPECT_EQ(App.List.SelectedItem(), 3);
 }
@@ -216,7 +216,7 @@ TEST_F(LineClipboardTest, ItIsKnownWhetherLinesAreSelected) {
     EXPECT_FALSE(App.Fields.LinesSelected);
     App.List.SetSelection(2, {2, 3});
     EXPECT_TRUE(App.Fields.LinesSelected);
-    App.Lines.EraseLines();
+    App.Editing.LineClipboard.EraseLines();
     EXPECT_TRUE(App.Fields.LinesSelected) << "the line behind them";
     App.List.UnselectAll();
     EXPECT_FALSE(App.Fields.LinesSelected);
@@ -227,10 +227,10 @@ TEST_F(LineClipboardTest, ItIsKnownWhetherLinesAreSelected) {
 
 TEST_F(LineClipboardTest, LinesGoFromOneCopyOfTheProgramToAnother) {
     App.List.SetSelection(1, {1, 2, 3, 4});
-    App.Lines.CopyLines();
+    App.Editing.LineClipboard.CopyLines();
     SimulatedProgram other;
     other.Clipboard.Put(Clipboard.Text());
-    other.App.Lines.PasteLines();
+    other.App.Editing.LineClipboard.PasteLines();
     EXPECT_EQ(other.SongText(), Start);
 }
 

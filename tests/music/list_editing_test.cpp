@@ -26,9 +26,9 @@ struct ListEditingTest : testing::Test, SimulatedProgram {
 
 TEST_F(ListEditingTest, ClearingANoteLeavesTheRestOfTheLine) {
     App.List.Select(1);
-    App.Editing.ClearNote1Button_Click();
+    App.Editing.ListEditing.ClearNote1Button_Click();
     EXPECT_EQ(App.List.Line(1), (MusicLine{"Whole", "", "E4", "Dot"}));
-    App.Editing.ClearNote2Button_Click();
+    App.Editing.ListEditing.ClearNote2Button_Click();
     EXPECT_EQ(App.List.Line(1), (MusicLine{"Whole", "", "", "Dot"})) << "a silent line";
     EXPECT_TRUE(App.List.IsSelected(1));
     EXPECT_EQ(App.List.Line(2), (MusicLine{"Half", "D4", "F4", ""}));
@@ -36,19 +36,19 @@ TEST_F(ListEditingTest, ClearingANoteLeavesTheRestOfTheLine) {
 
 TEST_F(ListEditingTest, ErasingALineSelectsTheOneThatTakesItsPlace) {
     App.List.Select(2);
-    App.Editing.Command1_Click();
+    App.Editing.ListEditing.Command1_Click();
     EXPECT_EQ(SongText(), "Whole C4 E4 Dot\n> Quarter E4 - Tri\n1/8 F4 - -\n");
-    App.Editing.Command1_Click();
+    App.Editing.ListEditing.Command1_Click();
     EXPECT_EQ(SongText(), "Whole C4 E4 Dot\n> 1/8 F4 - -\n");
 }
 
 TEST_F(ListEditingTest, ErasingTheLastLineLeavesNoSelection) {
     App.List.Select(4);
-    App.Editing.Command1_Click();
+    App.Editing.ListEditing.Command1_Click();
     EXPECT_EQ(App.List.Count(), 3);
     EXPECT_EQ(App.List.SelectedItem(), -1);
     EXPECT_EQ(App.List.SelectedCount(), 0);
-    App.Editing.Command1_Click();
+    App.Editing.ListEditing.Command1_Click();
     EXPECT_EQ(App.List.Count(), 3);
 }
 
@@ -58,10 +58,10 @@ TEST_F(ListEditingTest, WithoutARealSelectionNothingIsChanged) {
             App.List.Select(2);
             App.List.Unselect(2);
         }
-        App.Editing.ClearNote1Button_Click();
-        App.Editing.ClearNote2Button_Click();
-        App.Editing.Command1_Click();
-        App.Editing.UnselectButton_Click();
+        App.Editing.ListEditing.ClearNote1Button_Click();
+        App.Editing.ListEditing.ClearNote2Button_Click();
+        App.Editing.ListEditing.Command1_Click();
+        App.Editing.ListEditing.UnselectButton_Click();
         App.Fields.ModDottedCheck = !lostHighlight;
         EXPECT_FALSE(App.Fields.CanUndo);
     }
@@ -71,7 +71,7 @@ TEST_F(ListEditingTest, WithoutARealSelectionNothingIsChanged) {
 TEST_F(ListEditingTest, TheBlankLineIsInsertedWithTheChosenLengthAndMod) {
     App.List.Select(2);
     App.Fields.NoteLengthCombo = 4;
-    App.Editing.SilentLineButton_Click();
+    App.Editing.ListEditing.SilentLineButton_Click();
     EXPECT_EQ(SongText(), "Whole C4 E4 Dot\n1/16 - - -\n> Half D4 F4 -\nQuarter E4 - Tri\n1/8 F4 - -\n");
 }
 
@@ -81,26 +81,26 @@ TEST_F(ListEditingTest, TheBlankLineReplacesOnlyLengthAndMod) {
     App.Fields.ModTripletCheck = true;
     App.Fields.NoteLengthCombo = 0;
     App.List.Select(2);
-    App.Editing.SilentLineButton_Click();
+    App.Editing.ListEditing.SilentLineButton_Click();
     EXPECT_EQ(SongText(), "Whole C4 E4 Dot\nWhole D4 F4 Tri\n> Quarter E4 - Tri\n1/8 F4 - -\n");
     App.Fields.NoteLengthReplaceCheck = false;
-    App.Editing.SilentLineButton_Click();
+    App.Editing.ListEditing.SilentLineButton_Click();
     EXPECT_EQ(SongText(), "Whole C4 E4 Dot\nWhole D4 F4 Tri\nQuarter E4 - Tri\n> 1/8 F4 - -\n")
         << "without the length, the selection only moves on";
 }
 
 TEST_F(ListEditingTest, UnselectingLeavesTheItemAndShowsTheEndOfTheSong) {
     App.List.Select(2);
-    App.Editing.UnselectButton_Click();
+    App.Editing.ListEditing.UnselectButton_Click();
     EXPECT_EQ(SongText(), "Whole C4 E4 Dot\n* Half D4 F4 -\nQuarter E4 - Tri\n1/8 F4 - -\n");
     EXPECT_EQ(App.Fields.lblPlayBar.Get(), "003");
-    App.Entry.AddNote(0, 4, 0);
+    App.Editing.NoteEntry.AddNote(0, 4, 0);
     EXPECT_EQ(App.List.Line(5).Note1, "C4") << "the next note is appended";
 }
 
 TEST_F(ListEditingTest, DottedWhileTripletIsTickedLeavesDotted) {
     App.List.Select(3);
-    App.Mods.UpdateModButtons();
+    App.Editing.ModButtons.UpdateModButtons();
     ASSERT_TRUE(App.Fields.ModTripletCheck);
     App.Fields.ModDottedCheck = true;
     EXPECT_TRUE(App.Fields.ModDottedCheck);
@@ -126,7 +126,7 @@ TEST_F(ListEditingTest, TheOptionsOfEnteringNotesAreAvailableWithIt) {
 
 TEST_F(ListEditingTest, ASongThatSwitchesNoteEntryOffGreysItsOptions) {
     Disk.Put("song", "Quavix by Dastrel-204 file format\r\nNoteClickAdd 0\r\nMUSICLISTSTART\r\n");
-    App.Reader.ActuallyLoadMusic("song");
+    App.Storage.SongReader.ActuallyLoadMusic("song");
     EXPECT_EQ(Enabled(), "0000");
 }
 
@@ -141,11 +141,11 @@ TEST_F(ListEditingTest, OnlyOneOfTheTwoNoteColumnsIsChosen) {
 TEST_F(ListEditingTest, ErasingWhileThePlayedLineSoundsGoesOn) {
     App.Fields.MutePCSpeaker = true;
     App.Fields.BPM.Set(600);
-    Time.At(150, [this] { App.Editing.Command1_Click(); });
-    App.Playback.OnRangeEnd = [this] { App.Playback.StopPlayButton_Click(); };
-    App.Playback.PlayAllButton_Click();
+    Time.At(150, [this] { App.Editing.ListEditing.Command1_Click(); });
+    App.Playing.PlaybackEngine.OnRangeEnd = [this] { App.Playing.PlaybackEngine.StopPlayButton_Click(); };
+    App.Playing.PlaybackEngine.PlayAllButton_Click();
     EXPECT_EQ(App.List.Count(), 3);
-    App.History.Undo();
+    App.Editing.EditHistory.Undo();
     std::string rows;
     for (std::int32_t row = 1; row <= App.List.Count(); ++row)
         rows += App.List.Line(row).Length + " ";
@@ -154,22 +154,22 @@ TEST_F(ListEditingTest, ErasingWhileThePlayedLineSoundsGoesOn) {
 
 TEST_F(ListEditingTest, WithSeveralLinesSelectedEraseWholeLineErasesAllInOneStep) {
     App.List.SetSelection(1, {1, 3});
-    App.Editing.Command1_Click();
+    App.Editing.ListEditing.Command1_Click();
     EXPECT_EQ(SongText(), "Half D4 F4 -\n> 1/8 F4 - -\n");
     EXPECT_EQ(App.Fields.UndoText.Get(), "Undo Erase lines");
-    App.History.Undo();
+    App.Editing.EditHistory.Undo();
     EXPECT_EQ(SongText(), "> Whole C4 E4 Dot\nHalf D4 F4 -\n> Quarter E4 - Tri\n1/8 F4 - -\n");
     EXPECT_FALSE(App.Fields.CanUndo);
 }
 
 TEST_F(ListEditingTest, WithSeveralLinesSelectedClearingMeansAllInOneStep) {
     App.List.SetSelection(1, {1, 2});
-    App.Editing.ClearNote1Button_Click();
+    App.Editing.ListEditing.ClearNote1Button_Click();
     EXPECT_EQ(SongText(), "> Whole - E4 Dot\n> Half - F4 -\nQuarter E4 - Tri\n1/8 F4 - -\n");
-    App.Editing.ClearNote2Button_Click();
+    App.Editing.ListEditing.ClearNote2Button_Click();
     EXPECT_EQ(SongText(), "> Whole - - Dot\n> Half - - -\nQuarter E4 - Tri\n1/8 F4 - -\n");
-    App.History.Undo();
-    App.History.Undo();
+    App.Editing.EditHistory.Undo();
+    App.Editing.EditHistory.Undo();
     EXPECT_EQ(SongText(), "> Whole C4 E4 Dot\n> Half D4 F4 -\nQuarter E4 - Tri\n1/8 F4 - -\n");
     EXPECT_FALSE(App.Fields.CanUndo);
 }
@@ -180,21 +180,21 @@ TEST_F(ListEditingTest, WithSeveralLinesSelectedTheModifierIsGivenToAllInOneStep
     EXPECT_EQ(SongText(), "Whole C4 E4 Dot\n> Half D4 F4 Dot\n> Quarter E4 - Dot\n1/8 F4 - -\n");
     App.Fields.ModTripletCheck = true;
     EXPECT_EQ(SongText(), "Whole C4 E4 Dot\n> Half D4 F4 Tri\n> Quarter E4 - Tri\n1/8 F4 - -\n");
-    App.History.Undo();
-    App.History.Undo();
+    App.Editing.EditHistory.Undo();
+    App.Editing.EditHistory.Undo();
     EXPECT_EQ(SongText(), "Whole C4 E4 Dot\n> Half D4 F4 -\n> Quarter E4 - Tri\n1/8 F4 - -\n");
     EXPECT_FALSE(App.Fields.CanUndo);
 }
 
 TEST_F(ListEditingTest, WithSeveralLinesSelectedABlankLineComesBeforeTheSelectedItemWhichAloneStaysSelected) {
     App.List.SetSelection(2, {2, 3});
-    App.Editing.SilentLineButton_Click();
+    App.Editing.ListEditing.SilentLineButton_Click();
     EXPECT_EQ(SongText(), "Whole C4 E4 Dot\n1/8 - - -\n> Half D4 F4 -\nQuarter E4 - Tri\n1/8 F4 - -\n");
 }
 
 TEST_F(ListEditingTest, UnselectingClearsEveryHighlight) {
     App.List.SetSelection(2, {1, 2, 4});
-    App.Editing.UnselectButton_Click();
+    App.Editing.ListEditing.UnselectButton_Click();
     EXPECT_EQ(App.List.SelectedCount(), 0);
     EXPECT_EQ(App.List.SelectedItem(), 2);
 }
@@ -202,27 +202,27 @@ TEST_F(ListEditingTest, UnselectingClearsEveryHighlight) {
 TEST_F(ListEditingTest, ABlankLineAndAnErasedOneMoveThePositionExceptDuringPlayback) {
     App.List.Select(2);
     App.Fields.NoteLengthCombo = 0;
-    App.Editing.SilentLineButton_Click();
+    App.Editing.ListEditing.SilentLineButton_Click();
     EXPECT_EQ(App.Fields.lblPlayPos.Get(), "01 01/02");
     EXPECT_EQ(App.Fields.lblPlayBar.Get(), "003") << "a dotted whole note and a whole one before the line";
     App.List.Select(1);
-    App.Editing.Command1_Click();
+    App.Editing.ListEditing.Command1_Click();
     EXPECT_EQ(App.Fields.lblPlayBar.Get(), "001");
     App.Fields.MusicIsPlaying = true;
-    App.Editing.SilentLineButton_Click();
+    App.Editing.ListEditing.SilentLineButton_Click();
     EXPECT_EQ(App.Fields.lblPlayBar.Get(), "001");
 }
 
 TEST_F(ListEditingTest, TheBoxesAndThePositionGoWithASelectionThatIsMovedWithoutPlaying) {
     App.List.Select(3);
-    App.Editing.FollowSelection();
+    App.Editing.ListEditing.FollowSelection();
     EXPECT_TRUE(App.Fields.ModTripletCheck);
     EXPECT_EQ(App.Fields.lblPlayBar.Get(), "003");
     EXPECT_EQ(App.List.Line(3).Mod, "Tri");
     EXPECT_FALSE(App.Fields.CanUndo);
     App.List.Select(1);
     App.Fields.MusicIsPlaying = true;
-    App.Editing.FollowSelection();
+    App.Editing.ListEditing.FollowSelection();
     EXPECT_TRUE(App.Fields.ModDottedCheck);
     EXPECT_EQ(App.Fields.lblPlayBar.Get(), "003") << "the labels belong to the music while it plays";
 }

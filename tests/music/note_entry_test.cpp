@@ -12,7 +12,7 @@ struct NoteEntryTest : testing::Test, SimulatedProgram {
     /// What adding a note logs.
     std::string LogOf(std::int32_t noteNum, std::int32_t octave, std::int32_t lengthIndex) {
         App.Log.Enable();
-        App.Entry.AddNote(noteNum, octave, lengthIndex);
+        App.Editing.NoteEntry.AddNote(noteNum, octave, lengthIndex);
         return LogText();
     }
 };
@@ -49,7 +49,7 @@ TEST_F(NoteEntryTest, ALineIsInsertedBeforeTheSelectedOneWhichStaysSelected) {
               "    AddNote() - END\n"
               "\n");
     EXPECT_EQ(SongText(), "Whole C4 - -\nWhole A#5 - -\n> Half D4 - -\nQuarter E4 - -\n");
-    App.Entry.AddNote(11, 5, 0);
+    App.Editing.NoteEntry.AddNote(11, 5, 0);
     EXPECT_EQ(SongText(), "Whole C4 - -\nWhole A#5 - -\nWhole B5 - -\n> Half D4 - -\nQuarter E4 - -\n")
         << "the next note follows the first one";
 }
@@ -100,10 +100,10 @@ TEST_F(NoteEntryTest, ReplacingTheLastLineClearsTheSelectionAndTheNextNoteIsAppe
     SetSong({"Whole C4 - -", "Half D4 - -"});
     App.List.Select(2);
     App.Fields.NoteReplaceCheck = true;
-    App.Entry.AddNote(4, 4, 2);
+    App.Editing.NoteEntry.AddNote(4, 4, 2);
     EXPECT_EQ(SongText(), "Whole C4 - -\n* Half E4 - -\n");
     EXPECT_FALSE(App.List.IsSelected(2));
-    App.Entry.AddNote(5, 4, 2);
+    App.Editing.NoteEntry.AddNote(5, 4, 2);
     EXPECT_EQ(SongText(), "Whole C4 - -\n* Half E4 - -\nQuarter F4 - -\n");
 }
 
@@ -132,11 +132,11 @@ TEST_F(NoteEntryTest, ReplacingTheLengthTooWritesLengthAndMod) {
 
 TEST_F(NoteEntryTest, ANewLineTakesTheModOfTheBoxes) {
     App.Fields.ModDottedCheck = true;
-    App.Entry.AddNote(0, 4, 2);
+    App.Editing.NoteEntry.AddNote(0, 4, 2);
     App.Fields.ModTripletCheck = true;
-    App.Entry.AddNote(0, 4, 2);
+    App.Editing.NoteEntry.AddNote(0, 4, 2);
     App.Fields.ModTripletCheck = false;
-    App.Entry.AddNote(0, 4, 2);
+    App.Editing.NoteEntry.AddNote(0, 4, 2);
     EXPECT_EQ(SongText(), "Quarter C4 - Dot\nQuarter C4 - Tri\nQuarter C4 - -\n");
 }
 
@@ -158,33 +158,33 @@ TEST_F(NoteEntryTest, TheModWrittenWithTheLengthIsLogged) {
               "    AddNote() - END\n"
               "\n");
     App.Fields.ModTripletCheck = true;
-    App.Entry.AddNote(-1, 0, 1);
+    App.Editing.NoteEntry.AddNote(-1, 0, 1);
     EXPECT_NE(LogText().find("    Modifier: Triplet\n"), std::string::npos);
     EXPECT_EQ(SongText(), " - - Dot\nHalf - - Tri\n");
 }
 
 TEST_F(NoteEntryTest, ANumberThatIsNoNoteIsEnteredAsAnError) {
     EXPECT_NE(LogOf(12, 4, 2).find("    NoteLetter = Err12-\n"), std::string::npos);
-    App.Entry.AddNote(-2, 4, 2);
+    App.Editing.NoteEntry.AddNote(-2, 4, 2);
     EXPECT_EQ(SongText(), "Quarter Err12-4 - -\nQuarter Err-2-4 - -\n");
 }
 
 TEST_F(NoteEntryTest, AnOctaveOfTwoDigitsIsWrittenAsItIs) {
-    App.Entry.AddNote(0, 10, 2);
+    App.Editing.NoteEntry.AddNote(0, 10, 2);
     EXPECT_EQ(SongText(), "Quarter C10 - -\n");
 }
 
 TEST_F(NoteEntryTest, InsertingAmongSeveralSelectedLinesLeavesOneSelected) {
     SetSong({"Whole C4 - -", "Half D4 - -", "Quarter E4 - -"});
     App.List.SetSelection(2, {1, 2, 3});
-    App.Entry.AddNote(0, 5, 2);
+    App.Editing.NoteEntry.AddNote(0, 5, 2);
     EXPECT_EQ(SongText(), "Whole C4 - -\nQuarter C5 - -\n> Half D4 - -\nQuarter E4 - -\n");
 }
 
 TEST_F(NoteEntryTest, TheLogIsTheSameAtAnyDepth) {
     App.Log.Enable();
     App.Log.LogIndentInc("outer");
-    App.Entry.AddNote(0, 4, 3);
+    App.Editing.NoteEntry.AddNote(0, 4, 3);
     EXPECT_EQ(App.Log.LogIndent(), 1);
 }
 
@@ -200,10 +200,10 @@ struct ScrollWatcher : MusicListObserver {
 TEST_F(NoteEntryTest, TheNewLineAndTheOneThatIsSelectedNextAreScrolledIntoView) {
     SetSong({"Whole C4 - -", "Half D4 - -"});
     ScrollWatcher scrolls(App.List);
-    App.Entry.AddNote(0, 4, 0);
+    App.Editing.NoteEntry.AddNote(0, 4, 0);
     EXPECT_EQ(scrolls.Rows, "3 ");
     App.List.Select(1);
-    App.Entry.AddNote(0, 4, 0);
+    App.Editing.NoteEntry.AddNote(0, 4, 0);
     EXPECT_EQ(scrolls.Rows, "3 1 2 ");
 }
 
@@ -211,7 +211,7 @@ TEST_F(NoteEntryTest, ReplacingTheLastOfSeveralSelectedLinesLeavesNoneHighlighte
     SetSong({"Whole C4 - -", "Half D4 - -"});
     App.Fields.NoteReplaceCheck = true;
     App.List.SetSelection(2, {1, 2});
-    App.Entry.AddNote(9, 4, 0);
+    App.Editing.NoteEntry.AddNote(9, 4, 0);
     EXPECT_EQ(SongText(), "Whole C4 - -\n* Half A4 - -\n");
 }
 

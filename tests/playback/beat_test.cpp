@@ -16,8 +16,10 @@ class BeatTest : public testing::Test {
     }
 
     void PlayAllOnce() {
-        P.App.Playback.OnRangeEnd = [this] { P.App.Playback.StopPlayButton_Click(); };
-        P.App.Playback.PlayAllButton_Click();
+        P.App.Playing.PlaybackEngine.OnRangeEnd = [this] {
+            P.App.Playing.PlaybackEngine.StopPlayButton_Click();
+        };
+        P.App.Playing.PlaybackEngine.PlayAllButton_Click();
     }
     /// When a kick began, in ms.
     std::string Kicks() const {
@@ -72,7 +74,7 @@ TEST_F(BeatTest, TwoDigitBeatsCount) {
     Fields.optBeatAll = false;
     for (const char* caption : {"09.00", "10.00", "10.50", "11.00", "16.00"}) {
         Fields.lblPlaySig = caption;
-        P.App.Kick.LineStarts();
+        P.App.Playing.Beat.LineStarts();
     }
     EXPECT_EQ(Kicks(), "0 45 ");
 }
@@ -80,9 +82,9 @@ TEST_F(BeatTest, TwoDigitBeatsCount) {
 TEST_F(BeatTest, AClickedLineHasItToo) {
     P.SetSong({"Quarter - - -", "1/8 - - -", "1/8 A4 - -"});
     Fields.UseBeatCheck = true;
-    P.App.Playback.MainList_ItemClick(3);
+    P.App.Playing.PlaybackEngine.MainList_ItemClick(3);
     EXPECT_EQ(Kicks(), "") << "it starts at beat 2.5";
-    P.App.Playback.MainList_ItemClick(2);
+    P.App.Playing.PlaybackEngine.MainList_ItemClick(2);
     EXPECT_EQ(Kicks(), "125 ");
 }
 
@@ -120,17 +122,17 @@ TEST_F(BeatTest, FollowsTheChosenOutput) {
 }
 
 TEST_F(BeatTest, ASweepEndsAtItsEndFrequencyAndBelow16Kilohertz) {
-    P.App.Kick.BeatSound(400, 100, 0.5);
+    P.App.Playing.Beat.BeatSound(400, 100, 0.5);
     EXPECT_EQ(P.Timeline.Text("speaker"), "0.0000 speaker 400 Hz 15 ms\n0.0150 speaker 200 Hz 15 ms\n");
     P.Timeline.Clear();
-    P.App.Kick.BeatSound(16000, 100, 0.5);
+    P.App.Playing.Beat.BeatSound(16000, 100, 0.5);
     EXPECT_EQ(P.Timeline.Text(), "");
 }
 
 TEST_F(BeatTest, TickedUnderDoNotUpdateItAsksAndUnticksThat) {
     P.App.Log.Enable();
     Fields.NoUpdateCheck = true;
-    P.App.Position.NoUpdateCheck_Click();
+    P.App.Editing.PositionDisplay.NoUpdateCheck_Click();
     P.Boxes.AnswerNext(BoxAnswer::Yes);
     Fields.UseBeatCheck = true;
     ASSERT_EQ(P.Boxes.Shown().size(), 1U);
@@ -153,7 +155,7 @@ TEST_F(BeatTest, TickedUnderDoNotUpdateItAsksAndUnticksThat) {
 
 TEST_F(BeatTest, WithAnyOtherAnswerDoNotUpdateStaysTicked) {
     Fields.NoUpdateCheck = true;
-    P.App.Position.NoUpdateCheck_Click();
+    P.App.Editing.PositionDisplay.NoUpdateCheck_Click();
     P.Boxes.AnswerNext(BoxAnswer::No);
     Fields.UseBeatCheck = true;
     EXPECT_TRUE(Fields.NoUpdateCheck);
@@ -166,12 +168,12 @@ TEST_F(BeatTest, WithAnyOtherAnswerDoNotUpdateStaysTicked) {
 
 TEST_F(BeatTest, StandsBetweenTheVoicesPitchAndTheNotes) {
     P.SetSong({"1/8 A4 A4 -", "1/8 A4 - -"});
-    test::RecordedPlayback recorded(P, [this] { P.App.Kick.LineStarts(); });
+    test::RecordedPlayback recorded(P, [this] { P.App.Playing.Beat.LineStarts(); });
     Fields.UseBeatCheck = true;
     Fields.UseVoiceCheck = true;
     Fields.VoiceVolSlider = 5000;
     Fields.PlayNote2Check = false;
-    P.App.Fmod.Singer.StopMoving();
+    P.App.Outputs.SoundMods.Singer.StopMoving();
     P.Timeline.Clear();
     recorded.Playback.OnRangeEnd = [&] { recorded.Playback.StopPlayButton_Click(); };
     recorded.Playback.PlayAllButton_Click();

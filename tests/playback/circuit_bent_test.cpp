@@ -26,9 +26,13 @@ class CircuitBentTest : public testing::Test {
     test::SimulatedProgram P;
     MainFields Fields;
     ToneCode Code{Fields, P.Disk, "/program/tonecode.txt"};
-    ToneDispatcher Tones{Fields,  {P.Speaker, P.App.Motor, P.App.Fmod.Generator, P.App.MidiOut, P.App.Glide},
-                         Code,    P.App.Wait,
-                         P.Boxes, P.App.Log};
+    ToneDispatcher Tones{Fields,
+                         {P.Speaker, P.App.Outputs.MotorModModule, P.App.Outputs.SoundMods.Generator,
+                          P.App.Outputs.MidiOutput, P.App.Outputs.PitchGlide},
+                         Code,
+                         P.App.Wait,
+                         P.Boxes,
+                         P.App.Log};
     CircuitBent Bending;
 };
 

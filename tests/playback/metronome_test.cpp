@@ -15,8 +15,8 @@ class MetronomeTest : public testing::Test {
 
     /// Runs from a click now to one at `offMs`.
     void ClickUntil(double offMs) {
-        P.Time.At(offMs, [this] { P.App.Clicks.MetronomeButton_Click(); });
-        P.App.Clicks.MetronomeButton_Click();
+        P.Time.At(offMs, [this] { P.App.Playing.Metronome.MetronomeButton_Click(); });
+        P.App.Playing.Metronome.MetronomeButton_Click();
         EXPECT_FALSE(Fields.MetronomeIsOn);
     }
     std::string Tones() const { return P.Timeline.Text("speaker"); }
@@ -118,8 +118,8 @@ TEST_F(MetronomeTest, LogsItsClicks) {
 
 TEST_F(MetronomeTest, SwitchedOffAndOnAgainAtOnceItStartsANewBar) {
     P.Time.At(700, [this] {
-        P.App.Clicks.MetronomeButton_Click();
-        P.App.Clicks.MetronomeButton_Click();
+        P.App.Playing.Metronome.MetronomeButton_Click();
+        P.App.Playing.Metronome.MetronomeButton_Click();
     });
     ClickUntil(1300);
     EXPECT_EQ(Tones(),
@@ -129,11 +129,11 @@ TEST_F(MetronomeTest, SwitchedOffAndOnAgainAtOnceItStartsANewBar) {
 
 TEST_F(MetronomeTest, PlayAllSwitchesItOffFirst) {
     P.SetSong({"Quarter A4 - -"});
-    P.App.Playback.OnRangeEnd = [this] { P.App.Playback.StopPlayButton_Click(); };
+    P.App.Playing.PlaybackEngine.OnRangeEnd = [this] { P.App.Playing.PlaybackEngine.StopPlayButton_Click(); };
     bool enabledDuring = true;
-    P.Time.At(700, [this] { P.App.Playback.PlayAllButton_Click(); });
+    P.Time.At(700, [this] { P.App.Playing.PlaybackEngine.PlayAllButton_Click(); });
     P.Time.At(1180, [&] { enabledDuring = Fields.MetronomeButtonEnabled; });
-    P.App.Clicks.MetronomeButton_Click();
+    P.App.Playing.Metronome.MetronomeButton_Click();
     EXPECT_EQ(Tones(),
               "0.0000 speaker 1000 Hz 20 ms\n0.5000 speaker 500 Hz 20 ms\n0.7000 speaker 440 Hz 450 ms\n");
     EXPECT_FALSE(enabledDuring) << "the two can't have the thread at once";
@@ -143,14 +143,14 @@ TEST_F(MetronomeTest, PlayAllSwitchesItOffFirst) {
 
 TEST_F(MetronomeTest, AWaitForTheSynchronizedStartSwitchesItOffAndIsNotHeldUp) {
     P.SetSong({"Quarter A4 - -"});
-    P.App.Playback.OnRangeEnd = [this] { P.App.Playback.StopPlayButton_Click(); };
-    P.App.Synchro.txtHour.Type("12");
-    P.App.Synchro.txtMinute.Type("0");
-    P.App.Synchro.txtSecond.Type("2");
+    P.App.Playing.PlaybackEngine.OnRangeEnd = [this] { P.App.Playing.PlaybackEngine.StopPlayButton_Click(); };
+    P.App.Playing.SynchroPlay.txtHour.Type("12");
+    P.App.Playing.SynchroPlay.txtMinute.Type("0");
+    P.App.Playing.SynchroPlay.txtSecond.Type("2");
     bool enabledDuring = true;
-    P.Time.At(700, [this] { P.App.Synchro.btnWait_Click(); });
+    P.Time.At(700, [this] { P.App.Playing.SynchroPlay.btnWait_Click(); });
     P.Time.At(1500, [&] { enabledDuring = Fields.MetronomeButtonEnabled; });
-    P.App.Clicks.MetronomeButton_Click();
+    P.App.Playing.Metronome.MetronomeButton_Click();
     EXPECT_EQ(Tones(),
               "0.0000 speaker 1000 Hz 20 ms\n0.5000 speaker 500 Hz 20 ms\n2.0000 speaker 440 Hz 450 ms\n");
     EXPECT_FALSE(enabledDuring);
@@ -158,20 +158,20 @@ TEST_F(MetronomeTest, AWaitForTheSynchronizedStartSwitchesItOffAndIsNotHeldUp) {
 }
 
 TEST_F(MetronomeTest, AWaitThatIsStoppedGivesTheButtonBack) {
-    P.App.Synchro.txtHour.Type("13");
-    P.Time.At(100, [this] { P.App.Synchro.btnWait_Click(); });
-    P.App.Synchro.btnWait_Click();
+    P.App.Playing.SynchroPlay.txtHour.Type("13");
+    P.Time.At(100, [this] { P.App.Playing.SynchroPlay.btnWait_Click(); });
+    P.App.Playing.SynchroPlay.btnWait_Click();
     EXPECT_TRUE(Fields.MetronomeButtonEnabled);
 }
 
 TEST_F(MetronomeTest, PlayingLogsThatItIsOff) {
     P.SetSong({"1/16 - - -"});
-    P.App.Playback.OnRangeEnd = [this] { P.App.Playback.StopPlayButton_Click(); };
+    P.App.Playing.PlaybackEngine.OnRangeEnd = [this] { P.App.Playing.PlaybackEngine.StopPlayButton_Click(); };
     P.Time.At(100, [this] {
         P.App.Log.Enable();
-        P.App.Playback.PlayAllButton_Click();
+        P.App.Playing.PlaybackEngine.PlayAllButton_Click();
     });
-    P.App.Clicks.MetronomeButton_Click();
+    P.App.Playing.Metronome.MetronomeButton_Click();
     EXPECT_TRUE(
         P.LogText().starts_with("    PlayMusic() - START\n    Metronome is OFF\n"
                                 "        BeforePlayMusic() - START\n"))
@@ -186,7 +186,9 @@ TEST_F(MetronomeTest, OnAMutedSpeakerAClickOnTheButtonIsHeardInTheMiddleOfATone)
 
 TEST_F(MetronomeTest, OverMidiItClicksB5AndB4) {
     ToneCode code(Fields, P.Disk, "/code");
-    ToneDispatcher tones(Fields, {P.Speaker, P.App.Motor, P.App.Fmod.Generator, P.App.MidiOut, P.App.Glide},
+    ToneDispatcher tones(Fields,
+                         {P.Speaker, P.App.Outputs.MotorModModule, P.App.Outputs.SoundMods.Generator,
+                          P.App.Outputs.MidiOutput, P.App.Outputs.PitchGlide},
                          code, P.App.Wait, P.Boxes, P.App.Log);
     Metronome metronome(Fields, tones, code, P.Time, P.App.Wait, P.App.Log);
     P.OpenMidiOut();
@@ -199,8 +201,8 @@ TEST_F(MetronomeTest, OverMidiItClicksB5AndB4) {
 
 TEST_F(MetronomeTest, ATempoOfZeroIsAnErrorAndLeavesItOff) {
     Fields.BPM.Set(0);
-    EXPECT_FALSE(
-        P.App.Handlers.Run("MetronomeButton_Click", [this] { P.App.Clicks.MetronomeButton_Click(); }));
+    EXPECT_FALSE(P.App.Handlers.Run("MetronomeButton_Click",
+                                    [this] { P.App.Playing.Metronome.MetronomeButton_Click(); }));
     EXPECT_FALSE(Fields.MetronomeIsOn);
     EXPECT_FALSE(Fields.BeepTextLabelVisible);
     EXPECT_EQ(P.Boxes.Shown().back().Text, "Run-time error '11':\n\nDivision by zero");
@@ -220,7 +222,7 @@ TEST_F(MetronomeTest, ClosingTheProgramEndsIt) {
     } end;
     Shutdown closing(Fields, P.App.Log, end);
     P.Time.At(700, [&] { closing.CloseProgram(); });
-    P.App.Clicks.MetronomeButton_Click();
+    P.App.Playing.Metronome.MetronomeButton_Click();
     EXPECT_TRUE(end.Ended);
     EXPECT_EQ(P.Time.Now(), 700 * SimulatedTime::CountsPerMs);
     EXPECT_EQ(Tones(), "0.0000 speaker 1000 Hz 20 ms\n0.5000 speaker 500 Hz 20 ms\n");

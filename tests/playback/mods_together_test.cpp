@@ -12,16 +12,16 @@ class ModsTogetherTest : public testing::Test {
     ModsTogetherTest() {
         Fields.BPM.Set(120);
         Fields.NoteSilenceRatio.Set(50);
-        App.Glide.Fields.PitchMultipleSlider = 5000;
+        App.Outputs.PitchGlide.Fields.PitchMultipleSlider = 5000;
     }
 
     void PlayAllOnce() {
-        App.Playback.OnRangeEnd = [this] { App.Playback.StopPlayButton_Click(); };
-        App.Playback.PlayAllButton_Click();
+        App.Playing.PlaybackEngine.OnRangeEnd = [this] { App.Playing.PlaybackEngine.StopPlayButton_Click(); };
+        App.Playing.PlaybackEngine.PlayAllButton_Click();
     }
     void Mute(bool mute) {
         Fields.MuteTweebleCheck = mute;
-        App.Tones.MuteTweebleCheck_Click();
+        App.Outputs.ToneDispatcher.MuteTweebleCheck_Click();
     }
 
     test::SimulatedProgram P;
@@ -32,7 +32,7 @@ class ModsTogetherTest : public testing::Test {
 TEST_F(ModsTogetherTest, ASongGlidesFromLineToLine) {
     P.SetSong({"1/8 A4 - -", "1/8 A5 - -"});
     Fields.UsePortaCheck = true;
-    App.Glide.Fields.SoundLengthSlider = 100;
+    App.Outputs.PitchGlide.Fields.SoundLengthSlider = 100;
     PlayAllOnce();
     EXPECT_EQ(P.Timeline.Text("speaker"),
               "0.0150 speaker 440 Hz 30 ms\n0.0450 speaker 440 Hz 30 ms\n0.0750 speaker 440 Hz 30 ms\n"
@@ -44,10 +44,10 @@ TEST_F(ModsTogetherTest, ASongGlidesFromLineToLine) {
 TEST_F(ModsTogetherTest, MutedNotesDoNotMoveAGlideThatSoundsOn) {
     P.SetSong({"1/16 A5 - -"});
     Fields.UsePortaCheck = true;
-    App.Glide.Fields.optSoundStops = false;
-    App.Glide.Fields.optSoundAlways = true;
+    App.Outputs.PitchGlide.Fields.optSoundStops = false;
+    App.Outputs.PitchGlide.Fields.optSoundAlways = true;
     std::string note = "A4";
-    App.Tones.UniBeep(note, 50);
+    App.Outputs.ToneDispatcher.UniBeep(note, 50);
     P.Time.RunUntil(15);
     Mute(true);
     P.Timeline.Clear();
@@ -63,8 +63,8 @@ TEST_F(ModsTogetherTest, BurstsDelayTheMusicWhichStaysOnItsTimetable) {
     Fields.BPM.Set(40);  // lines of 1.5 s, of which 0.75 sound
     P.Time.At(100, [this] { Fields.UseCircuitBentCheck = true; });
     P.Time.At(1600, [this] { Fields.UseCircuitBentCheck = false; });
-    P.Time.At(5000, [this] { App.Playback.StopPlayButton_Click(); });
-    App.Playback.PlayAllButton_Click();
+    P.Time.At(5000, [this] { App.Playing.PlaybackEngine.StopPlayButton_Click(); });
+    App.Playing.PlaybackEngine.PlayAllButton_Click();
     EXPECT_EQ(P.Timeline.Text("speaker 440 Hz 7") + P.Timeline.Text("speaker 440 Hz 3"),
               "0.0000 speaker 440 Hz 750 ms\n3.0000 speaker 440 Hz 750 ms\n4.5000 speaker 440 Hz 750 ms\n"
               "1.8900 speaker 440 Hz 360 ms\n");
@@ -88,7 +88,7 @@ TEST_F(ModsTogetherTest, TheBeatOfAGlidingSpeakerLeavesTheNoteItsPitch) {
     P.SetSong({"1/8 A4 - -"});
     Fields.UsePortaCheck = true;
     Fields.UseBeatCheck = true;
-    App.Glide.Fields.SoundLengthSlider = 100;
+    App.Outputs.PitchGlide.Fields.SoundLengthSlider = 100;
     PlayAllOnce();
     EXPECT_EQ(P.Timeline.Text("speaker"),
               "0.0150 speaker 250 Hz 30 ms\n0.0450 speaker 345 Hz 30 ms\n0.0750 speaker 392 Hz 30 ms\n"
@@ -98,8 +98,8 @@ TEST_F(ModsTogetherTest, TheBeatOfAGlidingSpeakerLeavesTheNoteItsPitch) {
 TEST_F(ModsTogetherTest, TheMetronomeGoesOnUnderBursts) {
     P.Time.At(100, [this] { Fields.UseCircuitBentCheck = true; });
     P.Time.At(300, [this] { Fields.UseCircuitBentCheck = false; });
-    P.Time.At(1100, [this] { App.Clicks.MetronomeButton_Click(); });
-    App.Clicks.MetronomeButton_Click();
+    P.Time.At(1100, [this] { App.Playing.Metronome.MetronomeButton_Click(); });
+    App.Playing.Metronome.MetronomeButton_Click();
     EXPECT_EQ(P.Timeline.Text("speaker 1000 Hz 20"), "0.0000 speaker 1000 Hz 20 ms\n");
     EXPECT_EQ(P.Timeline.Text("speaker 500 Hz 20"),
               "0.5650 speaker 500 Hz 20 ms\n1.0050 speaker 500 Hz 20 ms\n")
@@ -108,8 +108,8 @@ TEST_F(ModsTogetherTest, TheMetronomeGoesOnUnderBursts) {
 
 TEST_F(ModsTogetherTest, TheMetronomeAndTheBeatOnTheMotorInterruptNobody) {
     Fields.UseMotorCheck = true;
-    P.Time.At(600, [this] { App.Clicks.MetronomeButton_Click(); });
-    App.Clicks.MetronomeButton_Click();
+    P.Time.At(600, [this] { App.Playing.Metronome.MetronomeButton_Click(); });
+    App.Playing.Metronome.MetronomeButton_Click();
     EXPECT_EQ(P.Timeline.Text("serial #"),
               "0.0000 serial #0P0\\r\n0.0350 serial #0P1470\\r\n"
               "0.5000 serial #0P0\\r\n0.5350 serial #0P1470\\r\n");
@@ -129,16 +129,16 @@ TEST_F(ModsTogetherTest, AStartAskedForInTheMiddleOfABurstComesWithTheBurstsThat
     Mute(true);
     Fields.UseCircuitBentCheck = true;
     Fields.UseWriteCode = true;
-    App.Synchro.txtHour.Type("12");
-    App.Synchro.txtMinute.Type("0");
-    App.Synchro.txtSecond.Type("2");
-    App.Playback.OnRangeEnd = [this] { App.Playback.StopPlayButton_Click(); };
+    App.Playing.SynchroPlay.txtHour.Type("12");
+    App.Playing.SynchroPlay.txtMinute.Type("0");
+    App.Playing.SynchroPlay.txtSecond.Type("2");
+    App.Playing.PlaybackEngine.OnRangeEnd = [this] { App.Playing.PlaybackEngine.StopPlayButton_Click(); };
     double startMs = 0;
     Fields.MusicIsPlaying.Watch([&](bool playing) {
         if (playing)
             startMs = static_cast<double>(P.Time.Now()) / SimulatedTime::CountsPerMs;
     });
-    P.Time.At(100, [this] { App.Synchro.btnWait_Click(); });
+    P.Time.At(100, [this] { App.Playing.SynchroPlay.btnWait_Click(); });
     P.Time.RunUntil(5000);
     EXPECT_GE(startMs, 2000);
     EXPECT_LE(startMs, 2000 + 15 * 15) << "behind one burst at most";

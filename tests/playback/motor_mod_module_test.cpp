@@ -12,13 +12,13 @@ namespace {
 class MotorTest : public testing::Test {
   protected:
     void SwitchOn() { Fields.UseMotorCheck = true; }
-    void Beep(std::string note, double duration) { P.App.Tones.UniBeep(note, duration); }
+    void Beep(std::string note, double duration) { P.App.Outputs.ToneDispatcher.UniBeep(note, duration); }
     std::string Commands() const { return P.Timeline.Text("serial #"); }
     std::string LastBox() const { return P.Boxes.Shown().back().Text; }
 
     test::SimulatedProgram P;
     MainFields& Fields = P.App.Fields;
-    MotorModModule& Motor = P.App.Motor;
+    MotorModModule& Motor = P.App.Outputs.MotorModModule;
 };
 
 TEST_F(MotorTest, TheTableHoldsThirtyNotesAndTheBlankOne) {
@@ -170,8 +170,8 @@ TEST_F(MotorTest, APortThatVanishesSwitchesTheMotorOffWithOneMessage) {
     SwitchOn();
     P.SetSong({"Quarter C4 - -", "Quarter D4 - -", "Quarter E4 - -"});
     P.Time.At(500, [&] { P.Comm.Pull(); });
-    P.Time.At(1200, [&] { P.App.Playback.StopPlayButton_Click(); });
-    P.App.Playback.PlayAllButton_Click();
+    P.Time.At(1200, [&] { P.App.Playing.PlaybackEngine.StopPlayButton_Click(); });
+    P.App.Playing.PlaybackEngine.PlayAllButton_Click();
     EXPECT_FALSE(Fields.UseMotor);
     EXPECT_FALSE(Fields.UseMotorCheck);
     ASSERT_EQ(P.Boxes.Shown().size(), 1u);
@@ -300,8 +300,8 @@ TEST_F(MotorTest, AlternatingNotesTakeTurnsOnTheMotorInTheirLongerTime) {
     Fields.AlternateTime.Set(85);
     Fields.NoteSilenceRatio.Set(99);
     P.SetSong({"Quarter C4 C5 -"});
-    P.Time.At(390, [&] { P.App.Playback.StopPlayButton_Click(); });
-    P.App.Playback.PlayAllButton_Click();
+    P.Time.At(390, [&] { P.App.Playing.PlaybackEngine.StopPlayButton_Click(); });
+    P.App.Playing.PlaybackEngine.PlayAllButton_Click();
     EXPECT_EQ(Commands(),
               "0.0000 serial #0P1350\\r\n0.1000 serial #0P1470\\r\n0.1000 serial #0P1260\\r\n"
               "0.2000 serial #0P1470\\r\n0.2000 serial #0P1350\\r\n0.3000 serial #0P1470\\r\n"
@@ -312,16 +312,16 @@ TEST_F(MotorTest, TheEndOfPlaybackStopsAMotorOfTiedNotes) {
     SwitchOn();
     Fields.NoteSilenceRatio.Set(100);
     P.SetSong({"Quarter C4 - -"});
-    P.Time.At(100, [&] { P.App.Playback.StopPlayButton_Click(); });
-    P.App.Playback.PlayAllButton_Click();
+    P.Time.At(100, [&] { P.App.Playing.PlaybackEngine.StopPlayButton_Click(); });
+    P.App.Playing.PlaybackEngine.PlayAllButton_Click();
     EXPECT_EQ(Commands(), "0.0000 serial #0P1350\\r\n0.4440 serial #0p1470\\r\n");
 }
 
 TEST_F(MotorTest, StoppingPlaybackIsHeardDuringANote) {
     SwitchOn();
     P.SetSong({"Whole C4 - -"});
-    P.Time.At(100, [&] { P.App.Playback.StopPlayButton_Click(); });
-    P.App.Playback.PlayAllButton_Click();
+    P.Time.At(100, [&] { P.App.Playing.PlaybackEngine.StopPlayButton_Click(); });
+    P.App.Playing.PlaybackEngine.PlayAllButton_Click();
     EXPECT_FALSE(Fields.MusicIsPlaying);
     EXPECT_TRUE(Fields.UseMotor);
 }

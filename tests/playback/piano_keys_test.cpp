@@ -16,26 +16,26 @@ struct PianoKeysTest : testing::Test, SimulatedProgram {
     std::string Labels() const {
         std::string text;
         for (std::int32_t group = 0; group < 3; ++group)
-            text += App.Keys.OctLabel(group) + " ";
+            text += App.Playing.PianoKeys.OctLabel(group) + " ";
         return text;
     }
     std::string KeysSounding() const {
         std::string keys;
         for (std::int32_t index = 0; index < PianoKeyCount; ++index)
-            keys += App.Keys.IsSounding(index) ? std::to_string(index) + " " : "";
+            keys += App.Playing.PianoKeys.IsSounding(index) ? std::to_string(index) + " " : "";
         return keys;
     }
 };
 
 TEST_F(PianoKeysTest, EachGroupEntersItsOctave) {
     for (const std::int32_t key : {9, 21, 33})
-        App.Keys.PianoKey_Click(key);
+        App.Playing.PianoKeys.PianoKey_Click(key);
     EXPECT_EQ(SongText(), "1/8 A3 - -\n1/8 A4 - -\n1/8 A5 - -\n");
 }
 
 TEST_F(PianoKeysTest, AClickSoundsTheNoteThenEntersItAndLogsBoth) {
     App.Log.Enable();
-    App.Keys.PianoKey_Click(0);
+    App.Playing.PianoKeys.PianoKey_Click(0);
     EXPECT_EQ(LogText(),
               "    PianoKey clicked - START\n"
               "    Index is 0 (orange region)\n"
@@ -73,7 +73,7 @@ TEST_F(PianoKeysTest, TheGroupsHaveTheirNamesInTheLog) {
     App.Fields.NoteClickAddCheck = false;
     App.Log.Enable();
     for (const std::int32_t key : {11, 12, 23, 24, 35})
-        App.Keys.PianoKey_Click(key);
+        App.Playing.PianoKeys.PianoKey_Click(key);
     std::string groups;
     std::istringstream lines(LogText());
     for (std::string line; std::getline(lines, line);) {
@@ -92,19 +92,19 @@ TEST_F(PianoKeysTest, TheGroupsHaveTheirNamesInTheLog) {
 
 TEST_F(PianoKeysTest, TheOptionsDecideWhetherItSoundsAndWhetherItIsEntered) {
     App.Fields.NoteClickAddCheck = false;
-    App.Keys.PianoKey_Click(21);
+    App.Playing.PianoKeys.PianoKey_Click(21);
     EXPECT_EQ(Timeline.Text("speaker"), "0.0000 speaker 440 Hz 50 ms\n");
     EXPECT_EQ(SongText(), "");
     App.Fields.NoteClickAddCheck = true;
     App.Fields.NoteClickPlayCheck = false;
-    App.Keys.PianoKey_Click(21);
+    App.Playing.PianoKeys.PianoKey_Click(21);
     EXPECT_EQ(Timeline.Text("speaker"), "0.0000 speaker 440 Hz 50 ms\n");
     EXPECT_EQ(SongText(), "1/8 A4 - -\n");
 }
 
 TEST_F(PianoKeysTest, AClickedKeyGlidesWherePortamentoIsOn) {
     App.Fields.UsePortaCheck = true;
-    App.Keys.PianoKey_Click(21);
+    App.Playing.PianoKeys.PianoKey_Click(21);
     EXPECT_EQ(Timeline.Text("speaker"), "") << "it doesn't hold the thread";
     Time.RunUntil(20);
     EXPECT_EQ(Timeline.Text("speaker"), "0.0150 speaker 440 Hz 30 ms\n");
@@ -113,27 +113,27 @@ TEST_F(PianoKeysTest, AClickedKeyGlidesWherePortamentoIsOn) {
 TEST_F(PianoKeysTest, AClickedKeyStopsAGeneratorThatIsNeverSilentOtherwise) {
     App.Fields.UseFMOD = true;
     App.Fields.DoNotShutUpFMOD = true;
-    App.Keys.PianoKey_Click(21);
+    App.Playing.PianoKeys.PianoKey_Click(21);
     EXPECT_EQ(Timeline.Text("fmod FMOD_Channel_SetPaused"),
               "0.0000 fmod FMOD_Channel_SetPaused(null, 0)\n0.0500 fmod FMOD_Channel_SetPaused(null, 1)\n");
     Timeline.Clear();
     std::string note = "A4";
-    App.Tones.UniBeep(note, 50);
+    App.Outputs.ToneDispatcher.UniBeep(note, 50);
     EXPECT_EQ(Timeline.Text("fmod FMOD_Channel_SetPaused"), "0.0500 fmod FMOD_Channel_SetPaused(null, 0)\n");
 }
 
 TEST_F(PianoKeysTest, OptionsChangedWhileTheToneSoundsCount) {
     App.Fields.MutePCSpeaker = true;
     Time.At(20, [this] { App.Fields.NoteClickAddCheck = false; });
-    App.Keys.PianoKey_Click(21);
+    App.Playing.PianoKeys.PianoKey_Click(21);
     EXPECT_EQ(SongText(), "");
 }
 
 TEST_F(PianoKeysTest, ComposingFromNothingAppendsNoteAfterNote) {
     App.Fields.NoteLengthCombo = 2;
     App.Fields.ModDottedCheck = true;
-    App.Keys.PianoKey_Click(12);
-    App.Keys.PianoKey_Click(16);
+    App.Playing.PianoKeys.PianoKey_Click(12);
+    App.Playing.PianoKeys.PianoKey_Click(16);
     EXPECT_EQ(SongText(), "Quarter C4 - Dot\nQuarter E4 - Dot\n");
     EXPECT_EQ(App.List.SelectedItem(), -1);
 }
@@ -141,10 +141,10 @@ TEST_F(PianoKeysTest, ComposingFromNothingAppendsNoteAfterNote) {
 TEST_F(PianoKeysTest, ThePositionGoesWithTheSelectedLineOrTheEndOfTheSong) {
     SetSong({"Whole C4 - -", "Whole D4 - -"});
     App.Fields.NoteLengthCombo = 0;
-    App.Keys.PianoKey_Click(12);
+    App.Playing.PianoKeys.PianoKey_Click(12);
     EXPECT_EQ(App.Fields.lblPlayBar.Get(), "004");
     App.List.Select(1);
-    App.Keys.PianoKey_Click(12);
+    App.Playing.PianoKeys.PianoKey_Click(12);
     EXPECT_EQ(App.Fields.lblPlayBar.Get(), "002") << "of the line behind the new one";
 }
 
@@ -152,7 +152,7 @@ TEST_F(PianoKeysTest, AnOctaveThatNoNoteHasIsAnOverflowBeforeAnythingHappens) {
     App.Log.Enable();
     App.Fields.KeyboardOctave.Set(0);
     try {
-        App.Keys.PianoKey_Click(3);
+        App.Playing.PianoKeys.PianoKey_Click(3);
         FAIL() << "no error";
     } catch (const RuntimeError& error) {
         EXPECT_EQ(error.Number(), RuntimeError::Overflow);
@@ -162,31 +162,31 @@ TEST_F(PianoKeysTest, AnOctaveThatNoNoteHasIsAnOverflowBeforeAnythingHappens) {
     EXPECT_EQ(LogText(),
               "    PianoKey clicked - START\n    Index is 3 (orange region)\n    PianoKey clicked - END\n\n");
     EXPECT_EQ(App.Log.LogIndent(), 0);
-    App.Keys.PianoKey_Click(12);
+    App.Playing.PianoKeys.PianoKey_Click(12);
     EXPECT_EQ(SongText(), "1/8 C0 - -\n");
     App.Fields.KeyboardOctave.Set(255);
-    EXPECT_THROW(App.Keys.PianoKey_Click(24), RuntimeError);
-    EXPECT_THROW(App.Keys.PianoKey_Click(36), RuntimeError);
-    EXPECT_THROW(App.Keys.PianoKey_Click(-1), RuntimeError);
+    EXPECT_THROW(App.Playing.PianoKeys.PianoKey_Click(24), RuntimeError);
+    EXPECT_THROW(App.Playing.PianoKeys.PianoKey_Click(36), RuntimeError);
+    EXPECT_THROW(App.Playing.PianoKeys.PianoKey_Click(-1), RuntimeError);
 }
 
 TEST_F(PianoKeysTest, TheTenthOctaveIsEnteredWithTwoDigitsAndSoundsAsOctave0) {
     App.Fields.KeyboardOctave.Set(9);
-    App.Keys.PianoKey_Click(24);
+    App.Playing.PianoKeys.PianoKey_Click(24);
     EXPECT_EQ(SongText(), "1/8 C10 - -\n");
     EXPECT_EQ(Timeline.Text("speaker"), "0.0000 speaker 16 Hz 50 ms\n");
 }
 
 TEST_F(PianoKeysTest, CtrlWithTheArrowsMovesTheOctaveFrom2To9) {
     for (int i = 0; i < 9; ++i)
-        App.Keys.PianoKey_KeyDown(0, PianoKeys::UpArrow, PianoKeys::CtrlOnly);
+        App.Playing.PianoKeys.PianoKey_KeyDown(0, PianoKeys::UpArrow, PianoKeys::CtrlOnly);
     EXPECT_EQ(App.Fields.KeyboardOctave, 9);
     EXPECT_EQ(App.Fields.KeyboardOctave.Text(), "9");
     EXPECT_EQ(Labels(), "8 9 10 ");
-    App.Keys.PianoKey_KeyDown(35, PianoKeys::DownArrow, PianoKeys::CtrlOnly);
+    App.Playing.PianoKeys.PianoKey_KeyDown(35, PianoKeys::DownArrow, PianoKeys::CtrlOnly);
     EXPECT_EQ(Labels(), "7 8 9 ");
     for (int i = 0; i < 9; ++i)
-        App.Keys.PianoKey_KeyDown(0, PianoKeys::DownArrow, PianoKeys::CtrlOnly);
+        App.Playing.PianoKeys.PianoKey_KeyDown(0, PianoKeys::DownArrow, PianoKeys::CtrlOnly);
     EXPECT_EQ(App.Fields.KeyboardOctave, 2);
     EXPECT_EQ(App.Fields.KeyboardOctave.Text(), "2");
     EXPECT_EQ(Labels(), "1 2 3 ");
@@ -194,20 +194,20 @@ TEST_F(PianoKeysTest, CtrlWithTheArrowsMovesTheOctaveFrom2To9) {
 
 TEST_F(PianoKeysTest, OtherKeysAndOtherShiftStatesDoNothing) {
     for (const std::int32_t shift : {0, 1, 3, 4, 6})
-        App.Keys.PianoKey_KeyDown(0, PianoKeys::UpArrow, shift);
+        App.Playing.PianoKeys.PianoKey_KeyDown(0, PianoKeys::UpArrow, shift);
     for (const std::int32_t key : {37, 39, 32, 0})
-        App.Keys.PianoKey_KeyDown(0, key, PianoKeys::CtrlOnly);
+        App.Playing.PianoKeys.PianoKey_KeyDown(0, key, PianoKeys::CtrlOnly);
     EXPECT_EQ(App.Fields.KeyboardOctave, 4);
     App.Fields.KeyboardOctave.Type("");
-    App.Keys.PianoKey_KeyDown(0, 39, PianoKeys::CtrlOnly);
+    App.Playing.PianoKeys.PianoKey_KeyDown(0, 39, PianoKeys::CtrlOnly);
     EXPECT_EQ(App.Fields.KeyboardOctave.Text(), "");
 }
 
 TEST_F(PianoKeysTest, AnOctaveThatWasTypedAboveTheRangeOnlyComesDown) {
     App.Fields.KeyboardOctave.Type("12");
-    App.Keys.PianoKey_KeyDown(0, PianoKeys::UpArrow, PianoKeys::CtrlOnly);
+    App.Playing.PianoKeys.PianoKey_KeyDown(0, PianoKeys::UpArrow, PianoKeys::CtrlOnly);
     EXPECT_EQ(App.Fields.KeyboardOctave, 12);
-    App.Keys.PianoKey_KeyDown(0, PianoKeys::DownArrow, PianoKeys::CtrlOnly);
+    App.Playing.PianoKeys.PianoKey_KeyDown(0, PianoKeys::DownArrow, PianoKeys::CtrlOnly);
     EXPECT_EQ(App.Fields.KeyboardOctave, 11);
 }
 
@@ -218,7 +218,7 @@ TEST_F(PianoKeysTest, TheOctaveLabelsFollowEveryChange) {
     App.Fields.KeyboardOctave.Type("1");
     EXPECT_EQ(Labels(), "1 2 3 ");
     Disk.Put("song", "Quavix by Dastrel-204 file format\r\nKeyboardOctave 7\r\nMUSICLISTSTART\r\n");
-    App.Reader.ActuallyLoadMusic("song");
+    App.Storage.SongReader.ActuallyLoadMusic("song");
     EXPECT_EQ(Labels(), "6 7 8 ");
     App.Fields.KeyboardOctave.Set(0);
     EXPECT_EQ(Labels(), "-1 0 1 ");
@@ -230,8 +230,8 @@ TEST_F(PianoKeysTest, WhileMusicPlaysTheKeysOfTheSoundingLineShow) {
     App.Fields.PlayNote1Check = true;
     std::string seen;
     App.Fields.NotesSounding.Watch([&](const SoundingNotes&) { seen += KeysSounding() + "|"; });
-    App.Playback.OnRangeEnd = [this] { App.Playback.StopPlayButton_Click(); };
-    App.Playback.PlayAllButton_Click();
+    App.Playing.PlaybackEngine.OnRangeEnd = [this] { App.Playing.PlaybackEngine.StopPlayButton_Click(); };
+    App.Playing.PlaybackEngine.PlayAllButton_Click();
     // Two notes show together although they sound in turn; C9 has no key, and H4 is no note.
     EXPECT_EQ(seen, "12 28 ||21 ||11 ||||");
     EXPECT_EQ(App.Fields.NotesSounding.Get(), SoundingNotes());
@@ -257,10 +257,10 @@ TEST_F(PianoKeysTest, AKeyIsSpokenWithItsNote) {
 TEST_F(PianoKeysTest, QuickClicksAreEnteredInTheirOrderWhenTheSpeakerIsMuted) {
     App.Fields.MutePCSpeaker = true;
     App.Log.Enable();
-    Time.At(10, [this] { App.Keys.PianoKey_Click(14); });
-    Time.At(20, [this] { App.Keys.PianoKey_Click(16); });
-    Time.At(70, [this] { App.Keys.PianoKey_Click(17); });
-    App.Keys.PianoKey_Click(12);
+    Time.At(10, [this] { App.Playing.PianoKeys.PianoKey_Click(14); });
+    Time.At(20, [this] { App.Playing.PianoKeys.PianoKey_Click(16); });
+    Time.At(70, [this] { App.Playing.PianoKeys.PianoKey_Click(17); });
+    App.Playing.PianoKeys.PianoKey_Click(12);
     EXPECT_EQ(SongText(), "1/8 C4 - -\n1/8 D4 - -\n1/8 E4 - -\n1/8 F4 - -\n");
     EXPECT_EQ(Time.Now(), 200 * SimulatedTime::CountsPerMs) << "one tone after the other";
     EXPECT_EQ(LogText().find("        PianoKey clicked"), std::string::npos) << "none inside another";
@@ -269,21 +269,22 @@ TEST_F(PianoKeysTest, QuickClicksAreEnteredInTheirOrderWhenTheSpeakerIsMuted) {
 
 TEST_F(PianoKeysTest, AWaitingClickIsTheKeyThatWasClicked) {
     App.Fields.MutePCSpeaker = true;
-    Time.At(10, [this] { App.Keys.PianoKey_Click(12); });
-    Time.At(20, [this] { App.Keys.PianoKey_KeyDown(12, PianoKeys::UpArrow, PianoKeys::CtrlOnly); });
-    Time.At(30, [this] { App.Keys.PianoKey_Click(12); });
-    App.Keys.PianoKey_Click(12);
+    Time.At(10, [this] { App.Playing.PianoKeys.PianoKey_Click(12); });
+    Time.At(20,
+            [this] { App.Playing.PianoKeys.PianoKey_KeyDown(12, PianoKeys::UpArrow, PianoKeys::CtrlOnly); });
+    Time.At(30, [this] { App.Playing.PianoKeys.PianoKey_Click(12); });
+    App.Playing.PianoKeys.PianoKey_Click(12);
     EXPECT_EQ(SongText(), "1/8 C4 - -\n1/8 C4 - -\n1/8 C5 - -\n");
 }
 
 TEST_F(PianoKeysTest, AnErrorOfOneClickKeepsTheOthersFromNothing) {
     App.Fields.MutePCSpeaker = true;
     App.Fields.KeyboardOctave.Set(0);
-    Time.At(10, [this] { App.Keys.PianoKey_Click(0); });  // an octave below 0
-    Time.At(20, [this] { App.Keys.PianoKey_Click(14); });
-    EXPECT_THROW(App.Keys.PianoKey_Click(12), RuntimeError);
+    Time.At(10, [this] { App.Playing.PianoKeys.PianoKey_Click(0); });  // an octave below 0
+    Time.At(20, [this] { App.Playing.PianoKeys.PianoKey_Click(14); });
+    EXPECT_THROW(App.Playing.PianoKeys.PianoKey_Click(12), RuntimeError);
     EXPECT_EQ(SongText(), "1/8 C0 - -\n1/8 D0 - -\n");
-    App.Keys.PianoKey_Click(16);
+    App.Playing.PianoKeys.PianoKey_Click(16);
     EXPECT_EQ(App.List.Count(), 3);
 }
 

@@ -18,7 +18,7 @@ class PitchGlideTest : public testing::Test {
     /// A note as the dispatcher makes it, `ms` after the start.
     void NoteAt(double ms, std::int32_t frequency) {
         P.Time.RunUntil(ms);
-        P.App.Glide.Sound(Tone::OfFrequency(frequency, 0));
+        P.App.Outputs.PitchGlide.Sound(Tone::OfFrequency(frequency, 0));
     }
     /// The chunks of tone in between, "start:frequency " each, and checks that each lasts 30 ms.
     std::string Chunks() {
@@ -38,7 +38,7 @@ class PitchGlideTest : public testing::Test {
     }
 
     test::SimulatedProgram P;
-    PortamentoFields& Glide = P.App.Glide.Fields;
+    PortamentoFields& Glide = P.App.Outputs.PitchGlide.Fields;
 };
 
 TEST_F(PitchGlideTest, EachChunkCoversAShareOfTheDistanceAndFollowsWithoutAGap) {
@@ -157,7 +157,7 @@ TEST_F(PitchGlideTest, UntickedItIsSilentAndTickedAgainSoundsAsTheOptionSays) {
 
 TEST_F(PitchGlideTest, TheSlidersShowTheirValues) {
     test::SimulatedProgram fresh;
-    const PortamentoFields& fields = fresh.App.Glide.Fields;
+    const PortamentoFields& fields = fresh.App.Outputs.PitchGlide.Fields;
     EXPECT_EQ(fields.lblPitchMultiple.Get(), "25%");
     EXPECT_EQ(fields.lblSoundLength.Get(), "250");
     EXPECT_TRUE(fields.optSoundStops);
@@ -170,11 +170,11 @@ TEST_F(PitchGlideTest, TheSlidersShowTheirValues) {
 TEST_F(PitchGlideTest, NotesGoToItOnlyWhileItIsTicked) {
     P.App.Log.Enable();
     std::string note = "A4";
-    P.App.Tones.UniBeep(note, 100);
+    P.App.Outputs.ToneDispatcher.UniBeep(note, 100);
     P.Time.RunUntil(30);
     EXPECT_EQ(Chunks(), "15:440 45:440 ");
     P.App.Fields.UsePortaCheck = false;
-    P.App.Tones.UniBeep(note, 100);
+    P.App.Outputs.ToneDispatcher.UniBeep(note, 100);
     EXPECT_EQ(P.Timeline.Text("speaker"), "0.0750 speaker 440 Hz 100 ms\n");
     EXPECT_NE(P.LogText().find("UsePortaCheck clicked - UsePortamento -> FALSE\n"), std::string::npos);
 }

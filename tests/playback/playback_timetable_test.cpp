@@ -107,11 +107,11 @@ void ExpectSameTones(const std::vector<Line>& song, const Settings& settings, in
                           {Lengths[line.Length], line.Note1 < 0 ? "" : Notes[line.Note1],
                            line.Note2 < 0 ? "" : Notes[line.Note2], Mods[line.Mod]});
     }
-    p.App.Playback.OnRangeEnd = [&, left = passes]() mutable {
+    p.App.Playing.PlaybackEngine.OnRangeEnd = [&, left = passes]() mutable {
         if (--left == 0)
-            p.App.Playback.StopPlayButton_Click();
+            p.App.Playing.PlaybackEngine.StopPlayButton_Click();
     };
-    p.App.Playback.PlayAllButton_Click();
+    p.App.Playing.PlaybackEngine.PlayAllButton_Click();
     Timetable timetable(song, settings);
     ASSERT_EQ(p.Timeline.Text("speaker"), timetable.Play(passes));
     EXPECT_EQ(p.Time.Now(), timetable.EndMs() * SimulatedTime::CountsPerMs);

@@ -16,14 +16,14 @@ namespace {
 class PositionTest : public testing::Test {
   protected:
     void ExpectLabels(double position, const char* bar, const char* pos, const char* sig) {
-        P.App.Position.ShowPosition(position);
+        P.App.Editing.PositionDisplay.ShowPosition(position);
         EXPECT_EQ(Fields.lblPlayBar.Get(), bar);
         EXPECT_EQ(Fields.lblPlayPos.Get(), pos);
         EXPECT_EQ(Fields.lblPlaySig.Get(), sig);
     }
     double PositionOf(std::int32_t line) {
         double position = 99;
-        P.App.Position.WorkOutPlayPos(line, position);
+        P.App.Editing.PositionDisplay.WorkOutPlayPos(line, position);
         return position;
     }
 
@@ -173,10 +173,10 @@ TEST_F(PositionTest, KeptSumsEqualAPlainSumWhateverIsEditedBetween) {
 
 TEST_F(PositionTest, AnErrorsRedGoesWithTheLastLine) {
     P.SetSong({"Whole - - Tri"});
-    P.App.Position.ShowSelectedLine();
+    P.App.Editing.PositionDisplay.ShowSelectedLine();
     ASSERT_EQ(Fields.lblPlayPosBackColor, colour::Red);
     P.App.List.Select(1);
-    P.App.Lines.EraseLines();
+    P.App.Editing.LineClipboard.EraseLines();
     EXPECT_EQ(Fields.lblPlayPos.Get(), "001");
     EXPECT_EQ(Fields.lblPlayPosBackColor, colour::DarkGreen);
 }
@@ -184,20 +184,20 @@ TEST_F(PositionTest, AnErrorsRedGoesWithTheLastLine) {
 TEST_F(PositionTest, WhileEditingTheSelectedLineOrTheEndOfTheSongIsShown) {
     P.SetSong({"Whole - - -", "Half - - -", "Quarter - - -"});
     P.App.List.Select(3);
-    P.App.Position.ShowSelectedLine();
+    P.App.Editing.PositionDisplay.ShowSelectedLine();
     EXPECT_EQ(Fields.lblPlayPos.Get(), "01 01/02");
     P.App.List.Unselect(3);
-    P.App.Position.ShowSelectedLine();
+    P.App.Editing.PositionDisplay.ShowSelectedLine();
     EXPECT_EQ(Fields.lblPlayPos.Get(), "01 03/04");
 }
 
 TEST_F(PositionTest, DoNotUpdateIsLogged) {
     P.App.Log.Enable();
     Fields.NoUpdateCheck = true;
-    P.App.Position.NoUpdateCheck_Click();
+    P.App.Editing.PositionDisplay.NoUpdateCheck_Click();
     EXPECT_TRUE(Fields.UseNoUpdate);
     Fields.NoUpdateCheck = false;
-    P.App.Position.NoUpdateCheck_Click();
+    P.App.Editing.PositionDisplay.NoUpdateCheck_Click();
     EXPECT_FALSE(Fields.UseNoUpdate);
     EXPECT_EQ(P.LogText(),
               "NoUpdateCheck clicked - UseNoUpdate -> TRUE\nNoUpdateCheck clicked - UseNoUpdate -> FALSE\n");
@@ -207,7 +207,7 @@ TEST_F(PositionTest, DoNotUpdateAsksBeforeItTakesTheBeatSoundAway) {
     Fields.UseBeatCheck = true;
     Fields.NoUpdateCheck = true;
     P.Boxes.AnswerNext(BoxAnswer::No);
-    P.App.Position.NoUpdateCheck_Click();
+    P.App.Editing.PositionDisplay.NoUpdateCheck_Click();
     EXPECT_FALSE(Fields.NoUpdateCheck);
     EXPECT_FALSE(Fields.UseNoUpdate);
     ASSERT_EQ(P.Boxes.Shown().size(), 1U);
@@ -215,12 +215,12 @@ TEST_F(PositionTest, DoNotUpdateAsksBeforeItTakesTheBeatSoundAway) {
     EXPECT_EQ(P.Boxes.Shown()[0].Icon, BoxIcon::Question);
     Fields.NoUpdateCheck = true;
     P.Boxes.AnswerNext(BoxAnswer::Yes);
-    P.App.Position.NoUpdateCheck_Click();
+    P.App.Editing.PositionDisplay.NoUpdateCheck_Click();
     EXPECT_TRUE(Fields.UseNoUpdate);
 }
 
 TEST_F(PositionTest, TheHelpButtonTellsWhatTheOptionIsFor) {
-    P.App.Position.NoUpdateHButton_Click();
+    P.App.Editing.PositionDisplay.NoUpdateHButton_Click();
     ASSERT_EQ(P.Boxes.Shown().size(), 1U);
     EXPECT_EQ(P.Boxes.Shown()[0].Title, "Info about not updating position indicators");
     EXPECT_TRUE(

@@ -25,7 +25,7 @@ class SynchroTest : public testing::Test {
     void Wait(double stopAtMs) {
         P.Time.At(stopAtMs, [this] {
             if (Fields.MusicIsPlaying)
-                P.App.Playback.StopPlayButton_Click();
+                P.App.Playing.PlaybackEngine.StopPlayButton_Click();
             else
                 Synchro.btnWait_Click();
         });
@@ -41,7 +41,7 @@ class SynchroTest : public testing::Test {
 
     test::SimulatedProgram P;
     MainFields& Fields = P.App.Fields;
-    SynchroPlay& Synchro = P.App.Synchro;
+    SynchroPlay& Synchro = P.App.Playing.SynchroPlay;
 };
 
 TEST_F(SynchroTest, PlaysWhenTheClockShowsTheTime) {
@@ -77,8 +77,8 @@ TEST_F(SynchroTest, PlaybackHandsTheButtonBackAndSaysSo) {
 
 TEST_F(SynchroTest, OrdinaryPlaybackDoesNotTouchIt) {
     P.App.Log.Enable();
-    P.Time.At(100, [&] { P.App.Playback.StopPlayButton_Click(); });
-    P.App.Playback.PlayAllButton_Click();
+    P.Time.At(100, [&] { P.App.Playing.PlaybackEngine.StopPlayButton_Click(); });
+    P.App.Playing.PlaybackEngine.PlayAllButton_Click();
     EXPECT_EQ(P.LogText().find("SynchroForm"), std::string::npos);
     EXPECT_EQ(Shown(), Idle);
 }
@@ -87,13 +87,13 @@ TEST_F(SynchroTest, TwoProgramsStartWithinOneSliceOfEachOther) {
     test::SimulatedProgram other({.Counter = 12'345'678, .TickCount = 0xFFFF'F000, .Time = {12, 0, 0}});
     other.SetSong({"Quarter C4 - -"});
     SetTime("12", "0", "10");
-    other.App.Synchro.txtHour.Type("12");
-    other.App.Synchro.txtMinute.Type("0");
-    other.App.Synchro.txtSecond.Type("10");
+    other.App.Playing.SynchroPlay.txtHour.Type("12");
+    other.App.Playing.SynchroPlay.txtMinute.Type("0");
+    other.App.Playing.SynchroPlay.txtSecond.Type("10");
     // The second user clicks later, in between two slices of the first.
     other.Time.Block(3'333);
-    other.Time.At(10'100, [&] { other.App.Playback.StopPlayButton_Click(); });
-    other.App.Synchro.btnWait_Click();
+    other.Time.At(10'100, [&] { other.App.Playing.PlaybackEngine.StopPlayButton_Click(); });
+    other.App.Playing.SynchroPlay.btnWait_Click();
     Wait(10'100);
     EXPECT_EQ(Tones(), "10.0000 speaker 262 Hz 386 ms\n");
     EXPECT_EQ(other.Timeline.Text("speaker"), "10.0010 speaker 262 Hz 386 ms\n");
@@ -152,7 +152,7 @@ TEST_F(SynchroTest, StoppedAndStartedInOneGoItWaitsForTheNewTimeOnly) {
         Synchro.txtSecond.Type("5");
         Synchro.btnWait_Click();
     });
-    P.Time.At(5'100, [&] { P.App.Playback.StopPlayButton_Click(); });
+    P.Time.At(5'100, [&] { P.App.Playing.PlaybackEngine.StopPlayButton_Click(); });
     Synchro.btnWait_Click();
     P.Time.RunUntil(20'000);
     EXPECT_EQ(Tones(), "5.0000 speaker 262 Hz 386 ms\n");
@@ -197,8 +197,8 @@ TEST_F(SynchroTest, AnErrorOfPlaybackLeavesNothingWaiting) {
 
 TEST_F(SynchroTest, PlayingByHandMeanwhileEndsTheWaiting) {
     SetTime("12", "0", "10");
-    P.Time.At(1'000, [&] { P.App.Playback.PlayAllButton_Click(); });
-    P.Time.At(1'100, [&] { P.App.Playback.StopPlayButton_Click(); });
+    P.Time.At(1'000, [&] { P.App.Playing.PlaybackEngine.PlayAllButton_Click(); });
+    P.Time.At(1'100, [&] { P.App.Playing.PlaybackEngine.StopPlayButton_Click(); });
     Synchro.btnWait_Click();
     P.Time.RunUntil(20'000);
     EXPECT_EQ(Tones(), "1.0000 speaker 262 Hz 386 ms\n");
@@ -207,7 +207,7 @@ TEST_F(SynchroTest, PlayingByHandMeanwhileEndsTheWaiting) {
 
 TEST_F(SynchroTest, AClickedLineMeanwhileDoesNot) {
     SetTime("12", "0", "10");
-    P.Time.At(1'000, [&] { P.App.Playback.MainList_ItemClick(1); });
+    P.Time.At(1'000, [&] { P.App.Playing.PlaybackEngine.MainList_ItemClick(1); });
     Wait(10'100);
     EXPECT_EQ(Tones(), "1.0000 speaker 262 Hz 386 ms\n10.0000 speaker 262 Hz 386 ms\n");
 }
@@ -218,9 +218,9 @@ TEST_F(SynchroTest, WhileMusicPlaysWaitingCannotBeStarted) {
     P.Time.At(400, [&] {
         Synchro.btnWait_Click();
         during = Shown();
-        P.App.Playback.StopPlayButton_Click();
+        P.App.Playing.PlaybackEngine.StopPlayButton_Click();
     });
-    P.App.Playback.PlayAllButton_Click();
+    P.App.Playing.PlaybackEngine.PlayAllButton_Click();
     EXPECT_EQ(during, std::string(Idle) + " (disabled)");
     EXPECT_EQ(Shown(), Idle);
 }
@@ -229,9 +229,9 @@ TEST_F(SynchroTest, StartedInTheMiddleOfAToneItLetsTheToneEndFirst) {
     Fields.UseMotorCheck = true;
     SetTime("12", "0", "3");
     P.Time.At(100, [&] { Synchro.btnWait_Click(); });
-    P.Time.At(3'100, [&] { P.App.Playback.StopPlayButton_Click(); });
+    P.Time.At(3'100, [&] { P.App.Playing.PlaybackEngine.StopPlayButton_Click(); });
     std::string note = "C4";
-    P.App.Tones.UniBeep(note, 285);
+    P.App.Outputs.ToneDispatcher.UniBeep(note, 285);
     EXPECT_EQ(P.Timeline.Text("serial #"), "0.0000 serial #0P1350\\r\n0.3000 serial #0P1470\\r\n");
     EXPECT_TRUE(Synchro.CurrentlyWaiting());
     P.Time.RunUntil(10'000);
@@ -245,7 +245,7 @@ TEST_F(SynchroTest, StoppedBeforeThatToneEndsItNeverBegins) {
     P.Time.At(100, [&] { Synchro.btnWait_Click(); });
     P.Time.At(200, [&] { Synchro.btnWait_Click(); });
     std::string note = "C4";
-    P.App.Tones.UniBeep(note, 300);
+    P.App.Outputs.ToneDispatcher.UniBeep(note, 300);
     P.Time.RunUntil(10'000);
     EXPECT_EQ(Shown(), Idle);
     EXPECT_FALSE(Fields.MusicIsPlaying);
@@ -330,7 +330,7 @@ TEST_F(SynchroTest, AProgramThatIsEndingPlaysNothing) {
 TEST_F(SynchroTest, SuggestsTheNextFullMinute) {
     const auto suggested = [](TimeOfDay now) {
         const test::SimulatedProgram p({.Time = now});
-        const SynchroPlay& synchro = p.App.Synchro;
+        const SynchroPlay& synchro = p.App.Playing.SynchroPlay;
         return synchro.txtHour.Text() + ":" + synchro.txtMinute.Text() + ":" + synchro.txtSecond.Text();
     };
     EXPECT_EQ(suggested({12, 0, 0}), "12:1:0");

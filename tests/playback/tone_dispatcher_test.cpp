@@ -120,7 +120,7 @@ TEST_F(UniBeepTest, ThePortamentoGetsThePitchAndNobodyWaits) {
     Fields.UsePortamento = true;
     P.App.Log.Enable();
     std::string note = "A4";
-    P.App.Tones.UniBeep(note, 100);
+    P.App.Outputs.ToneDispatcher.UniBeep(note, 100);
     EXPECT_EQ(P.Time.Now(), 0);
     EXPECT_NE(P.LogText().find("    PC Speaker - Tweeble Portamento - WantedPitch -> 440\n"),
               std::string::npos);
@@ -253,10 +253,10 @@ TEST_F(UniBeepTest, AToneCodeFileThatCannotBeWrittenIsAnErrorBeforeTheTone) {
 TEST_F(UniBeepTest, MuteIsObeyedFromTheNextToneOn) {
     P.App.Log.Enable();
     Fields.MuteTweebleCheck = true;
-    P.App.Tones.MuteTweebleCheck_Click();
+    P.App.Outputs.ToneDispatcher.MuteTweebleCheck_Click();
     EXPECT_TRUE(Fields.MutePCSpeaker);
     Fields.MuteTweebleCheck = false;
-    P.App.Tones.MuteTweebleCheck_Click();
+    P.App.Outputs.ToneDispatcher.MuteTweebleCheck_Click();
     EXPECT_FALSE(Fields.MutePCSpeaker);
     EXPECT_EQ(P.LogText(),
               "MuteTweeble clicked - MutePCSpeaker -> TRUE\nMuteTweeble clicked - MutePCSpeaker -> FALSE\n");

@@ -5,17 +5,12 @@
 #include <string>
 #include <vector>
 
-#include "app/absent_midi.h"
-#include "app/absent_serial_port.h"
-#include "app/program.h"
 #include "platform/common/console_boxes.h"
 #include "platform/posix/posix_files.h"
-#include "shell/seeded_random_numbers.h"
-#include "simulation/recorded_loading_view.h"
-#include "simulation/recorded_sound_library.h"
-#include "simulation/simulated_clipboard.h"
-#include "simulation/simulated_dialogs.h"
-#include "simulation/simulated_speaker.h"
+#include "program/common_parts.h"
+#include "program/program.h"
+#include "program/song_storage.h"
+#include "simulation/simulated_ports.h"
 #include "songfile/recovery.h"
 
 // Edits a song without end, with recovery copies in the folder it is given, until it is killed. Its time is
@@ -26,42 +21,19 @@ int main(int argumentCount, char** arguments) {
     if (argumentCount != 2)
         return 2;
     const std::string folder = arguments[1];
-    SimulatedTime time;
-    Timeline timeline;
+    SimulatedPorts simulated;
     ConsoleBoxes boxes(false);
-    SimulatedFilePicker picker(time, timeline);
-    SimulatedClipboard clipboard(time, timeline);
     PosixFiles files;
-    SimulatedSpeaker speaker(time, timeline);
-    SeededRandomNumbers random(0);
-    AbsentSerialPort serialPort;
-    AbsentMidi absent;
-    RecordedSoundLibrary library(time, timeline);
-    RecordedLoadingView loading(time, timeline);
-    Program app({
-        .Time = time,
-        .Pump = time,
-        .Ticks = time,
-        .Random = random,
-        .Boxes = boxes,
-        .Picker = picker,
-        .TextClipboard = clipboard,
-        .Disk = files,
-        .PcSpeaker = speaker,
-        .Comm = serialPort,
-        .Sound = library,
-        .MidiOutDevices = absent.Out,
-        .MidiInDevices = absent.In,
-        .MidiFiles = absent.Reader,
-        .Batches = absent.Batches,
-        .Loading = loading,
-        .ProgramFolder = {},
-        .WinFolder = {},
-        .LogFile = folder + "/log",
-        .ToneCodeFile = folder + "/code",
-    });
-    Recovery recovery({app.Fields, app.List, app.Changes, app.Document, files, time, time, boxes,
-                       app.Handlers, app.Log, [] { return false; }, folder});
+    ProgramPorts ports = simulated.All();
+    ports.Boxes = boxes;
+    ports.Disk = files;
+    ports.ProgramFolder = ports.WinFolder = {};
+    ports.LogFile = folder + "/log";
+    ports.ToneCodeFile = folder + "/code";
+    Program app(ports);
+    SimulatedTime& time = simulated.Time;
+    Recovery recovery({app.Fields, app.List, app.Storage.SongChanges, app.Storage.SongDocument, files, time,
+                       time, boxes, app.Handlers, app.Log, [&] { return app.IsSounding(); }, folder});
     for (std::int32_t pass = 1;; ++pass) {
         constexpr std::int32_t Songs = 40;
         constexpr std::int32_t LinesMore = 100;

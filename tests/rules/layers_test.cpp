@@ -54,10 +54,12 @@ const std::map<std::string, std::set<std::string>>& Allowed() {
         {"fmod", with({"music"})},
         {"midi", with({"music", "fmod"})},
         {"playback", with({"music", "fmod", "midi"})},
-        {"simulation", with({"music", "songfile", "midi"})},
+        {"program", with({"music", "songfile", "playback", "fmod", "midi"})},
+        {"simulation", with({"music", "songfile", "midi", "program"})},
         {"platform", with({"modules", "sound_device"})},
-        {"ui", with({"music", "songfile", "playback", "fmod", "midi"})},
-        {"app", with({"music", "songfile", "playback", "fmod", "midi", "simulation", "platform", "ui"})},
+        {"ui", with({"music", "songfile", "playback", "fmod", "midi", "program"})},
+        {"app",
+         with({"music", "songfile", "playback", "fmod", "midi", "program", "simulation", "platform", "ui"})},
     };
     return allowed;
 }

@@ -178,7 +178,7 @@ TEST(FileText, LoadsAVeryLongLine) {
     std::string content = MusicStart + "Half C4 - ";
     content.append(LongLine, 'x');
     p.Disk.Put(Song, std::move(content));
-    p.App.Reader.ActuallyLoadMusic(Song);
+    p.App.Storage.SongReader.ActuallyLoadMusic(Song);
     ASSERT_EQ(p.App.List.Count(), 1);
     EXPECT_EQ(p.App.List.Text(1, Cell::Mod).size(), LongLine);
 }
@@ -188,7 +188,7 @@ TEST(FileText, LoadsAVeryLongSettingsLine) {
     std::string content = Header;
     content.append(LongLine, 'x');
     p.Disk.Put(Song, std::move(content));
-    p.App.Reader.ActuallyLoadMusic(Song);
+    p.App.Storage.SongReader.ActuallyLoadMusic(Song);
     EXPECT_EQ(p.App.List.Count(), 0);
 }
 

@@ -48,11 +48,11 @@ TEST(RecoveryOffer, YesLoadsTheSongAsModifiedUnderItsOwnName) {
     p.Boxes().AnswerNext(BoxAnswer::Yes);
     p.Keeper.OfferLeftovers(false);
     EXPECT_EQ(p.Notes(), "C4 ");
-    EXPECT_EQ(p.App().Document.FileName().Get(), Song);
-    EXPECT_TRUE(p.App().Document.Modified());
+    EXPECT_EQ(p.App().Storage.SongDocument.FileName().Get(), Song);
+    EXPECT_TRUE(p.App().Storage.SongDocument.Modified());
     EXPECT_EQ(m.Disk.Content(Song), saved);
     EXPECT_TRUE(m.Disk.Has(Copy1));  // until it is saved
-    EXPECT_TRUE(p.App().Document.Save());
+    EXPECT_TRUE(p.App().Storage.SongDocument.Save());
     EXPECT_NE(m.Disk.Content(Song).find("Quarter C4"), std::string::npos);
     EXPECT_TRUE(m.Disk.NormalFiles("/state/*").empty());
 }
@@ -76,7 +76,7 @@ TEST(RecoveryOffer, ARecoveredSongSurvivesTheNextKillToo) {
     p.Boxes().AnswerNext(BoxAnswer::Yes);
     p.Keeper.OfferLeftovers(false);
     EXPECT_EQ(p.Notes(), "C4 D4 ");
-    EXPECT_EQ(p.App().Document.FileName().Get(), Song);
+    EXPECT_EQ(p.App().Storage.SongDocument.FileName().Get(), Song);
     EXPECT_EQ(m.Disk.NormalFiles("/state/*.QVX").size(), 1U);
 }
 
@@ -88,7 +88,7 @@ TEST(RecoveryOffer, NoDeletesIt) {
     p.Keeper.OfferLeftovers(false);
     EXPECT_TRUE(m.Disk.NormalFiles("/state/*").empty());
     EXPECT_EQ(p.App().List.Count(), 0);
-    EXPECT_FALSE(p.App().Document.Modified());
+    EXPECT_FALSE(p.App().Storage.SongDocument.Modified());
 }
 
 TEST(RecoveryOffer, CancelKeepsItForTheNextStart) {
@@ -198,8 +198,8 @@ TEST(RecoveryOffer, ACopyThatIsLoadedInPartIsKeptAndTheSongHasNoName) {
     p.Boxes().AnswerNext(BoxAnswer::Yes);
     p.Boxes().AnswerNext(BoxAnswer::Cancel);
     p.Keeper.OfferLeftovers(false);
-    EXPECT_EQ(p.App().Document.FileName().Get(), "");
-    EXPECT_TRUE(p.App().Document.Modified());
+    EXPECT_EQ(p.App().Storage.SongDocument.FileName().Get(), "");
+    EXPECT_TRUE(p.App().Storage.SongDocument.Modified());
     m.Time.RunUntil(60'000);
     EXPECT_EQ(m.Disk.Content(Copy1), broken);
     EXPECT_TRUE(m.Disk.Has(Copy2));

@@ -64,7 +64,7 @@ TEST(Recovery, WritesNothingForAChangeThatWasTakenBack) {
     Machine m;
     RecoveringProgram p(m);
     p.Append("C4");
-    p.App().History.Undo();
+    p.App().Editing.EditHistory.Undo();
     m.Time.RunUntil(60'000);
     EXPECT_FALSE(m.Disk.Has(Copy1));
 }
@@ -90,10 +90,10 @@ TEST(Recovery, WritesNothingInTheMiddleOfATone) {
     bool ticked = false;
     m.Time.At(8000, [&] { ticked = true; });
     std::string note = "C4";
-    p.App().Tones.UniBeep(note, 6000);
+    p.App().Outputs.ToneDispatcher.UniBeep(note, 6000);
     EXPECT_TRUE(ticked);
     EXPECT_FALSE(m.Disk.Has(Copy1));
-    EXPECT_FALSE(p.App().Tones.IsSounding());
+    EXPECT_FALSE(p.App().Outputs.ToneDispatcher.IsSounding());
     m.Time.RunUntil(10'500);
     EXPECT_TRUE(m.Disk.Has(Copy1));
 }
@@ -109,7 +109,7 @@ TEST(Recovery, WritesNothingWhileASongIsLoaded) {
         written = m.Disk.Has(Copy1);
     });
     p.Boxes().AnswerNext(BoxAnswer::Ok);
-    p.App().Document.LoadFile(Song);
+    p.App().Storage.SongDocument.LoadFile(Song);
     EXPECT_FALSE(written);
     m.Time.RunUntil(60'000);
     EXPECT_FALSE(m.Disk.Has(Copy1));
@@ -122,7 +122,7 @@ TEST(Recovery, DeletesTheCopyWhenTheSongIsSaved) {
     m.Time.RunUntil(5000);
     EXPECT_TRUE(m.Disk.Has(Copy1));
     p.Picker().AnswerNext(Song);
-    p.App().Document.SaveAs();
+    p.App().Storage.SongDocument.SaveAs();
     EXPECT_TRUE(m.Disk.NormalFiles("/state/*").empty());
     p.Append("D4");
     m.Time.RunUntil(10'000);
@@ -173,7 +173,7 @@ TEST(Recovery, AnUnchangedSongLeavesNothingHoweverItEnds) {
     Machine m;
     RecoveringProgram p(m);
     m.Disk.Put(Song, Header);
-    p.App().Document.LoadFile(Song);
+    p.App().Storage.SongDocument.LoadFile(Song);
     m.Time.RunUntil(60'000);
     p.Keeper.End();
     EXPECT_TRUE(m.Disk.NormalFiles("/state/*").empty());

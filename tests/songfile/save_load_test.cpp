@@ -26,7 +26,7 @@ class RecordedSaveLoadView : public SaveLoadView {
 
 struct Choosing : test::SongProgram {
     RecordedSaveLoadView View{Time, Timeline};
-    SaveLoad Window{View, App.Document};
+    SaveLoad Window{View, App.Storage.SongDocument};
 };
 
 const std::string Closed =
@@ -52,7 +52,7 @@ TEST(SaveLoad, SavesAndThenCloses) {
     p.Window.SaveButton_Click();
     EXPECT_EQ(p.Timeline.Text(), "0.0000 file dialog save \"Saving music and config\"\n" + Closed);
     EXPECT_TRUE(p.Disk.Has(Song));
-    EXPECT_EQ(p.App.Document.FileName().Get(), Song);
+    EXPECT_EQ(p.App.Storage.SongDocument.FileName().Get(), Song);
 }
 
 TEST(SaveLoad, LoadsAndThenCloses) {

@@ -15,7 +15,7 @@ using test::Song;
 const std::string Other = "/songs/other.QVX";
 
 struct Documented : test::SongProgram {
-    SongDocument& Document = App.Document;
+    SongDocument& Document = App.Storage.SongDocument;
 
     void PutSong(const std::string& lines) { Disk.Put(Song, Header + "MUSICLISTSTART\r\n" + lines); }
     bool Modified() { return Document.Modified(); }
@@ -81,7 +81,7 @@ TEST(SongDocument, StopsTheMusicWhenAnotherSongComes) {
             else
                 p.Document.New();
         });
-        p.App.Playback.PlayAllButton_Click();
+        p.App.Playing.PlaybackEngine.PlayAllButton_Click();
         EXPECT_FALSE(p.App.Fields.MusicIsPlaying);
         EXPECT_TRUE(p.Boxes.Shown().empty());
         EXPECT_LT(p.Time.Now(), SimulatedTime::CountsPerSecond);

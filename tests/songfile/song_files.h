@@ -16,7 +16,7 @@ struct SongProgram : SimulatedProgram {
     /// Loads a file with this content.
     void LoadFile(std::string content) {
         Disk.Put(Song, std::move(content));
-        App.Reader.ActuallyLoadMusic(Song);
+        App.Storage.SongReader.ActuallyLoadMusic(Song);
     }
     /// Loads a song with a header before this text.
     void Load(const std::string& afterHeader) { LoadFile(Header + afterHeader); }
@@ -27,7 +27,7 @@ struct SongProgram : SimulatedProgram {
     std::string Saved() {
         Disk.Delete(SavedSong);
         Picker.AnswerNext(SavedSong);
-        App.Writer.SaveMusic();
+        App.Storage.SongWriter.SaveMusic();
         return Disk.Content(SavedSong);
     }
 

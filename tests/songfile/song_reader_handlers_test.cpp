@@ -63,7 +63,7 @@ TEST(SongReader, SurvivesAnotherLoadInsideTheQuestionOfALine) {
     ListView view(p.App.List);
     p.Disk.Put("/songs/other.QVX", Header + "MUSICLISTSTART\r\n1/16 B2 -\r\n");
     p.Boxes.AnswerNext(BoxAnswer::Ok);
-    p.Boxes.WhileOpen([&] { p.App.Reader.ActuallyLoadMusic("/songs/other.QVX"); });
+    p.Boxes.WhileOpen([&] { p.App.Storage.SongReader.ActuallyLoadMusic("/songs/other.QVX"); });
     p.LoadMusic("Half C4 - -\r\nWhole x\r\nHalf D4 -\r\n");
     EXPECT_EQ(p.Rows(), "1/16|B2||\nHalf|D4||\n");
     EXPECT_EQ(view.Rows, 2);

@@ -18,7 +18,7 @@ constexpr std::int32_t NoError = 0;
 /// Number of the run-time error that a load ends in.
 std::int32_t ErrorOfLoading(SongProgram& p) {
     try {
-        p.App.Reader.ActuallyLoadMusic(Song);
+        p.App.Storage.SongReader.ActuallyLoadMusic(Song);
     } catch (const RuntimeError& error) {
         return error.Number();
     }
@@ -73,7 +73,7 @@ TEST(SongReader, AsksForTheFileAndLoadsIt) {
     p.Disk.Put(Song, Header + "BPM 77\r\n");
     p.App.Log.Enable();
     p.Picker.AnswerNext(Song);
-    p.App.Reader.LoadMusic();
+    p.App.Storage.SongReader.LoadMusic();
     EXPECT_EQ(p.App.Fields.BPM, 77);
     ASSERT_EQ(p.Picker.Shown().size(), 1U);
     const FileDialog& dialog = p.Picker.Shown()[0];
@@ -90,7 +90,7 @@ TEST(SongReader, DoesNothingWhenTheDialogIsCancelled) {
     p.App.Log.Enable();
     p.SetSong({"Quarter C4 - -"});
     p.Picker.AnswerNext("");
-    p.App.Reader.LoadMusic();
+    p.App.Storage.SongReader.LoadMusic();
     EXPECT_EQ(p.Rows(), "Quarter|C4||\n");
     EXPECT_EQ(p.LogText(), "");
 }
@@ -98,7 +98,7 @@ TEST(SongReader, DoesNothingWhenTheDialogIsCancelled) {
 TEST(SongReader, TellsThatAChosenFileDoesNotExist) {
     SongProgram p;
     p.Picker.AnswerNext(Song);
-    p.App.Reader.LoadMusic();
+    p.App.Storage.SongReader.LoadMusic();
     ASSERT_EQ(p.Boxes.Shown().size(), 1U);
     const MessageBox& box = p.Boxes.Shown()[0];
     EXPECT_EQ(box.Title, "Can't open file!");

@@ -107,7 +107,7 @@ TEST(SongWriter, WritesNothingWhenTheDialogIsCancelled) {
     SongProgram p;
     p.App.Log.Enable();
     p.Picker.AnswerNext("");
-    p.App.Writer.SaveMusic();
+    p.App.Storage.SongWriter.SaveMusic();
     EXPECT_EQ(p.LogText(), "    SaveMusic() - START\n    SaveMusic() - END\n\n");
 }
 
@@ -116,7 +116,7 @@ TEST(SongWriter, AsksBeforeItReplacesAFile) {
     p.Disk.Put(Song, "old");
     p.Picker.AnswerNext(Song);
     p.Boxes.AnswerNext(BoxAnswer::No);
-    p.App.Writer.SaveMusic();
+    p.App.Storage.SongWriter.SaveMusic();
     EXPECT_EQ(p.Disk.Content(Song), "old");
     ASSERT_EQ(p.Boxes.Shown().size(), 1U);
     const MessageBox& box = p.Boxes.Shown()[0];
@@ -129,7 +129,7 @@ TEST(SongWriter, AsksBeforeItReplacesAFile) {
 
     p.Picker.AnswerNext(Song);
     p.Boxes.AnswerNext(BoxAnswer::Yes);
-    p.App.Writer.SaveMusic();
+    p.App.Storage.SongWriter.SaveMusic();
     EXPECT_EQ(p.Disk.Content(Song), SettingsAtStart);
 }
 
@@ -138,7 +138,7 @@ TEST(SongWriter, TellsThatAFileCannotBeOpenedForWriting) {
     p.App.Log.Enable();
     p.Disk.FailWriting(Song, std::errc::permission_denied);
     p.Picker.AnswerNext(Song);
-    p.App.Writer.SaveMusic();
+    p.App.Storage.SongWriter.SaveMusic();
     ASSERT_EQ(p.Boxes.Shown().size(), 1U);
     const MessageBox& box = p.Boxes.Shown()[0];
     EXPECT_EQ(box.Title, "Can't save as this file!");
@@ -165,7 +165,7 @@ TEST(SongWriter, RaisesDiskFullAndLeavesTheOldSongWhole) {
         p.Picker.AnswerNext(Song);
         p.Boxes.AnswerNext(BoxAnswer::Yes);
         try {
-            p.App.Writer.SaveMusic();
+            p.App.Storage.SongWriter.SaveMusic();
             ADD_FAILURE() << "no error with " << space << " bytes left";
         } catch (const RuntimeError& error) {
             EXPECT_EQ(error.Number(), RuntimeError::DiskFull);
@@ -180,7 +180,7 @@ TEST(SongWriter, RaisesWhatKeepsTheNewSongFromItsPlace) {
     p.Disk.FailCommitting(Song, std::errc::io_error);
     p.Picker.AnswerNext(Song);
     p.Boxes.AnswerNext(BoxAnswer::Yes);
-    EXPECT_THROW(p.App.Writer.SaveMusic(), RuntimeError);
+    EXPECT_THROW(p.App.Storage.SongWriter.SaveMusic(), RuntimeError);
     EXPECT_EQ(p.Disk.Content(Song), "old");
 }
 
@@ -191,7 +191,7 @@ TEST(SongWriter, EndsItsLogBlockWhenWritingFails) {
         p.App.List.Append("Quarter", "C4", "", "");
     p.Disk.SetSpaceLeft(2000);
     p.Picker.AnswerNext(Song);
-    EXPECT_THROW(p.App.Writer.SaveMusic(), RuntimeError);
+    EXPECT_THROW(p.App.Storage.SongWriter.SaveMusic(), RuntimeError);
     EXPECT_NE(p.LogText().find("SaveMusic() - END"), std::string::npos);
     EXPECT_EQ(p.App.Log.LogIndent(), 0);
 }

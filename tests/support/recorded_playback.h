@@ -18,11 +18,14 @@ struct RecordedPlayback {
           }) {}
     RecordedPlayback(SimulatedProgram& p, std::function<void()> lineStarts)
         : Glide(p),
-          Tones(p.App.Fields, {p.Speaker, p.App.Motor, p.App.Fmod.Generator, p.App.MidiOut, Glide},
-                p.App.Code, p.App.Wait, p.Boxes, p.App.Log),
-          Playback({p.App.Fields, p.App.List, p.App.Mods, p.App.Position, Tones, p.App.Code,
-                    p.App.Fmod.Generator, p.App.Fmod.Singer, std::move(lineStarts), p.App.Synchro, p.Time,
-                    p.App.Wait, p.Boxes, p.App.Log}) {}
+          Tones(p.App.Fields,
+                {p.Speaker, p.App.Outputs.MotorModModule, p.App.Outputs.SoundMods.Generator,
+                 p.App.Outputs.MidiOutput, Glide},
+                p.App.Outputs.ToneCode, p.App.Wait, p.Boxes, p.App.Log),
+          Playback({p.App.Fields, p.App.List, p.App.Editing.ModButtons, p.App.Editing.PositionDisplay, Tones,
+                    p.App.Outputs.ToneCode, p.App.Outputs.SoundMods.Generator, p.App.Outputs.SoundMods.Singer,
+                    std::move(lineStarts), p.App.Playing.SynchroPlay, p.Time, p.App.Wait, p.Boxes,
+                    p.App.Log}) {}
 
     struct RecordedGlide : ToneOutput {
         explicit RecordedGlide(SimulatedProgram& program) : P(program) {}

@@ -19,7 +19,7 @@ void SimulatedProgram::SetSong(std::initializer_list<const char*> lines) {
         }
         App.List.Insert(App.List.Count() + 1, {cells[0], cells[1], cells[2], cells[3]});
     }
-    App.History.StartOver();
+    App.Editing.EditHistory.StartOver();
 }
 
 void SimulatedProgram::OpenMidiOut() {

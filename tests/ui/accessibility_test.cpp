@@ -30,8 +30,7 @@ std::vector<QWidget*> ControlsOf(QWidget& window) {
 
 TEST(Accessibility, EveryControlHasANameAndATooltip) {
     test::UiProgram p;
-    SpeakerForm speaker(PartsOf(
-        p.App, p.Reported, p.Boxes, p.SaveLoadWindow, [] {}, [] { return ""; }));
+    SpeakerForm speaker(p.App.Fields, p.Speaker, p.App.Handlers);
     ManualForm manual("text");
     p.Disk.Put("/windows/system32/midiio32.ocx", "module");
     p.MidiIn.Devices = {"Keyboard"};
@@ -39,8 +38,8 @@ TEST(Accessibility, EveryControlHasANameAndATooltip) {
          {&MainFields::UseFMODCheck, &MainFields::UseVoiceCheck, &MainFields::UseBeatCheck,
           &MainFields::UsePortaCheck, &MainFields::UseSynchroCheck, &MainFields::UseMIDIInCheck})
         p.App.Fields.*check = true;
-    p.App.MidiOut.Fields.MIDIOutFormVisible = true;
-    p.App.MidiFile.MIDIFileFormVisible = true;
+    p.App.Outputs.MidiOutput.Fields.MIDIOutFormVisible = true;
+    p.App.Playing.MidiFilePlayback.MIDIFileFormVisible = true;
     for (QWidget* window : {static_cast<QWidget*>(&p.Form), static_cast<QWidget*>(&speaker),
                             static_cast<QWidget*>(&p.SaveLoadWindow), static_cast<QWidget*>(&manual),
                             &p.Find<QWidget>("FMODOptionsForm"), &p.Find<QWidget>("VoiceInternalForm"),
@@ -107,7 +106,7 @@ TEST(Accessibility, AssistiveTechnologyCanWorkTheControls) {
     EXPECT_FALSE(fields.AddNote1Option);
     fields.UseFMODCheck = true;
     toggle("optTriangle");
-    EXPECT_EQ(p.App.Fmod.Generator.DSPType, fmod_waveform::FallingSaw);
+    EXPECT_EQ(p.App.Outputs.SoundMods.Generator.DSPType, fmod_waveform::FallingSaw);
     fields.UseFMODCheck = false;
     p.Time.At(500, [&] {
         toggle("MetronomeButton");

@@ -23,7 +23,7 @@ const std::vector<std::string> Composed = {"1/8,C4,E4,", "Quarter,D4,,Dot", "1/8
 std::string Listen(test::UiProgram& p, const std::function<void()>& play, const std::function<void()>& stop) {
     const std::int64_t start = p.Time.PerformanceCounter();
     p.Timeline.Clear();
-    p.App.Playback.OnRangeEnd = stop;
+    p.App.Playing.PlaybackEngine.OnRangeEnd = stop;
     play();
     EXPECT_GT(p.Time.PerformanceCounter(), start);
     EXPECT_FALSE(p.App.Fields.MusicIsPlaying);
@@ -38,10 +38,11 @@ std::string Listen(test::UiProgram& p, const std::function<void()>& play, const 
 struct Reopened : test::UiProgram {
     explicit Reopened(const test::UiProgram& before) {
         Disk.Put(MySong, before.Disk.Content(MySong));
-        StartUp startUp({App.Fields, Time, Disk, Boxes, System, Speaker, App.Fmod, App.Handlers, App.Log,
-                         [this](const std::string& song) { App.Document.LoadFile(song); }, [](bool) {},
-                         [this] { App.Motor.CheckForPort(); }},
-                        {"/program", "/windows", "\"" + std::string(MySong) + "\""});
+        StartUp startUp(
+            {App.Fields, Time, Disk, Boxes, System, Speaker, App.Outputs.SoundMods, App.Handlers, App.Log,
+             [this](const std::string& song) { App.Storage.SongDocument.LoadFile(song); }, [](bool) {},
+             [this] { App.Outputs.MotorModModule.CheckForPort(); }},
+            {"/program", "/windows", "\"" + std::string(MySong) + "\""});
         startUp.BeforeMainForm();
         startUp.AfterMainForm();
         startUp.OfferUnsavedSongs();

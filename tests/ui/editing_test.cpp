@@ -47,7 +47,7 @@ TEST(NoteEntryPanel, ASongMayLeaveBothOptionsOfTheNoteClear) {
     test::UiProgram p;
     p.Disk.Put("/songs/neither.QVX",
                "Quavix by Dastrel-204 file format\r\nAddNote1 0\r\nAddNote2 0\r\nMUSICLISTSTART\r\n");
-    p.App.Document.LoadFile("/songs/neither.QVX");
+    p.App.Storage.SongDocument.LoadFile("/songs/neither.QVX");
     const auto shown = [&] {
         return std::pair(p.Find<QRadioButton>("AddNote1Option").isChecked(),
                          p.Find<QRadioButton>("AddNote2Option").isChecked());

@@ -7,7 +7,6 @@
 #include <QtWidgets>
 
 #include "app/shutdown.h"
-#include "app/window_parts_of.h"
 #include "support/simulated_program.h"
 #include "ui/dialogs/save_load_form.h"
 #include "ui/main_window/main_form.h"
@@ -27,21 +26,6 @@ class RecordedEnd : public ProcessEnd {
   private:
     SimulatedTime& time_;
     quavix::Timeline& timeline_;
-};
-
-/// A speaker whose words about itself a test sets.
-class ReportingSpeaker : public Speaker {
-  public:
-    explicit ReportingSpeaker(Speaker& speaker) : speaker_(speaker) {}
-    void Beep(std::int32_t frequency, std::int32_t durationMs) override {
-        speaker_.Beep(frequency, durationMs);
-    }
-    SpeakerStatus Status() const override { return Now; }
-
-    SpeakerStatus Now{.InUse = "PC speaker"};
-
-  private:
-    Speaker& speaker_;
 };
 
 /// The program on simulated ports behind its real main window.
@@ -77,18 +61,13 @@ struct UiProgram : SimulatedProgram {
     }
     QString TextOf(const char* label) { return Find<QLabel>(label).text(); }
 
-    ReportingSpeaker Reported{Speaker};
     RecordedEnd End{Time, Timeline};
     Shutdown Closing{App.Fields, App.Log, End};
     SaveLoadForm SaveLoadWindow{Time};
-    std::string Manual = "HOW TO USE IT";
-    MainForm Form{PartsOf(
-        App, Reported, this->Boxes, SaveLoadWindow,
-        [this] {
-            if (App.Document.MayClose())
-                Closing.CloseProgram();
-        },
-        [this] { return Manual; })};
+    MainForm Form{App, SaveLoadWindow, [this] {
+                      if (App.Storage.SongDocument.MayClose())
+                          Closing.CloseProgram();
+                  }};
 };
 
 }  // namespace quavix::test

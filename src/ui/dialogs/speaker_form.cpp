@@ -11,21 +11,25 @@
 
 namespace quavix {
 
-SpeakerForm::SpeakerForm(const WindowParts& parts, QWidget* parent)
-    : QDialog(parent), parts_(parts), ui_(std::make_unique<Ui::SpeakerForm>()) {
+SpeakerForm::SpeakerForm(MainFields& fields, Speaker& speaker, EventBoundary& handlers, QWidget* parent)
+    : QDialog(parent),
+      fields_(fields),
+      speaker_(speaker),
+      handlers_(handlers),
+      ui_(std::make_unique<Ui::SpeakerForm>()) {
     ui_->setupUi(this);
     ui_->RemedyText->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    BindEnabled(ui_->SpeakerTestButton, parts_.Fields.PlayAllButtonEnabled);
-    BindButton(ui_->SpeakerTestButton, parts_.Handlers, [this] { SpeakerTestButton_Click(); });
-    BindButton(ui_->RemedyCopyButton, parts_.Handlers, [this] { RemedyCopyButton_Click(); });
-    BindButton(ui_->SpeakerCloseButton, parts_.Handlers, [this] { hide(); });
+    BindEnabled(ui_->SpeakerTestButton, fields_.PlayAllButtonEnabled);
+    BindButton(ui_->SpeakerTestButton, handlers_, [this] { SpeakerTestButton_Click(); });
+    BindButton(ui_->RemedyCopyButton, handlers_, [this] { RemedyCopyButton_Click(); });
+    BindButton(ui_->SpeakerCloseButton, handlers_, [this] { hide(); });
     Refresh();
 }
 
 SpeakerForm::~SpeakerForm() = default;
 
 void SpeakerForm::Refresh() {
-    const SpeakerStatus status = parts_.PcSpeaker.Status();
+    const SpeakerStatus status = speaker_.Status();
     ShowReading(ui_->lblInUse, tr("Speaker in use"), QString::fromStdString(status.InUse));
     ShowReading(ui_->lblReason, tr("Why it is not the PC speaker"), QString::fromStdString(status.Reason));
     ui_->RemedyText->setPlainText(QString::fromStdString(status.Remedy));
@@ -41,7 +45,7 @@ void SpeakerForm::Refresh() {
 }
 
 void SpeakerForm::SpeakerTestButton_Click() {
-    TestSpeaker(parts_.PcSpeaker);
+    TestSpeaker(speaker_);
     Refresh();
     Q_EMIT Tested();
 }

@@ -5,7 +5,9 @@
 
 #include <QDialog>
 
-#include "ui/main_window/window_parts.h"
+#include "music/main_fields.h"
+#include "ports/speaker.h"
+#include "shell/event_boundary.h"
 
 namespace quavix {
 
@@ -19,7 +21,8 @@ class SpeakerForm : public QDialog {
     Q_OBJECT
 
   public:
-    explicit SpeakerForm(const WindowParts& parts, QWidget* parent = nullptr);
+    explicit SpeakerForm(MainFields& fields, Speaker& speaker, EventBoundary& handlers,
+                         QWidget* parent = nullptr);
     ~SpeakerForm() override;
 
     /// Asks the speaker anew.
@@ -33,7 +36,9 @@ class SpeakerForm : public QDialog {
     void SpeakerTestButton_Click();
     void RemedyCopyButton_Click();
 
-    WindowParts parts_;
+    MainFields& fields_;
+    Speaker& speaker_;
+    EventBoundary& handlers_;
     std::unique_ptr<Ui::SpeakerForm> ui_;
 };
 

@@ -6,15 +6,14 @@
 
 namespace quavix {
 
-EditingPanel::EditingPanel(const WindowParts& parts, QWidget* parent)
-    : QWidget(parent), parts_(parts), ui_(std::make_unique<Ui::EditingPanel>()) {
+EditingPanel::EditingPanel(ListEditing& editing, EventBoundary& handlers, QWidget* parent)
+    : QWidget(parent), editing_(editing), ui_(std::make_unique<Ui::EditingPanel>()) {
     ui_->setupUi(this);
-    EventBoundary& handlers = parts_.Handlers;
-    BindButton(ui_->ClearNote1Button, handlers, [this] { parts_.Editing.ClearNote1Button_Click(); });
-    BindButton(ui_->ClearNote2Button, handlers, [this] { parts_.Editing.ClearNote2Button_Click(); });
-    BindButton(ui_->Command1, handlers, [this] { parts_.Editing.Command1_Click(); });
-    BindButton(ui_->SilentLineButton, handlers, [this] { parts_.Editing.SilentLineButton_Click(); });
-    BindButton(ui_->UnselectButton, handlers, [this] { parts_.Editing.UnselectButton_Click(); });
+    BindButton(ui_->ClearNote1Button, handlers, [this] { editing_.ClearNote1Button_Click(); });
+    BindButton(ui_->ClearNote2Button, handlers, [this] { editing_.ClearNote2Button_Click(); });
+    BindButton(ui_->Command1, handlers, [this] { editing_.Command1_Click(); });
+    BindButton(ui_->SilentLineButton, handlers, [this] { editing_.SilentLineButton_Click(); });
+    BindButton(ui_->UnselectButton, handlers, [this] { editing_.UnselectButton_Click(); });
 }
 
 EditingPanel::~EditingPanel() = default;

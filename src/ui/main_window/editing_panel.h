@@ -5,7 +5,8 @@
 
 #include <QWidget>
 
-#include "ui/main_window/window_parts.h"
+#include "music/list_editing.h"
+#include "shell/event_boundary.h"
 
 namespace quavix {
 
@@ -18,11 +19,11 @@ class EditingPanel : public QWidget {
     Q_OBJECT
 
   public:
-    explicit EditingPanel(const WindowParts& parts, QWidget* parent = nullptr);
+    explicit EditingPanel(ListEditing& editing, EventBoundary& handlers, QWidget* parent = nullptr);
     ~EditingPanel() override;
 
   private:
-    WindowParts parts_;
+    ListEditing& editing_;
     std::unique_ptr<Ui::EditingPanel> ui_;
 };
 

@@ -27,8 +27,12 @@ void PaintGroup(QLabel* label, int group) {
 
 }  // namespace
 
-KeyboardPanel::KeyboardPanel(const WindowParts& parts, QWidget* parent)
-    : QWidget(parent), parts_(parts), ui_(std::make_unique<Ui::KeyboardPanel>()) {
+KeyboardPanel::KeyboardPanel(MainFields& fields, PianoKeys& keys, EventBoundary& handlers, QWidget* parent)
+    : QWidget(parent),
+      fields_(fields),
+      keys_(keys),
+      handlers_(handlers),
+      ui_(std::make_unique<Ui::KeyboardPanel>()) {
     ui_->setupUi(this);
     ui_->PianoKey->setToolTip(text::PianoKeyTip);
     ui_->lblKeyboardOctave->setToolTip(text::KeyboardOctaveTip);
@@ -41,15 +45,14 @@ KeyboardPanel::KeyboardPanel(const WindowParts& parts, QWidget* parent)
         label->setAlignment(Qt::AlignCenter);
         label->setMargin(2);
         PaintGroup(label, group);
-        ShowIn(label, parts_.Fields.KeyboardOctave.State(), [this, label, group](const SettingState&) {
-            label->setText(QString::fromStdString(parts_.Keys.OctLabel(group)));
+        ShowIn(label, fields_.KeyboardOctave.State(), [this, label, group](const SettingState&) {
+            label->setText(QString::fromStdString(keys_.OctLabel(group)));
             label->setAccessibleName(tr("Octave %1").arg(label->text()));
         });
         ++group;
     }
 
-    MainFields& fields = parts_.Fields;
-    BindText(ui_->KeyboardOctaveText, fields.KeyboardOctave, parts_.Handlers);
+    BindText(ui_->KeyboardOctaveText, fields.KeyboardOctave, handlers_);
     connect(ui_->KeyboardOctaveUpDown, &UpDown::Stepped, this,
             [this](int direction) { StepOctave(ui_->PianoKey->CurrentKey(), direction); });
     ShowIn(this, fields.KeyboardOctave.State(), [this](const SettingState& octave) {
@@ -59,7 +62,7 @@ KeyboardPanel::KeyboardPanel(const WindowParts& parts, QWidget* parent)
     ShowIn(this, fields.NotesSounding, [this](const SoundingNotes&) { ShowSounding(); });
     ShowIn(this, fields.PianoKeysEnabled, [this](bool enabled) { EnableKeys(enabled); });
     connect(ui_->PianoKey, &PianoKeyboard::KeyClicked, this, [this](int key) {
-        RunHandler(*ui_->PianoKey, "Click", parts_.Handlers, [&] { parts_.Keys.PianoKey_Click(key); });
+        RunHandler(*ui_->PianoKey, "Click", handlers_, [&] { keys_.PianoKey_Click(key); });
     });
     connect(ui_->PianoKey, &PianoKeyboard::OctaveStepped, this, &KeyboardPanel::StepOctave);
 }
@@ -67,16 +70,16 @@ KeyboardPanel::KeyboardPanel(const WindowParts& parts, QWidget* parent)
 KeyboardPanel::~KeyboardPanel() = default;
 
 void KeyboardPanel::StepOctave(int key, int direction) {
-    RunHandler(*ui_->PianoKey, "KeyDown", parts_.Handlers, [&] {
-        parts_.Keys.PianoKey_KeyDown(key, direction > 0 ? PianoKeys::UpArrow : PianoKeys::DownArrow,
-                                     PianoKeys::CtrlOnly);
+    RunHandler(*ui_->PianoKey, "KeyDown", handlers_, [&] {
+        keys_.PianoKey_KeyDown(key, direction > 0 ? PianoKeys::UpArrow : PianoKeys::DownArrow,
+                               PianoKeys::CtrlOnly);
     });
 }
 
 void KeyboardPanel::ShowSounding() {
     PianoKeySet keys;
     for (int key = 0; key < PianoPlan::Keys; ++key)
-        keys.set(static_cast<std::size_t>(key), parts_.Keys.IsSounding(key));
+        keys.set(static_cast<std::size_t>(key), keys_.IsSounding(key));
     ui_->PianoKey->ShowSounding(keys);
 }
 

@@ -6,7 +6,9 @@
 #include <QPointer>
 #include <QWidget>
 
-#include "ui/main_window/window_parts.h"
+#include "music/main_fields.h"
+#include "playback/piano_keys.h"
+#include "shell/event_boundary.h"
 
 namespace quavix {
 
@@ -19,7 +21,8 @@ class KeyboardPanel : public QWidget {
     Q_OBJECT
 
   public:
-    explicit KeyboardPanel(const WindowParts& parts, QWidget* parent = nullptr);
+    explicit KeyboardPanel(MainFields& fields, PianoKeys& keys, EventBoundary& handlers,
+                           QWidget* parent = nullptr);
     ~KeyboardPanel() override;
 
   private:
@@ -27,7 +30,9 @@ class KeyboardPanel : public QWidget {
     void EnableKeys(bool enabled);
     void StepOctave(int key, int direction);
 
-    WindowParts parts_;
+    MainFields& fields_;
+    PianoKeys& keys_;
+    EventBoundary& handlers_;
     std::unique_ptr<Ui::KeyboardPanel> ui_;
     bool hadFocus_ = false;
     QPointer<QWidget> focusMeanwhile_;

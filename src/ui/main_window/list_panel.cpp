@@ -6,17 +6,21 @@
 
 namespace quavix {
 
-ListPanel::ListPanel(const WindowParts& parts, QWidget* parent)
-    : QWidget(parent), parts_(parts), ui_(std::make_unique<Ui::ListPanel>()) {
+ListPanel::ListPanel(MusicList& list, ListEditing& editing, PlaybackEngine& playback, EventBoundary& handlers,
+                     QWidget* parent)
+    : QWidget(parent),
+      list_(list),
+      editing_(editing),
+      playback_(playback),
+      handlers_(handlers),
+      ui_(std::make_unique<Ui::ListPanel>()) {
     ui_->setupUi(this);
-    ui_->MainList->SetList(parts_.List);
+    ui_->MainList->SetList(list_);
     connect(ui_->MainList, &MusicListView::ItemClicked, this, [this](int row) {
-        RunHandler(*ui_->MainList, "ItemClick", parts_.Handlers,
-                   [&] { parts_.Playback.MainList_ItemClick(row); });
+        RunHandler(*ui_->MainList, "ItemClick", handlers_, [&] { playback_.MainList_ItemClick(row); });
     });
     connect(ui_->MainList, &MusicListView::SelectionMoved, this, [this] {
-        RunHandler(*ui_->MainList, "SelectionMoved", parts_.Handlers,
-                   [this] { parts_.Editing.FollowSelection(); });
+        RunHandler(*ui_->MainList, "SelectionMoved", handlers_, [this] { editing_.FollowSelection(); });
     });
 }
 

@@ -5,7 +5,10 @@
 
 #include <QWidget>
 
-#include "ui/main_window/window_parts.h"
+#include "music/list_editing.h"
+#include "music/music_list.h"
+#include "playback/playback_engine.h"
+#include "shell/event_boundary.h"
 
 namespace quavix {
 
@@ -18,11 +21,15 @@ class ListPanel : public QWidget {
     Q_OBJECT
 
   public:
-    explicit ListPanel(const WindowParts& parts, QWidget* parent = nullptr);
+    explicit ListPanel(MusicList& list, ListEditing& editing, PlaybackEngine& playback,
+                       EventBoundary& handlers, QWidget* parent = nullptr);
     ~ListPanel() override;
 
   private:
-    WindowParts parts_;
+    MusicList& list_;
+    ListEditing& editing_;
+    PlaybackEngine& playback_;
+    EventBoundary& handlers_;
     std::unique_ptr<Ui::ListPanel> ui_;
 };
 

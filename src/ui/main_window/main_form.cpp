@@ -15,6 +15,11 @@
 #include <QStyle>
 
 #include "midi/midi_file_opening.h"
+#include "program/outputs.h"
+#include "program/playing.h"
+#include "program/program_ports.h"
+#include "program/song_editing.h"
+#include "program/song_storage.h"
 #include "shell/program_info.h"
 #include "ui/dialogs/save_load_form.h"
 #include "ui/main_window/editing_panel.h"
@@ -78,14 +83,14 @@ void PlaceModWindow(ModWindow& form, QWidget& owner) {
     form.move(corner + QPoint(-Step, Step) * steps);
 }
 
-/// The window of a mod is made when it is first wanted.
-template <typename Form>
-void MakeWhenTicked(const Watched<bool>& check, const WindowParts& parts, QWidget* owner) {
-    check.Watch([&parts, guard = QPointer<QWidget>(owner), isMade = false](bool) mutable {
+/// Makes the window of a mod when it is first wanted; `parts` are what it shows and calls.
+template <typename Form, typename... Parts>
+void MakeWhenTicked(QWidget* owner, const Watched<bool>& check, Parts&... parts) {
+    check.Watch([&parts..., guard = QPointer<QWidget>(owner), isMade = false](bool) mutable {
         if (!guard || isMade)
             return;
         isMade = true;
-        PlaceModWindow(*new Form(parts, guard), *guard);
+        PlaceModWindow(*new Form(parts..., guard), *guard);
     });
 }
 
@@ -99,11 +104,14 @@ std::string DraggedFile(const QDropEvent& event) {
 
 }  // namespace
 
-MainForm::MainForm(const WindowParts& parts, QWidget* parent)
+MainForm::MainForm(Program& program, SaveLoadForm& saveLoadForm, std::function<void()> closeProgram,
+                   QWidget* parent)
     : QMainWindow(parent),
-      parts_(parts),
+      program_(program),
+      saveLoadForm_(saveLoadForm),
+      closeProgram_(std::move(closeProgram)),
       ui_(std::make_unique<Ui::MainForm>()),
-      saveLoad_(*this, parts_.Document) {
+      saveLoad_(*this, program_.Storage.SongDocument) {
     ui_->setupUi(this);
     LoadResources();
     setWindowIcon(QIcon(":/quavix.png"));
@@ -112,20 +120,13 @@ MainForm::MainForm(const WindowParts& parts, QWidget* parent)
                  .arg(program::MajorVersion)
                  .arg(program::MinorVersion)
                  .arg(program::Revision);
-    auto* menu = new MainMenu(parts_, *this);
+    auto* menu = new MainMenu(program_, closeProgram_, *this);
     AddPanels();
     menu->ServeList(*findChild<QTableView*>("MainList"));
     ConnectSaveLoadForm();
-    MakeWhenTicked<FMODOptionsForm>(parts_.Fmod.Generator.FMODOptionsFormVisible, parts_, this);
-    MakeWhenTicked<VoiceInternalForm>(parts_.Fmod.Controls.VoiceInternalFormVisible, parts_, this);
-    MakeWhenTicked<MIDIOutForm>(parts_.MidiOut.Fields.MIDIOutFormVisible, parts_, this);
-    MakeWhenTicked<MIDIInForm>(parts_.MidiIn.MIDIInFormVisible, parts_, this);
-    MakeWhenTicked<BeatForm>(parts_.Fields.UseBeatCheck, parts_, this);
-    MakeWhenTicked<PortamentoForm>(parts_.Fields.UsePortaCheck, parts_, this);
-    MakeWhenTicked<MIDIFileForm>(parts_.MidiFile.MIDIFileFormVisible, parts_, this);
-    MakeWhenTicked<SynchroForm>(parts_.Fields.UseSynchroCheck, parts_, this);
-    ShowIn(this, parts_.Document.FileName(), [this](const std::string&) { ShowTitle(); });
-    ShowIn(this, parts_.Document.Modified(), [this](bool) { ShowTitle(); });
+    AddModWindows();
+    ShowIn(this, program_.Storage.SongDocument.FileName(), [this](const std::string&) { ShowTitle(); });
+    ShowIn(this, program_.Storage.SongDocument.Modified(), [this](bool) { ShowTitle(); });
     KeepColumnWide(ui_->settingsScroll, ui_->settings);
     KeepColumnWide(ui_->modsScroll, ui_->mods);
     FitScreen();
@@ -150,22 +151,48 @@ void MainForm::FitScreen() {
     resize(size().expandedTo(wanted).boundedTo(room));
 }
 
+void MainForm::AddModWindows() {
+    MainFields& fields = program_.Fields;
+    EventBoundary& handlers = program_.Handlers;
+    SoundMods& sound = program_.Outputs.SoundMods;
+    MidiOutput& midiOut = program_.Outputs.MidiOutput;
+    Playing& playing = program_.Playing;
+    MakeWhenTicked<FMODOptionsForm>(this, sound.Generator.FMODOptionsFormVisible, fields, sound, handlers);
+    MakeWhenTicked<VoiceInternalForm>(this, sound.Controls.VoiceInternalFormVisible, fields, sound, handlers);
+    MakeWhenTicked<MIDIOutForm>(this, midiOut.Fields.MIDIOutFormVisible, fields, midiOut, handlers);
+    MakeWhenTicked<MIDIInForm>(this, playing.MidiInput.MIDIInFormVisible, fields, playing.MidiInput,
+                               handlers);
+    MakeWhenTicked<BeatForm>(this, fields.UseBeatCheck, fields, handlers);
+    MakeWhenTicked<PortamentoForm>(this, fields.UsePortaCheck, fields, program_.Outputs.PitchGlide, handlers);
+    MakeWhenTicked<MIDIFileForm>(this, playing.MidiFilePlayback.MIDIFileFormVisible, fields,
+                                 playing.MidiFilePlayback, handlers);
+    MakeWhenTicked<SynchroForm>(this, fields.UseSynchroCheck, fields, playing.SynchroPlay, handlers);
+}
+
 /// In the order in which the Tab key goes through them.
 void MainForm::AddPanels() {
-    ui_->settingsColumn->addWidget(new NoteEntryPanel(parts_, this));
-    ui_->settingsColumn->addWidget(new TimingPanel(parts_, this));
+    MainFields& fields = program_.Fields;
+    EventBoundary& handlers = program_.Handlers;
+    SongEditing& editing = program_.Editing;
+    Playing& playing = program_.Playing;
+    Speaker& speaker = program_.Ports.PcSpeaker;
+    ui_->settingsColumn->addWidget(new NoteEntryPanel(fields, handlers, this));
+    ui_->settingsColumn->addWidget(new TimingPanel(fields, playing.Metronome, handlers, this));
     ui_->settingsColumn->addStretch(1);
     AddDebugLogNotice();
-    ui_->listColumn->addWidget(new PlaybackPanel(parts_, this));
-    ui_->listColumn->addWidget(new ListPanel(parts_, this), 1);
-    ui_->listColumn->addWidget(new EditingPanel(parts_, this));
+    ui_->listColumn->addWidget(new PlaybackPanel(fields, playing.PlaybackEngine, handlers, this));
+    ui_->listColumn->addWidget(
+        new ListPanel(program_.List, editing.ListEditing, playing.PlaybackEngine, handlers, this), 1);
+    ui_->listColumn->addWidget(new EditingPanel(editing.ListEditing, handlers, this));
     AddSaveLoadButton();
-    ui_->modsColumn->addWidget(new NotesToPlayPanel(parts_, this));
-    ui_->modsColumn->addWidget(new ModsPanel(parts_, this));
+    ui_->modsColumn->addWidget(new NotesToPlayPanel(fields, handlers, this));
+    ui_->modsColumn->addWidget(
+        new ModsPanel(fields, program_.Outputs.MotorModModule, program_.Ports.Boxes, handlers, this));
     ui_->modsColumn->addStretch(1);
-    ui_->keyboardRow->addWidget(new KeyboardPanel(parts_, this));
-    ui_->bottomRow->addWidget(new SpeakerPanel(parts_, this), 1);
-    ui_->bottomRow->addWidget(new PositionPanel(parts_, this));
+    ui_->keyboardRow->addWidget(new KeyboardPanel(fields, playing.PianoKeys, handlers, this));
+    ui_->bottomRow->addWidget(
+        new SpeakerPanel(fields, program_.Outputs.ToneDispatcher, speaker, handlers, this), 1);
+    ui_->bottomRow->addWidget(new PositionPanel(fields, editing.PositionDisplay, handlers, this));
 }
 
 void MainForm::AddSaveLoadButton() {
@@ -173,7 +200,7 @@ void MainForm::AddSaveLoadButton() {
     button->setObjectName("SaveLoadButton");
     button->setAccessibleName(tr("Save / Load"));
     button->setToolTip(tr("Save the song in a file, or load one"));
-    BindButton(button, parts_.Handlers, [this] { saveLoad_.SaveLoadButton_Click(); });
+    BindButton(button, program_.Handlers, [this] { saveLoad_.SaveLoadButton_Click(); });
     ui_->modsColumn->addWidget(button);
 }
 
@@ -185,14 +212,14 @@ void MainForm::AddDebugLogNotice() {
     QFont font = notice->font();
     font.setBold(true);
     notice->setFont(font);
-    notice->setVisible(parts_.Log.Enabled());
+    notice->setVisible(program_.Log.Enabled());
     ui_->settingsColumn->addWidget(notice);
 }
 
 void MainForm::ConnectSaveLoadForm() {
-    SaveLoadForm* form = &parts_.SaveLoadWindow;
+    SaveLoadForm* form = &saveLoadForm_;
     const auto run = [this, form](const char* handler, void (SaveLoad::*click)()) {
-        parts_.Handlers.Run(handler, [&] { (saveLoad_.*click)(); });
+        program_.Handlers.Run(handler, [&] { (saveLoad_.*click)(); });
     };
     connect(form, &SaveLoadForm::SaveClicked, this,
             [run] { run("SaveButton_Click", &SaveLoad::SaveButton_Click); });
@@ -204,9 +231,9 @@ void MainForm::ConnectSaveLoadForm() {
 
 void MainForm::ShowSaveLoadForm(bool show) {
     if (show)
-        parts_.SaveLoadWindow.OpenAbove(*this);
+        saveLoadForm_.OpenAbove(*this);
     else
-        parts_.SaveLoadWindow.hide();
+        saveLoadForm_.hide();
 }
 
 void MainForm::BringMainFormToFront() {
@@ -216,29 +243,31 @@ void MainForm::BringMainFormToFront() {
 
 void MainForm::ShowTitle() {
     QString title = title_;
-    const QString file = QFile::decodeName(parts_.Document.FileName().Get().c_str());
+    const QString file = QFile::decodeName(program_.Storage.SongDocument.FileName().Get().c_str());
     if (!file.isEmpty())
         title += " - " + QFileInfo(file).fileName().replace("[*]", "[*][*]") +
-                 (parts_.Document.Modified() ? " *" : "");
+                 (program_.Storage.SongDocument.Modified() ? " *" : "");
     setWindowTitle(title);
 }
 
 void MainForm::closeEvent(QCloseEvent* event) {
-    parts_.CloseProgram();
+    closeProgram_();
     // The user may have wanted to keep the song after all.
-    event->setAccepted(parts_.Fields.ShuttingDown);
-    if (!isEnabled() && parts_.SaveLoadWindow.isVisible())
-        parts_.SaveLoadWindow.activateWindow();  // this one takes no input
+    event->setAccepted(program_.Fields.ShuttingDown);
+    if (!isEnabled() && saveLoadForm_.isVisible())
+        saveLoadForm_.activateWindow();  // this one takes no input
 }
 
 void MainForm::keyPressEvent(QKeyEvent* event) {
-    const MainFields& fields = parts_.Fields;
+    const MainFields& fields = program_.Fields;
     const bool isPlain = event->modifiers() == Qt::NoModifier && !event->isAutoRepeat();
     if (isPlain && event->key() == Qt::Key_Space && fields.PlayAllButtonEnabled)
-        RunHandler(*this, "KeyPress", parts_.Handlers, [this] { parts_.Playback.PlayAllButton_Click(); });
+        RunHandler(*this, "KeyPress", program_.Handlers,
+                   [this] { program_.Playing.PlaybackEngine.PlayAllButton_Click(); });
     else if (isPlain && (event->key() == Qt::Key_Space || event->key() == Qt::Key_Escape) &&
              fields.StopPlayButtonEnabled)
-        RunHandler(*this, "KeyPress", parts_.Handlers, [this] { parts_.Playback.StopPlayButton_Click(); });
+        RunHandler(*this, "KeyPress", program_.Handlers,
+                   [this] { program_.Playing.PlaybackEngine.StopPlayButton_Click(); });
     else
         QMainWindow::keyPressEvent(event);
 }
@@ -261,11 +290,11 @@ void MainForm::dropEvent(QDropEvent* event) {
 }
 
 void MainForm::LoadDropped(const std::string& fileName) {
-    RunHandler(*this, "Drop", parts_.Handlers, [&] {
+    RunHandler(*this, "Drop", program_.Handlers, [&] {
         if (IsMidiFileName(fileName))
-            parts_.MidiFile.UseFile(fileName);
-        else if (parts_.Document.MayClose())
-            parts_.Document.LoadFile(fileName);
+            program_.Playing.MidiFilePlayback.UseFile(fileName);
+        else if (program_.Storage.SongDocument.MayClose())
+            program_.Storage.SongDocument.LoadFile(fileName);
     });
 }
 

@@ -1,16 +1,17 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <functional>
 #include <memory>
 
 #include <QMainWindow>
 
+#include "program/program.h"
 #include "songfile/save_load.h"
-#include "ui/main_window/window_parts.h"
-
-class QScrollArea;
 
 namespace quavix {
+
+class SaveLoadForm;
 
 namespace Ui {
 class MainForm;
@@ -21,7 +22,9 @@ class MainForm : public QMainWindow, private SaveLoadView {
     Q_OBJECT
 
   public:
-    explicit MainForm(const WindowParts& parts, QWidget* parent = nullptr);
+    /// `closeProgram` is called when the user wants the program to end. All must outlive the window.
+    MainForm(Program& program, SaveLoadForm& saveLoadForm, std::function<void()> closeProgram,
+             QWidget* parent = nullptr);
     ~MainForm() override;
 
   protected:
@@ -38,6 +41,7 @@ class MainForm : public QMainWindow, private SaveLoadView {
     void BringMainFormToFront() override;
 
     void FitScreen();
+    void AddModWindows();
     void AddPanels();
     void AddSaveLoadButton();
     void AddDebugLogNotice();
@@ -45,7 +49,9 @@ class MainForm : public QMainWindow, private SaveLoadView {
     void ShowTitle();
     void LoadDropped(const std::string& fileName);
 
-    WindowParts parts_;
+    Program& program_;
+    SaveLoadForm& saveLoadForm_;
+    std::function<void()> closeProgram_;
     std::unique_ptr<Ui::MainForm> ui_;
     SaveLoad saveLoad_;
     QString title_;

@@ -8,14 +8,21 @@
 #include <QTableView>
 #include <fmt/format.h>
 
+#include "ports/message_boxes.h"
+#include "program/playing.h"
+#include "program/program_ports.h"
+#include "program/song_editing.h"
+#include "program/song_storage.h"
+#include "shell/file_exists.h"
 #include "shell/program_info.h"
+#include "shell/whole_text.h"
 #include "ui/dialogs/manual_form.h"
 #include "ui/widgets/binding.h"
 
 namespace quavix {
 
-MainMenu::MainMenu(const WindowParts& parts, QMainWindow& window)
-    : QObject(&window), parts_(parts), window_(window) {
+MainMenu::MainMenu(Program& program, std::function<void()> closeProgram, QMainWindow& window)
+    : QObject(&window), program_(program), closeProgram_(std::move(closeProgram)), window_(window) {
     AddFileMenu();
     AddEditMenu();
     AddPlayMenu();
@@ -36,7 +43,7 @@ QAction* MainMenu::Add(QMenu* menu, const char* name, const QString& caption, co
     action->setShortcut(keys);
     action->setToolTip(tip);
     connect(action, &QAction::triggered, this, [this, action, handler = std::move(triggered)] {
-        RunHandler(*action, "Click", parts_.Handlers, handler);
+        RunHandler(*action, "Click", program_.Handlers, handler);
     });
     return action;
 }
@@ -48,60 +55,63 @@ void MainMenu::AddFileMenu() {
         [this] { OpenSong(); });
     menu->addSeparator();
     Add(menu, "SaveAction", tr("&Save"), QKeySequence::Save, tr("Save the song in its file"),
-        [this] { parts_.Document.Save(); });
+        [this] { program_.Storage.SongDocument.Save(); });
     Add(menu, "SaveAsAction", tr("Save &as..."), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_S),
-        tr("Save the song in a file that you choose"), [this] { parts_.Document.SaveAs(); });
+        tr("Save the song in a file that you choose"), [this] { program_.Storage.SongDocument.SaveAs(); });
     menu->addSeparator();
     Add(menu, "QuitAction", tr("&Quit"), QKeySequence(Qt::CTRL | Qt::Key_Q), tr("End the program"),
-        [this] { parts_.CloseProgram(); });
+        [this] { closeProgram_(); });
 }
 
 void MainMenu::AddEditMenu() {
     QMenu* menu = AddMenu("EditMenu", tr("&Edit"));
     QAction* undo = Add(menu, "UndoAction", tr("Undo"), QKeySequence::Undo, tr("Take the last change back"),
-                        [this] { parts_.History.Undo(); });
-    QAction* redo =
-        Add(menu, "RedoAction", tr("Redo"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z),
-            tr("Make the change again that was taken back last"), [this] { parts_.History.Redo(); });
+                        [this] { program_.Editing.EditHistory.Undo(); });
+    QAction* redo = Add(menu, "RedoAction", tr("Redo"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z),
+                        tr("Make the change again that was taken back last"),
+                        [this] { program_.Editing.EditHistory.Redo(); });
     redo->setShortcuts({QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), QKeySequence(Qt::CTRL | Qt::Key_Y)});
-    ShowIn(&window_, parts_.Fields.CanUndo, [undo](bool can) { undo->setEnabled(can); });
-    ShowIn(&window_, parts_.Fields.CanRedo, [redo](bool can) { redo->setEnabled(can); });
-    ShowIn(&window_, parts_.Fields.UndoText,
+    ShowIn(&window_, program_.Fields.CanUndo, [undo](bool can) { undo->setEnabled(can); });
+    ShowIn(&window_, program_.Fields.CanRedo, [redo](bool can) { redo->setEnabled(can); });
+    ShowIn(&window_, program_.Fields.UndoText,
            [undo](const std::string& caption) { undo->setText("&" + QString::fromStdString(caption)); });
-    ShowIn(&window_, parts_.Fields.RedoText,
+    ShowIn(&window_, program_.Fields.RedoText,
            [redo](const std::string& caption) { redo->setText("&" + QString::fromStdString(caption)); });
     menu->addSeparator();
-    QAction* cut = Add(menu, "CutAction", tr("Cu&t"), QKeySequence::Cut,
-                       tr("Move the selected lines to the clipboard"), [this] { parts_.Lines.CutLines(); });
+    QAction* cut =
+        Add(menu, "CutAction", tr("Cu&t"), QKeySequence::Cut, tr("Move the selected lines to the clipboard"),
+            [this] { program_.Editing.LineClipboard.CutLines(); });
     QAction* copy = Add(menu, "CopyAction", tr("&Copy"), QKeySequence::Copy,
-                        tr("Copy the selected lines to the clipboard"), [this] { parts_.Lines.CopyLines(); });
+                        tr("Copy the selected lines to the clipboard"),
+                        [this] { program_.Editing.LineClipboard.CopyLines(); });
     Add(menu, "PasteAction", tr("&Paste"), QKeySequence::Paste,
         tr("Insert the clipboard's lines before the selected line, or at the end"), [this] { Paste(); });
-    QAction* duplicate =
-        Add(menu, "DuplicateAction", tr("&Duplicate"), QKeySequence(Qt::CTRL | Qt::Key_D),
-            tr("Insert copies of the selected lines behind them"), [this] { parts_.Lines.DuplicateLines(); });
-    QAction* erase = Add(menu, "EraseAction", tr("&Erase"), QKeySequence(Qt::Key_Delete),
-                         tr("Remove the selected lines"), [this] { parts_.Lines.EraseLines(); });
+    QAction* duplicate = Add(menu, "DuplicateAction", tr("&Duplicate"), QKeySequence(Qt::CTRL | Qt::Key_D),
+                             tr("Insert copies of the selected lines behind them"),
+                             [this] { program_.Editing.LineClipboard.DuplicateLines(); });
+    QAction* erase =
+        Add(menu, "EraseAction", tr("&Erase"), QKeySequence(Qt::Key_Delete), tr("Remove the selected lines"),
+            [this] { program_.Editing.LineClipboard.EraseLines(); });
     for (QAction* action : {cut, copy, duplicate, erase})
-        ShowIn(&window_, parts_.Fields.LinesSelected, [action](bool some) { action->setEnabled(some); });
+        ShowIn(&window_, program_.Fields.LinesSelected, [action](bool some) { action->setEnabled(some); });
 }
 
 void MainMenu::AddPlayMenu() {
     QMenu* menu = AddMenu("PlayMenu", tr("Pla&y"));
     QAction* all = Add(menu, "PlayAllAction", tr("Play &all"), QKeySequence(Qt::Key_F5),
                        tr("Play the whole list of music again and again, until you stop it"),
-                       [this] { parts_.Playback.PlayAllButton_Click(); });
+                       [this] { program_.Playing.PlaybackEngine.PlayAllButton_Click(); });
     QAction* from =
         Add(menu, "PlayFromLineAction", tr("Play &from selected line"), QKeySequence(Qt::SHIFT | Qt::Key_F5),
             tr("Play from the selected line to the end of the list again and again, until you "
                "stop it"),
-            [this] { parts_.Playback.PlayFromLineButton_Click(); });
+            [this] { program_.Playing.PlaybackEngine.PlayFromLineButton_Click(); });
     QAction* stop = Add(menu, "StopAction", tr("&Stop playing"), QKeySequence(Qt::Key_F6),
                         tr("Stop the music (it may take a second or so to stop)"),
-                        [this] { parts_.Playback.StopPlayButton_Click(); });
-    ShowIn(&window_, parts_.Fields.PlayAllButtonEnabled, [all](bool can) { all->setEnabled(can); });
-    ShowIn(&window_, parts_.Fields.PlayFromLineButtonEnabled, [from](bool can) { from->setEnabled(can); });
-    ShowIn(&window_, parts_.Fields.StopPlayButtonEnabled, [stop](bool can) { stop->setEnabled(can); });
+                        [this] { program_.Playing.PlaybackEngine.StopPlayButton_Click(); });
+    ShowIn(&window_, program_.Fields.PlayAllButtonEnabled, [all](bool can) { all->setEnabled(can); });
+    ShowIn(&window_, program_.Fields.PlayFromLineButtonEnabled, [from](bool can) { from->setEnabled(can); });
+    ShowIn(&window_, program_.Fields.StopPlayButtonEnabled, [stop](bool can) { stop->setEnabled(can); });
 }
 
 void MainMenu::AddHelpMenu() {
@@ -120,36 +130,38 @@ void MainMenu::ServeList(QTableView& list) {
 }
 
 void MainMenu::NewSong() {
-    parts_.Document.New();
+    program_.Storage.SongDocument.New();
 }
 
 void MainMenu::OpenSong() {
-    if (parts_.Document.MayClose())
-        parts_.Document.Load();
+    if (program_.Storage.SongDocument.MayClose())
+        program_.Storage.SongDocument.Load();
 }
 
 void MainMenu::Paste() {
-    const LineClipboard::PasteResult result = parts_.Lines.PasteLines();
+    const LineClipboard::PasteResult result = program_.Editing.LineClipboard.PasteLines();
     if (result.Rejected == 0)
         return;
-    parts_.Boxes.Show({.Title = "Paste",
-                       .Text = result.Pasted == 0
-                                   ? "There are no lines of music in what you want to paste.\n\n"
-                                     "A line of music is, for example: Quarter C4 E4 Dot"
-                                   : fmt::format("{} of the lines that you pasted were left out, because "
-                                                 "they are no lines of music.",
-                                                 result.Rejected),
-                       .Icon = BoxIcon::Information});
+    program_.Ports.Boxes.get().Show(
+        {.Title = "Paste",
+         .Text = result.Pasted == 0 ? "There are no lines of music in what you want to paste.\n\n"
+                                      "A line of music is, for example: Quarter C4 E4 Dot"
+                                    : fmt::format("{} of the lines that you pasted were left out, because "
+                                                  "they are no lines of music.",
+                                                  result.Rejected),
+         .Icon = BoxIcon::Information});
 }
 
 void MainMenu::ShowManual() {
     if (manual_ == nullptr) {
-        const std::string manual = parts_.ReadManual();
+        const ProgramPorts& ports = program_.Ports;
+        const std::string manual = WholeText(ports.Disk, FileInFolder(ports.ProgramFolder, "info.txt"));
         if (manual.empty()) {
-            parts_.Boxes.Show({.Title = "Can't open the manual!",
-                               .Text = "The manual is in a file called 'info.txt' in the same folder as this "
-                                       "program, but that file can't be read.",
-                               .Icon = BoxIcon::Warning});
+            program_.Ports.Boxes.get().Show(
+                {.Title = "Can't open the manual!",
+                 .Text = "The manual is in a file called 'info.txt' in the same folder as this "
+                         "program, but that file can't be read.",
+                 .Icon = BoxIcon::Warning});
             return;
         }
         manual_ = new ManualForm(QString::fromStdString(manual), &window_);
@@ -160,11 +172,12 @@ void MainMenu::ShowManual() {
 }
 
 void MainMenu::ShowAbout() {
-    parts_.Boxes.Show({.Title = "About Quavix",
-                       .Text = fmt::format("{} {}\n\nCompose simple two-voice music and hear it on the PC "
-                                           "speaker.\n\nFree software under the MIT licence.\n{}",
-                                           program::Title, program::VersionText, program::ContactAddress),
-                       .Icon = BoxIcon::Information});
+    program_.Ports.Boxes.get().Show(
+        {.Title = "About Quavix",
+         .Text = fmt::format("{} {}\n\nCompose simple two-voice music and hear it on the PC "
+                             "speaker.\n\nFree software under the MIT licence.\n{}",
+                             program::Title, program::VersionText, program::ContactAddress),
+         .Icon = BoxIcon::Information});
 }
 
 }  // namespace quavix

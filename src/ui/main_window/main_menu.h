@@ -5,7 +5,7 @@
 
 #include <QObject>
 
-#include "ui/main_window/window_parts.h"
+#include "program/program.h"
 
 class QAction;
 class QKeySequence;
@@ -22,8 +22,8 @@ class MainMenu : public QObject {
     Q_OBJECT
 
   public:
-    /// Adds the menus to the window, which owns them.
-    MainMenu(const WindowParts& parts, QMainWindow& window);
+    /// Adds the menus to the window, which owns them. `closeProgram` is called when the user wants to leave.
+    MainMenu(Program& program, std::function<void()> closeProgram, QMainWindow& window);
 
     /// Gives a list the editing commands as its context menu.
     void ServeList(QTableView& list);
@@ -43,7 +43,8 @@ class MainMenu : public QObject {
     void ShowManual();
     void ShowAbout();
 
-    WindowParts parts_;
+    Program& program_;
+    std::function<void()> closeProgram_;
     QMainWindow& window_;
     ManualForm* manual_ = nullptr;
 };

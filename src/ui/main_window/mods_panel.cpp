@@ -22,8 +22,14 @@ QString HelpButtonName(const text::Mod& mod) {
 
 }  // namespace
 
-ModsPanel::ModsPanel(const WindowParts& parts, QWidget* parent)
-    : QGroupBox(tr("Mods"), parent), parts_(parts), grid_(new QGridLayout(this)) {
+ModsPanel::ModsPanel(MainFields& fields, MotorModModule& motor, MessageBoxes& boxes, EventBoundary& handlers,
+                     QWidget* parent)
+    : QGroupBox(tr("Mods"), parent),
+      fields_(fields),
+      motor_(motor),
+      boxes_(boxes),
+      handlers_(handlers),
+      grid_(new QGridLayout(this)) {
     setObjectName("ModsPanel");
     grid_->setColumnStretch(0, 1);
     grid_->setVerticalSpacing(2);
@@ -40,8 +46,8 @@ void ModsPanel::AddMod(const text::Mod& mod) {
     check->setObjectName(mod.CheckName);
     check->setAccessibleName(mod.Caption);
     check->setToolTip(mod.ToolTip);
-    BindCheck(check, parts_.Fields.*mod.Value, parts_.Handlers);
-    BindEnabled(check, parts_.Fields.*mod.Enabled);
+    BindCheck(check, fields_.*mod.Value, handlers_);
+    BindEnabled(check, fields_.*mod.Enabled);
     grid_->addWidget(check, row, 0);
 
     auto* help = new QToolButton(this);
@@ -50,7 +56,7 @@ void ModsPanel::AddMod(const text::Mod& mod) {
     help->setAccessibleName(tr("Help about '%1'").arg(mod.Caption));
     help->setToolTip(tr("What '%1' does").arg(mod.Caption));
     help->setFocusPolicy(Qt::StrongFocus);
-    BindButton(help, parts_.Handlers, [this, &mod] { ShowHelp(mod); });
+    BindButton(help, handlers_, [this, &mod] { ShowHelp(mod); });
     grid_->addWidget(help, row, 1);
 }
 
@@ -71,16 +77,16 @@ void ModsPanel::AddMotorSettings() {
     slider->setToolTip(text::MotorOctaveTip);
     slider->setPageStep(1);
     label->setBuddy(slider);
-    BindSlider(slider, parts_.Fields.MotorOct, parameter::MotorOct, "Change", parts_.Handlers);
+    BindSlider(slider, fields_.MotorOct, parameter::MotorOct, "Change", handlers_);
     row->addWidget(slider, 1);
     auto* value = new QLabel(this);
     value->setObjectName("lblMotorOctValue");
-    ShowIn(value, parts_.Fields.MotorOct, [value](std::int32_t octaves) {
+    ShowIn(value, fields_.MotorOct, [value](std::int32_t octaves) {
         ShowReading(value, text::MotorOctaveCaption, QString::number(octaves));
     });
     row->addWidget(value);
 
-    auto* combo = new PortCombo(parts_.Motor, parts_.Handlers, this);
+    auto* combo = new PortCombo(motor_, handlers_, this);
     combo->setObjectName("cmbMotorPort");
     combo->setAccessibleName(text::MotorPortCaption);
     combo->view()->setAccessibleName(text::MotorPortCaption);
@@ -95,7 +101,7 @@ void ModsPanel::AddMotorSettings() {
 }
 
 void ModsPanel::ShowHelp(const text::Mod& mod) {
-    parts_.Boxes.Show({.Title = mod.HelpTitle, .Text = mod.HelpText, .Icon = BoxIcon::Information});
+    boxes_.Show({.Title = mod.HelpTitle, .Text = mod.HelpText, .Icon = BoxIcon::Information});
 }
 
 }  // namespace quavix

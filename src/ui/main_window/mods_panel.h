@@ -3,7 +3,10 @@
 
 #include <QGroupBox>
 
-#include "ui/main_window/window_parts.h"
+#include "music/main_fields.h"
+#include "playback/motor_mod_module.h"
+#include "ports/message_boxes.h"
+#include "shell/event_boundary.h"
 #include "ui/mods/mod_texts.h"
 
 class QGridLayout;
@@ -16,14 +19,18 @@ class ModsPanel : public QGroupBox {
     Q_OBJECT
 
   public:
-    explicit ModsPanel(const WindowParts& parts, QWidget* parent = nullptr);
+    explicit ModsPanel(MainFields& fields, MotorModModule& motor, MessageBoxes& boxes,
+                       EventBoundary& handlers, QWidget* parent = nullptr);
 
   private:
     void AddMod(const text::Mod& mod);
     void AddMotorSettings();
     void ShowHelp(const text::Mod& mod);
 
-    WindowParts parts_;
+    MainFields& fields_;
+    MotorModModule& motor_;
+    MessageBoxes& boxes_;
+    EventBoundary& handlers_;
     QGridLayout* grid_;
 };
 

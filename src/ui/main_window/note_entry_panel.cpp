@@ -7,16 +7,14 @@
 
 namespace quavix {
 
-NoteEntryPanel::NoteEntryPanel(const WindowParts& parts, QWidget* parent)
-    : QWidget(parent), parts_(parts), ui_(std::make_unique<Ui::NoteEntryPanel>()) {
+NoteEntryPanel::NoteEntryPanel(MainFields& fields, EventBoundary& handlers, QWidget* parent)
+    : QWidget(parent), ui_(std::make_unique<Ui::NoteEntryPanel>()) {
     ui_->setupUi(this);
     for (const char* length : text::NoteLengths)
         ui_->NoteLengthCombo->addItem(length);
     ui_->NoteLengthCombo->setToolTip(text::NoteLengthTip);
     ui_->lblNoteLength->setToolTip(text::NoteLengthTip);
 
-    MainFields& fields = parts_.Fields;
-    EventBoundary& handlers = parts_.Handlers;
     BindCheck(ui_->NoteClickPlayCheck, fields.NoteClickPlayCheck, handlers);
     BindCheck(ui_->NoteClickAddCheck, fields.NoteClickAddCheck, handlers);
     BindOptions(ui_->AddNote1Option, fields.AddNote1Option, ui_->AddNote2Option, fields.AddNote2Option,

@@ -5,7 +5,8 @@
 
 #include <QWidget>
 
-#include "ui/main_window/window_parts.h"
+#include "music/main_fields.h"
+#include "shell/event_boundary.h"
 
 namespace quavix {
 
@@ -18,11 +19,10 @@ class NoteEntryPanel : public QWidget {
     Q_OBJECT
 
   public:
-    explicit NoteEntryPanel(const WindowParts& parts, QWidget* parent = nullptr);
+    explicit NoteEntryPanel(MainFields& fields, EventBoundary& handlers, QWidget* parent = nullptr);
     ~NoteEntryPanel() override;
 
   private:
-    WindowParts parts_;
     std::unique_ptr<Ui::NoteEntryPanel> ui_;
 };
 

@@ -6,14 +6,13 @@
 
 namespace quavix {
 
-NotesToPlayPanel::NotesToPlayPanel(const WindowParts& parts, QWidget* parent)
-    : QWidget(parent), parts_(parts), ui_(std::make_unique<Ui::NotesToPlayPanel>()) {
+NotesToPlayPanel::NotesToPlayPanel(MainFields& fields, EventBoundary& handlers, QWidget* parent)
+    : QWidget(parent), handlers_(handlers), ui_(std::make_unique<Ui::NotesToPlayPanel>()) {
     ui_->setupUi(this);
-    MainFields& fields = parts_.Fields;
-    BindCheck(ui_->ClickPlayNote1Check, fields.ClickPlayNote1Check, parts_.Handlers);
-    BindCheck(ui_->ClickPlayNote2Check, fields.ClickPlayNote2Check, parts_.Handlers);
-    BindCheck(ui_->PlayNote1Check, fields.PlayNote1Check, parts_.Handlers);
-    BindCheck(ui_->PlayNote2Check, fields.PlayNote2Check, parts_.Handlers);
+    BindCheck(ui_->ClickPlayNote1Check, fields.ClickPlayNote1Check, handlers_);
+    BindCheck(ui_->ClickPlayNote2Check, fields.ClickPlayNote2Check, handlers_);
+    BindCheck(ui_->PlayNote1Check, fields.PlayNote1Check, handlers_);
+    BindCheck(ui_->PlayNote2Check, fields.PlayNote2Check, handlers_);
 }
 
 NotesToPlayPanel::~NotesToPlayPanel() = default;

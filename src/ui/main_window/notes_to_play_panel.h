@@ -5,7 +5,8 @@
 
 #include <QWidget>
 
-#include "ui/main_window/window_parts.h"
+#include "music/main_fields.h"
+#include "shell/event_boundary.h"
 
 namespace quavix {
 
@@ -18,11 +19,11 @@ class NotesToPlayPanel : public QWidget {
     Q_OBJECT
 
   public:
-    explicit NotesToPlayPanel(const WindowParts& parts, QWidget* parent = nullptr);
+    explicit NotesToPlayPanel(MainFields& fields, EventBoundary& handlers, QWidget* parent = nullptr);
     ~NotesToPlayPanel() override;
 
   private:
-    WindowParts parts_;
+    EventBoundary& handlers_;
     std::unique_ptr<Ui::NotesToPlayPanel> ui_;
 };
 

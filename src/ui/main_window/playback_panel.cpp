@@ -7,8 +7,9 @@
 
 namespace quavix {
 
-PlaybackPanel::PlaybackPanel(const WindowParts& parts, QWidget* parent)
-    : QWidget(parent), parts_(parts), ui_(std::make_unique<Ui::PlaybackPanel>()) {
+PlaybackPanel::PlaybackPanel(MainFields& fields, PlaybackEngine& playback, EventBoundary& handlers,
+                             QWidget* parent)
+    : QWidget(parent), playback_(playback), handlers_(handlers), ui_(std::make_unique<Ui::PlaybackPanel>()) {
     ui_->setupUi(this);
 
     QSizePolicy keepsItsPlace = ui_->BeepTextLabel->sizePolicy();
@@ -16,15 +17,14 @@ PlaybackPanel::PlaybackPanel(const WindowParts& parts, QWidget* parent)
     ui_->BeepTextLabel->setSizePolicy(keepsItsPlace);
     PaintLabel(ui_->BeepTextLabel, colour::Orange);
 
-    MainFields& fields = parts_.Fields;
     BindEnabled(ui_->PlayAllButton, fields.PlayAllButtonEnabled);
     BindEnabled(ui_->PlayFromLineButton, fields.PlayFromLineButtonEnabled);
     ShowIn(this, fields.StopPlayButtonEnabled, [this](bool enabled) { EnableStopButton(enabled); });
     ShowIn(this, fields.BeepTextLabelVisible, [this](bool visible) { ShowBeep(visible); });
 
-    BindPlayButton(ui_->PlayAllButton, [this] { parts_.Playback.PlayAllButton_Click(); });
-    BindPlayButton(ui_->PlayFromLineButton, [this] { parts_.Playback.PlayFromLineButton_Click(); });
-    BindButton(ui_->StopPlayButton, parts_.Handlers, [this] { parts_.Playback.StopPlayButton_Click(); });
+    BindPlayButton(ui_->PlayAllButton, [this] { playback_.PlayAllButton_Click(); });
+    BindPlayButton(ui_->PlayFromLineButton, [this] { playback_.PlayFromLineButton_Click(); });
+    BindButton(ui_->StopPlayButton, handlers_, [this] { playback_.StopPlayButton_Click(); });
 }
 
 PlaybackPanel::~PlaybackPanel() = default;
@@ -32,7 +32,7 @@ PlaybackPanel::~PlaybackPanel() = default;
 void PlaybackPanel::BindPlayButton(QAbstractButton* button, std::function<void()> play) {
     connect(button, &QAbstractButton::clicked, this, [this, button, play = std::move(play)] {
         focusAfterStop_ = window()->focusWidget() == button ? button : nullptr;
-        RunHandler(*button, "Click", parts_.Handlers, play);
+        RunHandler(*button, "Click", handlers_, play);
     });
 }
 

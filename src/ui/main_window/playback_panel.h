@@ -5,7 +5,9 @@
 
 #include <QWidget>
 
-#include "ui/main_window/window_parts.h"
+#include "music/main_fields.h"
+#include "playback/playback_engine.h"
+#include "shell/event_boundary.h"
 
 class QAbstractButton;
 
@@ -20,7 +22,8 @@ class PlaybackPanel : public QWidget {
     Q_OBJECT
 
   public:
-    explicit PlaybackPanel(const WindowParts& parts, QWidget* parent = nullptr);
+    explicit PlaybackPanel(MainFields& fields, PlaybackEngine& playback, EventBoundary& handlers,
+                           QWidget* parent = nullptr);
     ~PlaybackPanel() override;
 
   private:
@@ -28,7 +31,8 @@ class PlaybackPanel : public QWidget {
     void EnableStopButton(bool enabled);
     void ShowBeep(bool visible);
 
-    WindowParts parts_;
+    PlaybackEngine& playback_;
+    EventBoundary& handlers_;
     std::unique_ptr<Ui::PlaybackPanel> ui_;
     QAbstractButton* focusAfterStop_ = nullptr;
 };

@@ -19,21 +19,26 @@ void Prepare(QLabel* label, const QString& longest) {
 
 }  // namespace
 
-PositionPanel::PositionPanel(const WindowParts& parts, QWidget* parent)
-    : QWidget(parent), parts_(parts), ui_(std::make_unique<Ui::PositionPanel>()) {
+PositionPanel::PositionPanel(MainFields& fields, PositionDisplay& position, EventBoundary& handlers,
+                             QWidget* parent)
+    : QWidget(parent),
+      fields_(fields),
+      position_(position),
+      handlers_(handlers),
+      ui_(std::make_unique<Ui::PositionPanel>()) {
     ui_->setupUi(this);
     Prepare(ui_->lblPlayBar, "0000");
     Prepare(ui_->lblPlayPos, "00 00/00");
     Prepare(ui_->lblPlaySig, "00.00");
-    BindLabel(ui_->lblPlayBar, parts_.Fields.lblPlayBar);
-    BindLabel(ui_->lblPlayPos, parts_.Fields.lblPlayPos);
-    BindLabel(ui_->lblPlaySig, parts_.Fields.lblPlaySig);
-    ShowIn(ui_->lblPlayPos, parts_.Fields.lblPlayPosBackColor,
+    BindLabel(ui_->lblPlayBar, fields_.lblPlayBar);
+    BindLabel(ui_->lblPlayPos, fields_.lblPlayPos);
+    BindLabel(ui_->lblPlaySig, fields_.lblPlaySig);
+    ShowIn(ui_->lblPlayPos, fields_.lblPlayPosBackColor,
            [label = ui_->lblPlayPos](std::int32_t colour) { PaintLabel(label, colour); });
-    BindCheck(ui_->NoUpdateCheck, parts_.Fields.NoUpdateCheck, parts_.Handlers,
-              [this] { parts_.Position.NoUpdateCheck_Click(); });
-    BindEnabled(ui_->NoUpdateCheck, parts_.Fields.NoUpdateCheckEnabled);
-    BindButton(ui_->NoUpdateHButton, parts_.Handlers, [this] { parts_.Position.NoUpdateHButton_Click(); });
+    BindCheck(ui_->NoUpdateCheck, fields_.NoUpdateCheck, handlers_,
+              [this] { position_.NoUpdateCheck_Click(); });
+    BindEnabled(ui_->NoUpdateCheck, fields_.NoUpdateCheckEnabled);
+    BindButton(ui_->NoUpdateHButton, handlers_, [this] { position_.NoUpdateHButton_Click(); });
 }
 
 PositionPanel::~PositionPanel() = default;

@@ -5,7 +5,9 @@
 
 #include <QWidget>
 
-#include "ui/main_window/window_parts.h"
+#include "music/main_fields.h"
+#include "playback/position_display.h"
+#include "shell/event_boundary.h"
 
 namespace quavix {
 
@@ -18,11 +20,14 @@ class PositionPanel : public QWidget {
     Q_OBJECT
 
   public:
-    explicit PositionPanel(const WindowParts& parts, QWidget* parent = nullptr);
+    explicit PositionPanel(MainFields& fields, PositionDisplay& position, EventBoundary& handlers,
+                           QWidget* parent = nullptr);
     ~PositionPanel() override;
 
   private:
-    WindowParts parts_;
+    MainFields& fields_;
+    PositionDisplay& position_;
+    EventBoundary& handlers_;
     std::unique_ptr<Ui::PositionPanel> ui_;
 };
 

@@ -7,18 +7,24 @@
 
 namespace quavix {
 
-SpeakerPanel::SpeakerPanel(const WindowParts& parts, QWidget* parent)
-    : QWidget(parent), parts_(parts), ui_(std::make_unique<Ui::SpeakerPanel>()) {
+SpeakerPanel::SpeakerPanel(MainFields& fields, ToneDispatcher& tones, Speaker& speaker,
+                           EventBoundary& handlers, QWidget* parent)
+    : QWidget(parent),
+      fields_(fields),
+      tones_(tones),
+      speaker_(speaker),
+      handlers_(handlers),
+      ui_(std::make_unique<Ui::SpeakerPanel>()) {
     ui_->setupUi(this);
-    ShowIn(this, parts_.Fields.MusicIsPlaying, [this](bool) { Refresh(); });
+    ShowIn(this, fields_.MusicIsPlaying, [this](bool) { Refresh(); });
     // A speaker may fail at any tone.
-    ShowIn(this, parts_.Fields.BeepTextLabelVisible, [this](bool visible) {
+    ShowIn(this, fields_.BeepTextLabelVisible, [this](bool visible) {
         if (!visible)
             Refresh();
     });
-    BindCheck(ui_->MuteTweebleCheck, parts_.Fields.MuteTweebleCheck, parts_.Handlers,
-              [this] { parts_.Tones.MuteTweebleCheck_Click(); });
-    BindButton(ui_->SpeakerDetailsButton, parts_.Handlers, [this] { SpeakerDetailsButton_Click(); });
+    BindCheck(ui_->MuteTweebleCheck, fields_.MuteTweebleCheck, handlers_,
+              [this] { tones_.MuteTweebleCheck_Click(); });
+    BindButton(ui_->SpeakerDetailsButton, handlers_, [this] { SpeakerDetailsButton_Click(); });
 }
 
 SpeakerPanel::~SpeakerPanel() = default;
@@ -29,7 +35,7 @@ void SpeakerPanel::resizeEvent(QResizeEvent* event) {
 }
 
 void SpeakerPanel::Refresh() {
-    const SpeakerStatus status = parts_.PcSpeaker.Status();
+    const SpeakerStatus status = speaker_.Status();
     QString text = tr("Speaker: %1").arg(QString::fromStdString(status.InUse));
     if (!status.Reason.empty())
         text += QString::fromUtf8(" – ") + QString::fromStdString(status.Reason);
@@ -44,7 +50,7 @@ void SpeakerPanel::Refresh() {
 
 void SpeakerPanel::SpeakerDetailsButton_Click() {
     if (form_ == nullptr) {
-        form_ = new SpeakerForm(parts_, this);
+        form_ = new SpeakerForm(fields_, speaker_, handlers_, this);
         connect(form_, &SpeakerForm::Tested, this, &SpeakerPanel::Refresh);
     }
     Refresh();

@@ -5,7 +5,10 @@
 
 #include <QWidget>
 
-#include "ui/main_window/window_parts.h"
+#include "music/main_fields.h"
+#include "playback/tone_dispatcher.h"
+#include "ports/speaker.h"
+#include "shell/event_boundary.h"
 
 namespace quavix {
 
@@ -19,7 +22,8 @@ class SpeakerPanel : public QWidget {
     Q_OBJECT
 
   public:
-    explicit SpeakerPanel(const WindowParts& parts, QWidget* parent = nullptr);
+    explicit SpeakerPanel(MainFields& fields, ToneDispatcher& tones, Speaker& speaker,
+                          EventBoundary& handlers, QWidget* parent = nullptr);
     ~SpeakerPanel() override;
 
   protected:
@@ -30,7 +34,10 @@ class SpeakerPanel : public QWidget {
     void Refresh();
     void SpeakerDetailsButton_Click();
 
-    WindowParts parts_;
+    MainFields& fields_;
+    ToneDispatcher& tones_;
+    Speaker& speaker_;
+    EventBoundary& handlers_;
     std::unique_ptr<Ui::SpeakerPanel> ui_;
     SpeakerForm* form_ = nullptr;
     int shownWidth_ = -1;

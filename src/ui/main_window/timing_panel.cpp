@@ -7,8 +7,12 @@
 
 namespace quavix {
 
-TimingPanel::TimingPanel(const WindowParts& parts, QWidget* parent)
-    : QGroupBox(parent), parts_(parts), ui_(std::make_unique<Ui::TimingPanel>()) {
+TimingPanel::TimingPanel(MainFields& fields, Metronome& metronome, EventBoundary& handlers, QWidget* parent)
+    : QGroupBox(parent),
+      fields_(fields),
+      metronome_(metronome),
+      handlers_(handlers),
+      ui_(std::make_unique<Ui::TimingPanel>()) {
     ui_->setupUi(this);
     ui_->BPMUpDown->SetBuddy(ui_->BPMText, tr("BPM"));
     ui_->MetronomeButton->setText(text::MetronomeCaption);
@@ -18,24 +22,22 @@ TimingPanel::TimingPanel(const WindowParts& parts, QWidget* parent)
     KeepWidthOf(ui_->lblTimeSig, "100%");
     KeepWidthOf(ui_->NoteSilenceRatioLabel, "100%");
 
-    MainFields& fields = parts_.Fields;
-    EventBoundary& handlers = parts_.Handlers;
     BindText(ui_->BPMText, fields.BPM, handlers);
     connect(ui_->BPMUpDown, &UpDown::Stepped, this, [this](int direction) {
-        RunHandler(*ui_->BPMUpDown, "Change", parts_.Handlers, [&] { parts_.Fields.BPM.Step(direction); });
+        RunHandler(*ui_->BPMUpDown, "Change", handlers_, [&] { fields_.BPM.Step(direction); });
     });
     ShowIn(ui_->MetronomeButton, fields.MetronomeIsOn,
            [button = ui_->MetronomeButton](bool on) { button->setChecked(on); });
     BindEnabled(ui_->MetronomeButton, fields.MetronomeButtonEnabled);
     BindButton(ui_->MetronomeButton, handlers, [this] {
         // Whether the metronome is on shows the button, not the click.
-        ui_->MetronomeButton->setChecked(parts_.Fields.MetronomeIsOn);
-        parts_.Clicks.MetronomeButton_Click();
+        ui_->MetronomeButton->setChecked(fields_.MetronomeIsOn);
+        metronome_.MetronomeButton_Click();
     });
     // Assistive technology toggles without a click. Later, when a click is over, the button is as it should
     // be.
     const auto followToggle = [this] {
-        if (ui_->MetronomeButton->isChecked() != parts_.Fields.MetronomeIsOn)
+        if (ui_->MetronomeButton->isChecked() != fields_.MetronomeIsOn)
             ui_->MetronomeButton->click();
     };
     connect(ui_->MetronomeButton, &QAbstractButton::toggled, this, followToggle, Qt::QueuedConnection);

@@ -5,7 +5,9 @@
 
 #include <QGroupBox>
 
-#include "ui/main_window/window_parts.h"
+#include "music/main_fields.h"
+#include "playback/metronome.h"
+#include "shell/event_boundary.h"
 
 namespace quavix {
 
@@ -18,11 +20,14 @@ class TimingPanel : public QGroupBox {
     Q_OBJECT
 
   public:
-    explicit TimingPanel(const WindowParts& parts, QWidget* parent = nullptr);
+    explicit TimingPanel(MainFields& fields, Metronome& metronome, EventBoundary& handlers,
+                         QWidget* parent = nullptr);
     ~TimingPanel() override;
 
   private:
-    WindowParts parts_;
+    MainFields& fields_;
+    Metronome& metronome_;
+    EventBoundary& handlers_;
     std::unique_ptr<Ui::TimingPanel> ui_;
 };
 

@@ -6,12 +6,11 @@
 
 namespace quavix {
 
-BeatForm::BeatForm(const WindowParts& parts, QWidget* parent)
-    : ModWindow(parts.Fields.UseBeatCheck, parts.Fields.UseBeatCheck, parts.Handlers, parent),
+BeatForm::BeatForm(MainFields& fields, EventBoundary& handlers, QWidget* parent)
+    : ModWindow(fields.UseBeatCheck, fields.UseBeatCheck, handlers, parent),
       ui_(std::make_unique<Ui::BeatForm>()) {
     ui_->setupUi(this);
-    BindOptions(ui_->optBeatAll, parts.Fields.optBeatAll, ui_->optBeatEven, parts.Fields.optBeatEven,
-                parts.Handlers);
+    BindOptions(ui_->optBeatAll, fields.optBeatAll, ui_->optBeatEven, fields.optBeatEven, handlers);
 }
 
 BeatForm::~BeatForm() = default;

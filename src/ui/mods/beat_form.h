@@ -3,7 +3,8 @@
 
 #include <memory>
 
-#include "ui/main_window/window_parts.h"
+#include "music/main_fields.h"
+#include "shell/event_boundary.h"
 #include "ui/mods/mod_window.h"
 
 namespace quavix {
@@ -17,7 +18,7 @@ class BeatForm : public ModWindow {
     Q_OBJECT
 
   public:
-    explicit BeatForm(const WindowParts& parts, QWidget* parent = nullptr);
+    explicit BeatForm(MainFields& fields, EventBoundary& handlers, QWidget* parent = nullptr);
     ~BeatForm() override;
 
   private:

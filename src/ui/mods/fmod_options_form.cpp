@@ -8,12 +8,12 @@
 
 namespace quavix {
 
-FMODOptionsForm::FMODOptionsForm(const WindowParts& parts, QWidget* owner)
-    : ModWindow(parts.Fmod.Generator.FMODOptionsFormVisible, parts.Fields.UseFMODCheck, parts.Handlers,
-                owner),
+FMODOptionsForm::FMODOptionsForm(MainFields& fields, SoundMods& sound, EventBoundary& handlers,
+                                 QWidget* owner)
+    : ModWindow(sound.Generator.FMODOptionsFormVisible, fields.UseFMODCheck, handlers, owner),
       ui_(std::make_unique<Ui::FMODOptionsForm>()) {
     ui_->setupUi(this);
-    FmodToneGenerator& generator = parts.Fmod.Generator;
+    FmodToneGenerator& generator = sound.Generator;
     for (const auto& [button, waveform] :
          {std::pair{ui_->optSine, fmod_waveform::Sine}, std::pair{ui_->optSquare, fmod_waveform::Square},
           std::pair{ui_->optTriangle, fmod_waveform::FallingSaw},
@@ -24,12 +24,12 @@ FMODOptionsForm::FMODOptionsForm(const WindowParts& parts, QWidget* owner)
         });
         // Assistive technology toggles without a click.
         connect(button, &QRadioButton::toggled, this,
-                [&generator, &handlers = parts.Handlers, option = button, own = waveform](bool chosen) {
+                [&generator, &handlers, option = button, own = waveform](bool chosen) {
                     if (chosen && generator.DSPType != own)
                         RunHandler(*option, "Click", handlers, [&] { generator.ChangeDSPType(own); });
                 });
     }
-    BindCheck(ui_->NeverSilentCheck, parts.Fmod.Options.NeverSilentCheck, parts.Handlers);
+    BindCheck(ui_->NeverSilentCheck, sound.Options.NeverSilentCheck, handlers);
 }
 
 FMODOptionsForm::~FMODOptionsForm() = default;

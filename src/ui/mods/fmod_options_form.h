@@ -3,7 +3,9 @@
 
 #include <memory>
 
-#include "ui/main_window/window_parts.h"
+#include "fmod/sound_mods.h"
+#include "music/main_fields.h"
+#include "shell/event_boundary.h"
 #include "ui/mods/mod_window.h"
 
 namespace quavix {
@@ -17,7 +19,7 @@ class FMODOptionsForm : public ModWindow {
     Q_OBJECT
 
   public:
-    FMODOptionsForm(const WindowParts& parts, QWidget* owner);
+    FMODOptionsForm(MainFields& fields, SoundMods& sound, EventBoundary& handlers, QWidget* owner);
     ~FMODOptionsForm() override;
 
   private:

@@ -10,10 +10,11 @@
 
 namespace quavix {
 
-MIDIFileForm::MIDIFileForm(const WindowParts& parts, QWidget* owner)
-    : ModWindow(parts.MidiFile.MIDIFileFormVisible, parts.Fields.UseMIDIFileCheck, parts.Handlers, owner),
-      playback_(parts.MidiFile),
-      handlers_(parts.Handlers),
+MIDIFileForm::MIDIFileForm(MainFields& fields, MidiFilePlayback& midiFile, EventBoundary& handlers,
+                           QWidget* owner)
+    : ModWindow(midiFile.MIDIFileFormVisible, fields.UseMIDIFileCheck, handlers, owner),
+      playback_(midiFile),
+      handlers_(handlers),
       ui_(std::make_unique<Ui::MIDIFileForm>()) {
     ui_->setupUi(this);
     ShowIn(ui_->txtFile, playback_.txtFile, [edit = ui_->txtFile](const std::string& fileName) {

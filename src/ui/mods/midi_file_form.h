@@ -4,7 +4,8 @@
 #include <memory>
 
 #include "midi/midi_file_playback.h"
-#include "ui/main_window/window_parts.h"
+#include "music/main_fields.h"
+#include "shell/event_boundary.h"
 #include "ui/mods/mod_window.h"
 
 namespace quavix {
@@ -18,7 +19,8 @@ class MIDIFileForm : public ModWindow {
     Q_OBJECT
 
   public:
-    explicit MIDIFileForm(const WindowParts& parts, QWidget* owner = nullptr);
+    explicit MIDIFileForm(MainFields& fields, MidiFilePlayback& midiFile, EventBoundary& handlers,
+                          QWidget* owner = nullptr);
     ~MIDIFileForm() override;
 
   private:

@@ -7,20 +7,19 @@
 
 namespace quavix {
 
-MIDIInForm::MIDIInForm(const WindowParts& parts, QWidget* owner)
-    : ModWindow(parts.MidiIn.MIDIInFormVisible, parts.Fields.UseMIDIInCheck, parts.Handlers, owner),
+MIDIInForm::MIDIInForm(MainFields& fields, MidiInput& midi, EventBoundary& handlers, QWidget* owner)
+    : ModWindow(midi.MIDIInFormVisible, fields.UseMIDIInCheck, handlers, owner),
       ui_(std::make_unique<Ui::MIDIInForm>()) {
     ui_->setupUi(this);
-    MidiInput& midi = parts.MidiIn;
     ui_->cmbMIDIInDevice->Bind(
-        midi.MIDIInDevices, midi.cmbMIDIInDevice, parts.Handlers, [&midi] { midi.FindDevices(); },
+        midi.MIDIInDevices, midi.cmbMIDIInDevice, handlers, [&midi] { midi.FindDevices(); },
         [&midi](std::int32_t entry) { midi.cmbMIDIInDevice_Click(entry); });
     ShowIn(ui_->lblInfoText, midi.lblInfoText, [label = ui_->lblInfoText](const std::string& text) {
         ShowReading(label, tr("State"), QString::fromStdString(text));
     });
     ui_->panelLayout->addWidget(new HeldNotesPanel(
         midi, tr("Try to make each cycle last 60 mS (with max alternating time capped to 30mS per note)"),
-        parts.Handlers, this));
+        handlers, this));
     resize(sizeHint());
 }
 

@@ -3,7 +3,9 @@
 
 #include <memory>
 
-#include "ui/main_window/window_parts.h"
+#include "midi/midi_input.h"
+#include "music/main_fields.h"
+#include "shell/event_boundary.h"
 #include "ui/mods/mod_window.h"
 
 namespace quavix {
@@ -17,7 +19,8 @@ class MIDIInForm : public ModWindow {
     Q_OBJECT
 
   public:
-    explicit MIDIInForm(const WindowParts& parts, QWidget* owner = nullptr);
+    explicit MIDIInForm(MainFields& fields, MidiInput& midi, EventBoundary& handlers,
+                        QWidget* owner = nullptr);
     ~MIDIInForm() override;
 
   private:

@@ -9,15 +9,14 @@
 
 namespace quavix {
 
-MIDIOutForm::MIDIOutForm(const WindowParts& parts, QWidget* owner)
-    : ModWindow(parts.MidiOut.Fields.MIDIOutFormVisible, parts.Fields.UseMIDIOutCheck, parts.Handlers, owner),
+MIDIOutForm::MIDIOutForm(MainFields& fields, MidiOutput& midi, EventBoundary& handlers, QWidget* owner)
+    : ModWindow(midi.Fields.MIDIOutFormVisible, fields.UseMIDIOutCheck, handlers, owner),
       ui_(std::make_unique<Ui::MIDIOutForm>()) {
     ui_->setupUi(this);
-    MidiOutput& midi = parts.MidiOut;
     ui_->cmbMIDIOutDevice->Bind(
-        midi.Fields.MIDIOutDevices, midi.Fields.cmbMIDIOutDevice, parts.Handlers,
-        [&midi] { midi.FindDevices(); }, [&midi](std::int32_t entry) { midi.cmbMIDIOutDevice_Click(entry); });
-    BindChannelAndInstrument(parts);
+        midi.Fields.MIDIOutDevices, midi.Fields.cmbMIDIOutDevice, handlers, [&midi] { midi.FindDevices(); },
+        [&midi](std::int32_t entry) { midi.cmbMIDIOutDevice_Click(entry); });
+    BindChannelAndInstrument(midi, handlers);
     ShowIn(ui_->lblInfoText, midi.Fields.lblInfoText, [label = ui_->lblInfoText](const std::string& text) {
         ShowReading(label, tr("State"), QString::fromStdString(text));
         label->repaint();  // what is told of is done right afterwards, and may take a while
@@ -27,8 +26,7 @@ MIDIOutForm::MIDIOutForm(const WindowParts& parts, QWidget* owner)
 
 MIDIOutForm::~MIDIOutForm() = default;
 
-void MIDIOutForm::BindChannelAndInstrument(const WindowParts& parts) {
-    MidiOutput& midi = parts.MidiOut;
+void MIDIOutForm::BindChannelAndInstrument(MidiOutput& midi, EventBoundary& handlers) {
     for (std::int32_t channel = 1; channel <= MidiOutput::Channels; ++channel)
         ui_->cmbChannel->addItem(QString::number(channel));
     for (std::int32_t instrument = 0; !MIDIInstrumentName(instrument).empty(); ++instrument)
@@ -37,10 +35,9 @@ void MIDIOutForm::BindChannelAndInstrument(const WindowParts& parts) {
                           void (MidiOutput::*click)(std::int32_t)) {
         combo->view()->setAccessibleName(combo->accessibleName());
         ShowIn(combo, chosen, [combo](std::int32_t entry) { combo->setCurrentIndex(entry); });
-        connect(combo, &QComboBox::activated, this,
-                [&midi, combo, click, &handlers = parts.Handlers](int entry) {
-                    RunHandler(*combo, "Click", handlers, [&] { (midi.*click)(entry); });
-                });
+        connect(combo, &QComboBox::activated, this, [&midi, combo, click, &handlers](int entry) {
+            RunHandler(*combo, "Click", handlers, [&] { (midi.*click)(entry); });
+        });
     };
     bind(ui_->cmbChannel, midi.Fields.cmbChannel, &MidiOutput::cmbChannel_Click);
     bind(ui_->cmbInstrument, midi.Fields.cmbInstrument, &MidiOutput::cmbInstrument_Click);

@@ -3,7 +3,9 @@
 
 #include <memory>
 
-#include "ui/main_window/window_parts.h"
+#include "midi/midi_output.h"
+#include "music/main_fields.h"
+#include "shell/event_boundary.h"
 #include "ui/mods/mod_window.h"
 
 namespace quavix {
@@ -17,11 +19,12 @@ class MIDIOutForm : public ModWindow {
     Q_OBJECT
 
   public:
-    explicit MIDIOutForm(const WindowParts& parts, QWidget* owner = nullptr);
+    explicit MIDIOutForm(MainFields& fields, MidiOutput& midi, EventBoundary& handlers,
+                         QWidget* owner = nullptr);
     ~MIDIOutForm() override;
 
   private:
-    void BindChannelAndInstrument(const WindowParts& parts);
+    void BindChannelAndInstrument(MidiOutput& midi, EventBoundary& handlers);
 
     std::unique_ptr<Ui::MIDIOutForm> ui_;
 };

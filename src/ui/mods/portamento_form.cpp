@@ -7,16 +7,16 @@
 
 namespace quavix {
 
-PortamentoForm::PortamentoForm(const WindowParts& parts, QWidget* parent)
-    : ModWindow(parts.Fields.UsePortaCheck, parts.Fields.UsePortaCheck, parts.Handlers, parent),
+PortamentoForm::PortamentoForm(MainFields& mainFields, PitchGlide& glide, EventBoundary& handlers,
+                               QWidget* parent)
+    : ModWindow(mainFields.UsePortaCheck, mainFields.UsePortaCheck, handlers, parent),
       ui_(std::make_unique<Ui::PortamentoForm>()) {
     ui_->setupUi(this);
     KeepWidthOf(ui_->lblPitchMultiple, "00.00%");
     KeepWidthOf(ui_->lblSoundLength, "00.00%");  // so that both sliders end in one line
     ui_->lblNote->setText(text::UsePorta.HelpText);
 
-    PortamentoFields& fields = parts.Glide.Fields;
-    EventBoundary& handlers = parts.Handlers;
+    PortamentoFields& fields = glide.Fields;
     BindSlider(ui_->PitchMultipleSlider, fields.PitchMultipleSlider, parameter::PitchMultiple, "Change",
                handlers);
     BindLabel(ui_->lblPitchMultiple, fields.lblPitchMultiple);

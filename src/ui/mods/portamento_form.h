@@ -3,7 +3,9 @@
 
 #include <memory>
 
-#include "ui/main_window/window_parts.h"
+#include "music/main_fields.h"
+#include "playback/pitch_glide.h"
+#include "shell/event_boundary.h"
 #include "ui/mods/mod_window.h"
 
 namespace quavix {
@@ -17,7 +19,8 @@ class PortamentoForm : public ModWindow {
     Q_OBJECT
 
   public:
-    explicit PortamentoForm(const WindowParts& parts, QWidget* parent = nullptr);
+    explicit PortamentoForm(MainFields& mainFields, PitchGlide& glide, EventBoundary& handlers,
+                            QWidget* parent = nullptr);
     ~PortamentoForm() override;
 
   private:

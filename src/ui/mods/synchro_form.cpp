@@ -7,12 +7,10 @@
 
 namespace quavix {
 
-SynchroForm::SynchroForm(const WindowParts& parts, QWidget* owner)
-    : ModWindow(parts.Fields.UseSynchroCheck, parts.Fields.UseSynchroCheck, parts.Handlers, owner),
+SynchroForm::SynchroForm(MainFields& fields, SynchroPlay& synchro, EventBoundary& handlers, QWidget* owner)
+    : ModWindow(fields.UseSynchroCheck, fields.UseSynchroCheck, handlers, owner),
       ui_(std::make_unique<Ui::SynchroForm>()) {
     ui_->setupUi(this);
-    SynchroPlay& synchro = parts.Synchro;
-    EventBoundary& handlers = parts.Handlers;
     for (const auto& [edit, box] :
          {std::pair{ui_->txtHour, &synchro.txtHour}, std::pair{ui_->txtMinute, &synchro.txtMinute},
           std::pair{ui_->txtSecond, &synchro.txtSecond}}) {

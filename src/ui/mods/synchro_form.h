@@ -3,7 +3,9 @@
 
 #include <memory>
 
-#include "ui/main_window/window_parts.h"
+#include "music/main_fields.h"
+#include "playback/synchro_play.h"
+#include "shell/event_boundary.h"
 #include "ui/mods/mod_window.h"
 
 namespace quavix {
@@ -17,7 +19,8 @@ class SynchroForm : public ModWindow {
     Q_OBJECT
 
   public:
-    explicit SynchroForm(const WindowParts& parts, QWidget* owner = nullptr);
+    explicit SynchroForm(MainFields& fields, SynchroPlay& synchro, EventBoundary& handlers,
+                         QWidget* owner = nullptr);
     ~SynchroForm() override;
 
   private:

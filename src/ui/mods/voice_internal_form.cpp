@@ -11,12 +11,12 @@
 
 namespace quavix {
 
-VoiceInternalForm::VoiceInternalForm(const WindowParts& parts, QWidget* owner)
-    : ModWindow(parts.Fmod.Controls.VoiceInternalFormVisible, parts.Fields.UseVoiceCheck, parts.Handlers,
-                owner),
-      fields_(parts.Fields),
-      controls_(parts.Fmod.Controls),
-      handlers_(parts.Handlers),
+VoiceInternalForm::VoiceInternalForm(MainFields& fields, SoundMods& sound, EventBoundary& handlers,
+                                     QWidget* owner)
+    : ModWindow(sound.Controls.VoiceInternalFormVisible, fields.UseVoiceCheck, handlers, owner),
+      fields_(fields),
+      controls_(sound.Controls),
+      handlers_(handlers),
       ui_(std::make_unique<Ui::VoiceInternalForm>()) {
     ui_->setupUi(this);
     BindSliders();

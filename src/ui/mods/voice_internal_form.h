@@ -3,7 +3,9 @@
 
 #include <memory>
 
-#include "ui/main_window/window_parts.h"
+#include "fmod/sound_mods.h"
+#include "music/main_fields.h"
+#include "shell/event_boundary.h"
 #include "ui/mods/mod_window.h"
 
 class QLabel;
@@ -20,7 +22,7 @@ class VoiceInternalForm : public ModWindow {
     Q_OBJECT
 
   public:
-    VoiceInternalForm(const WindowParts& parts, QWidget* owner);
+    VoiceInternalForm(MainFields& fields, SoundMods& sound, EventBoundary& handlers, QWidget* owner);
     ~VoiceInternalForm() override;
 
   private:

@@ -18,8 +18,6 @@
 
 #include <fmt/format.h>
 
-#include "app/absent_midi.h"
-#include "app/program.h"
 #include "app/shutdown.h"
 #include "platform/common/console_boxes.h"
 #include "platform/common/immediate_end.h"
@@ -36,10 +34,13 @@
 #include "platform/qt/qt_handle_watch.h"
 #include "platform/qt/qt_serial_port.h"
 #include "platform/qt/qt_timers.h"
+#include "program/absent_ports.h"
+#include "program/common_parts.h"
+#include "program/outputs.h"
+#include "program/playing.h"
+#include "program/program.h"
+#include "program/song_storage.h"
 #include "shell/seeded_random_numbers.h"
-#include "simulation/recorded_loading_view.h"
-#include "simulation/simulated_clipboard.h"
-#include "simulation/simulated_dialogs.h"
 #include "wall_clock.h"
 
 namespace {
@@ -113,43 +114,24 @@ int main(int argc, char** argv) {
     QtEventPump pump;
     QtTimers timers;
     ConsoleBoxes boxes(false);
-    SimulatedTime noTime;
-    Timeline timeline;
-    SimulatedFilePicker picker(noTime, timeline);
-    SimulatedClipboard clipboard(noTime, timeline);
-    RecordedLoadingView loading(noTime, timeline);
     QtSerialPort serialPort(arguments.size() > 1 && !withMidi ? arguments[1] : "");
     SeededRandomNumbers random(1);
     NOTNORMALfmodex library;
-    AbsentMidi absent;
+    AbsentPorts absent;
     QtHandleWatch handleWatch;
     ModuleMidiDevices midi(folder + "/windows/system32/midiio32.ocx", handleWatch, "jack");
     TimedMidiOut midiOut(midi.Out());
     ShellBatchFiles batches;
-    Program app({
-        .Time = clock,
-        .Pump = pump,
-        .Ticks = timers,
-        .Random = random,
-        .Boxes = boxes,
-        .Picker = picker,
-        .TextClipboard = clipboard,
-        .Disk = files,
-        .PcSpeaker = speaker,
-        .Comm = serialPort,
-        .Sound = library,
-        .MidiOutDevices = midiOut,
-        .MidiInDevices = midi.In(),
-        .MidiFiles = absent.Reader,
-        .Batches = batches,
-        .Loading = loading,
-        .ProgramFolder = folder,
-        .WinFolder = folder + "/windows",
-        .LogFile = {},
-        .ToneCodeFile = {},
-    });
+    ProgramPorts ports = absent.Beside(clock, pump, timers, random, boxes, files, speaker, library);
+    ports.Comm = serialPort;
+    ports.MidiOutDevices = midiOut;
+    ports.MidiInDevices = midi.In();
+    ports.Batches = batches;
+    ports.ProgramFolder = folder;
+    ports.WinFolder = folder + "/windows";
+    Program app(ports);
     Shutdown shutdown(app.Fields, app.Log, processEnd);
-    shutdown.OnShutDown([&] { app.Motor.Stop(); });
+    shutdown.OnShutDown([&] { app.Outputs.MotorModModule.Stop(); });
     shutdown.OnShutDown([&] { app.ReleaseMidi(); });
     application.WhenReadable(signals.Descriptor(), [&] { shutdown.CloseProgram(); });
     app.Fields.TickFreq = ReadTickFreq(clock, app.Log);
@@ -158,31 +140,31 @@ int main(int argc, char** argv) {
         app.Fields.NoteSilenceRatio.Set(100);
         app.Fields.UseMotorCheck = true;
         std::string note = "C4";
-        app.Tones.UniBeep(note, LongMs);
+        app.Outputs.ToneDispatcher.UniBeep(note, LongMs);
     } else if (arguments[0] == "install") {
-        return app.Controls.CopyFileToSystem32(ControlInstaller::MidiDevicesControl) ? 0 : 1;
+        return app.Outputs.ControlInstaller.CopyFileToSystem32(ControlInstaller::MidiDevicesControl) ? 0 : 1;
     } else if (arguments[0] == "midi" && arguments.size() == 5) {
         app.Fields.MutePCSpeaker = true;
         app.Fields.UseMIDIOutCheck = true;
-        const std::vector<std::string> names = app.MidiOut.Fields.MIDIOutDevices;
+        const std::vector<std::string> names = app.Outputs.MidiOutput.Fields.MIDIOutDevices;
         const auto chosen = std::find(names.begin(), names.end(), arguments[2]);
         if (chosen == names.end())
             return 1;
-        app.MidiOut.cmbMIDIOutDevice_Click(static_cast<std::int32_t>(chosen - names.begin()));
-        app.MidiOut.cmbInstrument_Click(std::stoi(arguments[3]));
-        app.Reader.ActuallyLoadMusic(arguments[4]);
-        app.Playback.OnRangeEnd = [&] { app.Playback.StopPlayButton_Click(); };
-        app.Playback.PlayAllButton_Click();
+        app.Outputs.MidiOutput.cmbMIDIOutDevice_Click(static_cast<std::int32_t>(chosen - names.begin()));
+        app.Outputs.MidiOutput.cmbInstrument_Click(std::stoi(arguments[3]));
+        app.Storage.SongReader.ActuallyLoadMusic(arguments[4]);
+        app.Playing.PlaybackEngine.OnRangeEnd = [&] { app.Playing.PlaybackEngine.StopPlayButton_Click(); };
+        app.Playing.PlaybackEngine.PlayAllButton_Click();
         fmt::print("{}\n", fmt::join(midiOut.NotesNs, "\n"));
         std::fflush(stdout);
         shutdown.CloseProgram();
     } else if (arguments[0] == "synchro" && arguments.size() == 4) {
         app.List.Append("1/16", "A4", "", "");
-        app.Synchro.txtHour.Type(arguments[1]);
-        app.Synchro.txtMinute.Type(arguments[2]);
-        app.Synchro.txtSecond.Type(arguments[3]);
-        app.Playback.OnRangeEnd = [&] { app.Playback.StopPlayButton_Click(); };
-        app.Synchro.btnWait_Click();
+        app.Playing.SynchroPlay.txtHour.Type(arguments[1]);
+        app.Playing.SynchroPlay.txtMinute.Type(arguments[2]);
+        app.Playing.SynchroPlay.txtSecond.Type(arguments[3]);
+        app.Playing.PlaybackEngine.OnRangeEnd = [&] { app.Playing.PlaybackEngine.StopPlayButton_Click(); };
+        app.Playing.SynchroPlay.btnWait_Click();
         fmt::print("{}\n", speaker.FirstNs);
     } else {
         return 2;

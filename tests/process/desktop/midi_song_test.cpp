@@ -48,11 +48,11 @@ std::vector<TimedEvent> Timetable(const std::string& song) {
     p.App.Fields.MutePCSpeaker = true;
     p.App.Fields.UseMIDIOutCheck = true;
     p.Timeline.Clear();
-    p.App.MidiOut.cmbMIDIOutDevice_Click(1);
-    p.App.MidiOut.cmbInstrument_Click(Ocarina);
-    p.App.Reader.ActuallyLoadMusic("song");
-    p.App.Playback.OnRangeEnd = [&] { p.App.Playback.StopPlayButton_Click(); };
-    p.App.Playback.PlayAllButton_Click();
+    p.App.Outputs.MidiOutput.cmbMIDIOutDevice_Click(1);
+    p.App.Outputs.MidiOutput.cmbInstrument_Click(Ocarina);
+    p.App.Storage.SongReader.ActuallyLoadMusic("song");
+    p.App.Playing.PlaybackEngine.OnRangeEnd = [&] { p.App.Playing.PlaybackEngine.StopPlayButton_Click(); };
+    p.App.Playing.PlaybackEngine.PlayAllButton_Click();
     std::vector<TimedEvent> events;
     for (const std::string& line : p.Timeline.Lines()) {
         TimedEvent event;

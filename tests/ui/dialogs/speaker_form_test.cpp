@@ -16,7 +16,7 @@ SpeakerForm& OpenDetails(test::UiProgram& p) {
 TEST(SpeakerPanel, SaysWhichSpeakerIsInUseAndWhyItIsNotTheRealOne) {
     test::UiProgram p;
     EXPECT_EQ(p.TextOf("SpeakerLabel"), "Speaker: PC speaker");
-    p.Reported.Now = {.InUse = "silent", .Reason = "no access", .Remedy = {}, .Silent = true};
+    p.Speaker.Now = {.InUse = "silent", .Reason = "no access", .Remedy = {}, .Silent = true};
     p.SetSong({"Quarter C4 - -"});
     p.ClickAt(100, "StopPlayButton");
     p.Click("PlayAllButton");
@@ -25,7 +25,7 @@ TEST(SpeakerPanel, SaysWhichSpeakerIsInUseAndWhyItIsNotTheRealOne) {
 
 TEST(SpeakerForm, ShowsTheRemedyAndCopiesIt) {
     test::UiProgram p;
-    p.Reported.Now = {.InUse = "sound card", .Reason = "no access", .Remedy = "a rule\nto copy"};
+    p.Speaker.Now = {.InUse = "sound card", .Reason = "no access", .Remedy = "a rule\nto copy"};
     SpeakerForm& form = OpenDetails(p);
     EXPECT_TRUE(form.isVisible());
     EXPECT_EQ(p.TextOf("lblInUse"), "sound card");

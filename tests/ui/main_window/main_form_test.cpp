@@ -33,8 +33,7 @@ TEST(MainForm, ClosingInTheMiddleOfPlaybackEndsTheProcessThenAndThere) {
 TEST(MainForm, StaysOpenWhenTheProgramDoesNotEnd) {
     test::UiProgram p;
     int requests = 0;
-    MainForm form(PartsOf(
-        p.App, p.Reported, p.Boxes, p.SaveLoadWindow, [&] { ++requests; }, [] { return ""; }));
+    MainForm form(p.App, p.SaveLoadWindow, [&] { ++requests; });
     form.show();
     EXPECT_FALSE(form.close());
     EXPECT_TRUE(form.isVisible());
@@ -46,8 +45,7 @@ TEST(MainForm, DebugLoggingIsAnnouncedOnlyWhileItIsOn) {
     EXPECT_FALSE(off.Find<QLabel>("lblDebugLogging").isVisible());
     test::SimulatedProgram on;
     on.App.Log.Enable();
-    MainForm form(PartsOf(
-        on.App, off.Reported, on.Boxes, off.SaveLoadWindow, [] {}, [] { return ""; }));
+    MainForm form(on.App, off.SaveLoadWindow, [] {});
     form.show();
     auto* label = form.findChild<QLabel*>("lblDebugLogging");
     EXPECT_TRUE(label->isVisible());
@@ -91,16 +89,16 @@ TEST(MainForm, PositionLabelsCountInLightTextOnGreenAndErrorsAreRed) {
     test::UiProgram p;
     p.SetSong({"Quarter C4 - -", "1/8 C4 - Tri"});
     const auto background = [&] { return p.Find<QLabel>("lblPlayPos").palette().color(QPalette::Window); };
-    p.App.Position.ShowPosition(1.25);
+    p.App.Editing.PositionDisplay.ShowPosition(1.25);
     EXPECT_EQ(p.TextOf("lblPlayBar"), "002");
     EXPECT_EQ(p.TextOf("lblPlayPos"), "01 01/04");
     EXPECT_EQ(p.TextOf("lblPlaySig"), "02.00");
     EXPECT_EQ(background(), QColor(0, 128, 0));
     EXPECT_EQ(p.Find<QLabel>("lblPlayBar").palette().color(QPalette::WindowText), QColor(Qt::white));
-    p.App.Position.ShowPosition(1.0 / 12);
+    p.App.Editing.PositionDisplay.ShowPosition(1.0 / 12);
     EXPECT_EQ(p.TextOf("lblPlayPos"), "01 (ERR)");
     EXPECT_EQ(background(), QColor(255, 0, 0));
-    p.App.Position.ShowPosition(0.25);
+    p.App.Editing.PositionDisplay.ShowPosition(0.25);
     EXPECT_EQ(background(), QColor(0, 128, 0));
 }
 

@@ -154,6 +154,7 @@ TEST(MainForm, SpacePlaysAndEscapeStopsWhereNoControlWantsThem) {
 
 TEST(MainMenu, TheManualIsShownOrMissed) {
     test::UiProgram p;
+    p.Disk.Put("/program/info.txt", "HOW TO USE IT");
     Choose(p, "ManualAction");
     auto* manual = p.Form.findChild<ManualForm*>();
     ASSERT_NE(manual, nullptr);
@@ -161,7 +162,6 @@ TEST(MainMenu, TheManualIsShownOrMissed) {
     EXPECT_EQ(manual->findChild<QPlainTextEdit*>("ManualText")->toPlainText(), "HOW TO USE IT");
 
     test::UiProgram without;
-    without.Manual.clear();
     Choose(without, "ManualAction");
     ASSERT_EQ(without.Boxes.Shown().size(), 1u);
     EXPECT_EQ(without.Boxes.Shown()[0].Title, "Can't open the manual!");

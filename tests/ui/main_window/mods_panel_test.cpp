@@ -38,7 +38,7 @@ TEST(ModsPanel, TheMotorsOctaveAndPortAreChosenBelowItsCheckBox) {
     EXPECT_EQ(ports.currentText(), "ttyUSB0");
     ports.hidePopup();
     QTest::keyClick(&ports, Qt::Key_Down);
-    EXPECT_EQ(p.App.Motor.PortName.Get(), "ttyUSB1");
+    EXPECT_EQ(p.App.Outputs.MotorModModule.PortName.Get(), "ttyUSB1");
     auto& check = p.Find<QCheckBox>("UseMotorCheck");
     check.click();
     EXPECT_TRUE(check.isChecked());
@@ -51,7 +51,7 @@ TEST(ModsPanel, TheMotorsOctaveAndPortAreChosenBelowItsCheckBox) {
 TEST(ModsPanel, WithoutASerialPortTheMotorIsGreyUntilOneIsFound) {
     test::UiProgram p;
     p.Comm.Present = {};
-    p.App.Motor.CheckForPort();
+    p.App.Outputs.MotorModModule.CheckForPort();
     EXPECT_FALSE(p.Find<QCheckBox>("UseMotorCheck").isEnabled());
     auto& ports = p.Find<QComboBox>("cmbMotorPort");
     EXPECT_TRUE(ports.isEnabled());

@@ -9,8 +9,8 @@ namespace {
 struct FmodProgram : test::UiProgram {
     FmodProgram() {
         Disk.Put("/program/FMODex.dll", "a library");
-        App.Fmod.CheckAvailability("/program");
-        App.Fmod.StartEngine();
+        App.Outputs.SoundMods.CheckAvailability("/program");
+        App.Outputs.SoundMods.StartEngine();
         Timeline.Clear();
     }
     FMODOptionsForm& Options() { return *Form.findChild<FMODOptionsForm*>(); }

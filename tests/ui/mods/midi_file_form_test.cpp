@@ -86,11 +86,11 @@ TEST(MIDIFileForm, AFileIsChosenAndPlayed) {
     EXPECT_EQ(p.TextOf("lblPosPercent"), "50.00%");
     EXPECT_EQ(p.TextOf("lblPosSecs"), "00:01.00");
     EXPECT_EQ(p.Find<QSlider>("sldPosition").value(), 500) << "the slider follows";
-    EXPECT_TRUE(p.App.MidiFile.IsPlaying()) << "and that is no move of the user's";
+    EXPECT_TRUE(p.App.Playing.MidiFilePlayback.IsPlaying()) << "and that is no move of the user's";
     EXPECT_EQ(p.TextOf("lblHeldCount"), " (2)");
     EXPECT_EQ(p.Grid(), "C5 E5 ");
     p.Click("cmdStop");
-    EXPECT_FALSE(p.App.MidiFile.IsPlaying());
+    EXPECT_FALSE(p.App.Playing.MidiFilePlayback.IsPlaying());
     p.Click("cmdRewind");
     EXPECT_EQ(p.TextOf("lblPosSecs"), "00:00.00");
 }
@@ -101,7 +101,7 @@ TEST(MIDIFileForm, MovingTheSliderStopsPlaybackThere) {
     p.Click("cmdPlay");
     p.Time.RunUntil(100);
     p.Find<QSlider>("sldPosition").setValue(750);
-    EXPECT_FALSE(p.App.MidiFile.IsPlaying());
+    EXPECT_FALSE(p.App.Playing.MidiFilePlayback.IsPlaying());
     EXPECT_EQ(p.TextOf("lblPosPercent"), "75.00%");
     EXPECT_EQ(p.TextOf("lblPosSecs"), "00:02.00");
 }
@@ -112,10 +112,10 @@ TEST(MIDIFileForm, LoopsWhileItsBoxIsTicked) {
     p.Click("chkLoop");
     p.Click("cmdPlay");
     p.Time.RunUntil(10'000);
-    EXPECT_TRUE(p.App.MidiFile.IsPlaying());
+    EXPECT_TRUE(p.App.Playing.MidiFilePlayback.IsPlaying());
     p.Click("chkLoop");
     p.Time.RunUntil(13'000);
-    EXPECT_FALSE(p.App.MidiFile.IsPlaying());
+    EXPECT_FALSE(p.App.Playing.MidiFilePlayback.IsPlaying());
     EXPECT_EQ(p.TextOf("lblPosPercent"), "100.00%");
 }
 
@@ -132,14 +132,14 @@ TEST(MIDIFileForm, AChannelThatIsUntickedIsNotPlayed) {
 TEST(MIDIFileForm, ShowsItsProgressWhileItOpensAFile) {
     MidiFileWindow p;
     std::string shown;
-    p.App.MidiFile.lblInfoText.Watch([&](const std::string& text) {
+    p.App.Playing.MidiFilePlayback.lblInfoText.Watch([&](const std::string& text) {
         if (shown.empty()) {
             EXPECT_FALSE(p.Find<QPushButton>("cmdBrowse").isEnabled());
             EXPECT_EQ(p.TextOf("lblInfoText").toStdString(), text);
         }
         shown += text + "|";
     });
-    p.App.MidiFile.frmInfoTextVisible.Watch(
+    p.App.Playing.MidiFilePlayback.frmInfoTextVisible.Watch(
         [&](bool visible) { EXPECT_EQ(p.Find<QFrame>("frmInfoText").isVisible(), visible); });
     p.Browse();
     EXPECT_THAT(shown, testing::StartsWith("Initialising... |Decoding tempo changes... Track 01|"));
@@ -204,7 +204,7 @@ TEST(MIDIFileForm, AMidiFileDroppedOnTheMainWindowIsOpened) {
     QApplication::processEvents();
     EXPECT_TRUE(p.Window().isVisible());
     EXPECT_EQ(p.Find<QLineEdit>("txtFile").text(), "/music/song.mid");
-    EXPECT_FALSE(p.App.MidiFile.IsPlaying());
+    EXPECT_FALSE(p.App.Playing.MidiFilePlayback.IsPlaying());
 }
 
 }  // namespace

@@ -90,7 +90,7 @@ TEST(MIDIInForm, HeldNotesLightUpTheOneThatIsPulsedBrighter) {
     p.Hold(3);
     EXPECT_EQ(p.Grid(), "C3 *C#3 D3 ");
     EXPECT_EQ(p.TextOf("lblHeldCount"), " (3)");
-    p.App.MidiIn.ReleaseAllNotes();
+    p.App.Playing.MidiInput.ReleaseAllNotes();
     p.Time.RunUntil(60);
     EXPECT_EQ(p.Grid(), "");
     EXPECT_EQ(p.TextOf("lblHeldCount"), " (0)");
@@ -127,14 +127,14 @@ TEST(MIDIInForm, UntickingAChannelReleasesEveryHeldNote) {
     p.Channel(7).click();
     p.Time.RunUntil(60);
     EXPECT_EQ(p.TextOf("lblHeldCount"), " (0)");
-    EXPECT_FALSE(p.App.MidiIn.ListenChannelCheck[7]);
-    EXPECT_TRUE(p.App.MidiIn.ListenChannelCheck[6]);
+    EXPECT_FALSE(p.App.Playing.MidiInput.ListenChannelCheck[7]);
+    EXPECT_TRUE(p.App.Playing.MidiInput.ListenChannelCheck[6]);
 }
 
 TEST(MIDIInForm, TheBoxesSetTheirSwitches) {
     MidiInProgram p;
     p.Find<QCheckBox>("OnlyOnceCheck").click();
-    EXPECT_TRUE(p.App.MidiIn.OnlyPlayNoteOnce);
+    EXPECT_TRUE(p.App.Playing.MidiInput.OnlyPlayNoteOnce);
     p.Find<QCheckBox>("AutoTimeCheck").click();
     p.App.Fields.AlternateTime.Type("77");
     p.Hold(3);

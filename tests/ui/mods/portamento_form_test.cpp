@@ -57,7 +57,7 @@ TEST(PortamentoForm, SlidersShowTheirValues) {
 TEST(PortamentoForm, AClickedKeyGlidesForAsLongAsTheOptionSays) {
     test::UiProgram p;
     Open(p);
-    p.App.Keys.PianoKey_Click(21);
+    p.App.Playing.PianoKeys.PianoKey_Click(21);
     p.Time.RunUntil(500);
     EXPECT_TRUE(p.Timeline.Text("speaker").ends_with("0.2550 speaker 440 Hz 30 ms\n"));
     p.Timeline.Clear();

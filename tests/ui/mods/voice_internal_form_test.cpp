@@ -12,7 +12,7 @@ namespace {
 struct VoiceProgram : test::UiProgram {
     VoiceProgram() {
         Disk.Put("/program/FMODex.dll", "a library");
-        App.Fmod.CheckAvailability("/program");
+        App.Outputs.SoundMods.CheckAvailability("/program");
         Click("UseVoiceCheck");
         Timeline.Clear();
     }

@@ -86,7 +86,7 @@ TEST(MusicListView, EraseWholeLineAndUnSelectLineMeanAllThatIsHighlighted) {
     p.Click("Command1");
     EXPECT_EQ(p.App.List.Count(), 2);
     EXPECT_THAT(Highlighted(ListOf(p)), ElementsAre(2));
-    p.App.History.Undo();
+    p.App.Editing.EditHistory.Undo();
     EXPECT_THAT(Highlighted(ListOf(p)), ElementsAre(2, 3));
     p.Click("UnselectButton");
     EXPECT_THAT(Highlighted(ListOf(p)), IsEmpty());
@@ -144,11 +144,11 @@ TEST(MusicListView, ALineThatIsAppendedIsScrolledIntoView) {
     test::UiProgram p;
     p.App.Fields.NoteClickPlayCheck = false;
     for (int note = 0; note < 100; ++note)
-        p.App.Keys.PianoKey_Click(12);
+        p.App.Playing.PianoKeys.PianoKey_Click(12);
     EXPECT_TRUE(ListOf(p).viewport()->rect().contains(MiddleOf(ListOf(p), 100)));
     p.App.List.Select(1);
     for (int note = 0; note < 100; ++note)
-        p.App.Keys.PianoKey_Click(12);
+        p.App.Playing.PianoKeys.PianoKey_Click(12);
     EXPECT_TRUE(ListOf(p).viewport()->rect().contains(MiddleOf(ListOf(p), 100)));
     EXPECT_TRUE(ListOf(p).viewport()->rect().contains(MiddleOf(ListOf(p), 101)));
 }
@@ -282,15 +282,15 @@ TEST(MusicListView, ShowsSeveralRowsThatGoAtOnceAndComeBack) {
         const QAbstractItemModelTester tester(ListOf(p).model());
         const std::vector<int> highlighted(rows.begin(), rows.end());
         p.App.List.SetSelection(rows.back(), rows);
-        p.App.Lines.EraseLines();
+        p.App.Editing.LineClipboard.EraseLines();
         EXPECT_EQ(ListOf(p).model()->rowCount(), p.App.List.Count());
         EXPECT_EQ(Highlighted(ListOf(p)).size(), p.App.List.Count() > 1 ? 1U : 0U);
-        p.App.History.Undo();
+        p.App.Editing.EditHistory.Undo();
         EXPECT_EQ(ListOf(p).model()->rowCount(), 4);
         EXPECT_EQ(Highlighted(ListOf(p)), highlighted);
         EXPECT_EQ(p.App.List.SelectedRows(), rows);
         EXPECT_EQ(p.App.List.SelectedItem(), rows.back());
-        p.App.Lines.DuplicateLines();
+        p.App.Editing.LineClipboard.DuplicateLines();
         EXPECT_EQ(Highlighted(ListOf(p)).size(), rows.size());
         EXPECT_EQ(Highlighted(ListOf(p)).front(), rows.back() + 1);
     }

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "music/edit_history.h"
+#include "music/line_clipboard.h"
+#include "music/list_editing.h"
+#include "music/mod_buttons.h"
+#include "music/note_entry.h"
+#include "playback/position_display.h"
+
+namespace quavix {
+
+struct CommonParts;
+
+/// The parts of a program that change the song, and show where in it a change was made.
+struct SongEditing {
+    explicit SongEditing(CommonParts& common);
+
+    quavix::EditHistory EditHistory;
+    quavix::ModButtons ModButtons;
+    quavix::PositionDisplay PositionDisplay;
+    quavix::NoteEntry NoteEntry;
+    quavix::ListEditing ListEditing;
+    quavix::LineClipboard LineClipboard;
+
+    /// Shows the position of the selected line, unless music plays: the labels belong to it then.
+    void ShowPositionOfEdit();
+
+  private:
+    const MainFields& fields_;
+};
+
+}  // namespace quavix
