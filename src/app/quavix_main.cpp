@@ -33,7 +33,7 @@
 #include "program/playing.h"
 #include "program/program.h"
 #include "program/song_storage.h"
-#include "shell/file_exists.h"
+#include "shell/file_access.h"
 #include "shell/program_info.h"
 #include "songfile/recovery.h"
 #include "ui/dialogs/save_load_form.h"

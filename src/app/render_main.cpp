@@ -14,7 +14,7 @@
 #include "platform/common/notnormal_fmodex.h"
 #include "platform/common/user_folders.h"
 #include "platform/posix/posix_files.h"
-#include "shell/file_exists.h"
+#include "shell/file_access.h"
 #include "shell/program_info.h"
 #include "simulation/rendered_speaker.h"
 

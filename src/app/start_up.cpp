@@ -3,8 +3,8 @@
 
 #include "app/command_line.h"
 #include "midi/midi_file_opening.h"
-#include "shell/file_exists.h"
-#include "shell/log_switch.h"
+#include "shell/debug_log.h"
+#include "shell/file_access.h"
 #include "shell/process_priority.h"
 #include "shell/program_info.h"
 #include "shell/runtime_error.h"

@@ -38,7 +38,7 @@ void FmodEngine::Stop() {
 
 std::int32_t FmodEngine::GetFMODBufferLength() {
     constexpr double MsPerSecond = 1000;
-    log_.LogIndentInc("GetFMODBufferLength() - START");
+    const LogBlock block(log_, "GetFMODBufferLength()");
     std::uint32_t samples = 0;
     std::int32_t count = 0;
     const SoundLibrary::Result sizeResult = library_.FMOD_System_GetDSPBufferSize(system_, &samples, &count);
@@ -54,7 +54,6 @@ std::int32_t FmodEngine::GetFMODBufferLength() {
     // Without a rate the library has failed, and said so.
     const std::int32_t milliseconds = rate == 0 ? 0 : ToInt32(MsPerSecond / rate * total);
     log_.Text("Buffer length in milliseconds is {}", milliseconds);
-    log_.LogIndentDec("GetFMODBufferLength() - END");
     return milliseconds;
 }
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "fmod/fmod_options.h"
 
+#include "shell/scoped.h"
+
 namespace quavix {
 
 FmodOptions::FmodOptions(MainFields& fields, EventBoundary& handlers)
@@ -11,7 +13,7 @@ FmodOptions::FmodOptions(MainFields& fields, EventBoundary& handlers)
 }
 
 void FmodOptions::NeverSilentCheck_Click() {
-    manuallySettingCheck_ = true;
+    const ScopedFlag manuallySetting(manuallySettingCheck_);
     fields_.DoNotShutUpFMOD = NeverSilentCheck;
     if (NeverSilentCheck) {
         previousRatio_ = fields_.NoteSilenceRatio;
@@ -20,7 +22,6 @@ void FmodOptions::NeverSilentCheck_Click() {
     } else if (!ratioManuallyChanged_) {
         fields_.NoteSilenceRatio.Set(previousRatio_);
     }
-    manuallySettingCheck_ = false;
 }
 
 void FmodOptions::NoteSilenceRatioSlider_Change() {

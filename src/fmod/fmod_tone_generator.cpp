@@ -28,8 +28,8 @@ void FmodToneGenerator::Sound(const Tone& tone) {
 void FmodToneGenerator::FMODBeep(double frequency, double durationMs, bool noStop, bool noWait) {
     constexpr double Tuning = 1.088;
     constexpr double ChannelRate = 44100;
-    p_.Log.IndentInc("FMODBeep(FREQUENCY:{}, DURATION: {}, NOSTOP:{}) - START", NumberText(frequency),
-                     NumberText(durationMs), LogFlag(noStop));
+    const LogBlock block(p_.Log, "FMODBeep()", "FMODBeep(FREQUENCY:{}, DURATION: {}, NOSTOP:{}) - START",
+                         NumberText(frequency), NumberText(durationMs), LogFlag(noStop));
     // Convert first: an overflow after un-pausing would leave the tone sounding.
     const std::int32_t milliseconds = ToInt32(durationMs);
     const double channelFrequency = static_cast<float>(frequency) * Tuning * (ChannelRate / referenceRate_);
@@ -42,7 +42,6 @@ void FmodToneGenerator::FMODBeep(double frequency, double durationMs, bool noSto
     }
     if (!noStop)
         SetPaused(true);
-    p_.Log.LogIndentDec("FMODBeep() - END");
 }
 
 void FmodToneGenerator::FMODBeepStop() {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "fmod/sound_mods.h"
 
-#include "shell/file_exists.h"
+#include "shell/file_access.h"
 #include "shell/program_info.h"
 
 namespace quavix {

@@ -5,6 +5,7 @@
 
 #include "shell/numbers.h"
 #include "shell/runtime_error.h"
+#include "shell/scoped.h"
 
 namespace quavix {
 namespace {
@@ -94,16 +95,14 @@ void VoiceMainForm::RandomFormantTimer_Timer() {
     // While a message stands open, the next tick comes.
     if (inTimer_)
         return;
-    inTimer_ = true;
     bool good = false;
     try {
+        const ScopedFlag inTimer(inTimer_);
         p_.Errors.ShowTogether([&] { good = MoveFormants(); });
     } catch (const std::exception&) {
-        inTimer_ = false;
         StopMoving();
         throw;
     }
-    inTimer_ = false;
     // The user has been told. Twenty times a second would leave no time to switch the voice off.
     if (!good)
         StopMoving();
@@ -122,7 +121,7 @@ bool VoiceMainForm::MoveFormants() {
 }
 
 void VoiceMainForm::VoiceDoShutDownStuff() {
-    p_.Log.LogIndentInc("VoiceMainForm.VoiceDoShutDownStuff() - START");
+    const LogBlock block(p_.Log, "VoiceMainForm.VoiceDoShutDownStuff()");
     StopMoving();
     if (voiceSystem_ != nullptr) {
         p_.Log.LogText("Closing and releasing FMOD system 'VoiceSystem'");
@@ -130,7 +129,6 @@ void VoiceMainForm::VoiceDoShutDownStuff() {
         Check(p_.Library.FMOD_System_Release(voiceSystem_));
         voiceSystem_ = nullptr;
     }
-    p_.Log.LogIndentDec("VoiceMainForm.VoiceDoShutDownStuff() - END");
 }
 
 }  // namespace quavix

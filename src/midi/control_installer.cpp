@@ -5,7 +5,7 @@
 #include <exception>
 #include <vector>
 
-#include "shell/file_exists.h"
+#include "shell/file_access.h"
 #include "shell/program_info.h"
 #include "shell/runtime_error.h"
 
@@ -29,17 +29,14 @@ bool ControlInstaller::Exists(const std::string& fileName) {
 }
 
 bool ControlInstaller::CopyFileToSystem32(const std::string& fileName) {
-    const std::int16_t logIndent = p_.Log.LogIndent();
-    p_.Log.IndentInc("CopyFileToSystem32({}) - START", fileName);
+    LogBlock block(p_.Log, "CopyFileToSystem32()", "CopyFileToSystem32({}) - START", fileName);
     const std::string source = FileInFolder(p_.ProgramFolder, fileName);
     p_.Log.Text("SourceFile = {}", source);
     const std::string destination = DestFile(fileName);
     p_.Log.Text("DestFile = {}", destination);
     const bool isInPlace = Exists(destination) || Install(fileName, source, destination);
-    if (isInPlace)
-        p_.Log.LogIndentDec("CopyFileToSystem32() - END");
-    else
-        p_.Log.SetLogIndent(logIndent);
+    if (!isInPlace)
+        block.Abandon();
     return isInPlace;
 }
 

@@ -9,23 +9,9 @@
 
 #include "midi/midi_notes.h"
 #include "shell/numbers.h"
+#include "shell/scoped.h"
 
 namespace quavix {
-namespace {
-
-/// The label is shown for as long as this lives.
-class Shown {
-  public:
-    explicit Shown(Watched<bool>& visible) : visible_(visible) { visible_ = true; }
-    ~Shown() { visible_ = false; }
-    Shown(const Shown&) = delete;
-    Shown& operator=(const Shown&) = delete;
-
-  private:
-    Watched<bool>& visible_;
-};
-
-}  // namespace
 
 void HeldNoteCycler::PlayLiveMIDIInput(UsingForm& usingForm) {
     const bool saveCPU = usingForm.SaveCPUCheck;
@@ -71,7 +57,7 @@ void HeldNoteCycler::SetAlternateTime(std::int32_t count) {
 
 void HeldNoteCycler::Pulse(UsingForm& usingForm, std::int32_t note) {
     {
-        const Shown sounding(fields_.BeepTextLabelVisible);
+        const ScopedValue shown(fields_.BeepTextLabelVisible, true, false);
         tones_.Sound(
             ToneOfMidiNote(note, fields_.AlternateTime, {.SpecificContinuous = true, .FMODNoWait = true}));
     }

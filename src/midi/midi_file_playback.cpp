@@ -9,6 +9,7 @@
 
 #include "midi/midi_file_opening.h"
 #include "shell/numbers.h"
+#include "shell/scoped.h"
 
 namespace quavix {
 
@@ -24,12 +25,11 @@ MidiFilePlayback::MidiFilePlayback(const MidiFileParts& parts)
 }
 
 void MidiFilePlayback::UseMIDIFileCheck_Click(bool ticked) {
-    p_.Log.LogIndentInc("UseMIDIFileCheck has been clicked - START");
+    const LogBlock block(p_.Log, "UseMIDIFileCheck has been clicked");
     if (ticked)
         SwitchOn();
     else
         SwitchOff();
-    p_.Log.LogIndentDec("UseMIDIFileCheck has been clicked - END");
 }
 
 void MidiFilePlayback::SwitchOn() {
@@ -68,8 +68,7 @@ void MidiFilePlayback::SwitchOff() {
 void MidiFilePlayback::Form_Load() {
     if (std::exchange(isLoaded_, true))
         return;
-    p_.Log.LogIndentInc("MIDIFileForm.Form_Load() - START");
-    p_.Log.LogIndentDec("MIDIFileForm.Form_Load() - END");
+    const LogBlock block(p_.Log, "MIDIFileForm.Form_Load()");
 }
 
 void MidiFilePlayback::UseFile(const std::string& fileName) {
@@ -89,37 +88,20 @@ void MidiFilePlayback::cmdBrowse_Click() {
         Open(fileName);
 }
 
-/// The state of opening a file, however it ends. The name goes back to that of the file that stays.
-class MidiFilePlayback::Opening {
-  public:
-    explicit Opening(MidiFilePlayback& form) : form_(form), nameBefore_(form.txtFile) {
-        form_.isOpening_ = true;
-        form_.stopOpening_ = false;
-        form_.nextEventsRunMs_ = 0;
-        form_.cmdBrowseEnabled = false;
-    }
-    ~Opening() {
-        form_.isOpening_ = false;
-        form_.frmInfoTextVisible = false;
-        form_.cmdBrowseEnabled = true;
-        if (!keepName_)
-            form_.txtFile = nameBefore_;
-    }
-    Opening(const Opening&) = delete;
-    Opening& operator=(const Opening&) = delete;
-
-    void KeepName() { keepName_ = true; }
-
-  private:
-    MidiFilePlayback& form_;
-    std::string nameBefore_;
-    bool keepName_ = false;
-};
-
 bool MidiFilePlayback::Open(const std::string& fileName) {
     if (isOpening_)
         return false;
-    Opening opening(*this);
+    isOpening_ = true;
+    stopOpening_ = false;
+    nextEventsRunMs_ = 0;
+    cmdBrowseEnabled = false;
+    std::string nameAfterwards = txtFile;
+    const AtScopeEnd end([&] {
+        isOpening_ = false;
+        frmInfoTextVisible = false;
+        cmdBrowseEnabled = true;
+        txtFile = nameAfterwards;
+    });
     txtFile = fileName;
     OpenedMidiFile opened = OpenMidiFile(fileName, p_.Disk, p_.Reader,
                                          [this](const std::string& text) { return ShowInfoText(text); });
@@ -142,7 +124,7 @@ bool MidiFilePlayback::Open(const std::string& fileName) {
     EndPlaying();
     events_ = std::move(*opened.Events);
     frmPlaybackEnabled = !events_.empty();
-    opening.KeepName();
+    nameAfterwards = fileName;
     MoveTo(0);
     return true;
 }

@@ -89,8 +89,6 @@ class MidiFilePlayback final : public UsingForm {
     std::function<void()> OnEnd;
 
   private:
-    class Opening;
-
     void UseMIDIFileCheck_Click(bool ticked);
     void SwitchOn();
     void SwitchOff();

@@ -59,7 +59,7 @@ void MidiInput::Form_Load() {
 }
 
 void MidiInput::SetUpComboBox() {
-    p_.Log.LogIndentInc("MIDIInForm.SetUpComboBox() - START");
+    const LogBlock block(p_.Log, "MIDIInForm.SetUpComboBox()");
     if (p_.Fields.ShuttingDown || p_.Fields.MIDIInIsOpen) {
         p_.Log.LogText("Shutting down, or MIDI In already open - exiting sub");
     } else if (const std::int32_t count = p_.Device.DeviceCount(); count < 1) {
@@ -74,15 +74,12 @@ void MidiInput::SetUpComboBox() {
         cmbMIDIInDevice = 0;
         OpenInputDevice();
     }
-    p_.Log.LogIndentDec("MIDIInForm.SetUpComboBox() - END");
 }
 
 void MidiInput::OpenInputDevice() {
-    constexpr const char* End = "MIDIInForm.OpenInputDevice() - END";
-    p_.Log.LogIndentInc("MIDIInForm.OpenInputDevice() - START");
+    const LogBlock block(p_.Log, "MIDIInForm.OpenInputDevice()");
     if (p_.Fields.ShuttingDown || p_.Fields.MIDIInIsOpen) {
         p_.Log.LogText("Shutting down, or MIDI In already open - exiting sub");
-        p_.Log.LogIndentDec(End);
         return;
     }
     const std::string name = ChosenName();
@@ -104,7 +101,6 @@ void MidiInput::OpenInputDevice() {
             p_.Fields.MusicIsPlaying = false;
         }
     }
-    p_.Log.LogIndentDec(End);
 }
 
 void MidiInput::TellNoDevice() {

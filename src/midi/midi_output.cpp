@@ -101,7 +101,7 @@ void MidiOutput::Form_Load() {
 }
 
 void MidiOutput::SetUpComboBox() {
-    p_.Log.LogIndentInc("MIDIOutForm.SetUpComboBox() - START");
+    const LogBlock block(p_.Log, "MIDIOutForm.SetUpComboBox()");
     Fields.lblInfoText = "Scanning for output devices, just a sec...";
     if (p_.Fields.ShuttingDown || p_.Fields.MIDIOutIsOpen) {
         p_.Log.LogText("Shutting down, or MIDI Out already open - exiting sub");
@@ -118,7 +118,6 @@ void MidiOutput::SetUpComboBox() {
         OpenOutputDevice();
     }
     Fields.lblInfoText = StatusText();
-    p_.Log.LogIndentDec("MIDIOutForm.SetUpComboBox() - END");
 }
 
 void MidiOutput::OpenOutputDevice() {

@@ -3,7 +3,7 @@
 
 #include <utility>
 
-#include "shell/scoped_flag.h"
+#include "shell/scoped.h"
 
 namespace quavix {
 namespace {

@@ -2,7 +2,7 @@
 #include "music/mod_buttons.h"
 
 #include "music/selection.h"
-#include "shell/scoped_flag.h"
+#include "shell/scoped.h"
 
 namespace quavix {
 namespace {

@@ -26,7 +26,8 @@ std::string GestureName(std::int32_t noteNum, const std::string& note, bool repl
 
 void NoteEntry::AddNote(std::int32_t noteNum, std::int32_t octave, std::int32_t lengthIndex) {
     const std::string length = GetLengthAsWritten(lengthIndex);
-    log_.IndentInc("AddNote({}, {}, {} ({})) - START", noteNum, octave, lengthIndex, length);
+    const LogBlock block(log_, "AddNote()", "AddNote({}, {}, {} ({})) - START", noteNum, octave, lengthIndex,
+                         length);
     const std::string noteLetter = NoteLetterOf(noteNum);
     log_.Text("NoteLetter = {}", noteLetter);
     const std::int32_t insertPoint = FindInsertPoint();
@@ -41,7 +42,6 @@ void NoteEntry::AddNote(std::int32_t noteNum, std::int32_t octave, std::int32_t 
     if (fields_.NoteLengthReplaceCheck)
         WriteLength(insertPoint, length);
     MoveSelection(insertPoint);
-    log_.LogIndentDec("AddNote() - END");
 }
 
 std::int32_t NoteEntry::FindInsertPoint() {

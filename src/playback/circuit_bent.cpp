@@ -5,6 +5,7 @@
 
 #include "midi/midi_notes.h"
 #include "shell/numbers.h"
+#include "shell/scoped.h"
 
 namespace quavix {
 
@@ -37,15 +38,13 @@ void CircuitBent::BendTimer_Timer() {
     // which burst upon burst would not leave a gap for.
     if (inBurst_ || fields_.StartIsHeldUp)
         return;
-    inBurst_ = true;
     try {
+        const ScopedFlag inBurst(inBurst_);
         Burst();
     } catch (const std::exception&) {
-        inBurst_ = false;
         fields_.UseCircuitBentCheck = false;  // or the same message would come again at once
         throw;
     }
-    inBurst_ = false;
 }
 
 void CircuitBent::Burst() {

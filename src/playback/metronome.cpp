@@ -2,28 +2,12 @@
 #include "playback/metronome.h"
 
 #include <cmath>
-#include <exception>
-#include <string>
 
 #include "music/lengths.h"
 #include "shell/numbers.h"
+#include "shell/scoped.h"
 
 namespace quavix {
-namespace {
-
-/// The value is set for as long as this lives.
-class SetMeanwhile {
-  public:
-    explicit SetMeanwhile(Watched<bool>& value) : value_(value) { value_ = true; }
-    ~SetMeanwhile() { value_ = false; }
-    SetMeanwhile(const SetMeanwhile&) = delete;
-    SetMeanwhile& operator=(const SetMeanwhile&) = delete;
-
-  private:
-    Watched<bool>& value_;
-};
-
-}  // namespace
 
 Metronome::Metronome(MainFields& fields, ToneDispatcher& tones, ToneCode& code, Clock& time, Waiting& wait,
                      DebugLog& log)
@@ -41,18 +25,12 @@ void Metronome::MakeWay() {
 }
 
 void Metronome::MetronomeButton_Click() {
-    constexpr const char* End = "MetronomeButton clicked - END";
-    log_.LogIndentInc("MetronomeButton clicked - START");
-    try {
-        if (fields_.MetronomeIsOn)
-            SwitchOff();
-        else
-            Run();
-    } catch (const std::exception&) {
-        log_.LogIndentDec(End);
-        throw;
-    }
-    log_.LogIndentDec(End);
+    LogBlock block(log_, "MetronomeButton clicked");
+    block.CloseOnError();
+    if (fields_.MetronomeIsOn)
+        SwitchOff();
+    else
+        Run();
 }
 
 void Metronome::SwitchOff() {
@@ -61,7 +39,7 @@ void Metronome::SwitchOff() {
 }
 
 void Metronome::Run() {
-    const SetMeanwhile on(fields_.MetronomeIsOn);
+    const ScopedValue on(fields_.MetronomeIsOn, true, false);
     log_.LogText("Metronome is ON");
     Timetable timetable{.Start = Now(), .PlayedBeats = 0, .Bpm = fields_.BPM, .BeatInBar = 1};
     while (IsWanted()) {
@@ -77,7 +55,7 @@ void Metronome::Click(const Timetable& timetable) {
     constexpr double ClickMs = 20;
     constexpr double FirstBeatHz = 1000;
     constexpr double OtherBeatHz = 500;
-    const SetMeanwhile shown(fields_.BeepTextLabelVisible);
+    const ScopedValue shown(fields_.BeepTextLabelVisible, true, false);
     tones_.Sound(Tone::OfFrequency(timetable.BeatInBar == 1 ? FirstBeatHz : OtherBeatHz, ClickMs));
 }
 

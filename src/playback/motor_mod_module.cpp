@@ -62,7 +62,9 @@ void MotorModModule::SetSpeed(std::int32_t pulse, double waitTimeMs) {
     // The motor takes a moment to reach its speed.
     constexpr double MoreMs = 15;
     const std::int32_t milliseconds = ToInt32(waitTimeMs + MoreMs);
-    p_.Log.IndentInc("MotorModModule.SetSpeed(PULSE:{}, WAITTIME:{}) - START", pulse, NumberText(waitTimeMs));
+    const LogBlock block(p_.Log, "MotorModModule.SetSpeed()",
+                         "MotorModModule.SetSpeed(PULSE:{}, WAITTIME:{}) - START", pulse,
+                         NumberText(waitTimeMs));
     try {
         SendString("#0P" + std::to_string(pulse));
         p_.Log.Text("MsgWaitObj {}", NumberText(waitTimeMs + MoreMs));
@@ -75,7 +77,6 @@ void MotorModModule::SetSpeed(std::int32_t pulse, double waitTimeMs) {
     }
     if (p_.Fields.NoteSilenceRatio < parameter::NoteSilenceRatio.Highest)
         SendString(StopCommand);
-    p_.Log.LogIndentDec("MotorModModule.SetSpeed() - END");
 }
 
 void MotorModModule::SendString(const std::string& text) {

@@ -35,19 +35,9 @@ void PianoKeys::PianoKey_Click(std::int32_t index) {
 }
 
 void PianoKeys::Handle(const KeyClick& click) {
-    constexpr const char* End = "PianoKey clicked - END";
-    log_.LogIndentInc("PianoKey clicked - START");
-    try {
-        SoundAndEnter(click);
-    } catch (const std::exception&) {
-        log_.LogIndentDec(End);
-        throw;
-    }
-    log_.LogIndentDec(End);
-}
-
-void PianoKeys::SoundAndEnter(const KeyClick& click) {
     constexpr double DurationMs = 50;
+    LogBlock block(log_, "PianoKey clicked");
+    block.CloseOnError();
     const PianoKeyPlace place = PlaceOfKey(click.Index);
     log_.Text("Index is {}{}", click.Index, GroupLogNames[static_cast<std::size_t>(place.Group)]);
     const std::int32_t octave = ToByte(click.KeyboardOctave + place.OctaveOffset);

@@ -49,7 +49,6 @@ class PianoKeys {
     };
 
     void Handle(const KeyClick& click);
-    void SoundAndEnter(const KeyClick& click);
 
     MainFields& fields_;
     NoteEntry& entry_;

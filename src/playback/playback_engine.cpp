@@ -6,25 +6,9 @@
 #include "music/lengths.h"
 #include "music/selection.h"
 #include "shell/numbers.h"
+#include "shell/scoped.h"
 
 namespace quavix {
-namespace {
-
-/// The notes are shown as sounding for as long as this lives.
-class ShownSounding {
-  public:
-    ShownSounding(MainFields& fields, SoundingNotes notes) : fields_(fields) {
-        fields_.NotesSounding = std::move(notes);
-    }
-    ~ShownSounding() { fields_.NotesSounding = SoundingNotes(); }
-    ShownSounding(const ShownSounding&) = delete;
-    ShownSounding& operator=(const ShownSounding&) = delete;
-
-  private:
-    MainFields& fields_;
-};
-
-}  // namespace
 
 PlaybackEngine::PlaybackEngine(PlaybackParts parts) : p_(std::move(parts)), timetableBpm_(p_.Fields.BPM) {
     p_.Fields.BPM.State().Watch([this](const SettingState&) { TempoChanged(); });
@@ -156,7 +140,7 @@ PlaybackEngine::Line PlaybackEngine::ReadLine(std::int32_t row) {
 }
 
 void PlaybackEngine::SetVoicePitch(const Line& line) {
-    p_.Log.LogIndentInc("'Setting voice to correct pitch' section - START");
+    const LogBlock block(p_.Log, "'Setting voice to correct pitch' section");
     if (line.Note2.Text.empty()) {
         p_.Log.LogText("VoiceMainForm.ChangeVoiceVol 0");
         p_.Singer.ChangeVoiceVol(0);
@@ -171,7 +155,6 @@ void PlaybackEngine::SetVoicePitch(const Line& line) {
         p_.Log.Text("VoiceMainForm.ChangeBaseFreq {}", NumberText(pitch));
         p_.Singer.ChangeBaseFreq(pitch);
     }
-    p_.Log.LogIndentDec("'Setting voice to correct pitch' section - END");
 }
 
 void PlaybackEngine::SoundLine(Run& run, const Line& line) {
@@ -195,18 +178,19 @@ void PlaybackEngine::SoundSingleNote(const Tone& note, const Line& line) {
     const double durationMs = static_cast<double>(duration.Units()) / UnitsPerMs;
     if (durationMs <= 0)
         return;
-    const ShownSounding shown(p_.Fields, {.Note1 = note.Text});
+    const ScopedValue shown(p_.Fields.NotesSounding, SoundingNotes{.Note1 = note.Text}, SoundingNotes());
     Sound(note, durationMs, false);
 }
 
 void PlaybackEngine::SoundAlternating(Run& run, const Line& line) {
-    p_.Log.LogIndentInc("Alternating section - START");
+    const LogBlock block(p_.Log, "Alternating section");
     const Currency beepLength = SoundingBeats(line);
     p_.Log.Text("BeepLength = {}", beepLength.ToText());
     if (p_.Fields.NoteSilenceRatio < parameter::NoteSilenceRatio.Highest)
         run.AlternationStep = Currency::FromDouble(p_.Fields.AlternateTime / 1000.0);
     const Currency step = run.AlternationStep;
-    const ShownSounding shown(p_.Fields, {.Note1 = line.Note1.Text, .Note2 = line.Note2.Text});
+    const ScopedValue shown(p_.Fields.NotesSounding, SoundingNotes{line.Note1.Text, line.Note2.Text},
+                            SoundingNotes());
     // Tones without length make no sound, and would hold the thread for the whole line.
     while (p_.Fields.AlternateTime > 0 && currentTickTime_ + step < TimeAtBeat(beepLength)) {
         p_.Fields.BeepTextLabelVisible = true;
@@ -219,7 +203,6 @@ void PlaybackEngine::SoundAlternating(Run& run, const Line& line) {
         ReadClock();
         KeepToneTime(toneStart);
     }
-    p_.Log.LogIndentDec("Alternating section - END");
 }
 
 /// A gliding speaker leaves a tone's time to its caller.
@@ -265,7 +248,7 @@ bool PlaybackEngine::WaitForNextLine(Run& run, const Line& line) {
     constexpr std::int32_t SliceMs = 15;
     // A legato line hands over this early, so that the next tone starts without a gap.
     constexpr Currency LegatoMargin = Currency::FromUnits(200);
-    p_.Log.LogIndentInc("'Waiting for next note' section - START");
+    LogBlock block(p_.Log, "'Waiting for next note' section");
     ReadClock();
     if (p_.Fields.NoteSilenceRatio < parameter::NoteSilenceRatio.Highest)
         run.WaitingMargin = {};
@@ -276,14 +259,13 @@ bool PlaybackEngine::WaitForNextLine(Run& run, const Line& line) {
         p_.Wait.MsgWaitObj(SliceMs);
         p_.Code.WriteWait(SliceMs);
         if (!p_.Fields.MusicIsPlaying) {
-            p_.Log.LogIndentDec("MusicIsPlaying = False - skipping to EndingPlayMusic");
+            block.Close("MusicIsPlaying = False - skipping to EndingPlayMusic");
             return false;
         }
         ReadClock();
         p_.Log.LogText(".", NoNewLine::Yes);
     }
     playedBeats_ = playedBeats_ + line.Length;
-    p_.Log.LogIndentDec("'Waiting for next note' section - END");
     return true;
 }
 
@@ -352,16 +334,15 @@ void PlaybackEngine::EnableStopping(bool enable) {
 }
 
 void PlaybackEngine::BeforePlayMusic() {
-    p_.Log.LogIndentInc("BeforePlayMusic() - START");
+    const LogBlock block(p_.Log, "BeforePlayMusic()");
     p_.Log.LogText("Disabling common controls");
     EnableCommonControls(false);
     p_.Log.LogText("Enabling 'Stop playing'");
     EnableStopping(true);
-    p_.Log.LogIndentDec("BeforePlayMusic() - END");
 }
 
 void PlaybackEngine::AfterPlayMusic() {
-    p_.Log.LogIndentInc("AfterPlayMusic() - START");
+    const LogBlock block(p_.Log, "AfterPlayMusic()");
     p_.Log.LogText("Enabling common controls");
     EnableCommonControls(true);
     p_.Log.LogText("Disabling 'Stop playing'");
@@ -376,7 +357,6 @@ void PlaybackEngine::AfterPlayMusic() {
         p_.Log.LogText("SynchroForm.ShouldBeNotWaiting = TRUE, re-enabling 'Start Waiting' button");
         p_.Synchro.ReenableWaitButton();
     }
-    p_.Log.LogIndentDec("AfterPlayMusic() - END");
 }
 
 void PlaybackEngine::PlayRange(std::int32_t startPoint) {

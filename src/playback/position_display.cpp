@@ -19,14 +19,13 @@ void PositionDisplay::ShowEmpty() {
 }
 
 void PositionDisplay::WorkOutPlayPos(std::int32_t currentLine, double& position) {
-    log_.IndentInc("WorkOutPlayPos({}) - START", currentLine);
+    const LogBlock block(log_, "WorkOutPlayPos()", "WorkOutPlayPos({}) - START", currentLine);
     if (currentLine < 1) {
         log_.LogText("'CurrentLine < 1' section");
         if (list_.Count() == 0) {
             log_.LogText("'Item count = 0' section");
             position = -1;
             ShowEmpty();
-            log_.LogIndentDec("WorkOutPlayPos() - END");
             return;
         }
         log_.LogText("'Item count NOT = 0' section");
@@ -34,7 +33,6 @@ void PositionDisplay::WorkOutPlayPos(std::int32_t currentLine, double& position)
     }
     log_.LogText("Calculating play position by summing all line lengths");
     position = position_.SumBefore(currentLine);
-    log_.LogIndentDec("WorkOutPlayPos() - END");
 }
 
 void PositionDisplay::ShowPosition(double position) {

@@ -5,7 +5,7 @@
 #include <exception>
 
 #include "shell/numbers.h"
-#include "shell/scoped_flag.h"
+#include "shell/scoped.h"
 
 namespace quavix {
 namespace {
@@ -28,7 +28,8 @@ void ToneDispatcher::UniBeep(std::string& noteString, double durationMs, const T
 void ToneDispatcher::Sound(const Tone& asked) {
     const ScopedFlag sounding(sounding_);  // a click on a key in the middle of a tone sounds another one
     const ToneOptions& options = asked.Options;
-    log_.IndentInc(
+    const LogBlock block(
+        log_, "UniBeep()",
         "UniBeep(NOTESTRING:\"{}\", DURATION:{}, NOTEISFREQUENCY:{}, SPECIFICCONTINUOUS:{}, SPECIFICSTOP:{}, "
         "FMODNOWAIT:{}) - START",
         asked.Text, NumberText(asked.DurationMs), LogFlag(options.NoteIsFrequency),
@@ -39,9 +40,9 @@ void ToneDispatcher::Sound(const Tone& asked) {
 
     const bool noteOnSent = fields_.UseMIDIOut;
     if (noteOnSent) {
-        log_.LogIndentInc("UseMIDIOut section 1 START");
+        LogBlock section(log_, "", "UseMIDIOut section 1 START");
         outputs_.Midi.ToneStarts(tone);
-        log_.LogIndentDec("UseMIDIOut section 1 END");
+        section.Close("UseMIDIOut section 1 END");
     }
     const auto endMidiNote = [&] {
         if (fields_.UseMIDIOut && noteOnSent)
@@ -54,7 +55,6 @@ void ToneDispatcher::Sound(const Tone& asked) {
         throw;
     }
     endMidiNote();
-    log_.LogIndentDec("UniBeep() - END");
 }
 
 void ToneDispatcher::SoundOnOneOutput(const Tone& tone) {

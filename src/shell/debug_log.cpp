@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "shell/debug_log.h"
 
+#include "ports/message_boxes.h"
+#include "shell/file_access.h"
 #include "shell/numbers.h"
+#include "shell/program_info.h"
 #include "shell/runtime_error.h"
 
 namespace quavix {
@@ -40,6 +43,56 @@ void DebugLog::LogIndentDec(std::string_view textToLog) {
         return;
     LogText(fmt::format("{}\r\n", textToLog));
     logIndent_ = ToInt16(logIndent_ - 1.0);
+}
+
+LogBlock::~LogBlock() noexcept(false) {
+    if (!isOpen_)
+        return;
+    if (std::uncaught_exceptions() == errorsBefore_) {
+        Close();
+    } else if (closesOnError_) {
+        try {
+            Close();
+        } catch (const RuntimeError&) {
+            // The error that has left the block is the one to be told of.
+        }
+    }
+}
+
+void LogBlock::Close() {
+    if (log_.Enabled())
+        Close(fmt::format("{} - END", name_));
+}
+
+void LogBlock::Close(std::string_view text) {
+    isOpen_ = false;
+    log_.LogIndentDec(text);
+}
+
+void LogBlock::Abandon() {
+    isOpen_ = false;
+    log_.SetLogIndent(indentBefore_);
+}
+
+bool EnableDebugLogIfWanted(const std::string& programFolder, Files& files, MessageBoxes& boxes,
+                            DebugLog& log) {
+    if (!FileExists(FileInFolder(programFolder, "logenable"), files, log))
+        return false;
+    log.Enable();
+    boxes.Show({
+        .Title = "Debug logging is enabled",
+        .Text = fmt::format(
+            "Because there is a file called 'logenable' in the same folder as this program, the program will "
+            "make a log file which you can send to me ({}) in order to help me debug any problems.\r\n\r\n"
+            "Program performance might be decreased due to the additional CPU power required.\r\n"
+            "Navigating Explorer out of the program's folder can often help to speed things up.\r\n\r\n"
+            "Any existing 'debuglog.txt' will be appended to.\r\n\r\n"
+            "Please try to use playback as little as possible, because playback causes the log file to get "
+            "very big very quickly.",
+            program::ContactAddress),
+        .Icon = BoxIcon::Information,
+    });
+    return true;
 }
 
 }  // namespace quavix

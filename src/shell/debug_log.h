@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <exception>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -12,6 +13,8 @@
 #include "ports/files.h"
 
 namespace quavix {
+
+class MessageBoxes;
 
 /// Whether a log line joins the end of the previous one instead of starting its own.
 enum class NoNewLine : bool { No, Yes };
@@ -64,6 +67,47 @@ class DebugLog {
     bool enabled_ = false;
     std::int16_t logIndent_ = 0;
 };
+
+/// A block of lines in the log: "NAME - START" one level deeper, and "NAME - END" at the end of its scope. An
+/// error that leaves the scope writes no closing line, unless CloseOnError() was called; the depth is put
+/// right by the event boundary. Both lines raise the errors of the log, the closing one only where there is
+/// no other error.
+class LogBlock {
+  public:
+    /// `name` is a literal.
+    LogBlock(DebugLog& log, const char* name) : LogBlock(log, name, "{} - START", name) {}
+    /// The same with an opening line that tells more than the name.
+    template <typename... Args>
+    LogBlock(DebugLog& log, const char* name, fmt::format_string<Args...> start, Args&&... args)
+        : log_(log), name_(name), indentBefore_(log.LogIndent()) {
+        log_.IndentInc(start, std::forward<Args>(args)...);
+    }
+    ~LogBlock() noexcept(false);
+    LogBlock(const LogBlock&) = delete;
+    LogBlock& operator=(const LogBlock&) = delete;
+
+    /// Writes the closing line after an error too.
+    void CloseOnError() { closesOnError_ = true; }
+    /// Closes the block now, with another line than "NAME - END".
+    void Close(std::string_view text);
+    /// Ends the block now, without a closing line.
+    void Abandon();
+
+  private:
+    void Close();
+
+    DebugLog& log_;
+    const char* name_;
+    std::int16_t indentBefore_;
+    int errorsBefore_ = std::uncaught_exceptions();
+    bool isOpen_ = true;
+    bool closesOnError_ = false;
+};
+
+/// Turns the log on when the marker file "logenable" lies in the program's folder, and tells the user what
+/// that means. Returns true if it is on now. The first thing at start-up.
+bool EnableDebugLogIfWanted(const std::string& programFolder, Files& files, MessageBoxes& boxes,
+                            DebugLog& log);
 
 /// "TRUE" or "FALSE", as flags are written into the log.
 constexpr const char* LogFlag(bool flag) {

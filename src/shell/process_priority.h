@@ -21,7 +21,21 @@ inline constexpr const char* Unknown = "Unknown:";
 /// Sets the priority class of a process and returns the class read back, 0 when the process can't be opened
 /// at all. Process 0 stands for the owner of `window`, or for this process where the window is 0 too.
 /// Failures of the system calls are ignored.
-std::int32_t SetProcessPriority(Processes& processes, std::int32_t processId, std::intptr_t window,
-                                std::int32_t priorityClass);
+inline std::int32_t SetProcessPriority(Processes& processes, std::int32_t processId, std::intptr_t window,
+                                       std::int32_t priorityClass) {
+    if (processId == 0)
+        processId = window == 0 ? processes.CurrentProcessId() : processes.WindowProcessId(window);
+    ProcessHandle process =
+        processes.Open(Processes::SetInformation | Processes::QueryInformation, processId);
+    if (process != 0)
+        processes.SetPriorityClass(process, priorityClass);
+    else
+        process = processes.Open(Processes::QueryInformation, processId);
+    if (process == 0)
+        return 0;
+    const std::int32_t priorityClassNow = processes.GetPriorityClass(process);
+    processes.Close(process);
+    return priorityClassNow;
+}
 
 }  // namespace quavix

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "shell/wildcards.h"
+#include "shell/file_access.h"
 
 namespace quavix {
 

@@ -5,7 +5,7 @@
 
 #include <fmt/format.h>
 
-#include "shell/file_exists.h"
+#include "shell/file_access.h"
 
 namespace quavix {
 namespace {

@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "shell/program_info.h"
-#include "shell/scoped_flag.h"
+#include "shell/scoped.h"
 
 namespace quavix {
 SongDocument::SongDocument(SongDocumentParts parts) : p_(std::move(parts)) {

@@ -9,31 +9,17 @@
 #include "music/music_line_text.h"
 #include "music/text.h"
 #include "music/text_lines.h"
-#include "shell/file_exists.h"
+#include "shell/file_access.h"
 #include "shell/numbers.h"
 #include "shell/program_info.h"
 #include "shell/runtime_error.h"
+#include "shell/scoped.h"
 #include "songfile/file_text.h"
 #include "songfile/song_captions.h"
 #include "songfile/song_text.h"
 
 namespace quavix {
 namespace {
-
-/// The loading view is in its information mode for as long as this lives.
-class InformationMode {
-  public:
-    explicit InformationMode(LoadingView& view) : view_(view) {
-        view_.ShowHideInfoText(true);
-        view_.SetInfoText("Loading...");
-    }
-    ~InformationMode() { view_.ShowHideInfoText(false); }
-    InformationMode(const InformationMode&) = delete;
-    InformationMode& operator=(const InformationMode&) = delete;
-
-  private:
-    LoadingView& view_;
-};
 
 /// Whether a line begins with a lower-case word in any letter case.
 bool BeginsWith(std::string_view line, std::string_view word) {
@@ -62,24 +48,18 @@ LoadResult SongReader::LoadMusic() {
 }
 
 LoadResult SongReader::ActuallyLoadMusic(const std::string& fileToLoad) {
-    constexpr const char* End = "ActuallyLoadMusic() - END";
-    log_.IndentInc("ActuallyLoadMusic(\"{}\") - START", fileToLoad);
-    LoadResult loaded;
-    try {
-        loaded = LoadFile(fileToLoad);
-    } catch (...) {
-        log_.LogIndentDec(End);
-        throw;
-    }
-    log_.LogIndentDec(End);
-    return loaded;
+    LogBlock block(log_, "ActuallyLoadMusic()", "ActuallyLoadMusic(\"{}\") - START", fileToLoad);
+    block.CloseOnError();
+    return LoadFile(fileToLoad);
 }
 
 LoadResult SongReader::LoadFile(const std::string& fileName) {
     std::error_code error;
     auto file = files_.OpenForInput(fileName, error);
     RaiseFileError(error, fileName);
-    const InformationMode informing(view_);
+    view_.ShowHideInfoText(true);
+    const AtScopeEnd hide([this] { view_.ShowHideInfoText(false); });
+    view_.SetInfoText("Loading...");
     FileText reading(files_, view_, log_);
     std::optional<std::string> text = reading.Read(std::move(file), fileName);
     if (!text) {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "songfile/song_writer.h"
 
-#include "shell/file_exists.h"
+#include "shell/file_access.h"
 #include "shell/runtime_error.h"
 #include "songfile/song_captions.h"
 #include "songfile/song_format.h"
@@ -9,20 +9,8 @@
 namespace quavix {
 
 std::optional<std::string> SongWriter::SaveMusic() {
-    constexpr const char* End = "SaveMusic() - END";
-    std::optional<std::string> saved;
-    log_.LogIndentInc("SaveMusic() - START");
-    try {
-        saved = AskAndSave();
-    } catch (...) {
-        log_.LogIndentDec(End);
-        throw;
-    }
-    log_.LogIndentDec(End);
-    return saved;
-}
-
-std::optional<std::string> SongWriter::AskAndSave() {
+    LogBlock block(log_, "SaveMusic()");
+    block.CloseOnError();
     const std::string fileName = picker_.AskForSaveName({.Title = "Saving music and config",
                                                          .Filter = std::string(caption::SongFilter),
                                                          .PathMustExist = true});

@@ -34,7 +34,6 @@ class SongWriter {
     std::function<void()> OnSaved;
 
   private:
-    std::optional<std::string> AskAndSave();
     bool MayReplace(const std::string& fileName);
     void TellNotWritable(const std::string& fileName);
 

@@ -4,8 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "shell/event_boundary.h"
-#include "shell/file_exists.h"
-#include "shell/log_switch.h"
+#include "shell/file_access.h"
 #include "shell/runtime_error.h"
 #include "simulation/simulated_dialogs.h"
 #include "simulation/simulated_files.h"
@@ -189,6 +188,66 @@ TEST_F(DebugLogTest, AnErrorOfTheLogItselfIsStillShown) {
     EXPECT_FALSE(handlers.Run("handler", [&] { Log.LogText("x"); }));
     ASSERT_EQ(Boxes.Shown().size(), 1U);
     EXPECT_NE(Boxes.Shown().front().Text.find("'61'"), std::string::npos) << Boxes.Shown().front().Text;
+}
+
+TEST_F(DebugLogTest, ABlockHasAnOpeningAndAClosingLine) {
+    Log.Enable();
+    {
+        const LogBlock outer(Log, "A()");
+        const LogBlock inner(Log, "B()", "B({}) - START", 7);
+        Log.LogText("x");
+    }
+    EXPECT_EQ(Content(),
+              "9:05:07 -     A() - START\r\n9:05:07 -         B(7) - START\r\n9:05:07 -         x\r\n"
+              "9:05:07 -         B() - END\r\n\r\n9:05:07 -     A() - END\r\n\r\n");
+    EXPECT_EQ(Log.LogIndent(), 0);
+}
+
+TEST_F(DebugLogTest, ABlockClosesWithAnotherLineOrWithoutOne) {
+    Log.Enable();
+    {
+        LogBlock other(Log, "A()");
+        other.Close("B");
+        LogBlock none(Log, "C()");
+        none.Abandon();
+    }
+    EXPECT_EQ(Content(), "9:05:07 -     A() - START\r\n9:05:07 -     B\r\n\r\n9:05:07 -     C() - START\r\n");
+    EXPECT_EQ(Log.LogIndent(), 0);
+}
+
+TEST_F(DebugLogTest, AnErrorWritesAClosingLineOnlyWhereItIsAskedFor) {
+    Log.Enable();
+    const auto fail = [this](bool closes) {
+        LogBlock block(Log, "A()");
+        if (closes)
+            block.CloseOnError();
+        throw RuntimeError(RuntimeError::Overflow);
+    };
+    EXPECT_THROW(fail(false), RuntimeError);
+    EXPECT_EQ(Content(), "9:05:07 -     A() - START\r\n");
+    Log.SetLogIndent(0);
+    EXPECT_THROW(fail(true), RuntimeError);
+    EXPECT_EQ(Content(),
+              "9:05:07 -     A() - START\r\n9:05:07 -     A() - START\r\n9:05:07 -     A() - END\r\n\r\n");
+}
+
+TEST_F(DebugLogTest, ABlocksClosingLineThatCanNotBeWrittenIsAnErrorUnlessThereIsOneAlready) {
+    const auto errorOf = [this](const std::string& file, bool fails) {
+        DebugLog log(Disk, Time, file);
+        log.Enable();
+        try {
+            LogBlock block(log, "A()");
+            block.CloseOnError();
+            Disk.FailWriting(file, std::errc::no_space_on_device);
+            if (fails)
+                throw RuntimeError(RuntimeError::Overflow);
+        } catch (const RuntimeError& error) {
+            return error.Number();
+        }
+        return 0;
+    };
+    EXPECT_EQ(errorOf("/p/one.txt", false), RuntimeError::DiskFull);
+    EXPECT_EQ(errorOf("/p/other.txt", true), RuntimeError::Overflow);
 }
 
 }  // namespace

@@ -12,7 +12,7 @@
 #include "platform/posix/file_descriptor.h"
 #include "platform/posix/lock_file.h"
 #include "platform/posix/replaced_file.h"
-#include "shell/wildcards.h"
+#include "shell/file_access.h"
 
 namespace quavix {
 namespace {

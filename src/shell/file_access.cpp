@@ -1,7 +1,22 @@
 // SPDX-License-Identifier: MIT
-#include "shell/wildcards.h"
+#include "shell/file_access.h"
+
+#include <array>
+#include <filesystem>
 
 namespace quavix {
+
+bool FileExists(const std::string& fileName, Files& files, DebugLog& log) {
+    if (fileName.empty() || fileName.ends_with('\\') || fileName.ends_with('/'))
+        return false;
+    const bool exists = files.FindsNormalFile(fileName);
+    log.Text("FileExists(\"{}\") = {}", fileName, LogFlag(exists));
+    return exists;
+}
+
+std::string FileInFolder(const std::string& folder, const std::string& name) {
+    return (std::filesystem::path(folder) / name).string();
+}
 
 bool MatchesWildcards(std::string_view name, std::string_view pattern) {
     constexpr auto None = std::string_view::npos;
@@ -27,6 +42,18 @@ bool MatchesWildcards(std::string_view name, std::string_view pattern) {
     while (p < pattern.size() && pattern[p] == '*')
         ++p;
     return p == pattern.size();
+}
+
+std::string WholeText(Files& files, const std::string& fileName) {
+    std::error_code error;
+    const auto file = files.OpenForInput(fileName, error);
+    if (!file)
+        return {};
+    std::string text;
+    std::array<char, 8192> block{};
+    while (const std::size_t read = file->Read(block, error))
+        text.append(block.data(), read);
+    return error ? std::string() : text;
 }
 
 }  // namespace quavix
