@@ -40,7 +40,7 @@ void Step(benchmark::State& state) {
     FmodErrors errors(boxes, log);
     FmodEngine engine(library, errors, log);
     Waiting wait(time, time);
-    FmodToneGenerator generator({fields, engine, library, errors, wait, handlers, log, {}});
+    FmodToneGenerator generator({fields, engine, library, errors, wait, log, {}});
     HeldNoteCycler cycler(fields, tones, generator);
     Form form(handlers);
     form.AutoTimeCheck = true;

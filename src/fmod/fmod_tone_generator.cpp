@@ -14,10 +14,7 @@ constexpr double ReferenceRate = 4000;
 }  // namespace
 
 FmodToneGenerator::FmodToneGenerator(FmodToneParts parts)
-    : p_(std::move(parts)), referenceRate_(ReferenceRate) {
-    p_.Fields.UseFMODCheck.Watch(
-        [this](bool) { p_.Handlers.Run("UseFMODCheck_Click", [this] { UseFMODCheck_Click(); }); });
-}
+    : p_(std::move(parts)), referenceRate_(ReferenceRate) {}
 
 void FmodToneGenerator::Sound(const Tone& tone) {
     const bool mustStop = tone.Options.NoteIsFrequency || tone.Options.SpecificStop;
@@ -63,17 +60,6 @@ void FmodToneGenerator::ChangeDSPType(std::int32_t newDspType) {
     p_.Errors.ERRCHECK(p_.Library.FMOD_DSP_SetParameter(
         p_.Engine.Oscillator(), fmod_parameter::OscillatorType, static_cast<float>(newDspType)));
     DSPType = newDspType;
-}
-
-void FmodToneGenerator::UseFMODCheck_Click() {
-    if (p_.Fields.UseFMODCheck) {
-        p_.Fields.UseFMOD = true;
-        FMODOptionsFormVisible = true;
-    } else {
-        FMODBeepStop();
-        p_.Fields.UseFMOD = false;
-        FMODOptionsFormVisible = false;
-    }
 }
 
 void FmodToneGenerator::SetPaused(bool paused) {

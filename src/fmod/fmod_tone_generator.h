@@ -8,7 +8,6 @@
 #include "fmod/fmod_engine.h"
 #include "music/main_fields.h"
 #include "music/tone.h"
-#include "shell/event_boundary.h"
 #include "shell/waiting.h"
 
 namespace quavix {
@@ -20,14 +19,13 @@ struct FmodToneParts {
     SoundLibrary& Library;
     FmodErrors& Errors;
     Waiting& Wait;
-    EventBoundary& Handlers;
     DebugLog& Log;
     /// Sends a command to the motor controller.
     std::function<void(const std::string& text)> SendString;
 };
 
 /// Makes tones on the sound card: the engine's channel is set to the tone's pitch and un-paused, and paused
-/// for silence. Watches the check box "Use FMOD".
+/// for silence.
 class FmodToneGenerator final : public ToneOutput {
   public:
     explicit FmodToneGenerator(FmodToneParts parts);
@@ -49,11 +47,8 @@ class FmodToneGenerator final : public ToneOutput {
 
     /// The waveform that was chosen last.
     Watched<std::int32_t> DSPType{fmod_waveform::Square};
-    /// The options window is shown while FMOD is in use.
-    Watched<bool> FMODOptionsFormVisible;
 
   private:
-    void UseFMODCheck_Click();
     void SetPaused(bool paused);
 
     FmodToneParts p_;

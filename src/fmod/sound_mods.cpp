@@ -14,11 +14,10 @@ constexpr const char* LibraryFile = "FMODex.dll";
 SoundMods::SoundMods(const SoundModsParts& parts)
     : Errors(parts.Boxes, parts.Log),
       Engine(parts.Library, Errors, parts.Log),
-      Generator({parts.Fields, Engine, parts.Library, Errors, parts.Wait, parts.Handlers, parts.Log,
-                 parts.SendString}),
-      Options(parts.Fields, parts.Handlers),
+      Generator({parts.Fields, Engine, parts.Library, Errors, parts.Wait, parts.Log, parts.SendString}),
+      UseFmod(parts.Fields, Generator, parts.Handlers),
       Singer({parts.Library, Errors, parts.Ticks, parts.Random, parts.Handlers, parts.Log}),
-      Controls(parts.Fields, Singer, Errors, parts.Handlers),
+      UseVoice(parts.Fields, Singer, Errors, parts.Handlers),
       p_(parts) {}
 
 void SoundMods::CheckAvailability(const std::string& programFolder) {

@@ -6,9 +6,9 @@
 
 #include "fmod/fmod_engine.h"
 #include "fmod/fmod_errors.h"
-#include "fmod/fmod_options.h"
 #include "fmod/fmod_tone_generator.h"
-#include "fmod/voice_controls.h"
+#include "fmod/use_fmod.h"
+#include "fmod/use_voice.h"
 #include "fmod/voice_main_form.h"
 #include "music/main_fields.h"
 #include "ports/files.h"
@@ -52,9 +52,9 @@ class SoundMods {
     FmodErrors Errors;
     FmodEngine Engine;
     FmodToneGenerator Generator;
-    FmodOptions Options;
+    quavix::UseFmod UseFmod;
     VoiceMainForm Singer;
-    VoiceControls Controls;
+    quavix::UseVoice UseVoice;
 
   private:
     SoundModsParts p_;

@@ -1,4 +1,11 @@
 // SPDX-License-Identifier: MIT
+// How the voice is put together in the sound library:
+//
+// saw   -> SawChannel   -+
+//                        +-> CutoffDSP -> four formants, summed -> VoiceChannel -+-> FinalChannel
+// noise -> NoiseChannel -+                                                       |
+//                                                                                |
+// sibilance -> four filters, one after the other -> SybChannel ------------------+
 #include "fmod/voice_main_form.h"
 
 #include <exception>
@@ -10,12 +17,130 @@
 namespace quavix {
 namespace {
 
+// Sixteen channels, of which three are used.
+constexpr std::int32_t Channels = 16;
+
+constexpr double FormantBandwidthOctaves = 1;
+constexpr double StartCutoff = 6000;
+constexpr double StartResonance = 10;
+constexpr double StartSawFrequency = 120;
+
+constexpr float StartSawVolume = 0.15F;
+constexpr float StartNoiseVolume = 0.02F;
+constexpr float StartVoiceVolume = 0.1F;
+constexpr float StartSybVolume = 0.1F;
+
 void CheckIndex(std::size_t formantIndex) {
     if (formantIndex >= FormantCount)
         throw RuntimeError(RuntimeError::SubscriptOutOfRange);
 }
 
 }  // namespace
+
+void VoiceMainForm::Load(const FmodOutput& output) {
+    if (isLoaded_)
+        return;
+    isLoaded_ = true;
+    CreateSystem(output);
+    SoundGroup* master = nullptr;
+    Check(p_.Library.FMOD_System_GetMasterChannelGroup(voiceSystem_, &master));
+    finalChannel_ = CreateGroup("FinalChannel");
+    Check(p_.Library.FMOD_ChannelGroup_AddGroup(master, finalChannel_));
+    CreateFormants();
+    CreateSources();
+    CreateSibilance();
+}
+
+void VoiceMainForm::CreateSystem(const FmodOutput& output) {
+    constexpr std::uint32_t NormalFlags = 0;
+    Check(p_.Library.FMOD_System_Create(&voiceSystem_));
+    std::uint32_t version = 0;
+    Check(p_.Library.FMOD_System_GetVersion(voiceSystem_, &version));
+    p_.Errors.RequireVersion(version, "version");
+    // The first one is dropped; it costs nothing until it is initialised.
+    Check(p_.Library.FMOD_System_Create(&voiceSystem_));
+    Check(p_.Library.FMOD_System_SetSoftwareChannels(voiceSystem_, Channels));
+    if (output.Output != FmodOutput::BestDevice)
+        Check(p_.Library.FMOD_System_SetOutput(voiceSystem_, output.Output));
+    Check(p_.Library.FMOD_System_Init(voiceSystem_, Channels, NormalFlags,
+                                      output.FileName.empty() ? nullptr : output.FileName.c_str()));
+}
+
+void VoiceMainForm::CreateFormants() {
+    for (SoundUnit*& formant : formants_) {
+        formant = CreateUnit(fmod_unit::Equaliser);
+        SetParameter(formant, fmod_parameter::EqualiserBandwidth, FormantBandwidthOctaves);
+    }
+    voiceChannel_ = CreateGroup("VoiceChannel");
+    for (SoundUnit* formant : formants_)
+        Check(p_.Library.FMOD_ChannelGroup_AddDSP(voiceChannel_, formant));
+    Check(p_.Library.FMOD_ChannelGroup_AddGroup(finalChannel_, voiceChannel_));
+
+    cutoffDsp_ = CreateUnit(fmod_unit::LowPass);
+    for (SoundUnit* formant : formants_)
+        Check(p_.Library.FMOD_DSP_AddInput(formant, cutoffDsp_));
+    SetParameter(cutoffDsp_, fmod_parameter::LowPassCutoff, StartCutoff);
+    SetParameter(cutoffDsp_, fmod_parameter::LowPassResonance, StartResonance);
+    Check(p_.Library.FMOD_DSP_SetBypass(cutoffDsp_, true));
+    Check(p_.Library.FMOD_ChannelGroup_AddDSP(voiceChannel_, cutoffDsp_));
+}
+
+void VoiceMainForm::CreateSources() {
+    sawChannel_ = CreateGroup("SawChannel");
+    noiseChannel_ = CreateGroup("NoiseChannel");
+    Check(p_.Library.FMOD_ChannelGroup_AddGroup(voiceChannel_, sawChannel_));
+    Check(p_.Library.FMOD_ChannelGroup_AddGroup(voiceChannel_, noiseChannel_));
+    saw_ = CreateUnit(fmod_unit::Oscillator);
+    noise_ = CreateUnit(fmod_unit::Oscillator);
+    SetParameter(saw_, fmod_parameter::OscillatorRate, StartSawFrequency);
+    sawPlays_ = PlayPaused(saw_);
+    noisePlays_ = PlayPaused(noise_);
+    Check(p_.Library.FMOD_Channel_SetChannelGroup(sawPlays_, sawChannel_));
+    Check(p_.Library.FMOD_Channel_SetChannelGroup(noisePlays_, noiseChannel_));
+    Check(p_.Library.FMOD_ChannelGroup_SetVolume(sawChannel_, StartSawVolume));
+    Check(p_.Library.FMOD_ChannelGroup_SetVolume(noiseChannel_, StartNoiseVolume));
+    SetParameter(saw_, fmod_parameter::OscillatorType, fmod_waveform::FallingSaw);
+    SetParameter(noise_, fmod_parameter::OscillatorType, fmod_waveform::Noise);
+    Check(p_.Library.FMOD_ChannelGroup_SetVolume(voiceChannel_, StartVoiceVolume));
+}
+
+void VoiceMainForm::CreateSibilance() {
+    constexpr std::size_t SybFilters = 4;
+    sybChannel_ = CreateGroup("SybChannel");
+    std::array<SoundUnit*, SybFilters> filters{};
+    for (SoundUnit*& filter : filters)
+        filter = CreateUnit(fmod_unit::Equaliser);
+    Check(p_.Library.FMOD_ChannelGroup_AddDSP(sybChannel_, filters[0]));
+    for (std::size_t i = 1; i < SybFilters; ++i)
+        Check(p_.Library.FMOD_DSP_AddInput(filters[i], filters[i - 1]));
+    Check(p_.Library.FMOD_ChannelGroup_AddGroup(finalChannel_, sybChannel_));
+    sybNoiseDsp_ = CreateUnit(fmod_unit::Oscillator);
+    Check(p_.Library.FMOD_Channel_SetChannelGroup(PlayPaused(sybNoiseDsp_), sybChannel_));
+    Check(p_.Library.FMOD_ChannelGroup_SetVolume(sybChannel_, StartSybVolume));
+    SetParameter(sybNoiseDsp_, fmod_parameter::OscillatorType, fmod_waveform::Triangle);
+}
+
+SoundUnit* VoiceMainForm::CreateUnit(std::int32_t type) {
+    SoundUnit* unit = nullptr;
+    Check(p_.Library.FMOD_System_CreateDSPByType(voiceSystem_, type, &unit));
+    return unit;
+}
+
+SoundGroup* VoiceMainForm::CreateGroup(const char* name) {
+    SoundGroup* group = nullptr;
+    Check(p_.Library.FMOD_System_CreateChannelGroup(voiceSystem_, name, &group));
+    return group;
+}
+
+SoundChannel* VoiceMainForm::PlayPaused(SoundUnit* unit) {
+    SoundChannel* channel = nullptr;
+    Check(p_.Library.FMOD_System_PlayDSP(voiceSystem_, FmodChannelReuse, unit, true, &channel));
+    return channel;
+}
+
+bool VoiceMainForm::SetParameter(SoundUnit* unit, std::int32_t index, double value) {
+    return Check(p_.Library.FMOD_DSP_SetParameter(unit, index, static_cast<float>(value)));
+}
 
 void VoiceMainForm::StartSources() {
     constexpr double StartFrequency = 100;

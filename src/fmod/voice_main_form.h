@@ -6,7 +6,7 @@
 #include <optional>
 
 #include "fmod/fmod_engine.h"
-#include "fmod/vowels.h"
+#include "fmod/voice_parameters.h"
 #include "ports/random_numbers.h"
 #include "ports/timers.h"
 #include "shell/event_boundary.h"

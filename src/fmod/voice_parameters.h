@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
 
 #include "music/parameters.h"
@@ -23,3 +25,27 @@ inline constexpr Parameter FormantFreq{1000, 100, 5000};
 inline constexpr Parameter FormantVol{100, 0, 100};
 
 }  // namespace quavix::parameter
+
+namespace quavix {
+
+/// How many formants the voice has: the bands of a voice's sound that make its vowel.
+inline constexpr std::size_t FormantCount = 4;
+
+/// A formant: its frequency in Hz, and its volume, 0 to 100.
+struct Formant {
+    std::int32_t Frequency;
+    std::int32_t Volume;
+};
+
+using Vowel = std::array<Formant, FormantCount>;
+
+/// What the vowel buttons set.
+namespace vowel {
+inline constexpr Vowel A{{{1180, 92}, {1675, 100}, {2558, 90}, {3355, 60}}};
+inline constexpr Vowel E{{{814, 98}, {1934, 100}, {2623, 96}, {3829, 65}}};
+inline constexpr Vowel I{{{426, 65}, {2537, 94}, {2989, 80}, {4001, 70}}};
+inline constexpr Vowel O{{{900, 88}, {1158, 88}, {2258, 87}, {3355, 60}}};
+inline constexpr Vowel U{{{512, 55}, {2020, 90}, {2429, 90}, {3742, 70}}};
+}  // namespace vowel
+
+}  // namespace quavix

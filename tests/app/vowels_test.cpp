@@ -43,10 +43,10 @@ std::vector<float> Sing(const Vowel& vowel) {
     EngineRecording engine(library, time);
     mods.Singer.Load(engine.Output());
     engine.Begin(mods.Singer.VoiceSystem());
-    mods.Controls.NoiseVolSlider = 0;
-    mods.Controls.FormantRandomFreqSlider = 0;
+    mods.UseVoice.NoiseVolSlider = 0;
+    mods.UseVoice.FormantRandomFreqSlider = 0;
     fields.UseVoiceCheck = true;
-    mods.Controls.SpeechButton_Click(vowel);
+    mods.UseVoice.SpeechButton_Click(vowel);
     mods.Singer.ChangeVoiceVol(0.3);
     for (int ms = 10; ms <= 1300; ms += 10) {
         time.RunUntil(ms);

@@ -119,36 +119,5 @@ TEST_F(ToneGeneratorTest, EachWaveformHasItsRate) {
     }
 }
 
-TEST_F(ToneGeneratorTest, TickingTheCheckBoxRoutesTonesToItAndShowsItsOptions) {
-    Fields.UseFMODCheck = true;
-    EXPECT_TRUE(Fields.UseFMOD);
-    EXPECT_TRUE(Generator.FMODOptionsFormVisible);
-    std::string note = "A4";
-    P.App.Outputs.ToneDispatcher.UniBeep(note, 100);
-    EXPECT_EQ(P.Timeline.Text("speaker"), "");
-    EXPECT_EQ(P.Timeline.Text("fmod FMOD_Channel_SetFrequency"),
-              "0.0000 fmod FMOD_Channel_SetFrequency(channel1, 5277.888)\n");
-    P.Timeline.Clear();
-    Fields.UseFMODCheck = false;
-    EXPECT_EQ(P.Timeline.Text(), "0.1000 fmod FMOD_Channel_SetPaused(channel1, 1)\n");
-    EXPECT_FALSE(Fields.UseFMOD);
-    EXPECT_FALSE(Generator.FMODOptionsFormVisible);
-    P.App.Outputs.ToneDispatcher.UniBeep(note, 100);
-    EXPECT_EQ(P.Timeline.Text("speaker"), "0.1000 speaker 440 Hz 100 ms\n");
-}
-
-TEST_F(ToneGeneratorTest, WithNeverSilentTonesOfASongAreNotPausedBetween) {
-    P.SetSong({"1/8 C4 - -", "1/8 E4 - -", "1/8 - - -"});
-    Fields.UseFMODCheck = true;
-    P.App.Outputs.SoundMods.Options.NeverSilentCheck = true;
-    P.Timeline.Clear();
-    P.Time.At(600, [this] { P.App.Playing.PlaybackEngine.StopPlayButton_Click(); });
-    P.App.Playing.PlaybackEngine.PlayAllButton_Click();
-    const std::string calls = P.Timeline.Text("fmod FMOD_Channel_SetPaused");
-    // Two notes that follow each other, then the rest.
-    EXPECT_EQ(calls.find("channel1, 1)"), calls.find("(channel1, 1)") + 1);
-    EXPECT_LT(calls.rfind("channel1, 0)"), calls.find("channel1, 1)"));
-}
-
 }  // namespace
 }  // namespace quavix

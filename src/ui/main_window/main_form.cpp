@@ -157,8 +157,8 @@ void MainForm::AddModWindows() {
     SoundMods& sound = program_.Outputs.SoundMods;
     MidiOutput& midiOut = program_.Outputs.MidiOutput;
     Playing& playing = program_.Playing;
-    MakeWhenTicked<FMODOptionsForm>(this, sound.Generator.FMODOptionsFormVisible, fields, sound, handlers);
-    MakeWhenTicked<VoiceInternalForm>(this, sound.Controls.VoiceInternalFormVisible, fields, sound, handlers);
+    MakeWhenTicked<FMODOptionsForm>(this, sound.UseFmod.FMODOptionsFormVisible, fields, sound, handlers);
+    MakeWhenTicked<VoiceInternalForm>(this, sound.UseVoice.VoiceInternalFormVisible, fields, sound, handlers);
     MakeWhenTicked<MIDIOutForm>(this, midiOut.Fields.MIDIOutFormVisible, fields, midiOut, handlers);
     MakeWhenTicked<MIDIInForm>(this, playing.MidiInput.MIDIInFormVisible, fields, playing.MidiInput,
                                handlers);

@@ -13,9 +13,8 @@
 #include "program/program_ports.h"
 #include "program/song_editing.h"
 #include "program/song_storage.h"
-#include "shell/file_exists.h"
+#include "shell/file_access.h"
 #include "shell/program_info.h"
-#include "shell/whole_text.h"
 #include "ui/dialogs/manual_form.h"
 #include "ui/widgets/binding.h"
 

@@ -10,7 +10,7 @@ namespace quavix {
 
 FMODOptionsForm::FMODOptionsForm(MainFields& fields, SoundMods& sound, EventBoundary& handlers,
                                  QWidget* owner)
-    : ModWindow(sound.Generator.FMODOptionsFormVisible, fields.UseFMODCheck, handlers, owner),
+    : ModWindow(sound.UseFmod.FMODOptionsFormVisible, fields.UseFMODCheck, handlers, owner),
       ui_(std::make_unique<Ui::FMODOptionsForm>()) {
     ui_->setupUi(this);
     FmodToneGenerator& generator = sound.Generator;
@@ -29,7 +29,7 @@ FMODOptionsForm::FMODOptionsForm(MainFields& fields, SoundMods& sound, EventBoun
                         RunHandler(*option, "Click", handlers, [&] { generator.ChangeDSPType(own); });
                 });
     }
-    BindCheck(ui_->NeverSilentCheck, sound.Options.NeverSilentCheck, handlers);
+    BindCheck(ui_->NeverSilentCheck, sound.UseFmod.NeverSilentCheck, handlers);
 }
 
 FMODOptionsForm::~FMODOptionsForm() = default;

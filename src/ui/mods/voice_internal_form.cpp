@@ -13,9 +13,9 @@ namespace quavix {
 
 VoiceInternalForm::VoiceInternalForm(MainFields& fields, SoundMods& sound, EventBoundary& handlers,
                                      QWidget* owner)
-    : ModWindow(sound.Controls.VoiceInternalFormVisible, fields.UseVoiceCheck, handlers, owner),
+    : ModWindow(sound.UseVoice.VoiceInternalFormVisible, fields.UseVoiceCheck, handlers, owner),
       fields_(fields),
-      controls_(sound.Controls),
+      controls_(sound.UseVoice),
       handlers_(handlers),
       ui_(std::make_unique<Ui::VoiceInternalForm>()) {
     ui_->setupUi(this);

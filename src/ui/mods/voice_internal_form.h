@@ -33,7 +33,7 @@ class VoiceInternalForm : public ModWindow {
     void BindVowels();
 
     MainFields& fields_;
-    VoiceControls& controls_;
+    UseVoice& controls_;
     EventBoundary& handlers_;
     std::unique_ptr<Ui::VoiceInternalForm> ui_;
 };

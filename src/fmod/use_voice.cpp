@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "fmod/voice_controls.h"
+#include "fmod/use_voice.h"
 
 #include <fmt/format.h>
 
@@ -34,8 +34,7 @@ void Describe(Watched<std::int32_t>& slider, Watched<std::string>& label, Text t
 
 }  // namespace
 
-VoiceControls::VoiceControls(MainFields& fields, VoiceMainForm& voice, FmodErrors& errors,
-                             EventBoundary& handlers)
+UseVoice::UseVoice(MainFields& fields, VoiceMainForm& voice, FmodErrors& errors, EventBoundary& handlers)
     : fields_(fields), voice_(voice), errors_(errors), handlers_(handlers) {
     for (std::size_t i = 0; i < FormantCount; ++i) {
         FormantDSPFreqSlider[i] = vowel::A[i].Frequency;
@@ -59,7 +58,7 @@ VoiceControls::VoiceControls(MainFields& fields, VoiceMainForm& voice, FmodError
         [this](bool) { handlers_.Run("UseVoiceCheck_Click", [this] { UseVoiceCheck_Click(); }); });
 }
 
-void VoiceControls::WatchSliders() {
+void UseVoice::WatchSliders() {
     FormantTimbreSlider.Watch([this](std::int32_t thousandths) { voice_.FormantTimbre = thousandths; });
     FormantRandomFreqSlider.Watch([this](std::int32_t hertz) { voice_.MaxRandomFormantFreq = hertz; });
     SawVolSlider.Watch([this](std::int32_t volume) {
@@ -81,7 +80,7 @@ void VoiceControls::WatchSliders() {
 }
 
 /// A slider that only follows what was set changes nothing.
-void VoiceControls::WatchFormantSliders() {
+void UseVoice::WatchFormantSliders() {
     for (std::size_t i = 0; i < FormantCount; ++i) {
         FormantDSPFreqSlider[i].Watch([this, i](std::int32_t frequency) {
             if (voice_.IsLoaded() && frequency != voice_.FormantFreq(i))
@@ -94,7 +93,7 @@ void VoiceControls::WatchFormantSliders() {
     }
 }
 
-void VoiceControls::UseVoiceCheck_Click() {
+void UseVoice::UseVoiceCheck_Click() {
     if (fields_.UseVoiceCheck) {
         errors_.ShowTogether([this] {
             voice_.Load();
@@ -109,7 +108,7 @@ void VoiceControls::UseVoiceCheck_Click() {
     }
 }
 
-void VoiceControls::StartVoice() {
+void UseVoice::StartVoice() {
     voice_.StartSources();
     voice_.ChangeSawVol(VolumeOf(SawVolSlider));
     voice_.ChangeNoiseVol(VolumeOf(NoiseVolSlider));
@@ -118,16 +117,16 @@ void VoiceControls::StartVoice() {
     ApplyFormantSliders();
 }
 
-void VoiceControls::ApplyCutoffSlider() {
+void UseVoice::ApplyCutoffSlider() {
     voice_.ChangeCutoffFreq(CutoffFreqSlider);
 }
 
-void VoiceControls::ApplyFormantSliders() {
+void UseVoice::ApplyFormantSliders() {
     for (std::size_t i = 0; i < FormantCount; ++i)
         voice_.ChangeFormantFreqVol(i, FormantDSPFreqSlider[i], FormantDSPVolSlider[i], true);
 }
 
-void VoiceControls::SpeechButton_Click(const Vowel& vowel) {
+void UseVoice::SpeechButton_Click(const Vowel& vowel) {
     for (std::size_t i = 0; i < FormantCount; ++i)
         voice_.ChangeFormantFreqVol(i, vowel[i].Frequency, vowel[i].Volume, true);
     // The second time for sliders that moving the first ones has moved.
@@ -135,7 +134,7 @@ void VoiceControls::SpeechButton_Click(const Vowel& vowel) {
     UpdateFormantSliders();
 }
 
-void VoiceControls::UpdateFormantSliders() {
+void UseVoice::UpdateFormantSliders() {
     for (std::size_t i = 0; i < FormantCount; ++i) {
         FormantDSPFreqSlider[i] = static_cast<std::int32_t>(voice_.FormantFreq(i));
         FormantDSPVolSlider[i] = voice_.FormantVol(i);

@@ -1,18 +1,27 @@
 // SPDX-License-Identifier: MIT
-#include "fmod/fmod_options.h"
+#include "fmod/use_fmod.h"
 
 #include "shell/scoped.h"
 
 namespace quavix {
 
-FmodOptions::FmodOptions(MainFields& fields, EventBoundary& handlers)
-    : fields_(fields), handlers_(handlers), previousRatio_(fields.NoteSilenceRatio) {
+UseFmod::UseFmod(MainFields& fields, FmodToneGenerator& generator, EventBoundary& handlers)
+    : fields_(fields), generator_(generator), handlers_(handlers), previousRatio_(fields.NoteSilenceRatio) {
+    fields_.UseFMODCheck.Watch(
+        [this](bool) { handlers_.Run("UseFMODCheck_Click", [this] { UseFMODCheck_Click(); }); });
     NeverSilentCheck.Watch(
         [this](bool) { handlers_.Run("NeverSilentCheck_Click", [this] { NeverSilentCheck_Click(); }); });
     fields_.NoteSilenceRatio.State().Watch([this](const SettingState&) { NoteSilenceRatioSlider_Change(); });
 }
 
-void FmodOptions::NeverSilentCheck_Click() {
+void UseFmod::UseFMODCheck_Click() {
+    if (!fields_.UseFMODCheck)
+        generator_.FMODBeepStop();
+    fields_.UseFMOD = fields_.UseFMODCheck;
+    FMODOptionsFormVisible = fields_.UseFMODCheck.Get();
+}
+
+void UseFmod::NeverSilentCheck_Click() {
     const ScopedFlag manuallySetting(manuallySettingCheck_);
     fields_.DoNotShutUpFMOD = NeverSilentCheck;
     if (NeverSilentCheck) {
@@ -24,7 +33,7 @@ void FmodOptions::NeverSilentCheck_Click() {
     }
 }
 
-void FmodOptions::NoteSilenceRatioSlider_Change() {
+void UseFmod::NoteSilenceRatioSlider_Change() {
     if (NeverSilentCheck && !manuallySettingCheck_)
         ratioManuallyChanged_ = true;
 }

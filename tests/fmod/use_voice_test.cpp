@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "fmod/voice_controls.h"
+#include "fmod/use_voice.h"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +8,7 @@
 namespace quavix {
 namespace {
 
-class VoiceControlsTest : public testing::Test {
+class UseVoiceTest : public testing::Test {
   protected:
     /// The calls since the last time, without their times.
     std::string Calls() {
@@ -24,7 +24,7 @@ class VoiceControlsTest : public testing::Test {
     }
 
     test::SimulatedProgram P;
-    VoiceControls& Controls = P.App.Outputs.SoundMods.Controls;
+    UseVoice& Controls = P.App.Outputs.SoundMods.UseVoice;
 };
 
 /// What the four formants are set to.
@@ -38,7 +38,7 @@ std::string FormantCalls(const Vowel& vowel) {
     return calls;
 }
 
-TEST_F(VoiceControlsTest, TickingTheCheckBoxStartsTheVoiceSilently) {
+TEST_F(UseVoiceTest, TickingTheCheckBoxStartsTheVoiceSilently) {
     P.App.Fields.VoiceVolSlider = 2500;
     P.App.Fields.UseVoiceCheck = true;
     const std::string calls = Calls();
@@ -56,7 +56,7 @@ TEST_F(VoiceControlsTest, TickingTheCheckBoxStartsTheVoiceSilently) {
     EXPECT_TRUE(Controls.VoiceInternalFormVisible);
 }
 
-TEST_F(VoiceControlsTest, UntickingSilencesItAndTickingAgainUsesTheSameEngine) {
+TEST_F(UseVoiceTest, UntickingSilencesItAndTickingAgainUsesTheSameEngine) {
     Tick();
     P.App.Fields.UseVoiceCheck = false;
     EXPECT_EQ(Calls(), "FMOD_ChannelGroup_SetVolume(VoiceChannel1, 0)\n");
@@ -69,12 +69,12 @@ TEST_F(VoiceControlsTest, UntickingSilencesItAndTickingAgainUsesTheSameEngine) {
     EXPECT_TRUE(Controls.VoiceInternalFormVisible);
 }
 
-TEST_F(VoiceControlsTest, ItsVolumeIsAudibleFromTheStart) {
+TEST_F(UseVoiceTest, ItsVolumeIsAudibleFromTheStart) {
     EXPECT_GT(P.App.Fields.VoiceVolSlider, 0);
     EXPECT_EQ(P.App.Fields.VoiceVolSlider, parameter::VoiceVol.Default);
 }
 
-TEST_F(VoiceControlsTest, SlidersChangeTheVoiceAtOnce) {
+TEST_F(UseVoiceTest, SlidersChangeTheVoiceAtOnce) {
     Tick();
     Controls.SawVolSlider = 5000;
     Controls.NoiseVolSlider = 2500;
@@ -93,7 +93,7 @@ TEST_F(VoiceControlsTest, SlidersChangeTheVoiceAtOnce) {
               "FMOD_DSP_SetParameter(unit4, 2, 3.5)\n");
 }
 
-TEST_F(VoiceControlsTest, TimbreAndRandomMovementAreHeardFromTheNextTick) {
+TEST_F(UseVoiceTest, TimbreAndRandomMovementAreHeardFromTheNextTick) {
     Tick();
     Controls.FormantTimbreSlider = 100;
     Controls.FormantRandomFreqSlider = 0;
@@ -103,7 +103,7 @@ TEST_F(VoiceControlsTest, TimbreAndRandomMovementAreHeardFromTheNextTick) {
               "0.0500 fmod FMOD_DSP_SetParameter(unit1, 0, 1298)\n");
 }
 
-TEST_F(VoiceControlsTest, SlidersMovedBeforehandTakeEffectAtTheStart) {
+TEST_F(UseVoiceTest, SlidersMovedBeforehandTakeEffectAtTheStart) {
     Controls.SawVolSlider = 4000;
     Controls.FormantDSPFreqSlider[0] = 700;
     Controls.CutoffFreqSlider = 5000;
@@ -116,7 +116,7 @@ TEST_F(VoiceControlsTest, SlidersMovedBeforehandTakeEffectAtTheStart) {
     EXPECT_NE(calls.find("FMOD_DSP_SetParameter(unit1, 0, 630)\n"), std::string::npos);
 }
 
-TEST_F(VoiceControlsTest, VowelButtonsSetAllFormantsAndTheSlidersFollow) {
+TEST_F(UseVoiceTest, VowelButtonsSetAllFormantsAndTheSlidersFollow) {
     Tick();
     for (const Vowel& vowel : {vowel::E, vowel::I, vowel::O, vowel::U, vowel::A}) {
         Controls.SpeechButton_Click(vowel);
@@ -130,7 +130,7 @@ TEST_F(VoiceControlsTest, VowelButtonsSetAllFormantsAndTheSlidersFollow) {
     EXPECT_EQ(Controls.FormantDSPVolSlider[1], 100);
 }
 
-TEST_F(VoiceControlsTest, TheTimbreShiftsVowelsButNotTheirSliders) {
+TEST_F(UseVoiceTest, TheTimbreShiftsVowelsButNotTheirSliders) {
     Tick();
     Controls.FormantTimbreSlider = 100;
     Controls.SpeechButton_Click(vowel::U);
@@ -138,7 +138,7 @@ TEST_F(VoiceControlsTest, TheTimbreShiftsVowelsButNotTheirSliders) {
     EXPECT_EQ(Controls.FormantDSPFreqSlider[1], 2020);
 }
 
-TEST_F(VoiceControlsTest, VowelsAreThese) {
+TEST_F(UseVoiceTest, VowelsAreThese) {
     const auto text = [](const Vowel& vowel) {
         std::string formants;
         for (const Formant& formant : vowel)
@@ -152,7 +152,7 @@ TEST_F(VoiceControlsTest, VowelsAreThese) {
     EXPECT_EQ(text(vowel::U), "512 55, 2020 90, 2429 90, 3742 70, ");
 }
 
-TEST_F(VoiceControlsTest, ValuesStandBesideTheSlidersWithTheirUnits) {
+TEST_F(UseVoiceTest, ValuesStandBesideTheSlidersWithTheirUnits) {
     EXPECT_EQ(Controls.lblSawVol.Get(), "15.0 %");
     EXPECT_EQ(Controls.lblNoiseVol.Get(), "2.0 %");
     EXPECT_EQ(Controls.lblCutoffFreq.Get(), "6000 Hz");
@@ -169,7 +169,7 @@ TEST_F(VoiceControlsTest, ValuesStandBesideTheSlidersWithTheirUnits) {
     EXPECT_EQ(Controls.lblFormantRandomFreq.Get(), "± 30 Hz");
 }
 
-TEST_F(VoiceControlsTest, InASongTheVoiceFollowsNote2AndIsSilentAfterwards) {
+TEST_F(UseVoiceTest, InASongTheVoiceFollowsNote2AndIsSilentAfterwards) {
     P.SetSong({"1/8 C4 A4 -", "1/8 C4 - -"});
     P.App.Fields.VoiceVolSlider = 2500;
     Tick();
@@ -183,7 +183,7 @@ TEST_F(VoiceControlsTest, InASongTheVoiceFollowsNote2AndIsSilentAfterwards) {
               "0.0000 fmod FMOD_DSP_SetParameter(unit6, 1, 119)\n");
 }
 
-TEST_F(VoiceControlsTest, OnAMachineWithoutSoundTickingItShowsOneMessage) {
+TEST_F(UseVoiceTest, OnAMachineWithoutSoundTickingItShowsOneMessage) {
     P.Library.Fail("FMOD_System_Init", 61);
     for (const char* function : {"FMOD_System_CreateDSPByType", "FMOD_System_PlayDSP",
                                  "FMOD_System_CreateChannelGroup", "FMOD_DSP_SetParameter"})

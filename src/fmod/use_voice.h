@@ -6,20 +6,19 @@
 
 #include "fmod/voice_main_form.h"
 #include "fmod/voice_parameters.h"
-#include "fmod/vowels.h"
 #include "music/main_fields.h"
 #include "shell/event_boundary.h"
 #include "shell/watched.h"
 
 namespace quavix {
 
-/// The logic of VoiceInternalForm, and of the check box that switches the voice on and off. Moving a slider
+/// The check box that switches the singing voice on and off, and the sliders of its window. Moving a slider
 /// changes the voice at once; while the voice has never been on, it only keeps its position.
-class VoiceControls {
+class UseVoice {
   public:
-    VoiceControls(MainFields& fields, VoiceMainForm& voice, FmodErrors& errors, EventBoundary& handlers);
-    VoiceControls(const VoiceControls&) = delete;
-    VoiceControls& operator=(const VoiceControls&) = delete;
+    UseVoice(MainFields& fields, VoiceMainForm& voice, FmodErrors& errors, EventBoundary& handlers);
+    UseVoice(const UseVoice&) = delete;
+    UseVoice& operator=(const UseVoice&) = delete;
 
     /// The volume of the voice stands in MainFields.
     Watched<std::int32_t> SawVolSlider{parameter::SawVol.Default};
