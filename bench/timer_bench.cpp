@@ -10,7 +10,6 @@
 #include <QCoreApplication>
 #include <fmt/format.h>
 
-#include "midi/hi_res_timer.h"
 #include "platform/qt/qt_timers.h"
 
 namespace {
@@ -39,8 +38,8 @@ void Measure(const char* name, const std::vector<int>& intervals) {
     QtTimers timers;
     const auto start = SteadyClock::now();
     auto last = start;
-    HiResTimer* self = nullptr;
-    HiResTimer timer(timers, [&](const std::string& sKey) {
+    Timers::Id timer = 0;
+    timer = timers.Start(intervals[0], [&] {
         const auto now = SteadyClock::now();
         due += intervals[at];
         while (Ms(now - start) >= due + intervals[at]) {
@@ -51,10 +50,8 @@ void Measure(const char* name, const std::vector<int>& intervals) {
         lateness.push_back(Ms(now - start) - due);
         last = now;
         at = (at + 1) % intervals.size();
-        self->SetInterval(sKey, intervals[at]);
+        timers.SetInterval(timer, intervals[at]);
     });
-    self = &timer;
-    timer.Add("entry", intervals[0], true);
     while (due < Seconds * 1000)
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     const double drift = Quantile({lateness.end() - Ends, lateness.end()}, 0.5) -

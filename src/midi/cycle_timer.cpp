@@ -14,11 +14,7 @@ constexpr std::int32_t FirstIntervalMs = 2;
 
 }  // namespace
 
-CycleTimer::CycleTimer(CycleTimerParts parts, std::string key)
-    : p_(std::move(parts)), key_(std::move(key)), cTmr_(p_.Ticks, [this](const std::string& sKey) {
-          p_.Handlers.Run("cTmr_Timer", [&] { cTmr_Timer(sKey); });
-      }) {
-    cTmr_.Add(key_, FirstIntervalMs, false);
+CycleTimer::CycleTimer(CycleTimerParts parts) : p_(std::move(parts)), intervalMs_(FirstIntervalMs) {
     // A mistyped interval must not last until its end, which may be days away.
     p_.Fields.AlternateTime.State().Watch(
         [this, before = p_.Fields.AlternateTime.Text()](const SettingState& now) mutable {
@@ -27,9 +23,19 @@ CycleTimer::CycleTimer(CycleTimerParts parts, std::string key)
         });
 }
 
-void CycleTimer::cTmr_Timer(const std::string& sKey) {
+void CycleTimer::SetEnabled(bool enabled) {
+    if (enabled == Enabled())
+        return;
+    if (enabled)
+        timer_ =
+            p_.Ticks.Start(intervalMs_, [this] { p_.Handlers.Run("cTmr_Timer", [this] { cTmr_Timer(); }); });
+    else
+        p_.Ticks.Stop(std::exchange(timer_, 0));
+}
+
+void CycleTimer::cTmr_Timer() {
     // Pulse upon pulse would not leave a gap for who waits for the end of all tones.
-    if (sKey != key_ || p_.Fields.StartIsHeldUp)
+    if (p_.Fields.StartIsHeldUp)
         return;
     Step();
     FollowAlternateTime();
@@ -47,8 +53,10 @@ void CycleTimer::Step() {
 void CycleTimer::FollowAlternateTime() {
     const std::string& text = p_.Fields.AlternateTime.Text();
     const double interval = RoundHalfEven(Val(text));
-    if (IsNumeric(text) && std::abs(interval) <= std::numeric_limits<std::int32_t>::max())
-        cTmr_.SetInterval(key_, static_cast<std::int32_t>(interval));
+    if (!IsNumeric(text) || std::abs(interval) > std::numeric_limits<std::int32_t>::max())
+        return;
+    intervalMs_ = static_cast<std::int32_t>(interval);
+    p_.Ticks.SetInterval(timer_, intervalMs_);
 }
 
 }  // namespace quavix

@@ -1,10 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstdint>
 #include <functional>
-#include <string>
 
-#include "midi/hi_res_timer.h"
 #include "music/main_fields.h"
 #include "ports/timers.h"
 #include "shell/event_boundary.h"
@@ -22,28 +21,31 @@ struct CycleTimerParts {
     std::function<void()> SwitchOff;
 };
 
-/// The timer of a form that uses the cycler. Its one entry, disabled at first, ticks with the interval that
-/// AlternateTimeText shows; a text that is no number leaves it as it was. Pending window events run between
+/// The timer of a form that uses the cycler, disabled at first. It ticks with the interval that the text of
+/// the alternate time names; a text that is no number leaves it as it was. Pending window events run between
 /// ticks.
 class CycleTimer {
   public:
-    CycleTimer(CycleTimerParts parts, std::string key);
+    explicit CycleTimer(CycleTimerParts parts);
+    ~CycleTimer() { SetEnabled(false); }
     CycleTimer(const CycleTimer&) = delete;
     CycleTimer& operator=(const CycleTimer&) = delete;
 
-    void SetEnabled(bool enabled) { cTmr_.SetEnabled(key_, enabled); }
-    bool Enabled() const { return cTmr_.Enabled(key_); }
-    /// Of the entry, in ms; 0 stands for the shortest.
-    std::int32_t Interval() const { return cTmr_.Interval(key_); }
+    /// Enabled anew, it counts from the start.
+    void SetEnabled(bool enabled);
+    bool Enabled() const { return timer_ != 0; }
+    /// In ms; 0 stands for the shortest.
+    std::int32_t Interval() const { return intervalMs_; }
 
   private:
-    void cTmr_Timer(const std::string& sKey);
+    void cTmr_Timer();
     void Step();
     void FollowAlternateTime();
 
     CycleTimerParts p_;
-    std::string key_;
-    HiResTimer cTmr_;
+    std::int32_t intervalMs_;
+    /// Runs only while this is enabled.
+    Timers::Id timer_ = 0;
 };
 
 }  // namespace quavix

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -11,16 +13,34 @@
 namespace quavix {
 
 /// The names of the devices `first` to `count` - 1; none where `count` is 0.
-std::vector<std::string> DeviceNames(MidiPort& port, std::int32_t first, std::int32_t count);
+inline std::vector<std::string> DeviceNames(MidiPort& port, std::int32_t first, std::int32_t count) {
+    std::vector<std::string> names;
+    for (std::int32_t device = first; count > 0 && device < count; ++device)
+        names.emplace_back(port.DeviceName(device));
+    return names;
+}
 
 /// Where the device at the place `chosen` of the list `before` stands in the list `now`; -1 where it doesn't.
 /// Of devices with one name it is the one in the same place, or else the first.
-std::int32_t PlaceOfDevice(const std::vector<std::string>& before, std::int32_t chosen,
-                           const std::vector<std::string>& now);
+inline std::int32_t PlaceOfDevice(const std::vector<std::string>& before, std::int32_t chosen,
+                                  const std::vector<std::string>& now) {
+    const auto place = static_cast<std::size_t>(chosen);
+    if (place >= before.size())
+        return -1;
+    if (place < now.size() && now[place] == before[place])
+        return chosen;
+    const auto found = std::find(now.begin(), now.end(), before[place]);
+    return found == now.end() ? -1 : static_cast<std::int32_t>(found - now.begin());
+}
 
 /// Searches again for the devices from `first` on, for a list that shows them: `chosen`, its entry, stays
 /// with its device, or is -1 where that is gone.
-void FindDevicesAgain(MidiPort& port, std::int32_t first, Watched<std::vector<std::string>>& devices,
-                      Watched<std::int32_t>& chosen);
+inline void FindDevicesAgain(MidiPort& port, std::int32_t first, Watched<std::vector<std::string>>& devices,
+                             Watched<std::int32_t>& chosen) {
+    const std::vector<std::string> before = devices;
+    const std::int32_t chosenBefore = chosen;
+    devices = DeviceNames(port, first, port.DeviceCount());
+    chosen = PlaceOfDevice(before, chosenBefore, devices);
+}
 
 }  // namespace quavix

@@ -16,8 +16,7 @@ namespace quavix {
 MidiFilePlayback::MidiFilePlayback(const MidiFileParts& parts)
     : UsingForm(parts.Handlers),
       p_(parts),
-      cTmr_({p_.Fields, p_.Ticks, p_.Handlers, [this] { tmrPlayback_Timer(); }, [this] { EndPlaying(); }},
-            "fileplayback") {
+      cTmr_({p_.Fields, p_.Ticks, p_.Handlers, [this] { tmrPlayback_Timer(); }, [this] { EndPlaying(); }}) {
     AutoTimeCheck = true;
     p_.Fields.UseMIDIFileCheck.Watch([this](bool ticked) {
         p_.Handlers.Run("UseMIDIFileCheck_Click", [&] { UseMIDIFileCheck_Click(ticked); });

@@ -11,8 +11,7 @@ MidiInput::MidiInput(const MidiInputParts& parts)
     : UsingForm(parts.Handlers),
       p_(parts),
       cTmr_({parts.Fields, parts.Ticks, parts.Handlers, [this] { p_.Cycler.PlayLiveMIDIInput(*this); },
-             [this] { p_.Fields.UseMIDIInCheck = false; }},
-            "intimer") {
+             [this] { p_.Fields.UseMIDIInCheck = false; }}) {
     p_.Fields.UseMIDIInCheck.Watch([this](bool ticked) {
         p_.Handlers.Run("UseMIDIInCheck_Click", [this, ticked] { UseMIDIInCheck_Click(ticked); });
     });

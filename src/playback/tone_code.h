@@ -5,8 +5,12 @@
 #include <string>
 #include <string_view>
 
+#include <fmt/format.h>
+
 #include "music/main_fields.h"
 #include "ports/files.h"
+#include "shell/numbers.h"
+#include "shell/runtime_error.h"
 
 namespace quavix {
 
@@ -18,13 +22,27 @@ class ToneCode {
     ToneCode(const MainFields& fields, Files& files, std::string fileName)
         : fields_(fields), files_(files), fileName_(std::move(fileName)) {}
 
-    void WriteCode(std::string_view textToWrite);
+    void WriteCode(std::string_view textToWrite) {
+        if (fields_.UseWriteCode)
+            RaiseFileError(files_.Append(fileName_, fmt::format("{}\r\n", textToWrite)), fileName_);
+    }
 
-    /// A tone of `frequency` Hz; `comment` says what it is ("C4").
-    void WriteTone(std::int32_t frequency, double durationMs, std::string_view comment);
-    void WriteWait(std::int32_t durationMs);
+    /// Writes a tone of `frequency` Hz; `comment` says what it is ("C4").
+    void WriteTone(std::int32_t frequency, double durationMs, std::string_view comment) {
+        if (fields_.UseWriteCode) {
+            WriteCode(fmt::format("Beep       {}, {}     '{}", NumPad(frequency, " ", FrequencyWidth),
+                                  NumPad(durationMs, " ", DurationWidth), comment));
+        }
+    }
+    void WriteWait(std::int32_t durationMs) {
+        if (fields_.UseWriteCode)
+            WriteCode("MsgWaitObj        " + NumPad(durationMs, " ", DurationWidth));
+    }
 
   private:
+    static constexpr int FrequencyWidth = 5;
+    static constexpr int DurationWidth = 6;
+
     const MainFields& fields_;
     Files& files_;
     std::string fileName_;

@@ -24,7 +24,7 @@ class CycleTimerTest : public testing::Test {
     MainFields& Fields = P.App.Fields;
     std::function<void()> OnStep;
     CycleTimer Timer{
-        {Fields, P.Time, P.App.Handlers, [this] { Step(); }, [this] { Timer.SetEnabled(false); }}, "intimer"};
+        {Fields, P.Time, P.App.Handlers, [this] { Step(); }, [this] { Timer.SetEnabled(false); }}};
 
   private:
     std::string steps_;
@@ -103,6 +103,32 @@ TEST_F(CycleTimerTest, AStepThatFailsIsToldOfOnceAndSwitchesTheTimerOff) {
     P.Time.RunUntil(1000);
     EXPECT_EQ(Steps(), "2 ");
     EXPECT_EQ(P.Boxes.Shown().size(), 1U);
+}
+
+TEST_F(CycleTimerTest, EnabledAnewItCountsFromTheStart) {
+    Timer.SetEnabled(true);
+    P.Time.At(5, [this] { Timer.SetEnabled(false); });
+    P.Time.At(53, [this] { Timer.SetEnabled(true); });
+    P.Time.RunUntil(80);
+    EXPECT_EQ(Steps(), "2 73 ") << "with the interval that it had";
+    EXPECT_TRUE(Timer.Enabled());
+}
+
+TEST_F(CycleTimerTest, AStepMayDisableIt) {
+    OnStep = [this] { Timer.SetEnabled(false); };
+    Timer.SetEnabled(true);
+    P.Time.RunUntil(100);
+    EXPECT_EQ(Steps(), "2 ");
+    EXPECT_FALSE(Timer.Enabled());
+}
+
+TEST_F(CycleTimerTest, NothingTicksAfterItsEnd) {
+    {
+        CycleTimer other({Fields, P.Time, P.App.Handlers, [this] { Step(); }, [] {}});
+        other.SetEnabled(true);
+    }
+    P.Time.RunUntil(10);
+    EXPECT_EQ(Steps(), "");
 }
 
 }  // namespace

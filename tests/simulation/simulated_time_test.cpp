@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "simulation/simulated_time.h"
 
+#include <functional>
 #include <stdexcept>
 #include <string>
 
@@ -72,6 +73,78 @@ TEST(SimulatedTime, MissedTicksAreNotMadeUp) {
     EXPECT_EQ(ticks, 1);
     time.RunUntil(105);
     EXPECT_EQ(ticks, 2);
+}
+
+/// A timer that writes its ticks down as "ms ".
+class TickingTimer : public testing::Test {
+  protected:
+    void Start(std::int32_t intervalMs) {
+        Id = Time.Start(intervalMs, [this] {
+            Heard += std::to_string(Time.Now() / Ms) + " ";
+            if (OnTick)
+                OnTick();
+        });
+    }
+
+    SimulatedTime Time;
+    Timers::Id Id = 0;
+    std::string Heard;
+    std::function<void()> OnTick;
+};
+
+TEST_F(TickingTimer, AnIntervalOfZeroIsTheShortestThereIs) {
+    Start(0);
+    Time.RunUntil(3);
+    EXPECT_EQ(Heard, "1 2 3 ");
+    Time.SetInterval(Id, -5);
+    Time.RunUntil(5);
+    EXPECT_EQ(Heard, "1 2 3 4 5 ");
+}
+
+TEST_F(TickingTimer, ANewIntervalCountsFromWhenTheLastTickWasDue) {
+    Start(10);
+    Time.At(13, [this] { Time.SetInterval(Id, 5); });
+    Time.At(26, [this] { Time.SetInterval(Id, 30); });
+    Time.RunUntil(90);
+    EXPECT_EQ(Heard, "10 15 20 25 55 85 ");
+}
+
+TEST_F(TickingTimer, ANewIntervalThatIsOverAlreadyTicksAtOnce) {
+    Start(1000);
+    Time.At(50, [this] { Time.SetInterval(Id, 20); });
+    Time.RunUntil(85);
+    EXPECT_EQ(Heard, "50 60 80 ");
+}
+
+TEST_F(TickingTimer, ATickSetsTheNextIntervalWithoutDrift) {
+    const int intervals[] = {15, 10, 8, 6, 5, 2};
+    std::size_t at = 0;
+    OnTick = [&] { Time.SetInterval(Id, intervals[++at % 6]); };
+    Start(intervals[0]);
+    Time.RunUntil(60);
+    EXPECT_EQ(Heard, "15 25 33 39 44 46 ");
+}
+
+TEST_F(TickingTimer, SettingTheSameIntervalAgainDelaysNothing) {
+    Start(10);
+    for (int ms = 1; ms < 30; ms += 3)
+        Time.At(ms, [this] { Time.SetInterval(Id, 10); });
+    Time.RunUntil(30);
+    EXPECT_EQ(Heard, "10 20 30 ");
+}
+
+TEST_F(TickingTimer, ATickWhileTheSameTimersTickWaitsComesOnceAfterwards) {
+    OnTick = [this] {
+        OnTick = nullptr;
+        while (Time.Now() < 45 * Ms) {
+            Time.WaitForInput({}, 5);
+            Time.DoEvents();
+        }
+        Heard += "| ";
+    };
+    Start(10);
+    Time.RunUntil(60);
+    EXPECT_EQ(Heard, "10 | 45 50 60 ");
 }
 
 TEST(SimulatedTime, AskingForTheTimeAgainAndAgainLetsItPass) {

@@ -5,7 +5,6 @@
 #include <QFontDatabase>
 #include <QGuiApplication>
 
-#include "playback/test_tone.h"
 #include "ui/widgets/binding.h"
 #include "ui_speaker_form.h"
 
@@ -45,7 +44,9 @@ void SpeakerForm::Refresh() {
 }
 
 void SpeakerForm::SpeakerTestButton_Click() {
-    TestSpeaker(speaker_);
+    constexpr std::int32_t ConcertPitchHz = 440;
+    constexpr std::int32_t DurationMs = 300;
+    speaker_.Beep(ConcertPitchHz, DurationMs);
     Refresh();
     Q_EMIT Tested();
 }
