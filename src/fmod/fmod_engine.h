@@ -10,7 +10,7 @@
 
 namespace quavix {
 
-/// Where a sound engine's sound goes.
+/// Destination of a sound engine's sound.
 struct FmodOutput {
     /// The library's numbers: 0 the best device; 5 a WAV file, a block for each update.
     static constexpr std::int32_t BestDevice = 0;

@@ -11,8 +11,8 @@
 
 namespace quavix {
 
-/// What a result of the sound library means. The texts are the library's own, blanks at their ends included;
-/// anything but 0 to 81 is "Unknown error.".
+/// Returns the meaning of a result of the sound library. The texts are the library's own, blanks at their
+/// ends included; anything but 0 to 81 is "Unknown error.".
 const char* FmodErrorText(SoundLibrary::Result result);
 
 /// Reports what goes wrong with the sound library; the program carries on.

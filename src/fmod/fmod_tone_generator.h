@@ -12,7 +12,7 @@
 
 namespace quavix {
 
-/// What the tone generator works with.
+/// Dependencies of FmodToneGenerator. All must outlive it.
 struct FmodToneParts {
     MainFields& Fields;
     FmodEngine& Engine;

@@ -22,7 +22,7 @@
 
 namespace quavix {
 
-/// What the mods that sound through the sound library work with.
+/// Dependencies of SoundMods. All must outlive it.
 struct SoundModsParts {
     MainFields& Fields;
     SoundLibrary& Library;

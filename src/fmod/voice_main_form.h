@@ -13,7 +13,7 @@
 
 namespace quavix {
 
-/// What the voice works with.
+/// Dependencies of VoiceMainForm. All must outlive it.
 struct VoiceParts {
     SoundLibrary& Library;
     FmodErrors& Errors;
@@ -56,7 +56,7 @@ class VoiceMainForm {
     void ChangeFormantFreqVol(std::size_t formantIndex, std::optional<double> newFormantFreq,
                               std::optional<std::int32_t> newFormantVol, bool cutenessCompensate);
 
-    /// What was set last. Indexes from FormantCount on raise SubscriptOutOfRange.
+    /// Return what was set last. Indexes from FormantCount on raise SubscriptOutOfRange.
     double FormantFreq(std::size_t formantIndex) const;
     std::int32_t FormantVol(std::size_t formantIndex) const;
 

@@ -39,7 +39,7 @@ struct Formant {
 
 using Vowel = std::array<Formant, FormantCount>;
 
-/// What the vowel buttons set.
+/// Formants that the vowel buttons set.
 namespace vowel {
 inline constexpr Vowel A{{{1180, 92}, {1675, 100}, {2558, 90}, {3355, 60}}};
 inline constexpr Vowel E{{{814, 98}, {1934, 100}, {2623, 96}, {3829, 65}}};

@@ -15,7 +15,7 @@
 
 namespace quavix {
 
-/// What the installer of controls works with.
+/// Dependencies of ControlInstaller. All must outlive it.
 struct ControlInstallerParts {
     MainFields& Fields;
     Files& Disk;
@@ -24,7 +24,7 @@ struct ControlInstallerParts {
     MessageBoxes& Boxes;
     Waiting& Wait;
     DebugLog& Log;
-    /// Where the program and the controls that it ships with lie.
+    /// The folder of the program and of the controls that it ships with.
     std::string ProgramFolder;
     /// The controls are put into "system32" in this folder.
     std::string WinFolder;

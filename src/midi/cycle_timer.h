@@ -10,7 +10,7 @@
 
 namespace quavix {
 
-/// What the timer of a form works with.
+/// Dependencies of CycleTimer. All must outlive it.
 struct CycleTimerParts {
     MainFields& Fields;
     Timers& Ticks;

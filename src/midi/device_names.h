@@ -12,7 +12,7 @@
 
 namespace quavix {
 
-/// The names of the devices `first` to `count` - 1; none where `count` is 0.
+/// Returns the names of the devices `first` to `count` - 1; none where `count` is 0.
 inline std::vector<std::string> DeviceNames(MidiPort& port, std::int32_t first, std::int32_t count) {
     std::vector<std::string> names;
     for (std::int32_t device = first; count > 0 && device < count; ++device)
@@ -20,7 +20,7 @@ inline std::vector<std::string> DeviceNames(MidiPort& port, std::int32_t first, 
     return names;
 }
 
-/// Where the device at the place `chosen` of the list `before` stands in the list `now`; -1 where it doesn't.
+/// Returns the place in the list `now` of the device at the place `chosen` of the list `before`; -1 for none.
 /// Of devices with one name it is the one in the same place, or else the first.
 inline std::int32_t PlaceOfDevice(const std::vector<std::string>& before, std::int32_t chosen,
                                   const std::vector<std::string>& now) {

@@ -14,16 +14,17 @@
 
 namespace quavix {
 
-/// Whether a file is a MIDI file by its name: it ends in ".mid" or ".midi", in letters of either case.
+/// Returns true if a file is a MIDI file by its name: it ends in ".mid" or ".midi", in letters of either
+/// case.
 bool IsMidiFileName(std::string_view fileName);
 
-/// What has become of a MIDI file that was to be opened.
+/// Result of opening a MIDI file.
 struct OpenedMidiFile {
     /// In order of time; nothing where the file can't be played, or the opening was stopped.
     std::optional<std::vector<TimedMidiEvent>> Events{};
     /// Why it can't be played, as a sentence; empty where it can, and where the opening was stopped.
     std::string Problem{};
-    /// What was put right, as sentences.
+    /// Mistakes of the file that were put right, as sentences.
     std::vector<std::string> Remarks{};
 };
 

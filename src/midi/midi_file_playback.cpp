@@ -196,7 +196,7 @@ void MidiFilePlayback::sldPosition_Change(std::int32_t position) {
     ShowPositionTexts();
 }
 
-/// What was held at the old place has no end at the new one.
+/// Releases all notes: those held at the old place have no end at the new one.
 void MidiFilePlayback::MoveTo(std::size_t position) {
     ReleaseAllNotes();
     playPosition_ = position;

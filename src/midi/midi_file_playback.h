@@ -25,7 +25,7 @@
 
 namespace quavix {
 
-/// What the playback of MIDI files works with.
+/// Dependencies of MidiFilePlayback. All must outlive it.
 struct MidiFileParts {
     MainFields& Fields;
     Clock& Time;
@@ -57,7 +57,7 @@ class MidiFilePlayback final : public UsingForm {
     Watched<bool> chkLoop{false};
     Watched<std::string> lblPosPercent{"100.00%"};
     Watched<std::string> lblPosSecs{"00:00.00"};
-    /// Where the slider stands: 0 to SliderHighest. What the user does to it is sldPosition_Change().
+    /// Place of the slider: 0 to SliderHighest. When the user moves it, sldPosition_Change() is called.
     Watched<std::int32_t> sldPosition{0};
     static constexpr std::int32_t SliderHighest = 1000;
     Watched<bool> frmInfoTextVisible{false};

@@ -19,7 +19,7 @@
 
 namespace quavix {
 
-/// What MIDI input works with.
+/// Dependencies of MidiInput. All must outlive it.
 struct MidiInputParts {
     MainFields& Fields;
     MidiInPort& Device;
@@ -65,7 +65,7 @@ class MidiInput : public UsingForm {
     Watched<std::vector<std::string>> MIDIInDevices;
     /// Counts from 0; -1 is none.
     Watched<std::int32_t> cmbMIDIInDevice{-1};
-    /// Which MIDI system the device belongs to, or what is wrong with it.
+    /// The MIDI system that the device belongs to, or what is wrong with it.
     Watched<std::string> lblInfoText;
 
   private:

@@ -219,7 +219,7 @@ void MidiOutput::EndSoundingNotes() {
     sounding_.reset();
 }
 
-/// What the window says while nothing is under way.
+/// Returns what the window says while nothing is under way.
 std::string MidiOutput::StatusText() {
     if (!p_.Fields.MIDIOutIsOpen)
         return "";
@@ -228,7 +228,7 @@ std::string MidiOutput::StatusText() {
     return p_.Device.Problem();
 }
 
-/// Whether the message was sent.
+/// Returns true if the message was sent.
 bool MidiOutput::Send(std::int32_t status, std::int32_t data1, std::int32_t data2) {
     if (data1 < 0 || data1 >= Notes)
         return false;

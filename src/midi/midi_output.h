@@ -17,7 +17,7 @@
 
 namespace quavix {
 
-/// What MIDI output works with.
+/// Dependencies of MidiOutput. All must outlive it.
 struct MidiOutputParts {
     MainFields& Fields;
     MidiOutPort& Device;
@@ -28,7 +28,7 @@ struct MidiOutputParts {
     DebugLog& Log;
 };
 
-/// What the MIDI output window shows. Lists count from 0; -1 is no entry.
+/// Contents of the controls of the MIDI output window. Lists count from 0; -1 is no entry.
 struct MidiOutputFields {
     Watched<bool> MIDIOutFormVisible;
     /// Entry k stands for device k - 1; the first is the virtual port.

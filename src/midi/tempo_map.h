@@ -10,7 +10,7 @@
 
 namespace quavix {
 
-/// What time the ticks of a MIDI file are. Times are milliseconds since tick 0.
+/// The times of the ticks of a MIDI file. Times are milliseconds since tick 0.
 class TempoMap {
   public:
     /// Half a second per quarter note, which holds until the first change.

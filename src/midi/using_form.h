@@ -10,7 +10,7 @@
 
 namespace quavix {
 
-/// Which notes are held down, by MIDI note number. A number outside 0..127 raises SubscriptOutOfRange.
+/// The notes that are held down, by MIDI note number. A number outside 0..127 raises SubscriptOutOfRange.
 class HeldNotes {
   public:
     static constexpr std::int32_t Count = 128;
@@ -47,7 +47,7 @@ struct OnNoteLabel {
     friend bool operator==(const OnNoteLabel&, const OnNoteLabel&) = default;
 };
 
-/// What a form that plays held notes through the cycler consists of: the table of held notes, the rule by
+/// The base of the forms that play held notes through the cycler: the table of held notes, the rule by
 /// which messages change it, and the controls. It watches its own check boxes.
 class UsingForm {
   public:

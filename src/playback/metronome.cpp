@@ -88,7 +88,7 @@ void Metronome::SkipMissedBeats(Timetable& timetable) const {
         static_cast<std::int32_t>((timetable.BeatInBar - 1 + beats) % fields_.BeatsPerBar) + 1;
 }
 
-/// Where the tempo has changed, the timetable starts anew at the beat that is due.
+/// Starts the timetable anew at the beat that is due, if the tempo has changed.
 void Metronome::FollowTempo(Timetable& timetable) const {
     if (timetable.Bpm == fields_.BPM)
         return;

@@ -29,7 +29,7 @@ class Metronome {
     void MetronomeButton_Click();
 
   private:
-    /// Where the clicks are in time and in the bar.
+    /// Place of the clicks in time and in the bar.
     struct Timetable {
         Currency Start;  // seconds
         std::int64_t PlayedBeats;

@@ -16,7 +16,7 @@
 
 namespace quavix {
 
-/// What the motor works with.
+/// Dependencies of MotorModModule. All must outlive it.
 struct MotorParts {
     MainFields& Fields;
     SerialPort& Comm;

@@ -39,7 +39,8 @@ class PianoKeys {
     /// Caption above a group of keys, 0 to 2 from the left: its octave.
     std::string OctLabel(std::int32_t group) const;
 
-    /// Whether a key's note belongs to the line that playback is sounding (MainFields::NotesSounding).
+    /// Returns true if a key's note belongs to the line that playback is sounding
+    /// (MainFields::NotesSounding).
     bool IsSounding(std::int32_t index) const;
 
   private:

@@ -15,7 +15,7 @@
 
 namespace quavix {
 
-/// What the controls of the portamento's window hold.
+/// Contents of the controls of the portamento's window.
 struct PortamentoFields {
     Watched<std::int32_t> PitchMultipleSlider{parameter::PitchMultiple.Default};
     Watched<std::string> lblPitchMultiple;

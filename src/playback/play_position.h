@@ -46,7 +46,7 @@ class PlayPosition : private MusicListObserver {
     /// One running sum is kept for so many lines.
     static constexpr std::int32_t Block = 64;
 
-    /// Where the line after so many lines starts, and how many of the sums up to there were mended.
+    /// Start of the line after so many lines, and how many of the sums up to there were mended.
     struct Sum {
         double Position = 0;
         std::int32_t Mended = 0;

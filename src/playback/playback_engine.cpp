@@ -227,7 +227,7 @@ void PlaybackEngine::SilenceGeneratorInRest(const Line& line) {
         p_.Generator.FMODBeepStop();
 }
 
-/// Where "Do not update" was un-ticked in the middle.
+/// Works the position out anew after "Do not update" was un-ticked during playback.
 void PlaybackEngine::CatchUpPosition(Run& run) {
     if (p_.Fields.NoUpdateCheck || !std::exchange(run.PositionStoodStill, false))
         return;

@@ -18,7 +18,7 @@
 
 namespace quavix {
 
-/// What playback works with.
+/// Dependencies of PlaybackEngine. All must outlive it.
 struct PlaybackParts {
     MainFields& Fields;
     MusicList& List;
@@ -71,7 +71,7 @@ class PlaybackEngine {
         Tone Note2;
         bool IsTriplet = false;
     };
-    /// What one call of PlayMusic carries from line to line.
+    /// State of one call of PlayMusic, from line to line.
     struct Run {
         std::int32_t StartPoint;
         std::int32_t& EndPoint;

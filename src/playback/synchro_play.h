@@ -16,7 +16,7 @@
 
 namespace quavix {
 
-/// What the synchronized start works with.
+/// Dependencies of SynchroPlay. All must outlive it.
 struct SynchroParts {
     MainFields& Fields;
     Clock& Time;

@@ -16,7 +16,7 @@ namespace quavix {
 
 class MessageBoxes;
 
-/// Whether a log line joins the end of the previous one instead of starting its own.
+/// Yes: a text joins the end of the previous line of the log instead of starting its own.
 enum class NoNewLine : bool { No, Yes };
 
 /// The debug log: an opt-in trace in a text file, one line per entry, nested by indentation. Off until

@@ -9,8 +9,8 @@
 
 namespace quavix {
 
-/// Where run-time errors end: every event handler runs inside one call of Run(), which logs an error that the
-/// handler raised, shows it in a message box, and lets the program carry on.
+/// The end of run-time errors: every event handler runs inside one call of Run(), which logs an error that
+/// the handler raised, shows it in a message box, and lets the program carry on.
 class EventBoundary {
   public:
     EventBoundary(MessageBoxes& boxes, DebugLog& log) : boxes_(boxes), log_(log) {}

@@ -22,7 +22,8 @@ bool MatchesWildcards(std::string_view name, std::string_view pattern) {
     constexpr auto None = std::string_view::npos;
     std::size_t n = 0;
     std::size_t p = 0;
-    // Where to take up again when a later part does not fit: the last "*" may stand for one more character.
+    // The place to take up again when a later part does not fit: the last "*" may stand for one more
+    // character.
     std::size_t starPattern = None;
     std::size_t starName = 0;
     while (n < name.size()) {

@@ -27,7 +27,7 @@ struct Reading {
     std::size_t Length = 0;
 };
 
-/// Whether a number's magnitude is below 1, judged by where its first digit other than 0 stands.
+/// Returns true if a number's magnitude is below 1, judged by where its first digit other than 0 stands.
 bool IsBelowOne(std::string_view number) {
     const std::size_t exponentAt = std::min(number.find('e'), number.size());
     const std::string_view mantissa = number.substr(0, exponentAt);

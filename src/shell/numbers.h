@@ -23,7 +23,7 @@ std::uint8_t ToByte(double value);
 /// anything else. Values too large for a double give infinity, which no whole-number conversion takes.
 double Val(std::string_view text);
 
-/// Whether the whole text is one number as Val reads it, with blanks only before and after it.
+/// Returns true if the whole text is one number as Val reads it, with blanks only before and after it.
 bool IsNumeric(std::string_view text);
 
 /// Ordinary decimal form: at most 15 significant digits, no trailing zeros, "." as the decimal point.
