@@ -27,6 +27,9 @@ cmake --preset tsan >/dev/null
 cmake --build --preset tsan --target quavix-sound-engine-calls -- --quiet
 build/tsan/bin/quavix-sound-engine-calls
 
+step "clang-tidy"
+packaging/lint.sh
+
 step "Fuzzing"
 cmake --preset fuzz >/dev/null
 cmake --build --preset fuzz --target quavix-fuzzers -- --quiet

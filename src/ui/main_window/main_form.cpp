@@ -218,7 +218,7 @@ void MainForm::AddDebugLogNotice() {
 
 void MainForm::ConnectSaveLoadForm() {
     SaveLoadForm* form = &saveLoadForm_;
-    const auto run = [this, form](const char* handler, void (SaveLoad::*click)()) {
+    const auto run = [this](const char* handler, void (SaveLoad::*click)()) {
         program_.Handlers.Run(handler, [&] { (saveLoad_.*click)(); });
     };
     connect(form, &SaveLoadForm::SaveClicked, this,

@@ -8,7 +8,7 @@
 namespace quavix {
 namespace {
 
-QString WithoutSigns(std::string note) {
+QString WithoutSigns(const std::string& note) {
     return QString::fromStdString(note).replace("#", " sharp ");
 }
 
