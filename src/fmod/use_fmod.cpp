@@ -7,10 +7,8 @@ namespace quavix {
 
 UseFmod::UseFmod(MainFields& fields, FmodToneGenerator& generator, EventBoundary& handlers)
     : fields_(fields), generator_(generator), handlers_(handlers), previousRatio_(fields.NoteSilenceRatio) {
-    fields_.UseFMODCheck.Watch(
-        [this](bool) { handlers_.Run("UseFMODCheck_Click", [this] { UseFMODCheck_Click(); }); });
-    NeverSilentCheck.Watch(
-        [this](bool) { handlers_.Run("NeverSilentCheck_Click", [this] { NeverSilentCheck_Click(); }); });
+    fields_.UseFMODCheck.Watch(handlers_.Wrap("UseFMODCheck_Click", [this] { UseFMODCheck_Click(); }));
+    NeverSilentCheck.Watch(handlers_.Wrap("NeverSilentCheck_Click", [this] { NeverSilentCheck_Click(); }));
     fields_.NoteSilenceRatio.State().Watch([this](const SettingState&) { NoteSilenceRatioSlider_Change(); });
 }
 

@@ -54,8 +54,7 @@ UseVoice::UseVoice(MainFields& fields, VoiceMainForm& voice, FmodErrors& errors,
     voice_.MaxRandomFormantFreq = FormantRandomFreqSlider;
     WatchSliders();
     WatchFormantSliders();
-    fields_.UseVoiceCheck.Watch(
-        [this](bool) { handlers_.Run("UseVoiceCheck_Click", [this] { UseVoiceCheck_Click(); }); });
+    fields_.UseVoiceCheck.Watch(handlers_.Wrap("UseVoiceCheck_Click", [this] { UseVoiceCheck_Click(); }));
 }
 
 void UseVoice::WatchSliders() {

@@ -149,9 +149,8 @@ void VoiceMainForm::StartSources() {
     Check(p_.Library.FMOD_Channel_SetPaused(noisePlays_, false));
     ChangeBaseFreq(StartFrequency);
     if (randomFormantTimer_ == 0) {
-        randomFormantTimer_ = p_.Ticks.Start(TimerMs, [this] {
-            p_.Handlers.Run("RandomFormantTimer_Timer", [this] { RandomFormantTimer_Timer(); });
-        });
+        randomFormantTimer_ = p_.Ticks.Start(
+            TimerMs, p_.Handlers.Wrap("RandomFormantTimer_Timer", [this] { RandomFormantTimer_Timer(); }));
     }
 }
 

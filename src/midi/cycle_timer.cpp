@@ -27,8 +27,7 @@ void CycleTimer::SetEnabled(bool enabled) {
     if (enabled == Enabled())
         return;
     if (enabled)
-        timer_ =
-            p_.Ticks.Start(intervalMs_, [this] { p_.Handlers.Run("cTmr_Timer", [this] { cTmr_Timer(); }); });
+        timer_ = p_.Ticks.Start(intervalMs_, p_.Handlers.Wrap("cTmr_Timer", [this] { cTmr_Timer(); }));
     else
         p_.Ticks.Stop(std::exchange(timer_, 0));
 }

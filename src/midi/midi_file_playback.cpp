@@ -18,9 +18,8 @@ MidiFilePlayback::MidiFilePlayback(const MidiFileParts& parts)
       p_(parts),
       cTmr_({p_.Fields, p_.Ticks, p_.Handlers, [this] { tmrPlayback_Timer(); }, [this] { EndPlaying(); }}) {
     AutoTimeCheck = true;
-    p_.Fields.UseMIDIFileCheck.Watch([this](bool ticked) {
-        p_.Handlers.Run("UseMIDIFileCheck_Click", [&] { UseMIDIFileCheck_Click(ticked); });
-    });
+    p_.Fields.UseMIDIFileCheck.Watch(
+        p_.Handlers.Wrap("UseMIDIFileCheck_Click", [this](bool ticked) { UseMIDIFileCheck_Click(ticked); }));
 }
 
 void MidiFilePlayback::UseMIDIFileCheck_Click(bool ticked) {

@@ -12,10 +12,9 @@ MidiInput::MidiInput(const MidiInputParts& parts)
       p_(parts),
       cTmr_({parts.Fields, parts.Ticks, parts.Handlers, [this] { p_.Cycler.PlayLiveMIDIInput(*this); },
              [this] { p_.Fields.UseMIDIInCheck = false; }}) {
-    p_.Fields.UseMIDIInCheck.Watch([this](bool ticked) {
-        p_.Handlers.Run("UseMIDIInCheck_Click", [this, ticked] { UseMIDIInCheck_Click(ticked); });
-    });
-    p_.Device.SetHandler([this] { p_.Handlers.Run("MIDIIn_Message", [this] { MIDIIn_Message(); }); });
+    p_.Fields.UseMIDIInCheck.Watch(
+        p_.Handlers.Wrap("UseMIDIInCheck_Click", [this](bool ticked) { UseMIDIInCheck_Click(ticked); }));
+    p_.Device.SetHandler(p_.Handlers.Wrap("MIDIIn_Message", [this] { MIDIIn_Message(); }));
 }
 
 MidiInput::~MidiInput() {

@@ -28,9 +28,8 @@ std::size_t Place(std::int32_t channel, std::int32_t note) {
 }  // namespace
 
 MidiOutput::MidiOutput(const MidiOutputParts& parts) : p_(parts) {
-    p_.Fields.UseMIDIOutCheck.Watch([this](bool ticked) {
-        p_.Handlers.Run("UseMIDIOutCheck_Click", [&] { UseMIDIOutCheck_Click(ticked); });
-    });
+    p_.Fields.UseMIDIOutCheck.Watch(
+        p_.Handlers.Wrap("UseMIDIOutCheck_Click", [this](bool ticked) { UseMIDIOutCheck_Click(ticked); }));
 }
 
 /// A bare frequency is one of the metronome's two clicks, or stands for the note of all others.

@@ -36,12 +36,10 @@ UsingForm::UsingForm(EventBoundary& handlers) {
     for (std::int32_t index = 0; index < Channels; ++index) {
         Watched<bool>& check = ListenChannelCheck[static_cast<std::size_t>(index)];
         check = true;
-        check.Watch([this, &handlers, index](bool) {
-            handlers.Run("ListenChannelCheck_Click", [this, index] { ListenChannelCheck_Click(index); });
-        });
+        check.Watch(
+            handlers.Wrap("ListenChannelCheck_Click", [this, index] { ListenChannelCheck_Click(index); }));
     }
-    OnlyOnceCheck.Watch(
-        [this, &handlers](bool) { handlers.Run("OnlyOnceCheck_Click", [this] { OnlyOnceCheck_Click(); }); });
+    OnlyOnceCheck.Watch(handlers.Wrap("OnlyOnceCheck_Click", [this] { OnlyOnceCheck_Click(); }));
 }
 
 bool UsingForm::HoldsNotes() const {

@@ -10,8 +10,7 @@ namespace quavix {
 Beat::Beat(MainFields& fields, PositionDisplay& position, ToneDispatcher& tones, MessageBoxes& boxes,
            EventBoundary& handlers, DebugLog& log)
     : fields_(fields), position_(position), tones_(tones), boxes_(boxes), log_(log) {
-    fields_.UseBeatCheck.Watch(
-        [this, &handlers](bool) { handlers.Run("UseBeatCheck_Click", [this] { UseBeatCheck_Click(); }); });
+    fields_.UseBeatCheck.Watch(handlers.Wrap("UseBeatCheck_Click", [this] { UseBeatCheck_Click(); }));
     fields_.optBeatAll.Watch([this](bool all) { fields_.BeatEvenOnly = !all; });
 }
 

@@ -12,9 +12,8 @@ namespace quavix {
 CircuitBent::CircuitBent(MainFields& fields, ToneDispatcher& tones, RandomNumbers& random, Timers& timers,
                          EventBoundary& handlers, DebugLog& log)
     : fields_(fields), tones_(tones), random_(random), timers_(timers), handlers_(handlers), log_(log) {
-    fields_.UseCircuitBentCheck.Watch([this](bool) {
-        handlers_.Run("UseCircuitBentCheck_Click", [this] { UseCircuitBentCheck_Click(); });
-    });
+    fields_.UseCircuitBentCheck.Watch(
+        handlers_.Wrap("UseCircuitBentCheck_Click", [this] { UseCircuitBentCheck_Click(); }));
 }
 
 CircuitBent::~CircuitBent() {
@@ -27,8 +26,8 @@ void CircuitBent::UseCircuitBentCheck_Click() {
     timers_.Stop(bendTimer_);
     bendTimer_ = 0;
     if (fields_.UseCircuitBent) {
-        bendTimer_ = timers_.Start(
-            IntervalMs, [this] { handlers_.Run("BendTimer_Timer", [this] { BendTimer_Timer(); }); });
+        bendTimer_ =
+            timers_.Start(IntervalMs, handlers_.Wrap("BendTimer_Timer", [this] { BendTimer_Timer(); }));
     }
     log_.Text("UseCircuitBentCheck clicked - UseCircuitBent -> {}", LogFlag(fields_.UseCircuitBent));
 }

@@ -40,13 +40,11 @@ std::int32_t PulseOfNote(std::string_view noteName) {
 }
 
 MotorModModule::MotorModModule(const MotorParts& parts) : p_(parts) {
-    p_.Fields.UseMotorCheck.Watch([this](bool ticked) {
-        p_.Handlers.Run("UseMotorCheck_Click", [&] { UseMotorCheck_Click(ticked); });
-    });
-    PortName.Watch(
-        [this](const std::string&) { p_.Handlers.Run("cmbMotorPort_Click", [this] { ChangePort(); }); });
+    p_.Fields.UseMotorCheck.Watch(
+        p_.Handlers.Wrap("UseMotorCheck_Click", [this](bool ticked) { UseMotorCheck_Click(ticked); }));
+    PortName.Watch(p_.Handlers.Wrap("cmbMotorPort_Click", [this] { ChangePort(); }));
     p_.Comm.WhenLost(
-        [this](const std::string& reason) { p_.Handlers.Run("Comm_OnComm", [&] { PortLost(reason); }); });
+        p_.Handlers.Wrap("Comm_OnComm", [this](const std::string& reason) { PortLost(reason); }));
 }
 
 void MotorModModule::Sound(const Tone& tone) {

@@ -10,23 +10,19 @@ namespace quavix {
 PitchGlide::PitchGlide(MainFields& mainFields, Speaker& speaker, Timers& timers, EventBoundary& handlers,
                        DebugLog& log)
     : mainFields_(mainFields), speaker_(speaker), timers_(timers), handlers_(handlers), log_(log) {
-    const auto run = [this](const char* handler, void (PitchGlide::*body)()) {
-        handlers_.Run(handler, [this, body] { (this->*body)(); });
-    };
-    mainFields_.UsePortaCheck.Watch(
-        [run](bool) { run("UsePortaCheck_Click", &PitchGlide::UsePortaCheck_Click); });
+    mainFields_.UsePortaCheck.Watch(handlers_.Wrap("UsePortaCheck_Click", [this] { UsePortaCheck_Click(); }));
     Fields.PitchMultipleSlider.Watch(
-        [run](const auto&) { run("PitchMultipleSlider_Change", &PitchGlide::PitchMultipleSlider_Change); });
+        handlers_.Wrap("PitchMultipleSlider_Change", [this] { PitchMultipleSlider_Change(); }));
     Fields.SoundLengthSlider.Watch(
-        [run](const auto&) { run("SoundLengthSlider_Change", &PitchGlide::SoundLengthSlider_Change); });
-    Fields.optSoundAlways.Watch([run](bool chosen) {
+        handlers_.Wrap("SoundLengthSlider_Change", [this] { SoundLengthSlider_Change(); }));
+    Fields.optSoundAlways.Watch(handlers_.Wrap("optSoundAlways_Click", [this](bool chosen) {
         if (chosen)
-            run("optSoundAlways_Click", &PitchGlide::optSoundAlways_Click);
-    });
-    Fields.optSoundStops.Watch([run](bool chosen) {
+            StartSoundIfNeeded();
+    }));
+    Fields.optSoundStops.Watch(handlers_.Wrap("optSoundStops_Click", [this](bool chosen) {
         if (chosen)
-            run("optSoundStops_Click", &PitchGlide::optSoundStops_Click);
-    });
+            StartSoundIfNeeded();
+    }));
     PitchMultipleSlider_Change();
     SoundLengthSlider_Change();
     StartSoundIfNeeded();
@@ -61,14 +57,6 @@ void PitchGlide::StartSound() {
         currentPitch_ = wantedPitch_;
     EnableEachToneTimer(true);
     EnableFinishTimer(Fields.optSoundStops);
-}
-
-void PitchGlide::optSoundAlways_Click() {
-    StartSoundIfNeeded();
-}
-
-void PitchGlide::optSoundStops_Click() {
-    StartSoundIfNeeded();
 }
 
 void PitchGlide::PitchMultipleSlider_Change() {
@@ -108,7 +96,7 @@ void PitchGlide::EnableEachToneTimer(bool enable) {
         return;
     if (enable) {
         eachToneTimer_ = timers_.Start(
-            IntervalMs, [this] { handlers_.Run("EachToneTimer_Timer", [this] { EachToneTimer_Timer(); }); });
+            IntervalMs, handlers_.Wrap("EachToneTimer_Timer", [this] { EachToneTimer_Timer(); }));
     } else {
         timers_.Stop(std::exchange(eachToneTimer_, 0));
     }
@@ -118,9 +106,8 @@ void PitchGlide::EnableEachToneTimer(bool enable) {
 void PitchGlide::EnableFinishTimer(bool enable) {
     timers_.Stop(std::exchange(finishTimer_, 0));
     if (enable) {
-        finishTimer_ = timers_.Start(Fields.SoundLengthSlider, [this] {
-            handlers_.Run("FinishTimer_Timer", [this] { FinishTimer_Timer(); });
-        });
+        finishTimer_ = timers_.Start(Fields.SoundLengthSlider,
+                                     handlers_.Wrap("FinishTimer_Timer", [this] { FinishTimer_Timer(); }));
     }
 }
 

@@ -46,8 +46,6 @@ class PitchGlide final : public ToneOutput {
     void StartSound();
     void StartSoundIfNeeded();
     void UsePortaCheck_Click();
-    void optSoundAlways_Click();
-    void optSoundStops_Click();
     void PitchMultipleSlider_Change();
     void SoundLengthSlider_Change();
     void EachToneTimer_Timer();

@@ -27,9 +27,8 @@ TimeOfDay NextFullMinute(const TimeOfDay& now) {
 }  // namespace
 
 SynchroPlay::SynchroPlay(SynchroParts parts) : p_(std::move(parts)) {
-    p_.Fields.UseSynchroCheck.Watch([this](bool ticked) {
-        p_.Handlers.Run("UseSynchroCheck_Click", [&] { UseSynchroCheck_Click(ticked); });
-    });
+    p_.Fields.UseSynchroCheck.Watch(
+        p_.Handlers.Wrap("UseSynchroCheck_Click", [this](bool ticked) { UseSynchroCheck_Click(ticked); }));
     p_.Fields.MusicIsPlaying.Watch([this](bool) { EnableWaitButton(); });
     chkStartInDelayEnabled = p_.Fields.UseFMODCheckEnabled.Get();
     p_.Fields.UseFMODCheckEnabled.Watch([this](bool enabled) { chkStartInDelayEnabled = enabled; });
@@ -45,7 +44,7 @@ void SynchroPlay::UseSynchroCheck_Click(bool ticked) {
         ShowCurrentTime();
         constexpr std::int32_t UpdateMs = 100;
         currentUpdateTimer_ = p_.Ticks.Start(
-            UpdateMs, [this] { p_.Handlers.Run("CurrentUpdateTimer_Timer", [this] { ShowCurrentTime(); }); });
+            UpdateMs, p_.Handlers.Wrap("CurrentUpdateTimer_Timer", [this] { ShowCurrentTime(); }));
     } else if (p_.Fields.StartIsAwaited && shouldBeNotWaiting_) {
         StopWaiting();  // the window is gone that could stop it; music that plays already goes on
     }

@@ -3,6 +3,7 @@
 
 #include <functional>
 #include <string_view>
+#include <type_traits>
 
 #include "ports/message_boxes.h"
 #include "shell/debug_log.h"
@@ -17,6 +18,20 @@ class EventBoundary {
 
     /// Runs `body`; `handler` is the handler's name for the log. Returns whether it ended without an error.
     bool Run(std::string_view handler, const std::function<void()>& body);
+
+    /// Returns a function that runs `body` so, with the arguments that it is called with or without any.
+    /// `handler` is a literal.
+    template <typename Body>
+    auto Wrap(const char* handler, Body body) {
+        return [this, handler, body](const auto&... arguments) {
+            Run(handler, [&] {
+                if constexpr (std::is_invocable_v<const Body&, decltype(arguments)...>)
+                    body(arguments...);
+                else
+                    body();
+            });
+        };
+    }
 
   private:
     void Report(std::string_view handler, int number, const char* text);

@@ -38,7 +38,7 @@ void Recovery::SongChanged() {
 
 void Recovery::TickIn(std::int32_t ms) {
     StopTicking();
-    timer_ = p_.Ticks.Start(ms, [this] { p_.Handlers.Run("RecoveryTimer_Timer", [this] { Tick(); }); });
+    timer_ = p_.Ticks.Start(ms, p_.Handlers.Wrap("RecoveryTimer_Timer", [this] { Tick(); }));
 }
 
 void Recovery::StopTicking() {
