@@ -50,7 +50,8 @@ void EngineRecording::Begin(SoundSystem* system) {
     std::int32_t count = 0;
     Check(library_.FMOD_System_GetDSPBufferSize(system_, &length, &count));
     std::int32_t rate = 0;
-    Check(library_.FMOD_System_GetSoftwareFormat(system_, &rate));
+    Check(
+        library_.FMOD_System_GetSoftwareFormat(system_, &rate, nullptr, nullptr, nullptr, nullptr, nullptr));
     blockFrames_ = std::max<std::int64_t>(length, 1);
     rate_ = std::max(rate, 1);
     start_ = time_.Now();

@@ -7,19 +7,17 @@
 #include "app/command_line.h"
 #include "app/shutdown.h"
 #include "app/start_up.h"
+#include "platform/common/environment.h"
 #include "platform/common/immediate_end.h"
+#include "platform/common/module_loader.h"
 #include "platform/common/module_midi_devices.h"
 #include "platform/common/module_midi_file_reader.h"
 #include "platform/common/notnormal_fmodex.h"
-#include "platform/common/register_control.h"
 #include "platform/common/speaker/choose_speaker.h"
 #include "platform/common/system_clock.h"
+#include "platform/common/system_ports.h"
 #include "platform/common/system_random_numbers.h"
 #include "platform/common/termination_signals.h"
-#include "platform/common/user_folders.h"
-#include "platform/posix/posix_files.h"
-#include "platform/posix/posix_processes.h"
-#include "platform/posix/shell_batch_files.h"
 #include "platform/qt/qt_application.h"
 #include "platform/qt/qt_clipboard.h"
 #include "platform/qt/qt_event_pump.h"
@@ -69,8 +67,9 @@ int main(int argc, char** argv) {
     const std::string folder = application.ProgramFolder();
 
     SystemClock clock;
-    PosixFiles files;
-    PosixProcesses processes;
+    const std::unique_ptr<Files> disk = MakeFiles();
+    Files& files = *disk;
+    const std::unique_ptr<Processes> processes = MakeProcesses();
     ImmediateEnd processEnd;
     QtEventPump pump;
     QtMessageBoxes boxes;
@@ -86,7 +85,7 @@ int main(int argc, char** argv) {
     QtHandleWatch handleWatch;
     ModuleMidiDevices midi(FileInFolder(systemFolder, "midiio32.ocx"), handleWatch);
     ModuleMidiFileReader midiFiles(FileInFolder(systemFolder, "midifl32.ocx"));
-    ShellBatchFiles batches;
+    const std::unique_ptr<BatchFiles> batches = MakeBatchFiles();
     SaveLoadForm saveLoad(clock);
 
     Program app({
@@ -104,7 +103,7 @@ int main(int argc, char** argv) {
         .MidiOutDevices = midi.Out(),
         .MidiInDevices = midi.In(),
         .MidiFiles = midiFiles,
-        .Batches = batches,
+        .Batches = *batches,
         .Loading = saveLoad,
         .ProgramFolder = folder,
         .WinFolder = winFolder,
@@ -124,11 +123,11 @@ int main(int argc, char** argv) {
         boxes.AnswerThemselves();
         shutdown.CloseProgram();
     };
-    application.WhenReadable(signals.Descriptor(), closeProgram);
+    application.WhenSignalled(signals.Handle(), closeProgram);
 
     std::string midiFile;
     StartUp startUp(
-        {app.Fields, clock, files, boxes, processes, *speaker, app.Outputs.SoundMods, app.Handlers, app.Log,
+        {app.Fields, clock, files, boxes, *processes, *speaker, app.Outputs.SoundMods, app.Handlers, app.Log,
          [&](const std::string& song) { app.Storage.SongDocument.LoadFile(song); },
          [&](bool songIsLoaded) { recovery.OfferLeftovers(songIsLoaded); },
          [&] { app.Outputs.MotorModModule.CheckForPort(); },

@@ -10,12 +10,13 @@
 #include "app/render_target.h"
 #include "app/song_renderer.h"
 #include "platform/common/console_boxes.h"
+#include "platform/common/environment.h"
 #include "platform/common/module_midi_file_reader.h"
 #include "platform/common/notnormal_fmodex.h"
-#include "platform/common/user_folders.h"
-#include "platform/posix/posix_files.h"
+#include "platform/common/system_ports.h"
 #include "shell/file_access.h"
 #include "shell/program_info.h"
+#include "shell/utf8_path.h"
 #include "simulation/rendered_speaker.h"
 
 namespace {
@@ -54,7 +55,8 @@ void CheckNames(const quavix::RenderOptions& options) {
         for (std::size_t j = 0; j < i; ++j) {
             std::error_code error;
             if (!names[i]->empty() &&
-                (*names[i] == *names[j] || std::filesystem::equivalent(*names[i], *names[j], error)))
+                (*names[i] == *names[j] ||
+                 std::filesystem::equivalent(quavix::PathOf(*names[i]), quavix::PathOf(*names[j]), error)))
                 throw quavix::RenderError(fmt::format("\"{}\" is named twice", *names[i]));
         }
     }
@@ -62,12 +64,12 @@ void CheckNames(const quavix::RenderOptions& options) {
 
 /// The log and the tone code of a rendering start empty.
 void StartAnew(const std::string& file) {
-    if (!file.empty() && !std::ofstream(file, std::ios::trunc))
+    if (!file.empty() && !std::ofstream(quavix::PathOf(file), std::ios::trunc))
         throw quavix::RenderError(fmt::format("\"{}\" can't be written", file));
 }
 
 void Render(const quavix::RenderOptions& options) {
-    quavix::PosixFiles files;
+    const std::unique_ptr<quavix::Files> files = quavix::MakeFiles();
     quavix::ConsoleBoxes boxes(options.Yes);
     quavix::NOTNORMALfmodex sound;
     const std::string folder = quavix::FolderOfProgram();
@@ -78,7 +80,7 @@ void Render(const quavix::RenderOptions& options) {
     quavix::RenderTarget target(options.Out);
     {
         ProgressLine line;
-        quavix::SongRenderer(files, boxes, sound, midiFiles, folder, [&line](double share) {
+        quavix::SongRenderer(*files, boxes, sound, midiFiles, folder, [&line](double share) {
             return line.Show(share);
         }).Render(options, target.Stream());
     }

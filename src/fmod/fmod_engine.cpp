@@ -18,8 +18,7 @@ void FmodEngine::Start(const FmodOutput& output) {
     errors_.ERRCHECK(library_.FMOD_System_SetDSPBufferSize(system_, BufferLength, BufferCount));
     if (output.Output != FmodOutput::BestDevice)
         errors_.ERRCHECK(library_.FMOD_System_SetOutput(system_, output.Output));
-    errors_.ERRCHECK(library_.FMOD_System_Init(system_, MaxChannels, NormalFlags,
-                                               output.FileName.empty() ? nullptr : output.FileName.c_str()));
+    errors_.ERRCHECK(library_.FMOD_System_Init(system_, MaxChannels, NormalFlags, output.Extra()));
     GetFMODBufferLength();
     errors_.ERRCHECK(library_.FMOD_System_CreateDSPByType(system_, fmod_unit::Oscillator, &oscillator_));
     errors_.ERRCHECK(library_.FMOD_System_PlayDSP(system_, FmodChannelReuse, oscillator_, true, &channel_));
@@ -48,7 +47,8 @@ std::int32_t FmodEngine::GetFMODBufferLength() {
     const std::int32_t total = ToInt32(static_cast<double>(samples) * count);
     log_.Text("Total number of samples in buffers is {}", total);
     std::int32_t rate = 0;
-    const SoundLibrary::Result rateResult = library_.FMOD_System_GetSoftwareFormat(system_, &rate);
+    const SoundLibrary::Result rateResult =
+        library_.FMOD_System_GetSoftwareFormat(system_, &rate, nullptr, nullptr, nullptr, nullptr, nullptr);
     log_.Text("Sample rate is {}", rate);
     errors_.ERRCHECK(rateResult);
     // Without a rate the library has failed, and said so.

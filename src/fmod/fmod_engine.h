@@ -12,44 +12,47 @@ namespace quavix {
 
 /// Destination of a sound engine's sound.
 struct FmodOutput {
-    /// The library's numbers: 0 the best device; 5 a WAV file, a block for each update.
-    static constexpr std::int32_t BestDevice = 0;
-    static constexpr std::int32_t WavFileByUpdate = 5;
+    static constexpr std::int32_t BestDevice = SOUND_OUTPUT_DEVICE;
+    /// A block for each update.
+    static constexpr std::int32_t WavFileByUpdate = SOUND_OUTPUT_WAV_BY_UPDATE;
 
     std::int32_t Output = BestDevice;
     /// The WAV file.
     std::string FileName{};
+
+    /// The file's name as FMOD_System_Init() takes it, which does not change it; null for none.
+    void* Extra() const { return FileName.empty() ? nullptr : const_cast<char*>(FileName.c_str()); }
 };
 
 /// Kinds of units, as the sound library numbers them.
 namespace fmod_unit {
-inline constexpr std::int32_t Oscillator = 2;
-inline constexpr std::int32_t LowPass = 3;
-inline constexpr std::int32_t Equaliser = 10;
+inline constexpr std::int32_t Oscillator = SOUND_OSCILLATOR;
+inline constexpr std::int32_t LowPass = SOUND_LOW_PASS;
+inline constexpr std::int32_t Equaliser = SOUND_EQUALISER;
 }  // namespace fmod_unit
 
 /// The units' parameters, as the sound library numbers them.
 namespace fmod_parameter {
-inline constexpr std::int32_t OscillatorType = 0;
-inline constexpr std::int32_t OscillatorRate = 1;
-inline constexpr std::int32_t LowPassCutoff = 0;
-inline constexpr std::int32_t LowPassResonance = 1;
-inline constexpr std::int32_t EqualiserCentre = 0;
-inline constexpr std::int32_t EqualiserBandwidth = 1;
-inline constexpr std::int32_t EqualiserGain = 2;
+inline constexpr std::int32_t OscillatorType = SOUND_OSCILLATOR_TYPE;
+inline constexpr std::int32_t OscillatorRate = SOUND_OSCILLATOR_RATE;
+inline constexpr std::int32_t LowPassCutoff = SOUND_LOW_PASS_CUTOFF;
+inline constexpr std::int32_t LowPassResonance = SOUND_LOW_PASS_RESONANCE;
+inline constexpr std::int32_t EqualiserCentre = SOUND_EQUALISER_CENTRE;
+inline constexpr std::int32_t EqualiserBandwidth = SOUND_EQUALISER_BANDWIDTH;
+inline constexpr std::int32_t EqualiserGain = SOUND_EQUALISER_GAIN;
 }  // namespace fmod_parameter
 
 /// Waveforms of an oscillator, as the sound library numbers them.
 namespace fmod_waveform {
-inline constexpr std::int32_t Sine = 0;
-inline constexpr std::int32_t Square = 1;
-inline constexpr std::int32_t FallingSaw = 3;
-inline constexpr std::int32_t Triangle = 4;
-inline constexpr std::int32_t Noise = 5;
+inline constexpr std::int32_t Sine = SOUND_SINE;
+inline constexpr std::int32_t Square = SOUND_SQUARE;
+inline constexpr std::int32_t FallingSaw = SOUND_FALLING_SAW;
+inline constexpr std::int32_t Triangle = SOUND_TRIANGLE;
+inline constexpr std::int32_t Noise = SOUND_NOISE;
 }  // namespace fmod_waveform
 
 /// Reuse the channel that is passed in; none stands for a free one.
-inline constexpr std::int32_t FmodChannelReuse = -2;
+inline constexpr std::int32_t FmodChannelReuse = SOUND_CHANNEL_REUSE;
 
 /// The main window's engine of the sound library: one oscillator, which plays on one channel from start-up to
 /// shutdown and is only paused and un-paused. Every failure is shown, and what comes next is tried all the

@@ -62,8 +62,7 @@ void VoiceMainForm::CreateSystem(const FmodOutput& output) {
     Check(p_.Library.FMOD_System_SetSoftwareChannels(voiceSystem_, Channels));
     if (output.Output != FmodOutput::BestDevice)
         Check(p_.Library.FMOD_System_SetOutput(voiceSystem_, output.Output));
-    Check(p_.Library.FMOD_System_Init(voiceSystem_, Channels, NormalFlags,
-                                      output.FileName.empty() ? nullptr : output.FileName.c_str()));
+    Check(p_.Library.FMOD_System_Init(voiceSystem_, Channels, NormalFlags, output.Extra()));
 }
 
 void VoiceMainForm::CreateFormants() {

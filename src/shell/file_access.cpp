@@ -2,7 +2,6 @@
 #include "shell/file_access.h"
 
 #include <array>
-#include <filesystem>
 
 namespace quavix {
 
@@ -15,7 +14,7 @@ bool FileExists(const std::string& fileName, Files& files, DebugLog& log) {
 }
 
 std::string FileInFolder(const std::string& folder, const std::string& name) {
-    return (std::filesystem::path(folder) / name).string();
+    return folder.empty() || folder.ends_with('/') ? folder + name : folder + '/' + name;
 }
 
 bool MatchesWildcards(std::string_view name, std::string_view pattern) {

@@ -14,7 +14,7 @@ namespace quavix {
 /// nothing.
 bool FileExists(const std::string& fileName, Files& files, DebugLog& log);
 
-/// Returns the name of a file in a folder.
+/// Returns the name of a file in a folder. The program's names have '/' between their parts on every system.
 std::string FileInFolder(const std::string& folder, const std::string& name);
 
 /// Returns true if a file name matches a pattern in which "*" stands for any characters and "?" for any one.

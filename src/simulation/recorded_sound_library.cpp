@@ -3,8 +3,22 @@
 
 #include <algorithm>
 #include <type_traits>
+#include <utility>
+
+#include <fmt/format.h>
 
 namespace quavix {
+
+RecordedSoundLibrary::RecordedSoundLibrary(SimulatedTime& time, Timeline& timeline)
+    : time_(time), timeline_(timeline) {
+    Answer();
+    ForEachFunction([this](const char* name, auto& function) { Record(name, function); });
+}
+
+std::string RecordedSoundLibrary::Load(const std::string& fileName) {
+    timeline_.Record(time_.Now(), fmt::format("fmod load {}", fileName));
+    return LoadError;
+}
 
 std::string RecordedSoundLibrary::NameOf(const void* object) const {
     if (object == nullptr)
@@ -14,185 +28,83 @@ std::string RecordedSoundLibrary::NameOf(const void* object) const {
     return found == objects_.end() ? "unknown" : *found;
 }
 
+/// Puts the recording of calls before the function's answer. Arguments that the function fills in are not
+/// shown, but for a channel that may be used again.
 template <typename... Arguments>
-RecordedSoundLibrary::Result RecordedSoundLibrary::Call(const char* function, const Arguments&... arguments) {
-    std::string text;
-    [[maybe_unused]] const auto add = [&](const auto& argument) {
-        using Argument = std::decay_t<decltype(argument)>;
-        text += text.empty() ? "" : ", ";
-        if constexpr (std::is_same_v<Argument, const char*>)
-            text += argument == nullptr ? "null" : fmt::format("\"{}\"", argument);
-        else if constexpr (std::is_pointer_v<Argument>)
-            text += NameOf(argument);
-        else if constexpr (std::is_same_v<Argument, bool>)
-            text += argument ? "1" : "0";
-        else
-            text += fmt::format("{}", argument);
+void RecordedSoundLibrary::Record(const char* name, std::function<Result(Arguments...)>& function) {
+    function = [this, name, answer = std::move(function)](Arguments... arguments) -> Result {
+        std::string text;
+        [[maybe_unused]] const auto add = [&](const auto& argument) {
+            using Argument = std::decay_t<decltype(argument)>;
+            std::string shown;
+            if constexpr (std::is_same_v<Argument, const char*> || std::is_same_v<Argument, void*>)
+                shown =
+                    argument == nullptr ? "null" : fmt::format("\"{}\"", static_cast<const char*>(argument));
+            else if constexpr (std::is_same_v<Argument, SoundChannel**>)
+                shown = NameOf(*argument);
+            else if constexpr (std::is_arithmetic_v<Argument>)
+                shown = fmt::format("{}", argument);
+            else if constexpr (std::is_class_v<std::remove_pointer_t<Argument>>)
+                shown = NameOf(argument);
+            else
+                return;  // a number or an object that the function fills in
+            text += (text.empty() ? "" : ", ") + shown;
+        };
+        (add(arguments), ...);
+        const auto failure = failures_.find(name);
+        const Result result = failure == failures_.end() ? 0 : failure->second;
+        timeline_.Record(time_.Now(), fmt::format("fmod {}({}){}", name, text,
+                                                  result == 0 ? "" : fmt::format(" fails with {}", result)));
+        return result == 0 && answer ? answer(arguments...) : result;
     };
-    (add(arguments), ...);
-    const auto failure = failures_.find(function);
-    const Result result = failure == failures_.end() ? 0 : failure->second;
-    timeline_.Record(time_.Now(), fmt::format("fmod {}({}){}", function, text,
-                                              result == 0 ? "" : fmt::format(" fails with {}", result)));
-    return result;
 }
 
 template <typename Object>
-RecordedSoundLibrary::Result RecordedSoundLibrary::Make(Result result, const char* kind, Object** made) {
-    if (result == 0) {
-        objects_.push_back(fmt::format("{}{}", kind, ++counts_[kind]));
-        *made = reinterpret_cast<Object*>(&objects_.back());
-    }
-    return result;
+void RecordedSoundLibrary::Make(const std::string& kind, Object** made) {
+    objects_.push_back(fmt::format("{}{}", kind, ++counts_[kind]));
+    *made = reinterpret_cast<Object*>(&objects_.back());
 }
 
-std::string RecordedSoundLibrary::Load(const std::string& fileName) {
-    timeline_.Record(time_.Now(), fmt::format("fmod load {}", fileName));
-    return LoadError;
-}
-
-RecordedSoundLibrary::Result RecordedSoundLibrary::FMOD_System_Create(SoundSystem** system) {
-    return Make(Call("FMOD_System_Create"), "system", system);
-}
-
-RecordedSoundLibrary::Result RecordedSoundLibrary::FMOD_System_GetVersion(SoundSystem* system,
-                                                                          std::uint32_t* version) {
-    const Result result = Call("FMOD_System_GetVersion", system);
-    if (result == 0)
+/// The functions that fill something in.
+void RecordedSoundLibrary::Answer() {
+    FMOD_System_Create = [this](SoundSystem** system) {
+        Make("system", system);
+        return SOUND_OK;
+    };
+    FMOD_System_GetVersion = [this](SoundSystem*, unsigned int* version) {
         *version = Version;
-    return result;
-}
-
-RecordedSoundLibrary::Result RecordedSoundLibrary::FMOD_System_SetDSPBufferSize(SoundSystem* system,
-                                                                                std::uint32_t length,
-                                                                                std::int32_t count) {
-    const Result result = Call("FMOD_System_SetDSPBufferSize", system, length, count);
-    if (result == 0) {
+        return SOUND_OK;
+    };
+    FMOD_System_SetDSPBufferSize = [this](SoundSystem*, unsigned int length, int count) {
         BufferLength = length;
         BufferCount = count;
-    }
-    return result;
-}
-
-RecordedSoundLibrary::Result RecordedSoundLibrary::FMOD_System_GetDSPBufferSize(SoundSystem* system,
-                                                                                std::uint32_t* length,
-                                                                                std::int32_t* count) {
-    const Result result = Call("FMOD_System_GetDSPBufferSize", system);
-    if (result == 0) {
+        return SOUND_OK;
+    };
+    FMOD_System_GetDSPBufferSize = [this](SoundSystem*, unsigned int* length, int* count) {
         *length = BufferLength;
         *count = BufferCount;
-    }
-    return result;
-}
-
-RecordedSoundLibrary::Result RecordedSoundLibrary::FMOD_System_SetSoftwareChannels(SoundSystem* system,
-                                                                                   std::int32_t channels) {
-    return Call("FMOD_System_SetSoftwareChannels", system, channels);
-}
-
-RecordedSoundLibrary::Result RecordedSoundLibrary::FMOD_System_SetOutput(SoundSystem* system,
-                                                                         std::int32_t output) {
-    return Call("FMOD_System_SetOutput", system, output);
-}
-
-RecordedSoundLibrary::Result RecordedSoundLibrary::FMOD_System_Init(SoundSystem* system,
-                                                                    std::int32_t maxChannels,
-                                                                    std::uint32_t flags, const char* extra) {
-    return Call("FMOD_System_Init", system, maxChannels, flags, extra);
-}
-
-RecordedSoundLibrary::Result RecordedSoundLibrary::FMOD_System_GetSoftwareFormat(SoundSystem* system,
-                                                                                 std::int32_t* rate) {
-    const Result result = Call("FMOD_System_GetSoftwareFormat", system);
-    if (result == 0)
+        return SOUND_OK;
+    };
+    FMOD_System_GetSoftwareFormat = [this](SoundSystem*, int* rate, auto...) {
         *rate = Rate;
-    return result;
-}
-
-RecordedSoundLibrary::Result RecordedSoundLibrary::FMOD_System_CreateDSPByType(SoundSystem* system,
-                                                                               std::int32_t type,
-                                                                               SoundUnit** unit) {
-    return Make(Call("FMOD_System_CreateDSPByType", system, type), "unit", unit);
-}
-
-RecordedSoundLibrary::Result RecordedSoundLibrary::FMOD_System_PlayDSP(SoundSystem* system,
-                                                                       std::int32_t channelIndex,
-                                                                       SoundUnit* unit, bool paused,
-                                                                       SoundChannel** channel) {
-    return Make(Call("FMOD_System_PlayDSP", system, channelIndex, unit, paused, *channel), "channel",
-                channel);
-}
-
-RecordedSoundLibrary::Result RecordedSoundLibrary::FMOD_System_GetMasterChannelGroup(SoundSystem* system,
-                                                                                     SoundGroup** group) {
-    return Make(Call("FMOD_System_GetMasterChannelGroup", system), "master", group);
-}
-
-RecordedSoundLibrary::Result RecordedSoundLibrary::FMOD_System_CreateChannelGroup(SoundSystem* system,
-                                                                                  const char* name,
-                                                                                  SoundGroup** group) {
-    const Result result = Call("FMOD_System_CreateChannelGroup", system, name);
-    return Make(result, name, group);
-}
-
-RecordedSoundLibrary::Result RecordedSoundLibrary::FMOD_System_Update(SoundSystem* system) {
-    return Call("FMOD_System_Update", system);
-}
-
-RecordedSoundLibrary::Result RecordedSoundLibrary::FMOD_System_Close(SoundSystem* system) {
-    return Call("FMOD_System_Close", system);
-}
-
-RecordedSoundLibrary::Result RecordedSoundLibrary::FMOD_System_Release(SoundSystem* system) {
-    return Call("FMOD_System_Release", system);
-}
-
-RecordedSoundLibrary::Result RecordedSoundLibrary::FMOD_DSP_SetParameter(SoundUnit* unit, std::int32_t index,
-                                                                         float value) {
-    return Call("FMOD_DSP_SetParameter", unit, index, value);
-}
-
-RecordedSoundLibrary::Result RecordedSoundLibrary::FMOD_DSP_AddInput(SoundUnit* unit, SoundUnit* input) {
-    return Call("FMOD_DSP_AddInput", unit, input);
-}
-
-RecordedSoundLibrary::Result RecordedSoundLibrary::FMOD_DSP_SetBypass(SoundUnit* unit, bool bypass) {
-    return Call("FMOD_DSP_SetBypass", unit, bypass);
-}
-
-RecordedSoundLibrary::Result RecordedSoundLibrary::FMOD_Channel_SetFrequency(SoundChannel* channel,
-                                                                             float frequency) {
-    return Call("FMOD_Channel_SetFrequency", channel, frequency);
-}
-
-RecordedSoundLibrary::Result RecordedSoundLibrary::FMOD_Channel_SetVolume(SoundChannel* channel,
-                                                                          float volume) {
-    return Call("FMOD_Channel_SetVolume", channel, volume);
-}
-
-RecordedSoundLibrary::Result RecordedSoundLibrary::FMOD_Channel_SetPaused(SoundChannel* channel,
-                                                                          bool paused) {
-    return Call("FMOD_Channel_SetPaused", channel, paused);
-}
-
-RecordedSoundLibrary::Result RecordedSoundLibrary::FMOD_Channel_SetChannelGroup(SoundChannel* channel,
-                                                                                SoundGroup* group) {
-    return Call("FMOD_Channel_SetChannelGroup", channel, group);
-}
-
-RecordedSoundLibrary::Result RecordedSoundLibrary::FMOD_ChannelGroup_SetVolume(SoundGroup* group,
-                                                                               float volume) {
-    return Call("FMOD_ChannelGroup_SetVolume", group, volume);
-}
-
-RecordedSoundLibrary::Result RecordedSoundLibrary::FMOD_ChannelGroup_AddGroup(SoundGroup* group,
-                                                                              SoundGroup* child) {
-    return Call("FMOD_ChannelGroup_AddGroup", group, child);
-}
-
-RecordedSoundLibrary::Result RecordedSoundLibrary::FMOD_ChannelGroup_AddDSP(SoundGroup* group,
-                                                                            SoundUnit* unit) {
-    return Call("FMOD_ChannelGroup_AddDSP", group, unit);
+        return SOUND_OK;
+    };
+    FMOD_System_CreateDSPByType = [this](SoundSystem*, int, SoundUnit** unit) {
+        Make("unit", unit);
+        return SOUND_OK;
+    };
+    FMOD_System_PlayDSP = [this](SoundSystem*, int, SoundUnit*, int, SoundChannel** channel) {
+        Make("channel", channel);
+        return SOUND_OK;
+    };
+    FMOD_System_GetMasterChannelGroup = [this](SoundSystem*, SoundGroup** group) {
+        Make("master", group);
+        return SOUND_OK;
+    };
+    FMOD_System_CreateChannelGroup = [this](SoundSystem*, const char* name, SoundGroup** group) {
+        Make(name, group);
+        return SOUND_OK;
+    };
 }
 
 }  // namespace quavix

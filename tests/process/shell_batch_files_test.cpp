@@ -7,6 +7,7 @@
 
 #include <gtest/gtest.h>
 
+#include "platform/common/system_ports.h"
 #include "support/temporary_folder.h"
 
 namespace quavix {
@@ -76,7 +77,7 @@ TEST_F(ShellBatchFilesTest, AFileThatIsNotThereCannotBeStarted) {
 }
 
 TEST_F(ShellBatchFilesTest, ByItselfItStartsTheProgramThatItIsIn) {
-    EXPECT_NE(ShellBatchFiles().RegisterCommand().find("quavix-process-tests\" --register "),
+    EXPECT_NE(MakeBatchFiles()->RegisterCommand().find("quavix-process-tests\" --register "),
               std::string::npos);
 }
 

@@ -1,10 +1,12 @@
 // SPDX-License-Identifier: MIT
-// What may use what: imports go downwards only, and the system is met in few places.
+// Rules of the layers: includes follow the links of the build, which go downwards only, and the system is met
+// in few places.
 #include <filesystem>
 #include <fstream>
 #include <map>
 #include <regex>
 #include <set>
+#include <sstream>
 
 #include <gtest/gtest.h>
 
@@ -37,49 +39,132 @@ std::vector<Source> Sources(const char* below = "src") {
     return sources;
 }
 
-/// The folders that a folder's sources may include from, besides its own.
-const std::map<std::string, std::set<std::string>>& Allowed() {
-    static const std::set<std::string> base = {"ports", "shell", "dsp"};
-    static const auto with = [](std::set<std::string> more) {
-        more.insert(base.begin(), base.end());
-        return more;
-    };
-    static const std::map<std::string, std::set<std::string>> allowed = {
-        {"ports", {}},
-        {"shell", {"ports"}},
-        {"dsp", {}},
-        {"sound_device", {}},
-        {"music", {"ports", "shell"}},
-        {"songfile", with({"music"})},
-        {"fmod", with({"music"})},
-        {"midi", with({"music", "fmod"})},
-        {"playback", with({"music", "fmod", "midi"})},
-        {"program", with({"music", "songfile", "playback", "fmod", "midi"})},
-        {"simulation", with({"music", "songfile", "midi", "program"})},
-        {"platform", with({"modules", "sound_device"})},
-        {"ui", with({"music", "songfile", "playback", "fmod", "midi", "program"})},
-        {"app",
-         with({"music", "songfile", "playback", "fmod", "midi", "program", "simulation", "platform", "ui"})},
-    };
-    return allowed;
-}
+/// The folders with targets of the build, as it links them. Includes may follow links, and nothing else.
+class Links {
+  public:
+    Links() {
+        std::ifstream file(QUAVIX_LAYERS);
+        for (std::string line; std::getline(file, line);) {
+            std::istringstream words(line);
+            std::string folder;
+            std::string target;
+            std::getline(words, folder, ';');
+            std::getline(words, target, ';');
+            folderOf_[target] = folder;
+            for (std::string linked; std::getline(words, linked, ';');)
+                linked_[folder].insert(linked);
+        }
+        // The modules' interfaces lie with the modules.
+        folderOf_["quavix_module_interfaces"] = "modules";
+    }
 
-TEST(Layers, IncludesGoDownwardsOnly) {
-    const std::regex include(R"re(^\s*#\s*include\s+"([^"/]+)/[^"]*")re");
-    std::size_t seen = 0;
-    for (const Source& source : Sources()) {
-        ASSERT_TRUE(Allowed().contains(source.Folder)) << source.Name << " lies in a folder without a place";
-        for (const std::string& line : source.Lines) {
-            std::smatch match;
-            if (!std::regex_search(line, match, include))
-                continue;
-            ++seen;
-            const std::string folder = match[1];
-            EXPECT_TRUE(folder == source.Folder || Allowed().at(source.Folder).contains(folder))
-                << source.Name << ": " << line;
+    std::set<std::string> Folders() const {
+        std::set<std::string> folders;
+        for (const auto& [target, folder] : folderOf_)
+            folders.insert(folder);
+        return folders;
+    }
+
+    /// The folder of the target that a file belongs to; empty if it is none of this build's.
+    std::string FolderOf(const std::string& file) const {
+        for (fs::path folder = fs::path(file).parent_path(); !folder.empty(); folder = folder.parent_path()) {
+            for (const auto& [target, at] : folderOf_) {
+                if (at == folder)
+                    return at;
+            }
+        }
+        return {};
+    }
+
+    /// The folder's own, and those of everything that its targets link, directly or not.
+    const std::set<std::string>& Reached(const std::string& folder) {
+        auto [found, isNew] = reached_.try_emplace(folder);
+        if (isNew)
+            Reach(folder, found->second);
+        return found->second;
+    }
+
+  private:
+    void Reach(const std::string& folder, std::set<std::string>& reached) const {
+        if (!reached.insert(folder).second || !linked_.contains(folder))
+            return;
+        for (const std::string& target : linked_.at(folder)) {
+            if (folderOf_.contains(target))
+                Reach(folderOf_.at(target), reached);
         }
     }
-    EXPECT_GT(seen, 100U);
+
+    std::map<std::string, std::string> folderOf_;
+    std::map<std::string, std::set<std::string>> linked_;
+    std::map<std::string, std::set<std::string>> reached_;
+};
+
+bool IsInterfaceOfAModule(const std::string& file) {
+    return file.starts_with("modules/") &&
+           (file.ends_with("_module.h") || file == "modules/sound_engine/sound_engine.h");
+}
+
+TEST(Layers, IncludesFollowTheLinksOfTheBuild) {
+    const std::regex include(R"re(^\s*#\s*include\s+"([^"]+/[^"]*)")re");
+    Links links;
+    std::size_t seen = 0;
+    for (const char* below : {"src", "modules"}) {
+        for (const Source& source : Sources(below)) {
+            const std::string folder = links.FolderOf(below + ("/" + source.Name));
+            if (folder.empty() || folder == "modules")
+                continue;  // left out of this build
+            const std::set<std::string>& reached = links.Reached(folder);
+            for (const std::string& line : source.Lines) {
+                std::smatch match;
+                if (!std::regex_search(line, match, include))
+                    continue;
+                ++seen;
+                const std::string file = match[1];
+                if (reached.contains("modules") && IsInterfaceOfAModule(file))
+                    continue;
+                EXPECT_TRUE(reached.contains(links.FolderOf("src/" + file)) ||
+                            links.FolderOf(file) == folder || links.FolderOf("modules/" + file) == folder)
+                    << source.Name << ": " << line;
+            }
+        }
+    }
+    EXPECT_GT(seen, 500U);
+}
+
+TEST(Layers, LinksGoDownwardsOnly) {
+    Links links;
+    for (const std::string& upper : links.Folders()) {
+        for (const std::string& lower : links.Reached(upper))
+            EXPECT_TRUE(lower == upper || !links.Reached(lower).contains(upper))
+                << upper << " and " << lower << " reach each other";
+    }
+    EXPECT_TRUE(links.Reached("src/app").contains("src/platform/common"));
+    EXPECT_TRUE(links.Reached("src/platform/linux").contains("src/platform/posix"));
+    EXPECT_FALSE(links.Reached("src/ui").contains("src/platform/common"));
+}
+
+TEST(Layers, WhatIsCommonToAllSystemsAndTheToolkitsPartSeeNoSystem) {
+    Links links;
+    for (const char* portable :
+         {"src/platform/common", "src/platform/common/speaker", "src/platform/qt", "src/app"}) {
+        for (const std::string& folder : links.Reached(portable))
+            EXPECT_FALSE(folder.starts_with("src/platform/posix") || folder.starts_with("src/platform/linux"))
+                << portable << " reaches " << folder;
+    }
+}
+
+TEST(Layers, WhatIsPosixSeesNoKernel) {
+    const std::regex kernel(
+        R"(#\s*include\s+<(linux/|sys/(prctl|eventfd|timerfd|inotify|epoll)\.h)|/proc/|O_TMPFILE|O_PATH)");
+    std::size_t seen = 0;
+    for (const Source& source : Sources()) {
+        if (!source.Name.starts_with("platform/posix/"))
+            continue;
+        ++seen;
+        for (const std::string& line : source.Lines)
+            EXPECT_FALSE(std::regex_search(line, kernel)) << source.Name << ": " << line;
+    }
+    EXPECT_GT(seen, 5U);
 }
 
 TEST(Layers, OnlyTheWindowsAndThePlatformKnowTheToolkit) {
@@ -106,14 +191,27 @@ TEST(Layers, NoClockAndNoSleepOutsideThePlatform) {
     }
 }
 
-TEST(Layers, TheSystemIsMetInThePlatformOnly) {
+TEST(Layers, TheSystemIsMetInItsFoldersOnly) {
     const std::regex system(
-        R"(#\s*include\s+<(unistd\.h|sys/|fcntl\.h|linux/|poll\.h|RtAudio|RtMidi|jack/|windows\.h))");
+        R"(#\s*include\s+<(unistd\.h|sys/|fcntl\.h|linux/|poll\.h|dlfcn\.h|dirent\.h|signal\.h|spawn\.h|termios\.h|time\.h|windows\.h))");
+    std::size_t seen = 0;
     for (const Source& source : Sources()) {
-        if (source.Folder == "platform" || source.Folder == "sound_device")
+        if (source.Name.starts_with("platform/posix/") || source.Name.starts_with("platform/linux/"))
             continue;
+        ++seen;
         for (const std::string& line : source.Lines)
             EXPECT_FALSE(std::regex_search(line, system)) << source.Name << ": " << line;
+    }
+    EXPECT_GT(seen, 100U);
+}
+
+TEST(Layers, TheSoundCardIsMetInItsFolderOnly) {
+    const std::regex sound(R"(#\s*include\s+<(RtAudio|RtMidi|jack/|alsa/))");
+    for (const Source& source : Sources()) {
+        if (source.Folder == "sound_device")
+            continue;
+        for (const std::string& line : source.Lines)
+            EXPECT_FALSE(std::regex_search(line, sound)) << source.Name << ": " << line;
     }
 }
 
@@ -125,22 +223,13 @@ TEST(Layers, ThePlatformsSystemsAreChosenByTheBuildNotByThePreprocessor) {
     }
 }
 
-// What is loaded at run time meets the program in its interface only, and the system in few files.
 TEST(Layers, AModuleKnowsOfTheSourcesNothingButSound) {
-    const std::regex include(R"re(^\s*#\s*include\s+"(?:modules/)?([^"/]+)/[^"]*")re");
-    std::size_t seen = 0;
-    for (const Source& source : Sources("modules")) {
-        for (const std::string& line : source.Lines) {
-            std::smatch match;
-            if (!std::regex_search(line, match, include))
-                continue;
-            ++seen;
-            const std::string folder = match[1];
-            EXPECT_TRUE(folder == source.Folder || folder == "dsp" || folder == "sound_device")
-                << source.Name << ": " << line;
-        }
+    Links links;
+    for (const char* module : {"modules/midi_file", "modules/midi_io", "modules/sound_engine"}) {
+        for (const std::string& folder : links.Reached(module))
+            EXPECT_TRUE(folder.starts_with("modules") || folder == "src/dsp" || folder == "src/sound_device")
+                << module << " reaches " << folder;
     }
-    EXPECT_GT(seen, 30U);
 }
 
 TEST(Layers, TheSoundEngineMeetsTheSystemWhereSoundGoesOut) {

@@ -3,7 +3,6 @@
 
 #include <cstdio>
 #include <string>
-#include <unistd.h>
 
 namespace quavix {
 
@@ -22,10 +21,6 @@ BoxAnswer ConsoleBoxes::Show(const MessageBox& box) {
             return yes_ ? BoxAnswer::Yes : BoxAnswer::Cancel;
     }
     return BoxAnswer::Cancel;
-}
-
-bool StandardErrorIsTerminal() {
-    return isatty(STDERR_FILENO) != 0;
 }
 
 }  // namespace quavix

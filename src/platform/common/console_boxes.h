@@ -17,7 +17,4 @@ class ConsoleBoxes : public MessageBoxes {
     bool yes_;
 };
 
-/// Whether somebody can see what goes to standard error.
-bool StandardErrorIsTerminal();
-
 }  // namespace quavix

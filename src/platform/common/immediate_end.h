@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstdio>
+#include <cstdlib>
+
 #include "ports/process_end.h"
 
 namespace quavix {
@@ -9,7 +12,10 @@ namespace quavix {
 /// playback on the stack.
 class ImmediateEnd : public ProcessEnd {
   public:
-    [[noreturn]] void EndProcess() override;
+    [[noreturn]] void EndProcess() override {
+        std::fflush(nullptr);
+        std::_Exit(EXIT_SUCCESS);
+    }
 };
 
 }  // namespace quavix

@@ -1,25 +1,33 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <memory>
 #include <string>
 
-#include "platform/posix/forked_guard.h"
+#include "ports/event_pump.h"
 
 namespace quavix {
 
-/// Has a text written to a device when this process dies, even if it is killed.
+/// A text that is written to a device when this process dies, even if it is killed. Each system implements
+/// this class.
 class LastWords {
   public:
+    LastWords();
+    ~LastWords();
+    LastWords(const LastWords&) = delete;
+    LastWords& operator=(const LastWords&) = delete;
+
     /// Takes effect until Withdraw() or the end of the object. False: it can't be had, and Problem() says
     /// why.
-    bool Leave(int device, const std::string& words);
+    bool Leave(WaitHandle device, const std::string& words);
 
-    void Withdraw() { guard_.End(); }
+    void Withdraw();
 
-    const std::string& Problem() const { return guard_.Problem(); }
+    const std::string& Problem() const;
 
   private:
-    ForkedGuard guard_;
+    struct Guard;
+    std::unique_ptr<Guard> guard_;
 };
 
 }  // namespace quavix

@@ -5,8 +5,8 @@
 #include <utility>
 
 #include "modules/midi_io/midi_io_module.h"
-#include "platform/common/loaded_module.h"
-#include "platform/common/wake_signal.h"
+#include "platform/common/module_loader.h"
+#include "platform/common/wait_handles.h"
 
 namespace quavix {
 namespace {
@@ -71,11 +71,11 @@ class Library {
     const std::string& Prepare() {
         if (io_ != nullptr)
             return problem_;
-        LoadedModule::Interface interface {
+        ModuleInterface interface {
             "MidiIo", QUAVIX_MIDI_IO_VERSION, {}
         };
         Calls.ForEach([&](const char* name, auto&) { interface.Functions.emplace_back(name); });
-        module_ = LoadedModule::Load(fileName_, interface, problem_);
+        module_ = LoadModule(fileName_, interface, problem_);
         if (!module_)
             return problem_;
         Calls.ForEach([&](const char* name, auto*& place) {
@@ -107,7 +107,7 @@ class Library {
     std::string system_;
     std::function<void()> wake_;
     std::string problem_;
-    std::unique_ptr<LoadedModule> module_;
+    std::unique_ptr<DynamicLibrary> module_;
     QuavixMidiIo* io_ = nullptr;
 };
 

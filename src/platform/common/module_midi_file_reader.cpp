@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "modules/midi_file/midi_file_module.h"
-#include "platform/common/loaded_module.h"
+#include "platform/common/module_loader.h"
 
 namespace quavix {
 namespace {
@@ -121,7 +121,7 @@ ModuleMidiFileReader::~ModuleMidiFileReader() = default;
 std::string ModuleMidiFileReader::Prepare() {
     std::string problem;
     if (!module_)
-        module_ = LoadedModule::Load(fileName_, {"MidiFile", QUAVIX_MIDI_FILE_VERSION, {ReadName}}, problem);
+        module_ = LoadModule(fileName_, {"MidiFile", QUAVIX_MIDI_FILE_VERSION, {ReadName}}, problem);
     return problem;
 }
 

@@ -8,7 +8,7 @@
 
 namespace quavix {
 
-class LoadedModule;
+class DynamicLibrary;
 
 /// Reads MIDI files with the module of that file name (midifl32.ocx), which is loaded when it is needed
 /// first.
@@ -25,7 +25,7 @@ class ModuleMidiFileReader : public MidiFileReader {
 
   private:
     std::string fileName_;
-    std::unique_ptr<LoadedModule> module_;
+    std::unique_ptr<DynamicLibrary> module_;
 };
 
 }  // namespace quavix

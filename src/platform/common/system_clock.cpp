@@ -1,11 +1,23 @@
 // SPDX-License-Identifier: MIT
 #include "platform/common/system_clock.h"
 
+#include <chrono>
 #include <ctime>
 
 #include "platform/common/monotonic.h"
 
 namespace quavix {
+namespace {
+
+/// Only the user-interface thread asks for it, as the C library keeps one result for all.
+std::tm LocalNow() {
+    using WallClock = std::chrono::system_clock;
+    // Exact, unlike std::time(), which may lag by milliseconds.
+    const std::time_t now = WallClock::to_time_t(WallClock::now());
+    return *std::localtime(&now);
+}
+
+}  // namespace
 
 std::int64_t SystemClock::PerformanceCounter() {
     return MonotonicNs() / (NsPerSecond / PerformanceFrequency());
@@ -16,20 +28,14 @@ std::uint32_t SystemClock::TickCount() {
 }
 
 TimeOfDay SystemClock::LocalTime() {
-    // Exact, unlike std::time(), which may lag by milliseconds.
-    timespec now{};
-    clock_gettime(CLOCK_REALTIME, &now);
-    std::tm local{};
-    localtime_r(&now.tv_sec, &local);
-    return {local.tm_hour, local.tm_min, local.tm_sec < 60 ? local.tm_sec : 59};
+    const std::tm now = LocalNow();
+    return {now.tm_hour, now.tm_min, now.tm_sec < 60 ? now.tm_sec : 59};
 }
 
 Date SystemClock::LocalDate() {
-    const std::time_t now = std::time(nullptr);
-    std::tm local{};
-    localtime_r(&now, &local);
+    const std::tm now = LocalNow();
     constexpr int YearZero = 1900;
-    return {local.tm_year + YearZero, local.tm_mon + 1, local.tm_mday};
+    return {now.tm_year + YearZero, now.tm_mon + 1, now.tm_mday};
 }
 
 }  // namespace quavix

@@ -3,15 +3,15 @@
 
 #include <array>
 #include <cerrno>
-#include <climits>
 #include <cstring>
 #include <fcntl.h>
 #include <poll.h>
 #include <signal.h>
-#include <sys/prctl.h>
 #include <sys/socket.h>
 #include <sys/wait.h>
 #include <unistd.h>
+
+#include "platform/posix/kernel_calls.h"
 
 namespace quavix {
 namespace {
@@ -26,8 +26,7 @@ bool KeepOnly(int device, int channel) {
     const int highDevice = fcntl(device, F_DUPFD_CLOEXEC, 10);
     const int highChannel = fcntl(channel, F_DUPFD_CLOEXEC, 10);
     return dup2(highDevice, GuardsDevice) == GuardsDevice &&
-           dup2(highChannel, GuardsChannel) == GuardsChannel &&
-           close_range(GuardsChannel + 1, UINT_MAX, 0) == 0;
+           dup2(highChannel, GuardsChannel) == GuardsChannel && CloseFrom(GuardsChannel + 1);
 }
 
 // What ends or stops the program must not end or stop the guard before it has done its work.
@@ -42,7 +41,7 @@ void IgnoreSignals() {
 [[noreturn]] void BeGuard(const char* name, int device, int channel, const ForkedGuard::Duty& duty) {
     setsid();
     IgnoreSignals();
-    prctl(PR_SET_NAME, name);
+    NameProcess(name);
     if (KeepOnly(device, channel) && chdir("/") == 0 && send(GuardsChannel, "r", 1, MSG_NOSIGNAL) == 1)
         duty(GuardsDevice, GuardsChannel);
     _exit(0);

@@ -7,6 +7,8 @@
 #include <sys/socket.h>
 #include <unistd.h>
 
+#include "platform/posix/forked_guard.h"
+
 namespace quavix {
 namespace {
 
@@ -35,11 +37,28 @@ void WriteAll(int device, std::string_view bytes) {
 
 }  // namespace
 
-bool LastWords::Leave(int device, const std::string& words) {
-    return guard_.Start("quavix-words", device, [&words](int guardsDevice, int channel) {
-        WaitForEnd(channel);
-        WriteAll(guardsDevice, words);
-    });
+struct LastWords::Guard {
+    ForkedGuard Process;
+};
+
+LastWords::LastWords() : guard_(std::make_unique<Guard>()) {}
+
+LastWords::~LastWords() = default;
+
+void LastWords::Withdraw() {
+    guard_->Process.End();
+}
+
+const std::string& LastWords::Problem() const {
+    return guard_->Process.Problem();
+}
+
+bool LastWords::Leave(WaitHandle device, const std::string& words) {
+    return guard_->Process.Start("quavix-words", static_cast<int>(device),
+                                 [&words](int guardsDevice, int channel) {
+                                     WaitForEnd(channel);
+                                     WriteAll(guardsDevice, words);
+                                 });
 }
 
 }  // namespace quavix

@@ -7,10 +7,11 @@
 #include <dirent.h>
 #include <fcntl.h>
 #include <filesystem>
+#include <sys/file.h>
 #include <unistd.h>
 
+#include "platform/common/system_ports.h"
 #include "platform/posix/file_descriptor.h"
-#include "platform/posix/lock_file.h"
 #include "platform/posix/replaced_file.h"
 #include "shell/file_access.h"
 
@@ -98,7 +99,60 @@ std::error_code WriteAndClose(FileDescriptor file, std::string_view bytes) {
     return error ? error : closeError;
 }
 
+/// True if the open file is still the one of that name: its last holder may have deleted it in between.
+bool StandsUnderItsName(const std::string& name, int file) {
+    struct stat held {};
+    struct stat named {};
+    return ::fstat(file, &held) == 0 && ::lstat(name.c_str(), &named) == 0 && held.st_dev == named.st_dev &&
+           held.st_ino == named.st_ino;
+}
+
+/// A lock of the kernel on an open file: it goes with the process, so that no process number has to be asked
+/// after, and none that is in use again can deceive.
+class LockFile : public FileLock {
+  public:
+    /// Null with `error` set when the file can't be created or somebody holds the lock.
+    static std::unique_ptr<LockFile> Take(const std::string& name, std::error_code& error);
+
+    ~LockFile() override;
+    LockFile(const LockFile&) = delete;
+    LockFile& operator=(const LockFile&) = delete;
+
+  private:
+    LockFile(std::string name, FileDescriptor file) : name_(std::move(name)), file_(std::move(file)) {}
+
+    std::string name_;
+    FileDescriptor file_;
+};
+
+std::unique_ptr<LockFile> LockFile::Take(const std::string& name, std::error_code& error) {
+    error.clear();
+    if (name.find('\0') != std::string::npos) {
+        error = std::make_error_code(std::errc::no_such_file_or_directory);
+        return nullptr;
+    }
+    for (;;) {
+        FileDescriptor file =
+            FileDescriptor::Open(AT_FDCWD, name.c_str(), O_RDWR | O_CREAT | O_NOFOLLOW, S_IRUSR | S_IWUSR);
+        if (!file || ::flock(file.Get(), LOCK_EX | LOCK_NB) != 0) {
+            error = LastError();
+            return nullptr;
+        }
+        if (StandsUnderItsName(name, file.Get()))
+            return std::unique_ptr<LockFile>(new LockFile(name, std::move(file)));
+    }
+}
+
+LockFile::~LockFile() {
+    // While it is held: nobody else can have taken a file of this name.
+    ::unlink(name_.c_str());
+}
+
 }  // namespace
+
+std::unique_ptr<Files> MakeFiles() {
+    return std::make_unique<PosixFiles>();
+}
 
 bool PosixFiles::FindsNormalFile(const std::string& pattern) {
     const std::size_t nameStart = pattern.rfind('/') + 1;  // npos + 1 is 0

@@ -6,6 +6,8 @@
 #include <sys/resource.h>
 #include <unistd.h>
 
+#include "platform/common/system_ports.h"
+
 namespace quavix {
 namespace {
 
@@ -17,17 +19,20 @@ struct PriorityClass {
 // From the nicest to the most demanding; nice values in between belong to the nearest class below them.
 constexpr PriorityClass Classes[] = {{64, 19}, {16384, 10}, {32, 0}, {32768, -5}, {128, -10}, {256, -20}};
 
-constexpr ProcessHandle AccessShift = std::int64_t{1} << 32;
+// A handle is a process's id, with the rights below it.
+constexpr ProcessHandle MaySet = 1;
+constexpr ProcessHandle MayQuery = 2;
+constexpr ProcessHandle Rights = 4;
 
 id_t IdOf(ProcessHandle process) {
-    return static_cast<id_t>(process % AccessShift);
-}
-
-std::uint32_t AccessOf(ProcessHandle process) {
-    return static_cast<std::uint32_t>(process / AccessShift);
+    return static_cast<id_t>(process / Rights);
 }
 
 }  // namespace
+
+std::unique_ptr<Processes> MakeProcesses() {
+    return std::make_unique<PosixProcesses>();
+}
 
 std::int32_t PosixProcesses::CurrentProcessId() {
     return getpid();
@@ -45,11 +50,12 @@ ProcessHandle PosixProcesses::Open(std::uint32_t access, std::int32_t processId)
     const bool isOthers = !exists && errno == EPERM;
     if (!exists && !(isOthers && (access & SetInformation) == 0))
         return 0;
-    return static_cast<ProcessHandle>(access) * AccessShift + processId;
+    return ProcessHandle{processId} * Rights + ((access & SetInformation) != 0 ? MaySet : 0) +
+           ((access & QueryInformation) != 0 ? MayQuery : 0);
 }
 
 bool PosixProcesses::SetPriorityClass(ProcessHandle process, std::int32_t priorityClass) {
-    if (process == 0 || (AccessOf(process) & SetInformation) == 0)
+    if (process == 0 || (process & MaySet) == 0)
         return false;
     for (const PriorityClass& entry : Classes) {
         if (entry.Class == priorityClass)
@@ -59,7 +65,7 @@ bool PosixProcesses::SetPriorityClass(ProcessHandle process, std::int32_t priori
 }
 
 std::int32_t PosixProcesses::GetPriorityClass(ProcessHandle process) {
-    if (process == 0 || (AccessOf(process) & QueryInformation) == 0)
+    if (process == 0 || (process & MayQuery) == 0)
         return 0;
     errno = 0;
     const int nice = getpriority(PRIO_PROCESS, IdOf(process));

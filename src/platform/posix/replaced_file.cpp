@@ -10,6 +10,8 @@
 #include <random>
 #include <unistd.h>
 
+#include "platform/posix/kernel_calls.h"
+
 namespace quavix {
 namespace {
 
@@ -27,22 +29,11 @@ std::filesystem::path FollowLinks(std::filesystem::path path, std::error_code& e
     return path;
 }
 
-/// Where a process finds its own open files, by their numbers.
-constexpr const char* OpenFiles = "/proc/self/fd/";
-
 std::string UnpredictableName() {
     std::random_device random;
     std::array<char, 40> name{};
     std::snprintf(name.data(), name.size(), ".quavix-%08x%08x.tmp", random(), random());
     return name.data();
-}
-
-FileDescriptor OpenFolder(const std::string& folder) {
-    FileDescriptor opened = FileDescriptor::Open(AT_FDCWD, folder.c_str(), O_RDONLY | O_DIRECTORY);
-    // A folder that may be written but not listed is as good, but for making it durable.
-    if (!opened && errno == EACCES)
-        opened = FileDescriptor::Open(AT_FDCWD, folder.c_str(), O_PATH | O_DIRECTORY);
-    return opened;
 }
 
 }  // namespace
@@ -57,7 +48,7 @@ std::unique_ptr<ReplacedFile> ReplacedFile::Open(const std::string& name, std::e
     if (error)
         return nullptr;
     const std::string folder = path.parent_path().empty() ? "." : path.parent_path().string();
-    FileDescriptor opened = OpenFolder(folder);
+    FileDescriptor opened = OpenFolder(folder.c_str());
     if (!opened) {
         error = LastError();
         return nullptr;
@@ -95,11 +86,9 @@ std::error_code ReplacedFile::Prepare() {
 }
 
 std::error_code ReplacedFile::CreateBeside() {
-    if (::access(OpenFiles, X_OK) == 0)
-        file_ = FileDescriptor::Open(folder_.Get(), ".", O_WRONLY | O_TMPFILE, ReadWriteForAll);
+    file_ = CreateNameless(folder_);
     if (file_)
         return {};
-    // Not every file system has files without a name.
     return TakeTemporaryName([this](const char* name) {
         file_ = FileDescriptor::Open(folder_.Get(), name, O_WRONLY | O_CREAT | O_EXCL | O_NOFOLLOW,
                                      ReadWriteForAll);
@@ -124,10 +113,7 @@ std::error_code ReplacedFile::TakeTemporaryName(Create create) {
 
 /// A new file can't be linked in another's place, so a file without a name takes one for a moment.
 std::error_code ReplacedFile::Name() {
-    const std::string file = OpenFiles + std::to_string(file_.Get());
-    return TakeTemporaryName([&](const char* name) {
-        return ::linkat(AT_FDCWD, file.c_str(), folder_.Get(), name, AT_SYMLINK_FOLLOW) == 0;
-    });
+    return TakeTemporaryName([this](const char* name) { return GiveName(file_, folder_, name); });
 }
 
 std::error_code ReplacedFile::Commit() {

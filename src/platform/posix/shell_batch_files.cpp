@@ -3,11 +3,13 @@
 
 #include <cerrno>
 #include <csignal>
-#include <filesystem>
 #include <spawn.h>
 #include <string_view>
 #include <sys/wait.h>
 #include <unistd.h>
+
+#include "platform/common/environment.h"
+#include "platform/common/system_ports.h"
 
 namespace quavix {
 namespace {
@@ -21,9 +23,8 @@ constexpr const char* Script =
 
 }  // namespace
 
-ShellBatchFiles::ShellBatchFiles() {
-    std::error_code error;
-    program_ = std::filesystem::read_symlink("/proc/self/exe", error).string();
+std::unique_ptr<BatchFiles> MakeBatchFiles() {
+    return std::make_unique<ShellBatchFiles>(FileOfProgram());
 }
 
 std::string ShellBatchFiles::RegisterCommand() {

@@ -11,7 +11,7 @@ namespace quavix {
 /// "quavix --register CONTROL".
 class ShellBatchFiles : public BatchFiles {
   public:
-    ShellBatchFiles();
+    /// `program` is the file of this program.
     explicit ShellBatchFiles(std::string program) : program_(std::move(program)) {}
 
     std::string RegisterCommand() override;

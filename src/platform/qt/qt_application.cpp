@@ -66,8 +66,8 @@ std::string QtApplication::ProgramFolder() const {
     return QFile::encodeName(QApplication::applicationDirPath()).toStdString();
 }
 
-void QtApplication::WhenReadable(int descriptor, std::function<void()> handler) {
-    auto notifier = std::make_unique<QSocketNotifier>(descriptor, QSocketNotifier::Read);
+void QtApplication::WhenSignalled(WaitHandle handle, std::function<void()> handler) {
+    auto notifier = std::make_unique<QSocketNotifier>(static_cast<qintptr>(handle), QSocketNotifier::Read);
     QObject::connect(notifier.get(), &QSocketNotifier::activated, notifier.get(),
                      [notifier = notifier.get(), handler = std::move(handler)] {
                          notifier->setEnabled(false);

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "ports/event_pump.h"
+
 namespace quavix {
 
 /// The connection to the desktop; one at a time, made before any window. Where there is no display to show
@@ -24,8 +26,8 @@ class QtApplication {
     /// The folder of the executable, as the file system takes it.
     std::string ProgramFolder() const;
 
-    /// Calls `handler` from the event loop once a file descriptor has become readable; only once.
-    void WhenReadable(int descriptor, std::function<void()> handler);
+    /// Calls `handler` from the event loop once a handle is signalled; only once.
+    void WhenSignalled(WaitHandle handle, std::function<void()> handler);
 
     /// Handles events until the last window is closed.
     int Run();

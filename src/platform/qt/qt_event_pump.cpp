@@ -5,13 +5,13 @@
 #include <chrono>
 #include <cstdint>
 #include <list>
-#include <optional>
-#include <poll.h>
 #include <thread>
 
 #include <QCoreApplication>
 #include <QSocketNotifier>
 #include <QTimer>
+
+#include "platform/common/wait_handles.h"
 
 namespace quavix {
 namespace {
@@ -21,15 +21,6 @@ using SteadyClock = std::chrono::steady_clock;
 
 // Qt's timers count whole milliseconds and may be late by one; the rest is slept.
 constexpr auto TimerSlack = 2ms;
-
-std::optional<std::uint32_t> Signalled(std::span<const WaitHandle> handles) {
-    for (std::size_t i = 0; i < handles.size(); ++i) {
-        pollfd state{.fd = static_cast<int>(handles[i]), .events = POLLIN, .revents = 0};
-        if (poll(&state, 1, 0) > 0)
-            return static_cast<std::uint32_t>(i);
-    }
-    return std::nullopt;
-}
 
 }  // namespace
 

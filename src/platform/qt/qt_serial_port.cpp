@@ -2,12 +2,13 @@
 #include "platform/qt/qt_serial_port.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <utility>
 
 #include <QFile>
 #include <QSerialPort>
 #include <QSerialPortInfo>
+
+#include "platform/common/environment.h"
 
 namespace quavix {
 
@@ -104,8 +105,7 @@ void QtSerialPort::Lost(const std::string& reason) {
 }
 
 std::string SerialPortFromEnvironment() {
-    const char* name = std::getenv("QUAVIX_SERIAL_PORT");
-    return name == nullptr ? std::string() : name;
+    return FromEnvironment("QUAVIX_SERIAL_PORT");
 }
 
 }  // namespace quavix

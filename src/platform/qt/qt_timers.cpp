@@ -2,9 +2,6 @@
 #include "platform/qt/qt_timers.h"
 
 #include <algorithm>
-#include <ctime>
-#include <sys/timerfd.h>
-#include <unistd.h>
 #include <utility>
 
 #include "platform/common/monotonic.h"
@@ -16,10 +13,6 @@ std::int64_t NsOf(std::int32_t ms) {
     return std::max(ms, 1) * NsPerMs;
 }
 
-timespec ToTimespec(std::int64_t ns) {
-    return {.tv_sec = ns / NsPerSecond, .tv_nsec = ns % NsPerSecond};
-}
-
 }  // namespace
 
 /// A timer may be stopped by its own tick.
@@ -28,29 +21,23 @@ void QtTimers::DeleteLater::operator()(QSocketNotifier* notifier) const {
     notifier->deleteLater();
 }
 
-void QtTimers::Timer::Arm() const {
-    const itimerspec times{.it_interval = ToTimespec(IntervalNs),
-                           .it_value = ToTimespec(LastDueNs + IntervalNs)};
-    timerfd_settime(Kernel.Get(), TFD_TIMER_ABSTIME, &times, nullptr);
+void QtTimers::Timer::Arm() {
+    Ticks->Start(LastDueNs + IntervalNs, IntervalNs);
 }
 
 bool QtTimers::Timer::TakeTick() {
-    std::uint64_t expirations = 0;
-    if (read(Kernel.Get(), &expirations, sizeof expirations) != sizeof expirations)
-        return false;
-    LastDueNs += static_cast<std::int64_t>(expirations) * IntervalNs;
-    return true;
+    const std::int64_t ticks = Ticks->Take();
+    LastDueNs += ticks * IntervalNs;
+    return ticks > 0;
 }
 
 Timers::Id QtTimers::Start(std::int32_t intervalMs, std::function<void()> tick) {
-    Timer timer{.Kernel = FileDescriptor(timerfd_create(CLOCK_MONOTONIC, TFD_CLOEXEC | TFD_NONBLOCK)),
+    Timer timer{.Ticks = std::make_unique<TickTimer>(),
                 .IntervalNs = NsOf(intervalMs),
                 .LastDueNs = MonotonicNs(),
                 .Notifier = nullptr};
-    if (!timer.Kernel)
-        throw std::system_error(LastError(), "timerfd_create");
     timer.Arm();
-    timer.Notifier.reset(new QSocketNotifier(timer.Kernel.Get(), QSocketNotifier::Read));
+    timer.Notifier.reset(new QSocketNotifier(timer.Ticks->Handle(), QSocketNotifier::Read));
     const Id id = ++lastTimer_;
     QObject::connect(timer.Notifier.get(), &QSocketNotifier::activated, timer.Notifier.get(),
                      [this, id, tick = std::move(tick)] { RunTick(id, tick); });

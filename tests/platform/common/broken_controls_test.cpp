@@ -5,8 +5,8 @@
 #include <gmock/gmock.h>
 
 #include "midi/midi_output.h"
+#include "platform/common/module_loader.h"
 #include "platform/common/module_midi_devices.h"
-#include "platform/common/register_control.h"
 #include "support/simulated_program.h"
 #include "support/temporary_folder.h"
 

@@ -28,9 +28,10 @@ TEST(SoundLibraryFile, EachFunctionGetsItsArgumentsAndGivesItsResult) {
     EXPECT_EQ(library.FMOD_System_SetSoftwareChannels(system, 16), 7);
     EXPECT_EQ(library.FMOD_System_SetOutput(system, 5), 7);
     EXPECT_EQ(library.FMOD_System_Init(system, 2, 0, nullptr), 7);
-    EXPECT_EQ(library.FMOD_System_Init(system, 2, 1, "file"), 7);
+    EXPECT_EQ(library.FMOD_System_Init(system, 2, 1, const_cast<char*>("file")), 7);
     std::int32_t rate = 0;
-    EXPECT_EQ(library.FMOD_System_GetSoftwareFormat(system, &rate), 7);
+    EXPECT_EQ(
+        library.FMOD_System_GetSoftwareFormat(system, &rate, nullptr, nullptr, nullptr, nullptr, nullptr), 7);
     EXPECT_EQ(rate, 44100);
     SoundUnit* unit = nullptr;
     EXPECT_EQ(library.FMOD_System_CreateDSPByType(system, 2, &unit), 7);

@@ -6,7 +6,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/common/user_folders.h"
+#include "platform/common/environment.h"
 #include "platform/posix/posix_files.h"
 #include "support/temporary_folder.h"
 

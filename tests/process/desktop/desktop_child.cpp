@@ -21,14 +21,13 @@
 #include "app/shutdown.h"
 #include "platform/common/console_boxes.h"
 #include "platform/common/immediate_end.h"
+#include "platform/common/module_loader.h"
 #include "platform/common/module_midi_devices.h"
 #include "platform/common/notnormal_fmodex.h"
-#include "platform/common/register_control.h"
 #include "platform/common/system_clock.h"
+#include "platform/common/system_ports.h"
 #include "platform/common/termination_signals.h"
 #include "platform/linux/speaker/event_speaker.h"
-#include "platform/posix/posix_files.h"
-#include "platform/posix/shell_batch_files.h"
 #include "platform/qt/qt_application.h"
 #include "platform/qt/qt_event_pump.h"
 #include "platform/qt/qt_handle_watch.h"
@@ -109,7 +108,8 @@ int main(int argc, char** argv) {
     TimedSpeaker speaker(device);
     QtApplication application(argc, argv, "child", "1");
     SystemClock clock;
-    PosixFiles files;
+    const std::unique_ptr<Files> disk = MakeFiles();
+    Files& files = *disk;
     ImmediateEnd processEnd;
     QtEventPump pump;
     QtTimers timers;
@@ -121,19 +121,19 @@ int main(int argc, char** argv) {
     QtHandleWatch handleWatch;
     ModuleMidiDevices midi(folder + "/windows/system32/midiio32.ocx", handleWatch, "jack");
     TimedMidiOut midiOut(midi.Out());
-    ShellBatchFiles batches;
+    const std::unique_ptr<BatchFiles> batches = MakeBatchFiles();
     ProgramPorts ports = absent.Beside(clock, pump, timers, random, boxes, files, speaker, library);
     ports.Comm = serialPort;
     ports.MidiOutDevices = midiOut;
     ports.MidiInDevices = midi.In();
-    ports.Batches = batches;
+    ports.Batches = *batches;
     ports.ProgramFolder = folder;
     ports.WinFolder = folder + "/windows";
     Program app(ports);
     Shutdown shutdown(app.Fields, app.Log, processEnd);
     shutdown.OnShutDown([&] { app.Outputs.MotorModModule.Stop(); });
     shutdown.OnShutDown([&] { app.ReleaseMidi(); });
-    application.WhenReadable(signals.Descriptor(), [&] { shutdown.CloseProgram(); });
+    application.WhenSignalled(signals.Handle(), [&] { shutdown.CloseProgram(); });
     app.Fields.TickFreq = ReadTickFreq(clock, app.Log);
     if (arguments[0] == "motor") {
         constexpr double LongMs = 600'000;

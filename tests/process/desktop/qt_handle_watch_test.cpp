@@ -6,7 +6,7 @@
 #include <QCoreApplication>
 #include <gtest/gtest.h>
 
-#include "platform/common/wake_signal.h"
+#include "platform/common/wait_handles.h"
 
 namespace quavix {
 namespace {

@@ -1,29 +1,39 @@
 // SPDX-License-Identifier: MIT
 #include "platform/common/speaker/choose_speaker.h"
 
-#include <cstdlib>
 #include <deque>
 #include <utility>
 
 #include <fmt/format.h>
 
+#include "platform/common/environment.h"
+#include "platform/common/speaker/silent_speaker.h"
+#include "platform/common/speaker/sound_card_speaker.h"
 #include "platform/common/speaker/speaker_chain.h"
-#include "platform/linux/speaker/machine_speakers.h"
+#include "platform/common/speaker/wav_speaker.h"
 
 namespace quavix {
 namespace {
 
-std::string FromEnvironment(const char* name, const char* otherwise) {
-    const char* value = std::getenv(name);
-    return value != nullptr && *value != '\0' ? value : otherwise;
+SpeakerMakers MachineSpeakers(const SpeakerChoice& choice) {
+    SpeakerMakers makers;
+    makers.EventDevice = [choice](const std::string& path) { return MakePcSpeaker(choice, path); };
+    makers.SoundCard = [clock = choice.Clock] {
+        return UnlessFailed(std::make_unique<SoundCardSpeaker>(clock));
+    };
+    makers.SoundFile = [clock = choice.Clock](const std::string& path) {
+        return UnlessFailed(std::make_unique<WavSpeaker>(path, clock));
+    };
+    makers.Silent = [clock = choice.Clock] { return UnlessFailed(std::make_unique<SilentSpeaker>(clock)); };
+    return makers;
 }
 
 }  // namespace
 
 SpeakerChoice SpeakerChoiceFromEnvironment() {
     SpeakerChoice choice;
-    choice.Wanted = FromEnvironment("QUAVIX_SPEAKER", "");
-    choice.RuntimeFolder = FromEnvironment("XDG_RUNTIME_DIR", "");
+    choice.Wanted = FromEnvironment("QUAVIX_SPEAKER");
+    choice.RuntimeFolder = FromEnvironment("XDG_RUNTIME_DIR");
     choice.TempFolder = FromEnvironment("TMPDIR", "/tmp");
     return choice;
 }
@@ -62,7 +72,7 @@ std::unique_ptr<Speaker> ChooseSpeaker(const std::string& wanted, const SpeakerM
 
 std::unique_ptr<Speaker> ChooseSpeaker(const SpeakerChoice& choice) {
     // Asking whether a sound server is there must not start one. Set here, as it is not safe beside threads.
-    setenv("JACK_NO_START_SERVER", "1", 0);
+    SetInEnvironment("JACK_NO_START_SERVER", "1");
     return ChooseSpeaker(choice.Wanted, MachineSpeakers(choice));
 }
 

@@ -11,7 +11,7 @@
 
 namespace quavix {
 
-/// What the choice of a speaker depends on.
+/// The user's choice of a speaker, and what setting one up needs.
 struct SpeakerChoice {
     /// What the user asks for: "evdev", "evdev:PATH", "soundcard", "silent", "wav:PATH"; empty is automatic.
     std::string Wanted;
@@ -25,7 +25,11 @@ struct SpeakerChoice {
 /// The choice as the environment states it: QUAVIX_SPEAKER, XDG_RUNTIME_DIR, TMPDIR.
 SpeakerChoice SpeakerChoiceFromEnvironment();
 
-/// The speakers there are to choose from. Each says why where it can't be had.
+/// Sets up the real PC speaker at the device `path`; an empty path has the device looked for. Each system
+/// implements this function.
+SpeakerAttempt MakePcSpeaker(const SpeakerChoice& choice, const std::string& path);
+
+/// The speakers to choose from. One that can't be had says why.
 struct SpeakerMakers {
     std::function<SpeakerAttempt(const std::string& path)> EventDevice;  // path empty: find it
     std::function<SpeakerAttempt()> SoundCard;

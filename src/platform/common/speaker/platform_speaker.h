@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <utility>
 
 #include "ports/speaker.h"
 
@@ -20,11 +21,21 @@ class PlatformSpeaker : public Speaker {
     virtual bool Failed() const { return false; }
 };
 
-/// What came of trying to set a speaker up: the speaker, or why there is none and what to do about it.
+/// Result of setting a speaker up: the speaker, or the reason why there is none and what to do about it.
 struct SpeakerAttempt {
     std::unique_ptr<PlatformSpeaker> Made;
     std::string Reason;
     std::string Remedy;
 };
+
+/// The speaker, or its own words about why it can't be used.
+inline SpeakerAttempt UnlessFailed(std::unique_ptr<PlatformSpeaker> speaker) {
+    SpeakerAttempt attempt;
+    if (speaker->Failed())
+        attempt.Reason = speaker->Status().Reason;
+    else
+        attempt.Made = std::move(speaker);
+    return attempt;
+}
 
 }  // namespace quavix

@@ -11,13 +11,14 @@
 
 #include "dsp/square_wave.h"
 #include "platform/common/speaker/tone_player.h"
+#include "shell/utf8_path.h"
 
 namespace quavix {
 
 WavSpeaker::WavSpeaker(std::string path, ToneClock clock)
     : path_(std::move(path)),
       clock_(std::move(clock)),
-      file_(path_, std::ios::binary | std::ios::trunc),
+      file_(PathOf(path_), std::ios::binary | std::ios::trunc),
       madeNs_(clock_.Now()) {
     if (file_.is_open())
         wav_.emplace(file_, SampleRate, 1);

@@ -7,8 +7,6 @@
 
 #include <fmt/format.h>
 
-#include "platform/linux/speaker/tone_events.h"
-
 namespace quavix {
 
 EventSpeaker::EventSpeaker(FileDescriptor device, FileDescriptor lock, ToneClock clock)

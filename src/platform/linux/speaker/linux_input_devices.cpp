@@ -1,6 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "platform/linux/speaker/linux_input_devices.h"
-
 #include <algorithm>
 #include <array>
 #include <cerrno>
@@ -15,6 +13,8 @@
 #include <sys/sysmacros.h>
 
 #include <fmt/format.h>
+
+#include "platform/linux/speaker/speaker_device.h"
 
 namespace quavix {
 namespace {

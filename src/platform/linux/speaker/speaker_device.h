@@ -2,8 +2,10 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
+#include "platform/common/speaker/platform_speaker.h"
 #include "platform/posix/file_descriptor.h"
 
 namespace quavix {
@@ -34,6 +36,27 @@ class InputDevices {
     virtual InputDeviceFacts Ask(const FileDescriptor& device) const = 0;
 };
 
+/// The event devices under /dev/input, looked at through /sys, so that nothing but the speaker is opened.
+class LinuxInputDevices : public InputDevices {
+  public:
+    std::vector<std::string> Candidates() const override;
+    InputDeviceFacts LookAt(const std::string& path) const override;
+    FileDescriptor Open(const std::string& path, int& error) const override;
+    InputDeviceFacts Ask(const FileDescriptor& device) const override;
+};
+
+/// Where the rule belongs. The name sorts before 73-seat-late.rules, which turns the tag into a permission.
+inline constexpr std::string_view PcSpeakerRulePath = "/etc/udev/rules.d/70-quavix-pcspkr.rules";
+
+/// Lets whoever sits at the machine sound the PC speaker, and opens no other input device.
+inline constexpr std::string_view PcSpeakerRule =
+    R"(ACTION!="remove", SUBSYSTEM=="input", KERNEL=="event*", )"
+    R"(ATTRS{name}=="PC Speaker", ATTRS{phys}=="isa0061/input0", TAG+="uaccess")";
+
+/// Makes the rule count at once, without a restart.
+inline constexpr std::string_view PcSpeakerRuleReload =
+    "sudo udevadm control --reload && sudo udevadm trigger --subsystem-match=input --action=change";
+
 enum class DeviceProblem { None, NotThere, NoPermission, NotASpeaker, CannotOpen };
 
 /// The speaker's descriptor, or why there is none.
@@ -50,5 +73,8 @@ bool IsPcSpeaker(const InputDeviceFacts& facts);
 /// Finds and opens the PC speaker. A `path` that is not empty is the only place looked at, and must be a PC
 /// speaker just as well.
 FoundDevice FindPcSpeaker(const InputDevices& devices, const std::string& path = {});
+
+/// The reason why the PC speaker was not found or not opened, and what to do about it, in words for the user.
+SpeakerAttempt ExplainDevice(const FoundDevice& found);
 
 }  // namespace quavix

@@ -1,13 +1,77 @@
 // SPDX-License-Identifier: MIT
 #include "platform/linux/speaker/speaker_guard.h"
 
+#include <algorithm>
 #include <cerrno>
+#include <climits>
 #include <cstring>
+#include <linux/input.h>
+#include <poll.h>
 #include <sys/socket.h>
+#include <unistd.h>
 
-#include "platform/linux/speaker/guard_process.h"
+#include "platform/common/monotonic.h"
 
 namespace quavix {
+namespace {
+
+/// A tone may sound until this moment of the monotonic clock; 0: it was switched off.
+struct GuardMessage {
+    std::int64_t DeadlineNs = 0;
+};
+
+/// How long past a tone's end the guard lets the program switch it off itself.
+constexpr std::int64_t GuardGraceNs = 5 * NsPerMs;
+
+int MsUntil(std::int64_t momentNs) {
+    const std::int64_t leftNs = momentNs - MonotonicNs();
+    const std::int64_t leftMs = (leftNs + NsPerMs - 1) / NsPerMs;
+    return static_cast<int>(std::clamp<std::int64_t>(leftMs, 0, INT_MAX));
+}
+
+void Watch(int device, int channel) {
+    // A program that was stopped just before it switched a tone on may do so when it continues, long after
+    // the tone's end. So an overdue tone is switched off again and again until the program says it has done
+    // so.
+    constexpr std::int64_t AgainAfterNs = 20 * NsPerMs;
+    std::int64_t offAtNs = 0;
+    for (;;) {
+        pollfd waiting{channel, POLLIN, 0};
+        const int ready = poll(&waiting, 1, offAtNs == 0 ? -1 : MsUntil(offAtNs));
+        if (ready > 0) {
+            GuardMessage message;
+            if (recv(channel, &message, sizeof message, 0) != static_cast<ssize_t>(sizeof message))
+                return;
+            offAtNs = message.DeadlineNs == 0 ? 0 : message.DeadlineNs + GuardGraceNs;
+        } else if (ready == 0) {
+            WriteTone(device, 0);
+            offAtNs = MonotonicNs() + AgainAfterNs;
+        } else if (errno != EINTR && errno != EAGAIN) {
+            return;
+        }
+    }
+}
+
+/// The guard's work in its own process: switches the device off whenever a tone is past its end, and once
+/// more when the program is gone. Makes system calls and nothing else.
+void GuardSpeaker(int device, int channel) {
+    Watch(device, channel);
+    WriteTone(device, 0);
+}
+
+}  // namespace
+
+bool WriteTone(int device, std::int32_t hz) {
+    input_event event{};
+    event.type = EV_SND;
+    event.code = SND_TONE;
+    event.value = hz;
+    ssize_t written;
+    do {
+        written = write(device, &event, sizeof event);
+    } while (written < 0 && errno == EINTR);
+    return written == static_cast<ssize_t>(sizeof event);
+}
 
 bool SpeakerGuard::Start() {
     const bool started = guard_.Start("quavix-guard", device_, GuardSpeaker);

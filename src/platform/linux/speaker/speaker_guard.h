@@ -8,6 +8,10 @@
 
 namespace quavix {
 
+/// Sounds `hz` on the event device until another value is written; 0 is silence. False: the device did not
+/// take it, errno says why. Calls nothing but write().
+bool WriteTone(int device, std::int32_t hz);
+
 /// A small process of its own that switches the speaker's device off when a tone is past its end or the
 /// program is gone, however it went. Switched off means: 0 is written to the device.
 class SpeakerGuard {

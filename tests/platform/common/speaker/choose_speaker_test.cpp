@@ -7,6 +7,8 @@
 #include <fmt/format.h>
 #include <gmock/gmock.h>
 
+#include "fake_time.h"
+
 namespace quavix {
 namespace {
 
@@ -166,6 +168,36 @@ TEST(SpeakerChoice, ThatTurnsOutNotToBeThereIsReplacedBeforeTheFirstTone) {
     speaker->Beep(440, 100);
     EXPECT_EQ(machine.Heard, "silent 440 Hz 100 ms\n");
     EXPECT_EQ(speaker->Status().Reason, "The device broke. No card.");
+}
+
+TEST(MachineSpeakers, KeepTimeSilentlyAndSaySo) {
+    FakeTime time;
+    SpeakerChoice choice;
+    choice.Wanted = "silent";
+    choice.Clock = time.Clock();
+    const auto speaker = ChooseSpeaker(choice);
+    const std::int64_t start = time.NowNs;
+    speaker->Beep(440, 250);
+    speaker->Beep(5, 250);
+    speaker->Beep(40000, 250);
+    EXPECT_EQ(time.NowNs - start, 750 * NsPerMs);
+    speaker->Beep(440, 0);
+    speaker->Beep(440, -3);
+    EXPECT_EQ(time.NowNs - start, 750 * NsPerMs);
+    EXPECT_TRUE(speaker->Status().Silent);
+    EXPECT_THAT(speaker->Status().InUse, HasSubstr("silent"));
+    EXPECT_EQ(speaker->Status().Reason, "Chosen with QUAVIX_SPEAKER=silent.");
+}
+
+TEST(MachineSpeakers, FallSilentWhereASoundFileCannotBeWritten) {
+    FakeTime time;
+    SpeakerChoice choice;
+    choice.Wanted = "wav:/nowhere/at/all.wav";
+    choice.Clock = time.Clock();
+    const SpeakerStatus status = ChooseSpeaker(choice)->Status();
+    EXPECT_TRUE(status.Silent);
+    EXPECT_THAT(status.InUse, HasSubstr("silent"));
+    EXPECT_THAT(status.Reason, HasSubstr("/nowhere/at/all.wav can't be written: No such file"));
 }
 
 }  // namespace

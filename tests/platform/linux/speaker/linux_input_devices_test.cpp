@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "platform/linux/speaker/linux_input_devices.h"
-
 #include <array>
 #include <fcntl.h>
 #include <unistd.h>
 
 #include <gtest/gtest.h>
+
+#include "platform/linux/speaker/speaker_device.h"
 
 namespace quavix {
 namespace {

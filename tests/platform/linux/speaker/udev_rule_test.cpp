@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "platform/linux/speaker/udev_rule.h"
-
 #include <fstream>
 #include <string>
 
 #include <gtest/gtest.h>
+
+#include "platform/linux/speaker/speaker_device.h"
 
 namespace quavix {
 namespace {

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Modules that are missing or broken are answered with a sentence.
-#include "platform/common/loaded_module.h"
+#include "platform/common/module_loader.h"
 
 #include <filesystem>
 #include <fstream>
@@ -31,14 +31,14 @@ std::string ProblemOf(const std::string& fileName) {
     return detail;
 }
 
-TEST(LoadedModule, AMissingFileIsNamed) {
+TEST(ModuleLoader, AMissingFileIsNamed) {
     EXPECT_EQ(ProblemOf("/nowhere/midifl32.ocx"), Quoted("/nowhere/midifl32.ocx") + "is missing.");
     EXPECT_EQ(ProblemOf("libc.so.6"), Quoted("libc.so.6") + "is missing.")
         << "libraries of the system are no modules";
     EXPECT_EQ(ProblemOf(""), Quoted("") + "is missing.");
 }
 
-TEST(LoadedModule, AFileThatIsNoLibrarySaysSo) {
+TEST(ModuleLoader, AFileThatIsNoLibrarySaysSo) {
     const test::TemporaryFolder folder;
     const std::string text = folder.File("text.ocx");
     std::ofstream(text) << "not a library";
@@ -50,26 +50,26 @@ TEST(LoadedModule, AFileThatIsNoLibrarySaysSo) {
                 StartsWith(Quoted(folder.Path()) + "is no module that can be loaded: "));
 }
 
-TEST(LoadedModule, ALibraryWithoutTheFunctionsSaysWhichItLacks) {
+TEST(ModuleLoader, ALibraryWithoutTheFunctionsSaysWhichItLacks) {
     EXPECT_EQ(ProblemOf(QUAVIX_BROKEN_SYMBOLS_MODULE),
               Quoted(QUAVIX_BROKEN_SYMBOLS_MODULE) + "lacks the function QuavixMidiFileRead.");
     std::string problem;
-    EXPECT_EQ(LoadedModule::Load(QUAVIX_MIDI_FILE_MODULE, {"Other", 1, {}}, problem), nullptr);
+    EXPECT_EQ(LoadModule(QUAVIX_MIDI_FILE_MODULE, {"Other", 1, {}}, problem), nullptr);
     EXPECT_EQ(problem, Quoted(QUAVIX_MIDI_FILE_MODULE) + "lacks the function QuavixOtherVersion.");
 }
 
-TEST(LoadedModule, AnotherVersionOfTheInterfaceIsRefused) {
+TEST(ModuleLoader, AnotherVersionOfTheInterfaceIsRefused) {
     EXPECT_EQ(ProblemOf(QUAVIX_BROKEN_VERSION_MODULE),
               Quoted(QUAVIX_BROKEN_VERSION_MODULE) +
                   "has version 2 of its interface, but the program needs version 1.");
 }
 
-TEST(LoadedModule, AModuleThatDoesNotStartSaysSo) {
+TEST(ModuleLoader, AModuleThatDoesNotStartSaysSo) {
     EXPECT_EQ(ProblemOf(QUAVIX_BROKEN_INIT_MODULE),
               Quoted(QUAVIX_BROKEN_INIT_MODULE) + "could not be started (result 7).");
 }
 
-TEST(LoadedModule, ABetterFileInTheSamePlaceIsLoadedWithoutANewStart) {
+TEST(ModuleLoader, ABetterFileInTheSamePlaceIsLoadedWithoutANewStart) {
     const test::TemporaryFolder folder;
     const std::string file = folder.File("midifl32.ocx");
     ModuleMidiFileReader reader(file);
@@ -81,10 +81,9 @@ TEST(LoadedModule, ABetterFileInTheSamePlaceIsLoadedWithoutANewStart) {
     EXPECT_EQ(reader.Prepare(), "");
 }
 
-TEST(LoadedModule, AnInstallerFindsTheRegistrationOfAModule) {
+TEST(ModuleLoader, AnInstallerFindsTheRegistrationOfAModule) {
     std::string problem;
-    const auto module =
-        LoadedModule::Load(QUAVIX_MIDI_FILE_MODULE, {"MidiFile", 1, {"DllRegisterServer"}}, problem);
+    const auto module = LoadModule(QUAVIX_MIDI_FILE_MODULE, {"MidiFile", 1, {"DllRegisterServer"}}, problem);
     ASSERT_NE(module, nullptr) << problem;
     EXPECT_EQ(module->Function<decltype(DllRegisterServer)>("DllRegisterServer")(), 0);
 }
@@ -97,7 +96,7 @@ class NoWatch : public HandleWatch {
     Id watches = 0;
 };
 
-TEST(LoadedModule, WithoutTheirModuleMidiDevicesAreNoneAndSayWhy) {
+TEST(ModuleLoader, WithoutTheirModuleMidiDevicesAreNoneAndSayWhy) {
     NoWatch watch;
     for (const std::string file :
          {"/nowhere/midiio32.ocx", QUAVIX_BROKEN_SYMBOLS_MODULE, QUAVIX_BROKEN_VERSION_MODULE,

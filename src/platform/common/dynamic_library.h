@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <memory>
+#include <string>
+#include <utility>
+
+namespace quavix {
+
+/// A library that was loaded from a file at run time. It is let go with the object unless it is kept. Each
+/// system implements this class.
+class DynamicLibrary {
+  public:
+    /// Null, with the system's own words in `reason`, if the file can't be loaded.
+    static std::unique_ptr<DynamicLibrary> Load(const std::string& fileName, std::string& reason);
+
+    ~DynamicLibrary();
+    DynamicLibrary(const DynamicLibrary&) = delete;
+    DynamicLibrary& operator=(const DynamicLibrary&) = delete;
+
+    /// A function of the library, null if it has none of that name. `Type` is the function's type, as in
+    /// Function<decltype(F)>("F").
+    template <typename Type>
+    Type* Function(const char* name) const {
+        return reinterpret_cast<Type*>(Symbol(name));
+    }
+
+    bool Has(const std::string& name) const { return Symbol(name.c_str()) != nullptr; }
+
+    /// Keeps the library in the process to its end, as threads of what it uses may run on.
+    void Keep();
+
+  private:
+    DynamicLibrary(void* handle, std::string path) : handle_(handle), path_(std::move(path)) {}
+    void* Symbol(const char* name) const;
+
+    void* handle_;
+    std::string path_;
+};
+
+}  // namespace quavix
