@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "music/lengths.h"
+#include "playback/nesting_limit.h"
 #include "shell/numbers.h"
 #include "shell/scoped.h"
 
@@ -29,8 +30,10 @@ void Metronome::MetronomeButton_Click() {
     block.CloseOnError();
     if (fields_.MetronomeIsOn)
         SwitchOff();
-    else
+    else if (running_ < MostNestedRuns)
         Run();
+    else  // The innermost run has not seen yet that it was switched off, and goes on.
+        SwitchOn();
 }
 
 void Metronome::SwitchOff() {
@@ -38,7 +41,13 @@ void Metronome::SwitchOff() {
     log_.LogText("Metronome is OFF");
 }
 
+void Metronome::SwitchOn() {
+    fields_.MetronomeIsOn = true;
+    log_.LogText("Metronome is ON");
+}
+
 void Metronome::Run() {
+    const ScopedCount running(running_);
     const ScopedValue on(fields_.MetronomeIsOn, true, false);
     log_.LogText("Metronome is ON");
     Timetable timetable{.Start = Now(), .PlayedBeats = 0, .Bpm = fields_.BPM, .BeatInBar = 1};

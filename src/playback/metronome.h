@@ -25,7 +25,9 @@ class Metronome {
     Metronome& operator=(const Metronome&) = delete;
 
     /// Switches it on, and returns when it has been switched off again; or switches it off, and returns at
-    /// once. MetronomeIsOn says which. A tempo of 0 raises DivisionByZero after the first click.
+    /// once. MetronomeIsOn says which. Switched on in the waits of MostNestedRuns that are about to end, it
+    /// returns at once, and the innermost one goes on. A tempo of 0 raises DivisionByZero after the first
+    /// click.
     void MetronomeButton_Click();
 
   private:
@@ -46,6 +48,7 @@ class Metronome {
     void WaitForNextBeat(const Timetable& timetable);
     void SkipMissedBeats(Timetable& timetable) const;
     void FollowTempo(Timetable& timetable) const;
+    void SwitchOn();
     void SwitchOff();
     bool IsWanted() const { return fields_.MetronomeIsOn && !fields_.ShuttingDown; }
     Currency Now() const;
@@ -56,6 +59,7 @@ class Metronome {
     Clock& time_;
     Waiting& wait_;
     DebugLog& log_;
+    int running_ = 0;
 };
 
 }  // namespace quavix

@@ -5,6 +5,7 @@
 
 #include "music/lengths.h"
 #include "music/selection.h"
+#include "playback/nesting_limit.h"
 #include "shell/numbers.h"
 #include "shell/scoped.h"
 
@@ -359,6 +360,37 @@ void PlaybackEngine::AfterPlayMusic() {
     }
 }
 
+void PlaybackEngine::Start(const Request& request) {
+    if (running_ == MostNestedRuns) {
+        waiting_.push_back(request);
+        p_.Fields.MusicIsPlaying = false;
+        return;
+    }
+    const ScopedCount running(running_);
+    try {
+        Play(request);
+        while (!waiting_.empty()) {
+            const Request next = waiting_.front();
+            waiting_.pop_front();
+            if (DoesIndexExist(p_.List, next.StartPoint))
+                Play(next);
+        }
+    } catch (const std::exception&) {
+        waiting_.clear();
+        throw;
+    }
+}
+
+void PlaybackEngine::Play(const Request& request) {
+    if (request.OnlyThisLine) {
+        std::int32_t row = request.StartPoint;
+        std::int32_t endPoint = row;
+        PlayMusic(row, endPoint, true);
+    } else {
+        PlayRange(request.StartPoint);
+    }
+}
+
 void PlaybackEngine::PlayRange(std::int32_t startPoint) {
     if (p_.List.Count() == 0) {
         AfterPlayMusic();
@@ -371,21 +403,22 @@ void PlaybackEngine::PlayRange(std::int32_t startPoint) {
 }
 
 void PlaybackEngine::PlayAllButton_Click() {
-    PlayRange(1);
+    Start({.StartPoint = 1, .OnlyThisLine = false});
 }
 
 void PlaybackEngine::PlayFromLineButton_Click() {
-    PlayRange(HasRealSelection(p_.List) ? GetSelectedIndex(p_.List) : 1);
+    const std::int32_t startPoint = HasRealSelection(p_.List) ? GetSelectedIndex(p_.List) : 1;
+    Start({.StartPoint = startPoint, .OnlyThisLine = false});
 }
 
 void PlaybackEngine::StopPlayButton_Click() {
     p_.Fields.MusicIsPlaying = false;
+    waiting_.clear();
 }
 
 void PlaybackEngine::MainList_ItemClick(std::int32_t row) {
     p_.Mods.UpdateModButtons();
-    std::int32_t endPoint = row;
-    PlayMusic(row, endPoint, true);
+    Start({.StartPoint = row, .OnlyThisLine = true});
 }
 
 }  // namespace quavix

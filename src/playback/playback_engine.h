@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <deque>
 #include <functional>
 #include <string>
 
@@ -53,6 +54,11 @@ class PlaybackEngine {
     /// of the time arithmetic (a tempo of 0) end playback and are passed on.
     void PlayMusic(std::int32_t& startPoint, std::int32_t& endPoint, bool onlyThisLine);
 
+    // A click in the middle of playback plays at once, inside the wait of what is playing, and ends that
+    // after the tone that is sounding. When MostNestedRuns are playing inside one another, a click only ends
+    // the innermost one and plays after it, together with other such clicks in their order; a stop, a new
+    // song or an error drops those that still wait, and a row that is gone by then is left out.
+
     void PlayAllButton_Click();
     void PlayFromLineButton_Click();
     /// Only asks playback to stop; it does so after the tone that is sounding.
@@ -64,6 +70,11 @@ class PlaybackEngine {
     std::function<void()> OnRangeEnd;
 
   private:
+    /// What a click wants to be played.
+    struct Request {
+        std::int32_t StartPoint;
+        bool OnlyThisLine;
+    };
     /// One line of music while it is played.
     struct Line {
         Currency Length;  // beats
@@ -87,6 +98,8 @@ class PlaybackEngine {
     void EnableStopping(bool enable);
     void BeforePlayMusic();
     void AfterPlayMusic();
+    void Start(const Request& request);
+    void Play(const Request& request);
     void PlayRange(std::int32_t startPoint);
     void PlayLines(Run& run);
     bool PrepareRange(std::int32_t startPoint, std::int32_t& endPoint);
@@ -113,6 +126,8 @@ class PlaybackEngine {
     void TempoChanged();
 
     PlaybackParts p_;
+    int running_ = 0;
+    std::deque<Request> waiting_;
     Currency startTickTime_;
     Currency currentTickTime_;
     Currency playedBeats_;

@@ -5,6 +5,9 @@
 
 #include <fmt/format.h>
 
+#include "playback/nesting_limit.h"
+#include "shell/scoped.h"
+
 namespace quavix {
 namespace {
 
@@ -87,19 +90,23 @@ void SynchroPlay::StartWaiting() {
     ++waitNumber_;
     btnWaitCaption = "Stop waiting";
     TimeBoxesEnabled = false;
-    if (!p_.IsSounding()) {
+    if (MayWait()) {
         WaitAndPlay();
         return;
     }
-    // This click came in the middle of a tone, whose end would have to wait until after the music: a motor or
-    // a MIDI note would go on and on.
     p_.Fields.StartIsHeldUp = true;
     startTimer_ = p_.Ticks.Start(SliceMs, [this] {
-        if (p_.IsSounding() || p_.Fields.MusicIsPlaying)
+        if (!MayWait() || p_.Fields.MusicIsPlaying)
             return;
         EndHoldUp();
         p_.Handlers.Run("btnWait_Click", [this] { WaitAndPlay(); });
     });
+}
+
+/// False in the middle of a tone, whose end would have to wait until after the music: a motor or a MIDI note
+/// would go on and on.
+bool SynchroPlay::MayWait() const {
+    return !p_.IsSounding() && running_ < MostNestedRuns;
 }
 
 void SynchroPlay::StopWaiting() {
@@ -120,6 +127,7 @@ void SynchroPlay::EndHoldUp() {
 }
 
 void SynchroPlay::WaitAndPlay() {
+    const ScopedCount running(running_);
     const auto wanted = WantedTime();
     if (wanted && WaitForTime(TimeKey(*wanted)))
         Play();

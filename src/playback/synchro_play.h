@@ -74,6 +74,7 @@ class SynchroPlay {
     void SuggestTime();
     void ShowCurrentTime();
     void StartWaiting();
+    bool MayWait() const;
     void StopWaiting();
     void EndHoldUp();
     void WaitAndPlay();
@@ -86,6 +87,7 @@ class SynchroPlay {
     bool WaitSlice(std::int64_t waitNumber);
 
     SynchroParts p_;
+    int running_ = 0;
     bool shouldBeNotWaiting_ = true;
     /// Each waiting has its number, so that one that was stopped doesn't take the next for its own.
     std::int64_t waitNumber_ = 0;

@@ -94,7 +94,6 @@ SongStorage::SongStorage(CommonParts& common, SongEditing& editing)
                     common.Fields.Modified, [&editing] { editing.EditHistory.MarkSaved(); },
                     [&editing] { editing.EditHistory.MarkUnsaved(); }}) {
     SongWriter.OnSaved = [&editing] { editing.EditHistory.MarkSaved(); };
-    SongDocument.OnSongReplaced = [&editing] { editing.ShowPositionOfEdit(); };
 }
 
 struct Program::Parts {
@@ -103,7 +102,12 @@ struct Program::Parts {
           Editing(Common),
           Output(Common),
           Players(Common, Editing, Output),
-          Storage(Common, Editing) {}
+          Storage(Common, Editing) {
+        Storage.SongDocument.OnSongReplaced = [this] {
+            Players.PlaybackEngine.StopPlayButton_Click();
+            Editing.ShowPositionOfEdit();
+        };
+    }
 
     CommonParts Common;
     SongEditing Editing;

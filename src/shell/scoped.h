@@ -28,6 +28,18 @@ class ScopedFlag : public ScopedValue<bool, bool> {
     explicit ScopedFlag(bool& flag) : ScopedValue(flag, true, flag) {}
 };
 
+/// Counts up for as long as it lives.
+class ScopedCount {
+  public:
+    explicit ScopedCount(int& count) : count_(count) { ++count_; }
+    ~ScopedCount() { --count_; }
+    ScopedCount(const ScopedCount&) = delete;
+    ScopedCount& operator=(const ScopedCount&) = delete;
+
+  private:
+    int& count_;
+};
+
 /// Calls a function at the end of its scope, also after an error. The function must not raise one.
 template <typename Function>
 class AtScopeEnd {

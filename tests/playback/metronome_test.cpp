@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "playback/metronome.h"
 
+#include <functional>
+
 #include <gtest/gtest.h>
 
 #include "app/shutdown.h"
@@ -125,6 +127,19 @@ TEST_F(MetronomeTest, SwitchedOffAndOnAgainAtOnceItStartsANewBar) {
     EXPECT_EQ(Tones(),
               "0.0000 speaker 1000 Hz 20 ms\n0.5000 speaker 500 Hz 20 ms\n0.7000 speaker 1000 Hz 20 ms\n"
               "1.2000 speaker 500 Hz 20 ms\n");
+}
+
+TEST_F(MetronomeTest, SwitchedOffAndOnWithoutEndItClicksOn) {
+    int left = 200'000;
+    const std::function<void()> click = [&] {
+        if (--left > 0)
+            P.Time.At(700, click);
+        P.App.Playing.Metronome.MetronomeButton_Click();
+    };
+    P.Time.At(700, click);
+    ClickUntil(1500);
+    EXPECT_TRUE(Tones().ends_with("\n0.8200 speaker 1000 Hz 20 ms\n1.3200 speaker 500 Hz 20 ms\n"))
+        << Tones();
 }
 
 TEST_F(MetronomeTest, PlayAllSwitchesItOffFirst) {

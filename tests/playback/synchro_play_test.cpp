@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "playback/synchro_play.h"
 
+#include <functional>
+
 #include <gtest/gtest.h>
 
 #include "support/simulated_program.h"
@@ -156,6 +158,22 @@ TEST_F(SynchroTest, StoppedAndStartedInOneGoItWaitsForTheNewTimeOnly) {
     Synchro.btnWait_Click();
     P.Time.RunUntil(20'000);
     EXPECT_EQ(Tones(), "5.0000 speaker 262 Hz 386 ms\n");
+    EXPECT_EQ(Shown(), Idle);
+}
+
+TEST_F(SynchroTest, StoppedAndStartedWithoutEndItPlaysAtTheTime) {
+    int left = 200'000;
+    SetTime("12", "0", "10");
+    const std::function<void()> click = [&] {
+        if (--left > 0)
+            P.Time.At(1'000, click);
+        Synchro.btnWait_Click();
+    };
+    P.Time.At(1'000, click);
+    P.Time.At(10'100, [&] { P.App.Playing.PlaybackEngine.StopPlayButton_Click(); });
+    Synchro.btnWait_Click();
+    P.Time.RunUntil(20'000);
+    EXPECT_EQ(Tones(), "10.0000 speaker 262 Hz 386 ms\n");
     EXPECT_EQ(Shown(), Idle);
 }
 

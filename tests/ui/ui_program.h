@@ -28,6 +28,12 @@ class RecordedEnd : public ProcessEnd {
     quavix::Timeline& timeline_;
 };
 
+/// The repetition of a key that is held down.
+inline void RepeatKey(QWidget& widget, Qt::Key key) {
+    QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, {}, true);
+    QApplication::sendEvent(&widget, &press);
+}
+
 /// The program on simulated ports behind its real main window.
 struct UiProgram : SimulatedProgram {
     UiProgram() {

@@ -108,6 +108,8 @@ void MainMenu::AddPlayMenu() {
     QAction* stop = Add(menu, "StopAction", tr("&Stop playing"), QKeySequence(Qt::Key_F6),
                         tr("Stop the music (it may take a second or so to stop)"),
                         [this] { program_.Playing.PlaybackEngine.StopPlayButton_Click(); });
+    for (QAction* action : {all, from, stop})
+        action->setAutoRepeat(false);
     ShowIn(&window_, program_.Fields.PlayAllButtonEnabled, [all](bool can) { all->setEnabled(can); });
     ShowIn(&window_, program_.Fields.PlayFromLineButtonEnabled, [from](bool can) { from->setEnabled(can); });
     ShowIn(&window_, program_.Fields.StopPlayButtonEnabled, [stop](bool can) { stop->setEnabled(can); });

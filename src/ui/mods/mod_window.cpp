@@ -2,6 +2,7 @@
 #include "ui/mods/mod_window.h"
 
 #include <QCloseEvent>
+#include <QKeyEvent>
 
 #include "ui/widgets/binding.h"
 
@@ -24,6 +25,11 @@ ModWindow::ModWindow(const Watched<bool>& visible, Watched<bool>& check, EventBo
 void ModWindow::closeEvent(QCloseEvent* event) {
     event->ignore();
     Unload();
+}
+
+void ModWindow::keyPressEvent(QKeyEvent* event) {
+    if (!IsRepeatedEnter(*event))
+        QDialog::keyPressEvent(event);
 }
 
 void ModWindow::Unload() {

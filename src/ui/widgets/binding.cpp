@@ -7,6 +7,7 @@
 #include <QAbstractItemView>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QRadioButton>
@@ -23,6 +24,10 @@ void RunHandler(const QObject& control, std::string_view event, EventBoundary& h
     name += '_';
     name += event;
     handlers.Run(name, handler);
+}
+
+bool IsRepeatedEnter(const QKeyEvent& event) {
+    return event.isAutoRepeat() && (event.key() == Qt::Key_Return || event.key() == Qt::Key_Enter);
 }
 
 void BindButton(QAbstractButton* button, EventBoundary& handlers, std::function<void()> clicked) {

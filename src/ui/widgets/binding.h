@@ -16,6 +16,7 @@
 class QAbstractButton;
 class QCheckBox;
 class QComboBox;
+class QKeyEvent;
 class QLabel;
 class QLineEdit;
 class QRadioButton;
@@ -39,6 +40,9 @@ void ShowIn(QWidget* widget, const Watched<T>& value, Show show) {
 /// Runs `handler` as "<name of the control>_<event>".
 void RunHandler(const QObject& control, std::string_view event, EventBoundary& handlers,
                 const std::function<void()>& handler);
+
+/// True for the repetition of Enter held down, which presses a dialog's default button again.
+bool IsRepeatedEnter(const QKeyEvent& event);
 
 /// A click runs `clicked`.
 void BindButton(QAbstractButton* button, EventBoundary& handlers, std::function<void()> clicked);

@@ -11,6 +11,7 @@
 #include <QScopedValueRollback>
 
 #include "music/list_columns.h"
+#include "ui/widgets/binding.h"
 
 namespace quavix {
 namespace {
@@ -109,7 +110,8 @@ void MusicListView::TellSelectionMoved() {
 void MusicListView::keyPressEvent(QKeyEvent* event) {
     const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (isEnter && currentIndex().isValid() && selectionModel()->isSelected(currentIndex())) {
-        Q_EMIT ItemClicked(currentIndex().row() + 1);
+        if (!IsRepeatedEnter(*event))
+            Q_EMIT ItemClicked(currentIndex().row() + 1);
         return;
     }
     if (event->key() == Qt::Key_Space && event->modifiers() == Qt::NoModifier) {

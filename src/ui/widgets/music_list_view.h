@@ -21,7 +21,7 @@ class MusicListView : public QTableView, private MusicListObserver {
 
   Q_SIGNALS:
     /// The user has clicked a row or its number, or pressed Enter on it; rows count from 1. A click that only
-    /// extends the selection is none.
+    /// extends the selection is none, and neither is the repetition of Enter held down.
     void ItemClicked(int row);
     /// The user has changed the selection in another way.
     void SelectionMoved();

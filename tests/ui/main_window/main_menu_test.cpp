@@ -186,5 +186,11 @@ TEST(MainMenu, WhatWorksOnSelectedLinesIsOnlyThereWhenSomeAre) {
     EXPECT_EQ(enabled(), "00100");
 }
 
+TEST(MainMenu, KeysHeldDownPlayAndStopOnce) {
+    test::UiProgram p;
+    for (const char* name : {"PlayAllAction", "PlayFromLineAction", "StopAction"})
+        EXPECT_FALSE(ActionOf(p, name).autoRepeat()) << name;
+}
+
 }  // namespace
 }  // namespace quavix

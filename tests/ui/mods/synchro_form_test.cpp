@@ -126,5 +126,17 @@ TEST(SynchroForm, TakesNothingButATimeOfDay) {
     EXPECT_EQ(p.TextOf("lblWaiting"), "Currently NOT waiting");
 }
 
+TEST(SynchroForm, EnterHeldDownStartsWaitingOnce) {
+    SynchroProgram p;
+    std::string shown;
+    p.Time.At(100, [&] { test::RepeatKey(p.Window(), Qt::Key_Enter); });
+    p.Time.At(200, [&] {
+        shown = p.App.Playing.SynchroPlay.lblWaiting;
+        p.Click("btnWait");
+    });
+    QTest::keyClick(&p.Window(), Qt::Key_Enter);
+    EXPECT_EQ(shown, "Currently waiting");
+}
+
 }  // namespace
 }  // namespace quavix

@@ -49,6 +49,19 @@ TEST(MusicListView, EnterPlaysTheHighlightedRow) {
     EXPECT_EQ(p.Timeline.Text("speaker"), "0.0000 speaker 330 Hz 386 ms\n");
 }
 
+TEST(MusicListView, EnterHeldDownPlaysTheRowOnce) {
+    test::UiProgram p;
+    p.SetSong({"Quarter C4 - -", "Quarter E4 - -"});
+    ListOf(p).selectRow(1);
+    QTest::keyPress(&ListOf(p), Qt::Key_Return);
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter})
+        test::RepeatKey(ListOf(p), key);
+    QTest::keyRelease(&ListOf(p), Qt::Key_Return);
+    EXPECT_EQ(p.Timeline.Text("speaker"), "0.0000 speaker 330 Hz 386 ms\n");
+    QTest::keyClick(&ListOf(p), Qt::Key_Return);
+    EXPECT_NE(p.Timeline.Text("speaker").find("0.3860 speaker"), std::string::npos);
+}
+
 TEST(MusicListView, AClickThatExtendsTheSelectionPlaysNothing) {
     test::UiProgram p;
     p.SetSong({"Quarter C4 - -", "Quarter E4 - -", "Quarter G4 - -", "Quarter A4 - -"});
