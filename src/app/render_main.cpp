@@ -29,6 +29,11 @@ void Interrupt(int signal) {
     interruptedBy = signal;
 }
 
+void OnSignals(void (*handler)(int)) {
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP})
+        std::signal(signal, handler);
+}
+
 /// Shows the share done on one line of the terminal.
 class ProgressLine {
   public:
@@ -64,7 +69,7 @@ void CheckNames(const quavix::RenderOptions& options) {
 
 /// The log and the tone code of a rendering start empty.
 void StartAnew(const std::string& file) {
-    if (!file.empty() && !std::ofstream(quavix::PathOf(file), std::ios::trunc))
+    if (!file.empty() && (quavix::IsNamedPipe(file) || !std::ofstream(quavix::PathOf(file), std::ios::trunc)))
         throw quavix::RenderError(fmt::format("\"{}\" can't be written", file));
 }
 
@@ -83,6 +88,12 @@ void Render(const quavix::RenderOptions& options) {
         quavix::SongRenderer(*files, boxes, sound, midiFiles, folder, [&line](double share) {
             return line.Show(share);
         }).Render(options, target.Stream());
+    }
+    if (target.IsPassedOn()) {
+        // The reader may let it wait for ever.
+        OnSignals(SIG_DFL);
+        if (interruptedBy != 0)
+            throw quavix::RenderInterrupted();
     }
     target.Commit();
 }
@@ -106,9 +117,7 @@ int main(int argc, char** argv) {
         fmt::print("quavix-render {}\n", quavix::program::VersionText);
         return Written;
     }
-    std::signal(SIGINT, Interrupt);
-    std::signal(SIGTERM, Interrupt);
-    std::signal(SIGHUP, Interrupt);
+    OnSignals(Interrupt);
     std::signal(SIGPIPE, SIG_IGN);  // a reader that goes away is an error of writing
     try {
         Render(options);

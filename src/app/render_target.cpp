@@ -19,15 +19,28 @@ std::string UnusedName(const std::string& beginning) {
 
 }  // namespace
 
+bool IsNamedPipe(const std::string& file) {
+    std::error_code error;
+    // Where a process finds its own pipes, they are links that lead to no file.
+    return std::filesystem::is_fifo(file, error) && !std::filesystem::canonical(file, error).empty();
+}
+
 RenderTarget::RenderTarget(const std::string& out) : name_(out) {
     namespace fs = std::filesystem;
     std::error_code error;
     if (out.empty())
         throw RenderError("a file without a name can't be written");
-    if (out == "-") {
+    const fs::file_status status = fs::status(out, error);
+    const bool isStandardOutput =
+        out == "-" || (fs::is_fifo(status) && fs::equivalent(out, "/dev/stdout", error));
+    if (isStandardOutput)
+        name_ = "-";
+    else if (IsNamedPipe(out))
+        throw RenderError(fmt::format("\"{}\" is a pipe; write to - instead", out));
+    isPassedOn_ = isStandardOutput || fs::is_fifo(status);
+    if (isPassedOn_) {
         aside_ = UnusedName((fs::temp_directory_path(error) / "quavix-render").string());
     } else {
-        const fs::file_status status = fs::status(out, error);
         if (fs::is_directory(status))
             throw RenderError(fmt::format("\"{}\" is a folder", out));
         if (fs::exists(status) && !fs::is_regular_file(status)) {
@@ -39,7 +52,7 @@ RenderTarget::RenderTarget(const std::string& out) : name_(out) {
     }
     if (!aside_.empty())
         stream_.open(aside_, std::ios::binary | std::ios::in | std::ios::out | std::ios::trunc);
-    if (out == "-" && stream_.is_open()) {
+    if (isPassedOn_ && stream_.is_open()) {
         // Nobody else needs its name, and nothing is left of it however the program ends.
         fs::remove(aside_, error);
         aside_.clear();
@@ -57,17 +70,24 @@ RenderTarget::~RenderTarget() {
         std::filesystem::remove(aside_, error);
 }
 
+bool RenderTarget::PassOn(std::ostream& out) {
+    stream_.seekg(0);
+    std::array<char, 65536> block;
+    do {
+        stream_.read(block.data(), block.size());
+        out.write(block.data(), stream_.gcount());
+    } while (stream_ && out);
+    return stream_.eof() && out.flush();
+}
+
 void RenderTarget::Commit() {
     std::error_code error;
     bool good = false;
     if (name_ == "-") {
-        stream_.seekg(0);
-        std::array<char, 65536> block;
-        do {
-            stream_.read(block.data(), block.size());
-            std::cout.write(block.data(), stream_.gcount());
-        } while (stream_ && std::cout);
-        good = stream_.eof() && std::cout.flush();
+        good = PassOn(std::cout);
+    } else if (isPassedOn_) {
+        std::ofstream out(name_, std::ios::binary);
+        good = PassOn(out);
     } else {
         stream_.close();
         good = !stream_.fail();

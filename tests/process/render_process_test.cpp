@@ -137,5 +137,39 @@ TEST_F(RenderProgram, AReaderThatGoesAwayIsAnErrorOfWriting) {
               3);
 }
 
+TEST_F(RenderProgram, RefusesNamedPipesWithoutWaitingForTheirOtherEnd) {
+    EXPECT_EQ(Run("mkfifo pipe && mkfifo tune.mid && timeout 60 $render song pipe"), 3);
+    EXPECT_NE(Errors().find("\"pipe\" is a pipe"), std::string::npos);
+    EXPECT_EQ(Run("timeout 60 $render --log pipe song out.wav"), 3);
+    EXPECT_EQ(Run("timeout 60 $render --tone-code pipe song out.wav"), 3);
+    EXPECT_EQ(Run("timeout 60 $render pipe out.wav"), 2);
+    EXPECT_NE(Errors(), "");
+    EXPECT_EQ(Run("timeout 60 $render tune.mid out.wav"), 2);
+    EXPECT_NE(Errors(), "");
+    EXPECT_EQ(Run("timeout 60 $render /dev/zero out.wav"), 2);
+    EXPECT_TRUE(HasNothingHalfWritten());
+}
+
+TEST_F(RenderProgram, WritesToDevicesAndToPipesThatAreOpen) {
+    EXPECT_EQ(Run("$render song /dev/null"), 0) << Errors();
+    EXPECT_EQ(Run("$render song /dev/stdout | cat >out.wav"), 0);
+    EXPECT_EQ(test::ReadWavFile(Folder.File("out.wav"))->Frames(), 510 * 48U);
+    EXPECT_EQ(Run("$render song /dev/fd/3 3>&1 | cat >out.wav"), 0);
+    EXPECT_EQ(test::ReadWavFile(Folder.File("out.wav"))->Frames(), 510 * 48U);
+}
+
+TEST_F(RenderProgram, CanBeInterruptedWhileItsReaderDoesNotRead) {
+    for (const char* signal : {"INT", "TERM", "HUP"}) {
+        // The first byte says that the rest, more than a pipe holds, waits for its reader.
+        const int status =
+            Run(fmt::format("rm -f pipe; mkfifo pipe; exec 3<>pipe; "
+                            "$render --passes 200 song - >&3 & child=$!; "
+                            "head -c 1 <&3 >/dev/null; kill -{} $child; wait $child",
+                            signal));
+        EXPECT_GT(status, 128) << signal;
+        EXPECT_TRUE(HasNothingHalfWritten());
+    }
+}
+
 }  // namespace
 }  // namespace quavix
