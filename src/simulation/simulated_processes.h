@@ -3,7 +3,10 @@
 
 #include <string>
 
+#include "ports/process_end.h"
 #include "ports/processes.h"
+#include "simulation/simulated_time.h"
+#include "simulation/timeline.h"
 
 namespace quavix {
 
@@ -27,6 +30,17 @@ class SimulatedProcesses : public Processes {
 
   private:
     std::string calls_;
+};
+
+/// Writes the end of the process to the timeline, and goes on.
+class RecordedProcessEnd : public ProcessEnd {
+  public:
+    RecordedProcessEnd(SimulatedTime& time, Timeline& timeline) : time_(time), timeline_(timeline) {}
+    void EndProcess() override { timeline_.Record(time_.Now(), "process ends"); }
+
+  private:
+    SimulatedTime& time_;
+    Timeline& timeline_;
 };
 
 }  // namespace quavix

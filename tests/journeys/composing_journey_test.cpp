@@ -3,11 +3,8 @@
 
 #include <gtest/gtest.h>
 
-#include "app/shutdown.h"
-#include "app/start_up.h"
-#include "simulation/simulated_processes.h"
 #include "songfile/save_load.h"
-#include "support/simulated_program.h"
+#include "support/simulated_desktop.h"
 
 namespace quavix {
 namespace {
@@ -15,24 +12,17 @@ namespace {
 const char* const Song = "/songs/mine.QVX";
 
 /// The program from its start to its end, without a window.
-struct Session : test::SimulatedProgram, SaveLoadView, ProcessEnd {
-    explicit Session(const std::string& commandLine, const std::string& songOnDisk = {}) {
+struct Session : test::SimulatedDesktop, SaveLoadView {
+    explicit Session(const std::string& commandLine, const std::string& songOnDisk = {})
+        : SimulatedDesktop(commandLine) {
         if (!songOnDisk.empty())
             Disk.Put(Song, songOnDisk);
-        StartUp startUp(
-            {App.Fields, Time, Disk, Boxes, System, Speaker, App.Outputs.SoundMods, App.Handlers, App.Log,
-             [this](const std::string& song) { App.Storage.SongDocument.LoadFile(song); }, [](bool) {},
-             [this] { App.Outputs.MotorModModule.CheckForPort(); }},
-            {"/program", "/windows", commandLine});
-        startUp.BeforeMainForm();
-        startUp.AfterMainForm();
-        startUp.OfferUnsavedSongs();
+        Start();
     }
 
     void ShowSaveLoadForm(bool) override {}
     void EnableMainForm(bool) override {}
     void BringMainFormToFront() override {}
-    void EndProcess() override { Ended = true; }
 
     /// What is heard of the song, once through; without the moments, which depend on when it began.
     std::string Listen() {
@@ -46,10 +36,7 @@ struct Session : test::SimulatedProgram, SaveLoadView, ProcessEnd {
         return heard;
     }
 
-    bool Ended = false;
-    SimulatedProcesses System;
     SaveLoad Choice{*this, App.Storage.SongDocument};
-    Shutdown Closing{App.Fields, App.Log, *this};
 };
 
 TEST(Composing, FromNothingToASongThatSoundsTheSameWhenItIsOpenedAgain) {
@@ -76,8 +63,8 @@ TEST(Composing, FromNothingToASongThatSoundsTheSameWhenItIsOpenedAgain) {
     first.Choice.SaveLoadButton_Click();
     first.Choice.SaveButton_Click();
     ASSERT_TRUE(first.App.Storage.SongDocument.MayClose());
-    first.Closing.CloseProgram();
-    EXPECT_TRUE(first.Ended);
+    first.Desktop.CloseProgram();
+    EXPECT_NE(first.Timeline.Text("process ends"), "");
     EXPECT_TRUE(first.Boxes.Shown().empty());
 
     Session next("\"" + std::string(Song) + "\"", first.Disk.Content(Song));

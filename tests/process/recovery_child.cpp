@@ -5,13 +5,13 @@
 #include <string>
 #include <vector>
 
+#include "app/desktop_program.h"
 #include "platform/common/console_boxes.h"
 #include "platform/posix/posix_files.h"
 #include "program/common_parts.h"
 #include "program/program.h"
-#include "program/song_storage.h"
 #include "simulation/simulated_ports.h"
-#include "songfile/recovery.h"
+#include "simulation/simulated_processes.h"
 
 // Edits a song without end, with recovery copies in the folder it is given, until it is killed. Its time is
 // simulated, so that one copy follows the other at once. Every copy holds a multiple of a hundred equal
@@ -32,8 +32,9 @@ int main(int argumentCount, char** arguments) {
     ports.ToneCodeFile = folder + "/code";
     Program app(ports);
     SimulatedTime& time = simulated.Time;
-    Recovery recovery({app.Fields, app.List, app.Storage.SongChanges, app.Storage.SongDocument, files, time,
-                       time, boxes, app.Handlers, app.Log, [&] { return app.IsSounding(); }, folder});
+    SimulatedProcesses system;
+    RecordedProcessEnd end(time, simulated.Timeline);
+    DesktopProgram desktop(app, {.System = system, .End = end, .StateFolder = folder, .CommandLine = {}});
     for (std::int32_t pass = 1;; ++pass) {
         constexpr std::int32_t Songs = 40;
         constexpr std::int32_t LinesMore = 100;
@@ -46,7 +47,7 @@ int main(int argumentCount, char** arguments) {
         for (std::int32_t i = 0; i < LinesMore; ++i)
             app.List.Append("Quarter", "C4", "", "");
         time.RunUntil(static_cast<double>(pass) * Recovery::DelayMs);
-        if (!recovery.Problem().Get().empty())
+        if (!desktop.Recovery.Problem().Get().empty())
             return 1;
         if (pass == 1 && (std::fputc('.', stdout) == EOF || std::fflush(stdout) != 0))
             return 1;

@@ -3,15 +3,8 @@
 
 #include <string>
 
-#include "program/common_parts.h"
-#include "program/outputs.h"
-#include "program/playing.h"
-#include "program/program.h"
-#include "program/song_editing.h"
-#include "program/song_storage.h"
-#include "simulation/simulated_ports.h"
-#include "songfile/recovery.h"
 #include "songfile/song_files.h"
+#include "support/simulated_desktop.h"
 
 namespace quavix::test {
 
@@ -21,40 +14,21 @@ inline const std::string Copy2 = "/state/unsaved-002.QVX";
 
 using Machine = SimulatedMachine;
 
-/// A program with recovery. Destroyed without End(), it is killed.
-class RecoveringProgram {
-  public:
-    explicit RecoveringProgram(Machine& machine)
-        : ports_(machine),
-          program_(ports_.All()),
-          Keeper({program_.Fields, program_.List, program_.Storage.SongChanges, program_.Storage.SongDocument,
-                  ports_.Disk, ports_.Time, ports_.Time, ports_.Boxes, program_.Handlers, program_.Log,
-                  [this] { return program_.IsSounding(); }, "/state"}) {
-        program_.Fields.TickFreq = ReadTickFreq(ports_.Time, program_.Log);
-    }
+/// A program with recovery. Destroyed without its end, it is killed.
+struct RecoveringProgram : SimulatedDesktop {
+    using SimulatedDesktop::SimulatedDesktop;
 
-    void Append(const std::string& note) { program_.List.Append("Quarter", note, "", ""); }
-
-    Program& App() { return program_; }
-    SimulatedMessageBoxes& Boxes() { return ports_.Boxes; }
-    SimulatedFilePicker& Picker() { return ports_.Picker; }
-    RecordedLoadingView& Loading() { return ports_.Loading; }
-    std::string LogText() const { return ports_.Disk.Content("/program/debuglog.txt"); }
+    void Append(const std::string& note) { App.List.Append("Quarter", note, "", ""); }
 
     /// The notes of the first column.
     std::string Notes() const {
         std::string notes;
-        for (std::int32_t row = 1; row <= program_.List.Count(); ++row)
-            notes += std::string(program_.List.Text(row, Cell::Note1)) + " ";
+        for (std::int32_t row = 1; row <= App.List.Count(); ++row)
+            notes += std::string(App.List.Text(row, Cell::Note1)) + " ";
         return notes;
     }
 
-  private:
-    SimulatedPorts ports_;
-    Program program_;
-
-  public:
-    Recovery Keeper;
+    quavix::Recovery& Keeper = Desktop.Recovery;
 };
 
 /// A program of one line with this note that is killed after its copy was written.
@@ -62,7 +36,7 @@ inline void LeaveBehind(Machine& machine, const std::string& note, const std::st
     RecoveringProgram p(machine);
     if (!fileName.empty()) {
         machine.Disk.Put(fileName, Header);
-        p.App().Storage.SongDocument.LoadFile(fileName);
+        p.App.Storage.SongDocument.LoadFile(fileName);
     }
     p.Append(note);
     const double now = static_cast<double>(machine.Time.Now()) / SimulatedTime::CountsPerMs;

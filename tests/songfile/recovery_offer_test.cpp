@@ -22,22 +22,22 @@ TEST(RecoveryOffer, SaysNothingWhenNothingWasLeftBehind) {
     RecoveringProgram p(m);
     p.Keeper.OfferLeftovers(false);
     p.Keeper.OfferLeftovers(true);
-    EXPECT_TRUE(p.Boxes().Shown().empty());
+    EXPECT_TRUE(p.Boxes.Shown().empty());
 }
 
 TEST(RecoveryOffer, SaysWhichSongItIsAndWhenItWas) {
     Machine m;
     LeaveBehind(m, "C4", Song);
     RecoveringProgram p(m);
-    p.Boxes().AnswerNext(BoxAnswer::Cancel);
+    p.Boxes.AnswerNext(BoxAnswer::Cancel);
     p.Keeper.OfferLeftovers(false);
-    ASSERT_EQ(p.Boxes().Shown().size(), 1U);
-    EXPECT_EQ(p.Boxes().Shown()[0].Title, "There is unsaved work");
-    EXPECT_EQ(p.Boxes().Shown()[0].Text,
+    ASSERT_EQ(p.Boxes.Shown().size(), 1U);
+    EXPECT_EQ(p.Boxes.Shown()[0].Title, "There is unsaved work");
+    EXPECT_EQ(p.Boxes.Shown()[0].Text,
               "Quavix ended before this song was saved:\n\n"
               "/songs/song.QVX, as it was on 2001-02-03 at 12:00:05\n\n"
               "Load it now? \"No\" deletes it for good, \"Cancel\" keeps it for the next start.");
-    EXPECT_EQ(p.Boxes().Shown()[0].Buttons, BoxButtons::YesNoCancel);
+    EXPECT_EQ(p.Boxes.Shown()[0].Buttons, BoxButtons::YesNoCancel);
 }
 
 TEST(RecoveryOffer, YesLoadsTheSongAsModifiedUnderItsOwnName) {
@@ -45,14 +45,14 @@ TEST(RecoveryOffer, YesLoadsTheSongAsModifiedUnderItsOwnName) {
     LeaveBehind(m, "C4", Song);
     const std::string saved = m.Disk.Content(Song);
     RecoveringProgram p(m);
-    p.Boxes().AnswerNext(BoxAnswer::Yes);
+    p.Boxes.AnswerNext(BoxAnswer::Yes);
     p.Keeper.OfferLeftovers(false);
     EXPECT_EQ(p.Notes(), "C4 ");
-    EXPECT_EQ(p.App().Storage.SongDocument.FileName().Get(), Song);
-    EXPECT_TRUE(p.App().Storage.SongDocument.Modified());
+    EXPECT_EQ(p.App.Storage.SongDocument.FileName().Get(), Song);
+    EXPECT_TRUE(p.App.Storage.SongDocument.Modified());
     EXPECT_EQ(m.Disk.Content(Song), saved);
     EXPECT_TRUE(m.Disk.Has(Copy1));  // until it is saved
-    EXPECT_TRUE(p.App().Storage.SongDocument.Save());
+    EXPECT_TRUE(p.App.Storage.SongDocument.Save());
     EXPECT_NE(m.Disk.Content(Song).find("Quarter C4"), std::string::npos);
     EXPECT_TRUE(m.Disk.NormalFiles("/state/*").empty());
 }
@@ -62,21 +62,21 @@ TEST(RecoveryOffer, ARecoveredSongSurvivesTheNextKillToo) {
     LeaveBehind(m, "C4", Song);
     {
         RecoveringProgram p(m);
-        p.Boxes().AnswerNext(BoxAnswer::Yes);
+        p.Boxes.AnswerNext(BoxAnswer::Yes);
         p.Keeper.OfferLeftovers(false);
     }
     {
         RecoveringProgram p(m);
-        p.Boxes().AnswerNext(BoxAnswer::Yes);
+        p.Boxes.AnswerNext(BoxAnswer::Yes);
         p.Keeper.OfferLeftovers(false);
         p.Append("D4");
         m.Time.RunUntil(60'000);
     }
     RecoveringProgram p(m);
-    p.Boxes().AnswerNext(BoxAnswer::Yes);
+    p.Boxes.AnswerNext(BoxAnswer::Yes);
     p.Keeper.OfferLeftovers(false);
     EXPECT_EQ(p.Notes(), "C4 D4 ");
-    EXPECT_EQ(p.App().Storage.SongDocument.FileName().Get(), Song);
+    EXPECT_EQ(p.App.Storage.SongDocument.FileName().Get(), Song);
     EXPECT_EQ(m.Disk.NormalFiles("/state/*.QVX").size(), 1U);
 }
 
@@ -84,11 +84,11 @@ TEST(RecoveryOffer, NoDeletesIt) {
     Machine m;
     LeaveBehind(m, "C4");
     RecoveringProgram p(m);
-    p.Boxes().AnswerNext(BoxAnswer::No);
+    p.Boxes.AnswerNext(BoxAnswer::No);
     p.Keeper.OfferLeftovers(false);
     EXPECT_TRUE(m.Disk.NormalFiles("/state/*").empty());
-    EXPECT_EQ(p.App().List.Count(), 0);
-    EXPECT_FALSE(p.App().Storage.SongDocument.Modified());
+    EXPECT_EQ(p.App.List.Count(), 0);
+    EXPECT_FALSE(p.App.Storage.SongDocument.Modified());
 }
 
 TEST(RecoveryOffer, CancelKeepsItForTheNextStart) {
@@ -96,9 +96,9 @@ TEST(RecoveryOffer, CancelKeepsItForTheNextStart) {
     LeaveBehind(m, "C4");
     for (int start = 0; start < 2; ++start) {
         RecoveringProgram p(m);
-        p.Boxes().AnswerNext(BoxAnswer::Cancel);
+        p.Boxes.AnswerNext(BoxAnswer::Cancel);
         p.Keeper.OfferLeftovers(false);
-        EXPECT_EQ(p.Boxes().Shown().size(), 1U);
+        EXPECT_EQ(p.Boxes.Shown().size(), 1U);
         p.Keeper.End();
     }
     EXPECT_EQ(m.Disk.NormalFiles("/state/*"), std::vector<std::string>{Copy1});
@@ -113,10 +113,10 @@ TEST(RecoveryOffer, OffersSeveralOneAfterAnother) {
     }
     ASSERT_EQ(m.Disk.NormalFiles("/state/*.QVX").size(), 2U);
     RecoveringProgram p(m);
-    p.Boxes().AnswerNext(BoxAnswer::No);
-    p.Boxes().AnswerNext(BoxAnswer::Yes);
+    p.Boxes.AnswerNext(BoxAnswer::No);
+    p.Boxes.AnswerNext(BoxAnswer::Yes);
     p.Keeper.OfferLeftovers(false);
-    EXPECT_EQ(p.Boxes().Shown().size(), 2U);
+    EXPECT_EQ(p.Boxes.Shown().size(), 2U);
     EXPECT_TRUE(p.Notes() == "C4 " || p.Notes() == "D4 ");
     EXPECT_EQ(m.Disk.NormalFiles("/state/*.QVX").size(), 1U);
 }
@@ -131,18 +131,18 @@ TEST(RecoveryOffer, ASecondOneThatIsLoadedPutsTheFirstAsideForTheNextStart) {
     std::string loaded;
     {
         RecoveringProgram p(m);
-        p.Boxes().AnswerNext(BoxAnswer::Yes);
-        p.Boxes().AnswerNext(BoxAnswer::Yes);
+        p.Boxes.AnswerNext(BoxAnswer::Yes);
+        p.Boxes.AnswerNext(BoxAnswer::Yes);
         p.Keeper.OfferLeftovers(false);
         loaded = p.Notes();
-        EXPECT_TRUE(p.Boxes().Shown()[1].Text.ends_with(
+        EXPECT_TRUE(p.Boxes.Shown()[1].Text.ends_with(
             "The song that you have just got back is kept for the next start if you load this one."));
         p.Keeper.GiveUpUnsaved();
         p.Keeper.End();
     }
     ASSERT_EQ(m.Disk.NormalFiles("/state/*.QVX").size(), 1U);
     RecoveringProgram p(m);
-    p.Boxes().AnswerNext(BoxAnswer::Yes);
+    p.Boxes.AnswerNext(BoxAnswer::Yes);
     p.Keeper.OfferLeftovers(false);
     EXPECT_EQ(loaded + p.Notes(), loaded == "C4 " ? "C4 D4 " : "D4 C4 ");
 }
@@ -154,9 +154,9 @@ TEST(RecoveryOffer, ASongOnTheCommandLineIsNotReplacedAndTheRestIsToldAndKept) {
     p.Append("D4");
     p.Keeper.OfferLeftovers(true);
     EXPECT_EQ(p.Notes(), "D4 ");
-    ASSERT_EQ(p.Boxes().Shown().size(), 1U);
-    EXPECT_EQ(p.Boxes().Shown()[0].Buttons, BoxButtons::Ok);
-    EXPECT_EQ(p.Boxes().Shown()[0].Text,
+    ASSERT_EQ(p.Boxes.Shown().size(), 1U);
+    EXPECT_EQ(p.Boxes.Shown()[0].Buttons, BoxButtons::Ok);
+    EXPECT_EQ(p.Boxes.Shown()[0].Text,
               "Quavix once ended before these songs were saved:\n\n"
               "/songs/song.QVX, as it was on 2001-02-03 at 12:00:05\n\n"
               "They are kept. Start Quavix without a song to get them back.");
@@ -170,12 +170,12 @@ TEST(RecoveryOffer, TwoStartsAtOnceDoNotOfferTheSameSong) {
     LeaveBehind(m, "C4");
     RecoveringProgram first(m);
     RecoveringProgram second(m);
-    first.Boxes().WhileOpen([&] { second.Keeper.OfferLeftovers(false); });
-    first.Boxes().AnswerNext(BoxAnswer::Yes);
+    first.Boxes.WhileOpen([&] { second.Keeper.OfferLeftovers(false); });
+    first.Boxes.AnswerNext(BoxAnswer::Yes);
     first.Keeper.OfferLeftovers(false);
     second.Keeper.OfferLeftovers(false);
     EXPECT_EQ(first.Notes(), "C4 ");
-    EXPECT_TRUE(second.Boxes().Shown().empty());
+    EXPECT_TRUE(second.Boxes.Shown().empty());
 }
 
 TEST(RecoveryOffer, ACopyThatCantBeReadIsToldAndKept) {
@@ -195,11 +195,11 @@ TEST(RecoveryOffer, ACopyThatIsLoadedInPartIsKeptAndTheSongHasNoName) {
     broken.insert(broken.find("Quarter"), "Whole\r\n");
     m.Disk.Put(Copy1, broken);
     RecoveringProgram p(m);
-    p.Boxes().AnswerNext(BoxAnswer::Yes);
-    p.Boxes().AnswerNext(BoxAnswer::Cancel);
+    p.Boxes.AnswerNext(BoxAnswer::Yes);
+    p.Boxes.AnswerNext(BoxAnswer::Cancel);
     p.Keeper.OfferLeftovers(false);
-    EXPECT_EQ(p.App().Storage.SongDocument.FileName().Get(), "");
-    EXPECT_TRUE(p.App().Storage.SongDocument.Modified());
+    EXPECT_EQ(p.App.Storage.SongDocument.FileName().Get(), "");
+    EXPECT_TRUE(p.App.Storage.SongDocument.Modified());
     m.Time.RunUntil(60'000);
     EXPECT_EQ(m.Disk.Content(Copy1), broken);
     EXPECT_TRUE(m.Disk.Has(Copy2));

@@ -64,7 +64,7 @@ TEST(Recovery, WritesNothingForAChangeThatWasTakenBack) {
     Machine m;
     RecoveringProgram p(m);
     p.Append("C4");
-    p.App().Editing.EditHistory.Undo();
+    p.App.Editing.EditHistory.Undo();
     m.Time.RunUntil(60'000);
     EXPECT_FALSE(m.Disk.Has(Copy1));
 }
@@ -72,11 +72,11 @@ TEST(Recovery, WritesNothingForAChangeThatWasTakenBack) {
 TEST(Recovery, WritesNothingWhileTheMusicPlays) {
     Machine m;
     RecoveringProgram p(m);
-    p.App().Fields.MusicIsPlaying = true;
+    p.App.Fields.MusicIsPlaying = true;
     p.Append("C4");
     m.Time.RunUntil(60'000);
     EXPECT_FALSE(m.Disk.Has(Copy1));
-    p.App().Fields.MusicIsPlaying = false;
+    p.App.Fields.MusicIsPlaying = false;
     m.Time.RunUntil(60'500);
     EXPECT_TRUE(m.Disk.Has(Copy1));
 }
@@ -84,16 +84,16 @@ TEST(Recovery, WritesNothingWhileTheMusicPlays) {
 TEST(Recovery, WritesNothingInTheMiddleOfATone) {
     Machine m;
     RecoveringProgram p(m);
-    p.App().Fields.MutePCSpeaker = true;  // such a tone is a wait, in which handlers run
+    p.App.Fields.MutePCSpeaker = true;  // such a tone is a wait, in which handlers run
     p.Append("C4");
     m.Time.RunUntil(4000);
     bool ticked = false;
     m.Time.At(8000, [&] { ticked = true; });
     std::string note = "C4";
-    p.App().Outputs.ToneDispatcher.UniBeep(note, 6000);
+    p.App.Outputs.ToneDispatcher.UniBeep(note, 6000);
     EXPECT_TRUE(ticked);
     EXPECT_FALSE(m.Disk.Has(Copy1));
-    EXPECT_FALSE(p.App().Outputs.ToneDispatcher.IsSounding());
+    EXPECT_FALSE(p.App.Outputs.ToneDispatcher.IsSounding());
     m.Time.RunUntil(10'500);
     EXPECT_TRUE(m.Disk.Has(Copy1));
 }
@@ -104,12 +104,12 @@ TEST(Recovery, WritesNothingWhileASongIsLoaded) {
     p.Append("C4");
     m.Disk.Put(Song, Header + "MUSICLISTSTART\r\nWhole\r\nQuarter D4 -\r\n");
     bool written = false;
-    p.Boxes().WhileOpen([&] {
+    p.Boxes.WhileOpen([&] {
         m.Time.RunUntil(20'000);
         written = m.Disk.Has(Copy1);
     });
-    p.Boxes().AnswerNext(BoxAnswer::Ok);
-    p.App().Storage.SongDocument.LoadFile(Song);
+    p.Boxes.AnswerNext(BoxAnswer::Ok);
+    p.App.Storage.SongDocument.LoadFile(Song);
     EXPECT_FALSE(written);
     m.Time.RunUntil(60'000);
     EXPECT_FALSE(m.Disk.Has(Copy1));
@@ -121,8 +121,8 @@ TEST(Recovery, DeletesTheCopyWhenTheSongIsSaved) {
     p.Append("C4");
     m.Time.RunUntil(5000);
     EXPECT_TRUE(m.Disk.Has(Copy1));
-    p.Picker().AnswerNext(Song);
-    p.App().Storage.SongDocument.SaveAs();
+    p.Picker.AnswerNext(Song);
+    p.App.Storage.SongDocument.SaveAs();
     EXPECT_TRUE(m.Disk.NormalFiles("/state/*").empty());
     p.Append("D4");
     m.Time.RunUntil(10'000);
@@ -136,7 +136,7 @@ TEST(Recovery, ARunningProcessKeepsItsCopyToItself) {
     RecoveringProgram second(m);
     m.Time.RunUntil(5000);
     second.Keeper.OfferLeftovers(false);
-    EXPECT_TRUE(second.Boxes().Shown().empty());
+    EXPECT_TRUE(second.Boxes.Shown().empty());
     second.Append("D4");
     m.Time.RunUntil(10'000);
     EXPECT_NE(m.Disk.Content(Copy1).find("Quarter C4"), std::string::npos);
@@ -173,7 +173,7 @@ TEST(Recovery, AnUnchangedSongLeavesNothingHoweverItEnds) {
     Machine m;
     RecoveringProgram p(m);
     m.Disk.Put(Song, Header);
-    p.App().Storage.SongDocument.LoadFile(Song);
+    p.App.Storage.SongDocument.LoadFile(Song);
     m.Time.RunUntil(60'000);
     p.Keeper.End();
     EXPECT_TRUE(m.Disk.NormalFiles("/state/*").empty());
@@ -182,12 +182,12 @@ TEST(Recovery, AnUnchangedSongLeavesNothingHoweverItEnds) {
 TEST(Recovery, SaysWhatKeepsItFromWritingAndTriesAgain) {
     Machine m;
     RecoveringProgram p(m);
-    p.App().Log.Enable();
+    p.App.Log.Enable();
     m.Disk.FailWriting(Lock1, std::errc::permission_denied);
     p.Append("C4");
     m.Time.RunUntil(5000);
     EXPECT_NE(p.Keeper.Problem().Get(), "");
-    EXPECT_TRUE(p.Boxes().Shown().empty());
+    EXPECT_TRUE(p.Boxes.Shown().empty());
     EXPECT_NE(p.LogText().find("The recovery copy can't be written in \"/state\""), std::string::npos);
     m.Disk.FailWriting(Lock1, {});
     m.Time.RunUntil(35'000);

@@ -19,6 +19,10 @@ struct SimulatedProgram : SimulatedPorts {
     explicit SimulatedProgram(const SimulatedTime::Origin& start = {}) : SimulatedPorts(start) {
         App.Fields.TickFreq = ReadTickFreq(Time, App.Log);
     }
+    /// On a machine that outlives the program.
+    explicit SimulatedProgram(SimulatedMachine& machine) : SimulatedPorts(machine) {
+        App.Fields.TickFreq = ReadTickFreq(Time, App.Log);
+    }
 
     /// Replaces the song; each line is "Length Note1 Note2 Mod" with "-" for an empty cell.
     void SetSong(std::initializer_list<const char*> lines);

@@ -1,7 +1,5 @@
 // SPDX-License-Identifier: MIT
 // A song from nothing until it is opened again: with the mouse alone, and with the keyboard alone.
-#include "app/start_up.h"
-#include "simulation/simulated_processes.h"
 #include "ui/ui_program.h"
 #include "ui/widgets/piano_keyboard.h"
 
@@ -36,18 +34,10 @@ std::string Listen(test::UiProgram& p, const std::function<void()>& play, const 
 
 /// The program as it starts with the song on its command line.
 struct Reopened : test::UiProgram {
-    explicit Reopened(const test::UiProgram& before) {
+    explicit Reopened(const test::UiProgram& before) : UiProgram("\"" + std::string(MySong) + "\"") {
         Disk.Put(MySong, before.Disk.Content(MySong));
-        StartUp startUp(
-            {App.Fields, Time, Disk, Boxes, System, Speaker, App.Outputs.SoundMods, App.Handlers, App.Log,
-             [this](const std::string& song) { App.Storage.SongDocument.LoadFile(song); }, [](bool) {},
-             [this] { App.Outputs.MotorModModule.CheckForPort(); }},
-            {"/program", "/windows", "\"" + std::string(MySong) + "\""});
-        startUp.BeforeMainForm();
-        startUp.AfterMainForm();
-        startUp.OfferUnsavedSongs();
+        Start();
     }
-    SimulatedProcesses System;
 };
 
 /// A user who has a mouse and no keyboard.

@@ -6,8 +6,7 @@
 #include <QtTest>
 #include <QtWidgets>
 
-#include "app/shutdown.h"
-#include "support/simulated_program.h"
+#include "support/simulated_desktop.h"
 #include "ui/dialogs/save_load_form.h"
 #include "ui/main_window/main_form.h"
 
@@ -17,17 +16,6 @@ namespace quavix::test {
 inline constexpr const char* TwoRowSong =
     "Quavix by Dastrel-204 file format\r\nMUSICLISTSTART\r\nQuarter C4 E4 -\r\nHalf G4 - Dot\r\n";
 
-/// Notes the end of the process, and goes on.
-class RecordedEnd : public ProcessEnd {
-  public:
-    RecordedEnd(SimulatedTime& time, quavix::Timeline& timeline) : time_(time), timeline_(timeline) {}
-    void EndProcess() override { timeline_.Record(time_.Now(), "process ends"); }
-
-  private:
-    SimulatedTime& time_;
-    quavix::Timeline& timeline_;
-};
-
 /// The repetition of a key that is held down.
 inline void RepeatKey(QWidget& widget, Qt::Key key) {
     QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, {}, true);
@@ -35,8 +23,8 @@ inline void RepeatKey(QWidget& widget, Qt::Key key) {
 }
 
 /// The program on simulated ports behind its real main window.
-struct UiProgram : SimulatedProgram {
-    UiProgram() {
+struct UiProgram : SimulatedDesktop {
+    explicit UiProgram(const std::string& commandLine = {}) : SimulatedDesktop(commandLine) {
         Form.show();
         Form.activateWindow();
         QApplication::processEvents();
@@ -67,13 +55,8 @@ struct UiProgram : SimulatedProgram {
     }
     QString TextOf(const char* label) { return Find<QLabel>(label).text(); }
 
-    RecordedEnd End{Time, Timeline};
-    Shutdown Closing{App.Fields, App.Log, End};
     SaveLoadForm SaveLoadWindow{Time};
-    MainForm Form{App, SaveLoadWindow, [this] {
-                      if (App.Storage.SongDocument.MayClose())
-                          Closing.CloseProgram();
-                  }};
+    MainForm Form{App, SaveLoadWindow, [this] { Desktop.QueryUnload(); }};
 };
 
 }  // namespace quavix::test

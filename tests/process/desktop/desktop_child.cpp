@@ -13,33 +13,28 @@
 #include <algorithm>
 #include <cstdint>
 #include <cstdio>
+#include <memory>
 #include <string>
 #include <vector>
 
 #include <fmt/format.h>
 
-#include "app/shutdown.h"
+#include "app/desktop_ports.h"
+#include "app/desktop_program.h"
 #include "platform/common/console_boxes.h"
+#include "platform/common/environment.h"
 #include "platform/common/immediate_end.h"
 #include "platform/common/module_loader.h"
-#include "platform/common/module_midi_devices.h"
-#include "platform/common/notnormal_fmodex.h"
-#include "platform/common/system_clock.h"
 #include "platform/common/system_ports.h"
 #include "platform/common/termination_signals.h"
 #include "platform/linux/speaker/event_speaker.h"
 #include "platform/qt/qt_application.h"
-#include "platform/qt/qt_event_pump.h"
-#include "platform/qt/qt_handle_watch.h"
-#include "platform/qt/qt_serial_port.h"
-#include "platform/qt/qt_timers.h"
 #include "program/absent_ports.h"
 #include "program/common_parts.h"
 #include "program/outputs.h"
 #include "program/playing.h"
 #include "program/program.h"
 #include "program/song_storage.h"
-#include "shell/seeded_random_numbers.h"
 #include "wall_clock.h"
 
 namespace {
@@ -107,34 +102,25 @@ int main(int argc, char** argv) {
     EventSpeaker device{FileDescriptor(DeviceFd), FileDescriptor(), ToneClock()};
     TimedSpeaker speaker(device);
     QtApplication application(argc, argv, "child", "1");
-    SystemClock clock;
-    const std::unique_ptr<Files> disk = MakeFiles();
-    Files& files = *disk;
-    ImmediateEnd processEnd;
-    QtEventPump pump;
-    QtTimers timers;
-    ConsoleBoxes boxes(false);
-    QtSerialPort serialPort(arguments.size() > 1 && !withMidi ? arguments[1] : "");
-    SeededRandomNumbers random(1);
-    NOTNORMALfmodex library;
+    DesktopPorts real({.ProgramFolder = folder,
+                       .WinFolder = folder + "/windows",
+                       .SerialPort = arguments.size() > 1 && !withMidi ? arguments[1] : "",
+                       .MidiSystem = "jack"});
     AbsentPorts absent;
-    QtHandleWatch handleWatch;
-    ModuleMidiDevices midi(folder + "/windows/system32/midiio32.ocx", handleWatch, "jack");
-    TimedMidiOut midiOut(midi.Out());
-    const std::unique_ptr<BatchFiles> batches = MakeBatchFiles();
-    ProgramPorts ports = absent.Beside(clock, pump, timers, random, boxes, files, speaker, library);
-    ports.Comm = serialPort;
+    ConsoleBoxes boxes(false);
+    TimedMidiOut midiOut(real.Midi.Out());
+    ProgramPorts ports = real.All(speaker, absent.Loading);
+    ports.Boxes = boxes;
     ports.MidiOutDevices = midiOut;
-    ports.MidiInDevices = midi.In();
-    ports.Batches = *batches;
-    ports.ProgramFolder = folder;
-    ports.WinFolder = folder + "/windows";
     Program app(ports);
-    Shutdown shutdown(app.Fields, app.Log, processEnd);
-    shutdown.OnShutDown([&] { app.Outputs.MotorModModule.Stop(); });
-    shutdown.OnShutDown([&] { app.ReleaseMidi(); });
-    application.WhenSignalled(signals.Handle(), [&] { shutdown.CloseProgram(); });
-    app.Fields.TickFreq = ReadTickFreq(clock, app.Log);
+    const std::unique_ptr<Processes> processes = MakeProcesses();
+    ImmediateEnd processEnd;
+    DesktopProgram desktop(app, {.System = *processes,
+                                 .End = processEnd,
+                                 .StateFolder = StateFolderFromEnvironment(),
+                                 .CommandLine = {}});
+    application.WhenSignalled(signals.Handle(), [&] { desktop.CloseProgram(); });
+    app.Fields.TickFreq = ReadTickFreq(real.Time, app.Log);
     if (arguments[0] == "motor") {
         constexpr double LongMs = 600'000;
         app.Fields.NoteSilenceRatio.Set(100);
@@ -157,7 +143,7 @@ int main(int argc, char** argv) {
         app.Playing.PlaybackEngine.PlayAllButton_Click();
         fmt::print("{}\n", fmt::join(midiOut.NotesNs, "\n"));
         std::fflush(stdout);
-        shutdown.CloseProgram();
+        desktop.CloseProgram();
     } else if (arguments[0] == "synchro" && arguments.size() == 4) {
         app.List.Append("1/16", "A4", "", "");
         app.Playing.SynchroPlay.txtHour.Type(arguments[1]);

@@ -51,6 +51,7 @@ DesktopProcess::DesktopProcess(const std::vector<std::string>& arguments, const 
     if (!timeZone.empty())
         setenv("TZ", timeZone.c_str(), 1);
     setenv("QT_QPA_PLATFORM", "offscreen", 1);
+    setenv("XDG_STATE_HOME", stateHome_.Path().c_str(), 1);
     dup2(output.Get(), STDOUT_FILENO);
     if (device.Get() == ChildsDevice)
         fcntl(ChildsDevice, F_SETFD, 0);

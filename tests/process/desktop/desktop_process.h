@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "platform/posix/file_descriptor.h"
+#include "support/temporary_folder.h"
 
 namespace quavix {
 
@@ -39,6 +40,7 @@ class DesktopProcess {
     std::optional<Tone> NextTone() const;
 
   private:
+    test::TemporaryFolder stateHome_;
     FileDescriptor device_;
     FileDescriptor output_;
     pid_t process_ = -1;

@@ -110,7 +110,6 @@ TEST(MIDIOutForm, WithoutADeviceTheBoxIsGreyAndTheWindowGone) {
 TEST(MIDIOutForm, TheProgramCanBeClosedInTheMiddleOfSilencing) {
     MidiOutProgram p;
     p.Open();
-    p.Closing.OnShutDown([&] { p.App.ReleaseMidi(); });
     p.MidiOut.BeSlow(1, 100);
     p.Time.At(500, [&] { p.Form.close(); });
     QTest::keyClick(&p.Find<QComboBox>("cmbChannel"), Qt::Key_Down);

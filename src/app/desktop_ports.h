@@ -1,0 +1,63 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "platform/common/module_midi_devices.h"
+#include "platform/common/module_midi_file_reader.h"
+#include "platform/common/notnormal_fmodex.h"
+#include "platform/common/system_clock.h"
+#include "platform/common/system_ports.h"
+#include "platform/common/system_random_numbers.h"
+#include "platform/qt/qt_clipboard.h"
+#include "platform/qt/qt_event_pump.h"
+#include "platform/qt/qt_file_picker.h"
+#include "platform/qt/qt_handle_watch.h"
+#include "platform/qt/qt_message_boxes.h"
+#include "platform/qt/qt_serial_port.h"
+#include "platform/qt/qt_timers.h"
+#include "program/program_ports.h"
+
+namespace quavix {
+
+/// The places and devices of a desktop program.
+struct DesktopPlaces {
+    std::string ProgramFolder;
+    /// The folder for what is installed on first use.
+    std::string WinFolder;
+    /// A serial port that isn't in the system's list; empty for none.
+    std::string SerialPort;
+    /// The system of the MIDI devices, see ModuleMidiDevices.
+    std::string MidiSystem;
+};
+
+/// The real ports of the desktop program; made after the toolkit's application.
+struct DesktopPorts {
+    explicit DesktopPorts(DesktopPlaces places);
+
+    /// The ports of a program. The speaker is made before the application, the loading view is a window.
+    ProgramPorts All(Speaker& speaker, LoadingView& loading);
+
+  private:
+    DesktopPlaces places_;
+
+  public:
+    SystemClock Time;
+    const std::unique_ptr<Files> Disk = MakeFiles();
+    QtEventPump Pump;
+    QtMessageBoxes Boxes;
+    QtFilePicker Picker;
+    QtClipboard Clipboard;
+    QtTimers Ticks;
+    SystemRandomNumbers Random;
+    QtSerialPort Comm;
+    NOTNORMALfmodex Sound;
+    QtHandleWatch HandleWatch;
+    // The controls are loaded when they are first needed, by when they have been put in place.
+    ModuleMidiDevices Midi;
+    ModuleMidiFileReader MidiFiles;
+    const std::unique_ptr<BatchFiles> Batches = MakeBatchFiles();
+};
+
+}  // namespace quavix

@@ -1,0 +1,33 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+#include <utility>
+
+#include "app/desktop_program.h"
+#include "simulation/simulated_processes.h"
+#include "support/simulated_program.h"
+
+namespace quavix::test {
+
+/// The program on simulated ports with its start, recovery and end. Destroyed without its end, it is killed.
+struct SimulatedDesktop : SimulatedProgram {
+    explicit SimulatedDesktop(std::string commandLine = {}) : CommandLine(std::move(commandLine)) {}
+    /// On a machine that outlives it.
+    explicit SimulatedDesktop(SimulatedMachine& machine) : SimulatedProgram(machine) {}
+
+    /// Goes through the whole start.
+    void Start() {
+        Desktop.BeforeMainForm();
+        Desktop.AfterMainForm();
+        Desktop.MainFormIsShown();
+    }
+
+    std::string CommandLine;
+    SimulatedProcesses System;
+    RecordedProcessEnd End{Time, Timeline};
+    DesktopProgram Desktop{
+        App, {.System = System, .End = End, .StateFolder = "/state", .CommandLine = CommandLine}};
+};
+
+}  // namespace quavix::test
