@@ -9,7 +9,6 @@
 #include "platform/common/notnormal_fmodex.h"
 #include "platform/common/system_clock.h"
 #include "platform/common/system_ports.h"
-#include "platform/common/system_random_numbers.h"
 #include "platform/qt/qt_clipboard.h"
 #include "platform/qt/qt_event_pump.h"
 #include "platform/qt/qt_file_picker.h"
@@ -18,6 +17,7 @@
 #include "platform/qt/qt_serial_port.h"
 #include "platform/qt/qt_timers.h"
 #include "program/program_ports.h"
+#include "shell/seeded_random_numbers.h"
 
 namespace quavix {
 

@@ -22,4 +22,10 @@ class SeededRandomNumbers : public RandomNumbers {
     std::mt19937 generator_;
 };
 
+/// Random numbers that differ from start to start.
+class SystemRandomNumbers : public SeededRandomNumbers {
+  public:
+    SystemRandomNumbers() : SeededRandomNumbers(std::random_device{}()) {}
+};
+
 }  // namespace quavix

@@ -3,6 +3,8 @@
 
 #include <string>
 
+#include <fmt/format.h>
+
 #include "ports/process_end.h"
 #include "ports/processes.h"
 #include "simulation/simulated_time.h"
@@ -16,10 +18,20 @@ class SimulatedProcesses : public Processes {
   public:
     std::int32_t CurrentProcessId() override { return 4711; }
     std::int32_t WindowProcessId(std::intptr_t) override { return 815; }
-    ProcessHandle Open(std::uint32_t access, std::int32_t processId) override;
-    bool SetPriorityClass(ProcessHandle process, std::int32_t priorityClass) override;
-    std::int32_t GetPriorityClass(ProcessHandle process) override;
-    void Close(ProcessHandle process) override;
+    ProcessHandle Open(std::uint32_t access, std::int32_t processId) override {
+        calls_ += fmt::format("open {} rights {}\n", processId, access);
+        return (access & RefuseRights) != 0 ? 0 : 1;
+    }
+    bool SetPriorityClass(ProcessHandle, std::int32_t priorityClass) override {
+        calls_ += fmt::format("set {}\n", priorityClass);
+        PriorityClass = priorityClass;
+        return true;
+    }
+    std::int32_t GetPriorityClass(ProcessHandle) override {
+        calls_ += "get\n";
+        return PriorityClass;
+    }
+    void Close(ProcessHandle) override { calls_ += "close\n"; }
 
     /// The calls so far, a line each.
     const std::string& Calls() const { return calls_; }

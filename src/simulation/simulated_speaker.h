@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <fmt/format.h>
+
 #include "ports/speaker.h"
 #include "simulation/simulated_time.h"
 #include "simulation/timeline.h"
@@ -12,7 +14,11 @@ class SimulatedSpeaker : public Speaker {
   public:
     SimulatedSpeaker(SimulatedTime& time, Timeline& timeline) : time_(time), timeline_(timeline) {}
 
-    void Beep(std::int32_t frequency, std::int32_t durationMs) override;
+    void Beep(std::int32_t frequency, std::int32_t durationMs) override {
+        timeline_.Record(time_.Now(), fmt::format("speaker {} Hz {} ms", frequency, durationMs));
+        if (durationMs > 0)
+            time_.Block(durationMs);
+    }
     SpeakerStatus Status() const override { return Now; }
 
     /// What it reports about itself.
