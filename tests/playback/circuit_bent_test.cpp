@@ -18,25 +18,13 @@ class FixedNumber : public RandomNumbers {
     double Value = 0;
 };
 
-/// Its own fields and tones, so that everything that tones go to is recorded.
 class CircuitBentTest : public testing::Test {
   protected:
-    CircuitBentTest() : Bending(Fields, Tones, P.Random, P.Time, P.App.Handlers, P.App.Log) {}
-
     test::SimulatedProgram P;
-    MainFields Fields;
-    ToneCode Code{Fields, P.Disk, "/program/tonecode.txt"};
-    ToneDispatcher Tones{Fields,
-                         {P.Speaker, P.App.Outputs.MotorModModule, P.App.Outputs.SoundMods.Generator,
-                          P.App.Outputs.MidiOutput, P.App.Outputs.PitchGlide},
-                         Code,
-                         P.App.Wait,
-                         P.Boxes,
-                         P.App.Log};
-    CircuitBent Bending;
+    MainFields& Fields = P.App.Fields;
 };
 
-/// What the next numbers of the same seed are as MIDI notes.
+/// Returns the next numbers of the same seed as MIDI notes.
 std::vector<std::int32_t> ExpectedNotes(std::size_t count) {
     SeededRandomNumbers same(0);
     std::vector<std::int32_t> notes;
@@ -73,7 +61,7 @@ TEST_F(CircuitBentTest, IsSilentUntilTickedAndAfterwards) {
 TEST_F(CircuitBentTest, TheNumbersReachFromTheLowestNoteToTheHighest) {
     FixedNumber number;
     MainFields fields;
-    CircuitBent bending(fields, Tones, number, P.Time, P.App.Handlers, P.App.Log);
+    CircuitBent bending(fields, P.App.Outputs.ToneDispatcher, number, P.Time, P.App.Handlers, P.App.Log);
     Fields.UseWriteCode = true;
     const auto note = [&](double value) {
         number.Value = value;
@@ -90,7 +78,6 @@ TEST_F(CircuitBentTest, TheNumbersReachFromTheLowestNoteToTheHighest) {
 
 TEST_F(CircuitBentTest, OverMidiABurstIsFifteenPairsOfNoteOnAndNoteOff) {
     P.OpenMidiOut();
-    Fields.UseMIDIOut = true;
     Fields.UseCircuitBentCheck = true;
     P.Time.RunUntil(20);
     std::string expected;

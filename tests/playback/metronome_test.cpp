@@ -200,15 +200,8 @@ TEST_F(MetronomeTest, OnAMutedSpeakerAClickOnTheButtonIsHeardInTheMiddleOfATone)
 }
 
 TEST_F(MetronomeTest, OverMidiItClicksB5AndB4) {
-    ToneCode code(Fields, P.Disk, "/code");
-    ToneDispatcher tones(Fields,
-                         {P.Speaker, P.App.Outputs.MotorModModule, P.App.Outputs.SoundMods.Generator,
-                          P.App.Outputs.MidiOutput, P.App.Outputs.PitchGlide},
-                         code, P.App.Wait, P.Boxes, P.App.Log);
-    Metronome metronome(Fields, tones, code, P.Time, P.App.Wait, P.App.Log);
     P.OpenMidiOut();
-    P.Time.At(600, [&] { metronome.MetronomeButton_Click(); });
-    metronome.MetronomeButton_Click();
+    ClickUntil(600);
     EXPECT_EQ(P.Timeline.Text("midi"),
               "0.0000 midi out 90 47 60\n0.0200 midi out 80 47 00\n0.5000 midi out 90 3B 60\n"
               "0.5200 midi out 80 3B 00\n");
