@@ -24,16 +24,18 @@ class EventBoundary {
     template <typename Body>
     auto Wrap(const char* handler, Body body) {
         return [this, handler, body](const auto&... arguments) {
-            Run(handler, [&] {
-                if constexpr (std::is_invocable_v<const Body&, decltype(arguments)...>)
-                    body(arguments...);
-                else
-                    body();
-            });
+            Run(handler, [&] { Call(body, arguments...); });
         };
     }
 
   private:
+    template <typename Body, typename... Arguments>
+    static void Call(const Body& body, const Arguments&... arguments) {
+        if constexpr (std::is_invocable_v<const Body&, const Arguments&...>)
+            body(arguments...);
+        else
+            body();
+    }
     void Report(std::string_view handler, int number, const char* text);
 
     MessageBoxes& boxes_;
