@@ -13,7 +13,7 @@
 #include "music/edit_step.h"
 #include "music/main_fields.h"
 #include "music/music_list.h"
-#include "music/sound_settings.h"
+#include "music/song_changes.h"
 #include "music/text_pool.h"
 
 namespace quavix {

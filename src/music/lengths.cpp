@@ -4,7 +4,7 @@
 #include <array>
 #include <cmath>
 
-#include "music/text.h"
+#include "shell/lower_case.h"
 
 namespace quavix {
 namespace {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "music/selection.h"
 
-#include "music/text.h"
+#include "shell/lower_case.h"
 
 namespace quavix {
 

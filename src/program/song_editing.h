@@ -2,11 +2,11 @@
 #pragma once
 
 #include "music/edit_history.h"
-#include "music/line_clipboard.h"
 #include "music/list_editing.h"
 #include "music/mod_buttons.h"
 #include "music/note_entry.h"
 #include "playback/position_display.h"
+#include "songfile/line_clipboard.h"
 
 namespace quavix {
 

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "songfile/song_changes.h"
+#include "music/song_changes.h"
 #include "songfile/song_document.h"
 #include "songfile/song_reader.h"
 #include "songfile/song_writer.h"

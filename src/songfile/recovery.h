@@ -8,15 +8,14 @@
 
 #include "music/main_fields.h"
 #include "music/music_list.h"
+#include "music/song_changes.h"
 #include "ports/clock.h"
 #include "ports/files.h"
 #include "ports/message_boxes.h"
 #include "ports/timers.h"
 #include "shell/event_boundary.h"
 #include "shell/watched.h"
-#include "songfile/recovery_notes.h"
-#include "songfile/recovery_slots.h"
-#include "songfile/song_changes.h"
+#include "songfile/recovery_copies.h"
 #include "songfile/song_document.h"
 
 namespace quavix {

@@ -6,17 +6,14 @@
 #include <memory>
 #include <optional>
 
-#include "music/music_line_text.h"
-#include "music/text.h"
-#include "music/text_lines.h"
 #include "shell/file_access.h"
+#include "shell/lower_case.h"
 #include "shell/numbers.h"
 #include "shell/program_info.h"
 #include "shell/runtime_error.h"
 #include "shell/scoped.h"
-#include "songfile/file_text.h"
-#include "songfile/song_captions.h"
-#include "songfile/song_text.h"
+#include "songfile/song_format.h"
+#include "songfile/utf8_file.h"
 
 namespace quavix {
 namespace {
@@ -34,7 +31,7 @@ constexpr std::int64_t LinesPerProgress = 20'000;
 
 LoadResult SongReader::LoadMusic() {
     const std::string fileName = picker_.AskForOpenName({.Title = "Loading music / config",
-                                                         .Filter = std::string(caption::SongFilter),
+                                                         .Filter = std::string(SongFilter),
                                                          .FileMustExist = true,
                                                          .HideReadOnly = true});
     if (fileName.empty())
@@ -60,7 +57,7 @@ LoadResult SongReader::LoadFile(const std::string& fileName) {
     view_.ShowHideInfoText(true);
     const AtScopeEnd hide([this] { view_.ShowHideInfoText(false); });
     view_.SetInfoText("Loading...");
-    FileText reading(files_, view_, log_);
+    Utf8File reading(files_, view_, log_);
     std::optional<std::string> text = reading.Read(std::move(file), fileName);
     if (!text) {
         log_.LogText("Loading was stopped");
@@ -140,7 +137,7 @@ bool SongReader::LoadLines(TextLines& lines, std::size_t textSize) {
             // Whoever shows the list has to find it whole while handlers may run.
             reset.reset();
             const double ratio = static_cast<double>(lines.NextStart()) / static_cast<double>(textSize + 1);
-            if (!view_.Progress(FileText::ProgressShare + (1 - FileText::ProgressShare) * ratio))
+            if (!view_.Progress(Utf8File::ProgressShare + (1 - Utf8File::ProgressShare) * ratio))
                 return false;
             reset.emplace(list_);
         }

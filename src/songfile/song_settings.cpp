@@ -5,10 +5,10 @@
 #include <array>
 #include <cstdint>
 
-#include "music/text.h"
+#include "shell/lower_case.h"
 #include "shell/numbers.h"
 #include "shell/runtime_error.h"
-#include "songfile/song_text.h"
+#include "songfile/song_format.h"
 
 namespace quavix {
 namespace {

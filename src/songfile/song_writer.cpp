@@ -3,7 +3,6 @@
 
 #include "shell/file_access.h"
 #include "shell/runtime_error.h"
-#include "songfile/song_captions.h"
 #include "songfile/song_format.h"
 
 namespace quavix {
@@ -11,9 +10,8 @@ namespace quavix {
 std::optional<std::string> SongWriter::SaveMusic() {
     LogBlock block(log_, "SaveMusic()");
     block.CloseOnError();
-    const std::string fileName = picker_.AskForSaveName({.Title = "Saving music and config",
-                                                         .Filter = std::string(caption::SongFilter),
-                                                         .PathMustExist = true});
+    const std::string fileName = picker_.AskForSaveName(
+        {.Title = "Saving music and config", .Filter = std::string(SongFilter), .PathMustExist = true});
     if (fileName.empty() || !MayReplace(fileName))
         return std::nullopt;
     return SaveAs(fileName) ? std::optional(fileName) : std::nullopt;

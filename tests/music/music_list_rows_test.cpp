@@ -5,12 +5,12 @@
 
 #include <gtest/gtest.h>
 
-#include "music/line_text.h"
 #include "music/music_list.h"
 #include "playback/play_position.h"
 #include "shell/runtime_error.h"
 #include "simulation/simulated_files.h"
 #include "simulation/simulated_time.h"
+#include "songfile/song_format.h"
 
 namespace quavix {
 namespace {

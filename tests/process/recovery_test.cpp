@@ -7,8 +7,7 @@
 
 #include "killed_writer.h"
 #include "platform/posix/posix_files.h"
-#include "songfile/recovery_notes.h"
-#include "songfile/recovery_slots.h"
+#include "songfile/recovery_copies.h"
 #include "support/temporary_folder.h"
 
 namespace quavix {

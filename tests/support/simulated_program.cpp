@@ -3,7 +3,7 @@
 
 #include <sstream>
 
-#include "music/line_text.h"
+#include "songfile/song_format.h"
 
 namespace quavix::test {
 

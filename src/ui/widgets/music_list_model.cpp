@@ -3,8 +3,6 @@
 
 #include <QCoreApplication>
 
-#include "music/list_columns.h"
-
 namespace quavix {
 namespace {
 

@@ -10,8 +10,8 @@
 #include <QMouseEvent>
 #include <QScopedValueRollback>
 
-#include "music/list_columns.h"
 #include "ui/widgets/binding.h"
+#include "ui/widgets/music_list_model.h"
 
 namespace quavix {
 namespace {

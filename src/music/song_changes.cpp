@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "music/sound_settings.h"
+#include "music/song_changes.h"
 
 #include <utility>
 
@@ -21,6 +21,15 @@ void SoundSettings::Watch(const MainFields& fields, const std::function<void()>&
     }
     for (const Watched<bool>* box : {&fields.PlayNote1Check, &fields.PlayNote2Check})
         box->Watch([changed](bool) { changed(); });
+}
+
+SongChanges::SongChanges(MainFields& fields, MusicList& list) : list_(list) {
+    list.AddObserver(*this);
+    SoundSettings::Watch(fields, [this] { Changed(); });
+}
+
+void SongChanges::Changed() {
+    Count = Count + 1;
 }
 
 }  // namespace quavix

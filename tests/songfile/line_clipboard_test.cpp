@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
 // Lines as text, and the commands that carry them.
-#include "music/line_clipboard.h"
+#include "songfile/line_clipboard.h"
 
 #include <random>
 

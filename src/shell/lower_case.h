@@ -1,9 +1,13 @@
 // SPDX-License-Identifier: MIT
-#include "music/text.h"
+#pragma once
+
+#include <string>
+#include <string_view>
 
 namespace quavix {
 
-std::string LowerCase(std::string_view text) {
+/// The text with its ASCII letters in lower case; all other bytes stay as they are.
+inline std::string LowerCase(std::string_view text) {
     std::string lower(text);
     for (char& c : lower) {
         if (c >= 'A' && c <= 'Z')

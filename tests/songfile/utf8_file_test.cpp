@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "songfile/file_text.h"
+#include "songfile/utf8_file.h"
 
 #include <gtest/gtest.h>
 
@@ -17,7 +17,7 @@ using namespace std::string_literals;
 constexpr std::size_t MiB = 1024 * 1024;
 const std::string MusicStart = Header + "MUSICLISTSTART\n";
 
-TEST(FileText, LoadsBytesThatAreNoUtf8AsLatin1AndSaysSo) {
+TEST(Utf8File, LoadsBytesThatAreNoUtf8AsLatin1AndSaysSo) {
     SongProgram p;
     p.App.Log.Enable();
     p.LoadFile(MusicStart + "Half C4 - caf\xE9 \xC3\xA9\n");
@@ -35,20 +35,20 @@ TEST(FileText, LoadsBytesThatAreNoUtf8AsLatin1AndSaysSo) {
     EXPECT_FALSE(p.Loading.InfoShown);
 }
 
-TEST(FileText, LoadsUtf8WithoutAWord) {
+TEST(Utf8File, LoadsUtf8WithoutAWord) {
     SongProgram p;
     p.LoadFile(MusicStart + "Half C4 - \xF0\x9F\x8E\xB5\n");
     EXPECT_EQ(p.Rows(), "Half|C4||\xF0\x9F\x8E\xB5\n");
     EXPECT_EQ(p.Loading.InfoText, "Loading...");
 }
 
-TEST(FileText, TakesNulBytesAsOrdinaryCharacters) {
+TEST(Utf8File, TakesNulBytesAsOrdinaryCharacters) {
     SongProgram p;
     p.LoadFile(MusicStart + "Half C4 - a\0b\nH\0 - -\n"s);
     EXPECT_EQ(p.Rows(), "Half|C4||a\0b\nH\0|||\n"s);
 }
 
-TEST(FileText, MakesTheSameOfEveryReadSize) {
+TEST(Utf8File, MakesTheSameOfEveryReadSize) {
     const std::string content = MusicStart + "H\xE9 C4 \xC3\xA9 \xFF\xC3\n\xF0\x9F\x8E\xB5 a b \xE2\x82";
     SongProgram whole;
     whole.LoadFile(content);
@@ -60,7 +60,7 @@ TEST(FileText, MakesTheSameOfEveryReadSize) {
     }
 }
 
-TEST(FileText, ReadsAGrowingFileToItsFirstLength) {
+TEST(Utf8File, ReadsAGrowingFileToItsFirstLength) {
     SongProgram p;
     p.Disk.SetReadSize(16);
     p.Disk.BeforeRead([&](const std::string& name, std::uint64_t position) {
@@ -71,7 +71,7 @@ TEST(FileText, ReadsAGrowingFileToItsFirstLength) {
     EXPECT_EQ(p.Rows(), "Half|C4||\nHalf|D4||\n");
 }
 
-TEST(FileText, TakesWhatWasReadOfAShrinkingOrDeletedFile) {
+TEST(Utf8File, TakesWhatWasReadOfAShrinkingOrDeletedFile) {
     SongProgram p;
     p.Disk.SetReadSize(Header.size() + 8);
     p.Disk.BeforeRead([&](const std::string& name, std::uint64_t position) {
@@ -84,7 +84,7 @@ TEST(FileText, TakesWhatWasReadOfAShrinkingOrDeletedFile) {
     EXPECT_TRUE(p.Boxes.Shown().empty());
 }
 
-TEST(FileText, ReadsAFileOnceMoreWhenReadingFails) {
+TEST(Utf8File, ReadsAFileOnceMoreWhenReadingFails) {
     SongProgram p;
     p.App.Log.Enable();
     p.Disk.SetReadSize(16);
@@ -100,7 +100,7 @@ TEST(FileText, ReadsAFileOnceMoreWhenReadingFails) {
     EXPECT_NE(p.LogText().find("Problem loading - loading byte-by-byte"), std::string::npos);
 }
 
-TEST(FileText, RaisesTheErrorWhenReadingFailsForGoodAndChangesNothing) {
+TEST(Utf8File, RaisesTheErrorWhenReadingFailsForGoodAndChangesNothing) {
     SongProgram p;
     p.SetSong({"Quarter C4 - -"});
     p.App.Fields.BeatsPerBar.Set(3);
@@ -120,7 +120,7 @@ TEST(FileText, RaisesTheErrorWhenReadingFailsForGoodAndChangesNothing) {
     EXPECT_FALSE(p.Loading.InfoShown);
 }
 
-TEST(FileText, RaisesTheErrorWhenTheFileIsGoneBeforeItIsOpenedOnceMore) {
+TEST(Utf8File, RaisesTheErrorWhenTheFileIsGoneBeforeItIsOpenedOnceMore) {
     SongProgram p;
     p.Disk.BeforeRead([&](const std::string& name, std::uint64_t) {
         p.Disk.Put(name, "\xFF");
@@ -136,7 +136,7 @@ TEST(FileText, RaisesTheErrorWhenTheFileIsGoneBeforeItIsOpenedOnceMore) {
     EXPECT_FALSE(p.Loading.InfoShown);
 }
 
-TEST(FileText, ChangesNothingWhenReadingIsStopped) {
+TEST(Utf8File, ChangesNothingWhenReadingIsStopped) {
     SongProgram p;
     p.App.Log.Enable();
     p.SetSong({"Quarter C4 - -"});
@@ -150,7 +150,7 @@ TEST(FileText, ChangesNothingWhenReadingIsStopped) {
     EXPECT_TRUE(p.LogText().ends_with("    ActuallyLoadMusic() - END\n\n"));
 }
 
-TEST(FileText, ChangesNothingWhenReadingByteByByteIsStopped) {
+TEST(Utf8File, ChangesNothingWhenReadingByteByByteIsStopped) {
     SongProgram p;
     p.SetSong({"Quarter C4 - -"});
     p.Loading.OnProgress = [&](double) { return !p.Loading.InfoText.starts_with("Loading byte"); };
@@ -159,12 +159,12 @@ TEST(FileText, ChangesNothingWhenReadingByteByByteIsStopped) {
     EXPECT_FALSE(p.Loading.InfoShown);
 }
 
-TEST(FileText, TellsItsProgressOncePerPiece) {
+TEST(Utf8File, TellsItsProgressOncePerPiece) {
     SongProgram p;
     p.Disk.SetReadSize(MiB / 4);
     p.LoadFile(MusicStart + "//" + std::string(4 * MiB, 'x'));
     EXPECT_EQ(p.Loading.Ratios.size(), 4U);
-    EXPECT_LE(p.Loading.Ratios.back(), FileText::ProgressShare);
+    EXPECT_LE(p.Loading.Ratios.back(), Utf8File::ProgressShare);
 }
 
 #if defined(__SANITIZE_ADDRESS__)
@@ -173,7 +173,7 @@ constexpr std::size_t LongLine = 20 * MiB;
 constexpr std::size_t LongLine = 100 * MiB;
 #endif
 
-TEST(FileText, LoadsAVeryLongLine) {
+TEST(Utf8File, LoadsAVeryLongLine) {
     SongProgram p;
     std::string content = MusicStart + "Half C4 - ";
     content.append(LongLine, 'x');
@@ -183,7 +183,7 @@ TEST(FileText, LoadsAVeryLongLine) {
     EXPECT_EQ(p.App.List.Text(1, Cell::Mod).size(), LongLine);
 }
 
-TEST(FileText, LoadsAVeryLongSettingsLine) {
+TEST(Utf8File, LoadsAVeryLongSettingsLine) {
     SongProgram p;
     std::string content = Header;
     content.append(LongLine, 'x');

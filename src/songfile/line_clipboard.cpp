@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "music/line_clipboard.h"
+#include "songfile/line_clipboard.h"
 
 #include <numeric>
 #include <string>

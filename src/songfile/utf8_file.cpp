@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "songfile/file_text.h"
+#include "songfile/utf8_file.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -15,7 +15,7 @@ constexpr std::size_t ReadSize = std::size_t{1024} * 1024;
 
 }  // namespace
 
-FileText::Outcome FileText::ReadPieces(FileReader& file, const std::function<void(std::string_view)>& take,
+Utf8File::Outcome Utf8File::ReadPieces(FileReader& file, const std::function<void(std::string_view)>& take,
                                        std::error_code& error) {
     const std::uint64_t size = file.Size();
     std::vector<char> buffer(static_cast<std::size_t>(std::min<std::uint64_t>(size, ReadSize)));
@@ -39,7 +39,7 @@ FileText::Outcome FileText::ReadPieces(FileReader& file, const std::function<voi
     return Outcome::Done;
 }
 
-std::optional<std::string> FileText::Read(std::unique_ptr<FileReader> file, const std::string& name) {
+std::optional<std::string> Utf8File::Read(std::unique_ptr<FileReader> file, const std::string& name) {
     {
         std::string text;
         text.reserve(static_cast<std::size_t>(file->Size()));
@@ -60,7 +60,7 @@ std::optional<std::string> FileText::Read(std::unique_ptr<FileReader> file, cons
     return ReadByteByByte(name);
 }
 
-std::optional<std::string> FileText::ReadByteByByte(const std::string& name) {
+std::optional<std::string> Utf8File::ReadByteByByte(const std::string& name) {
     std::error_code error;
     const auto file = files_.OpenForInput(name, error);
     if (!file) {

@@ -14,12 +14,12 @@
 namespace quavix {
 
 /// Reads a whole file as UTF-8 text, in pieces, with a word to the loading view between them.
-class FileText {
+class Utf8File {
   public:
     /// Reading takes the first part of a load's progress, up to this ratio.
     static constexpr double ProgressShare = 0.5;
 
-    FileText(Files& files, LoadingView& view, DebugLog& log) : files_(files), view_(view), log_(log) {}
+    Utf8File(Files& files, LoadingView& view, DebugLog& log) : files_(files), view_(view), log_(log) {}
 
     /// Reads the file open in `file`, named `name`, as far as its length at the time of opening. Where that
     /// fails or gives anything but UTF-8, the file is opened once more and read byte by byte: whatever is no

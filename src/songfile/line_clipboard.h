@@ -6,10 +6,10 @@
 #include <vector>
 
 #include "music/edit_history.h"
-#include "music/line_text.h"
 #include "music/main_fields.h"
 #include "music/music_list.h"
 #include "ports/clipboard.h"
+#include "songfile/song_format.h"
 
 namespace quavix {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "songfile/song_text.h"
+#include "songfile/song_format.h"
 
 #include <gtest/gtest.h>
 
