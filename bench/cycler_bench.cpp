@@ -40,8 +40,8 @@ void Step(benchmark::State& state) {
     FmodErrors errors(boxes, log);
     FmodEngine engine(library, errors, log);
     Waiting wait(time, time);
-    FmodToneGenerator generator({fields, engine, library, errors, wait, log, {}});
-    HeldNoteCycler cycler(fields, tones, generator);
+    FmodToneGenerator generator({fields.Mods, fields.Output, engine, library, errors, wait, log, {}});
+    HeldNoteCycler cycler(fields.Song, fields.View, tones, generator);
     Form form(handlers);
     form.AutoTimeCheck = true;
     form.SaveCPUCheck = state.range(1) == 0;

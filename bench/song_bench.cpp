@@ -37,12 +37,12 @@ struct SongBench {
     RecordedLoadingView Loading{Time, Timeline};
     PosixFiles Disk;
     DebugLog Log{Disk, Time, "unused"};
-    SongReader Reader{Fields, List, Disk, Boxes, Picker, Loading, Log};
+    SongReader Reader{Fields.Song, Fields.Entry, List, Disk, Boxes, Picker, Loading, Log};
 
     void Save(const std::string& name) {
         std::error_code error;
         const auto file = Disk.OpenForOutput(name, error);
-        if (!file || WriteSong(Fields, List, *file) || file->Commit())
+        if (!file || WriteSong(Fields.Song, Fields.Entry, List, *file) || file->Commit())
             std::abort();
     }
 };

@@ -19,11 +19,11 @@
 namespace quavix {
 
 DesktopProgram::DesktopProgram(Program& program, DesktopFacts facts)
-    : Recovery({program.Fields, program.List, program.Storage.SongChanges, program.Storage.SongDocument,
-                program.Ports.Disk, program.Ports.Ticks, program.Ports.Time, program.Ports.Boxes,
-                program.Handlers, program.Log, [&program] { return program.IsSounding(); },
-                facts.StateFolder}),
-      Shutdown(program.Fields, program.Log, facts.End),
+    : Recovery({program.Fields.Song, program.Fields.Entry, program.Fields.State, program.List,
+                program.Storage.SongChanges, program.Storage.SongDocument, program.Ports.Disk,
+                program.Ports.Ticks, program.Ports.Time, program.Ports.Boxes, program.Handlers, program.Log,
+                [&program] { return program.IsSounding(); }, facts.StateFolder}),
+      Shutdown(program.Fields.State, program.Log, facts.End),
       program_(program),
       facts_(std::move(facts)) {
     Shutdown.BeforeShutDown([this] { program_.Outputs.SoundMods.Singer.VoiceDoShutDownStuff(); });
@@ -46,8 +46,8 @@ void DesktopProgram::BeforeMainForm() {
         program_.Log.Text("Speaker in use: {}{}{}", speaker.InUse, speaker.Reason.empty() ? "" : " - ",
                           speaker.Reason);
         SwitchToneCode();
-        program_.Fields.MusicIsPlaying = false;
-        program_.Fields.TickFreq = ReadTickFreq(ports.Time, program_.Log);
+        program_.Fields.State.MusicIsPlaying = false;
+        program_.Fields.State.TickFreq = ReadTickFreq(ports.Time, program_.Log);
     });
 }
 
@@ -67,9 +67,9 @@ void DesktopProgram::StartLog() {
 }
 
 void DesktopProgram::SwitchToneCode() {
-    program_.Fields.UseWriteCode = FileExists(FileInFolder(program_.Ports.ProgramFolder, "tonecode.txt"),
-                                              program_.Ports.Disk, program_.Log);
-    if (program_.Fields.UseWriteCode) {
+    program_.Outputs.ToneCode.UseWriteCode = FileExists(
+        FileInFolder(program_.Ports.ProgramFolder, "tonecode.txt"), program_.Ports.Disk, program_.Log);
+    if (program_.Outputs.ToneCode.UseWriteCode) {
         program_.Ports.Boxes.get().Show({
             .Title = "Writing of tone/silence code is enabled",
             .Text = "Because there is a file called 'tonecode.txt' in the same folder as this program, the "
@@ -78,7 +78,7 @@ void DesktopProgram::SwitchToneCode() {
             .Icon = BoxIcon::Information,
         });
     }
-    program_.Log.Text("UseWriteCode is {}", LogFlag(program_.Fields.UseWriteCode));
+    program_.Log.Text("UseWriteCode is {}", LogFlag(program_.Outputs.ToneCode.UseWriteCode));
 }
 
 void DesktopProgram::AfterMainForm() {

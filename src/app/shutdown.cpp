@@ -16,9 +16,9 @@ void Try(Step step) {
 }  // namespace
 
 void Shutdown::CloseProgram() {
-    if (fields_.ShuttingDown)
+    if (state_.ShuttingDown)
         return;
-    fields_.ShuttingDown = true;
+    state_.ShuttingDown = true;
     Try([this] { log_.LogText("[REQUEST TO CLOSE PROGRAM]"); });
     for (const auto& release : first_)
         Try(release);

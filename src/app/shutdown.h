@@ -13,7 +13,7 @@ namespace quavix {
 /// The end of the program: outputs are released, then the process ends, whatever is on the stack.
 class Shutdown {
   public:
-    Shutdown(MainFields& fields, DebugLog& log, ProcessEnd& end) : fields_(fields), log_(log), end_(end) {}
+    Shutdown(ProgramState& state, DebugLog& log, ProcessEnd& end) : state_(state), log_(log), end_(end) {}
 
     /// Adds what is shut down before all outputs.
     void BeforeShutDown(std::function<void()> release) { first_.push_back(std::move(release)); }
@@ -28,7 +28,7 @@ class Shutdown {
   private:
     void DoShutDownStuff();
 
-    MainFields& fields_;
+    ProgramState& state_;
     DebugLog& log_;
     ProcessEnd& end_;
     std::vector<std::function<void()>> first_;

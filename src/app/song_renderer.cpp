@@ -102,7 +102,7 @@ double SecondsOfSong(const Program& program) {
         std::string mod(program.List.Text(row, Cell::Mod));
         wholeNotes += GetEquivalentLength(program.List.Text(row, Cell::Length), mod);
     }
-    return wholeNotes * BeatsPerWholeNote * 60 / program.Fields.BPM;
+    return wholeNotes * BeatsPerWholeNote * 60 / program.Fields.Song.BPM;
 }
 
 void Play(Program& program, std::int32_t passes) {
@@ -141,22 +141,22 @@ void StartTones(Program& program, EngineRecording& engine, std::int32_t waveform
     program.Outputs.SoundMods.StartEngine(engine.Output());
     engine.Begin(program.Outputs.SoundMods.Engine.System());
     program.Outputs.SoundMods.Generator.ChangeDSPType(waveform);
-    program.Fields.UseFMODCheck = true;
+    program.Fields.Mods.UseFMOD.Ticked = true;
 }
 
 /// The voice alone is heard.
 void StartVoice(Program& program, EngineRecording& engine) {
     program.Outputs.SoundMods.Singer.Load(engine.Output());
     engine.Begin(program.Outputs.SoundMods.Singer.VoiceSystem());
-    program.Fields.UseVoiceCheck = true;
-    program.Fields.MutePCSpeaker = true;
+    program.Fields.Mods.UseVoice.Ticked = true;
+    program.Fields.Output.MutePCSpeaker = true;
 }
 
 }  // namespace
 
 void SongRenderer::LoadEngine(Program& program) const {
     program.Outputs.SoundMods.CheckAvailability(programFolder_);
-    if (!program.Fields.FmodAvailable)
+    if (!program.Outputs.SoundMods.FmodAvailable)
         throw RenderError("this output needs the sound engine FMODex.dll in the program's folder");
 }
 
@@ -179,8 +179,8 @@ void SongRenderer::Render(const RenderOptions& options, std::ostream& out) {
     if (!options.LogFile.empty())
         program.Log.Enable();
     try {
-        program.Fields.TickFreq = ReadTickFreq(time, program.Log);
-        program.Fields.UseWriteCode = !options.ToneCodeFile.empty();
+        program.Fields.State.TickFreq = ReadTickFreq(time, program.Log);
+        program.Outputs.ToneCode.UseWriteCode = !options.ToneCodeFile.empty();
         const bool isMidiFile = IsMidiFileName(options.Song);
         if (isMidiFile) {
             OpenMidi(program, options.Song);

@@ -18,7 +18,7 @@ FmodToneGenerator::FmodToneGenerator(FmodToneParts parts)
 
 void FmodToneGenerator::Sound(const Tone& tone) {
     const bool mustStop = tone.Options.NoteIsFrequency || tone.Options.SpecificStop;
-    const bool keepSounding = !mustStop && (tone.Options.SpecificContinuous || p_.Fields.DoNotShutUpFMOD);
+    const bool keepSounding = !mustStop && (tone.Options.SpecificContinuous || p_.Output.DoNotShutUpFMOD);
     FMODBeep(tone.WholeFrequency(), tone.DurationMs, keepSounding, tone.Options.FMODNoWait);
 }
 
@@ -42,9 +42,9 @@ void FmodToneGenerator::FMODBeep(double frequency, double durationMs, bool noSto
 }
 
 void FmodToneGenerator::FMODBeepStop() {
-    if (p_.Fields.UseFMOD)
+    if (p_.Mods.UseFMOD.InUse)
         SetPaused(true);
-    if (p_.Fields.UseMotor && p_.SendString)
+    if (p_.Mods.UseMotor.InUse && p_.SendString)
         p_.SendString("#0p1470");
 }
 

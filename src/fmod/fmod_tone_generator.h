@@ -14,7 +14,8 @@ namespace quavix {
 
 /// Dependencies of FmodToneGenerator. All must outlive it.
 struct FmodToneParts {
-    MainFields& Fields;
+    ModFields& Mods;
+    const OutputOptions& Output;
     FmodEngine& Engine;
     SoundLibrary& Library;
     FmodErrors& Errors;

@@ -14,10 +14,11 @@ constexpr const char* LibraryFile = "FMODex.dll";
 SoundMods::SoundMods(const SoundModsParts& parts)
     : Errors(parts.Boxes, parts.Log),
       Engine(parts.Library, Errors, parts.Log),
-      Generator({parts.Fields, Engine, parts.Library, Errors, parts.Wait, parts.Log, parts.SendString}),
-      UseFmod(parts.Fields, Generator, parts.Handlers),
+      Generator(
+          {parts.Mods, parts.Output, Engine, parts.Library, Errors, parts.Wait, parts.Log, parts.SendString}),
+      UseFmod(parts.Song, parts.Mods, parts.Output, Generator, parts.Handlers),
       Singer({parts.Library, Errors, parts.Ticks, parts.Random, parts.Handlers, parts.Log}),
-      UseVoice(parts.Fields, Singer, Errors, parts.Handlers),
+      UseVoice(parts.Mods, parts.Output, Singer, Errors, parts.Handlers),
       p_(parts) {}
 
 void SoundMods::CheckAvailability(const std::string& programFolder) {
@@ -37,13 +38,13 @@ void SoundMods::CheckAvailability(const std::string& programFolder) {
             });
         }
     }
-    p_.Fields.FmodAvailable = available;
-    p_.Fields.UseFMODCheckEnabled = available;
-    p_.Fields.UseVoiceCheckEnabled = available;
+    FmodAvailable = available;
+    p_.Mods.UseFMOD.Enabled = available;
+    p_.Mods.UseVoice.Enabled = available;
 }
 
 void SoundMods::StartEngine(const FmodOutput& output) {
-    if (!p_.Fields.FmodAvailable) {
+    if (!FmodAvailable) {
         p_.Log.Text("FMOD can NOT be used ({})", whyNot_);
         return;
     }

@@ -24,7 +24,9 @@ namespace quavix {
 
 /// Dependencies of SoundMods. All must outlive it.
 struct SoundModsParts {
-    MainFields& Fields;
+    SongFields& Song;
+    ModFields& Mods;
+    OutputOptions& Output;
     SoundLibrary& Library;
     RandomNumbers& Random;
     Timers& Ticks;
@@ -49,6 +51,8 @@ class SoundMods {
     /// Starts the engine, with a square wave, where the library is loaded. Says so in the log, and why not.
     void StartEngine(const FmodOutput& output = {});
 
+    /// The sound library is there.
+    bool FmodAvailable = false;
     FmodErrors Errors;
     FmodEngine Engine;
     FmodToneGenerator Generator;

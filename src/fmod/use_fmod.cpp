@@ -5,29 +5,35 @@
 
 namespace quavix {
 
-UseFmod::UseFmod(MainFields& fields, FmodToneGenerator& generator, EventBoundary& handlers)
-    : fields_(fields), generator_(generator), handlers_(handlers), previousRatio_(fields.NoteSilenceRatio) {
-    fields_.UseFMODCheck.Watch(handlers_.Wrap("UseFMODCheck_Click", [this] { UseFMODCheck_Click(); }));
+UseFmod::UseFmod(SongFields& song, ModFields& mods, OutputOptions& output, FmodToneGenerator& generator,
+                 EventBoundary& handlers)
+    : song_(song),
+      mods_(mods),
+      output_(output),
+      generator_(generator),
+      handlers_(handlers),
+      previousRatio_(song.NoteSilenceRatio) {
+    mods_.UseFMOD.Ticked.Watch(handlers_.Wrap("UseFMODCheck_Click", [this] { UseFMODCheck_Click(); }));
     NeverSilentCheck.Watch(handlers_.Wrap("NeverSilentCheck_Click", [this] { NeverSilentCheck_Click(); }));
-    fields_.NoteSilenceRatio.State().Watch([this](const SettingState&) { NoteSilenceRatioSlider_Change(); });
+    song_.NoteSilenceRatio.State().Watch([this](const SettingState&) { NoteSilenceRatioSlider_Change(); });
 }
 
 void UseFmod::UseFMODCheck_Click() {
-    if (!fields_.UseFMODCheck)
+    if (!mods_.UseFMOD.Ticked)
         generator_.FMODBeepStop();
-    fields_.UseFMOD = fields_.UseFMODCheck;
-    FMODOptionsFormVisible = fields_.UseFMODCheck.Get();
+    mods_.UseFMOD.InUse = mods_.UseFMOD.Ticked;
+    FMODOptionsFormVisible = mods_.UseFMOD.Ticked.Get();
 }
 
 void UseFmod::NeverSilentCheck_Click() {
     const ScopedFlag manuallySetting(manuallySettingCheck_);
-    fields_.DoNotShutUpFMOD = NeverSilentCheck;
+    output_.DoNotShutUpFMOD = NeverSilentCheck;
     if (NeverSilentCheck) {
-        previousRatio_ = fields_.NoteSilenceRatio;
+        previousRatio_ = song_.NoteSilenceRatio;
         ratioManuallyChanged_ = false;
-        fields_.NoteSilenceRatio.Set(parameter::NoteSilenceRatio.Highest);
+        song_.NoteSilenceRatio.Set(parameter::NoteSilenceRatio.Highest);
     } else if (!ratioManuallyChanged_) {
-        fields_.NoteSilenceRatio.Set(previousRatio_);
+        song_.NoteSilenceRatio.Set(previousRatio_);
     }
 }
 

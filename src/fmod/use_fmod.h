@@ -13,7 +13,8 @@ namespace quavix {
 /// window.
 class UseFmod {
   public:
-    UseFmod(MainFields& fields, FmodToneGenerator& generator, EventBoundary& handlers);
+    UseFmod(SongFields& song, ModFields& mods, OutputOptions& output, FmodToneGenerator& generator,
+            EventBoundary& handlers);
     UseFmod(const UseFmod&) = delete;
     UseFmod& operator=(const UseFmod&) = delete;
 
@@ -29,7 +30,9 @@ class UseFmod {
     void NeverSilentCheck_Click();
     void NoteSilenceRatioSlider_Change();
 
-    MainFields& fields_;
+    SongFields& song_;
+    ModFields& mods_;
+    OutputOptions& output_;
     FmodToneGenerator& generator_;
     EventBoundary& handlers_;
     /// The ratio when the option was ticked.

@@ -34,8 +34,9 @@ void Describe(Watched<std::int32_t>& slider, Watched<std::string>& label, Text t
 
 }  // namespace
 
-UseVoice::UseVoice(MainFields& fields, VoiceMainForm& voice, FmodErrors& errors, EventBoundary& handlers)
-    : fields_(fields), voice_(voice), errors_(errors), handlers_(handlers) {
+UseVoice::UseVoice(ModFields& mods, OutputOptions& output, VoiceMainForm& voice, FmodErrors& errors,
+                   EventBoundary& handlers)
+    : mods_(mods), output_(output), voice_(voice), errors_(errors), handlers_(handlers) {
     for (std::size_t i = 0; i < FormantCount; ++i) {
         FormantDSPFreqSlider[i] = vowel::A[i].Frequency;
         FormantDSPVolSlider[i] = vowel::A[i].Volume;
@@ -45,7 +46,7 @@ UseVoice::UseVoice(MainFields& fields, VoiceMainForm& voice, FmodErrors& errors,
     }
     Describe(SawVolSlider, lblSawVol, VolumeText);
     Describe(NoiseVolSlider, lblNoiseVol, VolumeText);
-    Describe(fields_.VoiceVolSlider, lblVoiceVol, VolumeText);
+    Describe(output_.VoiceVolSlider, lblVoiceVol, VolumeText);
     Describe(CutoffFreqSlider, lblCutoffFreq, HertzText);
     Describe(FormantTimbreSlider, lblFormantTimbre, TimbreText);
     Describe(FormantRandomFreqSlider, lblFormantRandomFreq,
@@ -54,7 +55,7 @@ UseVoice::UseVoice(MainFields& fields, VoiceMainForm& voice, FmodErrors& errors,
     voice_.MaxRandomFormantFreq = FormantRandomFreqSlider;
     WatchSliders();
     WatchFormantSliders();
-    fields_.UseVoiceCheck.Watch(handlers_.Wrap("UseVoiceCheck_Click", [this] { UseVoiceCheck_Click(); }));
+    mods_.UseVoice.Ticked.Watch(handlers_.Wrap("UseVoiceCheck_Click", [this] { UseVoiceCheck_Click(); }));
 }
 
 void UseVoice::WatchSliders() {
@@ -68,7 +69,7 @@ void UseVoice::WatchSliders() {
         if (voice_.IsLoaded())
             voice_.ChangeNoiseVol(VolumeOf(volume));
     });
-    fields_.VoiceVolSlider.Watch([this](std::int32_t volume) {
+    output_.VoiceVolSlider.Watch([this](std::int32_t volume) {
         if (voice_.IsLoaded())
             voice_.ChangeVoiceVol(VolumeOf(volume));
     });
@@ -93,7 +94,7 @@ void UseVoice::WatchFormantSliders() {
 }
 
 void UseVoice::UseVoiceCheck_Click() {
-    if (fields_.UseVoiceCheck) {
+    if (mods_.UseVoice.Ticked) {
         errors_.ShowTogether([this] {
             voice_.Load();
             StartVoice();
@@ -111,7 +112,7 @@ void UseVoice::StartVoice() {
     voice_.StartSources();
     voice_.ChangeSawVol(VolumeOf(SawVolSlider));
     voice_.ChangeNoiseVol(VolumeOf(NoiseVolSlider));
-    voice_.ChangeVoiceVol(VolumeOf(fields_.VoiceVolSlider));
+    voice_.ChangeVoiceVol(VolumeOf(output_.VoiceVolSlider));
     ApplyCutoffSlider();
     ApplyFormantSliders();
 }

@@ -16,11 +16,12 @@ namespace quavix {
 /// changes the voice at once; while the voice has never been on, it only keeps its position.
 class UseVoice {
   public:
-    UseVoice(MainFields& fields, VoiceMainForm& voice, FmodErrors& errors, EventBoundary& handlers);
+    UseVoice(ModFields& mods, OutputOptions& output, VoiceMainForm& voice, FmodErrors& errors,
+             EventBoundary& handlers);
     UseVoice(const UseVoice&) = delete;
     UseVoice& operator=(const UseVoice&) = delete;
 
-    /// The volume of the voice stands in MainFields.
+    /// The volume of the voice stands in OutputOptions.
     Watched<std::int32_t> SawVolSlider{parameter::SawVol.Default};
     Watched<std::int32_t> NoiseVolSlider{parameter::NoiseVol.Default};
     Watched<std::int32_t> CutoffFreqSlider{parameter::CutoffFreq.Default};
@@ -56,7 +57,8 @@ class UseVoice {
     void ApplyCutoffSlider();
     void ApplyFormantSliders();
 
-    MainFields& fields_;
+    ModFields& mods_;
+    OutputOptions& output_;
     VoiceMainForm& voice_;
     FmodErrors& errors_;
     EventBoundary& handlers_;

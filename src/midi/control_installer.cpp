@@ -53,12 +53,12 @@ bool ControlInstaller::Install(const std::string& fileName, const std::string& s
     // Another copy of the program may have been quicker.
     if (p_.Disk.FindsNormalFile(destination))
         return true;
-    if (p_.Fields.ShuttingDown)
+    if (p_.State.ShuttingDown)
         return false;
     p_.Log.Text("FileCopy {},{}", source, destination);
     Copy(source, destination);
     Register(workplace->Folder, destination);
-    if (p_.Fields.ShuttingDown)
+    if (p_.State.ShuttingDown)
         return false;
     if (Exists(destination))
         return true;
@@ -78,7 +78,7 @@ std::shared_ptr<ControlInstaller::Workplace> ControlInstaller::TakeWorkplace(con
         std::error_code error;
         while ((workplace->Lock = p_.Disk.TryLock(FileInFolder(folder, "regocx.lock"), error)) == nullptr &&
                error == std::errc::resource_unavailable_try_again && !p_.Disk.FindsNormalFile(destination) &&
-               !p_.Fields.ShuttingDown)
+               !p_.State.ShuttingDown)
             p_.Wait.MsgWaitObj(LookAgainMs);
         workplace->Folder = folder;
         if (!error || error == std::errc::resource_unavailable_try_again) {
@@ -131,7 +131,7 @@ void ControlInstaller::Register(const std::string& folder, const std::string& de
         p_.Disk.Delete(marker);
         throw;
     }
-    while (Exists(marker) && !p_.Fields.ShuttingDown)
+    while (Exists(marker) && !p_.State.ShuttingDown)
         p_.Wait.MsgWaitObj(LookAgainMs);
     p_.Log.LogText("Deleting BAT file");
     p_.Disk.Delete(batch);
@@ -176,9 +176,9 @@ void ControlInstaller::TellFailed(const std::string& fileName) {
 }
 
 void ControlInstaller::Untick() {
-    p_.Fields.UseMIDIFileCheck = false;
-    p_.Fields.UseMIDIOutCheck = false;
-    p_.Fields.UseMIDIInCheck = false;
+    p_.Mods.UseMIDIFile.Ticked = false;
+    p_.Mods.UseMIDIOut.Ticked = false;
+    p_.Mods.UseMIDIIn.Ticked = false;
 }
 
 bool ControlInstaller::MakeReady(const std::string& fileName, Watched<bool>& check,
@@ -193,7 +193,7 @@ bool ControlInstaller::MakeReady(const std::string& fileName, Watched<bool>& che
         throw;
     }
     // The user may have thought better of it meanwhile.
-    if (!check || p_.Fields.ShuttingDown)
+    if (!check || p_.State.ShuttingDown)
         return false;
     const std::string problem = prepare();
     if (problem.empty())

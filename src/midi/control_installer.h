@@ -17,7 +17,8 @@ namespace quavix {
 
 /// Dependencies of ControlInstaller. All must outlive it.
 struct ControlInstallerParts {
-    MainFields& Fields;
+    ModFields& Mods;
+    const ProgramState& State;
     Files& Disk;
     BatchFiles& Batches;
     Clipboard& TextClipboard;

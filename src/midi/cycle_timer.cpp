@@ -16,8 +16,8 @@ constexpr std::int32_t FirstIntervalMs = 2;
 
 CycleTimer::CycleTimer(CycleTimerParts parts) : p_(std::move(parts)), intervalMs_(FirstIntervalMs) {
     // A mistyped interval must not last until its end, which may be days away.
-    p_.Fields.AlternateTime.State().Watch(
-        [this, before = p_.Fields.AlternateTime.Text()](const SettingState& now) mutable {
+    p_.Song.AlternateTime.State().Watch(
+        [this, before = p_.Song.AlternateTime.Text()](const SettingState& now) mutable {
             if (std::exchange(before, now.Text) != now.Text && Enabled())
                 FollowAlternateTime();
         });
@@ -34,7 +34,7 @@ void CycleTimer::SetEnabled(bool enabled) {
 
 void CycleTimer::cTmr_Timer() {
     // Pulse upon pulse would not leave a gap for who waits for the end of all tones.
-    if (p_.Fields.StartIsHeldUp)
+    if (p_.State.StartIsHeldUp)
         return;
     Step();
     FollowAlternateTime();
@@ -50,7 +50,7 @@ void CycleTimer::Step() {
 }
 
 void CycleTimer::FollowAlternateTime() {
-    const std::string& text = p_.Fields.AlternateTime.Text();
+    const std::string& text = p_.Song.AlternateTime.Text();
     const double interval = RoundHalfEven(Val(text));
     if (!IsNumeric(text) || std::abs(interval) > std::numeric_limits<std::int32_t>::max())
         return;

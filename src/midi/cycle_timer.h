@@ -12,7 +12,8 @@ namespace quavix {
 
 /// Dependencies of CycleTimer. All must outlive it.
 struct CycleTimerParts {
-    MainFields& Fields;
+    const SongFields& Song;
+    const ProgramState& State;
     Timers& Ticks;
     EventBoundary& Handlers;
     /// Done at each tick; may run handlers.

@@ -52,14 +52,14 @@ void HeldNoteCycler::PlayLiveMIDIInput(UsingForm& usingForm) {
 void HeldNoteCycler::SetAlternateTime(std::int32_t count) {
     constexpr double CycleMs = 30;
     constexpr std::int32_t LongestMs = 15;
-    fields_.AlternateTime.SetForNow(std::min(ToInt32(CycleMs / std::max(count, 1)), LongestMs));
+    song_.AlternateTime.SetForNow(std::min(ToInt32(CycleMs / std::max(count, 1)), LongestMs));
 }
 
 void HeldNoteCycler::Pulse(UsingForm& usingForm, std::int32_t note) {
     {
-        const ScopedValue shown(fields_.BeepTextLabelVisible, true, false);
+        const ScopedValue shown(view_.BeepTextLabelVisible, true, false);
         tones_.Sound(
-            ToneOfMidiNote(note, fields_.AlternateTime, {.SpecificContinuous = true, .FMODNoWait = true}));
+            ToneOfMidiNote(note, song_.AlternateTime, {.SpecificContinuous = true, .FMODNoWait = true}));
     }
     // Released in the tone, it would not sound when it is struck again.
     if (usingForm.OnlyPlayNoteOnce && usingForm.GetMIDINoteIsOn(note))

@@ -14,8 +14,8 @@ namespace quavix {
 /// from the lowest to the highest and again. The place in the cycle is shared by all forms that use it.
 class HeldNoteCycler {
   public:
-    HeldNoteCycler(MainFields& fields, ToneOutput& tones, FmodToneGenerator& generator)
-        : fields_(fields), tones_(tones), generator_(generator) {}
+    HeldNoteCycler(SongFields& song, PlaybackView& view, ToneOutput& tones, FmodToneGenerator& generator)
+        : song_(song), view_(view), tones_(tones), generator_(generator) {}
 
     /// One step: shows the held notes and sounds the next one for the alternate time, which the form's
     /// AutoTimeCheck sets by their number first. Without a held note the tone generator is silenced. Handlers
@@ -26,7 +26,8 @@ class HeldNoteCycler {
     void SetAlternateTime(std::int32_t count);
     void Pulse(UsingForm& usingForm, std::int32_t note);
 
-    MainFields& fields_;
+    SongFields& song_;
+    PlaybackView& view_;
     ToneOutput& tones_;
     FmodToneGenerator& generator_;
     std::int16_t cycleIndex_ = 0;

@@ -16,9 +16,10 @@ namespace quavix {
 MidiFilePlayback::MidiFilePlayback(const MidiFileParts& parts)
     : UsingForm(parts.Handlers),
       p_(parts),
-      cTmr_({p_.Fields, p_.Ticks, p_.Handlers, [this] { tmrPlayback_Timer(); }, [this] { EndPlaying(); }}) {
+      cTmr_({p_.Song, p_.State, p_.Ticks, p_.Handlers, [this] { tmrPlayback_Timer(); },
+             [this] { EndPlaying(); }}) {
     AutoTimeCheck = true;
-    p_.Fields.UseMIDIFileCheck.Watch(
+    p_.Mods.UseMIDIFile.Ticked.Watch(
         p_.Handlers.Wrap("UseMIDIFileCheck_Click", [this](bool ticked) { UseMIDIFileCheck_Click(ticked); }));
 }
 
@@ -34,21 +35,21 @@ void MidiFilePlayback::SwitchOn() {
     p_.Log.LogText("Value is 1");
     constexpr const char* Control = ControlInstaller::MidiFilesControl;
     p_.Log.Text("Checking '{}' exists in system32", Control);
-    if (!p_.Controls.MakeReady(Control, p_.Fields.UseMIDIFileCheck, [this] { return p_.Reader.Prepare(); }))
+    if (!p_.Controls.MakeReady(Control, p_.Mods.UseMIDIFile.Ticked, [this] { return p_.Reader.Prepare(); }))
         return;
-    if (p_.Fields.ShuttingDown)
+    if (p_.State.ShuttingDown)
         return;
     // The mod that excludes this one may have been ticked meanwhile.
-    if (!p_.Fields.UseMIDIFileCheckEnabled) {
-        p_.Fields.UseMIDIFileCheck = false;
+    if (!p_.Mods.UseMIDIFile.Enabled) {
+        p_.Mods.UseMIDIFile.Ticked = false;
         return;
     }
     p_.Log.LogText("Showing MIDIFileForm");
     Form_Load();
     MIDIFileFormVisible = true;
-    p_.Fields.UseMIDIFile = true;
+    p_.Mods.UseMIDIFile.InUse = true;
     p_.Log.LogText("Disabling UseMIDIInCheck");
-    p_.Fields.UseMIDIInCheckEnabled = false;
+    p_.Mods.UseMIDIIn.Enabled = false;
 }
 
 void MidiFilePlayback::SwitchOff() {
@@ -59,8 +60,8 @@ void MidiFilePlayback::SwitchOff() {
     if (playing_)
         cmdStop_Click();
     MIDIFileFormVisible = false;
-    p_.Fields.UseMIDIFile = false;
-    p_.Fields.UseMIDIInCheckEnabled = true;
+    p_.Mods.UseMIDIFile.InUse = false;
+    p_.Mods.UseMIDIIn.Enabled = true;
 }
 
 void MidiFilePlayback::Form_Load() {
@@ -70,9 +71,9 @@ void MidiFilePlayback::Form_Load() {
 }
 
 void MidiFilePlayback::UseFile(const std::string& fileName) {
-    p_.Fields.UseMIDIInCheck = false;
-    p_.Fields.UseMIDIFileCheck = true;
-    if (p_.Fields.UseMIDIFile)
+    p_.Mods.UseMIDIIn.Ticked = false;
+    p_.Mods.UseMIDIFile.Ticked = true;
+    if (p_.Mods.UseMIDIFile.InUse)
         Open(fileName);
 }
 
@@ -82,7 +83,7 @@ void MidiFilePlayback::cmdBrowse_Click() {
     p_.Log.LogText("MIDI File Playback - Browse clicked");
     const std::string fileName = p_.Picker.AskForOpenName(
         {.Title = "Please choose MIDI file to play", .Filter = "MIDI files (*.mid)|*.mid"});
-    if (!fileName.empty() && !p_.Fields.ShuttingDown)
+    if (!fileName.empty() && !p_.State.ShuttingDown)
         Open(fileName);
 }
 
@@ -139,7 +140,7 @@ bool MidiFilePlayback::ShowInfoText(const std::string& text) {
         p_.Wait.DoEvents();
         nextEventsRunMs_ = ClockMs() + EventsRunEveryMs;
     }
-    return !stopOpening_ && !p_.Fields.ShuttingDown;
+    return !stopOpening_ && !p_.State.ShuttingDown;
 }
 
 void MidiFilePlayback::cmdPlay_Click() {
@@ -203,7 +204,7 @@ void MidiFilePlayback::MoveTo(std::size_t position) {
 }
 
 void MidiFilePlayback::tmrPlayback_Timer() {
-    if (p_.Fields.ShuttingDown) {
+    if (p_.State.ShuttingDown) {
         EndPlaying();
         return;
     }
@@ -267,7 +268,7 @@ void MidiFilePlayback::ShowSeconds(double ms) {
 
 double MidiFilePlayback::ClockMs() const {
     constexpr double MsPerSecond = 1000;
-    return Currency::FromUnits(p_.Time.PerformanceCounter()) / p_.Fields.TickFreq * MsPerSecond;
+    return Currency::FromUnits(p_.Time.PerformanceCounter()) / p_.State.TickFreq * MsPerSecond;
 }
 
 std::int64_t MidiFilePlayback::WholeClockMs() const {

@@ -27,7 +27,9 @@ namespace quavix {
 
 /// Dependencies of MidiFilePlayback. All must outlive it.
 struct MidiFileParts {
-    MainFields& Fields;
+    const SongFields& Song;
+    ModFields& Mods;
+    const ProgramState& State;
     Clock& Time;
     Timers& Ticks;
     Waiting& Wait;

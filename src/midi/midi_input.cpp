@@ -10,9 +10,9 @@ namespace quavix {
 MidiInput::MidiInput(const MidiInputParts& parts)
     : UsingForm(parts.Handlers),
       p_(parts),
-      cTmr_({parts.Fields, parts.Ticks, parts.Handlers, [this] { p_.Cycler.PlayLiveMIDIInput(*this); },
-             [this] { p_.Fields.UseMIDIInCheck = false; }}) {
-    p_.Fields.UseMIDIInCheck.Watch(
+      cTmr_({parts.Song, parts.State, parts.Ticks, parts.Handlers,
+             [this] { p_.Cycler.PlayLiveMIDIInput(*this); }, [this] { p_.Mods.UseMIDIIn.Ticked = false; }}) {
+    p_.Mods.UseMIDIIn.Ticked.Watch(
         p_.Handlers.Wrap("UseMIDIInCheck_Click", [this](bool ticked) { UseMIDIInCheck_Click(ticked); }));
     p_.Device.SetHandler(p_.Handlers.Wrap("MIDIIn_Message", [this] { MIDIIn_Message(); }));
 }
@@ -27,18 +27,18 @@ void MidiInput::UseMIDIInCheck_Click(bool ticked) {
         p_.Generator.FMODBeepStop();
         CloseInputDevice();
         MIDIInFormVisible = false;
-        p_.Fields.UseMIDIFileCheckEnabled = true;
+        p_.Mods.UseMIDIFile.Enabled = true;
         return;
     }
-    if (!p_.Controls.MakeReady(ControlInstaller::MidiDevicesControl, p_.Fields.UseMIDIInCheck,
+    if (!p_.Controls.MakeReady(ControlInstaller::MidiDevicesControl, p_.Mods.UseMIDIIn.Ticked,
                                [this] { return p_.Device.Prepare(); }))
         return;
     // The mod that excludes this one may have been ticked meanwhile.
-    if (!p_.Fields.UseMIDIInCheckEnabled) {
-        p_.Fields.UseMIDIInCheck = false;
+    if (!p_.Mods.UseMIDIIn.Enabled) {
+        p_.Mods.UseMIDIIn.Ticked = false;
         return;
     }
-    p_.Fields.UseMIDIFileCheckEnabled = false;
+    p_.Mods.UseMIDIFile.Enabled = false;
     MIDIInFormVisible = true;
     cTmr_.SetEnabled(true);
     if (!loaded_)
@@ -58,7 +58,7 @@ void MidiInput::Form_Load() {
 
 void MidiInput::SetUpComboBox() {
     const LogBlock block(p_.Log, "MIDIInForm.SetUpComboBox()");
-    if (p_.Fields.ShuttingDown || p_.Fields.MIDIInIsOpen) {
+    if (p_.State.ShuttingDown || MIDIInIsOpen) {
         p_.Log.LogText("Shutting down, or MIDI In already open - exiting sub");
     } else if (const std::int32_t count = p_.Device.DeviceCount(); count < 1) {
         p_.Log.LogText("No MIDI input devices - exiting sub");
@@ -76,7 +76,7 @@ void MidiInput::SetUpComboBox() {
 
 void MidiInput::OpenInputDevice() {
     const LogBlock block(p_.Log, "MIDIInForm.OpenInputDevice()");
-    if (p_.Fields.ShuttingDown || p_.Fields.MIDIInIsOpen) {
+    if (p_.State.ShuttingDown || MIDIInIsOpen) {
         p_.Log.LogText("Shutting down, or MIDI In already open - exiting sub");
         return;
     }
@@ -86,7 +86,7 @@ void MidiInput::OpenInputDevice() {
         TellNoDevice();
     } else {
         toldGone_ = false;
-        p_.Fields.MIDIInIsOpen = true;
+        MIDIInIsOpen = true;
         const bool isOpen = p_.Device.Open(cmbMIDIInDevice);
         lblInfoText =
             isOpen ? fmt::format("The device is open ({}).", p_.Device.SystemName()) : p_.Device.Problem();
@@ -96,7 +96,7 @@ void MidiInput::OpenInputDevice() {
                            .Text = "Couldn't initialize the MIDI input device which you chose to use.",
                            .Icon = BoxIcon::Warning});
             p_.Log.LogText("MainForm.MusicIsPlaying -> FALSE");
-            p_.Fields.MusicIsPlaying = false;
+            p_.State.MusicIsPlaying = false;
         }
     }
 }
@@ -108,16 +108,16 @@ void MidiInput::TellNoDevice() {
                            "If you're simply trying to play a MIDI file through this program, please use the "
                            "'Play a MIDI file' checkbox instead.",
                    .Icon = BoxIcon::Warning});
-    p_.Fields.UseMIDIInCheckEnabled = false;
-    p_.Fields.UseMIDIInCheck = false;
-    p_.Fields.UseMIDIFileCheckEnabled = true;
+    p_.Mods.UseMIDIIn.Enabled = false;
+    p_.Mods.UseMIDIIn.Ticked = false;
+    p_.Mods.UseMIDIFile.Enabled = true;
     cTmr_.SetEnabled(false);
 }
 
 void MidiInput::CloseInputDevice() {
     p_.Log.LogText("MIDIInForm.CloseInputDevice()");
     p_.Device.Close();
-    p_.Fields.MIDIInIsOpen = false;
+    MIDIInIsOpen = false;
     ReleaseAllNotes();
     lblInfoText = "";
 }

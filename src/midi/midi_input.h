@@ -21,7 +21,9 @@ namespace quavix {
 
 /// Dependencies of MidiInput. All must outlive it.
 struct MidiInputParts {
-    MainFields& Fields;
+    const SongFields& Song;
+    ModFields& Mods;
+    ProgramState& State;
     MidiInPort& Device;
     ControlInstaller& Controls;
     HeldNoteCycler& Cycler;
@@ -59,6 +61,9 @@ class MidiInput : public UsingForm {
     /// Takes the messages that have arrived. Where some were lost, or the device is gone, all notes are
     /// released; a device that is gone is told of once, and can be chosen again when it is back.
     void MIDIIn_Message();
+
+    /// True once opening was tried, even if it failed.
+    bool MIDIInIsOpen = false;
 
     // The window's own controls.
     Watched<bool> MIDIInFormVisible;

@@ -28,7 +28,7 @@ std::size_t Place(std::int32_t channel, std::int32_t note) {
 }  // namespace
 
 MidiOutput::MidiOutput(const MidiOutputParts& parts) : p_(parts) {
-    p_.Fields.UseMIDIOutCheck.Watch(
+    p_.Mods.UseMIDIOut.Ticked.Watch(
         p_.Handlers.Wrap("UseMIDIOutCheck_Click", [this](bool ticked) { UseMIDIOutCheck_Click(ticked); }));
 }
 
@@ -71,12 +71,12 @@ void MidiOutput::MIDINoteOff(std::int32_t midiNoteNum, std::int32_t channel) {
 
 void MidiOutput::UseMIDIOutCheck_Click(bool ticked) {
     if (!ticked) {
-        p_.Fields.UseMIDIOut = false;
+        p_.Mods.UseMIDIOut.InUse = false;
         CloseOutputDevice();
         Fields.MIDIOutFormVisible = false;
         return;
     }
-    if (!p_.Controls.MakeReady(ControlInstaller::MidiDevicesControl, p_.Fields.UseMIDIOutCheck,
+    if (!p_.Controls.MakeReady(ControlInstaller::MidiDevicesControl, p_.Mods.UseMIDIOut.Ticked,
                                [this] { return p_.Device.Prepare(); }))
         return;
     Fields.MIDIOutFormVisible = true;
@@ -90,7 +90,7 @@ void MidiOutput::UseMIDIOutCheck_Click(bool ticked) {
         Fields.cmbMIDIOutDevice = 0;
     OpenOutputDevice();
     // The box may have been unticked meanwhile, as there is no device.
-    p_.Fields.UseMIDIOut = p_.Fields.UseMIDIOutCheck;
+    p_.Mods.UseMIDIOut.InUse = p_.Mods.UseMIDIOut.Ticked;
 }
 
 void MidiOutput::Form_Load() {
@@ -102,7 +102,7 @@ void MidiOutput::Form_Load() {
 void MidiOutput::SetUpComboBox() {
     const LogBlock block(p_.Log, "MIDIOutForm.SetUpComboBox()");
     Fields.lblInfoText = "Scanning for output devices, just a sec...";
-    if (p_.Fields.ShuttingDown || p_.Fields.MIDIOutIsOpen) {
+    if (p_.State.ShuttingDown || MIDIOutIsOpen) {
         p_.Log.LogText("Shutting down, or MIDI Out already open - exiting sub");
     } else if (const std::int32_t count = p_.Device.DeviceCount(); count < 1) {
         p_.Log.LogText("No MIDI output devices - exiting sub");
@@ -122,7 +122,7 @@ void MidiOutput::SetUpComboBox() {
 void MidiOutput::OpenOutputDevice() {
     p_.Log.LogText("MIDIOutForm.OpenOutputDevice() - START");
     Fields.lblInfoText = "Opening output device, just a sec...";
-    if (p_.Fields.ShuttingDown || p_.Fields.MIDIOutIsOpen) {
+    if (p_.State.ShuttingDown || MIDIOutIsOpen) {
         p_.Log.LogText("Shutting down, or MIDI Out already open - exiting sub");
         Fields.lblInfoText = StatusText();
         return;
@@ -136,17 +136,17 @@ void MidiOutput::OpenOutputDevice() {
         p_.Boxes.Show({.Title = "Can't use MIDI output!",
                        .Text = "No MIDI output device can be found - can't use MIDI output.",
                        .Icon = BoxIcon::Warning});
-        p_.Fields.UseMIDIOutCheckEnabled = false;
-        p_.Fields.UseMIDIOutCheck = false;
+        p_.Mods.UseMIDIOut.Enabled = false;
+        p_.Mods.UseMIDIOut.Ticked = false;
     } else {
-        p_.Fields.MIDIOutIsOpen = true;
+        MIDIOutIsOpen = true;
         if (!p_.Device.Open(entry + MidiOutPort::VirtualDevice)) {
             p_.Log.LogText("Couldn't open device");
             p_.Boxes.Show({.Title = "Can't use MIDI out",
                            .Text = "Couldn't initialize the MIDI output device which you chose to use.",
                            .Icon = BoxIcon::Warning});
             p_.Log.LogText("MainForm.MusicIsPlaying -> FALSE");
-            p_.Fields.MusicIsPlaying = false;
+            p_.State.MusicIsPlaying = false;
         }
         SendInstrument();
     }
@@ -159,7 +159,7 @@ void MidiOutput::CloseOutputDevice() {
     p_.Log.LogText("MIDIOutForm.CloseOutputDevice()");
     Fields.lblInfoText = "Closing output device, just a sec...";
     p_.Device.Close();
-    p_.Fields.MIDIOutIsOpen = false;
+    MIDIOutIsOpen = false;
     Fields.lblInfoText = StatusText();
 }
 
@@ -201,11 +201,11 @@ bool MidiOutput::SilenceChannel(std::int32_t channel, std::int32_t silencing) {
     Fields.lblInfoText = fmt::format("Silencing channel {}/16, just a sec...", channel + 1);
     for (std::int32_t note = 0; note < Notes; ++note) {
         MIDINoteOff(note, channel);
-        if (silencing != silencings_ || p_.Fields.ShuttingDown)
+        if (silencing != silencings_ || p_.State.ShuttingDown)
             return false;
     }
     p_.Wait.DoEvents();
-    return silencing == silencings_ && !p_.Fields.ShuttingDown;
+    return silencing == silencings_ && !p_.State.ShuttingDown;
 }
 
 void MidiOutput::EndSoundingNotes() {
@@ -220,7 +220,7 @@ void MidiOutput::EndSoundingNotes() {
 
 /// Returns what the window says while nothing is under way.
 std::string MidiOutput::StatusText() {
-    if (!p_.Fields.MIDIOutIsOpen)
+    if (!MIDIOutIsOpen)
         return "";
     if (p_.Device.State() == MidiDeviceState::Open)
         return fmt::format("The device is open ({}).", p_.Device.SystemName());
@@ -243,7 +243,7 @@ MidiSendResult MidiOutput::Deliver(const MidiMessage& message) {
     constexpr int TriesAtTheEnd = 250;
     MidiSendResult result = p_.Device.Send(message);
     for (int tries = 0; result == MidiSendResult::Busy; result = p_.Device.Send(message)) {
-        if (p_.Fields.ShuttingDown && ++tries > TriesAtTheEnd)
+        if (p_.State.ShuttingDown && ++tries > TriesAtTheEnd)
             return result;
         p_.Wait.MsgWaitObj(BusyWaitMs);
     }
@@ -254,7 +254,7 @@ void MidiOutput::DeviceGone() {
     sounding_.reset();
     p_.Log.LogText("The MIDI output device is gone");
     p_.Device.Close();
-    p_.Fields.UseMIDIOutCheck = false;
+    p_.Mods.UseMIDIOut.Ticked = false;
     p_.Boxes.Tell({.Title = "Can't use MIDI out",
                    .Text =
                        "The MIDI output device is gone.\r\n\r\n(MIDI output is switched off; the notes go "

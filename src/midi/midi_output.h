@@ -19,7 +19,8 @@ namespace quavix {
 
 /// Dependencies of MidiOutput. All must outlive it.
 struct MidiOutputParts {
-    MainFields& Fields;
+    ModFields& Mods;
+    ProgramState& State;
     MidiOutPort& Device;
     ControlInstaller& Controls;
     Waiting& Wait;
@@ -83,6 +84,8 @@ class MidiOutput {
     void cmbInstrument_Click(std::int32_t entry);
 
     MidiOutputFields Fields;
+    /// True once opening was tried, even if it failed.
+    bool MIDIOutIsOpen = false;
 
   private:
     std::int32_t MidiNoteOf(const Tone& tone);

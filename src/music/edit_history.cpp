@@ -14,9 +14,9 @@ std::string Caption(const char* command, const EditStep* step) {
 
 }  // namespace
 
-EditHistory::EditHistory(MainFields& fields, MusicList& list) : fields_(fields), list_(list) {
+EditHistory::EditHistory(SongFields& song, MusicList& list) : song_(song), list_(list) {
     list_.AddObserver(*this);
-    SoundSettings::Watch(fields_, [this] { ShowState(); });
+    SoundSettings::Watch(song_, [this] { ShowState(); });
     StartOver();
 }
 
@@ -74,8 +74,8 @@ void EditHistory::StartOver() {
 void EditHistory::MarkSaved() {
     looseStep_ = false;  // so that undoing can come back to here
     savedState_ = State();
-    fields_.AlternateTime.Keep();  // the file has the one in use
-    savedSettings_ = SoundSettings::Of(fields_);
+    song_.AlternateTime.Keep();  // the file has the one in use
+    savedSettings_ = SoundSettings::Of(song_);
     ShowState();
 }
 
@@ -219,11 +219,11 @@ std::uint64_t EditHistory::State() const {
 void EditHistory::ShowState() {
     const EditStep* undo = applied_ == 0 ? nullptr : &steps_[applied_ - 1];
     const EditStep* redo = applied_ == steps_.size() ? nullptr : &steps_[applied_];
-    fields_.CanUndo = undo != nullptr;
-    fields_.CanRedo = redo != nullptr;
-    fields_.UndoText = Caption("Undo", undo);
-    fields_.RedoText = Caption("Redo", redo);
-    fields_.Modified = savedState_ != State() || savedSettings_ != SoundSettings::Of(fields_);
+    CanUndo = undo != nullptr;
+    CanRedo = redo != nullptr;
+    UndoText = Caption("Undo", undo);
+    RedoText = Caption("Redo", redo);
+    Modified = savedState_ != State() || savedSettings_ != SoundSettings::Of(song_);
 }
 
 }  // namespace quavix

@@ -23,21 +23,26 @@ namespace quavix {
 /// none. Changes outside any gesture gather in a step named "Change" until the next gesture. A reset of the
 /// list (a song loaded, everything cleared) starts over.
 ///
-/// Keeps the fields CanUndo, CanRedo, UndoText, RedoText and Modified. Modified compares the list and the
-/// sound settings with those of the last save or load: undoing back to it, or setting a value back, makes the
-/// song unmodified again.
-///
 /// Keeps only what changed, in numbers of texts: some 20 bytes for a row that came or went. The oldest steps
 /// are forgotten where they hold more than HighestSize rows together; the newest is always kept.
 class EditHistory : private MusicListObserver {
   public:
     static constexpr std::size_t HighestSize = 4'000'000;
 
-    /// Watches the fields for as long as they live, and must live as long; must not outlive the list.
-    EditHistory(MainFields& fields, MusicList& list);
+    /// Watches the song's fields for as long as they live, and must live as long; must not outlive the list.
+    EditHistory(SongFields& song, MusicList& list);
     ~EditHistory() override;
     EditHistory(const EditHistory&) = delete;
     EditHistory& operator=(const EditHistory&) = delete;
+
+    // What can be undone and redone, with the commands' captions ("Undo Erase line").
+    Watched<bool> CanUndo;
+    Watched<bool> CanRedo;
+    Watched<std::string> UndoText{"Undo"};
+    Watched<std::string> RedoText{"Redo"};
+    /// The list or the sound settings differ from those of the last save or load. Undoing back to it, or
+    /// setting a value back, makes the song unmodified again.
+    Watched<bool> Modified;
 
     /// Takes the last step back, or does it again: rows and selection are as they were, and the selected line
     /// is scrolled into view. Does nothing where there is no such step, and inside a gesture.
@@ -82,7 +87,7 @@ class EditHistory : private MusicListObserver {
     std::uint64_t State() const;
     void ShowState();
 
-    MainFields& fields_;
+    SongFields& song_;
     MusicList& list_;
     TextPool texts_;
     std::deque<EditStep> steps_;

@@ -7,24 +7,25 @@
 
 namespace quavix {
 
-ListEditing::ListEditing(MainFields& fields, MusicList& list, NoteEntry& entry, ModButtons& mods,
-                         EditHistory& history, std::function<void()> showPosition)
-    : fields_(fields),
+ListEditing::ListEditing(EntryOptions& options, const ProgramState& state, MusicList& list, NoteEntry& entry,
+                         DottedTripletBoxes& boxes, EditHistory& history, std::function<void()> showPosition)
+    : options_(options),
+      state_(state),
       list_(list),
       entry_(entry),
-      mods_(mods),
+      boxes_(boxes),
       history_(history),
       showPosition_(std::move(showPosition)) {
-    fields_.NoteClickAddCheck.Watch([this](bool) { NoteClickAddCheck_Click(); });
-    fields_.NoteReplaceCheck.Watch([this](bool) { NoteReplaceCheck_Click(); });
+    options_.NoteClickAddCheck.Watch([this](bool) { NoteClickAddCheck_Click(); });
+    options_.NoteReplaceCheck.Watch([this](bool) { NoteReplaceCheck_Click(); });
     // Option buttons of one group: selecting one clears the other.
-    fields_.AddNote1Option.Watch([this](bool selected) {
+    options_.AddNote1Option.Watch([this](bool selected) {
         if (selected)
-            fields_.AddNote2Option = false;
+            options_.AddNote2Option = false;
     });
-    fields_.AddNote2Option.Watch([this](bool selected) {
+    options_.AddNote2Option.Watch([this](bool selected) {
         if (selected)
-            fields_.AddNote1Option = false;
+            options_.AddNote1Option = false;
     });
     NoteClickAddCheck_Click();
 }
@@ -52,7 +53,7 @@ void ListEditing::Command1_Click() {
 }
 
 void ListEditing::SilentLineButton_Click() {
-    entry_.AddNote(-1, 0, fields_.NoteLengthCombo);
+    entry_.AddNote(-1, 0, options_.NoteLengthCombo);
     ShowPositionUnlessPlaying();
 }
 
@@ -63,29 +64,29 @@ void ListEditing::UnselectButton_Click() {
 }
 
 void ListEditing::FollowSelection() {
-    mods_.UpdateModButtons();
+    boxes_.UpdateModButtons();
     ShowPositionUnlessPlaying();
 }
 
 /// The labels belong to the music while it plays.
 void ListEditing::ShowPositionUnlessPlaying() {
-    if (!fields_.MusicIsPlaying)
+    if (!state_.MusicIsPlaying)
         showPosition_();
 }
 
 void ListEditing::NoteClickAddCheck_Click() {
-    const bool adds = fields_.NoteClickAddCheck;
-    fields_.AddNote1OptionEnabled = adds;
-    fields_.AddNote2OptionEnabled = adds;
-    fields_.NoteReplaceCheckEnabled = adds;
+    const bool adds = options_.NoteClickAddCheck;
+    options_.AddNote1OptionEnabled = adds;
+    options_.AddNote2OptionEnabled = adds;
+    options_.NoteReplaceCheckEnabled = adds;
     if (adds)
         NoteReplaceCheck_Click();
     else
-        fields_.NoteLengthReplaceCheckEnabled = false;
+        options_.NoteLengthReplaceCheckEnabled = false;
 }
 
 void ListEditing::NoteReplaceCheck_Click() {
-    fields_.NoteLengthReplaceCheckEnabled = fields_.NoteReplaceCheck.Get();
+    options_.NoteLengthReplaceCheckEnabled = options_.NoteReplaceCheck.Get();
 }
 
 }  // namespace quavix

@@ -3,9 +3,9 @@
 
 #include <functional>
 
+#include "music/dotted_triplet_boxes.h"
 #include "music/edit_history.h"
 #include "music/main_fields.h"
-#include "music/mod_buttons.h"
 #include "music/music_list.h"
 #include "music/note_entry.h"
 
@@ -18,8 +18,8 @@ namespace quavix {
 class ListEditing {
   public:
     /// `showPosition` brings the position display up to date with the selection.
-    ListEditing(MainFields& fields, MusicList& list, NoteEntry& entry, ModButtons& mods, EditHistory& history,
-                std::function<void()> showPosition);
+    ListEditing(EntryOptions& options, const ProgramState& state, MusicList& list, NoteEntry& entry,
+                DottedTripletBoxes& boxes, EditHistory& history, std::function<void()> showPosition);
     ListEditing(const ListEditing&) = delete;
     ListEditing& operator=(const ListEditing&) = delete;
 
@@ -43,10 +43,11 @@ class ListEditing {
     void ClearNote(Cell note, const char* gesture);
     void ShowPositionUnlessPlaying();
 
-    MainFields& fields_;
+    EntryOptions& options_;
+    const ProgramState& state_;
     MusicList& list_;
     NoteEntry& entry_;
-    ModButtons& mods_;
+    DottedTripletBoxes& boxes_;
     EditHistory& history_;
     std::function<void()> showPosition_;
 };

@@ -39,7 +39,7 @@ void NoteEntry::AddNote(std::int32_t noteNum, std::int32_t octave, std::int32_t 
     else
         InsertLine(insertPoint, length);
     WriteNote(insertPoint, noteLetter, octave);
-    if (fields_.NoteLengthReplaceCheck)
+    if (entry_.NoteLengthReplaceCheck)
         WriteLength(insertPoint, length);
     MoveSelection(insertPoint);
 }
@@ -67,7 +67,7 @@ bool NoteEntry::DecideToReplace(std::int32_t insertPoint) {
     bool replace = false;
     if (insertPoint == list_.Count() + 1) {
         log_.LogText("Not possible to replace as-of-yet unmade note.");
-    } else if (fields_.NoteReplaceCheck) {
+    } else if (entry_.NoteReplaceCheck) {
         log_.LogText("Possible to replace note, and replacing is wanted.");
         replace = true;
     }
@@ -86,7 +86,7 @@ void NoteEntry::WriteNote(std::int32_t row, const std::string& noteLetter, std::
         log_.LogText("It's meant to be silent.");
         return;
     }
-    const bool asNote1 = fields_.AddNote1Option;
+    const bool asNote1 = entry_.AddNote1Option;
     log_.Text("It's not meant to be silent - setting text for {}", asNote1 ? "NOTE1." : "NOTE2.");
     list_.SetText(row, asNote1 ? Cell::Note1 : Cell::Note2, noteLetter + std::to_string(octave));
 }
@@ -95,9 +95,7 @@ void NoteEntry::WriteLength(std::int32_t row, const std::string& length) {
     log_.LogText("Also changing main text (i.e. Length)...");
     list_.SetText(row, Cell::Length, length);
     list_.SetText(row, Cell::Mod, Mod());
-    log_.Text("Modifier: {}", fields_.ModDottedCheck    ? "Dotted"
-                              : fields_.ModTripletCheck ? "Triplet"
-                                                        : "None");
+    log_.Text("Modifier: {}", entry_.ModDottedCheck ? "Dotted" : entry_.ModTripletCheck ? "Triplet" : "None");
 }
 
 void NoteEntry::MoveSelection(std::int32_t insertPoint) {
@@ -111,7 +109,7 @@ void NoteEntry::MoveSelection(std::int32_t insertPoint) {
 }
 
 const char* NoteEntry::Mod() const {
-    return fields_.ModDottedCheck ? "Dot" : fields_.ModTripletCheck ? "Tri" : "";
+    return entry_.ModDottedCheck ? "Dot" : entry_.ModTripletCheck ? "Tri" : "";
 }
 
 }  // namespace quavix

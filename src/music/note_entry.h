@@ -14,8 +14,8 @@ namespace quavix {
 /// Enters notes into the music list.
 class NoteEntry {
   public:
-    NoteEntry(MainFields& fields, MusicList& list, EditHistory& history, DebugLog& log)
-        : fields_(fields), list_(list), history_(history), log_(log) {}
+    NoteEntry(EntryOptions& entry, MusicList& list, EditHistory& history, DebugLog& log)
+        : entry_(entry), list_(list), history_(history), log_(log) {}
 
     /// Enters a note where the selection and the editing options say: as a new line before the selected one
     /// (without one, at the end), or into the selected line. Then moves the selection so that the next note
@@ -33,7 +33,7 @@ class NoteEntry {
     void MoveSelection(std::int32_t insertPoint);
     const char* Mod() const;
 
-    MainFields& fields_;
+    EntryOptions& entry_;
     MusicList& list_;
     EditHistory& history_;
     DebugLog& log_;

@@ -5,27 +5,27 @@
 
 namespace quavix {
 
-SoundSettings SoundSettings::Of(const MainFields& fields) {
-    return {fields.BPM.OfSong(),         fields.AlternateTime.OfSong(),
-            fields.BeatsPerBar.OfSong(), fields.NoteSilenceRatio.OfSong(),
-            fields.PlayNote1Check,       fields.PlayNote2Check};
+SoundSettings SoundSettings::Of(const SongFields& song) {
+    return {song.BPM.OfSong(),         song.AlternateTime.OfSong(),
+            song.BeatsPerBar.OfSong(), song.NoteSilenceRatio.OfSong(),
+            song.PlayNote1Check,       song.PlayNote2Check};
 }
 
-void SoundSettings::Watch(const MainFields& fields, const std::function<void()>& changed) {
+void SoundSettings::Watch(const SongFields& song, const std::function<void()>& changed) {
     for (const Setting* setting :
-         {&fields.BPM, &fields.AlternateTime, &fields.BeatsPerBar, &fields.NoteSilenceRatio}) {
+         {&song.BPM, &song.AlternateTime, &song.BeatsPerBar, &song.NoteSilenceRatio}) {
         setting->State().Watch([changed, before = setting->OfSong()](const SettingState& now) mutable {
             if (std::exchange(before, now.OfSong) != now.OfSong)
                 changed();
         });
     }
-    for (const Watched<bool>* box : {&fields.PlayNote1Check, &fields.PlayNote2Check})
+    for (const Watched<bool>* box : {&song.PlayNote1Check, &song.PlayNote2Check})
         box->Watch([changed](bool) { changed(); });
 }
 
-SongChanges::SongChanges(MainFields& fields, MusicList& list) : list_(list) {
+SongChanges::SongChanges(const SongFields& song, MusicList& list) : list_(list) {
     list.AddObserver(*this);
-    SoundSettings::Watch(fields, [this] { Changed(); });
+    SoundSettings::Watch(song, [this] { Changed(); });
 }
 
 void SongChanges::Changed() {

@@ -21,10 +21,10 @@ struct SoundSettings {
     bool PlayNote1 = false;
     bool PlayNote2 = false;
 
-    static SoundSettings Of(const MainFields& fields);
+    static SoundSettings Of(const SongFields& song);
 
-    /// Calls `changed` after each change of one of them, for as long as the fields live.
-    static void Watch(const MainFields& fields, const std::function<void()>& changed);
+    /// Calls `changed` after each change of one of them, for as long as they live.
+    static void Watch(const SongFields& song, const std::function<void()>& changed);
 
     friend bool operator==(const SoundSettings&, const SoundSettings&) = default;
 };
@@ -35,7 +35,7 @@ struct SoundSettings {
 /// The fields and the list must outlive it; the fields must not change afterwards.
 class SongChanges : private MusicListObserver {
   public:
-    SongChanges(MainFields& fields, MusicList& list);
+    SongChanges(const SongFields& song, MusicList& list);
     ~SongChanges() override { list_.RemoveObserver(*this); }
     SongChanges(const SongChanges&) = delete;
     SongChanges& operator=(const SongChanges&) = delete;

@@ -7,11 +7,10 @@
 
 namespace quavix {
 
-Beat::Beat(MainFields& fields, PositionDisplay& position, ToneDispatcher& tones, MessageBoxes& boxes,
+Beat::Beat(ModFields& mods, PositionDisplay& position, ToneDispatcher& tones, MessageBoxes& boxes,
            EventBoundary& handlers, DebugLog& log)
-    : fields_(fields), position_(position), tones_(tones), boxes_(boxes), log_(log) {
-    fields_.UseBeatCheck.Watch(handlers.Wrap("UseBeatCheck_Click", [this] { UseBeatCheck_Click(); }));
-    fields_.optBeatAll.Watch([this](bool all) { fields_.BeatEvenOnly = !all; });
+    : mods_(mods), position_(position), tones_(tones), boxes_(boxes), log_(log) {
+    mods_.UseBeat.Ticked.Watch(handlers.Wrap("UseBeatCheck_Click", [this] { UseBeatCheck_Click(); }));
 }
 
 void Beat::LineStarts() {
@@ -19,13 +18,13 @@ void Beat::LineStarts() {
     constexpr double EndFreq = 100;
     constexpr double ReduceRate = 0.65;
     constexpr std::size_t BeatDigits = 2;  // "03.50" is half a beat after the third one
-    if (!fields_.UseBeat)
+    if (!mods_.UseBeat.InUse)
         return;
-    const std::string& caption = fields_.lblPlaySig;
+    const std::string& caption = position_.lblPlaySig;
     if (caption.size() <= BeatDigits || caption.substr(BeatDigits + 1, 2) != "00")
         return;
     const std::int32_t beat = ToInt32(Val(caption.substr(0, BeatDigits)));
-    if (!fields_.BeatEvenOnly || beat % 2 == 0)
+    if (optBeatAll || beat % 2 == 0)
         BeatSound(StartFreq, EndFreq, ReduceRate);
 }
 
@@ -38,9 +37,9 @@ void Beat::BeatSound(double startFreq, double endFreq, double reduceRate) {
 }
 
 void Beat::UseBeatCheck_Click() {
-    fields_.UseBeat = fields_.UseBeatCheck;
-    log_.Text("UseBeatCheck clicked - UseBeat -> {}", LogFlag(fields_.UseBeat));
-    if (!fields_.UseBeat || !fields_.NoUpdateCheck)
+    mods_.UseBeat.InUse = mods_.UseBeat.Ticked;
+    log_.Text("UseBeatCheck clicked - UseBeat -> {}", LogFlag(mods_.UseBeat.InUse));
+    if (!mods_.UseBeat.InUse || !position_.NoUpdateCheck)
         return;
     const BoxAnswer answer = boxes_.Show({
         .Title = "Info about playing a beat sound",
@@ -52,7 +51,7 @@ void Beat::UseBeatCheck_Click() {
         .Buttons = BoxButtons::YesNo,
     });
     if (answer == BoxAnswer::Yes) {
-        fields_.NoUpdateCheck = false;
+        position_.NoUpdateCheck = false;
         position_.NoUpdateCheck_Click();
     }
 }

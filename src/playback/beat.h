@@ -15,10 +15,14 @@ namespace quavix {
 /// which it watches for as long as the fields live; it must live as long.
 class Beat {
   public:
-    Beat(MainFields& fields, PositionDisplay& position, ToneDispatcher& tones, MessageBoxes& boxes,
+    Beat(ModFields& mods, PositionDisplay& position, ToneDispatcher& tones, MessageBoxes& boxes,
          EventBoundary& handlers, DebugLog& log);
     Beat(const Beat&) = delete;
     Beat& operator=(const Beat&) = delete;
+
+    // The beats that the sound is for.
+    Watched<bool> optBeatAll{true};
+    Watched<bool> optBeatEven{false};
 
     /// Plays the kick where the line starts on a beat that is wanted; returns when it has ended.
     void LineStarts();
@@ -31,7 +35,7 @@ class Beat {
   private:
     void UseBeatCheck_Click();
 
-    MainFields& fields_;
+    ModFields& mods_;
     PositionDisplay& position_;
     ToneDispatcher& tones_;
     MessageBoxes& boxes_;

@@ -9,10 +9,16 @@
 
 namespace quavix {
 
-CircuitBent::CircuitBent(MainFields& fields, ToneDispatcher& tones, RandomNumbers& random, Timers& timers,
-                         EventBoundary& handlers, DebugLog& log)
-    : fields_(fields), tones_(tones), random_(random), timers_(timers), handlers_(handlers), log_(log) {
-    fields_.UseCircuitBentCheck.Watch(
+CircuitBent::CircuitBent(ModFields& mods, const ProgramState& state, ToneDispatcher& tones,
+                         RandomNumbers& random, Timers& timers, EventBoundary& handlers, DebugLog& log)
+    : mods_(mods),
+      state_(state),
+      tones_(tones),
+      random_(random),
+      timers_(timers),
+      handlers_(handlers),
+      log_(log) {
+    mods_.UseCircuitBent.Ticked.Watch(
         handlers_.Wrap("UseCircuitBentCheck_Click", [this] { UseCircuitBentCheck_Click(); }));
 }
 
@@ -22,26 +28,26 @@ CircuitBent::~CircuitBent() {
 
 void CircuitBent::UseCircuitBentCheck_Click() {
     constexpr std::int32_t IntervalMs = 15;
-    fields_.UseCircuitBent = fields_.UseCircuitBentCheck;
+    mods_.UseCircuitBent.InUse = mods_.UseCircuitBent.Ticked;
     timers_.Stop(bendTimer_);
     bendTimer_ = 0;
-    if (fields_.UseCircuitBent) {
+    if (mods_.UseCircuitBent.InUse) {
         bendTimer_ =
             timers_.Start(IntervalMs, handlers_.Wrap("BendTimer_Timer", [this] { BendTimer_Timer(); }));
     }
-    log_.Text("UseCircuitBentCheck clicked - UseCircuitBent -> {}", LogFlag(fields_.UseCircuitBent));
+    log_.Text("UseCircuitBentCheck clicked - UseCircuitBent -> {}", LogFlag(mods_.UseCircuitBent.InUse));
 }
 
 void CircuitBent::BendTimer_Timer() {
     // In a burst, on an output whose tones let handlers run. Or somebody waits for the end of all tones,
     // which burst upon burst would not leave a gap for.
-    if (inBurst_ || fields_.StartIsHeldUp)
+    if (inBurst_ || state_.StartIsHeldUp)
         return;
     try {
         const ScopedFlag inBurst(inBurst_);
         Burst();
     } catch (const std::exception&) {
-        fields_.UseCircuitBentCheck = false;  // or the same message would come again at once
+        mods_.UseCircuitBent.Ticked = false;  // or the same message would come again at once
         throw;
     }
 }
@@ -50,7 +56,7 @@ void CircuitBent::Burst() {
     constexpr int Notes = 15;
     constexpr double NoteMs = 15;
     constexpr double HighestMidiNote = 127;
-    for (int i = 0; i < Notes && fields_.UseCircuitBent && !fields_.ShuttingDown; ++i)
+    for (int i = 0; i < Notes && mods_.UseCircuitBent.InUse && !state_.ShuttingDown; ++i)
         tones_.Sound(ToneOfMidiNote(ToInt32(random_.Next() * HighestMidiNote), NoteMs));
 }
 

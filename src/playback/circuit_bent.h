@@ -14,8 +14,8 @@ namespace quavix {
 /// watches for as long as the fields live; it must live as long.
 class CircuitBent {
   public:
-    CircuitBent(MainFields& fields, ToneDispatcher& tones, RandomNumbers& random, Timers& timers,
-                EventBoundary& handlers, DebugLog& log);
+    CircuitBent(ModFields& mods, const ProgramState& state, ToneDispatcher& tones, RandomNumbers& random,
+                Timers& timers, EventBoundary& handlers, DebugLog& log);
     ~CircuitBent();
     CircuitBent(const CircuitBent&) = delete;
     CircuitBent& operator=(const CircuitBent&) = delete;
@@ -25,7 +25,8 @@ class CircuitBent {
     void BendTimer_Timer();
     void Burst();
 
-    MainFields& fields_;
+    ModFields& mods_;
+    const ProgramState& state_;
     ToneDispatcher& tones_;
     RandomNumbers& random_;
     Timers& timers_;

@@ -10,25 +10,32 @@
 
 namespace quavix {
 
-Metronome::Metronome(MainFields& fields, ToneDispatcher& tones, ToneCode& code, Clock& time, Waiting& wait,
-                     DebugLog& log)
-    : fields_(fields), tones_(tones), code_(code), time_(time), wait_(wait), log_(log) {
-    fields_.MusicIsPlaying.Watch([this](bool) { MakeWay(); });
-    fields_.StartIsAwaited.Watch([this](bool) { MakeWay(); });
+Metronome::Metronome(const SongFields& song, const ProgramState& state, PlaybackView& view,
+                     ToneDispatcher& tones, ToneCode& code, Clock& time, Waiting& wait, DebugLog& log)
+    : song_(song),
+      state_(state),
+      view_(view),
+      tones_(tones),
+      code_(code),
+      time_(time),
+      wait_(wait),
+      log_(log) {
+    state_.MusicIsPlaying.Watch([this](bool) { MakeWay(); });
+    state_.StartIsAwaited.Watch([this](bool) { MakeWay(); });
 }
 
 /// Clicks in the middle of music would hold it up, and in the middle of the wait for its start too.
 void Metronome::MakeWay() {
-    const bool isFree = !fields_.MusicIsPlaying && !fields_.StartIsAwaited;
-    fields_.MetronomeButtonEnabled = isFree;
-    if (!isFree && fields_.MetronomeIsOn)
+    const bool isFree = !state_.MusicIsPlaying && !state_.StartIsAwaited;
+    MetronomeButtonEnabled = isFree;
+    if (!isFree && MetronomeIsOn)
         SwitchOff();
 }
 
 void Metronome::MetronomeButton_Click() {
     LogBlock block(log_, "MetronomeButton clicked");
     block.CloseOnError();
-    if (fields_.MetronomeIsOn)
+    if (MetronomeIsOn)
         SwitchOff();
     else if (running_ < MostNestedRuns)
         Run();
@@ -37,20 +44,20 @@ void Metronome::MetronomeButton_Click() {
 }
 
 void Metronome::SwitchOff() {
-    fields_.MetronomeIsOn = false;
+    MetronomeIsOn = false;
     log_.LogText("Metronome is OFF");
 }
 
 void Metronome::SwitchOn() {
-    fields_.MetronomeIsOn = true;
+    MetronomeIsOn = true;
     log_.LogText("Metronome is ON");
 }
 
 void Metronome::Run() {
     const ScopedCount running(running_);
-    const ScopedValue on(fields_.MetronomeIsOn, true, false);
+    const ScopedValue on(MetronomeIsOn, true, false);
     log_.LogText("Metronome is ON");
-    Timetable timetable{.Start = Now(), .PlayedBeats = 0, .Bpm = fields_.BPM, .BeatInBar = 1};
+    Timetable timetable{.Start = Now(), .PlayedBeats = 0, .Bpm = song_.BPM, .BeatInBar = 1};
     while (IsWanted()) {
         Click(timetable);
         NextBeatInBar(timetable);
@@ -64,13 +71,13 @@ void Metronome::Click(const Timetable& timetable) {
     constexpr double ClickMs = 20;
     constexpr double FirstBeatHz = 1000;
     constexpr double OtherBeatHz = 500;
-    const ScopedValue shown(fields_.BeepTextLabelVisible, true, false);
+    const ScopedValue shown(view_.BeepTextLabelVisible, true, false);
     tones_.Sound(Tone::OfFrequency(timetable.BeatInBar == 1 ? FirstBeatHz : OtherBeatHz, ClickMs));
 }
 
 void Metronome::NextBeatInBar(Timetable& timetable) const {
     ++timetable.PlayedBeats;
-    if (++timetable.BeatInBar > fields_.BeatsPerBar)
+    if (++timetable.BeatInBar > song_.BeatsPerBar)
         timetable.BeatInBar = 1;
 }
 
@@ -94,16 +101,16 @@ void Metronome::SkipMissedBeats(Timetable& timetable) const {
     const std::int64_t beats = ToInt64(missed);
     timetable.PlayedBeats += beats;
     timetable.BeatInBar =
-        static_cast<std::int32_t>((timetable.BeatInBar - 1 + beats) % fields_.BeatsPerBar) + 1;
+        static_cast<std::int32_t>((timetable.BeatInBar - 1 + beats) % song_.BeatsPerBar) + 1;
 }
 
 /// Starts the timetable anew at the beat that is due, if the tempo has changed.
 void Metronome::FollowTempo(Timetable& timetable) const {
-    if (timetable.Bpm == fields_.BPM)
+    if (timetable.Bpm == song_.BPM)
         return;
     timetable.Start = timetable.NextBeat();
     timetable.PlayedBeats = 0;
-    timetable.Bpm = fields_.BPM;
+    timetable.Bpm = song_.BPM;
 }
 
 Currency Metronome::Timetable::NextBeat() const {
@@ -111,7 +118,7 @@ Currency Metronome::Timetable::NextBeat() const {
 }
 
 Currency Metronome::Now() const {
-    return Currency::FromDouble(Currency::FromUnits(time_.PerformanceCounter()) / fields_.TickFreq);
+    return Currency::FromDouble(Currency::FromUnits(time_.PerformanceCounter()) / state_.TickFreq);
 }
 
 }  // namespace quavix

@@ -19,10 +19,13 @@ namespace quavix {
 /// they live, and must live as long.
 class Metronome {
   public:
-    Metronome(MainFields& fields, ToneDispatcher& tones, ToneCode& code, Clock& time, Waiting& wait,
-              DebugLog& log);
+    Metronome(const SongFields& song, const ProgramState& state, PlaybackView& view, ToneDispatcher& tones,
+              ToneCode& code, Clock& time, Waiting& wait, DebugLog& log);
     Metronome(const Metronome&) = delete;
     Metronome& operator=(const Metronome&) = delete;
+
+    Watched<bool> MetronomeIsOn{false};
+    Watched<bool> MetronomeButtonEnabled{true};
 
     /// Switches it on, and returns when it has been switched off again; or switches it off, and returns at
     /// once. MetronomeIsOn says which. Switched on in the waits of MostNestedRuns that are about to end, it
@@ -50,10 +53,12 @@ class Metronome {
     void FollowTempo(Timetable& timetable) const;
     void SwitchOn();
     void SwitchOff();
-    bool IsWanted() const { return fields_.MetronomeIsOn && !fields_.ShuttingDown; }
+    bool IsWanted() const { return MetronomeIsOn && !state_.ShuttingDown; }
     Currency Now() const;
 
-    MainFields& fields_;
+    const SongFields& song_;
+    const ProgramState& state_;
+    PlaybackView& view_;
     ToneDispatcher& tones_;
     ToneCode& code_;
     Clock& time_;

@@ -40,7 +40,7 @@ std::int32_t PulseOfNote(std::string_view noteName) {
 }
 
 MotorModModule::MotorModModule(const MotorParts& parts) : p_(parts) {
-    p_.Fields.UseMotorCheck.Watch(
+    p_.Mods.UseMotor.Ticked.Watch(
         p_.Handlers.Wrap("UseMotorCheck_Click", [this](bool ticked) { UseMotorCheck_Click(ticked); }));
     PortName.Watch(p_.Handlers.Wrap("cmbMotorPort_Click", [this] { ChangePort(); }));
     p_.Comm.WhenLost(
@@ -49,7 +49,7 @@ MotorModModule::MotorModModule(const MotorParts& parts) : p_(parts) {
 
 void MotorModModule::Sound(const Tone& tone) {
     tone.WarnIfUnknown(p_.Boxes);
-    PlayNote(NoteNumToNoteString(tone.NoteNum, tone.Octave, false, p_.Fields.MotorOct), tone.DurationMs);
+    PlayNote(NoteNumToNoteString(tone.NoteNum, tone.Octave, false, p_.Output.MotorOct), tone.DurationMs);
 }
 
 void MotorModModule::PlayNote(const std::string& noteName, double durationMs) {
@@ -73,13 +73,13 @@ void MotorModModule::SetSpeed(std::int32_t pulse, double waitTimeMs) {
             p_.Comm.Write(std::string(StopCommand) + EndOfCommand);
         throw;
     }
-    if (p_.Fields.NoteSilenceRatio < parameter::NoteSilenceRatio.Highest)
+    if (p_.Song.NoteSilenceRatio < parameter::NoteSilenceRatio.Highest)
         SendString(StopCommand);
 }
 
 void MotorModModule::SendString(const std::string& text) {
     p_.Log.Text("MotorModModule.SendString({})", text);
-    if (!p_.Fields.UseMotor)
+    if (!p_.Mods.UseMotor.InUse)
         return;
     mayRun_ = text != StopCommand;
     p_.Comm.Write(text + EndOfCommand);
@@ -96,18 +96,18 @@ void MotorModModule::CheckForPort() {
         return;
     }
     p_.Log.LogText("No (available) com port can be seen");
-    p_.Fields.UseMotorCheckEnabled = false;
+    p_.Mods.UseMotor.Enabled = false;
 }
 
 void MotorModModule::FindPorts() {
     const std::vector<std::string> names = p_.Comm.Names();
     portNames_ = names;
-    if (p_.Fields.UseMotor)
+    if (p_.Mods.UseMotor.InUse)
         return;  // the one in use stays the chosen one
     if (std::find(names.begin(), names.end(), PortName.Get()) == names.end())
         PortName = names.empty() ? std::string() : names.front();
     if (!names.empty())
-        p_.Fields.UseMotorCheckEnabled = true;
+        p_.Mods.UseMotor.Enabled = true;
 }
 
 void MotorModModule::UseMotorCheck_Click(bool ticked) {
@@ -120,7 +120,7 @@ void MotorModModule::UseMotorCheck_Click(bool ticked) {
 }
 
 void MotorModModule::ChangePort() {
-    if (!p_.Fields.UseMotor)
+    if (!p_.Mods.UseMotor.InUse)
         return;
     Stop();
     OpenPort();
@@ -139,21 +139,21 @@ void MotorModModule::OpenPort() {
     }
     p_.Log.Text("Serial port {} opened", name);
     mayRun_ = false;
-    p_.Fields.UseMotor = true;
+    p_.Mods.UseMotor.InUse = true;
 }
 
 void MotorModModule::Refuse(const std::string& why) {
     p_.Log.LogText(why);
-    p_.Fields.UseMotorCheck = false;
+    p_.Mods.UseMotor.Ticked = false;
     p_.Boxes.Show({.Title = BoxTitle,
                    .Text = why + "\n\n(The motor-speed mod stays switched off)",
                    .Icon = BoxIcon::Warning});
 }
 
 void MotorModModule::PortLost(const std::string& reason) {
-    p_.Fields.UseMotor = false;
+    p_.Mods.UseMotor.InUse = false;
     mayRun_ = false;
-    p_.Fields.UseMotorCheck = false;
+    p_.Mods.UseMotor.Ticked = false;
     p_.Log.Text("Serial port {} lost: {}", PortName.Get(), reason);
     FindPorts();
     p_.Boxes.Tell(
@@ -165,13 +165,13 @@ void MotorModModule::PortLost(const std::string& reason) {
 }
 
 void MotorModModule::Stop() {
-    if (!p_.Fields.UseMotor)
+    if (!p_.Mods.UseMotor.InUse)
         return;
     const bool mustStop = std::exchange(mayRun_, false);
     // Before anything that can fail, as the log can.
     if (mustStop)
         p_.Comm.Write(std::string(StopCommand) + EndOfCommand);
-    p_.Fields.UseMotor = false;
+    p_.Mods.UseMotor.InUse = false;
     p_.Comm.Close();
     p_.Log.Text("Serial port {} closed{}", PortName.Get(), mustStop ? ", motor stopped" : "");
 }

@@ -18,7 +18,9 @@ namespace quavix {
 
 /// Dependencies of MotorModModule. All must outlive it.
 struct MotorParts {
-    MainFields& Fields;
+    const SongFields& Song;
+    ModFields& Mods;
+    OutputOptions& Output;
     SerialPort& Comm;
     Waiting& Wait;
     MessageBoxes& Boxes;

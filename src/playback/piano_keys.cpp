@@ -17,7 +17,7 @@ constexpr std::array<const char*, 3> GroupLogNames = {" (orange region)", " (blu
 }  // namespace
 
 void PianoKeys::PianoKey_Click(std::int32_t index) {
-    clicks_.push_back({index, fields_.KeyboardOctave});
+    clicks_.push_back({index, options_.KeyboardOctave});
     if (clicks_.size() > 1)
         return;
     std::exception_ptr error;
@@ -42,31 +42,31 @@ void PianoKeys::Handle(const KeyClick& click) {
     log_.Text("Index is {}{}", click.Index, GroupLogNames[static_cast<std::size_t>(place.Group)]);
     const std::int32_t octave = ToByte(click.KeyboardOctave + place.OctaveOffset);
     log_.Text("Index:{}, CurrentOctave:{}", place.NoteNum, octave);
-    if (fields_.NoteClickPlayCheck)
+    if (options_.NoteClickPlayCheck)
         tones_.Sound(Tone::OfNote(place.NoteNum, octave, DurationMs, {.SpecificStop = true}));
-    if (fields_.NoteClickAddCheck)
-        entry_.AddNote(place.NoteNum, octave, fields_.NoteLengthCombo);
+    if (options_.NoteClickAddCheck)
+        entry_.AddNote(place.NoteNum, octave, options_.NoteLengthCombo);
     position_.ShowSelectedLine();
 }
 
 void PianoKeys::PianoKey_KeyDown(std::int32_t /*index*/, std::int32_t keyCode, std::int32_t shift) {
     if (shift != CtrlOnly || (keyCode != UpArrow && keyCode != DownArrow))
         return;
-    std::int32_t octave = fields_.KeyboardOctave;
+    std::int32_t octave = options_.KeyboardOctave;
     if (keyCode == UpArrow && octave < parameter::KeyboardOctave.Highest)
         ++octave;
     if (keyCode == DownArrow && octave > parameter::KeyboardOctave.Lowest)
         --octave;
-    fields_.KeyboardOctave.Type(std::to_string(octave));
+    options_.KeyboardOctave.Type(std::to_string(octave));
 }
 
 std::string PianoKeys::OctLabel(std::int32_t group) const {
-    return std::to_string(fields_.KeyboardOctave + group - 1);
+    return std::to_string(options_.KeyboardOctave + group - 1);
 }
 
 bool PianoKeys::IsSounding(std::int32_t index) const {
-    const SoundingNotes& notes = fields_.NotesSounding;
-    const std::int32_t octave = fields_.KeyboardOctave;
+    const SoundingNotes& notes = view_.NotesSounding;
+    const std::int32_t octave = options_.KeyboardOctave;
     return KeyOfNote(notes.Note1, octave) == index || KeyOfNote(notes.Note2, octave) == index;
 }
 

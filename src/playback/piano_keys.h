@@ -21,9 +21,9 @@ class PianoKeys {
     static constexpr std::int32_t DownArrow = 40;
     static constexpr std::int32_t CtrlOnly = 2;
 
-    PianoKeys(MainFields& fields, NoteEntry& entry, ToneDispatcher& tones, PositionDisplay& position,
-              DebugLog& log)
-        : fields_(fields), entry_(entry), tones_(tones), position_(position), log_(log) {}
+    PianoKeys(EntryOptions& options, const PlaybackView& view, NoteEntry& entry, ToneDispatcher& tones,
+              PositionDisplay& position, DebugLog& log)
+        : options_(options), view_(view), entry_(entry), tones_(tones), position_(position), log_(log) {}
 
     /// Sounds the key's note and enters it into the list, as far as the options want either. A click in the
     /// middle of another one's tone returns at once and is handled after it, as the key that it was when it
@@ -40,7 +40,7 @@ class PianoKeys {
     std::string OctLabel(std::int32_t group) const;
 
     /// Returns true if a key's note belongs to the line that playback is sounding
-    /// (MainFields::NotesSounding).
+    /// (PlaybackView::NotesSounding).
     bool IsSounding(std::int32_t index) const;
 
   private:
@@ -51,7 +51,8 @@ class PianoKeys {
 
     void Handle(const KeyClick& click);
 
-    MainFields& fields_;
+    EntryOptions& options_;
+    const PlaybackView& view_;
     NoteEntry& entry_;
     ToneDispatcher& tones_;
     PositionDisplay& position_;

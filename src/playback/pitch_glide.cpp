@@ -7,10 +7,10 @@
 
 namespace quavix {
 
-PitchGlide::PitchGlide(MainFields& mainFields, Speaker& speaker, Timers& timers, EventBoundary& handlers,
+PitchGlide::PitchGlide(ModFields& mods, Speaker& speaker, Timers& timers, EventBoundary& handlers,
                        DebugLog& log)
-    : mainFields_(mainFields), speaker_(speaker), timers_(timers), handlers_(handlers), log_(log) {
-    mainFields_.UsePortaCheck.Watch(handlers_.Wrap("UsePortaCheck_Click", [this] { UsePortaCheck_Click(); }));
+    : mods_(mods), speaker_(speaker), timers_(timers), handlers_(handlers), log_(log) {
+    mods_.UsePorta.Ticked.Watch(handlers_.Wrap("UsePortaCheck_Click", [this] { UsePortaCheck_Click(); }));
     Fields.PitchMultipleSlider.Watch(
         handlers_.Wrap("PitchMultipleSlider_Change", [this] { PitchMultipleSlider_Change(); }));
     Fields.SoundLengthSlider.Watch(
@@ -34,15 +34,15 @@ PitchGlide::~PitchGlide() {
 }
 
 void PitchGlide::UsePortaCheck_Click() {
-    mainFields_.UsePortamento = mainFields_.UsePortaCheck;
-    log_.Text("UsePortaCheck clicked - UsePortamento -> {}", LogFlag(mainFields_.UsePortamento));
+    mods_.UsePorta.InUse = mods_.UsePorta.Ticked;
+    log_.Text("UsePortaCheck clicked - UsePortamento -> {}", LogFlag(mods_.UsePorta.InUse));
     StartSoundIfNeeded();
 }
 
 /// Sounds on where the mod and the option want sound without a note having been made.
 void PitchGlide::StartSoundIfNeeded() {
     EnableFinishTimer(false);
-    EnableEachToneTimer(mainFields_.UsePortamento && Fields.optSoundAlways);
+    EnableEachToneTimer(mods_.UsePorta.InUse && Fields.optSoundAlways);
 }
 
 void PitchGlide::Sound(const Tone& tone) {

@@ -31,8 +31,7 @@ struct PortamentoFields {
 /// it watches for as long as the fields live; it must live as long.
 class PitchGlide final : public ToneOutput {
   public:
-    PitchGlide(MainFields& mainFields, Speaker& speaker, Timers& timers, EventBoundary& handlers,
-               DebugLog& log);
+    PitchGlide(ModFields& mods, Speaker& speaker, Timers& timers, EventBoundary& handlers, DebugLog& log);
     ~PitchGlide() override;
     PitchGlide(const PitchGlide&) = delete;
     PitchGlide& operator=(const PitchGlide&) = delete;
@@ -54,7 +53,7 @@ class PitchGlide final : public ToneOutput {
     void EnableEachToneTimer(bool enable);
     void EnableFinishTimer(bool enable);
 
-    MainFields& mainFields_;
+    ModFields& mods_;
     Speaker& speaker_;
     Timers& timers_;
     EventBoundary& handlers_;

@@ -11,19 +11,19 @@
 
 namespace quavix {
 
-PlaybackEngine::PlaybackEngine(PlaybackParts parts) : p_(std::move(parts)), timetableBpm_(p_.Fields.BPM) {
-    p_.Fields.BPM.State().Watch([this](const SettingState&) { TempoChanged(); });
+PlaybackEngine::PlaybackEngine(PlaybackParts parts) : p_(std::move(parts)), timetableBpm_(p_.Song.BPM) {
+    p_.Song.BPM.State().Watch([this](const SettingState&) { TempoChanged(); });
 }
 
 void PlaybackEngine::PlayMusic(std::int32_t& startPoint, std::int32_t& endPoint, bool onlyThisLine) {
     const auto end = [this] {
-        p_.Fields.MusicIsPlaying = false;
+        p_.State.MusicIsPlaying = false;
         AfterPlayMusic();
         p_.Log.LogIndentDec("PlayMusic() - END");
     };
     try {
         p_.Log.LogIndentInc("PlayMusic() - START");
-        p_.Fields.MusicIsPlaying = true;
+        p_.State.MusicIsPlaying = true;
         BeforePlayMusic();
         if (PrepareRange(startPoint, endPoint)) {
             Run run{.StartPoint = startPoint,
@@ -37,7 +37,7 @@ void PlaybackEngine::PlayMusic(std::int32_t& startPoint, std::int32_t& endPoint,
         }
     } catch (const std::exception&) {
         // The window's controls must not stay as they are during playback, even where the log is what failed.
-        p_.Fields.BeepTextLabelVisible = false;
+        p_.View.BeepTextLabelVisible = false;
         EnableCommonControls(true);
         EnableStopping(false);
         end();
@@ -54,7 +54,7 @@ bool PlaybackEngine::PrepareRange(std::int32_t startPoint, std::int32_t& endPoin
     startTickTime_ = currentTickTime_;
     p_.Log.Text("StartTickTime = {}", startTickTime_.ToText());
     playedBeats_ = {};
-    timetableBpm_ = p_.Fields.BPM;
+    timetableBpm_ = p_.Song.BPM;
     if (!DoesIndexExist(p_.List, startPoint)) {
         Message(
             fmt::format("StartPoint is {}\nHowever, that line doesn't exist.\n(Exiting sub)", startPoint));
@@ -70,7 +70,7 @@ bool PlaybackEngine::PrepareRange(std::int32_t startPoint, std::int32_t& endPoin
 }
 
 void PlaybackEngine::PlayLines(Run& run) {
-    while (p_.Fields.MusicIsPlaying) {
+    while (p_.State.MusicIsPlaying) {
         if (!PlayLine(run))
             return;
     }
@@ -82,7 +82,7 @@ bool PlaybackEngine::PlayLine(Run& run) {
     if (DoesIndexExist(p_.List, run.CurrentLine)) {
         p_.List.Select(run.CurrentLine);
         p_.List.EnsureVisible(run.CurrentLine);
-        p_.Mods.UpdateModButtons();
+        p_.DottedTriplet.UpdateModButtons();
     }
     if (!DoesIndexExist(p_.List, run.EndPoint))
         ShowEndPointMessages(run.EndPoint);
@@ -95,7 +95,7 @@ bool PlaybackEngine::PlayLine(Run& run) {
         return false;
     }
     const Line line = ReadLine(run.CurrentLine);
-    if (p_.Fields.UseVoiceCheck)
+    if (p_.Mods.UseVoice.Ticked)
         SetVoicePitch(line);
     CatchUpPosition(run);
     p_.LineStarts();
@@ -104,9 +104,9 @@ bool PlaybackEngine::PlayLine(Run& run) {
     p_.Log.Text("CurrentTickTime = {}", currentTickTime_.ToText());
     SoundLine(run, line);
     SilenceGeneratorInRest(line);
-    if (!p_.Fields.MusicIsPlaying)
+    if (!p_.State.MusicIsPlaying)
         return false;
-    if (p_.Fields.NoUpdateCheck)
+    if (p_.Position.NoUpdateCheck)
         run.PositionStoodStill = true;
     else if (!run.OnlyThisLine)
         UpdatePosition(run, line);
@@ -148,7 +148,7 @@ void PlaybackEngine::SetVoicePitch(const Line& line) {
     } else {
         constexpr double SliderScale = 10000;
         constexpr double Tuning = 1.08;
-        const double volume = p_.Fields.VoiceVolSlider / SliderScale;
+        const double volume = p_.Output.VoiceVolSlider / SliderScale;
         p_.Log.Text("VoiceMainForm.ChangeVoiceVol {}", NumberText(volume));
         p_.Singer.ChangeVoiceVol(volume);
         line.Note2.WarnIfUnknown(p_.Boxes);
@@ -159,9 +159,8 @@ void PlaybackEngine::SetVoicePitch(const Line& line) {
 }
 
 void PlaybackEngine::SoundLine(Run& run, const Line& line) {
-    const MainFields& fields = p_.Fields;
-    const bool play1 = run.OnlyThisLine ? fields.ClickPlayNote1Check : fields.PlayNote1Check;
-    const bool play2 = run.OnlyThisLine ? fields.ClickPlayNote2Check : fields.PlayNote2Check;
+    const bool play1 = run.OnlyThisLine ? p_.Song.ClickPlayNote1Check : p_.Song.PlayNote1Check;
+    const bool play2 = run.OnlyThisLine ? p_.Song.ClickPlayNote2Check : p_.Song.PlayNote2Check;
     const bool sounds1 = play1 && !line.Note1.Text.empty();
     const bool sounds2 = play2 && !line.Note2.Text.empty();
     if (sounds1 && sounds2)
@@ -179,7 +178,7 @@ void PlaybackEngine::SoundSingleNote(const Tone& note, const Line& line) {
     const double durationMs = static_cast<double>(duration.Units()) / UnitsPerMs;
     if (durationMs <= 0)
         return;
-    const ScopedValue shown(p_.Fields.NotesSounding, SoundingNotes{.Note1 = note.Text}, SoundingNotes());
+    const ScopedValue shown(p_.View.NotesSounding, SoundingNotes{.Note1 = note.Text}, SoundingNotes());
     Sound(note, durationMs, false);
 }
 
@@ -187,19 +186,19 @@ void PlaybackEngine::SoundAlternating(Run& run, const Line& line) {
     const LogBlock block(p_.Log, "Alternating section");
     const Currency beepLength = SoundingBeats(line);
     p_.Log.Text("BeepLength = {}", beepLength.ToText());
-    if (p_.Fields.NoteSilenceRatio < parameter::NoteSilenceRatio.Highest)
-        run.AlternationStep = Currency::FromDouble(p_.Fields.AlternateTime / 1000.0);
+    if (p_.Song.NoteSilenceRatio < parameter::NoteSilenceRatio.Highest)
+        run.AlternationStep = Currency::FromDouble(p_.Song.AlternateTime / 1000.0);
     const Currency step = run.AlternationStep;
-    const ScopedValue shown(p_.Fields.NotesSounding, SoundingNotes{line.Note1.Text, line.Note2.Text},
+    const ScopedValue shown(p_.View.NotesSounding, SoundingNotes{line.Note1.Text, line.Note2.Text},
                             SoundingNotes());
     // Tones without length make no sound, and would hold the thread for the whole line.
-    while (p_.Fields.AlternateTime > 0 && currentTickTime_ + step < TimeAtBeat(beepLength)) {
-        p_.Fields.BeepTextLabelVisible = true;
+    while (p_.Song.AlternateTime > 0 && currentTickTime_ + step < TimeAtBeat(beepLength)) {
+        p_.View.BeepTextLabelVisible = true;
         p_.Log.LogText("Alternate: ");
         p_.Log.LogText(alternateNote2Next_ ? "2" : "1", NoNewLine::Yes);
         const bool anotherFollows = currentTickTime_ + step < TimeAtBeat(beepLength) - step;
         const Currency toneStart = currentTickTime_;
-        Sound(alternateNote2Next_ ? line.Note2 : line.Note1, p_.Fields.AlternateTime, anotherFollows);
+        Sound(alternateNote2Next_ ? line.Note2 : line.Note1, p_.Song.AlternateTime, anotherFollows);
         alternateNote2Next_ = !alternateNote2Next_;
         ReadClock();
         KeepToneTime(toneStart);
@@ -209,7 +208,7 @@ void PlaybackEngine::SoundAlternating(Run& run, const Line& line) {
 /// A gliding speaker leaves a tone's time to its caller.
 void PlaybackEngine::KeepToneTime(Currency toneStart) {
     constexpr double MsPerSecond = 1000;
-    const double leftMs = p_.Fields.AlternateTime - (currentTickTime_ - toneStart).ToDouble() * MsPerSecond;
+    const double leftMs = p_.Song.AlternateTime - (currentTickTime_ - toneStart).ToDouble() * MsPerSecond;
     if (leftMs < 1)
         return;  // what an output's own clock differs by
     p_.Wait.MsgWaitObj(ToInt32(leftMs));
@@ -217,11 +216,10 @@ void PlaybackEngine::KeepToneTime(Currency toneStart) {
 }
 
 void PlaybackEngine::SilenceGeneratorInRest(const Line& line) {
-    const MainFields& fields = p_.Fields;
-    if (!fields.DoNotShutUpFMOD)
+    if (!p_.Output.DoNotShutUpFMOD)
         return;
-    const bool play1 = fields.PlayNote1Check;
-    const bool play2 = fields.PlayNote2Check;
+    const bool play1 = p_.Song.PlayNote1Check;
+    const bool play2 = p_.Song.PlayNote2Check;
     const bool rest =
         (play1 || play2) && (!play1 || line.Note1.Text.empty()) && (!play2 || line.Note2.Text.empty());
     if (rest)
@@ -230,7 +228,7 @@ void PlaybackEngine::SilenceGeneratorInRest(const Line& line) {
 
 /// Works the position out anew after "Do not update" was un-ticked during playback.
 void PlaybackEngine::CatchUpPosition(Run& run) {
-    if (p_.Fields.NoUpdateCheck || !std::exchange(run.PositionStoodStill, false))
+    if (p_.Position.NoUpdateCheck || !std::exchange(run.PositionStoodStill, false))
         return;
     p_.Position.WorkOutPlayPos(run.CurrentLine, position_);
     p_.Position.ShowPosition(position_);
@@ -251,7 +249,7 @@ bool PlaybackEngine::WaitForNextLine(Run& run, const Line& line) {
     constexpr Currency LegatoMargin = Currency::FromUnits(200);
     LogBlock block(p_.Log, "'Waiting for next note' section");
     ReadClock();
-    if (p_.Fields.NoteSilenceRatio < parameter::NoteSilenceRatio.Highest)
+    if (p_.Song.NoteSilenceRatio < parameter::NoteSilenceRatio.Highest)
         run.WaitingMargin = {};
     else if (TimeAtBeat(line.Length) - currentTickTime_ > LegatoMargin)
         run.WaitingMargin = LegatoMargin;
@@ -259,7 +257,7 @@ bool PlaybackEngine::WaitForNextLine(Run& run, const Line& line) {
     while (!run.OnlyThisLine && currentTickTime_ + run.WaitingMargin < TimeAtBeat(line.Length)) {
         p_.Wait.MsgWaitObj(SliceMs);
         p_.Code.WriteWait(SliceMs);
-        if (!p_.Fields.MusicIsPlaying) {
+        if (!p_.State.MusicIsPlaying) {
             block.Close("MusicIsPlaying = False - skipping to EndingPlayMusic");
             return false;
         }
@@ -273,7 +271,7 @@ bool PlaybackEngine::WaitForNextLine(Run& run, const Line& line) {
 void PlaybackEngine::EndOfRange(Run& run) {
     if (run.OnlyThisLine) {
         p_.Log.LogText("MusicIsPlaying -> FALSE");
-        p_.Fields.MusicIsPlaying = false;
+        p_.State.MusicIsPlaying = false;
         return;
     }
     run.CurrentLine = run.StartPoint - 1;
@@ -285,7 +283,7 @@ void PlaybackEngine::EndOfRange(Run& run) {
 
 Currency PlaybackEngine::ReadClock() {
     const Currency reading = Currency::FromUnits(p_.Time.PerformanceCounter());
-    currentTickTime_ = Currency::FromDouble(reading / p_.Fields.TickFreq);
+    currentTickTime_ = Currency::FromDouble(reading / p_.State.TickFreq);
     return reading;
 }
 
@@ -293,20 +291,20 @@ Currency PlaybackEngine::ReadClock() {
 Currency PlaybackEngine::TimeAtBeat(Currency beatsAfterPlayed) const {
     const Currency beats = playedBeats_ + beatsAfterPlayed;
     return startTickTime_ +
-           Currency::FromDouble(Quotient(beats.ToDouble() * SecondsPerMinute, p_.Fields.BPM.Get()));
+           Currency::FromDouble(Quotient(beats.ToDouble() * SecondsPerMinute, p_.Song.BPM.Get()));
 }
 
 Currency PlaybackEngine::SoundingBeats(const Line& line) const {
-    const double ratio = p_.Fields.NoteSilenceRatio / 100.0;
+    const double ratio = p_.Song.NoteSilenceRatio / 100.0;
     return Currency::FromDouble(line.Length.ToDouble() * ratio);
 }
 
 void PlaybackEngine::Sound(Tone tone, double durationMs, bool continuous) {
     tone.DurationMs = durationMs;
     tone.Options.SpecificContinuous = continuous;
-    p_.Fields.BeepTextLabelVisible = true;
+    p_.View.BeepTextLabelVisible = true;
     p_.Tones.Sound(tone);
-    p_.Fields.BeepTextLabelVisible = false;
+    p_.View.BeepTextLabelVisible = false;
 }
 
 void PlaybackEngine::Message(const std::string& text) {
@@ -316,22 +314,22 @@ void PlaybackEngine::Message(const std::string& text) {
 /// Moves the start of the timetable so that the line being played started when it did: from there on the new
 /// tempo holds, without a jump.
 void PlaybackEngine::TempoChanged() {
-    const std::int32_t before = std::exchange(timetableBpm_, p_.Fields.BPM);
-    if (!p_.Fields.MusicIsPlaying || before == 0 || timetableBpm_ == 0)
+    const std::int32_t before = std::exchange(timetableBpm_, p_.Song.BPM);
+    if (!p_.State.MusicIsPlaying || before == 0 || timetableBpm_ == 0)
         return;
     const double played = playedBeats_.ToDouble() * SecondsPerMinute;
     startTickTime_ = startTickTime_ + Currency::FromDouble(played / before - played / timetableBpm_);
 }
 
 void PlaybackEngine::EnableCommonControls(bool enable) {
-    p_.Fields.PianoKeysEnabled = enable;
-    p_.Fields.PlayFromLineButtonEnabled = enable;
-    p_.Fields.PlayAllButtonEnabled = enable;
+    p_.View.PianoKeysEnabled = enable;
+    p_.View.PlayFromLineButtonEnabled = enable;
+    p_.View.PlayAllButtonEnabled = enable;
 }
 
 void PlaybackEngine::EnableStopping(bool enable) {
-    p_.Fields.StopPlayButtonEnabled = enable;
-    p_.Fields.NoUpdateCheckEnabled = !enable;
+    p_.View.StopPlayButtonEnabled = enable;
+    p_.Position.NoUpdateCheckEnabled = !enable;
 }
 
 void PlaybackEngine::BeforePlayMusic() {
@@ -348,7 +346,7 @@ void PlaybackEngine::AfterPlayMusic() {
     EnableCommonControls(true);
     p_.Log.LogText("Disabling 'Stop playing'");
     EnableStopping(false);
-    if (p_.Fields.UseVoiceCheck) {
+    if (p_.Mods.UseVoice.Ticked) {
         p_.Log.LogText("VoiceMainForm.ChangeVoiceVol 0");
         p_.Singer.ChangeVoiceVol(0);
     }
@@ -363,7 +361,7 @@ void PlaybackEngine::AfterPlayMusic() {
 void PlaybackEngine::Start(const Request& request) {
     if (running_ == MostNestedRuns) {
         waiting_.push_back(request);
-        p_.Fields.MusicIsPlaying = false;
+        p_.State.MusicIsPlaying = false;
         return;
     }
     const ScopedCount running(running_);
@@ -412,12 +410,12 @@ void PlaybackEngine::PlayFromLineButton_Click() {
 }
 
 void PlaybackEngine::StopPlayButton_Click() {
-    p_.Fields.MusicIsPlaying = false;
+    p_.State.MusicIsPlaying = false;
     waiting_.clear();
 }
 
 void PlaybackEngine::MainList_ItemClick(std::int32_t row) {
-    p_.Mods.UpdateModButtons();
+    p_.DottedTriplet.UpdateModButtons();
     Start({.StartPoint = row, .OnlyThisLine = true});
 }
 

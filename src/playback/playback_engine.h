@@ -8,8 +8,8 @@
 
 #include "fmod/fmod_tone_generator.h"
 #include "fmod/voice_main_form.h"
+#include "music/dotted_triplet_boxes.h"
 #include "music/main_fields.h"
-#include "music/mod_buttons.h"
 #include "music/music_list.h"
 #include "playback/position_display.h"
 #include "playback/synchro_play.h"
@@ -21,9 +21,13 @@ namespace quavix {
 
 /// Dependencies of PlaybackEngine. All must outlive it.
 struct PlaybackParts {
-    MainFields& Fields;
+    const SongFields& Song;
+    const ModFields& Mods;
+    const OutputOptions& Output;
+    ProgramState& State;
+    PlaybackView& View;
     MusicList& List;
-    ModButtons& Mods;
+    DottedTripletBoxes& DottedTriplet;
     PositionDisplay& Position;
     ToneDispatcher& Tones;
     ToneCode& Code;

@@ -9,13 +9,14 @@
 
 namespace quavix {
 
-PositionDisplay::PositionDisplay(MainFields& fields, MusicList& list, MessageBoxes& boxes, DebugLog& log)
-    : fields_(fields), list_(list), boxes_(boxes), log_(log), position_(list, log) {}
+PositionDisplay::PositionDisplay(const SongFields& song, const ModFields& mods, MusicList& list,
+                                 MessageBoxes& boxes, DebugLog& log)
+    : song_(song), mods_(mods), list_(list), boxes_(boxes), log_(log), position_(list, log) {}
 
 void PositionDisplay::ShowEmpty() {
-    fields_.lblPlayBar = "001";
-    fields_.lblPlayPos = "001";
-    fields_.lblPlayPosBackColor = colour::DarkGreen;
+    lblPlayBar = "001";
+    lblPlayPos = "001";
+    lblPlayPosBackColor = colour::DarkGreen;
 }
 
 void PositionDisplay::WorkOutPlayPos(std::int32_t currentLine, double& position) {
@@ -41,7 +42,7 @@ void PositionDisplay::ShowPosition(double position) {
         ShowEmpty();
         return;
     }
-    const double beatsPerBar = fields_.BeatsPerBar;
+    const double beatsPerBar = song_.BeatsPerBar;
     const double beats =
         Currency::FromDouble(whole * Quotient(BeatsPerWholeNote, beatsPerBar) * beatsPerBar).ToDouble();
     const double bar = std::trunc(Quotient(beats, beatsPerBar));
@@ -49,13 +50,13 @@ void PositionDisplay::ShowPosition(double position) {
     const double beatInBar = beats - bar * beatsPerBar + 1;
     const double wholeInBar = std::trunc(inBar);
 
-    fields_.lblPlayBar = FormatNumber(bar + 1, 3);
+    lblPlayBar = FormatNumber(bar + 1, 3);
     const std::string caption =
         FormatNumber(wholeInBar, 2) + " " + ConvertToFraction(static_cast<float>(inBar - wholeInBar), log_);
-    fields_.lblPlayPos = caption;
+    lblPlayPos = caption;
     const bool failed = caption.find("(ERR)") != std::string::npos;
-    fields_.lblPlayPosBackColor = failed ? colour::Red : colour::DarkGreen;
-    fields_.lblPlaySig = FormatNumber(beatInBar, 2, 2);
+    lblPlayPosBackColor = failed ? colour::Red : colour::DarkGreen;
+    lblPlaySig = FormatNumber(beatInBar, 2, 2);
 }
 
 void PositionDisplay::ShowSelectedLine() {
@@ -65,7 +66,7 @@ void PositionDisplay::ShowSelectedLine() {
 }
 
 void PositionDisplay::NoUpdateCheck_Click() {
-    if (fields_.NoUpdateCheck && fields_.UseBeatCheck) {
+    if (NoUpdateCheck && mods_.UseBeat.Ticked) {
         const BoxAnswer answer = boxes_.Show({
             .Title = "Disable 'Play a beat sound'?",
             .Text = "Currently, 'Play a beat sound' is ticked, which requires the green position indicators "
@@ -75,10 +76,9 @@ void PositionDisplay::NoUpdateCheck_Click() {
             .Buttons = BoxButtons::YesNo,
         });
         if (answer != BoxAnswer::Yes)
-            fields_.NoUpdateCheck = false;
+            NoUpdateCheck = false;
     }
-    fields_.UseNoUpdate = fields_.NoUpdateCheck;
-    log_.Text("NoUpdateCheck clicked - UseNoUpdate -> {}", LogFlag(fields_.UseNoUpdate));
+    log_.Text("NoUpdateCheck clicked - UseNoUpdate -> {}", LogFlag(NoUpdateCheck));
 }
 
 void PositionDisplay::NoUpdateHButton_Click() {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 
 #include "music/main_fields.h"
 #include "music/music_list.h"
@@ -15,13 +16,21 @@ namespace quavix {
 /// are in whole notes from the start of line 1.
 class PositionDisplay {
   public:
-    PositionDisplay(MainFields& fields, MusicList& list, MessageBoxes& boxes, DebugLog& log);
+    PositionDisplay(const SongFields& song, const ModFields& mods, MusicList& list, MessageBoxes& boxes,
+                    DebugLog& log);
+
+    Watched<std::string> lblPlayBar{"001"};
+    Watched<std::string> lblPlayPos{"001"};
+    Watched<std::int32_t> lblPlayPosBackColor{colour::DarkGreen};
+    Watched<std::string> lblPlaySig{"01.00"};
+    Watched<bool> NoUpdateCheck{false};
+    Watched<bool> NoUpdateCheckEnabled{true};
 
     /// Puts the start of line `currentLine` into `position`; below 1 it is the position after the last line,
     /// and without any line -1, with the labels at "001".
     void WorkOutPlayPos(std::int32_t currentLine, double& position);
 
-    /// Sets the labels from a position. Raises the arithmetic's errors for beats per bar of 0.
+    /// Sets the labels from a position.
     void ShowPosition(double position);
 
     /// Both of the above for the really selected line, or for the end of the song without one.
@@ -34,7 +43,8 @@ class PositionDisplay {
   private:
     void ShowEmpty();
 
-    MainFields& fields_;
+    const SongFields& song_;
+    const ModFields& mods_;
     MusicList& list_;
     MessageBoxes& boxes_;
     DebugLog& log_;

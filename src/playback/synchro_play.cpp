@@ -30,11 +30,11 @@ TimeOfDay NextFullMinute(const TimeOfDay& now) {
 }  // namespace
 
 SynchroPlay::SynchroPlay(SynchroParts parts) : p_(std::move(parts)) {
-    p_.Fields.UseSynchroCheck.Watch(
+    p_.Mods.UseSynchro.Ticked.Watch(
         p_.Handlers.Wrap("UseSynchroCheck_Click", [this](bool ticked) { UseSynchroCheck_Click(ticked); }));
-    p_.Fields.MusicIsPlaying.Watch([this](bool) { EnableWaitButton(); });
-    chkStartInDelayEnabled = p_.Fields.UseFMODCheckEnabled.Get();
-    p_.Fields.UseFMODCheckEnabled.Watch([this](bool enabled) { chkStartInDelayEnabled = enabled; });
+    p_.State.MusicIsPlaying.Watch([this](bool) { EnableWaitButton(); });
+    chkStartInDelayEnabled = p_.Mods.UseFMOD.Enabled.Get();
+    p_.Mods.UseFMOD.Enabled.Watch([this](bool enabled) { chkStartInDelayEnabled = enabled; });
     SuggestTime();
 }
 
@@ -42,13 +42,13 @@ void SynchroPlay::UseSynchroCheck_Click(bool ticked) {
     p_.Ticks.Stop(std::exchange(currentUpdateTimer_, 0));
     if (ticked) {
         const auto wanted = WantedTime();
-        if (!p_.Fields.StartIsAwaited && (!wanted || TimeKey(*wanted) <= TimeKey(p_.Time.LocalTime())))
+        if (!p_.State.StartIsAwaited && (!wanted || TimeKey(*wanted) <= TimeKey(p_.Time.LocalTime())))
             SuggestTime();
         ShowCurrentTime();
         constexpr std::int32_t UpdateMs = 100;
         currentUpdateTimer_ = p_.Ticks.Start(
             UpdateMs, p_.Handlers.Wrap("CurrentUpdateTimer_Timer", [this] { ShowCurrentTime(); }));
-    } else if (p_.Fields.StartIsAwaited && shouldBeNotWaiting_) {
+    } else if (p_.State.StartIsAwaited && shouldBeNotWaiting_) {
         StopWaiting();  // the window is gone that could stop it; music that plays already goes on
     }
 }
@@ -68,7 +68,7 @@ void SynchroPlay::ShowCurrentTime() {
 void SynchroPlay::btnWait_Click() {
     if (!btnWaitEnabled)
         return;
-    if (p_.Fields.StartIsAwaited)
+    if (p_.State.StartIsAwaited)
         StopWaiting();
     else
         StartWaiting();
@@ -86,7 +86,7 @@ void SynchroPlay::StartWaiting() {
     }
     lblWaiting = "Currently waiting";
     lblWaitingBackColor = colour::Red;
-    p_.Fields.StartIsAwaited = true;
+    p_.State.StartIsAwaited = true;
     ++waitNumber_;
     btnWaitCaption = "Stop waiting";
     TimeBoxesEnabled = false;
@@ -94,9 +94,9 @@ void SynchroPlay::StartWaiting() {
         WaitAndPlay();
         return;
     }
-    p_.Fields.StartIsHeldUp = true;
+    p_.State.StartIsHeldUp = true;
     startTimer_ = p_.Ticks.Start(SliceMs, [this] {
-        if (!MayWait() || p_.Fields.MusicIsPlaying)
+        if (!MayWait() || p_.State.MusicIsPlaying)
             return;
         EndHoldUp();
         p_.Handlers.Run("btnWait_Click", [this] { WaitAndPlay(); });
@@ -111,7 +111,7 @@ bool SynchroPlay::MayWait() const {
 
 void SynchroPlay::StopWaiting() {
     EndHoldUp();
-    p_.Fields.StartIsAwaited = false;
+    p_.State.StartIsAwaited = false;
     shouldBeNotWaiting_ = true;
     ++waitNumber_;
     lblWaiting = "Currently NOT waiting";
@@ -123,7 +123,7 @@ void SynchroPlay::StopWaiting() {
 
 void SynchroPlay::EndHoldUp() {
     p_.Ticks.Stop(std::exchange(startTimer_, 0));
-    p_.Fields.StartIsHeldUp = false;
+    p_.State.StartIsHeldUp = false;
 }
 
 void SynchroPlay::WaitAndPlay() {
@@ -157,7 +157,7 @@ bool SynchroPlay::WaitForTime(std::int32_t key) {
 
 bool SynchroPlay::WaitSlice(std::int64_t waitNumber) {
     p_.Wait.MsgWaitObj(SliceMs);
-    return waitNumber == waitNumber_ && !p_.Fields.ShuttingDown;
+    return waitNumber == waitNumber_ && !p_.State.ShuttingDown;
 }
 
 void SynchroPlay::Play() {
@@ -189,7 +189,7 @@ void SynchroPlay::ReenableWaitButton() {
 
 /// Waiting started in the middle of music would hold it up.
 void SynchroPlay::EnableWaitButton() {
-    btnWaitEnabled = shouldBeNotWaiting_ && (p_.Fields.StartIsAwaited || !p_.Fields.MusicIsPlaying);
+    btnWaitEnabled = shouldBeNotWaiting_ && (p_.State.StartIsAwaited || !p_.State.MusicIsPlaying);
 }
 
 std::optional<TimeOfDay> SynchroPlay::WantedTime() const {
@@ -202,7 +202,7 @@ std::optional<TimeOfDay> SynchroPlay::WantedTime() const {
 }
 
 Currency SynchroPlay::ReadSeconds() {
-    return Currency::FromDouble(Currency::FromUnits(p_.Time.PerformanceCounter()) / p_.Fields.TickFreq);
+    return Currency::FromDouble(Currency::FromUnits(p_.Time.PerformanceCounter()) / p_.State.TickFreq);
 }
 
 }  // namespace quavix

@@ -18,7 +18,8 @@ namespace quavix {
 
 /// Dependencies of SynchroPlay. All must outlive it.
 struct SynchroParts {
-    MainFields& Fields;
+    const ModFields& Mods;
+    ProgramState& State;
     Clock& Time;
     Timers& Ticks;
     Waiting& Wait;
@@ -63,7 +64,7 @@ class SynchroPlay {
     void btnWait_Click();
 
     /// True from the click that starts the waiting until the wait button is clicked again.
-    bool CurrentlyWaiting() const { return p_.Fields.StartIsAwaited; }
+    bool CurrentlyWaiting() const { return p_.State.StartIsAwaited; }
     /// False while a playback that this has started has to hand the wait button back at its end.
     bool ShouldBeNotWaiting() const { return shouldBeNotWaiting_; }
     /// Sets ShouldBeNotWaiting() and enables the wait button.

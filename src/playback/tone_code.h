@@ -7,7 +7,6 @@
 
 #include <fmt/format.h>
 
-#include "music/main_fields.h"
 #include "ports/files.h"
 #include "shell/numbers.h"
 #include "shell/runtime_error.h"
@@ -19,23 +18,24 @@ namespace quavix {
 /// set; a file that can't be written raises the classic file error.
 class ToneCode {
   public:
-    ToneCode(const MainFields& fields, Files& files, std::string fileName)
-        : fields_(fields), files_(files), fileName_(std::move(fileName)) {}
+    ToneCode(Files& files, std::string fileName) : files_(files), fileName_(std::move(fileName)) {}
+
+    bool UseWriteCode = false;
 
     void WriteCode(std::string_view textToWrite) {
-        if (fields_.UseWriteCode)
+        if (UseWriteCode)
             RaiseFileError(files_.Append(fileName_, fmt::format("{}\r\n", textToWrite)), fileName_);
     }
 
     /// Writes a tone of `frequency` Hz; `comment` says what it is ("C4").
     void WriteTone(std::int32_t frequency, double durationMs, std::string_view comment) {
-        if (fields_.UseWriteCode) {
+        if (UseWriteCode) {
             WriteCode(fmt::format("Beep       {}, {}     '{}", NumPad(frequency, " ", FrequencyWidth),
                                   NumPad(durationMs, " ", DurationWidth), comment));
         }
     }
     void WriteWait(std::int32_t durationMs) {
-        if (fields_.UseWriteCode)
+        if (UseWriteCode)
             WriteCode("MsgWaitObj        " + NumPad(durationMs, " ", DurationWidth));
     }
 
@@ -43,7 +43,6 @@ class ToneCode {
     static constexpr int FrequencyWidth = 5;
     static constexpr int DurationWidth = 6;
 
-    const MainFields& fields_;
     Files& files_;
     std::string fileName_;
 };

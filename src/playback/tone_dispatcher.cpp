@@ -14,9 +14,15 @@ constexpr const char* DefaultNote = "C4";
 
 }  // namespace
 
-ToneDispatcher::ToneDispatcher(MainFields& fields, ToneOutputs outputs, ToneCode& toneCode, Waiting& waiting,
-                               MessageBoxes& boxes, DebugLog& log)
-    : fields_(fields), outputs_(outputs), toneCode_(toneCode), waiting_(waiting), boxes_(boxes), log_(log) {}
+ToneDispatcher::ToneDispatcher(const ModFields& mods, OutputOptions& output, ToneOutputs outputs,
+                               ToneCode& toneCode, Waiting& waiting, MessageBoxes& boxes, DebugLog& log)
+    : mods_(mods),
+      output_(output),
+      outputs_(outputs),
+      toneCode_(toneCode),
+      waiting_(waiting),
+      boxes_(boxes),
+      log_(log) {}
 
 void ToneDispatcher::UniBeep(std::string& noteString, double durationMs, const ToneOptions& options) {
     const Tone tone = Tone::OfText(noteString, durationMs, options);
@@ -38,14 +44,14 @@ void ToneDispatcher::Sound(const Tone& asked) {
         log_.Text("NoteString not set - setting to {}", DefaultNote);
     const Tone tone = asked.Text.empty() ? Tone::OfText(DefaultNote, asked.DurationMs, options) : asked;
 
-    const bool noteOnSent = fields_.UseMIDIOut;
+    const bool noteOnSent = mods_.UseMIDIOut.InUse;
     if (noteOnSent) {
         LogBlock section(log_, "", "UseMIDIOut section 1 START");
         outputs_.Midi.ToneStarts(tone);
         section.Close("UseMIDIOut section 1 END");
     }
     const auto endMidiNote = [&] {
-        if (fields_.UseMIDIOut && noteOnSent)
+        if (mods_.UseMIDIOut.InUse && noteOnSent)
             outputs_.Midi.ToneEnds(tone);
     };
     try {
@@ -61,13 +67,13 @@ void ToneDispatcher::SoundOnOneOutput(const Tone& tone) {
     tone.WarnIfUnknown(boxes_);
     toneCode_.WriteTone(tone.WholeFrequency(), tone.DurationMs,
                         tone.Options.NoteIsFrequency ? tone.Text + " Hz [no note]" : tone.Text);
-    if (fields_.UseMotor)
+    if (mods_.UseMotor.InUse)
         outputs_.Motor.Sound(tone);
-    else if (fields_.UseFMOD)
+    else if (mods_.UseFMOD.InUse)
         outputs_.Generator.Sound(tone);
-    else if (fields_.MutePCSpeaker)
+    else if (output_.MutePCSpeaker)
         WaitInstead(tone);
-    else if (fields_.UsePortamento)
+    else if (mods_.UsePorta.InUse)
         outputs_.Glide.Sound(tone);
     else
         SoundOnSpeaker(tone);
@@ -88,8 +94,8 @@ void ToneDispatcher::SoundOnSpeaker(const Tone& tone) {
 }
 
 void ToneDispatcher::MuteTweebleCheck_Click() {
-    fields_.MutePCSpeaker = fields_.MuteTweebleCheck;
-    log_.Text("MuteTweeble clicked - MutePCSpeaker -> {}", LogFlag(fields_.MutePCSpeaker));
+    output_.MutePCSpeaker = output_.MuteTweebleCheck;
+    log_.Text("MuteTweeble clicked - MutePCSpeaker -> {}", LogFlag(output_.MutePCSpeaker));
 }
 
 }  // namespace quavix

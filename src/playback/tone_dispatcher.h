@@ -29,8 +29,8 @@ struct ToneOutputs {
 /// output is on, and writes the tone code first.
 class ToneDispatcher final : public ToneOutput {
   public:
-    ToneDispatcher(MainFields& fields, ToneOutputs outputs, ToneCode& toneCode, Waiting& waiting,
-                   MessageBoxes& boxes, DebugLog& log);
+    ToneDispatcher(const ModFields& mods, OutputOptions& output, ToneOutputs outputs, ToneCode& toneCode,
+                   Waiting& waiting, MessageBoxes& boxes, DebugLog& log);
 
     /// A tone without a text is "C4". A text that names no note shows a warning and sounds 0 Hz.
     void Sound(const Tone& tone) override;
@@ -49,7 +49,8 @@ class ToneDispatcher final : public ToneOutput {
     void WaitInstead(const Tone& tone);
     void SoundOnSpeaker(const Tone& tone);
 
-    MainFields& fields_;
+    const ModFields& mods_;
+    OutputOptions& output_;
     ToneOutputs outputs_;
     ToneCode& toneCode_;
     Waiting& waiting_;

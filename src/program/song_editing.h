@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "music/dotted_triplet_boxes.h"
 #include "music/edit_history.h"
 #include "music/list_editing.h"
-#include "music/mod_buttons.h"
 #include "music/note_entry.h"
 #include "playback/position_display.h"
 #include "songfile/line_clipboard.h"
@@ -17,7 +17,7 @@ struct SongEditing {
     explicit SongEditing(CommonParts& common);
 
     quavix::EditHistory EditHistory;
-    quavix::ModButtons ModButtons;
+    quavix::DottedTripletBoxes DottedTripletBoxes;
     quavix::PositionDisplay PositionDisplay;
     quavix::NoteEntry NoteEntry;
     quavix::ListEditing ListEditing;
@@ -27,7 +27,7 @@ struct SongEditing {
     void ShowPositionOfEdit();
 
   private:
-    const MainFields& fields_;
+    const ProgramState& state_;
 };
 
 }  // namespace quavix

@@ -17,13 +17,9 @@ std::string GestureName(const char* verb, std::size_t lines) {
 
 }  // namespace
 
-LineClipboard::LineClipboard(MainFields& fields, MusicList& list, Clipboard& clipboard, EditHistory& history,
+LineClipboard::LineClipboard(MusicList& list, Clipboard& clipboard, EditHistory& history,
                              std::function<void()> showPosition)
-    : fields_(fields),
-      list_(list),
-      clipboard_(clipboard),
-      history_(history),
-      showPosition_(std::move(showPosition)) {
+    : list_(list), clipboard_(clipboard), history_(history), showPosition_(std::move(showPosition)) {
     list_.AddObserver(*this);
     SelectionChanged();
 }
@@ -92,7 +88,7 @@ void LineClipboard::Remove(const std::vector<std::int32_t>& rows) {
 }
 
 void LineClipboard::SelectionChanged() {
-    fields_.LinesSelected = list_.SelectedCount() > 0;
+    LinesSelected = list_.SelectedCount() > 0;
 }
 
 void LineClipboard::InsertBlock(std::int32_t row, const std::vector<MusicLine>& lines) {

@@ -6,24 +6,27 @@
 #include <vector>
 
 #include "music/edit_history.h"
-#include "music/main_fields.h"
 #include "music/music_list.h"
 #include "ports/clipboard.h"
+#include "shell/watched.h"
 #include "songfile/song_format.h"
 
 namespace quavix {
 
 /// The commands for one or several selected lines; with none, they do nothing (pasting appends). The
 /// clipboard holds lines as song text, so that they go between copies of the program and into an editor.
-/// Keeps the field LinesSelected. The fields and the list must outlive it.
+/// The list must outlive it.
 class LineClipboard : private MusicListObserver {
   public:
     /// `showPosition` brings the position display up to date with the selection; called after each change.
-    LineClipboard(MainFields& fields, MusicList& list, Clipboard& clipboard, EditHistory& history,
+    LineClipboard(MusicList& list, Clipboard& clipboard, EditHistory& history,
                   std::function<void()> showPosition);
     ~LineClipboard() override;
     LineClipboard(const LineClipboard&) = delete;
     LineClipboard& operator=(const LineClipboard&) = delete;
+
+    /// Some line is selected, so that the commands for selected lines do something.
+    Watched<bool> LinesSelected;
 
     struct PasteResult {
         std::size_t Pasted = 0;
@@ -47,7 +50,6 @@ class LineClipboard : private MusicListObserver {
     void Remove(const std::vector<std::int32_t>& rows);
     void InsertBlock(std::int32_t row, const std::vector<MusicLine>& lines);
 
-    MainFields& fields_;
     MusicList& list_;
     Clipboard& clipboard_;
     EditHistory& history_;

@@ -53,7 +53,7 @@ void Recovery::Tick() {
     StopTicking();
     if (!HasUncopiedChanges())
         return;
-    if (p_.Fields.MusicIsPlaying || p_.ToneSounds() || p_.Document.IsLoading())
+    if (p_.State.MusicIsPlaying || p_.ToneSounds() || p_.Document.IsLoading())
         TickIn(RetryMs);
     else
         Write();
@@ -79,7 +79,7 @@ std::error_code Recovery::WriteCopy() {
     if (!file)
         return error;
     const std::string written = WrittenAt(p_.Time.LocalDate(), p_.Time.LocalTime());
-    error = WriteSong(p_.Fields, p_.List, *file);
+    error = WriteSong(p_.Song, p_.Entry, p_.List, *file);
     if (!error)
         error = file->Write(RecoveryComments({p_.Document.FileName(), written}));
     if (!error)

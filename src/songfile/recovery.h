@@ -22,7 +22,9 @@ namespace quavix {
 
 /// What recovery works with; all of it must outlive it.
 struct RecoveryParts {
-    const MainFields& Fields;
+    const SongFields& Song;
+    const EntryOptions& Entry;
+    const ProgramState& State;
     const MusicList& List;
     SongChanges& Changes;
     SongDocument& Document;

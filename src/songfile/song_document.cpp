@@ -11,7 +11,7 @@ namespace quavix {
 SongDocument::SongDocument(SongDocumentParts parts) : p_(std::move(parts)) {
     // From the first setting that is replaced on it is no longer the old file's song, however loading ends.
     p_.Reader.OnReplace = [this] {
-        p_.Fields.MusicIsPlaying = false;
+        p_.State.MusicIsPlaying = false;
         fileName_ = std::string();
     };
 }
@@ -19,7 +19,7 @@ SongDocument::SongDocument(SongDocumentParts parts) : p_(std::move(parts)) {
 bool SongDocument::New() {
     if (!MayClose())
         return false;
-    p_.Fields.MusicIsPlaying = false;
+    p_.State.MusicIsPlaying = false;
     {
         const MusicListReset reset(p_.List);
         p_.List.Clear();
@@ -37,9 +37,8 @@ void SongDocument::TellReplaced() const {
 }
 
 void SongDocument::ResetTiming() {
-    MainFields& fields = p_.Fields;
-    for (Setting* setting :
-         {&fields.BPM, &fields.BeatsPerBar, &fields.NoteSilenceRatio, &fields.AlternateTime})
+    SongFields& song = p_.Song;
+    for (Setting* setting : {&song.BPM, &song.BeatsPerBar, &song.NoteSilenceRatio, &song.AlternateTime})
         setting->Reset();
 }
 

@@ -16,7 +16,8 @@ namespace quavix {
 
 /// What a document works with; all of it must outlive the document.
 struct SongDocumentParts {
-    MainFields& Fields;
+    SongFields& Song;
+    ProgramState& State;
     MusicList& List;
     SongReader& Reader;
     SongWriter& Writer;

@@ -104,32 +104,32 @@ class LineWriter {
     std::error_code error_;
 };
 
-void WriteSettings(const MainFields& fields, LineWriter& lines) {
+void WriteSettings(const SongFields& song, const EntryOptions& entry, LineWriter& lines) {
     lines.Line(SongHeader, "");
     lines.NumberLine("Revision ", program::Revision);
     lines.Line("//", "Pitch and timing settings");
-    lines.NumberLine("KeyboardOctave ", fields.KeyboardOctave);
-    lines.NumberLine("BPM ", fields.BPM);
-    lines.NumberLine("TimeSig ", fields.BeatsPerBar);
-    lines.NumberLine("NoteSilenceRatio ", fields.NoteSilenceRatio);
-    lines.NumberLine("NoteLength ", fields.NoteLengthCombo.Get());
-    lines.Line("AlternateTime ", fields.AlternateTime.Text());
+    lines.NumberLine("KeyboardOctave ", entry.KeyboardOctave);
+    lines.NumberLine("BPM ", song.BPM);
+    lines.NumberLine("TimeSig ", song.BeatsPerBar);
+    lines.NumberLine("NoteSilenceRatio ", song.NoteSilenceRatio);
+    lines.NumberLine("NoteLength ", entry.NoteLengthCombo.Get());
+    lines.Line("AlternateTime ", song.AlternateTime.Text());
     lines.Line("//", "Editing settings");
     lines.Line("//", NoteClickFrame);
-    lines.CheckLine("NoteClickPlay ", fields.NoteClickPlayCheck.Get());
+    lines.CheckLine("NoteClickPlay ", entry.NoteClickPlayCheck.Get());
     lines.Line("//", AddingNoteFrame);
-    lines.CheckLine("NoteClickAdd ", fields.NoteClickAddCheck.Get());
-    lines.CheckLine("AddNote1 ", fields.AddNote1Option.Get());
-    lines.CheckLine("AddNote2 ", fields.AddNote2Option.Get());
-    lines.CheckLine("NoteReplace ", fields.NoteReplaceCheck.Get());
-    lines.CheckLine("NoteLengthReplace ", fields.NoteLengthReplaceCheck.Get());
+    lines.CheckLine("NoteClickAdd ", entry.NoteClickAddCheck.Get());
+    lines.CheckLine("AddNote1 ", entry.AddNote1Option.Get());
+    lines.CheckLine("AddNote2 ", entry.AddNote2Option.Get());
+    lines.CheckLine("NoteReplace ", entry.NoteReplaceCheck.Get());
+    lines.CheckLine("NoteLengthReplace ", entry.NoteLengthReplaceCheck.Get());
     lines.Line("//", NotesToPlayFrame);
     lines.Line("//", LineClickFrame);
-    lines.CheckLine("ClickPlayNote1 ", fields.ClickPlayNote1Check.Get());
-    lines.CheckLine("ClickPlayNote2 ", fields.ClickPlayNote2Check.Get());
+    lines.CheckLine("ClickPlayNote1 ", song.ClickPlayNote1Check.Get());
+    lines.CheckLine("ClickPlayNote2 ", song.ClickPlayNote2Check.Get());
     lines.Line("//", MusicPlayFrame);
-    lines.CheckLine("PlayNote1 ", fields.PlayNote1Check.Get());
-    lines.CheckLine("PlayNote2 ", fields.PlayNote2Check.Get());
+    lines.CheckLine("PlayNote1 ", song.PlayNote1Check.Get());
+    lines.CheckLine("PlayNote2 ", song.PlayNote2Check.Get());
 }
 
 void WriteMusic(const MusicList& list, LineWriter& lines) {
@@ -191,9 +191,10 @@ MusicLineText SplitMusicLine(std::span<char> line) {
     return cells;
 }
 
-std::error_code WriteSong(const MainFields& fields, const MusicList& list, FileWriter& file) {
+std::error_code WriteSong(const SongFields& song, const EntryOptions& entry, const MusicList& list,
+                          FileWriter& file) {
     LineWriter lines(file);
-    WriteSettings(fields, lines);
+    WriteSettings(song, entry, lines);
     WriteMusic(list, lines);
     return lines.Finish();
 }

@@ -57,7 +57,8 @@ MusicLineText SplitMusicLine(std::span<char> line);
 /// Writes the whole song file, from the header to the last row, in pieces of some 64 KiB. Does not commit.
 /// Returns the first error, with nothing written after it. Asks nothing and logs nothing, so that a song can
 /// be written anywhere at any time.
-std::error_code WriteSong(const MainFields& fields, const MusicList& list, FileWriter& file);
+std::error_code WriteSong(const SongFields& song, const EntryOptions& entry, const MusicList& list,
+                          FileWriter& file);
 
 /// Appends a row as it stands in a song file, "Quarter C4 - Dot" with "-" for an empty cell, without an end
 /// of line.

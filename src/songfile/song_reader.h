@@ -34,15 +34,15 @@ struct LoadResult {
 /// Loads songs from files into the main window's settings and the music list.
 class SongReader {
   public:
-    SongReader(MainFields& fields, MusicList& list, Files& files, MessageBoxes& boxes, FilePicker& picker,
-               LoadingView& view, DebugLog& log)
+    SongReader(SongFields& song, EntryOptions& entry, MusicList& list, Files& files, MessageBoxes& boxes,
+               FilePicker& picker, LoadingView& view, DebugLog& log)
         : list_(list),
           files_(files),
           boxes_(boxes),
           picker_(picker),
           view_(view),
           log_(log),
-          settings_(fields, log) {}
+          settings_(song, entry, log) {}
 
     /// Asks for a file name and loads the file; one that doesn't exist is told in a box.
     LoadResult LoadMusic();

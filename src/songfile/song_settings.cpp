@@ -13,36 +13,34 @@
 namespace quavix {
 namespace {
 
-struct SettingKey {
+template <typename Fields, typename Control>
+struct Key {
     std::string_view Name;
-    Setting MainFields::*Field;
+    Control Fields::*Field;
 };
 
-constexpr std::array<SettingKey, 5> SettingKeys{{
-    {"keyboardoctave", &MainFields::KeyboardOctave},
-    {"bpm", &MainFields::BPM},
-    {"timesig", &MainFields::BeatsPerBar},
-    {"notesilenceratio", &MainFields::NoteSilenceRatio},
-    {"alternatetime", &MainFields::AlternateTime},
+constexpr std::array<Key<SongFields, Setting>, 4> SongNumbers{{
+    {"bpm", &SongFields::BPM},
+    {"timesig", &SongFields::BeatsPerBar},
+    {"notesilenceratio", &SongFields::NoteSilenceRatio},
+    {"alternatetime", &SongFields::AlternateTime},
 }};
 
-struct CheckBoxKey {
-    std::string_view Name;
-    Watched<bool> MainFields::*Box;
-};
+constexpr std::array<Key<SongFields, Watched<bool>>, 4> SongBoxes{{
+    {"clickplaynote1", &SongFields::ClickPlayNote1Check},
+    {"clickplaynote2", &SongFields::ClickPlayNote2Check},
+    {"playnote1", &SongFields::PlayNote1Check},
+    {"playnote2", &SongFields::PlayNote2Check},
+}};
 
 // NoteReplaceCheck is left out on purpose: it is saved, but a song does not switch it.
-constexpr std::array<CheckBoxKey, 7> CheckBoxKeys{{
-    {"noteclickplay", &MainFields::NoteClickPlayCheck},
-    {"noteclickadd", &MainFields::NoteClickAddCheck},
-    {"notelengthreplace", &MainFields::NoteLengthReplaceCheck},
-    {"clickplaynote1", &MainFields::ClickPlayNote1Check},
-    {"clickplaynote2", &MainFields::ClickPlayNote2Check},
-    {"playnote1", &MainFields::PlayNote1Check},
-    {"playnote2", &MainFields::PlayNote2Check},
+constexpr std::array<Key<EntryOptions, Watched<bool>>, 3> EntryBoxes{{
+    {"noteclickplay", &EntryOptions::NoteClickPlayCheck},
+    {"noteclickadd", &EntryOptions::NoteClickAddCheck},
+    {"notelengthreplace", &EntryOptions::NoteLengthReplaceCheck},
 }};
 
-constexpr std::array<std::string_view, 3> OtherKeys{"notelength", "addnote1", "addnote2"};
+constexpr std::array<std::string_view, 4> OtherKeys{"keyboardoctave", "notelength", "addnote1", "addnote2"};
 constexpr std::size_t LongestKey = std::string_view("notelengthreplace").size();
 
 /// The key of that name, or null.
@@ -55,7 +53,8 @@ auto FindByName(const Keys& keys, std::string_view name) -> const typename Keys:
 
 bool IsKey(std::string_view name) {
     return std::find(OtherKeys.begin(), OtherKeys.end(), name) != OtherKeys.end() ||
-           FindByName(SettingKeys, name) != nullptr || FindByName(CheckBoxKeys, name) != nullptr;
+           FindByName(SongNumbers, name) != nullptr || FindByName(SongBoxes, name) != nullptr ||
+           FindByName(EntryBoxes, name) != nullptr;
 }
 
 /// "True" or "False" in any letter case, or a number, where everything but 0 is true.
@@ -78,7 +77,7 @@ void SetOption(Watched<bool>& option, Watched<bool>& other, bool selected) {
 }  // namespace
 
 void SongSettings::ResetTimeSig() {
-    fields_.BeatsPerBar.Reset();
+    song_.BeatsPerBar.Reset();
 }
 
 void SongSettings::Apply(std::string_view line) {
@@ -91,18 +90,24 @@ void SongSettings::Apply(std::string_view line) {
 }
 
 void SongSettings::ApplyValue(std::string_view name, const std::string& value) {
-    if (const SettingKey* key = FindByName(SettingKeys, name)) {
-        (fields_.*key->Field).Load(value);
+    if (const auto* number = FindByName(SongNumbers, name)) {
+        (song_.*number->Field).Load(value);
+    } else if (name == "keyboardoctave") {
+        entry_.KeyboardOctave.Load(value);
     } else if (name == "notelength") {
         const std::int32_t index = ToInt32(Val(value));
         if (parameter::NoteLength.Contains(index))
-            fields_.NoteLengthCombo = index;
+            entry_.NoteLengthCombo = index;
     } else if (name == "addnote1") {
-        SetOption(fields_.AddNote1Option, fields_.AddNote2Option, ToBoolean(value));
+        SetOption(entry_.AddNote1Option, entry_.AddNote2Option, ToBoolean(value));
     } else if (name == "addnote2") {
-        SetOption(fields_.AddNote2Option, fields_.AddNote1Option, ToBoolean(value));
+        SetOption(entry_.AddNote2Option, entry_.AddNote1Option, ToBoolean(value));
     } else {
-        fields_.*FindByName(CheckBoxKeys, name)->Box = ToInt16(Val(value)) != 0;
+        const bool ticked = ToInt16(Val(value)) != 0;
+        if (const auto* box = FindByName(SongBoxes, name))
+            song_.*box->Field = ticked;
+        else
+            entry_.*FindByName(EntryBoxes, name)->Field = ticked;
     }
 }
 

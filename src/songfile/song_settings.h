@@ -12,7 +12,8 @@ namespace quavix {
 /// Brings the settings lines of a song file into the main window's fields.
 class SongSettings {
   public:
-    SongSettings(MainFields& fields, DebugLog& log) : fields_(fields), log_(log) {}
+    SongSettings(SongFields& song, EntryOptions& entry, DebugLog& log)
+        : song_(song), entry_(entry), log_(log) {}
 
     /// What a song starts from: 4 beats per bar.
     void ResetTimeSig();
@@ -26,7 +27,8 @@ class SongSettings {
   private:
     void ApplyValue(std::string_view name, const std::string& value);
 
-    MainFields& fields_;
+    SongFields& song_;
+    EntryOptions& entry_;
     DebugLog& log_;
 };
 

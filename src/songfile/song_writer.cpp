@@ -26,7 +26,7 @@ bool SongWriter::SaveAs(const std::string& fileName) {
         TellNotWritable(fileName);
         return false;
     }
-    error = WriteSong(fields_, list_, *file);
+    error = WriteSong(song_, entry_, list_, *file);
     if (!error)
         error = file->Commit();
     RaiseFileError(error, fileName);

@@ -17,9 +17,9 @@ namespace quavix {
 /// Saves the song in a file that the user chooses.
 class SongWriter {
   public:
-    SongWriter(const MainFields& fields, const MusicList& list, Files& files, MessageBoxes& boxes,
-               FilePicker& picker, DebugLog& log)
-        : fields_(fields), list_(list), files_(files), boxes_(boxes), picker_(picker), log_(log) {}
+    SongWriter(const SongFields& song, const EntryOptions& entry, const MusicList& list, Files& files,
+               MessageBoxes& boxes, FilePicker& picker, DebugLog& log)
+        : song_(song), entry_(entry), list_(list), files_(files), boxes_(boxes), picker_(picker), log_(log) {}
 
     /// Asks for a file name and writes the file. An existing file is replaced after a question, in one step:
     /// it is whole at any moment, the old song or the new one. A file that can't be opened is told in a box;
@@ -37,7 +37,8 @@ class SongWriter {
     bool MayReplace(const std::string& fileName);
     void TellNotWritable(const std::string& fileName);
 
-    const MainFields& fields_;
+    const SongFields& song_;
+    const EntryOptions& entry_;
     const MusicList& list_;
     Files& files_;
     MessageBoxes& boxes_;

@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "songfile/song_text.h"
+#include "songfile/song_format.h"
 #include "support/simulated_desktop.h"
 
 namespace quavix {
@@ -35,8 +35,8 @@ TEST(DesktopProgram, OrdinarilyShowsNothing) {
     p.Start();
     EXPECT_TRUE(p.Boxes.Shown().empty());
     EXPECT_FALSE(p.App.Log.Enabled());
-    EXPECT_FALSE(p.App.Fields.UseWriteCode);
-    EXPECT_EQ(p.App.Fields.TickFreq.Units(), SimulatedTime::CountsPerSecond);
+    EXPECT_FALSE(p.App.Outputs.ToneCode.UseWriteCode);
+    EXPECT_EQ(p.App.Fields.State.TickFreq.Units(), SimulatedTime::CountsPerSecond);
     EXPECT_EQ(p.LoadedSong(), "");
 }
 
@@ -79,7 +79,7 @@ TEST(DesktopProgram, AToneCodeFileSwitchesToneCodeOnAndSaysSo) {
     Started p("");
     p.Disk.Put("/program/tonecode.txt", "");
     p.Start();
-    EXPECT_TRUE(p.App.Fields.UseWriteCode);
+    EXPECT_TRUE(p.App.Outputs.ToneCode.UseWriteCode);
     ASSERT_EQ(p.Boxes.Shown().size(), 1u);
     EXPECT_EQ(p.Boxes.Shown()[0].Title, "Writing of tone/silence code is enabled");
     EXPECT_EQ(p.Boxes.Shown()[0].Icon, BoxIcon::Information);
@@ -104,8 +104,8 @@ TEST(DesktopProgram, ASongThatCannotBeReadDoesNotKeepTheRestFromStarting) {
     p.Start();
     ASSERT_EQ(p.Boxes.Shown().size(), 2u);
     EXPECT_TRUE(p.Boxes.Shown()[0].Text.starts_with("Run-time error '70':"));
-    EXPECT_TRUE(p.App.Fields.UseFMODCheckEnabled);
-    EXPECT_TRUE(p.App.Fields.UseVoiceCheckEnabled);
+    EXPECT_TRUE(p.App.Fields.Mods.UseFMOD.Enabled);
+    EXPECT_TRUE(p.App.Fields.Mods.UseVoice.Enabled);
     EXPECT_TRUE(p.PriorityIsAskedFor());
     EXPECT_TRUE(p.TellsOfSongLeftBehind());
 }
@@ -131,8 +131,8 @@ TEST(DesktopProgram, StartsTheSoundLibraryThatLiesBesideTheProgram) {
     Started p("");
     p.Disk.Put("/program/FMODex.dll", "a library");
     p.Start();
-    EXPECT_TRUE(p.App.Fields.UseFMODCheckEnabled);
-    EXPECT_TRUE(p.App.Fields.UseVoiceCheckEnabled);
+    EXPECT_TRUE(p.App.Fields.Mods.UseFMOD.Enabled);
+    EXPECT_TRUE(p.App.Fields.Mods.UseVoice.Enabled);
     EXPECT_NE(p.Timeline.Text("fmod FMOD_System_PlayDSP"), "");
     EXPECT_EQ(p.App.Outputs.SoundMods.Generator.DSPType, 1);
     EXPECT_TRUE(p.Boxes.Shown().empty());
@@ -188,9 +188,9 @@ TEST(DesktopProgram, ItsEndReleasesTheVoiceThenTheEngineThenMidi) {
     Started p("");
     p.Disk.Put("/program/FMODex.dll", "a library");
     p.Start();
-    p.App.Fields.UseVoiceCheck = true;
+    p.App.Fields.Mods.UseVoice.Ticked = true;
     p.OpenMidiOut();
-    p.App.Fields.MIDIOutIsOpen = true;
+    p.App.Outputs.MidiOutput.MIDIOutIsOpen = true;
     p.App.Log.Enable();
     p.Desktop.CloseProgram();
     EXPECT_EQ(p.Timeline.Text(),

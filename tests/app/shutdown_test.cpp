@@ -17,7 +17,7 @@ TEST(Shutdown, LogsTheRequestFirstAndTheEndLastWithTheReleasesBetween) {
     test::SimulatedProgram p;
     p.App.Log.Enable();
     CountedEnd end;
-    Shutdown shutdown(p.App.Fields, p.App.Log, end);
+    Shutdown shutdown(p.App.Fields.State, p.App.Log, end);
     shutdown.BeforeShutDown([&] { p.App.Outputs.SoundMods.Singer.VoiceDoShutDownStuff(); });
     shutdown.OnShutDown([&] { p.App.Log.LogText("first output"); });
     shutdown.OnShutDown([&] { p.App.Log.LogText("second output"); });
@@ -34,7 +34,7 @@ TEST(Shutdown, LogsTheRequestFirstAndTheEndLastWithTheReleasesBetween) {
               "\n"
               "KILLING PROCESS (should be last line in log)\n");
     EXPECT_EQ(end.Ends, 1);
-    EXPECT_TRUE(p.App.Fields.ShuttingDown);
+    EXPECT_TRUE(p.App.Fields.State.ShuttingDown);
 }
 
 TEST(Shutdown, EndsTheProcessEvenIfNothingCanBeLoggedOrReleased) {
@@ -42,7 +42,7 @@ TEST(Shutdown, EndsTheProcessEvenIfNothingCanBeLoggedOrReleased) {
     p.App.Log.Enable();
     p.Disk.FailWriting("/program/debuglog.txt", std::errc::no_space_on_device);
     CountedEnd end;
-    Shutdown shutdown(p.App.Fields, p.App.Log, end);
+    Shutdown shutdown(p.App.Fields.State, p.App.Log, end);
     bool secondReleased = false;
     shutdown.OnShutDown([] { throw std::runtime_error("stuck"); });
     shutdown.OnShutDown([&] { secondReleased = true; });
@@ -54,7 +54,7 @@ TEST(Shutdown, EndsTheProcessEvenIfNothingCanBeLoggedOrReleased) {
 TEST(Shutdown, ASecondRequestMeanwhileDoesNothing) {
     test::SimulatedProgram p;
     CountedEnd end;
-    Shutdown shutdown(p.App.Fields, p.App.Log, end);
+    Shutdown shutdown(p.App.Fields.State, p.App.Log, end);
     shutdown.OnShutDown([&] { shutdown.CloseProgram(); });
     shutdown.CloseProgram();
     EXPECT_EQ(end.Ends, 1);

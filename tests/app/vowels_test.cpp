@@ -39,13 +39,24 @@ std::vector<float> Sing(const Vowel& vowel) {
     DebugLog log(disk, time, "log");
     EventBoundary handlers(boxes, log);
     Waiting wait(time, time);
-    SoundMods mods({fields, library, random, time, disk, boxes, wait, handlers, log, {}});
+    SoundMods mods({fields.Song,
+                    fields.Mods,
+                    fields.Output,
+                    library,
+                    random,
+                    time,
+                    disk,
+                    boxes,
+                    wait,
+                    handlers,
+                    log,
+                    {}});
     EngineRecording engine(library, time);
     mods.Singer.Load(engine.Output());
     engine.Begin(mods.Singer.VoiceSystem());
     mods.UseVoice.NoiseVolSlider = 0;
     mods.UseVoice.FormantRandomFreqSlider = 0;
-    fields.UseVoiceCheck = true;
+    fields.Mods.UseVoice.Ticked = true;
     mods.UseVoice.SpeechButton_Click(vowel);
     mods.Singer.ChangeVoiceVol(0.3);
     for (int ms = 10; ms <= 1300; ms += 10) {

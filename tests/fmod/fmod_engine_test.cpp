@@ -46,12 +46,12 @@ TEST_F(FmodEngineTest, StartsInTheLibrarysOrderWithASilentSquareWave) {
 }
 
 TEST_F(FmodEngineTest, TheLibraryBeingThereEnablesBothCheckBoxes) {
-    EXPECT_FALSE(P.App.Fields.UseFMODCheckEnabled);
-    EXPECT_FALSE(P.App.Fields.UseVoiceCheckEnabled);
+    EXPECT_FALSE(P.App.Fields.Mods.UseFMOD.Enabled);
+    EXPECT_FALSE(P.App.Fields.Mods.UseVoice.Enabled);
     StartUp();
-    EXPECT_TRUE(P.App.Fields.UseFMODCheckEnabled);
-    EXPECT_TRUE(P.App.Fields.UseVoiceCheckEnabled);
-    EXPECT_TRUE(P.App.Fields.FmodAvailable);
+    EXPECT_TRUE(P.App.Fields.Mods.UseFMOD.Enabled);
+    EXPECT_TRUE(P.App.Fields.Mods.UseVoice.Enabled);
+    EXPECT_TRUE(P.App.Outputs.SoundMods.FmodAvailable);
 }
 
 TEST_F(FmodEngineTest, WithoutTheLibraryNothingIsStartedAndNothingIsSaid) {
@@ -59,8 +59,8 @@ TEST_F(FmodEngineTest, WithoutTheLibraryNothingIsStartedAndNothingIsSaid) {
     P.App.Log.Enable();
     StartUp();
     EXPECT_EQ(P.Timeline.Text(), "");
-    EXPECT_FALSE(P.App.Fields.UseFMODCheckEnabled);
-    EXPECT_FALSE(P.App.Fields.UseVoiceCheckEnabled);
+    EXPECT_FALSE(P.App.Fields.Mods.UseFMOD.Enabled);
+    EXPECT_FALSE(P.App.Fields.Mods.UseVoice.Enabled);
     EXPECT_EQ(P.LogText(),
               "FileExists(\"/program/FMODex.dll\") = FALSE\n"
               "FMOD can NOT be used ('fmodex.dll' not seen)\n");
@@ -73,8 +73,8 @@ TEST_F(FmodEngineTest, ALibraryThatCannotBeLoadedIsToldOfAndNotUsed) {
     P.App.Log.Enable();
     StartUp();
     EXPECT_EQ(P.Timeline.Text("fmod"), "0.0000 fmod load /program/FMODex.dll\n");
-    EXPECT_FALSE(P.App.Fields.UseFMODCheckEnabled);
-    EXPECT_FALSE(P.App.Fields.UseVoiceCheckEnabled);
+    EXPECT_FALSE(P.App.Fields.Mods.UseFMOD.Enabled);
+    EXPECT_FALSE(P.App.Fields.Mods.UseVoice.Enabled);
     EXPECT_EQ(BoxTexts(),
               std::vector<std::string>{"FMODex.dll can't be loaded:\nit lacks FMOD_System_Init.\n\n"
                                        "The program goes on without FMOD and without the voice."});
@@ -129,7 +129,7 @@ TEST_F(FmodEngineTest, AnotherVersionIsToldOfAndUsedAllTheSame) {
     EXPECT_EQ(P.Boxes.Shown()[0].Title, "Quavix");
     EXPECT_EQ(P.Boxes.Shown()[0].Icon, BoxIcon::None);
     EXPECT_NE(P.Timeline.Text("fmod FMOD_System_PlayDSP"), "");
-    EXPECT_TRUE(P.App.Fields.UseFMODCheckEnabled);
+    EXPECT_TRUE(P.App.Fields.Mods.UseFMOD.Enabled);
 }
 
 TEST_F(FmodEngineTest, TheVersionIsShownInHexadecimalDigits) {

@@ -61,8 +61,8 @@ TEST_F(ToneGeneratorTest, LogsWhatItDoes) {
 }
 
 TEST_F(ToneGeneratorTest, HandlersRunWhileItSounds) {
-    P.Time.At(30, [this] { Fields.UseFMODCheck = false; });
-    Fields.UseFMODCheck = true;
+    P.Time.At(30, [this] { Fields.Mods.UseFMOD.Ticked = false; });
+    Fields.Mods.UseFMOD.Ticked = true;
     P.Timeline.Clear();
     Generator.FMODBeep(440, 100, false, false);
     EXPECT_EQ(P.Timeline.Text("fmod FMOD_Channel_SetPaused"),
@@ -96,13 +96,13 @@ TEST_F(ToneGeneratorTest, AfterAFailureTheToneGoesOn) {
 TEST_F(ToneGeneratorTest, StopPausesOnlyWhileFmodIsInUse) {
     Generator.FMODBeepStop();
     EXPECT_EQ(P.Timeline.Text(), "");
-    Fields.UseFMOD = true;
+    Fields.Mods.UseFMOD.InUse = true;
     Generator.FMODBeepStop();
     EXPECT_EQ(P.Timeline.Text(), "0.0000 fmod FMOD_Channel_SetPaused(channel1, 1)\n");
 }
 
 TEST_F(ToneGeneratorTest, StopAlsoStopsTheMotor) {
-    Fields.UseMotorCheck = true;
+    Fields.Mods.UseMotor.Ticked = true;
     Generator.FMODBeepStop();
     EXPECT_EQ(P.Timeline.Text("serial #"), "0.0000 serial #0p1470\\r\n");
 }

@@ -13,28 +13,28 @@ class NeverSilent : public testing::Test {
     test::SimulatedProgram P;
     MainFields& Fields = P.App.Fields;
     Watched<bool>& NeverSilentCheck = P.App.Outputs.SoundMods.UseFmod.NeverSilentCheck;
-    Setting& Ratio = P.App.Fields.NoteSilenceRatio;
+    Setting& Ratio = P.App.Fields.Song.NoteSilenceRatio;
 };
 
 TEST_F(NeverSilent, TiesAllNotesTogetherWhileItIsTicked) {
     Ratio.Set(70);
     NeverSilentCheck = true;
-    EXPECT_TRUE(Fields.DoNotShutUpFMOD);
+    EXPECT_TRUE(Fields.Output.DoNotShutUpFMOD);
     EXPECT_EQ(Ratio, 100);
-    EXPECT_EQ(Fields.NoteSilenceRatio.Text(), "100%");
+    EXPECT_EQ(Fields.Song.NoteSilenceRatio.Text(), "100%");
     NeverSilentCheck = false;
-    EXPECT_FALSE(Fields.DoNotShutUpFMOD);
+    EXPECT_FALSE(Fields.Output.DoNotShutUpFMOD);
     EXPECT_EQ(Ratio, 70);
-    EXPECT_EQ(Fields.NoteSilenceRatio.Text(), "70%");
+    EXPECT_EQ(Fields.Song.NoteSilenceRatio.Text(), "70%");
 }
 
 TEST_F(NeverSilent, ARatioThatTheUserChoseMeanwhileStays) {
     Ratio.Set(70);
     NeverSilentCheck = true;
     Ratio.Set(85);
-    EXPECT_TRUE(Fields.DoNotShutUpFMOD);
+    EXPECT_TRUE(Fields.Output.DoNotShutUpFMOD);
     NeverSilentCheck = false;
-    EXPECT_FALSE(Fields.DoNotShutUpFMOD);
+    EXPECT_FALSE(Fields.Output.DoNotShutUpFMOD);
     EXPECT_EQ(Ratio, 85);
 }
 
@@ -88,8 +88,8 @@ class UseFmodTest : public testing::Test {
 };
 
 TEST_F(UseFmodTest, TickingTheCheckBoxRoutesTonesToItAndShowsItsOptions) {
-    Fields.UseFMODCheck = true;
-    EXPECT_TRUE(Fields.UseFMOD);
+    Fields.Mods.UseFMOD.Ticked = true;
+    EXPECT_TRUE(Fields.Mods.UseFMOD.InUse);
     EXPECT_TRUE(P.App.Outputs.SoundMods.UseFmod.FMODOptionsFormVisible);
     std::string note = "A4";
     P.App.Outputs.ToneDispatcher.UniBeep(note, 100);
@@ -97,9 +97,9 @@ TEST_F(UseFmodTest, TickingTheCheckBoxRoutesTonesToItAndShowsItsOptions) {
     EXPECT_EQ(P.Timeline.Text("fmod FMOD_Channel_SetFrequency"),
               "0.0000 fmod FMOD_Channel_SetFrequency(channel1, 5277.888)\n");
     P.Timeline.Clear();
-    Fields.UseFMODCheck = false;
+    Fields.Mods.UseFMOD.Ticked = false;
     EXPECT_EQ(P.Timeline.Text(), "0.1000 fmod FMOD_Channel_SetPaused(channel1, 1)\n");
-    EXPECT_FALSE(Fields.UseFMOD);
+    EXPECT_FALSE(Fields.Mods.UseFMOD.InUse);
     EXPECT_FALSE(P.App.Outputs.SoundMods.UseFmod.FMODOptionsFormVisible);
     P.App.Outputs.ToneDispatcher.UniBeep(note, 100);
     EXPECT_EQ(P.Timeline.Text("speaker"), "0.1000 speaker 440 Hz 100 ms\n");
@@ -107,7 +107,7 @@ TEST_F(UseFmodTest, TickingTheCheckBoxRoutesTonesToItAndShowsItsOptions) {
 
 TEST_F(UseFmodTest, WithNeverSilentTonesOfASongAreNotPausedBetween) {
     P.SetSong({"1/8 C4 - -", "1/8 E4 - -", "1/8 - - -"});
-    Fields.UseFMODCheck = true;
+    Fields.Mods.UseFMOD.Ticked = true;
     P.App.Outputs.SoundMods.UseFmod.NeverSilentCheck = true;
     P.Timeline.Clear();
     P.Time.At(600, [this] { P.App.Playing.PlaybackEngine.StopPlayButton_Click(); });

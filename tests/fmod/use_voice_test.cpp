@@ -19,7 +19,7 @@ class UseVoiceTest : public testing::Test {
         return calls;
     }
     void Tick() {
-        P.App.Fields.UseVoiceCheck = true;
+        P.App.Fields.Mods.UseVoice.Ticked = true;
         P.Timeline.Clear();
     }
 
@@ -39,8 +39,8 @@ std::string FormantCalls(const Vowel& vowel) {
 }
 
 TEST_F(UseVoiceTest, TickingTheCheckBoxStartsTheVoiceSilently) {
-    P.App.Fields.VoiceVolSlider = 2500;
-    P.App.Fields.UseVoiceCheck = true;
+    P.App.Fields.Output.VoiceVolSlider = 2500;
+    P.App.Fields.Mods.UseVoice.Ticked = true;
     const std::string calls = Calls();
     EXPECT_TRUE(calls.starts_with("FMOD_System_Create()\n"));
     const std::size_t start = calls.find("FMOD_Channel_SetPaused");
@@ -58,27 +58,27 @@ TEST_F(UseVoiceTest, TickingTheCheckBoxStartsTheVoiceSilently) {
 
 TEST_F(UseVoiceTest, UntickingSilencesItAndTickingAgainUsesTheSameEngine) {
     Tick();
-    P.App.Fields.UseVoiceCheck = false;
+    P.App.Fields.Mods.UseVoice.Ticked = false;
     EXPECT_EQ(Calls(), "FMOD_ChannelGroup_SetVolume(VoiceChannel1, 0)\n");
     EXPECT_FALSE(Controls.VoiceInternalFormVisible);
     P.Time.RunUntil(500);
     EXPECT_EQ(Calls(), "") << "the formants rest";
-    P.App.Fields.UseVoiceCheck = true;
+    P.App.Fields.Mods.UseVoice.Ticked = true;
     const std::string calls = Calls();
     EXPECT_TRUE(calls.starts_with("FMOD_Channel_SetPaused(channel1, 0)\n"));
     EXPECT_TRUE(Controls.VoiceInternalFormVisible);
 }
 
 TEST_F(UseVoiceTest, ItsVolumeIsAudibleFromTheStart) {
-    EXPECT_GT(P.App.Fields.VoiceVolSlider, 0);
-    EXPECT_EQ(P.App.Fields.VoiceVolSlider, parameter::VoiceVol.Default);
+    EXPECT_GT(P.App.Fields.Output.VoiceVolSlider, 0);
+    EXPECT_EQ(P.App.Fields.Output.VoiceVolSlider, parameter::VoiceVol.Default);
 }
 
 TEST_F(UseVoiceTest, SlidersChangeTheVoiceAtOnce) {
     Tick();
     Controls.SawVolSlider = 5000;
     Controls.NoiseVolSlider = 2500;
-    P.App.Fields.VoiceVolSlider = 7500;
+    P.App.Fields.Output.VoiceVolSlider = 7500;
     Controls.CutoffFreqSlider = 3000;
     Controls.FormantDSPFreqSlider[2] = 2000;
     Controls.FormantDSPVolSlider[3] = 100;
@@ -109,7 +109,7 @@ TEST_F(UseVoiceTest, SlidersMovedBeforehandTakeEffectAtTheStart) {
     Controls.CutoffFreqSlider = 5000;
     Controls.FormantTimbreSlider = -100;
     EXPECT_EQ(Calls(), "") << "there is no voice yet";
-    P.App.Fields.UseVoiceCheck = true;
+    P.App.Fields.Mods.UseVoice.Ticked = true;
     const std::string calls = Calls();
     EXPECT_NE(calls.find("FMOD_ChannelGroup_SetVolume(SawChannel1, 0.4)\n"), std::string::npos);
     EXPECT_NE(calls.find("FMOD_DSP_SetParameter(unit5, 0, 5000)\n"), std::string::npos);
@@ -159,7 +159,7 @@ TEST_F(UseVoiceTest, ValuesStandBesideTheSlidersWithTheirUnits) {
     EXPECT_EQ(Controls.lblFormantTimbre.Get(), "0.0 %");
     EXPECT_EQ(Controls.lblFormantDSPFreq[3].Get(), "3355 Hz");
     EXPECT_EQ(Controls.lblFormantDSPVol[3].Get(), "60");
-    P.App.Fields.VoiceVolSlider = 1250;
+    P.App.Fields.Output.VoiceVolSlider = 1250;
     EXPECT_EQ(Controls.lblVoiceVol.Get(), "12.5 %");
     Controls.FormantTimbreSlider = 55;
     EXPECT_EQ(Controls.lblFormantTimbre.Get(), "+5.5 %");
@@ -171,7 +171,7 @@ TEST_F(UseVoiceTest, ValuesStandBesideTheSlidersWithTheirUnits) {
 
 TEST_F(UseVoiceTest, InASongTheVoiceFollowsNote2AndIsSilentAfterwards) {
     P.SetSong({"1/8 C4 A4 -", "1/8 C4 - -"});
-    P.App.Fields.VoiceVolSlider = 2500;
+    P.App.Fields.Output.VoiceVolSlider = 2500;
     Tick();
     P.Time.At(300, [this] { P.App.Playing.PlaybackEngine.StopPlayButton_Click(); });
     P.App.Playing.PlaybackEngine.PlayAllButton_Click();
@@ -188,7 +188,7 @@ TEST_F(UseVoiceTest, OnAMachineWithoutSoundTickingItShowsOneMessage) {
     for (const char* function : {"FMOD_System_CreateDSPByType", "FMOD_System_PlayDSP",
                                  "FMOD_System_CreateChannelGroup", "FMOD_DSP_SetParameter"})
         P.Library.Fail(function, 78);
-    P.App.Fields.UseVoiceCheck = true;
+    P.App.Fields.Mods.UseVoice.Ticked = true;
     ASSERT_EQ(P.Boxes.Shown().size(), 1u);
     EXPECT_EQ(
         P.Boxes.Shown()[0].Text,

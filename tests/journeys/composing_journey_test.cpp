@@ -46,14 +46,14 @@ TEST(Composing, FromNothingToASongThatSoundsTheSameWhenItIsOpenedAgain) {
     EXPECT_EQ(first.SongText(), "1/8 C4 - -\n1/8 F4 - -\n1/8 G4 - -\n");
     first.App.Playing.PlaybackEngine.MainList_ItemClick(2);
     first.App.Editing.ListEditing.Command1_Click();
-    first.App.Fields.NoteLengthCombo = 2;
+    first.App.Fields.Entry.NoteLengthCombo = 2;
     first.App.Playing.PianoKeys.PianoKey_Click(14);
     EXPECT_EQ(first.SongText(), "1/8 C4 - -\nQuarter D4 - -\n> 1/8 G4 - -\n");
     first.App.Playing.PlaybackEngine.MainList_ItemClick(2);
-    first.App.Fields.ModDottedCheck = true;
+    first.App.Fields.Entry.ModDottedCheck = true;
     first.App.Playing.PlaybackEngine.MainList_ItemClick(1);
-    first.App.Fields.NoteReplaceCheck = true;
-    first.App.Fields.AddNote2Option = true;
+    first.App.Fields.Entry.NoteReplaceCheck = true;
+    first.App.Fields.Entry.AddNote2Option = true;
     first.App.Playing.PianoKeys.PianoKey_Click(16);
     EXPECT_EQ(first.SongText(), "1/8 C4 E4 -\n> Quarter D4 - Dot\n1/8 G4 - -\n");
     const std::string heard = first.Listen();
@@ -70,7 +70,7 @@ TEST(Composing, FromNothingToASongThatSoundsTheSameWhenItIsOpenedAgain) {
     Session next("\"" + std::string(Song) + "\"", first.Disk.Content(Song));
     EXPECT_EQ(next.SongText(), "1/8 C4 E4 -\nQuarter D4 - Dot\n1/8 G4 - -\n");
     EXPECT_EQ(next.App.Storage.SongDocument.FileName().Get(), Song);
-    EXPECT_EQ(next.App.Fields.lblPlayPos.Get(), "01 05/08");
+    EXPECT_EQ(next.App.Editing.PositionDisplay.lblPlayPos.Get(), "01 05/08");
     EXPECT_EQ(next.Listen(), heard);
 }
 

@@ -8,7 +8,7 @@ namespace {
 
 TEST(PlaybackJourney, PlayAllPlaysLineAfterLineAndStartsOverUntilStopIsClicked) {
     test::SimulatedProgram p;
-    p.App.Fields.BPM.Set(120);
+    p.App.Fields.Song.BPM.Set(120);
     p.SetSong({"Quarter C4 - -", "Quarter E4 - -", "Half A4 - -"});
     p.Time.At(2600, [&] { p.App.Playing.PlaybackEngine.StopPlayButton_Click(); });
     p.App.Playing.PlaybackEngine.PlayAllButton_Click();

@@ -29,9 +29,10 @@ class ControlInstallerTest : public testing::Test {
 
     test::SimulatedProgram P;
     MainFields Fields;
-    ControlInstaller Controls{
-        {Fields, P.Disk, P.Batches, P.Clipboard, P.Boxes, P.App.Wait, P.App.Log, "/program", "/windows"}};
-    Watched<bool>* Checks[3] = {&Fields.UseMIDIFileCheck, &Fields.UseMIDIOutCheck, &Fields.UseMIDIInCheck};
+    ControlInstaller Controls{{Fields.Mods, Fields.State, P.Disk, P.Batches, P.Clipboard, P.Boxes, P.App.Wait,
+                               P.App.Log, "/program", "/windows"}};
+    Watched<bool>* Checks[3] = {&Fields.Mods.UseMIDIFile.Ticked, &Fields.Mods.UseMIDIOut.Ticked,
+                                &Fields.Mods.UseMIDIIn.Ticked};
 };
 
 TEST_F(ControlInstallerTest, AControlThatIsInPlaceIsUsedAtOnceAndNothingIsWritten) {
@@ -165,7 +166,7 @@ TEST_F(ControlInstallerTest, TheWaitHasNoEndButTheMarkersAndKeepsTheWindowAlive)
 TEST_F(ControlInstallerTest, ClosingTheProgramEndsTheWaitWithoutAMessage) {
     P.Disk.Put(Source, "module");
     P.Batches.OnLine = [](const std::string&) { return false; };
-    P.Time.At(5000, [&] { Fields.ShuttingDown = true; });
+    P.Time.At(5000, [&] { Fields.State.ShuttingDown = true; });
     EXPECT_FALSE(Controls.CopyFileToSystem32(Name));
     EXPECT_EQ(P.Time.Now(), 5000 * SimulatedTime::CountsPerMs);
     EXPECT_TRUE(P.Boxes.Shown().empty());
@@ -226,8 +227,8 @@ TEST_F(ControlInstallerTest, ASecondCopyOfTheProgramWaitsForTheFirstAndFindsTheC
 
 TEST_F(ControlInstallerTest, ASecondCopyOfTheProgramUsesTheControlWhileTheFirstStillRegistersIt) {
     P.Disk.Put(Source, "module");
-    ControlInstaller second{
-        {Fields, P.Disk, P.Batches, P.Clipboard, P.Boxes, P.App.Wait, P.App.Log, "/program", "/windows"}};
+    ControlInstaller second{{Fields.Mods, Fields.State, P.Disk, P.Batches, P.Clipboard, P.Boxes, P.App.Wait,
+                             P.App.Log, "/program", "/windows"}};
     std::optional<bool> inner;
     P.Time.At(50, [&] { inner = second.CopyFileToSystem32(Name); });
     EXPECT_TRUE(Controls.CopyFileToSystem32(Name));
@@ -266,21 +267,21 @@ TEST_F(ControlInstallerTest, AMarkerThatAKilledProgramLeftIsNoHindrance) {
 TEST_F(ControlInstallerTest, AControlThatCannotBeUsedIsNamedAndItsBoxAloneUnticked) {
     P.Disk.Put(Destination, "broken");
     TickAll();
-    EXPECT_FALSE(Controls.MakeReady(Name, Fields.UseMIDIOutCheck,
+    EXPECT_FALSE(Controls.MakeReady(Name, Fields.Mods.UseMIDIOut.Ticked,
                                     [] { return std::string("The file has version 2 of its interface."); }));
     ASSERT_EQ(P.Boxes.Shown().size(), 1u);
     const std::string text = P.Boxes.Shown()[0].Text;
     EXPECT_NE(text.find("The file has version 2 of its interface."), std::string::npos);
     EXPECT_NE(text.find("Please delete this file:\r\n/windows/system32/midiio32.ocx\r\n"), std::string::npos);
-    EXPECT_FALSE(Fields.UseMIDIOutCheck);
-    EXPECT_TRUE(Fields.UseMIDIInCheck);
+    EXPECT_FALSE(Fields.Mods.UseMIDIOut.Ticked);
+    EXPECT_TRUE(Fields.Mods.UseMIDIIn.Ticked);
 }
 
 TEST_F(ControlInstallerTest, ABoxThatWasUntickedMeanwhileStaysSo) {
     P.Disk.Put(Source, "module");
-    Fields.UseMIDIOutCheck = true;
-    P.Time.At(50, [&] { Fields.UseMIDIOutCheck = false; });
-    EXPECT_FALSE(Controls.MakeReady(Name, Fields.UseMIDIOutCheck, [] {
+    Fields.Mods.UseMIDIOut.Ticked = true;
+    P.Time.At(50, [&] { Fields.Mods.UseMIDIOut.Ticked = false; });
+    EXPECT_FALSE(Controls.MakeReady(Name, Fields.Mods.UseMIDIOut.Ticked, [] {
         ADD_FAILURE() << "the control is loaded";
         return std::string();
     }));
@@ -291,10 +292,10 @@ TEST_F(ControlInstallerTest, ABoxWhoseControlCannotBeCopiedIsUnticked) {
     P.Disk.Put(Source, "module");
     P.Disk.FailWriting(Destination, std::errc::permission_denied);
     P.App.Log.Enable();
-    Fields.UseMIDIOutCheck = true;
-    EXPECT_THROW(Controls.MakeReady(Name, Fields.UseMIDIOutCheck, [] { return std::string(); }),
+    Fields.Mods.UseMIDIOut.Ticked = true;
+    EXPECT_THROW(Controls.MakeReady(Name, Fields.Mods.UseMIDIOut.Ticked, [] { return std::string(); }),
                  RuntimeError);
-    EXPECT_FALSE(Fields.UseMIDIOutCheck);
+    EXPECT_FALSE(Fields.Mods.UseMIDIOut.Ticked);
     EXPECT_EQ(P.App.Log.LogIndent(), 0);
 }
 

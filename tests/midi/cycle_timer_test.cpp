@@ -23,8 +23,8 @@ class CycleTimerTest : public testing::Test {
     test::SimulatedProgram P;
     MainFields& Fields = P.App.Fields;
     std::function<void()> OnStep;
-    CycleTimer Timer{
-        {Fields, P.Time, P.App.Handlers, [this] { Step(); }, [this] { Timer.SetEnabled(false); }}};
+    CycleTimer Timer{{Fields.Song, Fields.State, P.Time, P.App.Handlers, [this] { Step(); },
+                      [this] { Timer.SetEnabled(false); }}};
 
   private:
     std::string steps_;
@@ -44,14 +44,14 @@ TEST_F(CycleTimerTest, TheFirstTickComesAfterTwoMsAndTheOthersInTheTimeOfTheText
 }
 
 TEST_F(CycleTimerTest, AStepThatSetsTheTimeSetsTheIntervalThatFollows) {
-    OnStep = [this] { Fields.AlternateTime.Type(P.Time.Now() < 130'000 ? "5" : "8"); };
+    OnStep = [this] { Fields.Song.AlternateTime.Type(P.Time.Now() < 130'000 ? "5" : "8"); };
     Timer.SetEnabled(true);
     P.Time.RunUntil(40);
     EXPECT_EQ(Steps(), "2 7 12 17 25 33 ");
 }
 
 TEST_F(CycleTimerTest, AnIntervalOfZeroIsTheShortest) {
-    Fields.AlternateTime.Type("0");
+    Fields.Song.AlternateTime.Type("0");
     Timer.SetEnabled(true);
     P.Time.RunUntil(6);
     EXPECT_EQ(Steps(), "2 3 4 5 6 ");
@@ -60,7 +60,7 @@ TEST_F(CycleTimerTest, AnIntervalOfZeroIsTheShortest) {
 TEST_F(CycleTimerTest, FractionsAreRoundedHalvesToEven) {
     Timer.SetEnabled(true);
     for (const auto& [text, interval] : {std::pair{"2.5", 2}, {"3.5", 4}, {"16.4", 16}}) {
-        Fields.AlternateTime.Type(text);
+        Fields.Song.AlternateTime.Type(text);
         EXPECT_EQ(Timer.Interval(), interval) << text;
     }
 }
@@ -68,10 +68,10 @@ TEST_F(CycleTimerTest, FractionsAreRoundedHalvesToEven) {
 TEST_F(CycleTimerTest, ATextThatIsNoNumberLeavesTheIntervalAsItWas) {
     Timer.SetEnabled(true);
     P.Time.RunUntil(10);
-    Fields.AlternateTime.Type("");
+    Fields.Song.AlternateTime.Type("");
     P.Time.RunUntil(70);
     EXPECT_EQ(Steps(), "2 22 42 62 ");
-    Fields.AlternateTime.Type("1e300");
+    Fields.Song.AlternateTime.Type("1e300");
     P.Time.RunUntil(90);
     EXPECT_EQ(Steps(), "82 ");
     EXPECT_TRUE(P.Boxes.Shown().empty());
@@ -79,8 +79,8 @@ TEST_F(CycleTimerTest, ATextThatIsNoNumberLeavesTheIntervalAsItWas) {
 
 TEST_F(CycleTimerTest, AMistypedIntervalDoesNotLastUntilItsEnd) {
     Timer.SetEnabled(true);
-    P.Time.At(5, [this] { Fields.AlternateTime.Type("100000"); });
-    P.Time.At(505, [this] { Fields.AlternateTime.Type("100"); });
+    P.Time.At(5, [this] { Fields.Song.AlternateTime.Type("100000"); });
+    P.Time.At(505, [this] { Fields.Song.AlternateTime.Type("100"); });
     P.Time.RunUntil(700);
     EXPECT_EQ(Steps(), "2 505 602 ");
 }
@@ -124,7 +124,7 @@ TEST_F(CycleTimerTest, AStepMayDisableIt) {
 
 TEST_F(CycleTimerTest, NothingTicksAfterItsEnd) {
     {
-        CycleTimer other({Fields, P.Time, P.App.Handlers, [this] { Step(); }, [] {}});
+        CycleTimer other({Fields.Song, Fields.State, P.Time, P.App.Handlers, [this] { Step(); }, [] {}});
         other.SetEnabled(true);
     }
     P.Time.RunUntil(10);

@@ -54,12 +54,12 @@ class HeldNoteCyclerTest : public testing::Test {
     MainFields& Fields = P.App.Fields;
     RecordedTones Sounds{P.Time, P.Timeline};
     FmodToneGenerator& Generator = P.App.Outputs.SoundMods.Generator;
-    HeldNoteCycler Cycler{Fields, Sounds, Generator};
+    HeldNoteCycler Cycler{Fields.Song, Fields.View, Sounds, Generator};
     test::CyclingForm Form{P.App.Handlers};
 };
 
 TEST_F(HeldNoteCyclerTest, WithoutHeldNotesAStepShowsNoneAndSilencesTheGenerator) {
-    Fields.UseFMOD = true;
+    Fields.Mods.UseFMOD.InUse = true;
     Form.Press({60});
     Step();
     P.Timeline.Clear();
@@ -75,8 +75,8 @@ TEST_F(HeldNoteCyclerTest, WithoutHeldNotesAStepShowsNoneAndSilencesTheGenerator
 TEST_F(HeldNoteCyclerTest, WithoutHeldNotesTheAutomaticTimeIsFifteen) {
     Form.AutoTimeCheck = true;
     Step();
-    EXPECT_EQ(Fields.AlternateTime, 15);
-    EXPECT_EQ(Fields.AlternateTime.Text(), "15");
+    EXPECT_EQ(Fields.Song.AlternateTime, 15);
+    EXPECT_EQ(Fields.Song.AlternateTime.Text(), "15");
 }
 
 TEST_F(HeldNoteCyclerTest, PulsesTheHeldNotesFromTheLowestToTheHighestAndAgain) {
@@ -88,8 +88,8 @@ TEST_F(HeldNoteCyclerTest, PulsesTheHeldNotesFromTheLowestToTheHighestAndAgain) 
 }
 
 TEST_F(HeldNoteCyclerTest, APulseHandedToTheProgramsTonesLastsTheAlternateTime) {
-    HeldNoteCycler cycler(Fields, P.App.Outputs.ToneDispatcher, Generator);
-    Fields.AlternateTime.Set(33);
+    HeldNoteCycler cycler(Fields.Song, Fields.View, P.App.Outputs.ToneDispatcher, Generator);
+    Fields.Song.AlternateTime.Set(33);
     Form.Press({57});
     cycler.PlayLiveMIDIInput(Form);
     EXPECT_EQ(P.Timeline.Text(), "0.0000 speaker 440 Hz 33 ms\n");
@@ -107,17 +107,17 @@ TEST_F(HeldNoteCyclerTest, ShowsTheHeldNotesAndTheOneThatIsPulsed) {
 TEST_F(HeldNoteCyclerTest, ThePlayingLabelIsShownForTheLengthOfThePulse) {
     Form.Press({60});
     bool shownInTone = false;
-    Sounds.OnTone = [&] { shownInTone = Fields.BeepTextLabelVisible; };
+    Sounds.OnTone = [&] { shownInTone = Fields.View.BeepTextLabelVisible; };
     Step();
     EXPECT_TRUE(shownInTone);
-    EXPECT_FALSE(Fields.BeepTextLabelVisible);
+    EXPECT_FALSE(Fields.View.BeepTextLabelVisible);
 }
 
 TEST_F(HeldNoteCyclerTest, ThePlayingLabelIsHiddenAlsoAfterATheToneHasFailed) {
     Form.Press({60});
     Sounds.OnTone = [] { throw RuntimeError(RuntimeError::Overflow); };
     EXPECT_THROW(Step(), RuntimeError);
-    EXPECT_FALSE(Fields.BeepTextLabelVisible);
+    EXPECT_FALSE(Fields.View.BeepTextLabelVisible);
 }
 
 TEST_F(HeldNoteCyclerTest, ThirtyTwoNotesFillTheGrid) {
@@ -155,7 +155,7 @@ TEST_F(HeldNoteCyclerTest, AllHundredAndTwentyEightNotesAreCycled) {
 }
 
 TEST_F(HeldNoteCyclerTest, NotesThatComeAndGoTakeEffectAtTheNextStep) {
-    Fields.UseFMOD = true;
+    Fields.Mods.UseFMOD.InUse = true;
     Form.Press({60, 64});
     Step();  // C5
     Form.Press({62});
@@ -244,8 +244,8 @@ TEST_P(AutomaticTimeTest, DividesThirtyMillisecondsAmongTheHeldNotes) {
     Form.AutoTimeCheck = true;
     Form.PressRange(0, GetParam().Held);
     Step();
-    EXPECT_EQ(Fields.AlternateTime, GetParam().Time);
-    EXPECT_EQ(Fields.AlternateTime.Text(), std::to_string(GetParam().Time));
+    EXPECT_EQ(Fields.Song.AlternateTime, GetParam().Time);
+    EXPECT_EQ(Fields.Song.AlternateTime.Text(), std::to_string(GetParam().Time));
     EXPECT_NE(P.Timeline.Text().find(fmt::format(" {} ms ", GetParam().Time)), std::string::npos)
         << "the step's own pulse lasts as long";
 }
@@ -261,12 +261,12 @@ TEST_F(HeldNoteCyclerTest, ATimeTooShortForItsTextBoxTakesEffectAllTheSame) {
     Form.AutoTimeCheck = true;
     Form.Press({60, 64, 67});
     Step();
-    EXPECT_EQ(Fields.AlternateTime.BackColor(), colour::Orange);
-    EXPECT_EQ(Fields.AlternateTime, 10);
+    EXPECT_EQ(Fields.Song.AlternateTime.BackColor(), colour::Orange);
+    EXPECT_EQ(Fields.Song.AlternateTime, 10);
     Form.Release({60});
     Step();
-    EXPECT_EQ(Fields.AlternateTime.BackColor(), colour::WindowBackground);
-    EXPECT_EQ(Fields.AlternateTime, 15);
+    EXPECT_EQ(Fields.Song.AlternateTime.BackColor(), colour::WindowBackground);
+    EXPECT_EQ(Fields.Song.AlternateTime, 15);
 }
 
 TEST_F(HeldNoteCyclerTest, TheAutomaticTimeIsNoChangeOfTheSong) {
@@ -274,16 +274,16 @@ TEST_F(HeldNoteCyclerTest, TheAutomaticTimeIsNoChangeOfTheSong) {
     Form.AutoTimeCheck = true;
     Form.Press({60, 64});
     Step();
-    EXPECT_EQ(Fields.AlternateTime.Text(), "15");
-    EXPECT_FALSE(Fields.Modified);
+    EXPECT_EQ(Fields.Song.AlternateTime.Text(), "15");
+    EXPECT_FALSE(P.App.Editing.EditHistory.Modified);
     EXPECT_EQ(P.App.Storage.SongChanges.Count, changes);
-    Fields.AlternateTime.Type("33");
-    EXPECT_TRUE(Fields.Modified);
+    Fields.Song.AlternateTime.Type("33");
+    EXPECT_TRUE(P.App.Editing.EditHistory.Modified);
     EXPECT_GT(P.App.Storage.SongChanges.Count, changes);
     Step();
-    EXPECT_TRUE(Fields.Modified) << "the user's change is one";
-    Fields.AlternateTime.Type("20");
-    EXPECT_FALSE(Fields.Modified);
+    EXPECT_TRUE(P.App.Editing.EditHistory.Modified) << "the user's change is one";
+    Fields.Song.AlternateTime.Type("20");
+    EXPECT_FALSE(P.App.Editing.EditHistory.Modified);
 }
 
 TEST_F(HeldNoteCyclerTest, ASongThatWasSavedWithTheAutomaticTimeHasIt) {
@@ -292,17 +292,17 @@ TEST_F(HeldNoteCyclerTest, ASongThatWasSavedWithTheAutomaticTimeHasIt) {
     Step();
     P.App.Editing.EditHistory.MarkSaved();
     Step();
-    EXPECT_FALSE(Fields.Modified);
-    Fields.AlternateTime.Type("20");
-    EXPECT_TRUE(Fields.Modified);
+    EXPECT_FALSE(P.App.Editing.EditHistory.Modified);
+    Fields.Song.AlternateTime.Type("20");
+    EXPECT_TRUE(P.App.Editing.EditHistory.Modified);
 }
 
 TEST_F(HeldNoteCyclerTest, WithoutTheAutomaticTimeTheAlternateTimeStaysTheUsers) {
-    Fields.AlternateTime.Type("100");
+    Fields.Song.AlternateTime.Type("100");
     Form.Press({60, 64, 67});
     Step();
-    EXPECT_EQ(Fields.AlternateTime, 100);
-    EXPECT_EQ(Fields.AlternateTime.Text(), "100");
+    EXPECT_EQ(Fields.Song.AlternateTime, 100);
+    EXPECT_EQ(Fields.Song.AlternateTime.Text(), "100");
 }
 
 }  // namespace

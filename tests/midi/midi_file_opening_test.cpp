@@ -194,8 +194,8 @@ TEST(MidiFileOpening, AFileWithoutAnyEventIsOpenButCannotBePlayed) {
 TEST(MidiFileOpening, CanBeInterrupted) {
     const std::function<void(MidiFileProgram&)> ways[] = {
         [](MidiFileProgram& p) { p.Form.cmdStop_Click(); },
-        [](MidiFileProgram& p) { p.App.Fields.UseMIDIFileCheck = false; },
-        [](MidiFileProgram& p) { p.App.Fields.ShuttingDown = true; },
+        [](MidiFileProgram& p) { p.App.Fields.Mods.UseMIDIFile.Ticked = false; },
+        [](MidiFileProgram& p) { p.App.Fields.State.ShuttingDown = true; },
     };
     for (const auto& stop : ways) {
         MidiFileProgram p;

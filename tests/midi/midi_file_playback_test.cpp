@@ -282,12 +282,12 @@ TEST(MidiFilePlayback, ThePulsesGoToTheOutputThatIsInUse) {
 TEST(MidiFilePlayback, StoppedInTheMiddleOfAToneItStaysStopped) {
     MidiFileProgram p;
     p.Open(MidiSong({{0, NoteOnOf(60)}, {1000, NoteOffOf(60)}}));
-    p.App.Fields.MutePCSpeaker = true;  // such a tone lets handlers run
+    p.App.Fields.Output.MutePCSpeaker = true;  // such a tone lets handlers run
     p.PlayAt(0);
     p.StopAt(8);
     p.Time.RunUntil(500);
     EXPECT_FALSE(p.Form.IsPlaying());
-    EXPECT_FALSE(p.App.Fields.BeepTextLabelVisible);
+    EXPECT_FALSE(p.App.Fields.View.BeepTextLabelVisible);
     EXPECT_EQ(p.Form.lblHeldCount.Get(), " (1)");
 }
 
@@ -297,7 +297,7 @@ TEST(MidiFilePlayback, WhatIsPressedInTheLastToneOvertakesTheLoop) {
         MidiFileProgram p;
         p.Open(MidiSong({{0, NoteOnOf(60)}, {28, {0xC0, 1}}}));
         p.Form.chkLoop = true;
-        p.App.Fields.MutePCSpeaker = true;
+        p.App.Fields.Output.MutePCSpeaker = true;
         p.PlayAt(0);
         p.Time.At(40, [&] { press(p); });
         p.Time.RunUntil(70);
@@ -305,7 +305,7 @@ TEST(MidiFilePlayback, WhatIsPressedInTheLastToneOvertakesTheLoop) {
     };
     EXPECT_TRUE(played([](MidiFileProgram&) {}));
     EXPECT_FALSE(played([](MidiFileProgram& p) { p.Form.cmdStop_Click(); }));
-    EXPECT_FALSE(played([](MidiFileProgram& p) { p.App.Fields.UseMIDIFileCheck = false; }));
+    EXPECT_FALSE(played([](MidiFileProgram& p) { p.App.Fields.Mods.UseMIDIFile.Ticked = false; }));
     EXPECT_FALSE(played([](MidiFileProgram& p) { p.Form.sldPosition_Change(0); }));
     EXPECT_FALSE(played([](MidiFileProgram& p) { p.Open(TwoNotes); }));
 }
@@ -314,7 +314,7 @@ TEST(MidiFilePlayback, TheProgramClosedInTheMiddlePlaysNothingMore) {
     MidiFileProgram p;
     p.Open(MidiSong({{0, NoteOnOf(60)}, {1000, NoteOffOf(60)}}));
     p.PlayAt(0);
-    p.Time.At(40, [&] { p.App.Fields.ShuttingDown = true; });
+    p.Time.At(40, [&] { p.App.Fields.State.ShuttingDown = true; });
     p.TonesUntil(60);
     EXPECT_EQ(p.TonesUntil(500), "");
 }

@@ -15,7 +15,7 @@ struct MidiFileProgram : SimulatedProgram {
     MidiFileProgram() {
         MidiFiles.Real = &Reader;
         Disk.Put("/windows/system32/midifl32.ocx", "the control");
-        App.Fields.UseMIDIFileCheck = true;
+        App.Fields.Mods.UseMIDIFile.Ticked = true;
     }
 
     /// Browses for a file with this content.

@@ -34,10 +34,10 @@ TEST(MidiFileSwitch, TickingShowsTheWindowAndDisablesMidiInput) {
     SimulatedProgram p;
     p.Disk.Put(ControlFile, "the control");
     p.App.Log.Enable();
-    p.App.Fields.UseMIDIFileCheck = true;
+    p.App.Fields.Mods.UseMIDIFile.Ticked = true;
     EXPECT_TRUE(p.App.Playing.MidiFilePlayback.MIDIFileFormVisible);
-    EXPECT_TRUE(p.App.Fields.UseMIDIFile);
-    EXPECT_FALSE(p.App.Fields.UseMIDIInCheckEnabled);
+    EXPECT_TRUE(p.App.Fields.Mods.UseMIDIFile.InUse);
+    EXPECT_FALSE(p.App.Fields.Mods.UseMIDIIn.Enabled);
     EXPECT_TRUE(p.App.Playing.MidiFilePlayback.AutoTimeCheck);
     const std::string log = Unindented(p.LogText());
     EXPECT_THAT(log, testing::StartsWith("UseMIDIFileCheck has been clicked - START\n"
@@ -56,10 +56,10 @@ TEST(MidiFileSwitch, TickingShowsTheWindowAndDisablesMidiInput) {
 TEST(MidiFileSwitch, UntickingHidesTheWindowAndEnablesMidiInput) {
     MidiFileProgram p;
     p.App.Log.Enable();
-    p.App.Fields.UseMIDIFileCheck = false;
+    p.App.Fields.Mods.UseMIDIFile.Ticked = false;
     EXPECT_FALSE(p.Form.MIDIFileFormVisible);
-    EXPECT_FALSE(p.App.Fields.UseMIDIFile);
-    EXPECT_TRUE(p.App.Fields.UseMIDIInCheckEnabled);
+    EXPECT_FALSE(p.App.Fields.Mods.UseMIDIFile.InUse);
+    EXPECT_TRUE(p.App.Fields.Mods.UseMIDIIn.Enabled);
     EXPECT_EQ(Unindented(p.LogText()),
               "UseMIDIFileCheck has been clicked - START\n"
               "Value is 0\n"
@@ -68,9 +68,9 @@ TEST(MidiFileSwitch, UntickingHidesTheWindowAndEnablesMidiInput) {
 
 TEST(MidiFileSwitch, TheWindowIsLoadedOnce) {
     MidiFileProgram p;
-    p.App.Fields.UseMIDIFileCheck = false;
+    p.App.Fields.Mods.UseMIDIFile.Ticked = false;
     p.App.Log.Enable();
-    p.App.Fields.UseMIDIFileCheck = true;
+    p.App.Fields.Mods.UseMIDIFile.Ticked = true;
     EXPECT_THAT(p.LogText(), testing::Not(HasSubstr("Form_Load")));
 }
 
@@ -78,11 +78,11 @@ TEST(MidiFileSwitch, UntickingStopsPlaybackAndTickingLetsItResume) {
     MidiFileProgram p;
     p.Open(MidiSong({{0, NoteOnOf(60)}, {40, NoteOffOf(60)}, {300, NoteOnOf(64)}, {330, NoteOffOf(64)}}));
     p.PlayAt(0);
-    p.Time.At(60, [&] { p.App.Fields.UseMIDIFileCheck = false; });
+    p.Time.At(60, [&] { p.App.Fields.Mods.UseMIDIFile.Ticked = false; });
     p.TonesUntil(100);
     EXPECT_FALSE(p.Form.IsPlaying());
     EXPECT_EQ(p.TonesUntil(500), "");
-    p.App.Fields.UseMIDIFileCheck = true;
+    p.App.Fields.Mods.UseMIDIFile.Ticked = true;
     EXPECT_EQ(p.Position(), "40.00% 00:00.30");
     p.PlayAt(1000);
     EXPECT_EQ(p.TonesUntil(1030), "1.0150 speaker 659 Hz 15 ms\n");
@@ -90,24 +90,24 @@ TEST(MidiFileSwitch, UntickingStopsPlaybackAndTickingLetsItResume) {
 
 TEST(MidiFileSwitch, UntickingLeavesTheAlternateTimeOfWhoHasNotPlayed) {
     MidiFileProgram p;
-    p.App.Fields.UseMIDIFileCheck = false;
-    EXPECT_EQ(p.App.Fields.AlternateTime.Text(), "20");
+    p.App.Fields.Mods.UseMIDIFile.Ticked = false;
+    EXPECT_EQ(p.App.Fields.Song.AlternateTime.Text(), "20");
 }
 
 TEST(MidiFileSwitch, WithoutTheControlNothingIsSwitchedOn) {
     SimulatedProgram p;
-    p.App.Fields.UseMIDIFileCheck = true;
+    p.App.Fields.Mods.UseMIDIFile.Ticked = true;
     ASSERT_EQ(p.Boxes.Shown().size(), 1U);
     EXPECT_EQ(p.Boxes.Shown()[0].Title, "Can't see a needed file!");
-    EXPECT_FALSE(p.App.Fields.UseMIDIFileCheck);
+    EXPECT_FALSE(p.App.Fields.Mods.UseMIDIFile.Ticked);
     EXPECT_FALSE(p.App.Playing.MidiFilePlayback.MIDIFileFormVisible);
-    EXPECT_TRUE(p.App.Fields.UseMIDIInCheckEnabled);
+    EXPECT_TRUE(p.App.Fields.Mods.UseMIDIIn.Enabled);
 }
 
 TEST(MidiFileSwitch, TheFirstUseInstallsTheControl) {
     SimulatedProgram p;
     p.Disk.Put("/program/midifl32.ocx", "the control");
-    p.App.Fields.UseMIDIFileCheck = true;
+    p.App.Fields.Mods.UseMIDIFile.Ticked = true;
     EXPECT_EQ(p.Disk.Content(ControlFile), "the control");
     EXPECT_TRUE(p.App.Playing.MidiFilePlayback.MIDIFileFormVisible);
     EXPECT_THAT(p.Boxes.Shown(), IsEmpty());
@@ -116,8 +116,8 @@ TEST(MidiFileSwitch, TheFirstUseInstallsTheControl) {
 TEST(MidiFileSwitch, TheProgramClosedWhileTheControlRegistersShowsNothing) {
     SimulatedProgram p;
     p.Disk.Put("/program/midifl32.ocx", "the control");
-    p.Time.At(50, [&] { p.App.Fields.ShuttingDown = true; });
-    p.App.Fields.UseMIDIFileCheck = true;
+    p.Time.At(50, [&] { p.App.Fields.State.ShuttingDown = true; });
+    p.App.Fields.Mods.UseMIDIFile.Ticked = true;
     EXPECT_FALSE(p.App.Playing.MidiFilePlayback.MIDIFileFormVisible);
     EXPECT_THAT(p.Boxes.Shown(), IsEmpty());
 }
@@ -125,10 +125,10 @@ TEST(MidiFileSwitch, TheProgramClosedWhileTheControlRegistersShowsNothing) {
 TEST(MidiFileSwitch, UntickedWhileTheControlRegistersItStaysOff) {
     SimulatedProgram p;
     p.Disk.Put("/program/midifl32.ocx", "the control");
-    p.Time.At(50, [&] { p.App.Fields.UseMIDIFileCheck = false; });
-    p.App.Fields.UseMIDIFileCheck = true;
+    p.Time.At(50, [&] { p.App.Fields.Mods.UseMIDIFile.Ticked = false; });
+    p.App.Fields.Mods.UseMIDIFile.Ticked = true;
     EXPECT_FALSE(p.App.Playing.MidiFilePlayback.MIDIFileFormVisible);
-    EXPECT_TRUE(p.App.Fields.UseMIDIInCheckEnabled);
+    EXPECT_TRUE(p.App.Fields.Mods.UseMIDIIn.Enabled);
 }
 
 TEST(MidiFileSwitch, TickedWhileMidiInputIsInstalledItIsTheOneThatIsOn) {
@@ -136,13 +136,13 @@ TEST(MidiFileSwitch, TickedWhileMidiInputIsInstalledItIsTheOneThatIsOn) {
     p.Disk.Put(ControlFile, "the control");
     p.Disk.Put("/program/midiio32.ocx", "the other control");
     p.MidiIn.Devices = {"Keyboard"};
-    p.Time.At(50, [&] { p.App.Fields.UseMIDIFileCheck = true; });
-    p.App.Fields.UseMIDIInCheck = true;
-    EXPECT_TRUE(p.App.Fields.UseMIDIFile);
-    EXPECT_TRUE(p.App.Fields.UseMIDIFileCheckEnabled);
-    EXPECT_FALSE(p.App.Fields.UseMIDIInCheck);
-    EXPECT_FALSE(p.App.Fields.UseMIDIInCheckEnabled);
-    EXPECT_FALSE(p.App.Fields.MIDIInIsOpen);
+    p.Time.At(50, [&] { p.App.Fields.Mods.UseMIDIFile.Ticked = true; });
+    p.App.Fields.Mods.UseMIDIIn.Ticked = true;
+    EXPECT_TRUE(p.App.Fields.Mods.UseMIDIFile.InUse);
+    EXPECT_TRUE(p.App.Fields.Mods.UseMIDIFile.Enabled);
+    EXPECT_FALSE(p.App.Fields.Mods.UseMIDIIn.Ticked);
+    EXPECT_FALSE(p.App.Fields.Mods.UseMIDIIn.Enabled);
+    EXPECT_FALSE(p.App.Playing.MidiInput.MIDIInIsOpen);
     EXPECT_FALSE(p.App.Playing.MidiInput.MIDIInFormVisible);
 }
 
@@ -151,12 +151,12 @@ TEST(MidiFileSwitch, WhileItIsInstalledMidiInputCanBeTickedInstead) {
     p.Disk.Put("/program/midifl32.ocx", "the control");
     p.Disk.Put("/windows/system32/midiio32.ocx", "the other control");
     p.MidiIn.Devices = {"Keyboard"};
-    p.Time.At(50, [&] { p.App.Fields.UseMIDIInCheck = true; });
-    p.App.Fields.UseMIDIFileCheck = true;
-    EXPECT_TRUE(p.App.Fields.MIDIInIsOpen);
-    EXPECT_TRUE(p.App.Fields.UseMIDIInCheckEnabled);
-    EXPECT_FALSE(p.App.Fields.UseMIDIFileCheck);
-    EXPECT_FALSE(p.App.Fields.UseMIDIFileCheckEnabled);
+    p.Time.At(50, [&] { p.App.Fields.Mods.UseMIDIIn.Ticked = true; });
+    p.App.Fields.Mods.UseMIDIFile.Ticked = true;
+    EXPECT_TRUE(p.App.Playing.MidiInput.MIDIInIsOpen);
+    EXPECT_TRUE(p.App.Fields.Mods.UseMIDIIn.Enabled);
+    EXPECT_FALSE(p.App.Fields.Mods.UseMIDIFile.Ticked);
+    EXPECT_FALSE(p.App.Fields.Mods.UseMIDIFile.Enabled);
     EXPECT_FALSE(p.App.Playing.MidiFilePlayback.MIDIFileFormVisible);
 }
 
@@ -165,21 +165,21 @@ TEST(MidiFileSwitch, AFileNamedFromOutsideSwitchesMidiInputOff) {
     p.Disk.Put(ControlFile, "the control");
     p.Disk.Put("/windows/system32/midiio32.ocx", "the other control");
     p.MidiIn.Devices = {"Keyboard"};
-    p.App.Fields.UseMIDIInCheck = true;
+    p.App.Fields.Mods.UseMIDIIn.Ticked = true;
     p.App.Playing.MidiFilePlayback.UseFile("song.mid");
-    EXPECT_TRUE(p.App.Fields.UseMIDIFile);
-    EXPECT_FALSE(p.App.Fields.UseMIDIInCheck);
-    EXPECT_FALSE(p.App.Fields.MIDIInIsOpen);
+    EXPECT_TRUE(p.App.Fields.Mods.UseMIDIFile.InUse);
+    EXPECT_FALSE(p.App.Fields.Mods.UseMIDIIn.Ticked);
+    EXPECT_FALSE(p.App.Playing.MidiInput.MIDIInIsOpen);
 }
 
 TEST(MidiFileSwitch, ABrokenControlIsToldOf) {
     SimulatedProgram p;
     p.Disk.Put(ControlFile, "no library");
     p.MidiFiles.LoadProblem = "It is no library.";
-    p.App.Fields.UseMIDIFileCheck = true;
+    p.App.Fields.Mods.UseMIDIFile.Ticked = true;
     ASSERT_EQ(p.Boxes.Shown().size(), 1U);
     EXPECT_THAT(p.Boxes.Shown()[0].Text, HasSubstr("It is no library."));
-    EXPECT_FALSE(p.App.Fields.UseMIDIFileCheck);
+    EXPECT_FALSE(p.App.Fields.Mods.UseMIDIFile.Ticked);
     EXPECT_FALSE(p.App.Playing.MidiFilePlayback.MIDIFileFormVisible);
 }
 
@@ -190,7 +190,7 @@ TEST(MidiFileSwitch, AFileNamedFromOutsideSwitchesOnAndOpens) {
     p.Disk.Put(ControlFile, "the control");
     p.Disk.Put("song.mid", test::TwoNotes);
     p.App.Playing.MidiFilePlayback.UseFile("song.mid");
-    EXPECT_TRUE(p.App.Fields.UseMIDIFileCheck);
+    EXPECT_TRUE(p.App.Fields.Mods.UseMIDIFile.Ticked);
     EXPECT_EQ(p.App.Playing.MidiFilePlayback.txtFile.Get(), "song.mid");
     EXPECT_FALSE(p.App.Playing.MidiFilePlayback.IsPlaying());
 }

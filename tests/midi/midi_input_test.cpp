@@ -25,7 +25,7 @@ class MidiInputTest : public testing::Test {
     }
 
     void SwitchOn() {
-        Fields.UseMIDIInCheck = true;
+        Fields.Mods.UseMIDIIn.Ticked = true;
         P.Timeline.Clear();
     }
 
@@ -46,11 +46,11 @@ class MidiInputTest : public testing::Test {
 };
 
 TEST_F(MidiInputTest, TickingTheBoxShowsTheWindowListsTheDevicesAndOpensTheFirst) {
-    Fields.UseMIDIInCheck = true;
+    Fields.Mods.UseMIDIIn.Ticked = true;
     EXPECT_TRUE(Midi.MIDIInFormVisible);
     EXPECT_EQ(Midi.MIDIInDevices.Get(), (std::vector<std::string>{"Keyboard", "Drum pad"}));
     EXPECT_EQ(Midi.cmbMIDIInDevice, 0);
-    EXPECT_TRUE(Fields.MIDIInIsOpen);
+    EXPECT_TRUE(P.App.Playing.MidiInput.MIDIInIsOpen);
     EXPECT_TRUE(Midi.AutoTimeCheck);
     EXPECT_EQ(Midi.lblInfoText.Get(), "The device is open (simulated).");
     EXPECT_EQ(P.Timeline.Text(), "0.0000 midi in opens 0 \"Keyboard\"\n") << "once";
@@ -58,7 +58,7 @@ TEST_F(MidiInputTest, TickingTheBoxShowsTheWindowListsTheDevicesAndOpensTheFirst
 
 TEST_F(MidiInputTest, LogsTheFirstTickAndTheUntick) {
     P.App.Log.Enable();
-    Fields.UseMIDIInCheck = true;
+    Fields.Mods.UseMIDIIn.Ticked = true;
     const std::string log = P.LogText();
     EXPECT_EQ(log.substr(log.find("    MIDIInForm")),
               "    MIDIInForm.SetUpComboBox() - START\n"
@@ -75,50 +75,50 @@ TEST_F(MidiInputTest, LogsTheFirstTickAndTheUntick) {
               "    Shutting down, or MIDI In already open - exiting sub\n"
               "    MIDIInForm.OpenInputDevice() - END\n"
               "\n");
-    Fields.UseMIDIInCheck = false;
+    Fields.Mods.UseMIDIIn.Ticked = false;
     EXPECT_EQ(P.LogText().substr(log.size()), "MIDIInForm.CloseInputDevice()\n");
 }
 
 TEST_F(MidiInputTest, UntickingTheBoxClosesTheDeviceAndHidesTheWindow) {
     SwitchOn();
-    Fields.UseMIDIInCheck = false;
+    Fields.Mods.UseMIDIIn.Ticked = false;
     EXPECT_FALSE(Midi.MIDIInFormVisible);
-    EXPECT_FALSE(Fields.MIDIInIsOpen);
+    EXPECT_FALSE(P.App.Playing.MidiInput.MIDIInIsOpen);
     EXPECT_EQ(P.Timeline.Text(), "0.0000 midi in closes\n");
 }
 
 TEST_F(MidiInputTest, TheBoxOfMidiFilesIsGreyMeanwhile) {
-    Fields.UseMIDIInCheck = true;
-    EXPECT_FALSE(Fields.UseMIDIFileCheckEnabled);
-    Fields.UseMIDIInCheck = false;
-    EXPECT_TRUE(Fields.UseMIDIFileCheckEnabled);
+    Fields.Mods.UseMIDIIn.Ticked = true;
+    EXPECT_FALSE(Fields.Mods.UseMIDIFile.Enabled);
+    Fields.Mods.UseMIDIIn.Ticked = false;
+    EXPECT_TRUE(Fields.Mods.UseMIDIFile.Enabled);
 }
 
 TEST_F(MidiInputTest, WithoutItsControlTheBoxDoesNotStayTicked) {
     P.Disk.Delete("/windows/system32/midiio32.ocx");
-    Fields.UseMIDIInCheck = true;
+    Fields.Mods.UseMIDIIn.Ticked = true;
     ASSERT_EQ(P.Boxes.Shown().size(), 1U);
     EXPECT_EQ(P.Boxes.Shown().back().Title, "Can't see a needed file!");
-    EXPECT_FALSE(Fields.UseMIDIInCheck);
+    EXPECT_FALSE(Fields.Mods.UseMIDIIn.Ticked);
     EXPECT_FALSE(Midi.MIDIInFormVisible);
-    EXPECT_TRUE(Fields.UseMIDIFileCheckEnabled);
+    EXPECT_TRUE(Fields.Mods.UseMIDIFile.Enabled);
     P.Time.RunUntil(100);
-    EXPECT_EQ(Fields.AlternateTime.Text(), "20") << "no cycle runs";
+    EXPECT_EQ(Fields.Song.AlternateTime.Text(), "20") << "no cycle runs";
 }
 
 TEST_F(MidiInputTest, AControlThatCannotBeLoadedIsToldOf) {
     P.MidiIn.LoadProblem = "It is not a library.";
-    Fields.UseMIDIInCheck = true;
+    Fields.Mods.UseMIDIIn.Ticked = true;
     ASSERT_EQ(P.Boxes.Shown().size(), 1U);
     EXPECT_NE(P.Boxes.Shown().back().Text.find("It is not a library."), std::string::npos);
-    EXPECT_FALSE(Fields.UseMIDIInCheck);
+    EXPECT_FALSE(Fields.Mods.UseMIDIIn.Ticked);
     EXPECT_FALSE(Midi.MIDIInFormVisible);
 }
 
 TEST_F(MidiInputTest, WithoutDevicesAMessageIsShownOnceAndTheBoxGreyedOut) {
     P.MidiIn.Devices = {};
     P.App.Log.Enable();
-    Fields.UseMIDIInCheck = true;
+    Fields.Mods.UseMIDIIn.Ticked = true;
     ASSERT_EQ(P.Boxes.Shown().size(), 1U);
     EXPECT_EQ(P.Boxes.Shown().back().Title, "Can't use MIDI input!");
     EXPECT_EQ(P.Boxes.Shown().back().Text,
@@ -126,31 +126,31 @@ TEST_F(MidiInputTest, WithoutDevicesAMessageIsShownOnceAndTheBoxGreyedOut) {
               "If you're simply trying to play a MIDI file through this program, please use the "
               "'Play a MIDI file' checkbox instead.");
     EXPECT_EQ(P.Boxes.Shown().back().Icon, BoxIcon::Warning);
-    EXPECT_FALSE(Fields.UseMIDIInCheck);
-    EXPECT_FALSE(Fields.UseMIDIInCheckEnabled);
-    EXPECT_TRUE(Fields.UseMIDIFileCheckEnabled);
+    EXPECT_FALSE(Fields.Mods.UseMIDIIn.Ticked);
+    EXPECT_FALSE(Fields.Mods.UseMIDIIn.Enabled);
+    EXPECT_TRUE(Fields.Mods.UseMIDIFile.Enabled);
     EXPECT_FALSE(Midi.MIDIInFormVisible);
-    EXPECT_FALSE(Fields.MIDIInIsOpen);
+    EXPECT_FALSE(P.App.Playing.MidiInput.MIDIInIsOpen);
     const std::string log = P.LogText();
     EXPECT_NE(log.find("No MIDI input devices - exiting sub\n"), std::string::npos);
     EXPECT_NE(log.find("Selected device is \"\"\n"
                        "    Can't open non-existing device - showing 'No MIDI input' message.\n"),
               std::string::npos);
     P.Time.RunUntil(100);
-    EXPECT_EQ(Fields.AlternateTime.Text(), "20") << "the timer is disabled";
+    EXPECT_EQ(Fields.Song.AlternateTime.Text(), "20") << "the timer is disabled";
 }
 
 TEST_F(MidiInputTest, ADeviceThatDoesNotOpenIsToldOfAndStopsTheMusic) {
     P.MidiIn.OpenProblem = "It is in use.";
-    Fields.MusicIsPlaying = true;
+    Fields.State.MusicIsPlaying = true;
     P.App.Log.Enable();
-    Fields.UseMIDIInCheck = true;
+    Fields.Mods.UseMIDIIn.Ticked = true;
     ASSERT_EQ(P.Boxes.Shown().size(), 1U);
     EXPECT_EQ(P.Boxes.Shown().back().Title, "Can't use MIDI in");
     EXPECT_EQ(P.Boxes.Shown().back().Text,
               "Couldn't initialize the MIDI input device which you chose to use.");
-    EXPECT_FALSE(Fields.MusicIsPlaying);
-    EXPECT_TRUE(Fields.MIDIInIsOpen) << "until it is closed";
+    EXPECT_FALSE(Fields.State.MusicIsPlaying);
+    EXPECT_TRUE(P.App.Playing.MidiInput.MIDIInIsOpen) << "until it is closed";
     EXPECT_EQ(Midi.lblInfoText.Get(), "It is in use.");
     EXPECT_NE(P.LogText().find("Couldn't open device\n"), std::string::npos);
     EXPECT_NE(P.LogText().find("MainForm.MusicIsPlaying -> FALSE\n"), std::string::npos);
@@ -164,7 +164,7 @@ TEST_F(MidiInputTest, ChoosingADeviceClosesTheOtherAndOpensIt) {
     SwitchOn();
     Midi.cmbMIDIInDevice_Click(1);
     EXPECT_EQ(P.Timeline.Text(), "0.0000 midi in closes\n0.0000 midi in opens 1 \"Drum pad\"\n");
-    EXPECT_TRUE(Fields.MIDIInIsOpen);
+    EXPECT_TRUE(P.App.Playing.MidiInput.MIDIInIsOpen);
 }
 
 TEST_F(MidiInputTest, AnotherDeviceDoesNotInheritHeldNotes) {
@@ -203,15 +203,15 @@ TEST_F(MidiInputTest, DevicesOfOneNameKeepTheirPlaces) {
 TEST_F(MidiInputTest, TickedAgainItOpensTheDeviceThatWasChosenWhereverItIsNow) {
     SwitchOn();
     Midi.cmbMIDIInDevice_Click(1);
-    Fields.UseMIDIInCheck = false;
+    Fields.Mods.UseMIDIIn.Ticked = false;
     P.MidiIn.Devices = {"Organ", "Keyboard", "Drum pad"};
     P.Timeline.Clear();
-    Fields.UseMIDIInCheck = true;
+    Fields.Mods.UseMIDIIn.Ticked = true;
     EXPECT_EQ(P.Timeline.Text(), "0.0000 midi in opens 2 \"Drum pad\"\n");
-    Fields.UseMIDIInCheck = false;
+    Fields.Mods.UseMIDIIn.Ticked = false;
     P.MidiIn.Devices = {"Organ"};
     P.Timeline.Clear();
-    Fields.UseMIDIInCheck = true;
+    Fields.Mods.UseMIDIIn.Ticked = true;
     EXPECT_EQ(P.Timeline.Text(), "0.0000 midi in opens 0 \"Organ\"\n") << "or else the first";
 }
 
@@ -232,16 +232,16 @@ TEST_F(MidiInputTest, HeldNotesSoundInTurnUntilTheyAreReleased) {
 }
 
 TEST_F(MidiInputTest, TheTimerTicksAsLongAsTheBoxIsTicked) {
-    Fields.UseMIDIInCheck = true;
+    Fields.Mods.UseMIDIIn.Ticked = true;
     P.Time.RunUntil(10);
-    EXPECT_EQ(Fields.AlternateTime.Text(), "15") << "with the automatic time";
-    Fields.UseMIDIInCheck = false;
-    Fields.AlternateTime.Type("40");
+    EXPECT_EQ(Fields.Song.AlternateTime.Text(), "15") << "with the automatic time";
+    Fields.Mods.UseMIDIIn.Ticked = false;
+    Fields.Song.AlternateTime.Type("40");
     P.Time.RunUntil(200);
-    EXPECT_EQ(Fields.AlternateTime.Text(), "40");
-    Fields.UseMIDIInCheck = true;
+    EXPECT_EQ(Fields.Song.AlternateTime.Text(), "40");
+    Fields.Mods.UseMIDIIn.Ticked = true;
     P.Time.RunUntil(220);
-    EXPECT_EQ(Fields.AlternateTime.Text(), "15") << "and again";
+    EXPECT_EQ(Fields.Song.AlternateTime.Text(), "15") << "and again";
 }
 
 TEST_F(MidiInputTest, MessagesChangeTheTableOnlyAndTheTimerSounds) {
@@ -323,7 +323,7 @@ TEST_F(MidiInputTest, ADeviceThatIsUnpluggedReleasesItsNotesIsToldOfOnceAndCanBe
     EXPECT_EQ(P.Boxes.Shown().back().Text,
               "The MIDI input device \"Keyboard\" is gone.\r\n\r\n"
               "(Once it is there again, choose it in the list of devices.)");
-    EXPECT_TRUE(Fields.UseMIDIInCheck) << "the window with the list stays";
+    EXPECT_TRUE(Fields.Mods.UseMIDIIn.Ticked) << "the window with the list stays";
     P.Timeline.Clear();
     Midi.FindDevices();
     Midi.cmbMIDIInDevice_Click(0);
@@ -348,10 +348,10 @@ TEST_F(MidiInputTest, UntickedWithAVanishedDeviceItCanBeTickedAgain) {
     SwitchOn();
     P.MidiIn.VanishAt(5);
     P.Time.RunUntil(10);
-    Fields.UseMIDIInCheck = false;
+    Fields.Mods.UseMIDIIn.Ticked = false;
     P.MidiIn.Devices = {"Drum pad"};
     P.Timeline.Clear();
-    Fields.UseMIDIInCheck = true;
+    Fields.Mods.UseMIDIIn.Ticked = true;
     EXPECT_EQ(P.Timeline.Text(), "0.0100 midi in opens 0 \"Drum pad\"\n");
 }
 
@@ -364,7 +364,7 @@ TEST_F(MidiInputTest, ClosingTheProgramClosesTheDevice) {
 }
 
 TEST_F(MidiInputTest, WhileTheProgramClosesNothingIsOpened) {
-    Fields.ShuttingDown = true;
+    Fields.State.ShuttingDown = true;
     P.App.Log.Enable();
     Midi.SetUpComboBox();
     Midi.OpenInputDevice();
@@ -382,13 +382,13 @@ TEST_F(MidiInputTest, WhileTheProgramClosesNothingIsOpened) {
 
 TEST_F(MidiInputTest, AStartAskedForInTheMiddleOfAPulseComesWhileNotesAreHeld) {
     P.SetSong({"Quarter A4 - -"});
-    Fields.MuteTweebleCheck = true;
+    Fields.Output.MuteTweebleCheck = true;
     P.App.Outputs.ToneDispatcher.MuteTweebleCheck_Click();
     P.App.Playing.SynchroPlay.txtHour.Type("12");
     P.App.Playing.SynchroPlay.txtMinute.Type("0");
     P.App.Playing.SynchroPlay.txtSecond.Type("2");
     double startMs = 0;
-    Fields.MusicIsPlaying.Watch([&](bool playing) {
+    Fields.State.MusicIsPlaying.Watch([&](bool playing) {
         if (playing)
             startMs = static_cast<double>(P.Time.Now()) / SimulatedTime::CountsPerMs;
     });
@@ -409,7 +409,7 @@ TEST_F(MidiInputTest, ThroughTheSoundCardAChordGoesOnWithoutAGapAndStopsWhenItIs
     P.Disk.Put("/program/FMODex.dll", "a library");
     P.App.Outputs.SoundMods.CheckAvailability("/program");
     P.App.Outputs.SoundMods.StartEngine();
-    Fields.UseFMODCheck = true;
+    Fields.Mods.UseFMOD.Ticked = true;
     SwitchOn();
     P.MidiIn.ArriveAt(0.5, {On(69), On(57)});
     P.MidiIn.ArriveAt(40, {Off(69), Off(57)});
@@ -428,12 +428,12 @@ TEST_F(MidiInputTest, UntickingTheBoxSilencesTheSoundCardAtOnce) {
     P.Disk.Put("/program/FMODex.dll", "a library");
     P.App.Outputs.SoundMods.CheckAvailability("/program");
     P.App.Outputs.SoundMods.StartEngine();
-    Fields.UseFMODCheck = true;
+    Fields.Mods.UseFMOD.Ticked = true;
     SwitchOn();
     P.MidiIn.ArriveAt(0.5, {On(57)});
     P.Time.RunUntil(5);
     P.Timeline.Clear();
-    Fields.UseMIDIInCheck = false;
+    Fields.Mods.UseMIDIIn.Ticked = false;
     P.Time.RunUntil(100);
     EXPECT_EQ(P.Timeline.Text(), "0.0050 fmod FMOD_Channel_SetPaused(channel1, 1)\n0.0050 midi in closes\n");
 }
@@ -451,7 +451,7 @@ TEST_F(MidiInputTest, ThroughMidiOutputEachPulseIsANote) {
 
 TEST_F(MidiInputTest, WithAMutedSpeakerPulsesFollowOneAnotherWithoutAGapToo) {
     P.OpenMidiOut();
-    Fields.MuteTweebleCheck = true;
+    Fields.Output.MuteTweebleCheck = true;
     P.App.Outputs.ToneDispatcher.MuteTweebleCheck_Click();
     SwitchOn();
     P.MidiIn.ArriveAt(0.5, {On(60), On(64)});
@@ -462,7 +462,7 @@ TEST_F(MidiInputTest, WithAMutedSpeakerPulsesFollowOneAnotherWithoutAGapToo) {
 }
 
 TEST_F(MidiInputTest, ThroughTheMotorAChordIsAChangeOfSpeeds) {
-    Fields.UseMotorCheck = true;
+    Fields.Mods.UseMotor.Ticked = true;
     SwitchOn();
     P.MidiIn.ArriveAt(0.5, {On(60), On(64)});
     P.MidiIn.ArriveAt(40, {Off(60), Off(64)});
@@ -473,7 +473,7 @@ TEST_F(MidiInputTest, ThroughTheMotorAChordIsAChangeOfSpeeds) {
 }
 
 TEST_F(MidiInputTest, ThroughThePortamentoTheSpeakerGlidesFromPulseToPulse) {
-    Fields.UsePortaCheck = true;
+    Fields.Mods.UsePorta.Ticked = true;
     SwitchOn();
     P.MidiIn.ArriveAt(0.5, {On(57), On(69)});
     P.Time.RunUntil(100);
@@ -484,14 +484,14 @@ TEST_F(MidiInputTest, ThroughThePortamentoTheSpeakerGlidesFromPulseToPulse) {
 
 TEST_F(MidiInputTest, AStepThatFailsSwitchesTheModOffInsteadOfTellingItAgainAndAgain) {
     P.Disk.Put("/program/tonecode.txt", "");
-    Fields.UseWriteCode = true;
+    P.App.Outputs.ToneCode.UseWriteCode = true;
     SwitchOn();
     P.Disk.FailWriting("/program/tonecode.txt", std::errc::no_space_on_device);
     P.MidiIn.ArriveAt(0.5, {On(60)});
     P.Time.RunUntil(300);
     EXPECT_EQ(P.Boxes.Shown().size(), 1U);
-    EXPECT_FALSE(Fields.UseMIDIInCheck);
-    EXPECT_FALSE(Fields.MIDIInIsOpen);
+    EXPECT_FALSE(Fields.Mods.UseMIDIIn.Ticked);
+    EXPECT_FALSE(P.App.Playing.MidiInput.MIDIInIsOpen);
 }
 
 TEST_F(MidiInputTest, NotesSoundInTheMiddleOfMusicToo) {

@@ -19,7 +19,7 @@ class MidiOutputTest : public testing::Test {
     }
 
     void SwitchOn() {
-        Fields.UseMIDIOutCheck = true;
+        Fields.Mods.UseMIDIOut.Ticked = true;
         P.Timeline.Clear();
     }
     void Beep(std::string note, double duration) { P.App.Outputs.ToneDispatcher.UniBeep(note, duration); }
@@ -31,21 +31,21 @@ class MidiOutputTest : public testing::Test {
 };
 
 TEST_F(MidiOutputTest, TickingTheBoxShowsTheWindowListsTheDevicesAndOpensTheVirtualPort) {
-    Fields.UseMIDIOutCheck = true;
+    Fields.Mods.UseMIDIOut.Ticked = true;
     EXPECT_TRUE(Midi.Fields.MIDIOutFormVisible);
     EXPECT_EQ(Midi.Fields.MIDIOutDevices.Get(),
               (std::vector<std::string>{"Quavix", "Keyboard", "Synthesizer"}));
     EXPECT_EQ(Midi.Fields.cmbMIDIOutDevice, 0);
     EXPECT_EQ(Midi.Fields.cmbChannel, 0);
     EXPECT_EQ(Midi.Fields.cmbInstrument, 0);
-    EXPECT_TRUE(Fields.MIDIOutIsOpen);
-    EXPECT_TRUE(Fields.UseMIDIOut);
+    EXPECT_TRUE(P.App.Outputs.MidiOutput.MIDIOutIsOpen);
+    EXPECT_TRUE(Fields.Mods.UseMIDIOut.InUse);
     EXPECT_EQ(P.Timeline.Text(), "0.0000 midi out opens -1 \"Quavix\"\n0.0000 midi out C0 00 00\n");
 }
 
 TEST_F(MidiOutputTest, LogsTheFirstTickFromTheInstallerToTheOpenDevice) {
     P.App.Log.Enable();
-    Fields.UseMIDIOutCheck = true;
+    Fields.Mods.UseMIDIOut.Ticked = true;
     EXPECT_EQ(P.LogText(),
               "    CopyFileToSystem32(midiio32.ocx) - START\n"
               "    SourceFile = /program/midiio32.ocx\n"
@@ -70,16 +70,16 @@ TEST_F(MidiOutputTest, LogsTheFirstTickFromTheInstallerToTheOpenDevice) {
 TEST_F(MidiOutputTest, TheFirstUsePutsTheControlInPlaceFirst) {
     P.Disk.Delete("/windows/system32/midiio32.ocx");
     P.Disk.Put("/program/midiio32.ocx", "module");
-    Fields.UseMIDIOutCheck = true;
+    Fields.Mods.UseMIDIOut.Ticked = true;
     EXPECT_TRUE(P.Disk.Has("/windows/system32/midiio32.ocx"));
     EXPECT_EQ(Sent(), "0.3000 midi out opens -1 \"Quavix\"\n0.3000 midi out C0 00 00\n");
 }
 
 TEST_F(MidiOutputTest, WithoutTheControlTheBoxIsUntickedAndNoWindowShown) {
     P.Disk.Delete("/windows/system32/midiio32.ocx");
-    Fields.UseMIDIOutCheck = true;
-    EXPECT_FALSE(Fields.UseMIDIOutCheck);
-    EXPECT_FALSE(Fields.UseMIDIOut);
+    Fields.Mods.UseMIDIOut.Ticked = true;
+    EXPECT_FALSE(Fields.Mods.UseMIDIOut.Ticked);
+    EXPECT_FALSE(Fields.Mods.UseMIDIOut.InUse);
     EXPECT_FALSE(Midi.Fields.MIDIOutFormVisible);
     ASSERT_EQ(P.Boxes.Shown().size(), 1u);
     EXPECT_EQ(P.Boxes.Shown()[0].Title, "Can't see a needed file!");
@@ -89,43 +89,43 @@ TEST_F(MidiOutputTest, AControlThatCannotBeCopiedIsARunTimeErrorAndCanBeTriedAga
     P.Disk.Delete("/windows/system32/midiio32.ocx");
     P.Disk.Put("/program/midiio32.ocx", "module");
     P.Disk.SetSpaceLeft(3);
-    Fields.UseMIDIOutCheck = true;
+    Fields.Mods.UseMIDIOut.Ticked = true;
     ASSERT_EQ(P.Boxes.Shown().size(), 1u);
     EXPECT_EQ(P.Boxes.Shown()[0].Text.find("Run-time error '61'"), 0u) << P.Boxes.Shown()[0].Text;
-    EXPECT_FALSE(Fields.UseMIDIOutCheck);
+    EXPECT_FALSE(Fields.Mods.UseMIDIOut.Ticked);
     EXPECT_FALSE(Midi.Fields.MIDIOutFormVisible);
     P.Disk.SetSpaceLeft(1'000'000);
-    Fields.UseMIDIOutCheck = true;
-    EXPECT_TRUE(Fields.UseMIDIOut);
+    Fields.Mods.UseMIDIOut.Ticked = true;
+    EXPECT_TRUE(Fields.Mods.UseMIDIOut.InUse);
 }
 
 TEST_F(MidiOutputTest, AControlThatCannotBeLoadedIsToldOfAndCanBeTriedAgain) {
     P.MidiOut.LoadProblem =
         "The file \"/windows/system32/midiio32.ocx\" lacks the function QuavixMidiIoSend.";
-    Fields.UseMIDIOutCheck = true;
-    EXPECT_FALSE(Fields.UseMIDIOutCheck);
-    EXPECT_TRUE(Fields.UseMIDIOutCheckEnabled);
+    Fields.Mods.UseMIDIOut.Ticked = true;
+    EXPECT_FALSE(Fields.Mods.UseMIDIOut.Ticked);
+    EXPECT_TRUE(Fields.Mods.UseMIDIOut.Enabled);
     EXPECT_FALSE(Midi.Fields.MIDIOutFormVisible);
     ASSERT_EQ(P.Boxes.Shown().size(), 1u);
     EXPECT_NE(P.Boxes.Shown()[0].Text.find(P.MidiOut.LoadProblem), std::string::npos);
     P.MidiOut.LoadProblem.clear();
-    Fields.UseMIDIOutCheck = true;
-    EXPECT_TRUE(Fields.UseMIDIOut);
+    Fields.Mods.UseMIDIOut.Ticked = true;
+    EXPECT_TRUE(Fields.Mods.UseMIDIOut.InUse);
 }
 
 TEST_F(MidiOutputTest, WithNoOutputDevicesTheListStaysEmptyAndOpeningSaysSoOnce) {
     P.MidiOut.Devices.clear();
     P.App.Log.Enable();
-    Fields.UseMIDIOutCheck = true;
+    Fields.Mods.UseMIDIOut.Ticked = true;
     EXPECT_TRUE(Midi.Fields.MIDIOutDevices.Get().empty());
     EXPECT_EQ(Midi.Fields.cmbMIDIOutDevice, -1);
     ASSERT_EQ(P.Boxes.Shown().size(), 1u);
     EXPECT_EQ(P.Boxes.Shown()[0].Title, "Can't use MIDI output!");
     EXPECT_EQ(P.Boxes.Shown()[0].Text, "No MIDI output device can be found - can't use MIDI output.");
     EXPECT_EQ(P.Boxes.Shown()[0].Icon, BoxIcon::Warning);
-    EXPECT_FALSE(Fields.UseMIDIOutCheck);
-    EXPECT_FALSE(Fields.UseMIDIOutCheckEnabled);
-    EXPECT_FALSE(Fields.UseMIDIOut);
+    EXPECT_FALSE(Fields.Mods.UseMIDIOut.Ticked);
+    EXPECT_FALSE(Fields.Mods.UseMIDIOut.Enabled);
+    EXPECT_FALSE(Fields.Mods.UseMIDIOut.InUse);
     EXPECT_FALSE(Midi.Fields.MIDIOutFormVisible);
     const std::string log = P.LogText();
     EXPECT_NE(log.find("    MIDIOutForm.SetUpComboBox() - START\n"
@@ -142,15 +142,15 @@ TEST_F(MidiOutputTest, WithNoOutputDevicesTheListStaysEmptyAndOpeningSaysSoOnce)
 TEST_F(MidiOutputTest, ADeviceThatRefusesIsToldOfAndStopsTheMusicButLeavesTheBoxTicked) {
     SwitchOn();
     P.App.Log.Enable();
-    Fields.MusicIsPlaying = true;
+    Fields.State.MusicIsPlaying = true;
     P.MidiOut.OpenProblem = "It is in use.";
     Midi.cmbMIDIOutDevice_Click(2);
     ASSERT_EQ(P.Boxes.Shown().size(), 1u);
     EXPECT_EQ(P.Boxes.Shown()[0].Title, "Can't use MIDI out");
     EXPECT_EQ(P.Boxes.Shown()[0].Text, "Couldn't initialize the MIDI output device which you chose to use.");
-    EXPECT_FALSE(Fields.MusicIsPlaying);
-    EXPECT_TRUE(Fields.UseMIDIOutCheck);
-    EXPECT_TRUE(Fields.MIDIOutIsOpen) << "only closing clears it";
+    EXPECT_FALSE(Fields.State.MusicIsPlaying);
+    EXPECT_TRUE(Fields.Mods.UseMIDIOut.Ticked);
+    EXPECT_TRUE(P.App.Outputs.MidiOutput.MIDIOutIsOpen) << "only closing clears it";
     EXPECT_EQ(Midi.Fields.lblInfoText.Get(), "It is in use.");
     EXPECT_EQ(P.LogText(),
               "MIDIOutForm.CloseOutputDevice()\n"
@@ -193,12 +193,12 @@ TEST_F(MidiOutputTest, UntickingClosesTheDeviceAndHidesTheWindowAndTickingOpensT
     Midi.cmbMIDIOutDevice_Click(1);
     P.Timeline.Clear();
     P.App.Log.Enable();
-    Fields.UseMIDIOutCheck = false;
-    EXPECT_FALSE(Fields.UseMIDIOut);
-    EXPECT_FALSE(Fields.MIDIOutIsOpen);
+    Fields.Mods.UseMIDIOut.Ticked = false;
+    EXPECT_FALSE(Fields.Mods.UseMIDIOut.InUse);
+    EXPECT_FALSE(P.App.Outputs.MidiOutput.MIDIOutIsOpen);
     EXPECT_FALSE(Midi.Fields.MIDIOutFormVisible);
     EXPECT_EQ(P.LogText(), "MIDIOutForm.CloseOutputDevice()\n");
-    Fields.UseMIDIOutCheck = true;
+    Fields.Mods.UseMIDIOut.Ticked = true;
     EXPECT_TRUE(Midi.Fields.MIDIOutFormVisible);
     EXPECT_EQ(Sent(),
               "0.0000 midi out closes\n0.0000 midi out opens 0 \"Keyboard\"\n0.0000 midi out C0 00 00\n");
@@ -298,7 +298,7 @@ TEST_F(MidiOutputTest, AChannelChosenWhileAnotherIsBeingSilencedTakesTheRestOver
 TEST_F(MidiOutputTest, ClosingTheProgramEndsTheWaitForASlowDevice) {
     SwitchOn();
     P.MidiOut.BeSlow(1, 60'000);
-    P.Time.At(1000, [&] { Fields.ShuttingDown = true; });
+    P.Time.At(1000, [&] { Fields.State.ShuttingDown = true; });
     Midi.cmbChannel_Click(1);
     EXPECT_LT(P.Time.Now(), 2000 * SimulatedTime::CountsPerMs);
     EXPECT_LT(P.Timeline.Lines().size(), 5u);
@@ -307,7 +307,7 @@ TEST_F(MidiOutputTest, ClosingTheProgramEndsTheWaitForASlowDevice) {
 TEST_F(MidiOutputTest, UntickingTheBoxEndsTheWaitForASlowDevice) {
     SwitchOn();
     P.MidiOut.BeSlow(100, 100);
-    P.Time.At(150, [&] { Fields.UseMIDIOutCheck = false; });
+    P.Time.At(150, [&] { Fields.Mods.UseMIDIOut.Ticked = false; });
     Midi.cmbChannel_Click(1);
     EXPECT_LT(P.Time.Now(), 200 * SimulatedTime::CountsPerMs);
     EXPECT_EQ(P.Timeline.Lines().back(), "0.1500 midi out closes");
@@ -321,14 +321,14 @@ TEST_F(MidiOutputTest, ADeviceThatVanishesIsToldOfOnceAndTheMusicGoesOn) {
     P.App.Playing.PlaybackEngine.OnRangeEnd = [&] { P.App.Playing.PlaybackEngine.StopPlayButton_Click(); };
     P.App.Playing.PlaybackEngine.PlayAllButton_Click();
     EXPECT_EQ(P.Boxes.Shown().size(), 1u);
-    EXPECT_FALSE(Fields.UseMIDIOutCheck);
-    EXPECT_TRUE(Fields.UseMIDIOutCheckEnabled);
-    EXPECT_FALSE(Fields.UseMIDIOut);
-    EXPECT_FALSE(Fields.MIDIOutIsOpen);
+    EXPECT_FALSE(Fields.Mods.UseMIDIOut.Ticked);
+    EXPECT_TRUE(Fields.Mods.UseMIDIOut.Enabled);
+    EXPECT_FALSE(Fields.Mods.UseMIDIOut.InUse);
+    EXPECT_FALSE(P.App.Outputs.MidiOutput.MIDIOutIsOpen);
     const std::string speaker = P.Timeline.Text("speaker");
     EXPECT_EQ(std::count(speaker.begin(), speaker.end(), '\n'), 3) << speaker;
-    Fields.UseMIDIOutCheck = true;
-    EXPECT_TRUE(Fields.UseMIDIOut) << "it can be opened again";
+    Fields.Mods.UseMIDIOut.Ticked = true;
+    EXPECT_TRUE(Fields.Mods.UseMIDIOut.InUse) << "it can be opened again";
 }
 
 TEST_F(MidiOutputTest, AVanishedDeviceIsLeftForAnotherWithoutAMessage) {
@@ -340,7 +340,7 @@ TEST_F(MidiOutputTest, AVanishedDeviceIsLeftForAnotherWithoutAMessage) {
     EXPECT_EQ(Midi.Fields.MIDIOutDevices.Get(), (std::vector<std::string>{"Quavix", "Synthesizer"}));
     Midi.cmbMIDIOutDevice_Click(1);
     EXPECT_TRUE(P.Boxes.Shown().empty());
-    EXPECT_TRUE(Fields.UseMIDIOutCheck);
+    EXPECT_TRUE(Fields.Mods.UseMIDIOut.Ticked);
     EXPECT_EQ(P.MidiOut.State(), MidiDeviceState::Open);
 }
 
@@ -362,18 +362,18 @@ TEST_F(MidiOutputTest, TheListFindsDevicesThatHaveComeAndKeepsTheChosenOne) {
 TEST_F(MidiOutputTest, TickedAgainItOpensTheDeviceThatWasChosenOrElseTheFirst) {
     SwitchOn();
     Midi.cmbMIDIOutDevice_Click(2);
-    Fields.UseMIDIOutCheck = false;
+    Fields.Mods.UseMIDIOut.Ticked = false;
     P.MidiOut.Devices = {"Drums", "Keyboard", "Synthesizer"};
     SwitchOn();
     EXPECT_EQ(Midi.Fields.cmbMIDIOutDevice, 3);
-    Fields.UseMIDIOutCheck = false;
+    Fields.Mods.UseMIDIOut.Ticked = false;
     P.MidiOut.Devices = {"Drums"};
     Midi.FindDevices();
     EXPECT_EQ(Midi.Fields.cmbMIDIOutDevice, -1);
     SwitchOn();
     EXPECT_EQ(Midi.Fields.cmbMIDIOutDevice, 0);
-    EXPECT_TRUE(Fields.MIDIOutIsOpen);
-    EXPECT_TRUE(Fields.UseMIDIOutCheckEnabled);
+    EXPECT_TRUE(P.App.Outputs.MidiOutput.MIDIOutIsOpen);
+    EXPECT_TRUE(Fields.Mods.UseMIDIOut.Enabled);
     EXPECT_TRUE(P.Boxes.Shown().empty());
 }
 
@@ -402,15 +402,15 @@ TEST_F(MidiOutputTest, WhatSoundsIsEndedBeforeItsDeviceIsClosed) {
 
 TEST_F(MidiOutputTest, UntickedInTheMiddleOfANoteItLeavesNoneHanging) {
     SwitchOn();
-    Fields.MutePCSpeaker = true;
-    P.Time.At(50, [&] { Fields.UseMIDIOutCheck = false; });
+    Fields.Output.MutePCSpeaker = true;
+    P.Time.At(50, [&] { Fields.Mods.UseMIDIOut.Ticked = false; });
     Beep("A4", 100);
     EXPECT_EQ(Sent(), "0.0000 midi out 90 39 60\n0.0500 midi out 80 39 00\n0.0500 midi out closes\n");
 }
 
 TEST_F(MidiOutputTest, ANoteThatBeginsOnOneChannelAndEndsOnAnotherIsEndedOnBoth) {
     SwitchOn();
-    Fields.MutePCSpeaker = true;
+    Fields.Output.MutePCSpeaker = true;
     P.Time.At(50, [&] { Midi.cmbChannel_Click(3); });
     Beep("A4", 100);
     EXPECT_NE(Sent().find("0.0500 midi out 80 39 00\n"), std::string::npos);
@@ -419,11 +419,11 @@ TEST_F(MidiOutputTest, ANoteThatBeginsOnOneChannelAndEndsOnAnotherIsEndedOnBoth)
 
 TEST_F(MidiOutputTest, TheProgramsEndEndsTheNotesAndClosesTheDevice) {
     SwitchOn();
-    Fields.MutePCSpeaker = true;
+    Fields.Output.MutePCSpeaker = true;
     struct NoEnd : ProcessEnd {
         void EndProcess() override {}
     } end;
-    Shutdown shutdown(Fields, P.App.Log, end);
+    Shutdown shutdown(Fields.State, P.App.Log, end);
     shutdown.OnShutDown([&] { P.App.ReleaseMidi(); });
     P.App.Log.Enable();
     P.Time.At(50, [&] { shutdown.CloseProgram(); });
@@ -441,14 +441,14 @@ TEST_F(MidiOutputTest, TheProgramsEndWaitsForABusyDeviceOnlyAMoment) {
     SwitchOn();
     P.MidiOut.BeSlow(1, 60'000);
     Midi.MIDINoteOn(60);
-    Fields.ShuttingDown = true;
+    Fields.State.ShuttingDown = true;
     P.App.ReleaseMidi();
     EXPECT_LT(P.Time.Now(), 1000 * SimulatedTime::CountsPerMs);
-    EXPECT_FALSE(Fields.MIDIOutIsOpen);
+    EXPECT_FALSE(P.App.Outputs.MidiOutput.MIDIOutIsOpen);
 }
 
 TEST_F(MidiOutputTest, WhileTheProgramEndsNothingIsScannedOrOpened) {
-    Fields.ShuttingDown = true;
+    Fields.State.ShuttingDown = true;
     P.App.Log.Enable();
     Midi.SetUpComboBox();
     Midi.OpenOutputDevice();
@@ -463,7 +463,7 @@ TEST_F(MidiOutputTest, WhileTheProgramEndsNothingIsScannedOrOpened) {
 
 TEST_F(MidiOutputTest, ANoteSoundsOnThePortamentoToo) {
     SwitchOn();
-    Fields.UsePortaCheck = true;
+    Fields.Mods.UsePorta.Ticked = true;
     Beep("A4", 100);
     P.Time.RunUntil(200);
     EXPECT_EQ(Sent(), "0.0000 midi out 90 39 60\n0.0000 midi out 80 39 00\n")
@@ -472,11 +472,11 @@ TEST_F(MidiOutputTest, ANoteSoundsOnThePortamentoToo) {
 
 TEST_F(MidiOutputTest, ANoteSoundsOnTheSoundCardTooAndTheMotorComesFirst) {
     SwitchOn();
-    Fields.UseFMOD = true;
+    Fields.Mods.UseFMOD.InUse = true;
     Beep("A4", 100);
     EXPECT_EQ(Sent(), "0.0000 midi out 90 39 60\n0.1000 midi out 80 39 00\n");
     P.Timeline.Clear();
-    Fields.UseMotorCheck = true;
+    Fields.Mods.UseMotor.Ticked = true;
     Beep("A4", 100);
     EXPECT_EQ(P.Timeline.Text("midi out"), "0.1000 midi out 90 39 60\n0.2150 midi out 80 39 00\n");
     EXPECT_NE(P.Timeline.Text().find("0.1000 serial #0P1294"), std::string::npos);
@@ -484,7 +484,7 @@ TEST_F(MidiOutputTest, ANoteSoundsOnTheSoundCardTooAndTheMotorComesFirst) {
 
 TEST_F(MidiOutputTest, ANoteInTheMiddleOfANoteIsBracketedByItsOwnMessages) {
     SwitchOn();
-    Fields.MutePCSpeaker = true;
+    Fields.Output.MutePCSpeaker = true;
     P.Time.At(40, [&] { Beep("C5", 20); });
     Beep("A4", 100);
     EXPECT_EQ(Sent(),

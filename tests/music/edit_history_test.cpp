@@ -14,16 +14,18 @@ namespace {
 struct EditHistoryTest : testing::Test, SimulatedProgram {
     EditHistoryTest() { SetSong({"Whole C4 E4 Dot", "Half D4 F4 -", "Quarter E4 - Tri"}); }
 
-    std::string Captions() const { return App.Fields.UndoText.Get() + ", " + App.Fields.RedoText.Get(); }
+    std::string Captions() const {
+        return App.Editing.EditHistory.UndoText.Get() + ", " + App.Editing.EditHistory.RedoText.Get();
+    }
 
     const std::string Start = "Whole C4 E4 Dot\nHalf D4 F4 -\nQuarter E4 - Tri\n";
 };
 
 TEST_F(EditHistoryTest, ANewSongHasNothingToUndo) {
     EXPECT_EQ(Captions(), "Undo, Redo");
-    EXPECT_FALSE(App.Fields.CanUndo);
-    EXPECT_FALSE(App.Fields.CanRedo);
-    EXPECT_FALSE(App.Fields.Modified);
+    EXPECT_FALSE(App.Editing.EditHistory.CanUndo);
+    EXPECT_FALSE(App.Editing.EditHistory.CanRedo);
+    EXPECT_FALSE(App.Editing.EditHistory.Modified);
     App.Editing.EditHistory.Undo();
     App.Editing.EditHistory.Redo();
     EXPECT_EQ(SongText(), Start);
@@ -37,19 +39,19 @@ TEST_F(EditHistoryTest, EveryCommandIsOneNamedStep) {
     EXPECT_EQ(Captions(), "Undo Clear Note 1, Redo");
     App.Editing.ListEditing.ClearNote2Button_Click();
     EXPECT_EQ(Captions(), "Undo Clear Note 2, Redo");
-    App.Fields.ModDottedCheck = true;
+    App.Fields.Entry.ModDottedCheck = true;
     EXPECT_EQ(Captions(), "Undo Dotted, Redo");
-    App.Fields.ModTripletCheck = true;
+    App.Fields.Entry.ModTripletCheck = true;
     EXPECT_EQ(Captions(), "Undo Triplet, Redo");
     App.Editing.ListEditing.Command1_Click();
     EXPECT_EQ(Captions(), "Undo Erase line, Redo");
     App.Editing.ListEditing.SilentLineButton_Click();
     EXPECT_EQ(Captions(), "Undo Blank line, Redo");
-    App.Fields.NoteReplaceCheck = true;
+    App.Fields.Entry.NoteReplaceCheck = true;
     App.Playing.PianoKeys.PianoKey_Click(13);
     EXPECT_EQ(Captions(), "Undo Replace with C#4, Redo");
     int steps = 0;
-    for (; App.Fields.CanUndo; ++steps)
+    for (; App.Editing.EditHistory.CanUndo; ++steps)
         App.Editing.EditHistory.Undo();
     EXPECT_EQ(steps, 8);
     EXPECT_EQ(SongText(), Start);
@@ -75,7 +77,7 @@ TEST_F(EditHistoryTest, ANewStepForgetsWhatCouldBeRedone) {
     App.Editing.ListEditing.Command1_Click();
     App.Editing.EditHistory.Undo();
     App.Editing.ListEditing.ClearNote1Button_Click();
-    EXPECT_FALSE(App.Fields.CanRedo);
+    EXPECT_FALSE(App.Editing.EditHistory.CanRedo);
     App.Editing.EditHistory.Redo();
     EXPECT_EQ(App.List.Line(2).Note1, "");
 }
@@ -84,8 +86,8 @@ TEST_F(EditHistoryTest, ACommandThatChangesNoTextIsNoStep) {
     App.List.Select(3);
     App.Editing.ListEditing.ClearNote2Button_Click();
     App.Editing.ListEditing.UnselectButton_Click();
-    EXPECT_FALSE(App.Fields.CanUndo);
-    EXPECT_FALSE(App.Fields.Modified);
+    EXPECT_FALSE(App.Editing.EditHistory.CanUndo);
+    EXPECT_FALSE(App.Editing.EditHistory.Modified);
 }
 
 TEST_F(EditHistoryTest, GesturesInsideAGestureBelongToIt) {
@@ -113,7 +115,7 @@ TEST_F(EditHistoryTest, ChangesOutsideAnyGestureGatherInOneStep) {
     EXPECT_EQ(Captions(), "Undo Change, Redo Erase line");
     App.Editing.EditHistory.Undo();
     EXPECT_EQ(SongText(), Start);
-    EXPECT_FALSE(App.Fields.CanUndo);
+    EXPECT_FALSE(App.Editing.EditHistory.CanUndo);
 }
 
 TEST_F(EditHistoryTest, ManyRowsThatComeOneByOneAreUndoneAtOnce) {
@@ -138,8 +140,8 @@ TEST_F(EditHistoryTest, ManyRowsThatComeOneByOneAreUndoneAtOnce) {
 TEST_F(EditHistoryTest, AChangeThatIsTakenBackByHandIsNoStep) {
     App.List.SetText(1, Cell::Note1, "G4");
     App.List.SetText(1, Cell::Note1, "C4");
-    EXPECT_FALSE(App.Fields.CanUndo);
-    EXPECT_FALSE(App.Fields.Modified);
+    EXPECT_FALSE(App.Editing.EditHistory.CanUndo);
+    EXPECT_FALSE(App.Editing.EditHistory.Modified);
 }
 
 TEST_F(EditHistoryTest, PlayingChangesNothingThatCouldBeUndone) {
@@ -150,7 +152,7 @@ TEST_F(EditHistoryTest, PlayingChangesNothingThatCouldBeUndone) {
     App.Playing.PlaybackEngine.PlayAllButton_Click();
     App.Playing.PlaybackEngine.MainList_ItemClick(3);
     EXPECT_EQ(Captions(), "Undo, Redo Clear Note 2");
-    EXPECT_FALSE(App.Fields.Modified);
+    EXPECT_FALSE(App.Editing.EditHistory.Modified);
 }
 
 TEST_F(EditHistoryTest, PlayingALineOfAnotherSpellingIsNoStepAndKeepsWhatCanBeRedone) {
@@ -163,51 +165,51 @@ TEST_F(EditHistoryTest, PlayingALineOfAnotherSpellingIsNoStepAndKeepsWhatCanBeRe
     App.Editing.EditHistory.Undo();
     for (const std::int32_t row : {2, 1, 3, 2})
         App.Playing.PlaybackEngine.MainList_ItemClick(row);
-    EXPECT_TRUE(App.Fields.ModDottedCheck);
+    EXPECT_TRUE(App.Fields.Entry.ModDottedCheck);
     EXPECT_EQ(App.List.Line(1).Mod, "other");
     EXPECT_EQ(App.List.Line(2).Mod, "DOT");
     EXPECT_EQ(App.List.Line(3).Mod, "Tri and more");
     EXPECT_EQ(Captions(), "Undo, Redo Clear Note 2");
-    EXPECT_FALSE(App.Fields.Modified);
+    EXPECT_FALSE(App.Editing.EditHistory.Modified);
 }
 
 TEST_F(EditHistoryTest, UntickingABoxIsNotNamedAsTickingItIs) {
     App.List.Select(1);
-    App.Editing.ModButtons.UpdateModButtons();
-    App.Fields.ModDottedCheck = false;
+    App.Editing.DottedTripletBoxes.UpdateModButtons();
+    App.Fields.Entry.ModDottedCheck = false;
     EXPECT_EQ(App.List.Line(1).Mod, "");
     EXPECT_EQ(Captions(), "Undo Plain length, Redo");
-    App.Fields.ModTripletCheck = true;
+    App.Fields.Entry.ModTripletCheck = true;
     EXPECT_EQ(Captions(), "Undo Triplet, Redo");
-    App.Fields.ModDottedCheck = true;
+    App.Fields.Entry.ModDottedCheck = true;
     EXPECT_EQ(Captions(), "Undo Dotted, Redo");
-    App.Fields.ModDottedCheck = false;
+    App.Fields.Entry.ModDottedCheck = false;
     EXPECT_EQ(Captions(), "Undo Plain length, Redo");
 }
 
 TEST_F(EditHistoryTest, TheBoxesFollowAModThatIsUndone) {
     App.List.Select(2);
-    App.Fields.ModDottedCheck = true;
+    App.Fields.Entry.ModDottedCheck = true;
     App.Editing.EditHistory.Undo();
-    EXPECT_FALSE(App.Fields.ModDottedCheck);
+    EXPECT_FALSE(App.Fields.Entry.ModDottedCheck);
     EXPECT_EQ(SongText(), "Whole C4 E4 Dot\n> Half D4 F4 -\nQuarter E4 - Tri\n");
     App.Editing.EditHistory.Redo();
-    EXPECT_TRUE(App.Fields.ModDottedCheck);
+    EXPECT_TRUE(App.Fields.Entry.ModDottedCheck);
     EXPECT_EQ(App.List.Line(2).Mod, "Dot");
     App.Playing.PianoKeys.PianoKey_Click(12);
     App.Editing.EditHistory.Undo();
-    EXPECT_TRUE(App.Fields.ModDottedCheck) << "a preset for the next note stays";
+    EXPECT_TRUE(App.Fields.Entry.ModDottedCheck) << "a preset for the next note stays";
 }
 
 TEST_F(EditHistoryTest, ThePositionFollowsWhatIsUndoneExceptDuringPlayback) {
     App.List.Select(3);
     App.Editing.ListEditing.Command1_Click();
     App.Editing.EditHistory.Undo();
-    EXPECT_EQ(App.Fields.lblPlayBar.Get(), "003");
-    App.Fields.lblPlayBar = "music";
-    App.Fields.MusicIsPlaying = true;
+    EXPECT_EQ(App.Editing.PositionDisplay.lblPlayBar.Get(), "003");
+    App.Editing.PositionDisplay.lblPlayBar = "music";
+    App.Fields.State.MusicIsPlaying = true;
     App.Editing.EditHistory.Redo();
-    EXPECT_EQ(App.Fields.lblPlayBar.Get(), "music");
+    EXPECT_EQ(App.Editing.PositionDisplay.lblPlayBar.Get(), "music");
 }
 
 TEST_F(EditHistoryTest, LoadingAndClearingStartOver) {
@@ -215,13 +217,13 @@ TEST_F(EditHistoryTest, LoadingAndClearingStartOver) {
     Disk.Put("song", "Quavix by Dastrel-204 file format\r\nBPM 99\r\nMUSICLISTSTART\r\nHalf C4 - -\r\n");
     App.Storage.SongReader.ActuallyLoadMusic("song");
     EXPECT_EQ(Captions(), "Undo, Redo");
-    EXPECT_FALSE(App.Fields.Modified);
+    EXPECT_FALSE(App.Editing.EditHistory.Modified);
     App.Editing.EditHistory.Undo();
     EXPECT_EQ(SongText(), "Half C4 - -\n");
     App.Playing.PianoKeys.PianoKey_Click(12);
     App.List.Clear();
-    EXPECT_FALSE(App.Fields.CanUndo);
-    EXPECT_FALSE(App.Fields.Modified);
+    EXPECT_FALSE(App.Editing.EditHistory.CanUndo);
+    EXPECT_FALSE(App.Editing.EditHistory.Modified);
 }
 
 TEST_F(EditHistoryTest, AResetInsideAGestureForgetsWhatTheGestureDidBefore) {
@@ -233,73 +235,73 @@ TEST_F(EditHistoryTest, AResetInsideAGestureForgetsWhatTheGestureDidBefore) {
     }
     App.Editing.EditHistory.Undo();
     EXPECT_EQ(SongText(), "");
-    EXPECT_FALSE(App.Fields.CanUndo);
+    EXPECT_FALSE(App.Editing.EditHistory.CanUndo);
 }
 
 TEST_F(EditHistoryTest, UndoingBackToTheSaveMakesTheSongUnmodified) {
     App.Playing.PianoKeys.PianoKey_Click(12);
-    EXPECT_TRUE(App.Fields.Modified);
+    EXPECT_TRUE(App.Editing.EditHistory.Modified);
     Picker.AnswerNext("song.QVX");
     App.Storage.SongWriter.SaveMusic();
-    EXPECT_FALSE(App.Fields.Modified);
+    EXPECT_FALSE(App.Editing.EditHistory.Modified);
     App.Playing.PianoKeys.PianoKey_Click(12);
-    EXPECT_TRUE(App.Fields.Modified);
+    EXPECT_TRUE(App.Editing.EditHistory.Modified);
     App.Editing.EditHistory.Undo();
-    EXPECT_FALSE(App.Fields.Modified);
+    EXPECT_FALSE(App.Editing.EditHistory.Modified);
     App.Editing.EditHistory.Undo();
-    EXPECT_TRUE(App.Fields.Modified);
+    EXPECT_TRUE(App.Editing.EditHistory.Modified);
     App.Editing.EditHistory.Redo();
-    EXPECT_FALSE(App.Fields.Modified);
+    EXPECT_FALSE(App.Editing.EditHistory.Modified);
     App.Editing.EditHistory.Undo();
     App.Playing.PianoKeys.PianoKey_Click(12);
-    EXPECT_TRUE(App.Fields.Modified) << "the same text, but another way to it";
+    EXPECT_TRUE(App.Editing.EditHistory.Modified) << "the same text, but another way to it";
 }
 
 TEST_F(EditHistoryTest, ASaveThatWasCancelledOrFailedLeavesTheSongModified) {
     App.Playing.PianoKeys.PianoKey_Click(12);
     Picker.AnswerNext("");
     App.Storage.SongWriter.SaveMusic();
-    EXPECT_TRUE(App.Fields.Modified);
+    EXPECT_TRUE(App.Editing.EditHistory.Modified);
 }
 
 TEST_F(EditHistoryTest, AChangeOutsideAGestureAfterASaveCanBeUndoneBackToIt) {
     App.List.SetText(1, Cell::Note1, "G4");
     App.Editing.EditHistory.MarkSaved();
     App.List.SetText(1, Cell::Note1, "A4");
-    EXPECT_TRUE(App.Fields.Modified);
+    EXPECT_TRUE(App.Editing.EditHistory.Modified);
     App.Editing.EditHistory.Undo();
     EXPECT_EQ(App.List.Line(1).Note1, "G4");
-    EXPECT_FALSE(App.Fields.Modified);
+    EXPECT_FALSE(App.Editing.EditHistory.Modified);
 }
 
 TEST_F(EditHistoryTest, TheSettingsOfTheSoundCountAsChangesUntilTheyAreSetBack) {
-    App.Fields.BPM.Type("99");
-    EXPECT_TRUE(App.Fields.Modified);
-    App.Fields.BPM.Type("140");
-    EXPECT_FALSE(App.Fields.Modified);
-    App.Fields.AlternateTime.Type("50");
-    EXPECT_TRUE(App.Fields.Modified);
-    App.Fields.AlternateTime.Type("20");
-    App.Fields.BeatsPerBar.Set(3);
-    EXPECT_TRUE(App.Fields.Modified);
-    App.Fields.BeatsPerBar.Set(4);
-    App.Fields.NoteSilenceRatio.Set(100);
-    EXPECT_TRUE(App.Fields.Modified);
+    App.Fields.Song.BPM.Type("99");
+    EXPECT_TRUE(App.Editing.EditHistory.Modified);
+    App.Fields.Song.BPM.Type("140");
+    EXPECT_FALSE(App.Editing.EditHistory.Modified);
+    App.Fields.Song.AlternateTime.Type("50");
+    EXPECT_TRUE(App.Editing.EditHistory.Modified);
+    App.Fields.Song.AlternateTime.Type("20");
+    App.Fields.Song.BeatsPerBar.Set(3);
+    EXPECT_TRUE(App.Editing.EditHistory.Modified);
+    App.Fields.Song.BeatsPerBar.Set(4);
+    App.Fields.Song.NoteSilenceRatio.Set(100);
+    EXPECT_TRUE(App.Editing.EditHistory.Modified);
     App.Editing.EditHistory.MarkSaved();
-    EXPECT_FALSE(App.Fields.Modified);
-    App.Fields.NoteLengthCombo = 0;
-    App.Fields.KeyboardOctave.Type("7");
-    EXPECT_FALSE(App.Fields.Modified) << "these are for the next note only";
+    EXPECT_FALSE(App.Editing.EditHistory.Modified);
+    App.Fields.Entry.NoteLengthCombo = 0;
+    App.Fields.Entry.KeyboardOctave.Type("7");
+    EXPECT_FALSE(App.Editing.EditHistory.Modified) << "these are for the next note only";
 }
 
 TEST_F(EditHistoryTest, ARecoveredSongIsModifiedUntilItIsSaved) {
     App.Editing.EditHistory.MarkUnsaved();
-    EXPECT_TRUE(App.Fields.Modified);
+    EXPECT_TRUE(App.Editing.EditHistory.Modified);
     App.Playing.PianoKeys.PianoKey_Click(12);
     App.Editing.EditHistory.Undo();
-    EXPECT_TRUE(App.Fields.Modified);
+    EXPECT_TRUE(App.Editing.EditHistory.Modified);
     App.Editing.EditHistory.MarkSaved();
-    EXPECT_FALSE(App.Fields.Modified);
+    EXPECT_FALSE(App.Editing.EditHistory.Modified);
 }
 
 TEST_F(EditHistoryTest, TheOldestStepsAreForgottenBeforeTheyFillTheMemory) {
@@ -324,10 +326,10 @@ TEST_F(EditHistoryTest, TheOldestStepsAreForgottenBeforeTheyFillTheMemory) {
         }
     }
     int undone = 0;
-    for (; App.Fields.CanUndo; ++undone)
+    for (; App.Editing.EditHistory.CanUndo; ++undone)
         App.Editing.EditHistory.Undo();
     EXPECT_EQ(undone, 3) << "each with a million rows and a run of selected ones";
-    EXPECT_TRUE(App.Fields.Modified) << "the way back to the start is forgotten";
+    EXPECT_TRUE(App.Editing.EditHistory.Modified) << "the way back to the start is forgotten";
 }
 
 /// What the song and its selection are, and whatever else undo restores.
@@ -368,15 +370,15 @@ void DoAnything(SimulatedProgram& program, std::mt19937& random) {
             app.Editing.ListEditing.SilentLineButton_Click();
             break;
         case 7:
-            app.Fields.ModDottedCheck = !app.Fields.ModDottedCheck;
+            app.Fields.Entry.ModDottedCheck = !app.Fields.Entry.ModDottedCheck;
             break;
         case 8:
-            app.Fields.ModTripletCheck = !app.Fields.ModTripletCheck;
+            app.Fields.Entry.ModTripletCheck = !app.Fields.Entry.ModTripletCheck;
             break;
         case 9:
-            app.Fields.NoteReplaceCheck = !app.Fields.NoteReplaceCheck;
-            app.Fields.NoteLengthReplaceCheck = below(2) == 0;
-            app.Fields.NoteLengthCombo = below(5);
+            app.Fields.Entry.NoteReplaceCheck = !app.Fields.Entry.NoteReplaceCheck;
+            app.Fields.Entry.NoteLengthReplaceCheck = below(2) == 0;
+            app.Fields.Entry.NoteLengthCombo = below(5);
             break;
         case 10:
             app.Editing.LineClipboard.CopyLines();
@@ -409,7 +411,7 @@ void DoAnything(SimulatedProgram& program, std::mt19937& random) {
 TEST(EditHistoryOfAnything, UndoesToTheStartAndRedoesToTheEnd) {
     for (std::uint32_t seed = 1; seed <= 60; ++seed) {
         SimulatedProgram program;
-        program.App.Fields.NoteClickPlayCheck = false;
+        program.App.Fields.Entry.NoteClickPlayCheck = false;
         program.SetSong({"Whole C4 E4 Dot", "Half D4 F4 -", "Quarter E4 - Tri", "1/8 - - -"});
         std::mt19937 random(seed);
         // The state before and after each step.
@@ -429,17 +431,17 @@ TEST(EditHistoryOfAnything, UndoesToTheStartAndRedoesToTheEnd) {
                 steps.emplace_back(before, StateOf(program));
         }
         for (auto step = steps.rbegin(); step != steps.rend(); ++step) {
-            ASSERT_TRUE(program.App.Fields.CanUndo) << seed;
+            ASSERT_TRUE(program.App.Editing.EditHistory.CanUndo) << seed;
             program.App.Editing.EditHistory.Undo();
             ASSERT_EQ(StateOf(program), step->first) << "seed " << seed;
         }
-        EXPECT_FALSE(program.App.Fields.CanUndo) << "seed " << seed;
-        EXPECT_FALSE(program.App.Fields.Modified) << "seed " << seed;
+        EXPECT_FALSE(program.App.Editing.EditHistory.CanUndo) << "seed " << seed;
+        EXPECT_FALSE(program.App.Editing.EditHistory.Modified) << "seed " << seed;
         for (const auto& step : steps) {
             program.App.Editing.EditHistory.Redo();
             ASSERT_EQ(StateOf(program), step.second) << "seed " << seed;
         }
-        EXPECT_FALSE(program.App.Fields.CanRedo) << "seed " << seed;
+        EXPECT_FALSE(program.App.Editing.EditHistory.CanRedo) << "seed " << seed;
     }
 }
 

@@ -15,8 +15,8 @@ struct ListEditingTest : testing::Test, SimulatedProgram {
         const MainFields& fields = App.Fields;
         std::string text;
         for (const bool enabled :
-             {fields.AddNote1OptionEnabled.Get(), fields.AddNote2OptionEnabled.Get(),
-              fields.NoteReplaceCheckEnabled.Get(), fields.NoteLengthReplaceCheckEnabled.Get()})
+             {fields.Entry.AddNote1OptionEnabled.Get(), fields.Entry.AddNote2OptionEnabled.Get(),
+              fields.Entry.NoteReplaceCheckEnabled.Get(), fields.Entry.NoteLengthReplaceCheckEnabled.Get()})
             text += enabled ? "1" : "0";
         return text;
     }
@@ -62,28 +62,28 @@ TEST_F(ListEditingTest, WithoutARealSelectionNothingIsChanged) {
         App.Editing.ListEditing.ClearNote2Button_Click();
         App.Editing.ListEditing.Command1_Click();
         App.Editing.ListEditing.UnselectButton_Click();
-        App.Fields.ModDottedCheck = !lostHighlight;
-        EXPECT_FALSE(App.Fields.CanUndo);
+        App.Fields.Entry.ModDottedCheck = !lostHighlight;
+        EXPECT_FALSE(App.Editing.EditHistory.CanUndo);
     }
     EXPECT_EQ(SongText(), "Whole C4 E4 Dot\n* Half D4 F4 -\nQuarter E4 - Tri\n1/8 F4 - -\n");
 }
 
 TEST_F(ListEditingTest, TheBlankLineIsInsertedWithTheChosenLengthAndMod) {
     App.List.Select(2);
-    App.Fields.NoteLengthCombo = 4;
+    App.Fields.Entry.NoteLengthCombo = 4;
     App.Editing.ListEditing.SilentLineButton_Click();
     EXPECT_EQ(SongText(), "Whole C4 E4 Dot\n1/16 - - -\n> Half D4 F4 -\nQuarter E4 - Tri\n1/8 F4 - -\n");
 }
 
 TEST_F(ListEditingTest, TheBlankLineReplacesOnlyLengthAndMod) {
-    App.Fields.NoteReplaceCheck = true;
-    App.Fields.NoteLengthReplaceCheck = true;
-    App.Fields.ModTripletCheck = true;
-    App.Fields.NoteLengthCombo = 0;
+    App.Fields.Entry.NoteReplaceCheck = true;
+    App.Fields.Entry.NoteLengthReplaceCheck = true;
+    App.Fields.Entry.ModTripletCheck = true;
+    App.Fields.Entry.NoteLengthCombo = 0;
     App.List.Select(2);
     App.Editing.ListEditing.SilentLineButton_Click();
     EXPECT_EQ(SongText(), "Whole C4 E4 Dot\nWhole D4 F4 Tri\n> Quarter E4 - Tri\n1/8 F4 - -\n");
-    App.Fields.NoteLengthReplaceCheck = false;
+    App.Fields.Entry.NoteLengthReplaceCheck = false;
     App.Editing.ListEditing.SilentLineButton_Click();
     EXPECT_EQ(SongText(), "Whole C4 E4 Dot\nWhole D4 F4 Tri\nQuarter E4 - Tri\n> 1/8 F4 - -\n")
         << "without the length, the selection only moves on";
@@ -93,34 +93,34 @@ TEST_F(ListEditingTest, UnselectingLeavesTheItemAndShowsTheEndOfTheSong) {
     App.List.Select(2);
     App.Editing.ListEditing.UnselectButton_Click();
     EXPECT_EQ(SongText(), "Whole C4 E4 Dot\n* Half D4 F4 -\nQuarter E4 - Tri\n1/8 F4 - -\n");
-    EXPECT_EQ(App.Fields.lblPlayBar.Get(), "003");
+    EXPECT_EQ(App.Editing.PositionDisplay.lblPlayBar.Get(), "003");
     App.Editing.NoteEntry.AddNote(0, 4, 0);
     EXPECT_EQ(App.List.Line(5).Note1, "C4") << "the next note is appended";
 }
 
 TEST_F(ListEditingTest, DottedWhileTripletIsTickedLeavesDotted) {
     App.List.Select(3);
-    App.Editing.ModButtons.UpdateModButtons();
-    ASSERT_TRUE(App.Fields.ModTripletCheck);
-    App.Fields.ModDottedCheck = true;
-    EXPECT_TRUE(App.Fields.ModDottedCheck);
-    EXPECT_FALSE(App.Fields.ModTripletCheck);
+    App.Editing.DottedTripletBoxes.UpdateModButtons();
+    ASSERT_TRUE(App.Fields.Entry.ModTripletCheck);
+    App.Fields.Entry.ModDottedCheck = true;
+    EXPECT_TRUE(App.Fields.Entry.ModDottedCheck);
+    EXPECT_FALSE(App.Fields.Entry.ModTripletCheck);
     EXPECT_EQ(App.List.Line(3).Mod, "Dot");
 }
 
 TEST_F(ListEditingTest, TheOptionsOfEnteringNotesAreAvailableWithIt) {
     EXPECT_EQ(Enabled(), "1110") << "as the program starts";
-    App.Fields.NoteClickAddCheck = false;
+    App.Fields.Entry.NoteClickAddCheck = false;
     EXPECT_EQ(Enabled(), "0000");
-    App.Fields.NoteClickAddCheck = true;
+    App.Fields.Entry.NoteClickAddCheck = true;
     EXPECT_EQ(Enabled(), "1110");
-    App.Fields.NoteReplaceCheck = true;
+    App.Fields.Entry.NoteReplaceCheck = true;
     EXPECT_EQ(Enabled(), "1111");
-    App.Fields.NoteClickAddCheck = false;
+    App.Fields.Entry.NoteClickAddCheck = false;
     EXPECT_EQ(Enabled(), "0000");
-    App.Fields.NoteClickAddCheck = true;
+    App.Fields.Entry.NoteClickAddCheck = true;
     EXPECT_EQ(Enabled(), "1111");
-    App.Fields.NoteReplaceCheck = false;
+    App.Fields.Entry.NoteReplaceCheck = false;
     EXPECT_EQ(Enabled(), "1110");
 }
 
@@ -131,16 +131,16 @@ TEST_F(ListEditingTest, ASongThatSwitchesNoteEntryOffGreysItsOptions) {
 }
 
 TEST_F(ListEditingTest, OnlyOneOfTheTwoNoteColumnsIsChosen) {
-    App.Fields.AddNote2Option = true;
-    EXPECT_FALSE(App.Fields.AddNote1Option);
-    App.Fields.AddNote1Option = true;
-    EXPECT_FALSE(App.Fields.AddNote2Option);
-    EXPECT_TRUE(App.Fields.AddNote1Option);
+    App.Fields.Entry.AddNote2Option = true;
+    EXPECT_FALSE(App.Fields.Entry.AddNote1Option);
+    App.Fields.Entry.AddNote1Option = true;
+    EXPECT_FALSE(App.Fields.Entry.AddNote2Option);
+    EXPECT_TRUE(App.Fields.Entry.AddNote1Option);
 }
 
 TEST_F(ListEditingTest, ErasingWhileThePlayedLineSoundsGoesOn) {
-    App.Fields.MutePCSpeaker = true;
-    App.Fields.BPM.Set(600);
+    App.Fields.Output.MutePCSpeaker = true;
+    App.Fields.Song.BPM.Set(600);
     Time.At(150, [this] { App.Editing.ListEditing.Command1_Click(); });
     App.Playing.PlaybackEngine.OnRangeEnd = [this] { App.Playing.PlaybackEngine.StopPlayButton_Click(); };
     App.Playing.PlaybackEngine.PlayAllButton_Click();
@@ -156,10 +156,10 @@ TEST_F(ListEditingTest, WithSeveralLinesSelectedEraseWholeLineErasesAllInOneStep
     App.List.SetSelection(1, {1, 3});
     App.Editing.ListEditing.Command1_Click();
     EXPECT_EQ(SongText(), "Half D4 F4 -\n> 1/8 F4 - -\n");
-    EXPECT_EQ(App.Fields.UndoText.Get(), "Undo Erase lines");
+    EXPECT_EQ(App.Editing.EditHistory.UndoText.Get(), "Undo Erase lines");
     App.Editing.EditHistory.Undo();
     EXPECT_EQ(SongText(), "> Whole C4 E4 Dot\nHalf D4 F4 -\n> Quarter E4 - Tri\n1/8 F4 - -\n");
-    EXPECT_FALSE(App.Fields.CanUndo);
+    EXPECT_FALSE(App.Editing.EditHistory.CanUndo);
 }
 
 TEST_F(ListEditingTest, WithSeveralLinesSelectedClearingMeansAllInOneStep) {
@@ -171,19 +171,19 @@ TEST_F(ListEditingTest, WithSeveralLinesSelectedClearingMeansAllInOneStep) {
     App.Editing.EditHistory.Undo();
     App.Editing.EditHistory.Undo();
     EXPECT_EQ(SongText(), "> Whole C4 E4 Dot\n> Half D4 F4 -\nQuarter E4 - Tri\n1/8 F4 - -\n");
-    EXPECT_FALSE(App.Fields.CanUndo);
+    EXPECT_FALSE(App.Editing.EditHistory.CanUndo);
 }
 
 TEST_F(ListEditingTest, WithSeveralLinesSelectedTheModifierIsGivenToAllInOneStep) {
     App.List.SetSelection(2, {2, 3});
-    App.Fields.ModDottedCheck = true;
+    App.Fields.Entry.ModDottedCheck = true;
     EXPECT_EQ(SongText(), "Whole C4 E4 Dot\n> Half D4 F4 Dot\n> Quarter E4 - Dot\n1/8 F4 - -\n");
-    App.Fields.ModTripletCheck = true;
+    App.Fields.Entry.ModTripletCheck = true;
     EXPECT_EQ(SongText(), "Whole C4 E4 Dot\n> Half D4 F4 Tri\n> Quarter E4 - Tri\n1/8 F4 - -\n");
     App.Editing.EditHistory.Undo();
     App.Editing.EditHistory.Undo();
     EXPECT_EQ(SongText(), "Whole C4 E4 Dot\n> Half D4 F4 -\n> Quarter E4 - Tri\n1/8 F4 - -\n");
-    EXPECT_FALSE(App.Fields.CanUndo);
+    EXPECT_FALSE(App.Editing.EditHistory.CanUndo);
 }
 
 TEST_F(ListEditingTest, WithSeveralLinesSelectedABlankLineComesBeforeTheSelectedItemWhichAloneStaysSelected) {
@@ -201,30 +201,32 @@ TEST_F(ListEditingTest, UnselectingClearsEveryHighlight) {
 
 TEST_F(ListEditingTest, ABlankLineAndAnErasedOneMoveThePositionExceptDuringPlayback) {
     App.List.Select(2);
-    App.Fields.NoteLengthCombo = 0;
+    App.Fields.Entry.NoteLengthCombo = 0;
     App.Editing.ListEditing.SilentLineButton_Click();
-    EXPECT_EQ(App.Fields.lblPlayPos.Get(), "01 01/02");
-    EXPECT_EQ(App.Fields.lblPlayBar.Get(), "003") << "a dotted whole note and a whole one before the line";
+    EXPECT_EQ(App.Editing.PositionDisplay.lblPlayPos.Get(), "01 01/02");
+    EXPECT_EQ(App.Editing.PositionDisplay.lblPlayBar.Get(), "003")
+        << "a dotted whole note and a whole one before the line";
     App.List.Select(1);
     App.Editing.ListEditing.Command1_Click();
-    EXPECT_EQ(App.Fields.lblPlayBar.Get(), "001");
-    App.Fields.MusicIsPlaying = true;
+    EXPECT_EQ(App.Editing.PositionDisplay.lblPlayBar.Get(), "001");
+    App.Fields.State.MusicIsPlaying = true;
     App.Editing.ListEditing.SilentLineButton_Click();
-    EXPECT_EQ(App.Fields.lblPlayBar.Get(), "001");
+    EXPECT_EQ(App.Editing.PositionDisplay.lblPlayBar.Get(), "001");
 }
 
 TEST_F(ListEditingTest, TheBoxesAndThePositionGoWithASelectionThatIsMovedWithoutPlaying) {
     App.List.Select(3);
     App.Editing.ListEditing.FollowSelection();
-    EXPECT_TRUE(App.Fields.ModTripletCheck);
-    EXPECT_EQ(App.Fields.lblPlayBar.Get(), "003");
+    EXPECT_TRUE(App.Fields.Entry.ModTripletCheck);
+    EXPECT_EQ(App.Editing.PositionDisplay.lblPlayBar.Get(), "003");
     EXPECT_EQ(App.List.Line(3).Mod, "Tri");
-    EXPECT_FALSE(App.Fields.CanUndo);
+    EXPECT_FALSE(App.Editing.EditHistory.CanUndo);
     App.List.Select(1);
-    App.Fields.MusicIsPlaying = true;
+    App.Fields.State.MusicIsPlaying = true;
     App.Editing.ListEditing.FollowSelection();
-    EXPECT_TRUE(App.Fields.ModDottedCheck);
-    EXPECT_EQ(App.Fields.lblPlayBar.Get(), "003") << "the labels belong to the music while it plays";
+    EXPECT_TRUE(App.Fields.Entry.ModDottedCheck);
+    EXPECT_EQ(App.Editing.PositionDisplay.lblPlayBar.Get(), "003")
+        << "the labels belong to the music while it plays";
 }
 
 }  // namespace

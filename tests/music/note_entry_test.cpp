@@ -58,7 +58,7 @@ TEST_F(NoteEntryTest, AnItemThatHasLostItsHighlightIsNoInsertPoint) {
     SetSong({"Whole C4 - -", "Half D4 - -"});
     App.List.Select(1);
     App.List.Unselect(1);
-    App.Fields.NoteReplaceCheck = true;
+    App.Fields.Entry.NoteReplaceCheck = true;
     EXPECT_EQ(LogOf(2, 4, 2),
               "    AddNote(2, 4, 2 (Quarter)) - START\n"
               "    NoteLetter = D\n"
@@ -78,8 +78,8 @@ TEST_F(NoteEntryTest, AnItemThatHasLostItsHighlightIsNoInsertPoint) {
 TEST_F(NoteEntryTest, ReplacingWritesOneNoteAndGoesToTheNextLine) {
     SetSong({"Whole C4 - -", "Half D4 - Tri", "Quarter E4 - -"});
     App.List.Select(2);
-    App.Fields.NoteReplaceCheck = true;
-    App.Fields.AddNote2Option = true;
+    App.Fields.Entry.NoteReplaceCheck = true;
+    App.Fields.Entry.AddNote2Option = true;
     EXPECT_EQ(LogOf(9, 4, 4),
               "    AddNote(9, 4, 4 (1/16)) - START\n"
               "    NoteLetter = A\n"
@@ -99,7 +99,7 @@ TEST_F(NoteEntryTest, ReplacingWritesOneNoteAndGoesToTheNextLine) {
 TEST_F(NoteEntryTest, ReplacingTheLastLineClearsTheSelectionAndTheNextNoteIsAppended) {
     SetSong({"Whole C4 - -", "Half D4 - -"});
     App.List.Select(2);
-    App.Fields.NoteReplaceCheck = true;
+    App.Fields.Entry.NoteReplaceCheck = true;
     App.Editing.NoteEntry.AddNote(4, 4, 2);
     EXPECT_EQ(SongText(), "Whole C4 - -\n* Half E4 - -\n");
     EXPECT_FALSE(App.List.IsSelected(2));
@@ -110,8 +110,8 @@ TEST_F(NoteEntryTest, ReplacingTheLastLineClearsTheSelectionAndTheNextNoteIsAppe
 TEST_F(NoteEntryTest, ReplacingTheLengthTooWritesLengthAndMod) {
     SetSong({"Whole C4 - Tri", "Half D4 - Dot", "Quarter E4 - -"});
     App.List.Select(1);
-    App.Fields.NoteReplaceCheck = true;
-    App.Fields.NoteLengthReplaceCheck = true;
+    App.Fields.Entry.NoteReplaceCheck = true;
+    App.Fields.Entry.NoteLengthReplaceCheck = true;
     EXPECT_EQ(LogOf(1, 3, 2),
               "    AddNote(1, 3, 2 (Quarter)) - START\n"
               "    NoteLetter = C#\n"
@@ -131,18 +131,18 @@ TEST_F(NoteEntryTest, ReplacingTheLengthTooWritesLengthAndMod) {
 }
 
 TEST_F(NoteEntryTest, ANewLineTakesTheModOfTheBoxes) {
-    App.Fields.ModDottedCheck = true;
+    App.Fields.Entry.ModDottedCheck = true;
     App.Editing.NoteEntry.AddNote(0, 4, 2);
-    App.Fields.ModTripletCheck = true;
+    App.Fields.Entry.ModTripletCheck = true;
     App.Editing.NoteEntry.AddNote(0, 4, 2);
-    App.Fields.ModTripletCheck = false;
+    App.Fields.Entry.ModTripletCheck = false;
     App.Editing.NoteEntry.AddNote(0, 4, 2);
     EXPECT_EQ(SongText(), "Quarter C4 - Dot\nQuarter C4 - Tri\nQuarter C4 - -\n");
 }
 
 TEST_F(NoteEntryTest, TheModWrittenWithTheLengthIsLogged) {
-    App.Fields.NoteLengthReplaceCheck = true;
-    App.Fields.ModDottedCheck = true;
+    App.Fields.Entry.NoteLengthReplaceCheck = true;
+    App.Fields.Entry.ModDottedCheck = true;
     EXPECT_EQ(LogOf(-1, 0, 9),
               "    AddNote(-1, 0, 9 ()) - START\n"
               "    NoteLetter = -\n"
@@ -157,7 +157,7 @@ TEST_F(NoteEntryTest, TheModWrittenWithTheLengthIsLogged) {
               "    Modifier: Dotted\n"
               "    AddNote() - END\n"
               "\n");
-    App.Fields.ModTripletCheck = true;
+    App.Fields.Entry.ModTripletCheck = true;
     App.Editing.NoteEntry.AddNote(-1, 0, 1);
     EXPECT_NE(LogText().find("    Modifier: Triplet\n"), std::string::npos);
     EXPECT_EQ(SongText(), " - - Dot\nHalf - - Tri\n");
@@ -209,7 +209,7 @@ TEST_F(NoteEntryTest, TheNewLineAndTheOneThatIsSelectedNextAreScrolledIntoView) 
 
 TEST_F(NoteEntryTest, ReplacingTheLastOfSeveralSelectedLinesLeavesNoneHighlighted) {
     SetSong({"Whole C4 - -", "Half D4 - -"});
-    App.Fields.NoteReplaceCheck = true;
+    App.Fields.Entry.NoteReplaceCheck = true;
     App.List.SetSelection(2, {1, 2});
     App.Editing.NoteEntry.AddNote(9, 4, 0);
     EXPECT_EQ(SongText(), "Whole C4 - -\n* Half A4 - -\n");

@@ -11,8 +11,8 @@ namespace {
 class BeatTest : public testing::Test {
   protected:
     BeatTest() {
-        Fields.BPM.Set(120);
-        Fields.NoteSilenceRatio.Set(50);
+        Fields.Song.BPM.Set(120);
+        Fields.Song.NoteSilenceRatio.Set(50);
     }
 
     void PlayAllOnce() {
@@ -36,7 +36,7 @@ class BeatTest : public testing::Test {
 
 TEST_F(BeatTest, IsThreeFallingTonesBeforeTheLinesNoteWhoseEndStays) {
     P.SetSong({"Quarter A4 - -"});
-    Fields.UseBeatCheck = true;
+    Fields.Mods.UseBeat.Ticked = true;
     PlayAllOnce();
     EXPECT_EQ(P.Timeline.Text("speaker"),
               "0.0000 speaker 250 Hz 15 ms\n0.0150 speaker 162 Hz 15 ms\n0.0300 speaker 106 Hz 15 ms\n"
@@ -52,28 +52,25 @@ TEST_F(BeatTest, NoLineBeginsWithItUntilItIsTicked) {
 TEST_F(BeatTest, FallsOnlyOnLinesThatStartOnAWholeBeat) {
     // Beats 1, 2, 2.5, 3, 3.25 and 4.
     P.SetSong({"Quarter - - -", "1/8 - - -", "1/8 - - -", "1/16 - - -", "1/8 - - Dot", "Quarter - - -"});
-    Fields.UseBeatCheck = true;
+    Fields.Mods.UseBeat.Ticked = true;
     PlayAllOnce();
     EXPECT_EQ(Kicks(), "0 510 1005 1500 ");
 }
 
 TEST_F(BeatTest, OnEveryOtherBeatItIsTheEvenOnesOfEachBar) {
     P.SetSong({"Quarter - - -", "Quarter - - -", "Quarter - - -", "Quarter - - -", "Quarter - - -"});
-    Fields.UseBeatCheck = true;
-    Fields.optBeatAll = false;
-    EXPECT_TRUE(Fields.BeatEvenOnly);
-    Fields.BeatsPerBar.Set(3);  // beats 1 2 3 1 2
+    Fields.Mods.UseBeat.Ticked = true;
+    P.App.Playing.Beat.optBeatAll = false;
+    Fields.Song.BeatsPerBar.Set(3);  // beats 1 2 3 1 2
     PlayAllOnce();
     EXPECT_EQ(Kicks(), "510 2010 ");
-    Fields.optBeatAll = true;
-    EXPECT_FALSE(Fields.BeatEvenOnly);
 }
 
 TEST_F(BeatTest, TwoDigitBeatsCount) {
-    Fields.UseBeatCheck = true;
-    Fields.optBeatAll = false;
+    Fields.Mods.UseBeat.Ticked = true;
+    P.App.Playing.Beat.optBeatAll = false;
     for (const char* caption : {"09.00", "10.00", "10.50", "11.00", "16.00"}) {
-        Fields.lblPlaySig = caption;
+        P.App.Editing.PositionDisplay.lblPlaySig = caption;
         P.App.Playing.Beat.LineStarts();
     }
     EXPECT_EQ(Kicks(), "0 45 ");
@@ -81,7 +78,7 @@ TEST_F(BeatTest, TwoDigitBeatsCount) {
 
 TEST_F(BeatTest, AClickedLineHasItToo) {
     P.SetSong({"Quarter - - -", "1/8 - - -", "1/8 A4 - -"});
-    Fields.UseBeatCheck = true;
+    Fields.Mods.UseBeat.Ticked = true;
     P.App.Playing.PlaybackEngine.MainList_ItemClick(3);
     EXPECT_EQ(Kicks(), "") << "it starts at beat 2.5";
     P.App.Playing.PlaybackEngine.MainList_ItemClick(2);
@@ -90,26 +87,26 @@ TEST_F(BeatTest, AClickedLineHasItToo) {
 
 TEST_F(BeatTest, WithDoNotUpdateItDoesNotFollowTheMusic) {
     P.SetSong({"1/8 - - -", "1/8 - - -"});
-    Fields.UseBeatCheck = true;
-    Fields.NoUpdateCheck = true;
+    Fields.Mods.UseBeat.Ticked = true;
+    P.App.Editing.PositionDisplay.NoUpdateCheck = true;
     PlayAllOnce();
     EXPECT_EQ(Kicks(), "0 255 ") << "the label stands where the music began";
 }
 
 TEST_F(BeatTest, TickedInTheMiddleOfMusicWithoutUpdatesItFindsTheBeat) {
     P.SetSong({"1/8 - - -", "1/8 - - -", "1/8 - - -", "1/8 - - -", "1/8 - - -", "1/8 - - -"});
-    Fields.NoUpdateCheck = true;
+    P.App.Editing.PositionDisplay.NoUpdateCheck = true;
     P.Boxes.AnswerNext(BoxAnswer::Yes);
-    P.Time.At(600, [this] { Fields.UseBeatCheck = true; });
+    P.Time.At(600, [this] { Fields.Mods.UseBeat.Ticked = true; });
     PlayAllOnce();
     EXPECT_EQ(Kicks(), "1005 ") << "the fifth line, at beat 3";
 }
 
 TEST_F(BeatTest, FollowsTheChosenOutput) {
     P.SetSong({"Quarter - - -"});
-    Fields.UseBeatCheck = true;
-    Fields.UseWriteCode = true;
-    Fields.MutePCSpeaker = true;
+    Fields.Mods.UseBeat.Ticked = true;
+    P.App.Outputs.ToneCode.UseWriteCode = true;
+    Fields.Output.MutePCSpeaker = true;
     PlayAllOnce();
     EXPECT_EQ(P.Timeline.Text("speaker"), "");
     EXPECT_TRUE(
@@ -131,10 +128,10 @@ TEST_F(BeatTest, ASweepEndsAtItsEndFrequencyAndBelow16Kilohertz) {
 
 TEST_F(BeatTest, TickedUnderDoNotUpdateItAsksAndUnticksThat) {
     P.App.Log.Enable();
-    Fields.NoUpdateCheck = true;
+    P.App.Editing.PositionDisplay.NoUpdateCheck = true;
     P.App.Editing.PositionDisplay.NoUpdateCheck_Click();
     P.Boxes.AnswerNext(BoxAnswer::Yes);
-    Fields.UseBeatCheck = true;
+    Fields.Mods.UseBeat.Ticked = true;
     ASSERT_EQ(P.Boxes.Shown().size(), 1U);
     const MessageBox& box = P.Boxes.Shown()[0];
     EXPECT_EQ(box.Title, "Info about playing a beat sound");
@@ -145,34 +142,32 @@ TEST_F(BeatTest, TickedUnderDoNotUpdateItAsksAndUnticksThat) {
               "\r\n\r\nUn-tick it?");
     EXPECT_EQ(box.Icon, BoxIcon::Question);
     EXPECT_EQ(box.Buttons, BoxButtons::YesNo);
-    EXPECT_FALSE(Fields.NoUpdateCheck);
-    EXPECT_FALSE(Fields.UseNoUpdate);
-    EXPECT_TRUE(Fields.UseBeat);
+    EXPECT_FALSE(P.App.Editing.PositionDisplay.NoUpdateCheck);
+    EXPECT_TRUE(Fields.Mods.UseBeat.InUse);
     EXPECT_EQ(P.LogText(),
               "NoUpdateCheck clicked - UseNoUpdate -> TRUE\nUseBeatCheck clicked - UseBeat -> TRUE\n"
               "NoUpdateCheck clicked - UseNoUpdate -> FALSE\n");
 }
 
 TEST_F(BeatTest, WithAnyOtherAnswerDoNotUpdateStaysTicked) {
-    Fields.NoUpdateCheck = true;
+    P.App.Editing.PositionDisplay.NoUpdateCheck = true;
     P.App.Editing.PositionDisplay.NoUpdateCheck_Click();
     P.Boxes.AnswerNext(BoxAnswer::No);
-    Fields.UseBeatCheck = true;
-    EXPECT_TRUE(Fields.NoUpdateCheck);
-    EXPECT_TRUE(Fields.UseNoUpdate);
-    EXPECT_TRUE(Fields.UseBeat);
-    Fields.UseBeatCheck = false;
-    EXPECT_FALSE(Fields.UseBeat);
+    Fields.Mods.UseBeat.Ticked = true;
+    EXPECT_TRUE(P.App.Editing.PositionDisplay.NoUpdateCheck);
+    EXPECT_TRUE(Fields.Mods.UseBeat.InUse);
+    Fields.Mods.UseBeat.Ticked = false;
+    EXPECT_FALSE(Fields.Mods.UseBeat.InUse);
     EXPECT_EQ(P.Boxes.Shown().size(), 1U) << "unticking asks nothing";
 }
 
 TEST_F(BeatTest, StandsBetweenTheVoicesPitchAndTheNotes) {
     P.SetSong({"1/8 A4 A4 -", "1/8 A4 - -"});
     test::RecordedPlayback recorded(P, [this] { P.App.Playing.Beat.LineStarts(); });
-    Fields.UseBeatCheck = true;
-    Fields.UseVoiceCheck = true;
-    Fields.VoiceVolSlider = 5000;
-    Fields.PlayNote2Check = false;
+    Fields.Mods.UseBeat.Ticked = true;
+    Fields.Mods.UseVoice.Ticked = true;
+    Fields.Output.VoiceVolSlider = 5000;
+    Fields.Song.PlayNote2Check = false;
     P.App.Outputs.SoundMods.Singer.StopMoving();
     P.Timeline.Clear();
     recorded.Playback.OnRangeEnd = [&] { recorded.Playback.StopPlayButton_Click(); };

@@ -34,7 +34,7 @@ std::vector<std::int32_t> ExpectedNotes(std::size_t count) {
 }
 
 TEST_F(CircuitBentTest, PlaysFifteenRandomNotesPerBurstAndTheNextBurstAtOnce) {
-    Fields.UseCircuitBentCheck = true;
+    Fields.Mods.UseCircuitBent.Ticked = true;
     P.Time.RunUntil(30);  // the second burst is due before the first one has ended
     std::string expected;
     int ms = 15;
@@ -50,9 +50,9 @@ TEST_F(CircuitBentTest, PlaysFifteenRandomNotesPerBurstAndTheNextBurstAtOnce) {
 TEST_F(CircuitBentTest, IsSilentUntilTickedAndAfterwards) {
     P.Time.RunUntil(1000);
     EXPECT_EQ(P.Timeline.Text(), "");
-    Fields.UseCircuitBentCheck = true;
+    Fields.Mods.UseCircuitBent.Ticked = true;
     P.Time.RunUntil(1100);
-    Fields.UseCircuitBentCheck = false;
+    Fields.Mods.UseCircuitBent.Ticked = false;
     P.Timeline.Clear();
     P.Time.RunUntil(2000);
     EXPECT_EQ(P.Timeline.Text(), "");
@@ -61,13 +61,13 @@ TEST_F(CircuitBentTest, IsSilentUntilTickedAndAfterwards) {
 TEST_F(CircuitBentTest, TheNumbersReachFromTheLowestNoteToTheHighest) {
     FixedNumber number;
     MainFields fields;
-    CircuitBent bending(fields, P.App.Outputs.ToneDispatcher, number, P.Time, P.App.Handlers, P.App.Log);
-    Fields.UseWriteCode = true;
+    CircuitBent bending(fields.Mods, fields.State, P.App.Outputs.ToneDispatcher, number, P.Time, P.App.Handlers, P.App.Log);
+    P.App.Outputs.ToneCode.UseWriteCode = true;
     const auto note = [&](double value) {
         number.Value = value;
-        fields.UseCircuitBentCheck = true;
+        fields.Mods.UseCircuitBent.Ticked = true;
         P.Time.RunUntil(static_cast<double>(P.Time.Now()) / SimulatedTime::CountsPerMs + 20);
-        fields.UseCircuitBentCheck = false;
+        fields.Mods.UseCircuitBent.Ticked = false;
         const std::string code = P.Disk.Content("/program/tonecode.txt");
         return code.substr(code.rfind('\'') + 1);
     };
@@ -78,7 +78,7 @@ TEST_F(CircuitBentTest, TheNumbersReachFromTheLowestNoteToTheHighest) {
 
 TEST_F(CircuitBentTest, OverMidiABurstIsFifteenPairsOfNoteOnAndNoteOff) {
     P.OpenMidiOut();
-    Fields.UseCircuitBentCheck = true;
+    Fields.Mods.UseCircuitBent.Ticked = true;
     P.Time.RunUntil(20);
     std::string expected;
     int ms = 15;
@@ -93,9 +93,9 @@ TEST_F(CircuitBentTest, OverMidiABurstIsFifteenPairsOfNoteOnAndNoteOff) {
 }
 
 TEST_F(CircuitBentTest, OnAMutedSpeakerBurstsDoNotPileUp) {
-    Fields.MutePCSpeaker = true;
-    Fields.UseWriteCode = true;
-    Fields.UseCircuitBentCheck = true;
+    Fields.Output.MutePCSpeaker = true;
+    Code.UseWriteCode = true;
+    Fields.Mods.UseCircuitBent.Ticked = true;
     P.Time.RunUntil(239);
     const std::string code = P.Disk.Content("/program/tonecode.txt");
     EXPECT_EQ(std::count(code.begin(), code.end(), '\''), 30) << "each after the other, in 450 ms";
@@ -103,30 +103,30 @@ TEST_F(CircuitBentTest, OnAMutedSpeakerBurstsDoNotPileUp) {
 }
 
 TEST_F(CircuitBentTest, UntickedInTheMiddleOfABurstItStops) {
-    Fields.MutePCSpeaker = true;
-    Fields.UseWriteCode = true;
-    P.Time.At(40, [this] { Fields.UseCircuitBentCheck = false; });
-    Fields.UseCircuitBentCheck = true;
+    Fields.Output.MutePCSpeaker = true;
+    Code.UseWriteCode = true;
+    P.Time.At(40, [this] { Fields.Mods.UseCircuitBent.Ticked = false; });
+    Fields.Mods.UseCircuitBent.Ticked = true;
     P.Time.RunUntil(1000);
     const std::string code = P.Disk.Content("/program/tonecode.txt");
     EXPECT_EQ(std::count(code.begin(), code.end(), '\''), 2);
 }
 
 TEST_F(CircuitBentTest, AnErrorIsShownOnceAndEndsTheMode) {
-    Fields.UseWriteCode = true;
+    Code.UseWriteCode = true;
     P.Disk.FailWriting("/program/tonecode.txt", std::errc::no_space_on_device);
-    Fields.UseCircuitBentCheck = true;
+    Fields.Mods.UseCircuitBent.Ticked = true;
     P.Time.RunUntil(1000);
     EXPECT_EQ(P.Boxes.Shown().size(), 1U);
-    EXPECT_FALSE(Fields.UseCircuitBentCheck);
-    EXPECT_FALSE(Fields.UseCircuitBent);
+    EXPECT_FALSE(Fields.Mods.UseCircuitBent.Ticked);
+    EXPECT_FALSE(Fields.Mods.UseCircuitBent.InUse);
 }
 
 TEST_F(CircuitBentTest, ClosingTheProgramEndsTheBurst) {
-    Fields.MutePCSpeaker = true;
-    Fields.UseWriteCode = true;
-    P.Time.At(40, [this] { Fields.ShuttingDown = true; });
-    Fields.UseCircuitBentCheck = true;
+    Fields.Output.MutePCSpeaker = true;
+    Code.UseWriteCode = true;
+    P.Time.At(40, [this] { Fields.State.ShuttingDown = true; });
+    Fields.Mods.UseCircuitBent.Ticked = true;
     P.Time.RunUntil(1000);
     const std::string code = P.Disk.Content("/program/tonecode.txt");
     EXPECT_EQ(std::count(code.begin(), code.end(), '\''), 2);
@@ -134,8 +134,8 @@ TEST_F(CircuitBentTest, ClosingTheProgramEndsTheBurst) {
 
 TEST_F(CircuitBentTest, LogsItsSwitch) {
     P.App.Log.Enable();
-    Fields.UseCircuitBentCheck = true;
-    Fields.UseCircuitBentCheck = false;
+    Fields.Mods.UseCircuitBent.Ticked = true;
+    Fields.Mods.UseCircuitBent.Ticked = false;
     EXPECT_EQ(P.LogText(),
               "UseCircuitBentCheck clicked - UseCircuitBent -> TRUE\n"
               "UseCircuitBentCheck clicked - UseCircuitBent -> FALSE\n");

@@ -13,13 +13,13 @@ namespace {
 
 class MetronomeTest : public testing::Test {
   protected:
-    MetronomeTest() { Fields.BPM.Set(120); }
+    MetronomeTest() { Fields.Song.BPM.Set(120); }
 
     /// Runs from a click now to one at `offMs`.
     void ClickUntil(double offMs) {
         P.Time.At(offMs, [this] { P.App.Playing.Metronome.MetronomeButton_Click(); });
         P.App.Playing.Metronome.MetronomeButton_Click();
-        EXPECT_FALSE(Fields.MetronomeIsOn);
+        EXPECT_FALSE(P.App.Playing.Metronome.MetronomeIsOn);
     }
     std::string Tones() const { return P.Timeline.Text("speaker"); }
 
@@ -28,7 +28,7 @@ class MetronomeTest : public testing::Test {
 };
 
 TEST_F(MetronomeTest, InThreeFourClicksHighLowLowHigh) {
-    Fields.BeatsPerBar.Set(3);
+    Fields.Song.BeatsPerBar.Set(3);
     ClickUntil(1600);
     EXPECT_EQ(Tones(),
               "0.0000 speaker 1000 Hz 20 ms\n0.5000 speaker 500 Hz 20 ms\n1.0000 speaker 500 Hz 20 ms\n"
@@ -36,7 +36,7 @@ TEST_F(MetronomeTest, InThreeFourClicksHighLowLowHigh) {
 }
 
 TEST_F(MetronomeTest, ATimeSignatureThatShrinksStartsTheNextBar) {
-    P.Time.At(700, [this] { Fields.BeatsPerBar.Set(2); });
+    P.Time.At(700, [this] { Fields.Song.BeatsPerBar.Set(2); });
     ClickUntil(1600);
     EXPECT_EQ(Tones(),
               "0.0000 speaker 1000 Hz 20 ms\n0.5000 speaker 500 Hz 20 ms\n1.0000 speaker 500 Hz 20 ms\n"
@@ -44,8 +44,8 @@ TEST_F(MetronomeTest, ATimeSignatureThatShrinksStartsTheNextBar) {
 }
 
 TEST_F(MetronomeTest, ANewTempoHoldsFromTheNextBeatOn) {
-    P.Time.At(700, [this] { Fields.BPM.Set(60); });
-    P.Time.At(2100, [this] { Fields.BPM.Set(240); });
+    P.Time.At(700, [this] { Fields.Song.BPM.Set(60); });
+    P.Time.At(2100, [this] { Fields.Song.BPM.Set(240); });
     ClickUntil(3600);
     EXPECT_EQ(Tones(),
               "0.0000 speaker 1000 Hz 20 ms\n0.5000 speaker 500 Hz 20 ms\n1.0000 speaker 500 Hz 20 ms\n"
@@ -55,10 +55,10 @@ TEST_F(MetronomeTest, ANewTempoHoldsFromTheNextBeatOn) {
 }
 
 TEST_F(MetronomeTest, DoesNotDrift) {
-    Fields.BPM.Set(139);
+    Fields.Song.BPM.Set(139);
     double worst = 0;
     int clicks = 0;
-    Fields.BeepTextLabelVisible.Watch([&](bool visible) {
+    Fields.View.BeepTextLabelVisible.Watch([&](bool visible) {
         if (visible) {
             const double due = clicks++ * 60.0 / 139;
             worst = std::max(worst, static_cast<double>(P.Time.Now()) / SimulatedTime::CountsPerSecond - due);
@@ -80,7 +80,7 @@ TEST_F(MetronomeTest, BeatsMissedBehindABoxAreNotMadeUp) {
 
 TEST_F(MetronomeTest, ShowsTheBeepLabelWhileItClicks) {
     std::string changes;
-    Fields.BeepTextLabelVisible.Watch([&](bool visible) {
+    Fields.View.BeepTextLabelVisible.Watch([&](bool visible) {
         changes += fmt::format("{}:{} ", P.Time.Now() / SimulatedTime::CountsPerMs, visible ? "on" : "off");
     });
     ClickUntil(600);
@@ -88,8 +88,8 @@ TEST_F(MetronomeTest, ShowsTheBeepLabelWhileItClicks) {
 }
 
 TEST_F(MetronomeTest, WritesTheToneCodeOfEachSlice) {
-    Fields.BPM.Set(600);
-    Fields.UseWriteCode = true;
+    Fields.Song.BPM.Set(600);
+    P.App.Outputs.ToneCode.UseWriteCode = true;
     ClickUntil(115);
     std::string slices;
     for (int i = 0; i < 6; ++i)
@@ -147,13 +147,13 @@ TEST_F(MetronomeTest, PlayAllSwitchesItOffFirst) {
     P.App.Playing.PlaybackEngine.OnRangeEnd = [this] { P.App.Playing.PlaybackEngine.StopPlayButton_Click(); };
     bool enabledDuring = true;
     P.Time.At(700, [this] { P.App.Playing.PlaybackEngine.PlayAllButton_Click(); });
-    P.Time.At(1180, [&] { enabledDuring = Fields.MetronomeButtonEnabled; });
+    P.Time.At(1180, [&] { enabledDuring = P.App.Playing.Metronome.MetronomeButtonEnabled; });
     P.App.Playing.Metronome.MetronomeButton_Click();
     EXPECT_EQ(Tones(),
               "0.0000 speaker 1000 Hz 20 ms\n0.5000 speaker 500 Hz 20 ms\n0.7000 speaker 440 Hz 450 ms\n");
     EXPECT_FALSE(enabledDuring) << "the two can't have the thread at once";
-    EXPECT_TRUE(Fields.MetronomeButtonEnabled);
-    EXPECT_FALSE(Fields.MetronomeIsOn);
+    EXPECT_TRUE(P.App.Playing.Metronome.MetronomeButtonEnabled);
+    EXPECT_FALSE(P.App.Playing.Metronome.MetronomeIsOn);
 }
 
 TEST_F(MetronomeTest, AWaitForTheSynchronizedStartSwitchesItOffAndIsNotHeldUp) {
@@ -164,19 +164,19 @@ TEST_F(MetronomeTest, AWaitForTheSynchronizedStartSwitchesItOffAndIsNotHeldUp) {
     P.App.Playing.SynchroPlay.txtSecond.Type("2");
     bool enabledDuring = true;
     P.Time.At(700, [this] { P.App.Playing.SynchroPlay.btnWait_Click(); });
-    P.Time.At(1500, [&] { enabledDuring = Fields.MetronomeButtonEnabled; });
+    P.Time.At(1500, [&] { enabledDuring = P.App.Playing.Metronome.MetronomeButtonEnabled; });
     P.App.Playing.Metronome.MetronomeButton_Click();
     EXPECT_EQ(Tones(),
               "0.0000 speaker 1000 Hz 20 ms\n0.5000 speaker 500 Hz 20 ms\n2.0000 speaker 440 Hz 450 ms\n");
     EXPECT_FALSE(enabledDuring);
-    EXPECT_TRUE(Fields.MetronomeButtonEnabled);
+    EXPECT_TRUE(P.App.Playing.Metronome.MetronomeButtonEnabled);
 }
 
 TEST_F(MetronomeTest, AWaitThatIsStoppedGivesTheButtonBack) {
     P.App.Playing.SynchroPlay.txtHour.Type("13");
     P.Time.At(100, [this] { P.App.Playing.SynchroPlay.btnWait_Click(); });
     P.App.Playing.SynchroPlay.btnWait_Click();
-    EXPECT_TRUE(Fields.MetronomeButtonEnabled);
+    EXPECT_TRUE(P.App.Playing.Metronome.MetronomeButtonEnabled);
 }
 
 TEST_F(MetronomeTest, PlayingLogsThatItIsOff) {
@@ -194,7 +194,7 @@ TEST_F(MetronomeTest, PlayingLogsThatItIsOff) {
 }
 
 TEST_F(MetronomeTest, OnAMutedSpeakerAClickOnTheButtonIsHeardInTheMiddleOfATone) {
-    Fields.MutePCSpeaker = true;
+    Fields.Output.MutePCSpeaker = true;
     ClickUntil(510);
     EXPECT_EQ(P.Time.Now(), 520 * SimulatedTime::CountsPerMs);
 }
@@ -208,17 +208,17 @@ TEST_F(MetronomeTest, OverMidiItClicksB5AndB4) {
 }
 
 TEST_F(MetronomeTest, ATempoOfZeroIsAnErrorAndLeavesItOff) {
-    Fields.BPM.Set(0);
+    Fields.Song.BPM.Set(0);
     EXPECT_FALSE(P.App.Handlers.Run("MetronomeButton_Click",
                                     [this] { P.App.Playing.Metronome.MetronomeButton_Click(); }));
-    EXPECT_FALSE(Fields.MetronomeIsOn);
-    EXPECT_FALSE(Fields.BeepTextLabelVisible);
+    EXPECT_FALSE(P.App.Playing.Metronome.MetronomeIsOn);
+    EXPECT_FALSE(Fields.View.BeepTextLabelVisible);
     EXPECT_EQ(P.Boxes.Shown().back().Text, "Run-time error '11':\n\nDivision by zero");
     EXPECT_EQ(P.App.Log.LogIndent(), 0);
 }
 
 TEST_F(MetronomeTest, ATempoTooFastToWaitForStillLetsTheUserIn) {
-    Fields.BPM.Set(100'000);
+    Fields.Song.BPM.Set(100'000);
     ClickUntil(1000);
     EXPECT_LE(P.Time.Now(), 1020 * SimulatedTime::CountsPerMs);
 }
@@ -228,7 +228,7 @@ TEST_F(MetronomeTest, ClosingTheProgramEndsIt) {
         void EndProcess() override { Ended = true; }
         bool Ended = false;
     } end;
-    Shutdown closing(Fields, P.App.Log, end);
+    Shutdown closing(Fields.State, P.App.Log, end);
     P.Time.At(700, [&] { closing.CloseProgram(); });
     P.App.Playing.Metronome.MetronomeButton_Click();
     EXPECT_TRUE(end.Ended);

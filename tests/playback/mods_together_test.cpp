@@ -10,8 +10,8 @@ namespace {
 class ModsTogetherTest : public testing::Test {
   protected:
     ModsTogetherTest() {
-        Fields.BPM.Set(120);
-        Fields.NoteSilenceRatio.Set(50);
+        Fields.Song.BPM.Set(120);
+        Fields.Song.NoteSilenceRatio.Set(50);
         App.Outputs.PitchGlide.Fields.PitchMultipleSlider = 5000;
     }
 
@@ -20,7 +20,7 @@ class ModsTogetherTest : public testing::Test {
         App.Playing.PlaybackEngine.PlayAllButton_Click();
     }
     void Mute(bool mute) {
-        Fields.MuteTweebleCheck = mute;
+        Fields.Output.MuteTweebleCheck = mute;
         App.Outputs.ToneDispatcher.MuteTweebleCheck_Click();
     }
 
@@ -31,7 +31,7 @@ class ModsTogetherTest : public testing::Test {
 
 TEST_F(ModsTogetherTest, ASongGlidesFromLineToLine) {
     P.SetSong({"1/8 A4 - -", "1/8 A5 - -"});
-    Fields.UsePortaCheck = true;
+    Fields.Mods.UsePorta.Ticked = true;
     App.Outputs.PitchGlide.Fields.SoundLengthSlider = 100;
     PlayAllOnce();
     EXPECT_EQ(P.Timeline.Text("speaker"),
@@ -43,7 +43,7 @@ TEST_F(ModsTogetherTest, ASongGlidesFromLineToLine) {
 
 TEST_F(ModsTogetherTest, MutedNotesDoNotMoveAGlideThatSoundsOn) {
     P.SetSong({"1/16 A5 - -"});
-    Fields.UsePortaCheck = true;
+    Fields.Mods.UsePorta.Ticked = true;
     App.Outputs.PitchGlide.Fields.optSoundStops = false;
     App.Outputs.PitchGlide.Fields.optSoundAlways = true;
     std::string note = "A4";
@@ -60,9 +60,9 @@ TEST_F(ModsTogetherTest, MutedNotesDoNotMoveAGlideThatSoundsOn) {
 
 TEST_F(ModsTogetherTest, BurstsDelayTheMusicWhichStaysOnItsTimetable) {
     P.SetSong({"Quarter A4 - -"});
-    Fields.BPM.Set(40);  // lines of 1.5 s, of which 0.75 sound
-    P.Time.At(100, [this] { Fields.UseCircuitBentCheck = true; });
-    P.Time.At(1600, [this] { Fields.UseCircuitBentCheck = false; });
+    Fields.Song.BPM.Set(40);  // lines of 1.5 s, of which 0.75 sound
+    P.Time.At(100, [this] { Fields.Mods.UseCircuitBent.Ticked = true; });
+    P.Time.At(1600, [this] { Fields.Mods.UseCircuitBent.Ticked = false; });
     P.Time.At(5000, [this] { App.Playing.PlaybackEngine.StopPlayButton_Click(); });
     App.Playing.PlaybackEngine.PlayAllButton_Click();
     EXPECT_EQ(P.Timeline.Text("speaker 440 Hz 7") + P.Timeline.Text("speaker 440 Hz 3"),
@@ -75,9 +75,9 @@ TEST_F(ModsTogetherTest, BurstsDelayTheMusicWhichStaysOnItsTimetable) {
 TEST_F(ModsTogetherTest, UnderMuteBurstsRunInTheMiddleOfANote) {
     P.SetSong({"Half A4 - -"});
     Mute(true);
-    Fields.UseWriteCode = true;
-    P.Time.At(100, [this] { Fields.UseCircuitBentCheck = true; });
-    P.Time.At(300, [this] { Fields.UseCircuitBentCheck = false; });
+    P.App.Outputs.ToneCode.UseWriteCode = true;
+    P.Time.At(100, [this] { Fields.Mods.UseCircuitBent.Ticked = true; });
+    P.Time.At(300, [this] { Fields.Mods.UseCircuitBent.Ticked = false; });
     PlayAllOnce();
     const std::string code = P.Disk.Content("/program/tonecode.txt");
     EXPECT_EQ(std::count(code.begin(), code.end(), '\''), 1 + 13) << "the note, and those from 115 to 300 ms";
@@ -86,8 +86,8 @@ TEST_F(ModsTogetherTest, UnderMuteBurstsRunInTheMiddleOfANote) {
 
 TEST_F(ModsTogetherTest, TheBeatOfAGlidingSpeakerLeavesTheNoteItsPitch) {
     P.SetSong({"1/8 A4 - -"});
-    Fields.UsePortaCheck = true;
-    Fields.UseBeatCheck = true;
+    Fields.Mods.UsePorta.Ticked = true;
+    Fields.Mods.UseBeat.Ticked = true;
     App.Outputs.PitchGlide.Fields.SoundLengthSlider = 100;
     PlayAllOnce();
     EXPECT_EQ(P.Timeline.Text("speaker"),
@@ -96,8 +96,8 @@ TEST_F(ModsTogetherTest, TheBeatOfAGlidingSpeakerLeavesTheNoteItsPitch) {
 }
 
 TEST_F(ModsTogetherTest, TheMetronomeGoesOnUnderBursts) {
-    P.Time.At(100, [this] { Fields.UseCircuitBentCheck = true; });
-    P.Time.At(300, [this] { Fields.UseCircuitBentCheck = false; });
+    P.Time.At(100, [this] { Fields.Mods.UseCircuitBent.Ticked = true; });
+    P.Time.At(300, [this] { Fields.Mods.UseCircuitBent.Ticked = false; });
     P.Time.At(1100, [this] { App.Playing.Metronome.MetronomeButton_Click(); });
     App.Playing.Metronome.MetronomeButton_Click();
     EXPECT_EQ(P.Timeline.Text("speaker 1000 Hz 20"), "0.0000 speaker 1000 Hz 20 ms\n");
@@ -107,14 +107,14 @@ TEST_F(ModsTogetherTest, TheMetronomeGoesOnUnderBursts) {
 }
 
 TEST_F(ModsTogetherTest, TheMetronomeAndTheBeatOnTheMotorInterruptNobody) {
-    Fields.UseMotorCheck = true;
+    Fields.Mods.UseMotor.Ticked = true;
     P.Time.At(600, [this] { App.Playing.Metronome.MetronomeButton_Click(); });
     App.Playing.Metronome.MetronomeButton_Click();
     EXPECT_EQ(P.Timeline.Text("serial #"),
               "0.0000 serial #0P0\\r\n0.0350 serial #0P1470\\r\n"
               "0.5000 serial #0P0\\r\n0.5350 serial #0P1470\\r\n");
     P.SetSong({"Quarter C4 - -"});
-    Fields.UseBeatCheck = true;
+    Fields.Mods.UseBeat.Ticked = true;
     P.Timeline.Clear();
     PlayAllOnce();
     EXPECT_EQ(P.Timeline.Text("serial #"),
@@ -127,14 +127,14 @@ TEST_F(ModsTogetherTest, TheMetronomeAndTheBeatOnTheMotorInterruptNobody) {
 TEST_F(ModsTogetherTest, AStartAskedForInTheMiddleOfABurstComesWithTheBurstsThatGoOn) {
     P.SetSong({"Quarter A4 - -"});
     Mute(true);
-    Fields.UseCircuitBentCheck = true;
-    Fields.UseWriteCode = true;
+    Fields.Mods.UseCircuitBent.Ticked = true;
+    P.App.Outputs.ToneCode.UseWriteCode = true;
     App.Playing.SynchroPlay.txtHour.Type("12");
     App.Playing.SynchroPlay.txtMinute.Type("0");
     App.Playing.SynchroPlay.txtSecond.Type("2");
     App.Playing.PlaybackEngine.OnRangeEnd = [this] { App.Playing.PlaybackEngine.StopPlayButton_Click(); };
     double startMs = 0;
-    Fields.MusicIsPlaying.Watch([&](bool playing) {
+    Fields.State.MusicIsPlaying.Watch([&](bool playing) {
         if (playing)
             startMs = static_cast<double>(P.Time.Now()) / SimulatedTime::CountsPerMs;
     });

@@ -11,7 +11,7 @@ namespace {
 
 class MotorTest : public testing::Test {
   protected:
-    void SwitchOn() { Fields.UseMotorCheck = true; }
+    void SwitchOn() { Fields.Mods.UseMotor.Ticked = true; }
     void Beep(std::string note, double duration) { P.App.Outputs.ToneDispatcher.UniBeep(note, duration); }
     std::string Commands() const { return P.Timeline.Text("serial #"); }
     std::string LastBox() const { return P.Boxes.Shown().back().Text; }
@@ -45,7 +45,7 @@ TEST_F(MotorTest, ANoteHoldsItsSpeedForItsTimeAndFifteenMsMoreAndThenStops) {
 
 TEST_F(MotorTest, TiedNotesAreNotStoppedBetween) {
     SwitchOn();
-    Fields.NoteSilenceRatio.Set(100);
+    Fields.Song.NoteSilenceRatio.Set(100);
     Motor.PlayNote("C1", 100);
     Motor.PlayNote("D1", 100);
     EXPECT_EQ(Commands(), "0.0000 serial #0P1350\\r\n0.1150 serial #0P1335\\r\n");
@@ -53,14 +53,14 @@ TEST_F(MotorTest, TiedNotesAreNotStoppedBetween) {
 
 TEST_F(MotorTest, TheRatioCountsAtTheEndOfTheNote) {
     SwitchOn();
-    P.Time.At(50, [&] { Fields.NoteSilenceRatio.Set(100); });
+    P.Time.At(50, [&] { Fields.Song.NoteSilenceRatio.Set(100); });
     Motor.PlayNote("C1", 100);
     EXPECT_EQ(Commands(), "0.0000 serial #0P1350\\r\n");
 }
 
 TEST_F(MotorTest, AnUnknownNoteSendsPulseZero) {
     SwitchOn();
-    Fields.MotorOct = 0;
+    Fields.Output.MotorOct = 0;
     Beep("A3", 10);  // moved to A2
     Beep("A5", 10);  // above octave 3, and left there
     EXPECT_EQ(Commands(),
@@ -70,10 +70,10 @@ TEST_F(MotorTest, AnUnknownNoteSendsPulseZero) {
 
 TEST_F(MotorTest, EveryOctaveOfTheSliderLowersTheNotesByAsMuch) {
     SwitchOn();
-    Fields.NoteSilenceRatio.Set(100);
+    Fields.Song.NoteSilenceRatio.Set(100);
     std::string pulses;
     for (std::int32_t octaves = 0; octaves <= 6; ++octaves) {
-        Fields.MotorOct = octaves;
+        Fields.Output.MotorOct = octaves;
         P.Timeline.Clear();
         Beep("C5", 0);
         pulses += P.Timeline.Lines().back().substr(7) + " ";
@@ -126,18 +126,18 @@ TEST_F(MotorTest, AnErrorInTheMiddleOfANoteStopsTheMotor) {
 
 TEST_F(MotorTest, TheCheckBoxOpensAndClosesThePort) {
     SwitchOn();
-    EXPECT_TRUE(Fields.UseMotor);
+    EXPECT_TRUE(Fields.Mods.UseMotor.InUse);
     EXPECT_EQ(P.Comm.OpenName(), "ttyUSB0");
-    Fields.UseMotorCheck = false;
-    EXPECT_FALSE(Fields.UseMotor);
+    Fields.Mods.UseMotor.Ticked = false;
+    EXPECT_FALSE(Fields.Mods.UseMotor.InUse);
     EXPECT_EQ(P.Timeline.Text(), "0.0000 serial open ttyUSB0\n0.0000 serial close\n");
 }
 
 TEST_F(MotorTest, ThePortIsLeftWithTheMotorStopped) {
     SwitchOn();
-    Fields.NoteSilenceRatio.Set(100);
+    Fields.Song.NoteSilenceRatio.Set(100);
     Motor.PlayNote("C1", 100);
-    Fields.UseMotorCheck = false;
+    Fields.Mods.UseMotor.Ticked = false;
     EXPECT_EQ(P.Timeline.Text("serial"),
               "0.0000 serial open ttyUSB0\n0.0000 serial #0P1350\\r\n0.1150 serial #0P1470\\r\n"
               "0.1150 serial close\n");
@@ -147,7 +147,7 @@ TEST_F(MotorTest, ThePortIsLeftWithTheMotorStopped) {
 
 TEST_F(MotorTest, UntickedInTheMiddleOfANoteItStopsAtOnceAndOnlyTheTimeGoesOn) {
     SwitchOn();
-    P.Time.At(50, [&] { Fields.UseMotorCheck = false; });
+    P.Time.At(50, [&] { Fields.Mods.UseMotor.Ticked = false; });
     Beep("C4", 200);
     EXPECT_EQ(P.Timeline.Text("serial"),
               "0.0000 serial open ttyUSB0\n0.0000 serial #0P1350\\r\n0.0500 serial #0P1470\\r\n"
@@ -172,8 +172,8 @@ TEST_F(MotorTest, APortThatVanishesSwitchesTheMotorOffWithOneMessage) {
     P.Time.At(500, [&] { P.Comm.Pull(); });
     P.Time.At(1200, [&] { P.App.Playing.PlaybackEngine.StopPlayButton_Click(); });
     P.App.Playing.PlaybackEngine.PlayAllButton_Click();
-    EXPECT_FALSE(Fields.UseMotor);
-    EXPECT_FALSE(Fields.UseMotorCheck);
+    EXPECT_FALSE(Fields.Mods.UseMotor.InUse);
+    EXPECT_FALSE(Fields.Mods.UseMotor.Ticked);
     ASSERT_EQ(P.Boxes.Shown().size(), 1u);
     EXPECT_NE(LastBox().find("the device is gone"), std::string::npos);
     EXPECT_EQ(P.Timeline.Text("serial"),
@@ -195,8 +195,8 @@ TEST_F(MotorTest, APortThatTurnsOutToBeGoneIsOneMessageTooAndNothingMoreIsSent) 
 TEST_F(MotorTest, WithoutAPortTheBoxIsUntickedAndSaysSo) {
     P.Comm.Present = {};
     SwitchOn();
-    EXPECT_FALSE(Fields.UseMotorCheck);
-    EXPECT_FALSE(Fields.UseMotor);
+    EXPECT_FALSE(Fields.Mods.UseMotor.Ticked);
+    EXPECT_FALSE(Fields.Mods.UseMotor.InUse);
     ASSERT_EQ(P.Boxes.Shown().size(), 1u);
     EXPECT_TRUE(LastBox().starts_with("No serial port can be seen."));
     EXPECT_EQ(P.Timeline.Text("serial"), "");
@@ -208,7 +208,7 @@ TEST_F(MotorTest, WithoutAPortTheBoxIsUntickedAndSaysSo) {
 TEST_F(MotorTest, ABusyPortIsSaidToBeBusy) {
     P.Comm.Busy = {"ttyUSB0"};
     SwitchOn();
-    EXPECT_FALSE(Fields.UseMotorCheck);
+    EXPECT_FALSE(Fields.Mods.UseMotor.Ticked);
     EXPECT_TRUE(
         LastBox().starts_with("The serial port ttyUSB0 can't be opened:\nin use by another program\n"));
 }
@@ -220,7 +220,7 @@ TEST_F(MotorTest, StartUpTakesTheFirstPortThatIsFree) {
     Motor.CheckForPort();
     EXPECT_EQ(P.LogText(), "A com port exists\n");
     EXPECT_EQ(Motor.PortName.Get(), "ttyUSB1");
-    EXPECT_TRUE(Fields.UseMotorCheckEnabled);
+    EXPECT_TRUE(Fields.Mods.UseMotor.Enabled);
     EXPECT_EQ(P.Comm.OpenName(), "");
 }
 
@@ -229,7 +229,7 @@ TEST_F(MotorTest, StartUpWithoutAFreePortDisablesTheCheckBoxWithoutAMessage) {
     P.App.Log.Enable();
     Motor.CheckForPort();
     EXPECT_EQ(P.LogText(), "No (available) com port can be seen\n");
-    EXPECT_FALSE(Fields.UseMotorCheckEnabled);
+    EXPECT_FALSE(Fields.Mods.UseMotor.Enabled);
     EXPECT_TRUE(P.Boxes.Shown().empty());
 }
 
@@ -237,23 +237,23 @@ TEST_F(MotorTest, APortConnectedAfterTheStartMakesTheCheckBoxUsable) {
     P.Comm.Present = {};
     Motor.CheckForPort();
     Motor.FindPorts();
-    EXPECT_FALSE(Fields.UseMotorCheckEnabled);
+    EXPECT_FALSE(Fields.Mods.UseMotor.Enabled);
     P.Comm.Present = {"ttyUSB3"};
     Motor.FindPorts();
-    EXPECT_TRUE(Fields.UseMotorCheckEnabled);
+    EXPECT_TRUE(Fields.Mods.UseMotor.Enabled);
     EXPECT_EQ(Motor.PortName.Get(), "ttyUSB3");
 }
 
 TEST_F(MotorTest, ChangingThePortWhileItIsInUseChangesOver) {
     P.Comm.Present = {"ttyUSB0", "ttyUSB1"};
     SwitchOn();
-    Fields.NoteSilenceRatio.Set(100);
+    Fields.Song.NoteSilenceRatio.Set(100);
     Motor.PlayNote("C1", 10);
     P.Comm.Present = {"ttyUSB1", "ttyUSB0"};
     Motor.FindPorts();
     EXPECT_EQ(Motor.PortName.Get(), "ttyUSB0") << "the one in use stays chosen";
     Motor.PortName = "ttyUSB1";
-    EXPECT_TRUE(Fields.UseMotor);
+    EXPECT_TRUE(Fields.Mods.UseMotor.InUse);
     EXPECT_EQ(P.Timeline.Text("serial"),
               "0.0000 serial open ttyUSB0\n0.0000 serial #0P1350\\r\n0.0250 serial #0P1470\\r\n"
               "0.0250 serial close\n0.0250 serial open ttyUSB1\n");
@@ -264,8 +264,8 @@ TEST_F(MotorTest, APortThatCannotBeChangedToUnticksTheBox) {
     P.Comm.Busy = {"ttyUSB1"};
     SwitchOn();
     Motor.PortName = "ttyUSB1";
-    EXPECT_FALSE(Fields.UseMotorCheck);
-    EXPECT_FALSE(Fields.UseMotor);
+    EXPECT_FALSE(Fields.Mods.UseMotor.Ticked);
+    EXPECT_FALSE(Fields.Mods.UseMotor.InUse);
     EXPECT_EQ(P.Boxes.Shown().size(), 1u);
 }
 
@@ -280,15 +280,15 @@ TEST_F(MotorTest, MidiNoteOnAndOffStandAroundTheMotorsNoteAsItIsWritten) {
 
 TEST_F(MotorTest, ComesBeforeMuteAndPortamentoAndWritesNoWaitingCode) {
     SwitchOn();
-    Fields.MutePCSpeaker = Fields.UsePortamento = Fields.UseWriteCode = true;
+    Fields.Output.MutePCSpeaker = Fields.Mods.UsePorta.InUse = P.App.Outputs.ToneCode.UseWriteCode = true;
     Beep("C4", 100);
     P.Time.RunUntil(200);
     EXPECT_EQ(P.Timeline.Text("speaker"), "");
     EXPECT_EQ(P.Disk.Content("/program/tonecode.txt"), "Beep         262,    100     'C4\r\n");
-    Fields.UseMotorCheck = false;
+    Fields.Mods.UseMotor.Ticked = false;
     Beep("C4", 100);
     EXPECT_EQ(P.Time.Now(), 300 * SimulatedTime::CountsPerMs) << "muted";
-    Fields.MutePCSpeaker = false;
+    Fields.Output.MutePCSpeaker = false;
     Beep("C4", 100);
     P.Time.RunUntil(400);
     EXPECT_NE(P.Timeline.Text("speaker"), "") << "the glide";
@@ -296,9 +296,9 @@ TEST_F(MotorTest, ComesBeforeMuteAndPortamentoAndWritesNoWaitingCode) {
 
 TEST_F(MotorTest, AlternatingNotesTakeTurnsOnTheMotorInTheirLongerTime) {
     SwitchOn();
-    Fields.BPM.Set(150);
-    Fields.AlternateTime.Set(85);
-    Fields.NoteSilenceRatio.Set(99);
+    Fields.Song.BPM.Set(150);
+    Fields.Song.AlternateTime.Set(85);
+    Fields.Song.NoteSilenceRatio.Set(99);
     P.SetSong({"Quarter C4 C5 -"});
     P.Time.At(390, [&] { P.App.Playing.PlaybackEngine.StopPlayButton_Click(); });
     P.App.Playing.PlaybackEngine.PlayAllButton_Click();
@@ -310,7 +310,7 @@ TEST_F(MotorTest, AlternatingNotesTakeTurnsOnTheMotorInTheirLongerTime) {
 
 TEST_F(MotorTest, TheEndOfPlaybackStopsAMotorOfTiedNotes) {
     SwitchOn();
-    Fields.NoteSilenceRatio.Set(100);
+    Fields.Song.NoteSilenceRatio.Set(100);
     P.SetSong({"Quarter C4 - -"});
     P.Time.At(100, [&] { P.App.Playing.PlaybackEngine.StopPlayButton_Click(); });
     P.App.Playing.PlaybackEngine.PlayAllButton_Click();
@@ -322,8 +322,8 @@ TEST_F(MotorTest, StoppingPlaybackIsHeardDuringANote) {
     P.SetSong({"Whole C4 - -"});
     P.Time.At(100, [&] { P.App.Playing.PlaybackEngine.StopPlayButton_Click(); });
     P.App.Playing.PlaybackEngine.PlayAllButton_Click();
-    EXPECT_FALSE(Fields.MusicIsPlaying);
-    EXPECT_TRUE(Fields.UseMotor);
+    EXPECT_FALSE(Fields.State.MusicIsPlaying);
+    EXPECT_TRUE(Fields.Mods.UseMotor.InUse);
 }
 
 }  // namespace

@@ -18,9 +18,9 @@ namespace {
 class ClicksDuringATone : public testing::Test {
   protected:
     ClicksDuringATone() {
-        Fields.NoteSilenceRatio.Set(50);
-        Fields.BPM.Set(40);  // a whole note takes 6 s, and sounds for half of it
-        Fields.MutePCSpeaker = true;
+        Fields.Song.NoteSilenceRatio.Set(50);
+        Fields.Song.BPM.Set(40);  // a whole note takes 6 s, and sounds for half of it
+        Fields.Output.MutePCSpeaker = true;
         P.SetSong({"Whole C4 - -", "Whole E4 - -", "Whole G4 - -"});
         P.App.Log.Enable();
         Recorded.OnLine = [this] {
@@ -34,11 +34,11 @@ class ClicksDuringATone : public testing::Test {
         });
     }
     void ExpectStopped() {
-        EXPECT_FALSE(Fields.MusicIsPlaying);
-        EXPECT_TRUE(Fields.PlayAllButtonEnabled);
-        EXPECT_TRUE(Fields.PianoKeysEnabled);
-        EXPECT_FALSE(Fields.StopPlayButtonEnabled);
-        EXPECT_EQ(Fields.NotesSounding.Get(), SoundingNotes());
+        EXPECT_FALSE(Fields.State.MusicIsPlaying);
+        EXPECT_TRUE(Fields.View.PlayAllButtonEnabled);
+        EXPECT_TRUE(Fields.View.PianoKeysEnabled);
+        EXPECT_FALSE(Fields.View.StopPlayButtonEnabled);
+        EXPECT_EQ(Fields.View.NotesSounding.Get(), SoundingNotes());
         EXPECT_EQ(P.App.Log.LogIndent(), 0);
         EXPECT_FALSE(P.App.Outputs.ToneDispatcher.IsSounding());
     }
@@ -118,11 +118,11 @@ TEST_F(ClicksDuringATone, TheyEndPlayAllHoweverDeepItIs) {
 TEST_F(ClicksDuringATone, AnErrorIsShownOnceAndEndsThoseThatWait) {
     for (int i = 1; i <= 100; ++i)
         ClickAt(i, 2);
-    P.Time.At(200, [this] { Fields.BPM.Set(0); });
+    P.Time.At(200, [this] { Fields.Song.BPM.Set(0); });
     Playback.MainList_ItemClick(1);
     EXPECT_EQ(P.Boxes.Shown().size(), 1U);
     ExpectStopped();
-    Fields.BPM.Set(40);
+    Fields.Song.BPM.Set(40);
     Rows.clear();
     Playback.MainList_ItemClick(3);
     EXPECT_EQ(Rows, std::vector{3});

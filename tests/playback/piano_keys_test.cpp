@@ -69,8 +69,8 @@ TEST_F(PianoKeysTest, AClickSoundsTheNoteThenEntersItAndLogsBoth) {
 }
 
 TEST_F(PianoKeysTest, TheGroupsHaveTheirNamesInTheLog) {
-    App.Fields.NoteClickPlayCheck = false;
-    App.Fields.NoteClickAddCheck = false;
+    App.Fields.Entry.NoteClickPlayCheck = false;
+    App.Fields.Entry.NoteClickAddCheck = false;
     App.Log.Enable();
     for (const std::int32_t key : {11, 12, 23, 24, 35})
         App.Playing.PianoKeys.PianoKey_Click(key);
@@ -91,19 +91,19 @@ TEST_F(PianoKeysTest, TheGroupsHaveTheirNamesInTheLog) {
 }
 
 TEST_F(PianoKeysTest, TheOptionsDecideWhetherItSoundsAndWhetherItIsEntered) {
-    App.Fields.NoteClickAddCheck = false;
+    App.Fields.Entry.NoteClickAddCheck = false;
     App.Playing.PianoKeys.PianoKey_Click(21);
     EXPECT_EQ(Timeline.Text("speaker"), "0.0000 speaker 440 Hz 50 ms\n");
     EXPECT_EQ(SongText(), "");
-    App.Fields.NoteClickAddCheck = true;
-    App.Fields.NoteClickPlayCheck = false;
+    App.Fields.Entry.NoteClickAddCheck = true;
+    App.Fields.Entry.NoteClickPlayCheck = false;
     App.Playing.PianoKeys.PianoKey_Click(21);
     EXPECT_EQ(Timeline.Text("speaker"), "0.0000 speaker 440 Hz 50 ms\n");
     EXPECT_EQ(SongText(), "1/8 A4 - -\n");
 }
 
 TEST_F(PianoKeysTest, AClickedKeyGlidesWherePortamentoIsOn) {
-    App.Fields.UsePortaCheck = true;
+    App.Fields.Mods.UsePorta.Ticked = true;
     App.Playing.PianoKeys.PianoKey_Click(21);
     EXPECT_EQ(Timeline.Text("speaker"), "") << "it doesn't hold the thread";
     Time.RunUntil(20);
@@ -111,8 +111,8 @@ TEST_F(PianoKeysTest, AClickedKeyGlidesWherePortamentoIsOn) {
 }
 
 TEST_F(PianoKeysTest, AClickedKeyStopsAGeneratorThatIsNeverSilentOtherwise) {
-    App.Fields.UseFMOD = true;
-    App.Fields.DoNotShutUpFMOD = true;
+    App.Fields.Mods.UseFMOD.InUse = true;
+    App.Fields.Output.DoNotShutUpFMOD = true;
     App.Playing.PianoKeys.PianoKey_Click(21);
     EXPECT_EQ(Timeline.Text("fmod FMOD_Channel_SetPaused"),
               "0.0000 fmod FMOD_Channel_SetPaused(null, 0)\n0.0500 fmod FMOD_Channel_SetPaused(null, 1)\n");
@@ -123,15 +123,15 @@ TEST_F(PianoKeysTest, AClickedKeyStopsAGeneratorThatIsNeverSilentOtherwise) {
 }
 
 TEST_F(PianoKeysTest, OptionsChangedWhileTheToneSoundsCount) {
-    App.Fields.MutePCSpeaker = true;
-    Time.At(20, [this] { App.Fields.NoteClickAddCheck = false; });
+    App.Fields.Output.MutePCSpeaker = true;
+    Time.At(20, [this] { App.Fields.Entry.NoteClickAddCheck = false; });
     App.Playing.PianoKeys.PianoKey_Click(21);
     EXPECT_EQ(SongText(), "");
 }
 
 TEST_F(PianoKeysTest, ComposingFromNothingAppendsNoteAfterNote) {
-    App.Fields.NoteLengthCombo = 2;
-    App.Fields.ModDottedCheck = true;
+    App.Fields.Entry.NoteLengthCombo = 2;
+    App.Fields.Entry.ModDottedCheck = true;
     App.Playing.PianoKeys.PianoKey_Click(12);
     App.Playing.PianoKeys.PianoKey_Click(16);
     EXPECT_EQ(SongText(), "Quarter C4 - Dot\nQuarter E4 - Dot\n");
@@ -140,17 +140,17 @@ TEST_F(PianoKeysTest, ComposingFromNothingAppendsNoteAfterNote) {
 
 TEST_F(PianoKeysTest, ThePositionGoesWithTheSelectedLineOrTheEndOfTheSong) {
     SetSong({"Whole C4 - -", "Whole D4 - -"});
-    App.Fields.NoteLengthCombo = 0;
+    App.Fields.Entry.NoteLengthCombo = 0;
     App.Playing.PianoKeys.PianoKey_Click(12);
-    EXPECT_EQ(App.Fields.lblPlayBar.Get(), "004");
+    EXPECT_EQ(App.Editing.PositionDisplay.lblPlayBar.Get(), "004");
     App.List.Select(1);
     App.Playing.PianoKeys.PianoKey_Click(12);
-    EXPECT_EQ(App.Fields.lblPlayBar.Get(), "002") << "of the line behind the new one";
+    EXPECT_EQ(App.Editing.PositionDisplay.lblPlayBar.Get(), "002") << "of the line behind the new one";
 }
 
 TEST_F(PianoKeysTest, AnOctaveThatNoNoteHasIsAnOverflowBeforeAnythingHappens) {
     App.Log.Enable();
-    App.Fields.KeyboardOctave.Set(0);
+    App.Fields.Entry.KeyboardOctave.Set(0);
     try {
         App.Playing.PianoKeys.PianoKey_Click(3);
         FAIL() << "no error";
@@ -164,14 +164,14 @@ TEST_F(PianoKeysTest, AnOctaveThatNoNoteHasIsAnOverflowBeforeAnythingHappens) {
     EXPECT_EQ(App.Log.LogIndent(), 0);
     App.Playing.PianoKeys.PianoKey_Click(12);
     EXPECT_EQ(SongText(), "1/8 C0 - -\n");
-    App.Fields.KeyboardOctave.Set(255);
+    App.Fields.Entry.KeyboardOctave.Set(255);
     EXPECT_THROW(App.Playing.PianoKeys.PianoKey_Click(24), RuntimeError);
     EXPECT_THROW(App.Playing.PianoKeys.PianoKey_Click(36), RuntimeError);
     EXPECT_THROW(App.Playing.PianoKeys.PianoKey_Click(-1), RuntimeError);
 }
 
 TEST_F(PianoKeysTest, TheTenthOctaveIsEnteredWithTwoDigitsAndSoundsAsOctave0) {
-    App.Fields.KeyboardOctave.Set(9);
+    App.Fields.Entry.KeyboardOctave.Set(9);
     App.Playing.PianoKeys.PianoKey_Click(24);
     EXPECT_EQ(SongText(), "1/8 C10 - -\n");
     EXPECT_EQ(Timeline.Text("speaker"), "0.0000 speaker 16 Hz 50 ms\n");
@@ -180,15 +180,15 @@ TEST_F(PianoKeysTest, TheTenthOctaveIsEnteredWithTwoDigitsAndSoundsAsOctave0) {
 TEST_F(PianoKeysTest, CtrlWithTheArrowsMovesTheOctaveFrom2To9) {
     for (int i = 0; i < 9; ++i)
         App.Playing.PianoKeys.PianoKey_KeyDown(0, PianoKeys::UpArrow, PianoKeys::CtrlOnly);
-    EXPECT_EQ(App.Fields.KeyboardOctave, 9);
-    EXPECT_EQ(App.Fields.KeyboardOctave.Text(), "9");
+    EXPECT_EQ(App.Fields.Entry.KeyboardOctave, 9);
+    EXPECT_EQ(App.Fields.Entry.KeyboardOctave.Text(), "9");
     EXPECT_EQ(Labels(), "8 9 10 ");
     App.Playing.PianoKeys.PianoKey_KeyDown(35, PianoKeys::DownArrow, PianoKeys::CtrlOnly);
     EXPECT_EQ(Labels(), "7 8 9 ");
     for (int i = 0; i < 9; ++i)
         App.Playing.PianoKeys.PianoKey_KeyDown(0, PianoKeys::DownArrow, PianoKeys::CtrlOnly);
-    EXPECT_EQ(App.Fields.KeyboardOctave, 2);
-    EXPECT_EQ(App.Fields.KeyboardOctave.Text(), "2");
+    EXPECT_EQ(App.Fields.Entry.KeyboardOctave, 2);
+    EXPECT_EQ(App.Fields.Entry.KeyboardOctave.Text(), "2");
     EXPECT_EQ(Labels(), "1 2 3 ");
 }
 
@@ -197,54 +197,54 @@ TEST_F(PianoKeysTest, OtherKeysAndOtherShiftStatesDoNothing) {
         App.Playing.PianoKeys.PianoKey_KeyDown(0, PianoKeys::UpArrow, shift);
     for (const std::int32_t key : {37, 39, 32, 0})
         App.Playing.PianoKeys.PianoKey_KeyDown(0, key, PianoKeys::CtrlOnly);
-    EXPECT_EQ(App.Fields.KeyboardOctave, 4);
-    App.Fields.KeyboardOctave.Type("");
+    EXPECT_EQ(App.Fields.Entry.KeyboardOctave, 4);
+    App.Fields.Entry.KeyboardOctave.Type("");
     App.Playing.PianoKeys.PianoKey_KeyDown(0, 39, PianoKeys::CtrlOnly);
-    EXPECT_EQ(App.Fields.KeyboardOctave.Text(), "");
+    EXPECT_EQ(App.Fields.Entry.KeyboardOctave.Text(), "");
 }
 
 TEST_F(PianoKeysTest, AnOctaveThatWasTypedAboveTheRangeOnlyComesDown) {
-    App.Fields.KeyboardOctave.Type("12");
+    App.Fields.Entry.KeyboardOctave.Type("12");
     App.Playing.PianoKeys.PianoKey_KeyDown(0, PianoKeys::UpArrow, PianoKeys::CtrlOnly);
-    EXPECT_EQ(App.Fields.KeyboardOctave, 12);
+    EXPECT_EQ(App.Fields.Entry.KeyboardOctave, 12);
     App.Playing.PianoKeys.PianoKey_KeyDown(0, PianoKeys::DownArrow, PianoKeys::CtrlOnly);
-    EXPECT_EQ(App.Fields.KeyboardOctave, 11);
+    EXPECT_EQ(App.Fields.Entry.KeyboardOctave, 11);
 }
 
 TEST_F(PianoKeysTest, TheOctaveLabelsFollowEveryChange) {
     EXPECT_EQ(Labels(), "3 4 5 ");
-    App.Fields.KeyboardOctave.Type("12");
+    App.Fields.Entry.KeyboardOctave.Type("12");
     EXPECT_EQ(Labels(), "11 12 13 ");
-    App.Fields.KeyboardOctave.Type("1");
+    App.Fields.Entry.KeyboardOctave.Type("1");
     EXPECT_EQ(Labels(), "1 2 3 ");
     Disk.Put("song", "Quavix by Dastrel-204 file format\r\nKeyboardOctave 7\r\nMUSICLISTSTART\r\n");
     App.Storage.SongReader.ActuallyLoadMusic("song");
     EXPECT_EQ(Labels(), "6 7 8 ");
-    App.Fields.KeyboardOctave.Set(0);
+    App.Fields.Entry.KeyboardOctave.Set(0);
     EXPECT_EQ(Labels(), "-1 0 1 ");
 }
 
 TEST_F(PianoKeysTest, WhileMusicPlaysTheKeysOfTheSoundingLineShow) {
     SetSong({"Quarter C4 E5 -", "Quarter A4 - -", "Quarter - - -", "Quarter - B3 -", "Quarter C9 H4 -"});
-    App.Fields.BPM.Set(60);
-    App.Fields.PlayNote1Check = true;
+    App.Fields.Song.BPM.Set(60);
+    App.Fields.Song.PlayNote1Check = true;
     std::string seen;
-    App.Fields.NotesSounding.Watch([&](const SoundingNotes&) { seen += KeysSounding() + "|"; });
+    App.Fields.View.NotesSounding.Watch([&](const SoundingNotes&) { seen += KeysSounding() + "|"; });
     App.Playing.PlaybackEngine.OnRangeEnd = [this] { App.Playing.PlaybackEngine.StopPlayButton_Click(); };
     App.Playing.PlaybackEngine.PlayAllButton_Click();
     // Two notes show together although they sound in turn; C9 has no key, and H4 is no note.
     EXPECT_EQ(seen, "12 28 ||21 ||11 ||||");
-    EXPECT_EQ(App.Fields.NotesSounding.Get(), SoundingNotes());
+    EXPECT_EQ(App.Fields.View.NotesSounding.Get(), SoundingNotes());
 }
 
 TEST_F(PianoKeysTest, TheKeysThatSoundMoveWithTheOctave) {
-    App.Fields.NotesSounding = SoundingNotes{.Note1 = "C4", .Note2 = "C10"};
+    App.Fields.View.NotesSounding = SoundingNotes{.Note1 = "C4", .Note2 = "C10"};
     EXPECT_EQ(KeysSounding(), "12 ");
-    App.Fields.KeyboardOctave.Set(5);
+    App.Fields.Entry.KeyboardOctave.Set(5);
     EXPECT_EQ(KeysSounding(), "0 ");
-    App.Fields.KeyboardOctave.Set(6);
+    App.Fields.Entry.KeyboardOctave.Set(6);
     EXPECT_EQ(KeysSounding(), "");
-    App.Fields.KeyboardOctave.Set(1);
+    App.Fields.Entry.KeyboardOctave.Set(1);
     EXPECT_EQ(KeysSounding(), "0 ") << "only the last digit of an octave counts";
 }
 
@@ -255,7 +255,7 @@ TEST_F(PianoKeysTest, AKeyIsSpokenWithItsNote) {
 }
 
 TEST_F(PianoKeysTest, QuickClicksAreEnteredInTheirOrderWhenTheSpeakerIsMuted) {
-    App.Fields.MutePCSpeaker = true;
+    App.Fields.Output.MutePCSpeaker = true;
     App.Log.Enable();
     Time.At(10, [this] { App.Playing.PianoKeys.PianoKey_Click(14); });
     Time.At(20, [this] { App.Playing.PianoKeys.PianoKey_Click(16); });
@@ -268,7 +268,7 @@ TEST_F(PianoKeysTest, QuickClicksAreEnteredInTheirOrderWhenTheSpeakerIsMuted) {
 }
 
 TEST_F(PianoKeysTest, AWaitingClickIsTheKeyThatWasClicked) {
-    App.Fields.MutePCSpeaker = true;
+    App.Fields.Output.MutePCSpeaker = true;
     Time.At(10, [this] { App.Playing.PianoKeys.PianoKey_Click(12); });
     Time.At(20,
             [this] { App.Playing.PianoKeys.PianoKey_KeyDown(12, PianoKeys::UpArrow, PianoKeys::CtrlOnly); });
@@ -278,8 +278,8 @@ TEST_F(PianoKeysTest, AWaitingClickIsTheKeyThatWasClicked) {
 }
 
 TEST_F(PianoKeysTest, AnErrorOfOneClickKeepsTheOthersFromNothing) {
-    App.Fields.MutePCSpeaker = true;
-    App.Fields.KeyboardOctave.Set(0);
+    App.Fields.Output.MutePCSpeaker = true;
+    App.Fields.Entry.KeyboardOctave.Set(0);
     Time.At(10, [this] { App.Playing.PianoKeys.PianoKey_Click(0); });  // an octave below 0
     Time.At(20, [this] { App.Playing.PianoKeys.PianoKey_Click(14); });
     EXPECT_THROW(App.Playing.PianoKeys.PianoKey_Click(12), RuntimeError);

@@ -11,7 +11,7 @@ namespace {
 class PitchGlideTest : public testing::Test {
   protected:
     PitchGlideTest() {
-        P.App.Fields.UsePortaCheck = true;
+        P.App.Fields.Mods.UsePorta.Ticked = true;
         Glide.PitchMultipleSlider = 5000;
     }
 
@@ -139,18 +139,18 @@ TEST_F(PitchGlideTest, UntickedItIsSilentAndTickedAgainSoundsAsTheOptionSays) {
     SoundAlways();
     NoteAt(0, 440);
     P.Time.RunUntil(100);
-    P.App.Fields.UsePortaCheck = false;
-    EXPECT_FALSE(P.App.Fields.UsePortamento);
+    P.App.Fields.Mods.UsePorta.Ticked = false;
+    EXPECT_FALSE(P.App.Fields.Mods.UsePorta.InUse);
     Chunks();
     P.Time.RunUntil(1000);
     EXPECT_EQ(Chunks(), "");
-    P.App.Fields.UsePortaCheck = true;
+    P.App.Fields.Mods.UsePorta.Ticked = true;
     P.Time.RunUntil(1050);
     EXPECT_EQ(Chunks(), "1015:440 1045:440 ");
-    P.App.Fields.UsePortaCheck = false;
+    P.App.Fields.Mods.UsePorta.Ticked = false;
     Glide.optSoundAlways = false;
     Glide.optSoundStops = true;
-    P.App.Fields.UsePortaCheck = true;
+    P.App.Fields.Mods.UsePorta.Ticked = true;
     P.Time.RunUntil(2000);
     EXPECT_EQ(Chunks(), "");
 }
@@ -173,7 +173,7 @@ TEST_F(PitchGlideTest, NotesGoToItOnlyWhileItIsTicked) {
     P.App.Outputs.ToneDispatcher.UniBeep(note, 100);
     P.Time.RunUntil(30);
     EXPECT_EQ(Chunks(), "15:440 45:440 ");
-    P.App.Fields.UsePortaCheck = false;
+    P.App.Fields.Mods.UsePorta.Ticked = false;
     P.App.Outputs.ToneDispatcher.UniBeep(note, 100);
     EXPECT_EQ(P.Timeline.Text("speaker"), "0.0750 speaker 440 Hz 100 ms\n");
     EXPECT_NE(P.LogText().find("UsePortaCheck clicked - UsePortamento -> FALSE\n"), std::string::npos);

@@ -12,8 +12,8 @@ namespace {
 class PlaybackTest : public testing::Test {
   protected:
     PlaybackTest() {
-        Fields.BPM.Set(120);
-        Fields.NoteSilenceRatio.Set(50);
+        Fields.Song.BPM.Set(120);
+        Fields.Song.NoteSilenceRatio.Set(50);
     }
 
     /// Plays all until the range has ended `passes` times.
@@ -50,12 +50,12 @@ TEST_F(PlaybackTest, ALineOfOneNotePlaysItAlone) {
 
 TEST_F(PlaybackTest, OfTwoNotesOnlyTheOneThatIsTickedSounds) {
     P.SetSong({"Quarter C4 A4 -"});
-    Fields.PlayNote1Check = false;
+    Fields.Song.PlayNote1Check = false;
     PlayAll();
     EXPECT_EQ(Tones(), "0.0000 speaker 440 Hz 250 ms\n");
     P.Timeline.Clear();
-    Fields.PlayNote1Check = true;
-    Fields.PlayNote2Check = false;
+    Fields.Song.PlayNote1Check = true;
+    Fields.Song.PlayNote2Check = false;
     PlayAll();
     EXPECT_NE(Tones().find("262 Hz 250 ms"), std::string::npos);
     EXPECT_EQ(Tones().find("440"), std::string::npos);
@@ -63,8 +63,8 @@ TEST_F(PlaybackTest, OfTwoNotesOnlyTheOneThatIsTickedSounds) {
 
 TEST_F(PlaybackTest, WithNeitherNoteTickedOnlyTimePasses) {
     P.SetSong({"Quarter C4 A4 -"});
-    Fields.PlayNote1Check = false;
-    Fields.PlayNote2Check = false;
+    Fields.Song.PlayNote1Check = false;
+    Fields.Song.PlayNote2Check = false;
     PlayAll();
     EXPECT_EQ(Tones(), "");
     EXPECT_EQ(P.Time.Now(), 510 * SimulatedTime::CountsPerMs);
@@ -72,8 +72,8 @@ TEST_F(PlaybackTest, WithNeitherNoteTickedOnlyTimePasses) {
 
 TEST_F(PlaybackTest, AlternationStopsWhereNoFullStepIsLeftAndTheNextLineTakesTheOtherNote) {
     P.SetSong({"1/8 C4 A4 -", "1/8 E4 F#5 -"});
-    Fields.AlternateTime.Set(50);
-    Fields.NoteSilenceRatio.Set(70);
+    Fields.Song.AlternateTime.Set(50);
+    Fields.Song.NoteSilenceRatio.Set(70);
     PlayAll();
     // 250 ms a line, of which 175 sound: tones may start before 125 ms.
     EXPECT_EQ(Tones(),
@@ -83,7 +83,7 @@ TEST_F(PlaybackTest, AlternationStopsWhereNoFullStepIsLeftAndTheNextLineTakesThe
 
 TEST_F(PlaybackTest, AlternationCarriesOnFromOnePlaybackToTheNext) {
     P.SetSong({"1/16 C4 A4 -"});
-    Fields.AlternateTime.Set(50);
+    Fields.Song.AlternateTime.Set(50);
     PlayAll();
     EXPECT_EQ(Tones(), "0.0000 speaker 262 Hz 50 ms\n");
     P.Timeline.Clear();
@@ -93,9 +93,11 @@ TEST_F(PlaybackTest, AlternationCarriesOnFromOnePlaybackToTheNext) {
 
 TEST_F(PlaybackTest, AtRatio100TheStepKeepsItsLastValueInTheCall) {
     P.SetSong({"1/8 C4 A4 -", "1/8 C4 A4 -"});
-    Fields.AlternateTime.Set(100);
-    Fields.NoteSilenceRatio.Set(100);
-    Recorded.OnLine = [this, line = 0]() mutable { Fields.NoteSilenceRatio.Set(++line == 1 ? 99 : 100); };
+    Fields.Song.AlternateTime.Set(100);
+    Fields.Song.NoteSilenceRatio.Set(100);
+    Recorded.OnLine = [this, line = 0]() mutable {
+        Fields.Song.NoteSilenceRatio.Set(++line == 1 ? 99 : 100);
+    };
     PlayAll();
     // First line: up to 147.5 ms. Second: with the step of 100 kept, up to 400 ms; with a step of 0 it were
     // 500.
@@ -106,9 +108,9 @@ TEST_F(PlaybackTest, AtRatio100TheStepKeepsItsLastValueInTheCall) {
 
 TEST_F(PlaybackTest, AlternatingNotesOfAGlideTakeTheirTimeToo) {
     P.SetSong({"1/8 C4 A4 -"});
-    Fields.UsePortamento = true;
-    Fields.AlternateTime.Set(50);
-    Fields.NoteSilenceRatio.Set(70);
+    Fields.Mods.UsePorta.InUse = true;
+    Fields.Song.AlternateTime.Set(50);
+    Fields.Song.NoteSilenceRatio.Set(70);
     PlayAll();
     EXPECT_EQ(P.Timeline.Text("portamento 2"), "0.0000 portamento 262 Hz\n0.1000 portamento 262 Hz\n");
     EXPECT_EQ(P.Timeline.Text("portamento 4"), "0.0500 portamento 440 Hz\n");
@@ -116,9 +118,9 @@ TEST_F(PlaybackTest, AlternatingNotesOfAGlideTakeTheirTimeToo) {
 
 TEST_F(PlaybackTest, AlternatingTonesKeepSoundingOnlyWhileAnotherFollows) {
     P.SetSong({"1/8 C4 A4 -"});
-    Fields.UseFMOD = true;
-    Fields.AlternateTime.Set(50);
-    Fields.NoteSilenceRatio.Set(70);
+    Fields.Mods.UseFMOD.InUse = true;
+    Fields.Song.AlternateTime.Set(50);
+    Fields.Song.NoteSilenceRatio.Set(70);
     PlayAll();
     // It is paused after the last one, and once more at the end of playback.
     EXPECT_EQ(P.Timeline.Text("fmod FMOD_Channel_SetPaused"),
@@ -139,7 +141,7 @@ TEST_F(PlaybackTest, ALineThatStartsTooLatePlaysNoToneButStillWaits) {
 
 TEST_F(PlaybackTest, ALegatoLineHandsOverUpTo20MsEarly) {
     P.SetSong({"Quarter C4 - -", "Quarter E4 - -", "Quarter - - -", "Quarter A4 - -"});
-    Fields.NoteSilenceRatio.Set(100);
+    Fields.Song.NoteSilenceRatio.Set(100);
     PlayAll();
     EXPECT_EQ(Tones(),
               "0.0000 speaker 262 Hz 500 ms\n0.5000 speaker 330 Hz 500 ms\n1.4800 speaker 440 Hz 520 ms\n");
@@ -155,12 +157,12 @@ TEST_F(PlaybackTest, PlayAllRepeatsUntilStopIsClicked) {
             pitches += line.substr(line.find("speaker ") + 8, 3) + " ";
     }
     EXPECT_EQ(pitches, "262 330 440 262 330 440 ");
-    EXPECT_FALSE(Fields.MusicIsPlaying);
+    EXPECT_FALSE(Fields.State.MusicIsPlaying);
 }
 
 TEST_F(PlaybackTest, StopInTheWaitEndsAtItsSlice) {
     P.SetSong({"Whole C4 - -"});
-    Fields.NoteSilenceRatio.Set(1);
+    Fields.Song.NoteSilenceRatio.Set(1);
     StopAt(103);
     Playback.PlayAllButton_Click();
     EXPECT_EQ(P.Time.Now(), 110 * SimulatedTime::CountsPerMs);
@@ -168,7 +170,7 @@ TEST_F(PlaybackTest, StopInTheWaitEndsAtItsSlice) {
 
 TEST_F(PlaybackTest, StopDuringASpeakerToneLetsItEnd) {
     P.SetSong({"Whole C4 - -", "Whole E4 - -"});
-    Fields.NoteSilenceRatio.Set(100);
+    Fields.Song.NoteSilenceRatio.Set(100);
     StopAt(10);
     Playback.PlayAllButton_Click();
     EXPECT_EQ(Tones(), "0.0000 speaker 262 Hz 2000 ms\n");
@@ -194,7 +196,7 @@ TEST_F(PlaybackTest, PlayFromSelectedLineWithoutOneStartsAtTheFirst) {
 }
 
 TEST_F(PlaybackTest, AnEmptyListOnlyEnablesTheButtonsAgain) {
-    Fields.UseFMOD = true;
+    Fields.Mods.UseFMOD.InUse = true;
     Playback.PlayAllButton_Click();
     Playback.PlayFromLineButton_Click();
     EXPECT_EQ(P.Timeline.Text(),
@@ -204,16 +206,17 @@ TEST_F(PlaybackTest, AnEmptyListOnlyEnablesTheButtonsAgain) {
 
 TEST_F(PlaybackTest, AClickedLinePlaysOnceWithItsOwnBoxesWithoutWaitingOrMovingThePosition) {
     P.SetSong({"Quarter C4 - -", "Quarter C4 A4 -"});
-    Fields.ClickPlayNote1Check = false;
-    Fields.PlayNote2Check = false;
-    Fields.lblPlayBar = "unchanged";
+    Fields.Song.ClickPlayNote1Check = false;
+    Fields.Song.PlayNote2Check = false;
+    P.App.Editing.PositionDisplay.lblPlayBar = "unchanged";
     P.App.Log.Enable();
     Playback.MainList_ItemClick(2);
     EXPECT_EQ(Tones(), "0.0000 speaker 440 Hz 250 ms\n");
     EXPECT_EQ(P.Time.Now(), 250 * SimulatedTime::CountsPerMs);
     EXPECT_NE(P.LogText().find("MusicIsPlaying -> FALSE"), std::string::npos);
-    EXPECT_EQ(Fields.lblPlayBar.Get(), "001") << "shown once at its start, as for every playback";
-    EXPECT_FALSE(Fields.MusicIsPlaying);
+    EXPECT_EQ(P.App.Editing.PositionDisplay.lblPlayBar.Get(), "001")
+        << "shown once at its start, as for every playback";
+    EXPECT_FALSE(Fields.State.MusicIsPlaying);
 }
 
 TEST_F(PlaybackTest, AClickDuringPlaybackPlaysItsLineAndEndsThePlayback) {
@@ -221,7 +224,7 @@ TEST_F(PlaybackTest, AClickDuringPlaybackPlaysItsLineAndEndsThePlayback) {
     P.Time.At(300, [this] { Playback.MainList_ItemClick(3); });
     Playback.PlayAllButton_Click();
     EXPECT_EQ(Tones(), "0.0000 speaker 262 Hz 250 ms\n0.3000 speaker 330 Hz 250 ms\n");
-    EXPECT_TRUE(Fields.PlayAllButtonEnabled);
+    EXPECT_TRUE(Fields.View.PlayAllButtonEnabled);
 }
 
 TEST_F(PlaybackTest, EachLineIsSelectedScrolledToAndShownInTheModBoxes) {
@@ -236,8 +239,8 @@ TEST_F(PlaybackTest, EachLineIsSelectedScrolledToAndShownInTheModBoxes) {
     P.App.List.AddObserver(watcher);
     std::string boxes;
     Recorded.OnLine = [&] {
-        boxes += fmt::format("{}{}{} ", P.App.List.SelectedItem(), Fields.ModDottedCheck ? "D" : "",
-                             Fields.ModTripletCheck ? "T" : "");
+        boxes += fmt::format("{}{}{} ", P.App.List.SelectedItem(), Fields.Entry.ModDottedCheck ? "D" : "",
+                             Fields.Entry.ModTripletCheck ? "T" : "");
     };
     PlayAll();
     P.App.List.RemoveObserver(watcher);
@@ -251,23 +254,23 @@ TEST_F(PlaybackTest, ControlsAreDisabledWhilePlayingAndEnabledAfterwards) {
     P.SetSong({"1/8 C4 - -"});
     bool during = false;
     Recorded.OnLine = [&] {
-        during = !Fields.PianoKeysEnabled && !Fields.PlayAllButtonEnabled &&
-                 !Fields.PlayFromLineButtonEnabled && Fields.StopPlayButtonEnabled &&
-                 !Fields.NoUpdateCheckEnabled && Fields.MusicIsPlaying;
+        during = !Fields.View.PianoKeysEnabled && !Fields.View.PlayAllButtonEnabled &&
+                 !Fields.View.PlayFromLineButtonEnabled && Fields.View.StopPlayButtonEnabled &&
+                 !P.App.Editing.PositionDisplay.NoUpdateCheckEnabled && Fields.State.MusicIsPlaying;
     };
     PlayAll();
     EXPECT_TRUE(during);
-    EXPECT_TRUE(Fields.PianoKeysEnabled);
-    EXPECT_TRUE(Fields.PlayAllButtonEnabled);
-    EXPECT_TRUE(Fields.PlayFromLineButtonEnabled);
-    EXPECT_FALSE(Fields.StopPlayButtonEnabled);
-    EXPECT_TRUE(Fields.NoUpdateCheckEnabled);
+    EXPECT_TRUE(Fields.View.PianoKeysEnabled);
+    EXPECT_TRUE(Fields.View.PlayAllButtonEnabled);
+    EXPECT_TRUE(Fields.View.PlayFromLineButtonEnabled);
+    EXPECT_FALSE(Fields.View.StopPlayButtonEnabled);
+    EXPECT_TRUE(P.App.Editing.PositionDisplay.NoUpdateCheckEnabled);
 }
 
 TEST_F(PlaybackTest, TheBeepLabelShowsForEachTone) {
     P.SetSong({"1/8 C4 - -", "1/8 - - -"});
     std::string changes;
-    Fields.BeepTextLabelVisible.Watch([&](bool visible) {
+    Fields.View.BeepTextLabelVisible.Watch([&](bool visible) {
         changes += fmt::format("{}:{} ", P.Time.Now() / SimulatedTime::CountsPerMs, visible ? "on" : "off");
     });
     PlayAll();
@@ -276,10 +279,12 @@ TEST_F(PlaybackTest, TheBeepLabelShowsForEachTone) {
 
 TEST_F(PlaybackTest, ThePositionMovesLineByLineAndStartsOver) {
     P.SetSong({"Half - - -", "Whole - - -", "1/16 - - -"});
-    std::string positions = Fields.lblPlayBar.Get() + "/" + Fields.lblPlayPos.Get() + " ";
+    std::string positions = P.App.Editing.PositionDisplay.lblPlayBar.Get() + "/" +
+                            P.App.Editing.PositionDisplay.lblPlayPos.Get() + " ";
     Recorded.OnLine = [&] {
-        positions +=
-            Fields.lblPlayBar.Get() + "/" + Fields.lblPlayPos.Get() + "/" + Fields.lblPlaySig.Get() + " ";
+        positions += P.App.Editing.PositionDisplay.lblPlayBar.Get() + "/" +
+                     P.App.Editing.PositionDisplay.lblPlayPos.Get() + "/" +
+                     P.App.Editing.PositionDisplay.lblPlaySig.Get() + " ";
     };
     PlayAll(2);
     EXPECT_EQ(positions,
@@ -290,16 +295,19 @@ TEST_F(PlaybackTest, ThePositionMovesLineByLineAndStartsOver) {
 TEST_F(PlaybackTest, TripletsLeaveNoResidueInThePosition) {
     P.SetSong({"Whole - - Tri", "Whole - - tri", "Whole - - TRI", "Half - - -"});
     std::string last;
-    Recorded.OnLine = [&] { last = Fields.lblPlayBar.Get() + " " + Fields.lblPlayPos.Get(); };
+    Recorded.OnLine = [&] {
+        last = P.App.Editing.PositionDisplay.lblPlayBar.Get() + " " +
+               P.App.Editing.PositionDisplay.lblPlayPos.Get();
+    };
     PlayAll();
     EXPECT_EQ(last, "002 01 ");
 }
 
 TEST_F(PlaybackTest, DoNotUpdateKeepsThePosition) {
     P.SetSong({"Half - - -", "Half - - -"});
-    Fields.NoUpdateCheck = true;
+    P.App.Editing.PositionDisplay.NoUpdateCheck = true;
     std::string positions;
-    Recorded.OnLine = [&] { positions += Fields.lblPlayPos.Get() + "|"; };
+    Recorded.OnLine = [&] { positions += P.App.Editing.PositionDisplay.lblPlayPos.Get() + "|"; };
     PlayAll();
     EXPECT_EQ(positions, "01 |01 |");
 }
@@ -334,13 +342,13 @@ TEST_F(PlaybackTest, DeletingTheLineAboutToBePlayedEndsWithAMessage) {
     EXPECT_EQ(P.Boxes.Shown()[2].Text,
               "EndPoint is 0\nHowever, somehow this program now is about to try to look at line 2.\n"
               "(Stopping playing)");
-    EXPECT_FALSE(Fields.MusicIsPlaying);
-    EXPECT_TRUE(Fields.PlayAllButtonEnabled);
+    EXPECT_FALSE(Fields.State.MusicIsPlaying);
+    EXPECT_TRUE(Fields.View.PlayAllButtonEnabled);
 }
 
 TEST_F(PlaybackTest, DeletingTheTripletThatIsPlayingDoesNoHarm) {
     P.SetSong({"1/8 C4 - -", "Whole E4 - Tri"});
-    Fields.MutePCSpeaker = true;
+    Fields.Output.MutePCSpeaker = true;
     P.Time.At(300, [this] { P.App.List.Remove(2); });
     StopAt(2000);
     EXPECT_NO_THROW(Playback.PlayAllButton_Click());
@@ -374,18 +382,18 @@ TEST_F(PlaybackTest, AMissingEndPointAtTheStartBecomesTheLastLineAndEndsTheCall)
     ASSERT_EQ(P.Boxes.Shown().size(), 2U);
     EXPECT_EQ(end, 2);
     EXPECT_EQ(Tones(), "");
-    EXPECT_FALSE(Fields.MusicIsPlaying);
+    EXPECT_FALSE(Fields.State.MusicIsPlaying);
 }
 
 TEST_F(PlaybackTest, ATempoOfZeroIsAnErrorThatLeavesTheButtonsUsable) {
     P.SetSong({"1/8 C4 - -"});
-    Fields.BPM.Set(0);
+    Fields.Song.BPM.Set(0);
     EXPECT_FALSE(P.App.Handlers.Run("PlayAllButton_Click", [this] { Playback.PlayAllButton_Click(); }));
     EXPECT_EQ(P.Boxes.Shown().back().Text, "Run-time error '11':\n\nDivision by zero");
-    EXPECT_TRUE(Fields.PlayAllButtonEnabled);
-    EXPECT_FALSE(Fields.StopPlayButtonEnabled);
-    EXPECT_FALSE(Fields.MusicIsPlaying);
-    Fields.BPM.Set(120);
+    EXPECT_TRUE(Fields.View.PlayAllButtonEnabled);
+    EXPECT_FALSE(Fields.View.StopPlayButtonEnabled);
+    EXPECT_FALSE(Fields.State.MusicIsPlaying);
+    Fields.Song.BPM.Set(120);
     PlayAll();
     EXPECT_EQ(Tones(), "0.0000 speaker 262 Hz 125 ms\n");
 }
@@ -395,11 +403,11 @@ TEST_F(PlaybackTest, ALogThatFailsInTheMiddleLeavesTheButtonsUsable) {
     P.App.Log.Enable();
     P.Time.At(100, [this] { P.Disk.FailWriting("/program/debuglog.txt", std::errc::no_space_on_device); });
     EXPECT_FALSE(P.App.Handlers.Run("PlayAllButton_Click", [this] { Playback.PlayAllButton_Click(); }));
-    EXPECT_TRUE(Fields.PlayAllButtonEnabled);
-    EXPECT_TRUE(Fields.PianoKeysEnabled);
-    EXPECT_FALSE(Fields.StopPlayButtonEnabled);
-    EXPECT_FALSE(Fields.BeepTextLabelVisible);
-    EXPECT_FALSE(Fields.MusicIsPlaying);
+    EXPECT_TRUE(Fields.View.PlayAllButtonEnabled);
+    EXPECT_TRUE(Fields.View.PianoKeysEnabled);
+    EXPECT_FALSE(Fields.View.StopPlayButtonEnabled);
+    EXPECT_FALSE(Fields.View.BeepTextLabelVisible);
+    EXPECT_FALSE(Fields.State.MusicIsPlaying);
 }
 
 TEST_F(PlaybackTest, LinesOfUnknownLengthTakeNoTime) {
@@ -412,15 +420,15 @@ TEST_F(PlaybackTest, ASongWithoutAnyTimeCanStillBeStopped) {
     P.SetSong({"Long C4 - -"});
     StopAt(5);
     Playback.PlayAllButton_Click();
-    EXPECT_FALSE(Fields.MusicIsPlaying);
+    EXPECT_FALSE(Fields.State.MusicIsPlaying);
 }
 
 TEST_F(PlaybackTest, AlternationInStepsOfNoTimeIsSilenceOfTheLinesLength) {
     P.SetSong({"1/16 C4 A4 -", "1/8 E4 - -"});
     for (const int ms : {0, -1, -32768}) {
-        Fields.AlternateTime.Set(ms);
+        Fields.Song.AlternateTime.Set(ms);
         for (const bool mute : {false, true}) {
-            Fields.MutePCSpeaker = mute;
+            Fields.Output.MutePCSpeaker = mute;
             const std::int64_t start = P.Time.Now();
             PlayAll();
             EXPECT_EQ((P.Time.Now() - start) / SimulatedTime::CountsPerMs, 385) << ms;
@@ -430,7 +438,7 @@ TEST_F(PlaybackTest, AlternationInStepsOfNoTimeIsSilenceOfTheLinesLength) {
 
 TEST_F(PlaybackTest, ATempoChangeHoldsFromWhereTheMusicIsWithoutAJump) {
     P.SetSong({"Quarter C4 - -"});
-    P.Time.At(2300, [this] { Fields.BPM.Type("60"); });
+    P.Time.At(2300, [this] { Fields.Song.BPM.Type("60"); });
     StopAt(6400);
     Playback.PlayAllButton_Click();
     // Beats 1 to 4 at half a second each; the fifth, which began at 2.0 s, lasts a second from then on.
@@ -442,10 +450,10 @@ TEST_F(PlaybackTest, ATempoChangeHoldsFromWhereTheMusicIsWithoutAJump) {
 
 TEST_F(PlaybackTest, RestsSilenceAGeneratorThatIsNeverSilentOtherwise) {
     P.SetSong({"1/8 - - -", "1/8 - A4 -", "1/8 C4 - -", "1/8 C4 A4 -"});
-    Fields.UseFMOD = Fields.DoNotShutUpFMOD = true;
+    Fields.Mods.UseFMOD.InUse = Fields.Output.DoNotShutUpFMOD = true;
     const auto stops = [this](bool play1, bool play2) {
-        Fields.PlayNote1Check = play1;
-        Fields.PlayNote2Check = play2;
+        Fields.Song.PlayNote1Check = play1;
+        Fields.Song.PlayNote2Check = play2;
         P.Timeline.Clear();
         PlayAll();
         // A tone that is kept sounding is paused by nothing else.
@@ -456,14 +464,14 @@ TEST_F(PlaybackTest, RestsSilenceAGeneratorThatIsNeverSilentOtherwise) {
     EXPECT_EQ(stops(true, false), 2);
     EXPECT_EQ(stops(false, true), 2);
     EXPECT_EQ(stops(false, false), 0);
-    Fields.DoNotShutUpFMOD = false;
+    Fields.Output.DoNotShutUpFMOD = false;
     EXPECT_EQ(stops(true, true), 3) << "each tone its own, and the rest none";
 }
 
 TEST_F(PlaybackTest, TheVoiceFollowsNote2) {
     P.SetSong({"1/8 C4 A4 -", "1/8 C4 - -"});
-    Fields.UseVoiceCheck = true;
-    Fields.VoiceVolSlider = 2500;
+    Fields.Mods.UseVoice.Ticked = true;
+    Fields.Output.VoiceVolSlider = 2500;
     P.Timeline.Clear();
     P.App.Log.Enable();
     PlayAll();
@@ -485,7 +493,7 @@ TEST_F(PlaybackTest, TheBeatHookRunsBeforeEachLinesTonesAndTakesItsTimeFromThem)
 
 TEST_F(PlaybackTest, WritesTheToneCodeOfTonesAndWaits) {
     P.SetSong({"1/16 C4 - -"});
-    Fields.UseWriteCode = true;
+    P.App.Outputs.ToneCode.UseWriteCode = true;
     PlayAll();
     EXPECT_EQ(P.Disk.Content("/program/tonecode.txt"),
               "Beep         262,   62.5     'C4\r\nMsgWaitObj            15\r\nMsgWaitObj            15\r\n"
@@ -494,7 +502,7 @@ TEST_F(PlaybackTest, WritesTheToneCodeOfTonesAndWaits) {
 
 TEST_F(PlaybackTest, LogsAPlaybackLineByLine) {
     P.SetSong({"1/16 C4 A4 -"});
-    Fields.AlternateTime.Set(40);
+    Fields.Song.AlternateTime.Set(40);
     P.App.Log.Enable();
     PlayAll();
     EXPECT_EQ(P.LogText(),

@@ -97,11 +97,11 @@ class Timetable {
 void ExpectSameTones(const std::vector<Line>& song, const Settings& settings, int passes) {
     test::SimulatedProgram p;
     MainFields& fields = p.App.Fields;
-    fields.BPM.Set(settings.Bpm);
-    fields.NoteSilenceRatio.Set(settings.Ratio);
-    fields.AlternateTime.Set(settings.AlternateMs);
-    fields.PlayNote1Check = settings.Play1;
-    fields.PlayNote2Check = settings.Play2;
+    fields.Song.BPM.Set(settings.Bpm);
+    fields.Song.NoteSilenceRatio.Set(settings.Ratio);
+    fields.Song.AlternateTime.Set(settings.AlternateMs);
+    fields.Song.PlayNote1Check = settings.Play1;
+    fields.Song.PlayNote2Check = settings.Play2;
     for (const Line& line : song) {
         p.App.List.Insert(p.App.List.Count() + 1,
                           {Lengths[line.Length], line.Note1 < 0 ? "" : Notes[line.Note1],
@@ -141,7 +141,7 @@ TEST(Timetable, ALongSongDoesNotDrift) {
     const std::vector<Line> song(10'000, {3, 0, -1, 0});
     test::SimulatedProgram p;
     test::RecordedPlayback recorded(p);
-    p.App.Fields.BPM.Set(139);
+    p.App.Fields.Song.BPM.Set(139);
     for (const Line& line : song)
         p.App.List.Insert(p.App.List.Count() + 1, {Lengths[line.Length], "C4", "", ""});
     std::int32_t lines = 0;

@@ -17,9 +17,9 @@ class PositionTest : public testing::Test {
   protected:
     void ExpectLabels(double position, const char* bar, const char* pos, const char* sig) {
         P.App.Editing.PositionDisplay.ShowPosition(position);
-        EXPECT_EQ(Fields.lblPlayBar.Get(), bar);
-        EXPECT_EQ(Fields.lblPlayPos.Get(), pos);
-        EXPECT_EQ(Fields.lblPlaySig.Get(), sig);
+        EXPECT_EQ(P.App.Editing.PositionDisplay.lblPlayBar.Get(), bar);
+        EXPECT_EQ(P.App.Editing.PositionDisplay.lblPlayPos.Get(), pos);
+        EXPECT_EQ(P.App.Editing.PositionDisplay.lblPlaySig.Get(), sig);
     }
     double PositionOf(std::int32_t line) {
         double position = 99;
@@ -32,12 +32,12 @@ class PositionTest : public testing::Test {
 };
 
 TEST_F(PositionTest, AnEmptyListShows001InBarAndPosition) {
-    Fields.lblPlayBar = "x";
-    Fields.lblPlayPos = "x";
+    P.App.Editing.PositionDisplay.lblPlayBar = "x";
+    P.App.Editing.PositionDisplay.lblPlayPos = "x";
     EXPECT_EQ(PositionOf(0), -1);
-    EXPECT_EQ(Fields.lblPlayBar.Get(), "001");
-    EXPECT_EQ(Fields.lblPlayPos.Get(), "001");
-    Fields.lblPlayBar = "x";
+    EXPECT_EQ(P.App.Editing.PositionDisplay.lblPlayBar.Get(), "001");
+    EXPECT_EQ(P.App.Editing.PositionDisplay.lblPlayPos.Get(), "001");
+    P.App.Editing.PositionDisplay.lblPlayBar = "x";
     ExpectLabels(-1, "001", "001", "01.00");
 }
 
@@ -53,14 +53,14 @@ TEST_F(PositionTest, InFourFour) {
 
 TEST_F(PositionTest, InThreeFour) {
     P.SetSong({"Whole - - -"});
-    Fields.BeatsPerBar.Set(3);
+    Fields.Song.BeatsPerBar.Set(3);
     ExpectLabels(0.75, "002", "01 ", "01.00");
     ExpectLabels(0.5, "001", "01 01/02", "03.00");
 }
 
 TEST_F(PositionTest, InLongBarsThePositionCountsWholeNotes) {
     P.SetSong({"Whole - - -"});
-    Fields.BeatsPerBar.Set(8);
+    Fields.Song.BeatsPerBar.Set(8);
     ExpectLabels(1, "001", "02 ", "05.00");
     ExpectLabels(2.0625, "002", "01 01/16", "01.25");
 }
@@ -69,10 +69,10 @@ TEST_F(PositionTest, AThirdShowsAnErrorOnRed) {
     P.SetSong({"1/8 C4 - Tri", "1/8 C4 - -"});
     P.App.Log.Enable();
     ExpectLabels(PositionOf(2), "001", "01 (ERR)", "01.17");
-    EXPECT_EQ(Fields.lblPlayPosBackColor, 255);
+    EXPECT_EQ(P.App.Editing.PositionDisplay.lblPlayPosBackColor, 255);
     EXPECT_NE(P.LogText().find("ConvertToFraction(0.0417"), std::string::npos) << P.LogText();
     ExpectLabels(0.25, "001", "01 01/04", "02.00");
-    EXPECT_EQ(Fields.lblPlayPosBackColor, 32768);
+    EXPECT_EQ(P.App.Editing.PositionDisplay.lblPlayPosBackColor, 32768);
 }
 
 TEST_F(PositionTest, AllSixteenthsHaveTheirText) {
@@ -174,49 +174,48 @@ TEST_F(PositionTest, KeptSumsEqualAPlainSumWhateverIsEditedBetween) {
 TEST_F(PositionTest, AnErrorsRedGoesWithTheLastLine) {
     P.SetSong({"Whole - - Tri"});
     P.App.Editing.PositionDisplay.ShowSelectedLine();
-    ASSERT_EQ(Fields.lblPlayPosBackColor, colour::Red);
+    ASSERT_EQ(P.App.Editing.PositionDisplay.lblPlayPosBackColor, colour::Red);
     P.App.List.Select(1);
     P.App.Editing.LineClipboard.EraseLines();
-    EXPECT_EQ(Fields.lblPlayPos.Get(), "001");
-    EXPECT_EQ(Fields.lblPlayPosBackColor, colour::DarkGreen);
+    EXPECT_EQ(P.App.Editing.PositionDisplay.lblPlayPos.Get(), "001");
+    EXPECT_EQ(P.App.Editing.PositionDisplay.lblPlayPosBackColor, colour::DarkGreen);
 }
 
 TEST_F(PositionTest, WhileEditingTheSelectedLineOrTheEndOfTheSongIsShown) {
     P.SetSong({"Whole - - -", "Half - - -", "Quarter - - -"});
     P.App.List.Select(3);
     P.App.Editing.PositionDisplay.ShowSelectedLine();
-    EXPECT_EQ(Fields.lblPlayPos.Get(), "01 01/02");
+    EXPECT_EQ(P.App.Editing.PositionDisplay.lblPlayPos.Get(), "01 01/02");
     P.App.List.Unselect(3);
     P.App.Editing.PositionDisplay.ShowSelectedLine();
-    EXPECT_EQ(Fields.lblPlayPos.Get(), "01 03/04");
+    EXPECT_EQ(P.App.Editing.PositionDisplay.lblPlayPos.Get(), "01 03/04");
 }
 
 TEST_F(PositionTest, DoNotUpdateIsLogged) {
     P.App.Log.Enable();
-    Fields.NoUpdateCheck = true;
+    P.App.Editing.PositionDisplay.NoUpdateCheck = true;
     P.App.Editing.PositionDisplay.NoUpdateCheck_Click();
-    EXPECT_TRUE(Fields.UseNoUpdate);
-    Fields.NoUpdateCheck = false;
+    EXPECT_TRUE(P.App.Editing.PositionDisplay.NoUpdateCheck);
+    P.App.Editing.PositionDisplay.NoUpdateCheck = false;
     P.App.Editing.PositionDisplay.NoUpdateCheck_Click();
-    EXPECT_FALSE(Fields.UseNoUpdate);
+    EXPECT_FALSE(P.App.Editing.PositionDisplay.NoUpdateCheck);
     EXPECT_EQ(P.LogText(),
               "NoUpdateCheck clicked - UseNoUpdate -> TRUE\nNoUpdateCheck clicked - UseNoUpdate -> FALSE\n");
 }
 
 TEST_F(PositionTest, DoNotUpdateAsksBeforeItTakesTheBeatSoundAway) {
-    Fields.UseBeatCheck = true;
-    Fields.NoUpdateCheck = true;
+    Fields.Mods.UseBeat.Ticked = true;
+    P.App.Editing.PositionDisplay.NoUpdateCheck = true;
     P.Boxes.AnswerNext(BoxAnswer::No);
     P.App.Editing.PositionDisplay.NoUpdateCheck_Click();
-    EXPECT_FALSE(Fields.NoUpdateCheck);
-    EXPECT_FALSE(Fields.UseNoUpdate);
+    EXPECT_FALSE(P.App.Editing.PositionDisplay.NoUpdateCheck);
     ASSERT_EQ(P.Boxes.Shown().size(), 1U);
     EXPECT_EQ(P.Boxes.Shown()[0].Title, "Disable 'Play a beat sound'?");
     EXPECT_EQ(P.Boxes.Shown()[0].Icon, BoxIcon::Question);
-    Fields.NoUpdateCheck = true;
+    P.App.Editing.PositionDisplay.NoUpdateCheck = true;
     P.Boxes.AnswerNext(BoxAnswer::Yes);
     P.App.Editing.PositionDisplay.NoUpdateCheck_Click();
-    EXPECT_TRUE(Fields.UseNoUpdate);
+    EXPECT_TRUE(P.App.Editing.PositionDisplay.NoUpdateCheck);
 }
 
 TEST_F(PositionTest, TheHelpButtonTellsWhatTheOptionIsFor) {

@@ -15,7 +15,7 @@ class SynchroTest : public testing::Test {
   protected:
     explicit SynchroTest(TimeOfDay now = {12, 0, 0}) : P({.Time = now}) {
         P.SetSong({"Quarter C4 - -"});
-        Fields.UseSynchroCheck = true;
+        Fields.Mods.UseSynchro.Ticked = true;
     }
 
     void SetTime(const char* hour, const char* minute, const char* second) {
@@ -26,7 +26,7 @@ class SynchroTest : public testing::Test {
     /// Waits, and stops the music soon after its start, or the waiting itself at that time.
     void Wait(double stopAtMs) {
         P.Time.At(stopAtMs, [this] {
-            if (Fields.MusicIsPlaying)
+            if (Fields.State.MusicIsPlaying)
                 P.App.Playing.PlaybackEngine.StopPlayButton_Click();
             else
                 Synchro.btnWait_Click();
@@ -207,7 +207,7 @@ TEST_F(SynchroTest, ASongWithoutLinesEndsTheWaitingAllTheSame) {
 
 TEST_F(SynchroTest, AnErrorOfPlaybackLeavesNothingWaiting) {
     SetTime("12", "0", "1");
-    Fields.BPM.Set(0);
+    Fields.Song.BPM.Set(0);
     EXPECT_THROW(Synchro.btnWait_Click(), std::exception);
     EXPECT_EQ(Shown(), Idle);
     EXPECT_FALSE(Synchro.CurrentlyWaiting());
@@ -244,7 +244,7 @@ TEST_F(SynchroTest, WhileMusicPlaysWaitingCannotBeStarted) {
 }
 
 TEST_F(SynchroTest, StartedInTheMiddleOfAToneItLetsTheToneEndFirst) {
-    Fields.UseMotorCheck = true;
+    Fields.Mods.UseMotor.Ticked = true;
     SetTime("12", "0", "3");
     P.Time.At(100, [&] { Synchro.btnWait_Click(); });
     P.Time.At(3'100, [&] { P.App.Playing.PlaybackEngine.StopPlayButton_Click(); });
@@ -258,7 +258,7 @@ TEST_F(SynchroTest, StartedInTheMiddleOfAToneItLetsTheToneEndFirst) {
 }
 
 TEST_F(SynchroTest, StoppedBeforeThatToneEndsItNeverBegins) {
-    Fields.MutePCSpeaker = true;
+    Fields.Output.MutePCSpeaker = true;
     SetTime("12", "0", "3");
     P.Time.At(100, [&] { Synchro.btnWait_Click(); });
     P.Time.At(200, [&] { Synchro.btnWait_Click(); });
@@ -266,14 +266,15 @@ TEST_F(SynchroTest, StoppedBeforeThatToneEndsItNeverBegins) {
     P.App.Outputs.ToneDispatcher.UniBeep(note, 300);
     P.Time.RunUntil(10'000);
     EXPECT_EQ(Shown(), Idle);
-    EXPECT_FALSE(Fields.MusicIsPlaying);
+    EXPECT_FALSE(Fields.State.MusicIsPlaying);
 }
 
 TEST_F(SynchroTest, TheDelayIsTheBufferLessWhatTheStartTakes) {
     std::int32_t bufferMs = 93;
-    Fields.UseFMODCheckEnabled = true;
-    SynchroPlay synchro({Fields, P.Time, P.Time, P.App.Wait, P.Boxes, P.App.Handlers, [] { return false; },
-                         [&] { P.Timeline.Record(P.Time.Now(), "play"); }, [] {}, [&] { return bufferMs; }});
+    Fields.Mods.UseFMOD.Enabled = true;
+    SynchroPlay synchro({Fields.Mods, Fields.State, P.Time, P.Time, P.App.Wait, P.Boxes, P.App.Handlers,
+                         [] { return false; }, [&] { P.Timeline.Record(P.Time.Now(), "play"); }, [] {},
+                         [&] { return bufferMs; }});
     synchro.chkStartInDelay = true;
     const auto wait = [&](const char* second) {
         synchro.txtHour.Type("12");
@@ -294,9 +295,9 @@ TEST_F(SynchroTest, TheDelayIsTheBufferLessWhatTheStartTakes) {
 
 TEST_F(SynchroTest, ItCanBeStoppedDuringTheDelayToo) {
     bool played = false;
-    Fields.UseFMODCheckEnabled = true;
-    SynchroPlay synchro({Fields, P.Time, P.Time, P.App.Wait, P.Boxes, P.App.Handlers, [] { return false; },
-                         [&] { played = true; }, [] {}, [] { return 5'000; }});
+    Fields.Mods.UseFMOD.Enabled = true;
+    SynchroPlay synchro({Fields.Mods, Fields.State, P.Time, P.Time, P.App.Wait, P.Boxes, P.App.Handlers,
+                         [] { return false; }, [&] { played = true; }, [] {}, [] { return 5'000; }});
     synchro.chkStartInDelay = true;
     synchro.txtSecond.Type("0");
     synchro.txtMinute.Type("0");
@@ -308,9 +309,9 @@ TEST_F(SynchroTest, ItCanBeStoppedDuringTheDelayToo) {
 
 TEST_F(SynchroTest, TheDelayIsThereForThoseWhoHaveTheLibrary) {
     EXPECT_FALSE(Synchro.chkStartInDelayEnabled);
-    Fields.UseFMODCheckEnabled = true;
+    Fields.Mods.UseFMOD.Enabled = true;
     EXPECT_TRUE(Synchro.chkStartInDelayEnabled);
-    Fields.UseFMODCheckEnabled = false;
+    Fields.Mods.UseFMOD.Enabled = false;
     Synchro.chkStartInDelay = true;
     SetTime("12", "0", "1");
     Wait(1'100);
@@ -320,7 +321,7 @@ TEST_F(SynchroTest, TheDelayIsThereForThoseWhoHaveTheLibrary) {
 
 TEST_F(SynchroTest, ClosingItsWindowStopsTheWaiting) {
     SetTime("12", "0", "10");
-    P.Time.At(1'000, [&] { Fields.UseSynchroCheck = false; });
+    P.Time.At(1'000, [&] { Fields.Mods.UseSynchro.Ticked = false; });
     Synchro.btnWait_Click();
     EXPECT_EQ(P.Time.Now(), 1'000 * SimulatedTime::CountsPerMs);
     P.Time.RunUntil(20'000);
@@ -331,7 +332,7 @@ TEST_F(SynchroTest, ClosingItsWindowStopsTheWaiting) {
 TEST_F(SynchroTest, ClosingItsWindowLetsTheMusicPlayOn) {
     SetTime("12", "0", "1");
     P.SetSong({"Quarter C4 - -", "Quarter D4 - -"});
-    P.Time.At(1'400, [&] { Fields.UseSynchroCheck = false; });
+    P.Time.At(1'400, [&] { Fields.Mods.UseSynchro.Ticked = false; });
     Wait(1'800);
     EXPECT_EQ(Tones(), "1.0000 speaker 262 Hz 386 ms\n1.4310 speaker 294 Hz 383 ms\n");
     EXPECT_EQ(Shown(), Idle);
@@ -339,7 +340,7 @@ TEST_F(SynchroTest, ClosingItsWindowLetsTheMusicPlayOn) {
 
 TEST_F(SynchroTest, AProgramThatIsEndingPlaysNothing) {
     SetTime("12", "0", "10");
-    P.Time.At(1'000, [&] { Fields.ShuttingDown = true; });
+    P.Time.At(1'000, [&] { Fields.State.ShuttingDown = true; });
     Synchro.btnWait_Click();
     EXPECT_EQ(P.Time.Now(), 1'000 * SimulatedTime::CountsPerMs);
     EXPECT_EQ(Tones(), "");
@@ -359,13 +360,13 @@ TEST_F(SynchroTest, SuggestsTheNextFullMinute) {
 
 TEST_F(SynchroTest, OpenedAgainItSuggestsAnewOnlyWhatHasPassed) {
     SetTime("13", "30", "15");
-    Fields.UseSynchroCheck = false;
-    Fields.UseSynchroCheck = true;
+    Fields.Mods.UseSynchro.Ticked = false;
+    Fields.Mods.UseSynchro.Ticked = true;
     EXPECT_EQ(Synchro.txtMinute.Text(), "30");
     SetTime("12", "0", "5");
-    Fields.UseSynchroCheck = false;
+    Fields.Mods.UseSynchro.Ticked = false;
     P.Time.Block(65'000);
-    Fields.UseSynchroCheck = true;
+    Fields.Mods.UseSynchro.Ticked = true;
     EXPECT_EQ(Synchro.txtMinute.Text(), "2");
     EXPECT_EQ(Synchro.txtSecond.Text(), "0");
 }
@@ -374,7 +375,7 @@ TEST_F(SynchroTest, TheClockRunsOnlyWhileTheWindowIsThere) {
     EXPECT_EQ(Synchro.lblCurrentTime.Get(), "12:00:00");
     P.Time.RunUntil(61'050);
     EXPECT_EQ(Synchro.lblCurrentTime.Get(), "12:01:01");
-    Fields.UseSynchroCheck = false;
+    Fields.Mods.UseSynchro.Ticked = false;
     P.Time.RunUntil(70'000);
     EXPECT_EQ(Synchro.lblCurrentTime.Get(), "12:01:01");
 }

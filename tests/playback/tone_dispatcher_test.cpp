@@ -73,24 +73,24 @@ TEST_F(UniBeepTest, ALastCharacterThatIsNoDigitIsOctaveZero) {
 }
 
 TEST_F(UniBeepTest, TheMotorComesBeforeEveryOtherOutput) {
-    Fields.UseMotorCheck = true;
-    Fields.UseFMOD = Fields.MutePCSpeaker = Fields.UsePortamento = true;
+    Fields.Mods.UseMotor.Ticked = true;
+    Fields.Mods.UseFMOD.InUse = Fields.Output.MutePCSpeaker = Fields.Mods.UsePorta.InUse = true;
     Beep("C4", 200);
     EXPECT_EQ(P.Timeline.Text(),
               "0.0000 serial open ttyUSB0\n0.0000 serial #0P1350\\r\n0.2150 serial #0P1470\\r\n");
 }
 
 TEST_F(UniBeepTest, TheMotorGetsTheNoteMovedByItsOctave) {
-    Fields.UseMotorCheck = true;
-    Fields.NoteSilenceRatio.Set(100);
-    Fields.MotorOct = 1;
+    Fields.Mods.UseMotor.Ticked = true;
+    Fields.Song.NoteSilenceRatio.Set(100);
+    Fields.Output.MotorOct = 1;
     Beep("F4", 10);
     Beep("F#4", 10);
     EXPECT_EQ(P.Timeline.Text("serial #"), "0.0000 serial #0P1000\\r\n0.0250 serial #0P1191\\r\n");
 }
 
 TEST_F(UniBeepTest, ABareFrequencyIsNoNoteOfTheMotorsAndNobodyIsWarned) {
-    Fields.UseMotorCheck = true;
+    Fields.Mods.UseMotor.Ticked = true;
     Beep("1000", 20, Frequency);
     EXPECT_EQ(P.Timeline.Text(),
               "0.0000 serial open ttyUSB0\n0.0000 serial #0P0\\r\n0.0350 serial #0P1470\\r\n");
@@ -100,7 +100,7 @@ TEST_F(UniBeepTest, ABareFrequencyIsNoNoteOfTheMotorsAndNobodyIsWarned) {
 }
 
 TEST_F(UniBeepTest, TheSoundCardComesBeforeTheMutedSpeakerAndNoOtherWaitIsMade) {
-    Fields.UseFMOD = Fields.MutePCSpeaker = Fields.UsePortamento = true;
+    Fields.Mods.UseFMOD.InUse = Fields.Output.MutePCSpeaker = Fields.Mods.UsePorta.InUse = true;
     Beep("A4", 100, {.FMODNoWait = true});
     EXPECT_EQ(P.Timeline.Text(),
               "0.0000 fmod FMOD_Channel_SetFrequency(null, 5277.888)\n"
@@ -110,14 +110,14 @@ TEST_F(UniBeepTest, TheSoundCardComesBeforeTheMutedSpeakerAndNoOtherWaitIsMade) 
 }
 
 TEST_F(UniBeepTest, TheMutedSpeakerComesBeforeThePortamento) {
-    Fields.MutePCSpeaker = Fields.UsePortamento = true;
+    Fields.Output.MutePCSpeaker = Fields.Mods.UsePorta.InUse = true;
     Beep("A4", 100);
     EXPECT_EQ(P.Timeline.Text(), "");
     EXPECT_EQ(P.Time.Now(), 100 * SimulatedTime::CountsPerMs);
 }
 
 TEST_F(UniBeepTest, ThePortamentoGetsThePitchAndNobodyWaits) {
-    Fields.UsePortamento = true;
+    Fields.Mods.UsePorta.InUse = true;
     P.App.Log.Enable();
     std::string note = "A4";
     P.App.Outputs.ToneDispatcher.UniBeep(note, 100);
@@ -130,7 +130,7 @@ TEST_F(UniBeepTest, ThePortamentoGetsThePitchAndNobodyWaits) {
 
 /// Whether the generator is asked to keep sounding.
 TEST_F(UniBeepTest, TheSoundCardKeepsSoundingOnlyWhereNothingStopsIt) {
-    Fields.UseFMOD = true;
+    Fields.Mods.UseFMOD.InUse = true;
     const auto keeps = [this](const char* note, const ToneOptions& options) {
         P.Timeline.Clear();
         Beep(note, 10, options);
@@ -140,7 +140,7 @@ TEST_F(UniBeepTest, TheSoundCardKeepsSoundingOnlyWhereNothingStopsIt) {
     EXPECT_TRUE(keeps("C4", {.SpecificContinuous = true}));
     EXPECT_FALSE(keeps("C4", {.SpecificContinuous = true, .SpecificStop = true}));
     EXPECT_FALSE(keeps("500", {.NoteIsFrequency = true, .SpecificContinuous = true}));
-    Fields.DoNotShutUpFMOD = true;
+    Fields.Output.DoNotShutUpFMOD = true;
     EXPECT_TRUE(keeps("C4", {}));
     EXPECT_FALSE(keeps("C4", {.SpecificStop = true}));
     EXPECT_FALSE(keeps("500", Frequency));
@@ -149,7 +149,7 @@ TEST_F(UniBeepTest, TheSoundCardKeepsSoundingOnlyWhereNothingStopsIt) {
 TEST_F(UniBeepTest, RequestsToTheSoundCardChangeNothingElsewhere) {
     Beep("C4", 30, {.SpecificContinuous = true, .FMODNoWait = true});
     EXPECT_EQ(P.Time.Now(), 30 * SimulatedTime::CountsPerMs);
-    Fields.MutePCSpeaker = true;
+    Fields.Output.MutePCSpeaker = true;
     Beep("C4", 30, {.SpecificContinuous = true, .FMODNoWait = true});
     EXPECT_EQ(P.Time.Now(), 60 * SimulatedTime::CountsPerMs);
 }
@@ -172,16 +172,16 @@ TEST_F(UniBeepTest, OverMidiTheMetronomesClicksAreB5AndB4AndAnyOtherFrequencyC3)
 }
 
 TEST_F(UniBeepTest, MidiSwitchedOnWhileAToneSoundsSendsNoNoteOff) {
-    Fields.MutePCSpeaker = true;
+    Fields.Output.MutePCSpeaker = true;
     P.Time.At(50, [&] { P.OpenMidiOut(); });
     Beep("A4", 100);
     EXPECT_EQ(P.Timeline.Text("midi"), "");
 }
 
 TEST_F(UniBeepTest, MidiSwitchedOffWhileAToneSoundsSendsNoNoteOffEither) {
-    Fields.MutePCSpeaker = true;
+    Fields.Output.MutePCSpeaker = true;
     P.OpenMidiOut();
-    P.Time.At(50, [&] { Fields.UseMIDIOut = false; });
+    P.Time.At(50, [&] { Fields.Mods.UseMIDIOut.InUse = false; });
     Beep("A4", 100);
     EXPECT_EQ(P.Timeline.Text("midi"), "0.0000 midi out 90 39 60\n");
 }
@@ -193,7 +193,7 @@ TEST_F(UniBeepTest, AnErrorLeavesNoMidiNoteHanging) {
 }
 
 TEST_F(UniBeepTest, LogsTheMidiSectionIndented) {
-    Fields.UseMIDIOut = true;
+    Fields.Mods.UseMIDIOut.InUse = true;
     P.App.Log.Enable();
     Beep("A4", 10);
     EXPECT_NE(
@@ -203,7 +203,7 @@ TEST_F(UniBeepTest, LogsTheMidiSectionIndented) {
 }
 
 TEST_F(UniBeepTest, ToneCodeIsAStatementPerTone) {
-    Fields.UseWriteCode = true;
+    P.App.Outputs.ToneCode.UseWriteCode = true;
     Beep("C4", 500);
     Beep("12000", 20, Frequency);
     Beep("100000", 1234567, Frequency);
@@ -214,7 +214,7 @@ TEST_F(UniBeepTest, ToneCodeIsAStatementPerTone) {
 }
 
 TEST_F(UniBeepTest, MutedToneCodeHasTheToneAndThenTheWait) {
-    Fields.UseWriteCode = Fields.MutePCSpeaker = true;
+    P.App.Outputs.ToneCode.UseWriteCode = Fields.Output.MutePCSpeaker = true;
     P.App.Log.Enable();
     Beep("A4", 99.6);
     EXPECT_EQ(ToneCode(),
@@ -224,14 +224,14 @@ TEST_F(UniBeepTest, MutedToneCodeHasTheToneAndThenTheWait) {
 }
 
 TEST_F(UniBeepTest, AMutedToneOfNegativeLengthIsOver) {
-    Fields.MutePCSpeaker = true;
+    Fields.Output.MutePCSpeaker = true;
     Beep("A4", -1);
     Beep("A4", -500);
     EXPECT_EQ(P.Time.Now(), 0);
 }
 
 TEST_F(UniBeepTest, ToneCodeIsWrittenBeforeTheToneWhateverTheOutput) {
-    Fields.UseWriteCode = Fields.UseFMOD = true;
+    P.App.Outputs.ToneCode.UseWriteCode = Fields.Mods.UseFMOD.InUse = true;
     std::string codeDuringTone;
     P.Time.At(5, [&] { codeDuringTone = ToneCode(); });
     Beep("A4", 10);
@@ -244,7 +244,7 @@ TEST_F(UniBeepTest, WithoutTheSwitchNoToneCodeIsWritten) {
 }
 
 TEST_F(UniBeepTest, AToneCodeFileThatCannotBeWrittenIsAnErrorBeforeTheTone) {
-    Fields.UseWriteCode = true;
+    P.App.Outputs.ToneCode.UseWriteCode = true;
     P.Disk.FailWriting("/program/tonecode.txt", std::errc::no_space_on_device);
     EXPECT_THROW(Beep("C4", 10), RuntimeError);
     EXPECT_EQ(P.Timeline.Text("speaker"), "");
@@ -252,12 +252,12 @@ TEST_F(UniBeepTest, AToneCodeFileThatCannotBeWrittenIsAnErrorBeforeTheTone) {
 
 TEST_F(UniBeepTest, MuteIsObeyedFromTheNextToneOn) {
     P.App.Log.Enable();
-    Fields.MuteTweebleCheck = true;
+    Fields.Output.MuteTweebleCheck = true;
     P.App.Outputs.ToneDispatcher.MuteTweebleCheck_Click();
-    EXPECT_TRUE(Fields.MutePCSpeaker);
-    Fields.MuteTweebleCheck = false;
+    EXPECT_TRUE(Fields.Output.MutePCSpeaker);
+    Fields.Output.MuteTweebleCheck = false;
     P.App.Outputs.ToneDispatcher.MuteTweebleCheck_Click();
-    EXPECT_FALSE(Fields.MutePCSpeaker);
+    EXPECT_FALSE(Fields.Output.MutePCSpeaker);
     EXPECT_EQ(P.LogText(),
               "MuteTweeble clicked - MutePCSpeaker -> TRUE\nMuteTweeble clicked - MutePCSpeaker -> FALSE\n");
 }

@@ -26,7 +26,7 @@ int main(int argumentCount, char** arguments) {
         list.Append("Whole", "", "", "");
         std::error_code error;
         const auto file = files.OpenForOutput(arguments[1], error);
-        if (!file || WriteSong(fields, list, *file) || file->Commit())
+        if (!file || WriteSong(fields.Song, fields.Entry, list, *file) || file->Commit())
             return 1;
         if (pass == 0 && (std::fputc('.', stdout) == EOF || std::fflush(stdout) != 0))
             return 1;

@@ -111,7 +111,7 @@ TEST_F(LineClipboardTest, CopyingPutsTheSelectedLinesOnTheClipboardAndChangesNot
     App.Editing.LineClipboard.CopyLines();
     EXPECT_EQ(Clipboard.Text(), "Whole C4 E4 Dot\nQuarter - - Tri\n");
     EXPECT_EQ(Timeline.Text("clipboard"), "0.0000 clipboard Whole C4 E4 Dot|Quarter - - Tri|\n");
-    EXPECT_FALSE(App.Fields.CanUndo);
+    EXPECT_FALSE(App.Editing.EditHistory.CanUndo);
     EXPECT_EQ(App.List.SelectedRows(), (std::vector<std::int32_t>{1, 3}));
 }
 
@@ -123,7 +123,7 @@ TEST_F(LineClipboardTest, WithoutASelectedLineTheClipboardStaysAsItIs) {
     App.Editing.LineClipboard.DuplicateLines();
     EXPECT_EQ(Clipboard.Text(), "something else");
     EXPECT_EQ(SongText(), Start);
-    EXPECT_FALSE(App.Fields.CanUndo);
+    EXPECT_FALSE(App.Editing.EditHistory.CanUndo);
 }
 
 TEST_F(LineClipboardTest, CuttingIsOneStep) {
@@ -131,7 +131,7 @@ TEST_F(LineClipboardTest, CuttingIsOneStep) {
     App.Editing.LineClipboard.CutLines();
     EXPECT_EQ(Clipboard.Text(), "Whole C4 E4 Dot\nHalf D4 - -\n");
     EXPECT_EQ(SongText(), "> Quarter - - Tri\n1/8 F4 - -\n");
-    EXPECT_EQ(App.Fields.UndoText.Get(), "Undo Cut lines");
+    EXPECT_EQ(App.Editing.EditHistory.UndoText.Get(), "Undo Cut lines");
     App.Editing.EditHistory.Undo();
     EXPECT_EQ(SongText(), "> Whole C4 E4 Dot\n> Half D4 - -\nQuarter - - Tri\n1/8 F4 - -\n");
     EXPECT_EQ(App.List.SelectedItem(), 1);
@@ -145,7 +145,7 @@ TEST_F(LineClipboardTest, LinesArePastedBeforeTheSelectedOneWhichStaysSelected) 
     EXPECT_EQ(result.Rejected, 0U);
     EXPECT_EQ(SongText(),
               "Whole C4 E4 Dot\nHalf A4 - -\nHalf B4 - dot\n> Half D4 - -\nQuarter - - Tri\n1/8 F4 - -\n");
-    EXPECT_EQ(App.Fields.UndoText.Get(), "Undo Paste lines");
+    EXPECT_EQ(App.Editing.EditHistory.UndoText.Get(), "Undo Paste lines");
     App.Editing.EditHistory.Undo();
     EXPECT_EQ(SongText(), "Whole C4 E4 Dot\n> Half D4 - -\nQuarter - - Tri\n1/8 F4 - -\n");
 }
@@ -154,7 +154,7 @@ TEST_F(LineClipboardTest, WithoutASelectedLineLinesAreAppended) {
     Clipboard.Put("Half A4 -");
     App.Editing.LineClipboard.PasteLines();
     EXPECT_EQ(SongText(), Start + "Half A4 - -\n");
-    EXPECT_EQ(App.Fields.UndoText.Get(), "Undo Paste line");
+    EXPECT_EQ(App.Editing.EditHistory.UndoText.Get(), "Undo Paste line");
     App.List.Clear();
     App.Editing.LineClipboard.PasteLines();
     EXPECT_EQ(SongText(), "Half A4 - -\n");
@@ -165,7 +165,7 @@ TEST_F(LineClipboardTest, TextThatIsNoMusicIsCountedAndChangesNothing) {
     const auto result = App.Editing.LineClipboard.PasteLines();
     EXPECT_EQ(result.Pasted, 0U);
     EXPECT_EQ(result.Rejected, 2U);
-    EXPECT_FALSE(App.Fields.CanUndo);
+    EXPECT_FALSE(App.Editing.EditHistory.CanUndo);
     Clipboard.Put("");
     EXPECT_EQ(App.Editing.LineClipboard.PasteLines().Rejected, 0U);
 }
@@ -176,7 +176,7 @@ TEST_F(LineClipboardTest, CopiesStandBehindTheLastSelectedLineAndAreSelected) {
     EXPECT_EQ(SongText(),
               "Whole C4 E4 Dot\nHalf D4 - -\nQuarter - - Tri\n> Whole C4 E4 Dot\n> Quarter - - Tri\n"
               "1/8 F4 - -\n");
-    EXPECT_EQ(App.Fields.UndoText.Get(), "Undo Duplicate lines");
+    EXPECT_EQ(App.Editing.EditHistory.UndoText.Get(), "Undo Duplicate lines");
     EXPECT_EQ(Timeline.Text("clipboard"), "");
     App.Editing.EditHistory.Undo();
     EXPECT_EQ(SongText(), "> Whole C4 E4 Dot\nHalf D4 - -\n> Quarter - - Tri\n1/8 F4 - -\n");
@@ -194,7 +194,7 @@ TEST_F(LineClipboardTest, ErasingOneSelectedLineIsTheSameAsEraseWholeLine) {
         one.App.Editing.LineClipboard.EraseLines();
         EXPECT_EQ(one.SongText(), other.SongText());
         EXPECT_EQ(one.App.List.SelectedItem(), other.App.List.SelectedItem());
-        EXPECT_EQ(one.App.Fields.UndoText.Get(), other.App.Fields.UndoText.Get());
+        EXPECT_EQ(one.App.Editing.EditHistory.UndoText.Get(), other.App.Editing.EditHistory.UndoText.Get());
     }
 }
 
@@ -213,16 +213,16 @@ TEST_F(LineClipboardTest, ErasingSeveralLinesSelectsTheOneBehindThem) {
 }
 
 TEST_F(LineClipboardTest, ItIsKnownWhetherLinesAreSelected) {
-    EXPECT_FALSE(App.Fields.LinesSelected);
+    EXPECT_FALSE(App.Editing.LineClipboard.LinesSelected);
     App.List.SetSelection(2, {2, 3});
-    EXPECT_TRUE(App.Fields.LinesSelected);
+    EXPECT_TRUE(App.Editing.LineClipboard.LinesSelected);
     App.Editing.LineClipboard.EraseLines();
-    EXPECT_TRUE(App.Fields.LinesSelected) << "the line behind them";
+    EXPECT_TRUE(App.Editing.LineClipboard.LinesSelected) << "the line behind them";
     App.List.UnselectAll();
-    EXPECT_FALSE(App.Fields.LinesSelected);
+    EXPECT_FALSE(App.Editing.LineClipboard.LinesSelected);
     App.List.Select(1);
     App.List.Clear();
-    EXPECT_FALSE(App.Fields.LinesSelected);
+    EXPECT_FALSE(App.Editing.LineClipboard.LinesSelected);
 }
 
 TEST_F(LineClipboardTest, LinesGoFromOneCopyOfTheProgramToAnother) {

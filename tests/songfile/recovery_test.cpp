@@ -72,11 +72,11 @@ TEST(Recovery, WritesNothingForAChangeThatWasTakenBack) {
 TEST(Recovery, WritesNothingWhileTheMusicPlays) {
     Machine m;
     RecoveringProgram p(m);
-    p.App.Fields.MusicIsPlaying = true;
+    p.App.Fields.State.MusicIsPlaying = true;
     p.Append("C4");
     m.Time.RunUntil(60'000);
     EXPECT_FALSE(m.Disk.Has(Copy1));
-    p.App.Fields.MusicIsPlaying = false;
+    p.App.Fields.State.MusicIsPlaying = false;
     m.Time.RunUntil(60'500);
     EXPECT_TRUE(m.Disk.Has(Copy1));
 }
@@ -84,7 +84,7 @@ TEST(Recovery, WritesNothingWhileTheMusicPlays) {
 TEST(Recovery, WritesNothingInTheMiddleOfATone) {
     Machine m;
     RecoveringProgram p(m);
-    p.App.Fields.MutePCSpeaker = true;  // such a tone is a wait, in which handlers run
+    p.App.Fields.Output.MutePCSpeaker = true;  // such a tone is a wait, in which handlers run
     p.Append("C4");
     m.Time.RunUntil(4000);
     bool ticked = false;

@@ -39,19 +39,19 @@ TEST(SongDocument, IsModifiedByLinesAndBySettingsThatAreHeardButNotBySelecting) 
         [](Documented& p) { p.App.List.Append("Half", "", "", ""); },
         [](Documented& p) { p.App.List.Remove(1); },
         [](Documented& p) { p.App.List.SetText(1, Cell::Mod, "Dot"); },
-        [](Documented& p) { p.App.Fields.BPM.Set(99); },
-        [](Documented& p) { p.App.Fields.BeatsPerBar.Set(3); },
-        [](Documented& p) { p.App.Fields.NoteSilenceRatio.Set(50); },
-        [](Documented& p) { p.App.Fields.AlternateTime.Type("33"); },
-        [](Documented& p) { p.App.Fields.PlayNote1Check = false; },
-        [](Documented& p) { p.App.Fields.PlayNote2Check = false; },
+        [](Documented& p) { p.App.Fields.Song.BPM.Set(99); },
+        [](Documented& p) { p.App.Fields.Song.BeatsPerBar.Set(3); },
+        [](Documented& p) { p.App.Fields.Song.NoteSilenceRatio.Set(50); },
+        [](Documented& p) { p.App.Fields.Song.AlternateTime.Type("33"); },
+        [](Documented& p) { p.App.Fields.Song.PlayNote1Check = false; },
+        [](Documented& p) { p.App.Fields.Song.PlayNote2Check = false; },
     };
     for (std::size_t i = 0; i < changes.size(); ++i) {
         Documented p;
         p.PutSong("Quarter C4 -\r\n");
         p.Document.LoadFile(Song);
         p.App.List.Select(1);
-        p.App.Fields.NoteLengthCombo = 1;
+        p.App.Fields.Entry.NoteLengthCombo = 1;
         EXPECT_FALSE(p.Modified());
         changes[i](p);
         EXPECT_TRUE(p.Modified()) << i;
@@ -82,7 +82,7 @@ TEST(SongDocument, StopsTheMusicWhenAnotherSongComes) {
                 p.Document.New();
         });
         p.App.Playing.PlaybackEngine.PlayAllButton_Click();
-        EXPECT_FALSE(p.App.Fields.MusicIsPlaying);
+        EXPECT_FALSE(p.App.Fields.State.MusicIsPlaying);
         EXPECT_TRUE(p.Boxes.Shown().empty());
         EXPECT_LT(p.Time.Now(), SimulatedTime::CountsPerSecond);
         EXPECT_EQ(p.App.List.Count(), load ? 2 : 0);
@@ -207,15 +207,15 @@ TEST(SongDocument, ANewOneIsEmptyInTheTimingOfTheStart) {
     EXPECT_EQ(p.Name(), "");
     EXPECT_FALSE(p.Modified());
     MainFields& fields = p.App.Fields;
-    EXPECT_EQ(fields.BPM, 140);
-    EXPECT_EQ(fields.BPM.Text(), "140");
-    EXPECT_EQ(fields.BeatsPerBar, 4);
-    EXPECT_EQ(fields.BeatsPerBar.Text(), "4");
-    EXPECT_EQ(fields.BeatsPerBar, 4);
-    EXPECT_EQ(fields.NoteSilenceRatio, 90);
-    EXPECT_EQ(fields.AlternateTime, 20);
-    EXPECT_EQ(fields.AlternateTime.Text(), "20");
-    EXPECT_EQ(fields.NoteLengthCombo, 1);  // how notes are entered is no part of the song
+    EXPECT_EQ(fields.Song.BPM, 140);
+    EXPECT_EQ(fields.Song.BPM.Text(), "140");
+    EXPECT_EQ(fields.Song.BeatsPerBar, 4);
+    EXPECT_EQ(fields.Song.BeatsPerBar.Text(), "4");
+    EXPECT_EQ(fields.Song.BeatsPerBar, 4);
+    EXPECT_EQ(fields.Song.NoteSilenceRatio, 90);
+    EXPECT_EQ(fields.Song.AlternateTime, 20);
+    EXPECT_EQ(fields.Song.AlternateTime.Text(), "20");
+    EXPECT_EQ(fields.Entry.NoteLengthCombo, 1);  // how notes are entered is no part of the song
 }
 
 TEST(SongDocument, ANewOneAsksWhatBecomesOfUnsavedChanges) {
@@ -275,11 +275,11 @@ TEST(SongDocument, ThePositionIsThatOfTheSongThatWasLoadedOrRecoveredOrBegun) {
         Documented p;
         p.PutSong("Whole C4 -\r\nWhole D4 -\r\nQuarter D4 -\r\n");
         load(p);
-        EXPECT_EQ(p.App.Fields.lblPlayBar.Get(), "003");
-        EXPECT_EQ(p.App.Fields.lblPlayPos.Get(), "01 01/04");
+        EXPECT_EQ(p.App.Editing.PositionDisplay.lblPlayBar.Get(), "003");
+        EXPECT_EQ(p.App.Editing.PositionDisplay.lblPlayPos.Get(), "01 01/04");
         p.Boxes.AnswerNext(BoxAnswer::No);
         p.Document.New();
-        EXPECT_EQ(p.App.Fields.lblPlayBar.Get(), "001");
+        EXPECT_EQ(p.App.Editing.PositionDisplay.lblPlayBar.Get(), "001");
     }
 }
 

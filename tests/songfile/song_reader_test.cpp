@@ -28,10 +28,10 @@ std::int32_t ErrorOfLoading(SongProgram& p) {
 TEST(SongReader, BringsASavedSongBackWhole) {
     SongProgram p;
     p.SetSong({"Quarter C4 - -", "Half E4 G4 Dot", "1/8 - A3 Tri", "Whole - - -"});
-    p.App.Fields.NoteClickPlayCheck = false;
-    p.App.Fields.AddNote1Option = false;
-    p.App.Fields.AddNote2Option = true;
-    p.App.Fields.BeatsPerBar.Set(7);
+    p.App.Fields.Entry.NoteClickPlayCheck = false;
+    p.App.Fields.Entry.AddNote1Option = false;
+    p.App.Fields.Entry.AddNote2Option = true;
+    p.App.Fields.Song.BeatsPerBar.Set(7);
     const std::string saved = p.Saved();
     SongProgram other;
     other.LoadFile(saved);
@@ -74,7 +74,7 @@ TEST(SongReader, AsksForTheFileAndLoadsIt) {
     p.App.Log.Enable();
     p.Picker.AnswerNext(Song);
     p.App.Storage.SongReader.LoadMusic();
-    EXPECT_EQ(p.App.Fields.BPM, 77);
+    EXPECT_EQ(p.App.Fields.Song.BPM, 77);
     ASSERT_EQ(p.Picker.Shown().size(), 1U);
     const FileDialog& dialog = p.Picker.Shown()[0];
     EXPECT_EQ(dialog.Title, "Loading music / config");
@@ -119,11 +119,11 @@ TEST(SongReader, RaisesTheFileErrorOfAFileThatCannotBeOpenedAndChangesNothing) {
         SongProgram p;
         p.App.Log.Enable();
         p.SetSong({"Quarter C4 - -"});
-        p.App.Fields.BeatsPerBar.Set(3);
+        p.App.Fields.Song.BeatsPerBar.Set(3);
         p.Disk.FailReading(Song, expected.Error);
         EXPECT_EQ(ErrorOfLoading(p), expected.Number);
         EXPECT_EQ(p.Rows(), "Quarter|C4||\n");
-        EXPECT_EQ(p.App.Fields.BeatsPerBar, 3);
+        EXPECT_EQ(p.App.Fields.Song.BeatsPerBar, 3);
         EXPECT_EQ(p.Timeline.Text("loading"), "");
         EXPECT_EQ(p.App.Log.LogIndent(), 0);
     }
@@ -133,7 +133,7 @@ TEST(SongReader, AsksAboutAFileWithoutTheHeaderAndLeavesEverythingOnNo) {
     SongProgram p;
     p.App.Log.Enable();
     p.SetSong({"Quarter C4 - -"});
-    p.App.Fields.BeatsPerBar.Set(3);
+    p.App.Fields.Song.BeatsPerBar.Set(3);
     p.Boxes.AnswerNext(BoxAnswer::No);
     p.LoadFile("quavix by Dastrel-204 file format\r\nBPM 99\r\nMUSICLISTSTART\r\n");
     ASSERT_EQ(p.Boxes.Shown().size(), 1U);
@@ -147,8 +147,8 @@ TEST(SongReader, AsksAboutAFileWithoutTheHeaderAndLeavesEverythingOnNo) {
     EXPECT_EQ(box.Icon, BoxIcon::Warning);
     EXPECT_EQ(box.Buttons, BoxButtons::YesNo);
     EXPECT_EQ(p.Rows(), "Quarter|C4||\n");
-    EXPECT_EQ(p.App.Fields.BeatsPerBar, 3);
-    EXPECT_EQ(p.App.Fields.BPM, 140);
+    EXPECT_EQ(p.App.Fields.Song.BeatsPerBar, 3);
+    EXPECT_EQ(p.App.Fields.Song.BPM, 140);
     EXPECT_FALSE(p.Loading.InfoShown);
     EXPECT_EQ(p.LogText(),
               "    ActuallyLoadMusic(\"/songs/song.QVX\") - START\n"
@@ -160,7 +160,7 @@ TEST(SongReader, LoadsAFileWithoutTheHeaderOnYes) {
     SongProgram p;
     p.Boxes.AnswerNext(BoxAnswer::Yes);
     p.LoadFile("BPM 99\r\nMUSICLISTSTART\r\nHalf C4 - -\r\n");
-    EXPECT_EQ(p.App.Fields.BPM, 99);
+    EXPECT_EQ(p.App.Fields.Song.BPM, 99);
     EXPECT_EQ(p.Rows(), "Half|C4||\n");
 }
 
@@ -182,14 +182,14 @@ TEST(SongReader, EmptiesTheListForAFileOfSettingsAlone) {
     p.Load("BPM 99\r\nQuarter D4 - -\r\n");
     EXPECT_EQ(p.App.List.Count(), 0);
     EXPECT_EQ(p.App.List.SelectedItem(), -1);
-    EXPECT_EQ(p.App.Fields.BPM, 99);
+    EXPECT_EQ(p.App.Fields.Song.BPM, 99);
 }
 
 TEST(SongReader, TakesTheMusicStartInAnyCaseAndWithAnythingBehindIt) {
     SongProgram p;
     p.Load("musicListStartAndMore\r\nBPM 99 - -\r\n");
     EXPECT_EQ(p.Rows(), "BPM|99||\n");
-    EXPECT_EQ(p.App.Fields.BPM, 140);
+    EXPECT_EQ(p.App.Fields.Song.BPM, 140);
 }
 
 TEST(SongReader, TellsThatAFileIsFromANewerVersionAndGoesOn) {
@@ -207,7 +207,7 @@ TEST(SongReader, TellsThatAFileIsFromANewerVersionAndGoesOn) {
         "download and use it instead.\r\n\r\nYou can get it from https://quavix.example/download");
     EXPECT_EQ(box.Icon, BoxIcon::None);
     EXPECT_EQ(box.Buttons, BoxButtons::Ok);
-    EXPECT_EQ(p.App.Fields.BPM, 99);
+    EXPECT_EQ(p.App.Fields.Song.BPM, 99);
     EXPECT_NE(p.LogText().find("    File was made with newer program version\n"), std::string::npos);
 }
 
@@ -251,7 +251,7 @@ TEST(SongReader, LoadsEveryKindOfLineEndTheSame) {
             p.LoadFile(Header.substr(0, Header.size() - 2) + end + "BPM 99" + end + "MUSICLISTSTART" + end +
                        "Half C4 - -" + end + "Half D4 E4 Dot" + last);
             EXPECT_EQ(p.Rows(), "Half|C4||\nHalf|D4|E4|Dot\n");
-            EXPECT_EQ(p.App.Fields.BPM, 99);
+            EXPECT_EQ(p.App.Fields.Song.BPM, 99);
         }
     }
 }
@@ -310,8 +310,8 @@ TEST(SongReader, KeepsTheOldListAndTheSettingsBeforeABadOne) {
                Header + "BPM 99\r\nKeyboardOctave 256\r\nNoteLength 1\r\nMUSICLISTSTART\r\nHalf D4 -\r\n");
     EXPECT_EQ(ErrorOfLoading(p), RuntimeError::Overflow);
     EXPECT_EQ(p.Rows(), "Quarter|C4||\n");
-    EXPECT_EQ(p.App.Fields.BPM, 99);
-    EXPECT_EQ(p.App.Fields.NoteLengthCombo, 3);
+    EXPECT_EQ(p.App.Fields.Song.BPM, 99);
+    EXPECT_EQ(p.App.Fields.Entry.NoteLengthCombo, 3);
     EXPECT_FALSE(p.Loading.InfoShown);
     EXPECT_EQ(p.App.Log.LogIndent(), 0);
     EXPECT_TRUE(p.LogText().ends_with("    ActuallyLoadMusic() - END\n\n"));

@@ -26,24 +26,24 @@ TEST(SongSettings, TakesKeysInAnyLetterCase) {
     for (const char* key : {"bpm", "BPM", "Bpm"}) {
         SongProgram p;
         p.Load(std::string(key) + " 150\r\n");
-        EXPECT_EQ(p.App.Fields.BPM, 150);
-        EXPECT_EQ(p.App.Fields.BPM.Text(), "150");
+        EXPECT_EQ(p.App.Fields.Song.BPM, 150);
+        EXPECT_EQ(p.App.Fields.Song.BPM.Text(), "150");
     }
 }
 
 TEST(SongSettings, ResetsTheBeatsPerBarAndNothingElseThatTheFileDoesNotName) {
     SongProgram p;
-    p.App.Fields.BeatsPerBar.Set(7);
-    p.App.Fields.BPM.Set(99);
-    p.App.Fields.NoteLengthCombo = 1;
-    p.App.Fields.NoteClickAddCheck = false;
+    p.App.Fields.Song.BeatsPerBar.Set(7);
+    p.App.Fields.Song.BPM.Set(99);
+    p.App.Fields.Entry.NoteLengthCombo = 1;
+    p.App.Fields.Entry.NoteClickAddCheck = false;
     p.Load("");
-    EXPECT_EQ(p.App.Fields.BeatsPerBar, 4);
-    EXPECT_EQ(p.App.Fields.BeatsPerBar, 4);
-    EXPECT_EQ(p.App.Fields.BeatsPerBar.Text(), "4");
-    EXPECT_EQ(p.App.Fields.BPM, 99);
-    EXPECT_EQ(p.App.Fields.NoteLengthCombo, 1);
-    EXPECT_FALSE(p.App.Fields.NoteClickAddCheck);
+    EXPECT_EQ(p.App.Fields.Song.BeatsPerBar, 4);
+    EXPECT_EQ(p.App.Fields.Song.BeatsPerBar, 4);
+    EXPECT_EQ(p.App.Fields.Song.BeatsPerBar.Text(), "4");
+    EXPECT_EQ(p.App.Fields.Song.BPM, 99);
+    EXPECT_EQ(p.App.Fields.Entry.NoteLengthCombo, 1);
+    EXPECT_FALSE(p.App.Fields.Entry.NoteClickAddCheck);
 }
 
 TEST(SongSettings, TakesTheNearestPositionOfASlider) {
@@ -62,24 +62,25 @@ TEST(SongSettings, TakesTheNearestPositionOfASlider) {
     for (const auto& expected : cases) {
         SongProgram p;
         p.Load(std::string("TimeSig ") + expected.Value + "\r\nNoteSilenceRatio " + expected.Value + "\r\n");
-        EXPECT_EQ(p.App.Fields.BeatsPerBar, expected.BeatsPerBar) << expected.Value;
-        EXPECT_EQ(p.App.Fields.BeatsPerBar, expected.BeatsPerBar) << expected.Value;
-        EXPECT_EQ(p.App.Fields.BeatsPerBar.Text(), std::to_string(expected.BeatsPerBar)) << expected.Value;
-        EXPECT_EQ(p.App.Fields.NoteSilenceRatio, expected.Ratio) << expected.Value;
+        EXPECT_EQ(p.App.Fields.Song.BeatsPerBar, expected.BeatsPerBar) << expected.Value;
+        EXPECT_EQ(p.App.Fields.Song.BeatsPerBar, expected.BeatsPerBar) << expected.Value;
+        EXPECT_EQ(p.App.Fields.Song.BeatsPerBar.Text(), std::to_string(expected.BeatsPerBar))
+            << expected.Value;
+        EXPECT_EQ(p.App.Fields.Song.NoteSilenceRatio, expected.Ratio) << expected.Value;
     }
 }
 
 TEST(SongSettings, ShowsTheRatioOfTheSong) {
     SongProgram p;
     p.Load("NoteSilenceRatio 5\r\n");
-    EXPECT_EQ(p.App.Fields.NoteSilenceRatio.Text(), "05%");
+    EXPECT_EQ(p.App.Fields.Song.NoteSilenceRatio.Text(), "05%");
 }
 
 TEST(SongSettings, IgnoresANoteLengthThatTheListDoesNotHave) {
     for (const auto& [value, index] : {std::pair{"0", 0}, {"4", 4}, {"5", 3}, {"-1", 3}, {"2.5", 2}}) {
         SongProgram p;
         p.Load(std::string("NoteLength ") + value);
-        EXPECT_EQ(p.App.Fields.NoteLengthCombo, index) << value;
+        EXPECT_EQ(p.App.Fields.Entry.NoteLengthCombo, index) << value;
     }
 }
 
@@ -87,31 +88,31 @@ TEST(SongSettings, TakesATempoOutsideTheRangeAndMarksItsField) {
     for (const auto& [value, tempo] : {std::pair{"0", 0}, {"39", 39}, {"601", 601}, {"-7", -7}}) {
         SongProgram p;
         p.Load(std::string("BPM ") + value);
-        EXPECT_EQ(p.App.Fields.BPM, tempo);
-        EXPECT_EQ(p.App.Fields.BPM.Text(), value);
-        EXPECT_EQ(p.App.Fields.BPM.BackColor(), colour::Orange);
+        EXPECT_EQ(p.App.Fields.Song.BPM, tempo);
+        EXPECT_EQ(p.App.Fields.Song.BPM.Text(), value);
+        EXPECT_EQ(p.App.Fields.Song.BPM.BackColor(), colour::Orange);
         p.Load("BPM 40");
-        EXPECT_EQ(p.App.Fields.BPM.BackColor(), colour::WindowBackground);
+        EXPECT_EQ(p.App.Fields.Song.BPM.BackColor(), colour::WindowBackground);
     }
 }
 
 TEST(SongSettings, ReadsATempoThatIsNoNumberAsZero) {
     SongProgram p;
     p.Load("BPM fast");
-    EXPECT_EQ(p.App.Fields.BPM, 0);
-    EXPECT_EQ(p.App.Fields.BPM.Text(), "0");
+    EXPECT_EQ(p.App.Fields.Song.BPM, 0);
+    EXPECT_EQ(p.App.Fields.Song.BPM.Text(), "0");
 }
 
 TEST(SongSettings, TakesAnAlternateTimeOutsideTheRangeAndMarksItsField) {
     SongProgram p;
     p.Load("AlternateTime 14");
-    EXPECT_EQ(p.App.Fields.AlternateTime, 14);
-    EXPECT_EQ(p.App.Fields.AlternateTime.Text(), "14");
-    EXPECT_EQ(p.App.Fields.AlternateTime.BackColor(), colour::Orange);
+    EXPECT_EQ(p.App.Fields.Song.AlternateTime, 14);
+    EXPECT_EQ(p.App.Fields.Song.AlternateTime.Text(), "14");
+    EXPECT_EQ(p.App.Fields.Song.AlternateTime.BackColor(), colour::Orange);
     p.Load("AlternateTime  2000 ");
-    EXPECT_EQ(p.App.Fields.AlternateTime, 2000);
-    EXPECT_EQ(p.App.Fields.AlternateTime.Text(), " 2000 ");
-    EXPECT_EQ(p.App.Fields.AlternateTime.BackColor(), colour::WindowBackground);
+    EXPECT_EQ(p.App.Fields.Song.AlternateTime, 2000);
+    EXPECT_EQ(p.App.Fields.Song.AlternateTime.Text(), " 2000 ");
+    EXPECT_EQ(p.App.Fields.Song.AlternateTime.BackColor(), colour::WindowBackground);
 }
 
 TEST(SongSettings, TakesEveryKeyboardOctaveAndShowsWhatTheFieldCanShow) {
@@ -125,37 +126,42 @@ TEST(SongSettings, TakesEveryKeyboardOctaveAndShowsWhatTheFieldCanShow) {
     for (const auto& expected : cases) {
         SongProgram p;
         p.Load(std::string("KeyboardOctave ") + expected.Value);
-        EXPECT_EQ(p.App.Fields.KeyboardOctave.Get(), expected.Octave) << expected.Value;
-        EXPECT_EQ(p.App.Fields.KeyboardOctave.Text(), expected.Text) << expected.Value;
+        EXPECT_EQ(p.App.Fields.Entry.KeyboardOctave.Get(), expected.Octave) << expected.Value;
+        EXPECT_EQ(p.App.Fields.Entry.KeyboardOctave.Text(), expected.Text) << expected.Value;
     }
 }
 
 TEST(SongSettings, TellsTheKeyboardOctaveToThoseWhoShowIt) {
     SongProgram p;
     int shown = -1;
-    p.App.Fields.KeyboardOctave.State().Watch([&](const SettingState& octave) { shown = octave.Value; });
+    p.App.Fields.Entry.KeyboardOctave.State().Watch(
+        [&](const SettingState& octave) { shown = octave.Value; });
     p.Load("KeyboardOctave 1");
     EXPECT_EQ(shown, 1);
 }
 
 TEST(SongSettings, TicksTheBoxesByNumber) {
-    using Box = Watched<bool> MainFields::*;
+    using Box = Watched<bool>& (*)(MainFields&);
     const std::pair<const char*, Box> boxes[] = {
-        {"NoteClickPlay", &MainFields::NoteClickPlayCheck},
-        {"NoteClickAdd", &MainFields::NoteClickAddCheck},
-        {"NoteLengthReplace", &MainFields::NoteLengthReplaceCheck},
-        {"ClickPlayNote1", &MainFields::ClickPlayNote1Check},
-        {"ClickPlayNote2", &MainFields::ClickPlayNote2Check},
-        {"PlayNote1", &MainFields::PlayNote1Check},
-        {"PlayNote2", &MainFields::PlayNote2Check},
+        {"NoteClickPlay",
+         [](MainFields& fields) -> Watched<bool>& { return fields.Entry.NoteClickPlayCheck; }},
+        {"NoteClickAdd", [](MainFields& fields) -> Watched<bool>& { return fields.Entry.NoteClickAddCheck; }},
+        {"NoteLengthReplace",
+         [](MainFields& fields) -> Watched<bool>& { return fields.Entry.NoteLengthReplaceCheck; }},
+        {"ClickPlayNote1",
+         [](MainFields& fields) -> Watched<bool>& { return fields.Song.ClickPlayNote1Check; }},
+        {"ClickPlayNote2",
+         [](MainFields& fields) -> Watched<bool>& { return fields.Song.ClickPlayNote2Check; }},
+        {"PlayNote1", [](MainFields& fields) -> Watched<bool>& { return fields.Song.PlayNote1Check; }},
+        {"PlayNote2", [](MainFields& fields) -> Watched<bool>& { return fields.Song.PlayNote2Check; }},
     };
     for (const auto& [key, box] : boxes) {
         for (const auto& [value, ticked] :
              {std::pair{"1", true}, {"0", false}, {"-1", true}, {"2", true}, {"x", false}, {"0.4", false}}) {
             SongProgram p;
-            p.App.Fields.*box = !ticked;
+            box(p.App.Fields) = !ticked;
             p.Load(std::string(key) + " " + value);
-            EXPECT_EQ((p.App.Fields.*box).Get(), ticked) << key << " " << value;
+            EXPECT_EQ(box(p.App.Fields).Get(), ticked) << key << " " << value;
         }
     }
 }
@@ -163,26 +169,26 @@ TEST(SongSettings, TicksTheBoxesByNumber) {
 TEST(SongSettings, LeavesTheReplaceBoxAsItWas) {
     SongProgram p;
     p.Load("NoteReplace 1");
-    EXPECT_FALSE(p.App.Fields.NoteReplaceCheck);
-    p.App.Fields.NoteReplaceCheck = true;
+    EXPECT_FALSE(p.App.Fields.Entry.NoteReplaceCheck);
+    p.App.Fields.Entry.NoteReplaceCheck = true;
     p.Load("NoteReplace 0");
-    EXPECT_TRUE(p.App.Fields.NoteReplaceCheck);
+    EXPECT_TRUE(p.App.Fields.Entry.NoteReplaceCheck);
 }
 
 TEST(SongSettings, SelectsOneOfTheTwoOptions) {
     SongProgram p;
     p.Load("AddNote2 1");
-    EXPECT_FALSE(p.App.Fields.AddNote1Option);
-    EXPECT_TRUE(p.App.Fields.AddNote2Option);
+    EXPECT_FALSE(p.App.Fields.Entry.AddNote1Option);
+    EXPECT_TRUE(p.App.Fields.Entry.AddNote2Option);
     p.Load("AddNote1 1");
-    EXPECT_TRUE(p.App.Fields.AddNote1Option);
-    EXPECT_FALSE(p.App.Fields.AddNote2Option);
+    EXPECT_TRUE(p.App.Fields.Entry.AddNote1Option);
+    EXPECT_FALSE(p.App.Fields.Entry.AddNote2Option);
     p.Load("AddNote1 0");
-    EXPECT_FALSE(p.App.Fields.AddNote1Option);
-    EXPECT_FALSE(p.App.Fields.AddNote2Option);
+    EXPECT_FALSE(p.App.Fields.Entry.AddNote1Option);
+    EXPECT_FALSE(p.App.Fields.Entry.AddNote2Option);
     p.Load("AddNote1 1\nAddNote2 0");
-    EXPECT_TRUE(p.App.Fields.AddNote1Option);
-    EXPECT_FALSE(p.App.Fields.AddNote2Option);
+    EXPECT_TRUE(p.App.Fields.Entry.AddNote1Option);
+    EXPECT_FALSE(p.App.Fields.Entry.AddNote2Option);
 }
 
 TEST(SongSettings, TakesTruthValuesForTheOptions) {
@@ -195,9 +201,9 @@ TEST(SongSettings, TakesTruthValuesForTheOptions) {
                                           {"0.0", false},
                                           {" 1 ", true}}) {
         SongProgram p;
-        p.App.Fields.AddNote2Option = !selected;
+        p.App.Fields.Entry.AddNote2Option = !selected;
         p.Load(std::string("AddNote2 ") + value);
-        EXPECT_EQ(p.App.Fields.AddNote2Option, selected) << value;
+        EXPECT_EQ(p.App.Fields.Entry.AddNote2Option, selected) << value;
     }
     for (const char* value : {"yes", "", "1x", "Truely", "True "})
         EXPECT_EQ(ErrorOf(std::string("AddNote1 ") + value), RuntimeError::TypeMismatch) << value;
@@ -225,15 +231,15 @@ TEST(SongSettings, IgnoresWhatIsNoSetting) {
 TEST(SongSettings, LosesTheLastCharacterOfAKeyWithoutAValue) {
     SongProgram p;
     p.Load("BPM5\r\nnotelengthreplace1\r\nNoteClickAdd\r\n");
-    EXPECT_EQ(p.App.Fields.BPM, 0);
-    EXPECT_FALSE(p.App.Fields.NoteLengthReplaceCheck);
-    EXPECT_TRUE(p.App.Fields.NoteClickAddCheck);
+    EXPECT_EQ(p.App.Fields.Song.BPM, 0);
+    EXPECT_FALSE(p.App.Fields.Entry.NoteLengthReplaceCheck);
+    EXPECT_TRUE(p.App.Fields.Entry.NoteClickAddCheck);
 }
 
 TEST(SongSettings, TakesTheLastOfSeveralLines) {
     SongProgram p;
     p.Load("BPM 99\r\nBPM 101\r\n");
-    EXPECT_EQ(p.App.Fields.BPM, 101);
+    EXPECT_EQ(p.App.Fields.Song.BPM, 101);
 }
 
 }  // namespace

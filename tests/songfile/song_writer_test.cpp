@@ -60,22 +60,22 @@ TEST(SongWriter, WritesAnEmptyListAsSettingsAlone) {
 TEST(SongWriter, WritesEverySettingAsItIs) {
     SongProgram p;
     MainFields& fields = p.App.Fields;
-    fields.KeyboardOctave.Set(7);
-    fields.BPM.Set(-5);
-    fields.BeatsPerBar.Set(3);
-    fields.NoteSilenceRatio.Set(55);
-    fields.NoteLengthCombo = 0;
-    fields.AlternateTime.Type("  30 ");
-    fields.NoteClickPlayCheck = false;
-    fields.NoteClickAddCheck = false;
-    fields.AddNote1Option = false;
-    fields.AddNote2Option = true;
-    fields.NoteReplaceCheck = true;
-    fields.NoteLengthReplaceCheck = true;
-    fields.ClickPlayNote1Check = false;
-    fields.ClickPlayNote2Check = false;
-    fields.PlayNote1Check = false;
-    fields.PlayNote2Check = false;
+    fields.Entry.KeyboardOctave.Set(7);
+    fields.Song.BPM.Set(-5);
+    fields.Song.BeatsPerBar.Set(3);
+    fields.Song.NoteSilenceRatio.Set(55);
+    fields.Entry.NoteLengthCombo = 0;
+    fields.Song.AlternateTime.Type("  30 ");
+    fields.Entry.NoteClickPlayCheck = false;
+    fields.Entry.NoteClickAddCheck = false;
+    fields.Entry.AddNote1Option = false;
+    fields.Entry.AddNote2Option = true;
+    fields.Entry.NoteReplaceCheck = true;
+    fields.Entry.NoteLengthReplaceCheck = true;
+    fields.Song.ClickPlayNote1Check = false;
+    fields.Song.ClickPlayNote2Check = false;
+    fields.Song.PlayNote1Check = false;
+    fields.Song.PlayNote2Check = false;
     const std::string saved = p.Saved();
     for (const char* line : {"KeyboardOctave 7", "BPM -5", "TimeSig 3", "NoteSilenceRatio 55", "NoteLength 0",
                              "AlternateTime   30 ", "NoteClickPlay 0", "NoteClickAdd 0", "AddNote1 0",
@@ -212,7 +212,8 @@ TEST(SongWriter, WritesLargePiecesAndStopsAtTheFirstError) {
     for (int i = 0; i < 100'000; ++i)
         p.App.List.Append("Quarter", "C4", "", "");
     CountingFile file;
-    EXPECT_EQ(WriteSong(p.App.Fields, p.App.List, file), std::errc::no_space_on_device);
+    EXPECT_EQ(WriteSong(p.App.Fields.Song, p.App.Fields.Entry, p.App.List, file),
+              std::errc::no_space_on_device);
     EXPECT_EQ(file.Writes, 3);
     EXPECT_GE(file.Smallest, 64U * 1024);
 }

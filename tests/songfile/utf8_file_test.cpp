@@ -79,7 +79,7 @@ TEST(Utf8File, TakesWhatWasReadOfAShrinkingOrDeletedFile) {
             p.Disk.Delete(name);
     });
     p.LoadFile(Header + "BPM 99\r\n" + "MUSICLISTSTART\r\nHalf C4 - -\r\n");
-    EXPECT_EQ(p.App.Fields.BPM, 99);
+    EXPECT_EQ(p.App.Fields.Song.BPM, 99);
     EXPECT_EQ(p.App.List.Count(), 0);
     EXPECT_TRUE(p.Boxes.Shown().empty());
 }
@@ -103,7 +103,7 @@ TEST(Utf8File, ReadsAFileOnceMoreWhenReadingFails) {
 TEST(Utf8File, RaisesTheErrorWhenReadingFailsForGoodAndChangesNothing) {
     SongProgram p;
     p.SetSong({"Quarter C4 - -"});
-    p.App.Fields.BeatsPerBar.Set(3);
+    p.App.Fields.Song.BeatsPerBar.Set(3);
     p.Disk.SetReadSize(16);
     p.Disk.BeforeRead([&](const std::string& name, std::uint64_t position) {
         if (position > 0)
@@ -116,7 +116,7 @@ TEST(Utf8File, RaisesTheErrorWhenReadingFailsForGoodAndChangesNothing) {
         EXPECT_EQ(error.Number(), RuntimeError::DeviceIoError);
     }
     EXPECT_EQ(p.Rows(), "Quarter|C4||\n");
-    EXPECT_EQ(p.App.Fields.BeatsPerBar, 3);
+    EXPECT_EQ(p.App.Fields.Song.BeatsPerBar, 3);
     EXPECT_FALSE(p.Loading.InfoShown);
 }
 
@@ -140,12 +140,12 @@ TEST(Utf8File, ChangesNothingWhenReadingIsStopped) {
     SongProgram p;
     p.App.Log.Enable();
     p.SetSong({"Quarter C4 - -"});
-    p.App.Fields.BeatsPerBar.Set(3);
+    p.App.Fields.Song.BeatsPerBar.Set(3);
     p.Loading.OnProgress = [](double) { return false; };
     p.LoadFile(MusicStart + std::string(3 * MiB, '\n'));
     EXPECT_EQ(p.Loading.Ratios.size(), 1U);
     EXPECT_EQ(p.Rows(), "Quarter|C4||\n");
-    EXPECT_EQ(p.App.Fields.BeatsPerBar, 3);
+    EXPECT_EQ(p.App.Fields.Song.BeatsPerBar, 3);
     EXPECT_FALSE(p.Loading.InfoShown);
     EXPECT_TRUE(p.LogText().ends_with("    ActuallyLoadMusic() - END\n\n"));
 }

@@ -18,14 +18,15 @@ struct RecordedPlayback {
           }) {}
     RecordedPlayback(SimulatedProgram& p, std::function<void()> lineStarts)
         : Glide(p),
-          Tones(p.App.Fields,
+          Tones(p.App.Fields.Mods, p.App.Fields.Output,
                 {p.Speaker, p.App.Outputs.MotorModModule, p.App.Outputs.SoundMods.Generator,
                  p.App.Outputs.MidiOutput, Glide},
                 p.App.Outputs.ToneCode, p.App.Wait, p.Boxes, p.App.Log),
-          Playback({p.App.Fields, p.App.List, p.App.Editing.ModButtons, p.App.Editing.PositionDisplay, Tones,
-                    p.App.Outputs.ToneCode, p.App.Outputs.SoundMods.Generator, p.App.Outputs.SoundMods.Singer,
-                    std::move(lineStarts), p.App.Playing.SynchroPlay, p.Time, p.App.Wait, p.Boxes,
-                    p.App.Log}) {}
+          Playback({p.App.Fields.Song, p.App.Fields.Mods, p.App.Fields.Output, p.App.Fields.State,
+                    p.App.Fields.View, p.App.List, p.App.Editing.DottedTripletBoxes,
+                    p.App.Editing.PositionDisplay, Tones, p.App.Outputs.ToneCode,
+                    p.App.Outputs.SoundMods.Generator, p.App.Outputs.SoundMods.Singer, std::move(lineStarts),
+                    p.App.Playing.SynchroPlay, p.Time, p.App.Wait, p.Boxes, p.App.Log}) {}
 
     struct RecordedGlide : ToneOutput {
         explicit RecordedGlide(SimulatedProgram& program) : P(program) {}

@@ -26,7 +26,7 @@ void SimulatedProgram::OpenMidiOut() {
     MidiOut.Devices = {"Synthesizer"};
     MidiOut.DeviceCount();
     MidiOut.Open(0);
-    App.Fields.UseMIDIOut = true;
+    App.Fields.Mods.UseMIDIOut.InUse = true;
     Timeline.Clear();
 }
 

@@ -17,11 +17,11 @@ namespace quavix::test {
 /// The whole program on simulated ports, with its start-up values.
 struct SimulatedProgram : SimulatedPorts {
     explicit SimulatedProgram(const SimulatedTime::Origin& start = {}) : SimulatedPorts(start) {
-        App.Fields.TickFreq = ReadTickFreq(Time, App.Log);
+        App.Fields.State.TickFreq = ReadTickFreq(Time, App.Log);
     }
     /// On a machine that outlives the program.
     explicit SimulatedProgram(SimulatedMachine& machine) : SimulatedPorts(machine) {
-        App.Fields.TickFreq = ReadTickFreq(Time, App.Log);
+        App.Fields.State.TickFreq = ReadTickFreq(Time, App.Log);
     }
 
     /// Replaces the song; each line is "Length Note1 Note2 Mod" with "-" for an empty cell.

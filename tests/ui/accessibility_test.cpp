@@ -30,14 +30,13 @@ std::vector<QWidget*> ControlsOf(QWidget& window) {
 
 TEST(Accessibility, EveryControlHasANameAndATooltip) {
     test::UiProgram p;
-    SpeakerForm speaker(p.App.Fields, p.Speaker, p.App.Handlers);
+    SpeakerForm speaker(p.App.Fields.View, p.Speaker, p.App.Handlers);
     ManualForm manual("text");
     p.Disk.Put("/windows/system32/midiio32.ocx", "module");
     p.MidiIn.Devices = {"Keyboard"};
-    for (Watched<bool> MainFields::*check :
-         {&MainFields::UseFMODCheck, &MainFields::UseVoiceCheck, &MainFields::UseBeatCheck,
-          &MainFields::UsePortaCheck, &MainFields::UseSynchroCheck, &MainFields::UseMIDIInCheck})
-        p.App.Fields.*check = true;
+    for (Mod ModFields::*mod : {&ModFields::UseFMOD, &ModFields::UseVoice, &ModFields::UseBeat,
+                                &ModFields::UsePorta, &ModFields::UseSynchro, &ModFields::UseMIDIIn})
+        (p.App.Fields.Mods.*mod).Ticked = true;
     p.App.Outputs.MidiOutput.Fields.MIDIOutFormVisible = true;
     p.App.Playing.MidiFilePlayback.MIDIFileFormVisible = true;
     for (QWidget* window : {static_cast<QWidget*>(&p.Form), static_cast<QWidget*>(&speaker),
@@ -61,11 +60,11 @@ QString SpokenNameOf(QWidget* widget) {
 TEST(Accessibility, LabelsSayWhatStandsInThem) {
     test::UiProgram p;
     const auto spoken = [&](const char* label) { return SpokenNameOf(&p.Find<QLabel>(label)); };
-    p.App.Fields.lblPlayBar = "0002";
-    p.App.Fields.lblPlayPos = "02 01/16";
-    p.App.Fields.lblPlaySig = "03.50";
-    p.App.Fields.BeatsPerBar.Set(3);
-    p.App.Fields.NoteSilenceRatio.Set(75);
+    p.App.Editing.PositionDisplay.lblPlayBar = "0002";
+    p.App.Editing.PositionDisplay.lblPlayPos = "02 01/16";
+    p.App.Editing.PositionDisplay.lblPlaySig = "03.50";
+    p.App.Fields.Song.BeatsPerBar.Set(3);
+    p.App.Fields.Song.NoteSilenceRatio.Set(75);
     EXPECT_EQ(spoken("lblPlayBar"), "Bar: 0002");
     EXPECT_EQ(spoken("lblPlayPos"), "Position in the bar, in whole notes: 02 01/16");
     EXPECT_EQ(spoken("lblPlaySig"), "Beat in the bar: 03.50");
@@ -97,17 +96,17 @@ TEST(Accessibility, AssistiveTechnologyCanWorkTheControls) {
     };
     MainFields& fields = p.App.Fields;
     toggle("ModDottedCheck");
-    EXPECT_TRUE(fields.ModDottedCheck);
+    EXPECT_TRUE(fields.Entry.ModDottedCheck);
     toggle("ModTripletCheck");
-    EXPECT_TRUE(fields.ModTripletCheck);
-    EXPECT_FALSE(fields.ModDottedCheck);
+    EXPECT_TRUE(fields.Entry.ModTripletCheck);
+    EXPECT_FALSE(fields.Entry.ModDottedCheck);
     toggle("AddNote2Option");
-    EXPECT_TRUE(fields.AddNote2Option);
-    EXPECT_FALSE(fields.AddNote1Option);
-    fields.UseFMODCheck = true;
+    EXPECT_TRUE(fields.Entry.AddNote2Option);
+    EXPECT_FALSE(fields.Entry.AddNote1Option);
+    fields.Mods.UseFMOD.Ticked = true;
     toggle("optTriangle");
     EXPECT_EQ(p.App.Outputs.SoundMods.Generator.DSPType, fmod_waveform::FallingSaw);
-    fields.UseFMODCheck = false;
+    fields.Mods.UseFMOD.Ticked = false;
     p.Time.At(500, [&] {
         toggle("MetronomeButton");
         QApplication::processEvents();
@@ -119,7 +118,7 @@ TEST(Accessibility, AssistiveTechnologyCanWorkTheControls) {
         QAccessible::queryAccessibleInterface(&p.Find<QWidget>("BPMText"))->setText(QAccessible::Value, text);
     };
     write("97");
-    EXPECT_EQ(fields.BPM, 97);
+    EXPECT_EQ(fields.Song.BPM, 97);
     write("none");
     EXPECT_EQ(p.Find<QLineEdit>("BPMText").text(), "97");
 }
@@ -167,8 +166,8 @@ TEST(Accessibility, NoTwoActionsShareAShortcutOrALetterOfTheirMenu) {
 
 TEST(Accessibility, TheTabKeyGoesThroughEveryControlInTheOrderOfReading) {
     test::UiProgram p;
-    p.App.Fields.UseFMODCheckEnabled = true;
-    p.App.Fields.UseVoiceCheckEnabled = true;
+    p.App.Fields.Mods.UseFMOD.Enabled = true;
+    p.App.Fields.Mods.UseVoice.Enabled = true;
     std::vector<std::string> order = {"NoteClickPlayCheck",
                                       "NoteClickAddCheck",
                                       "AddNote1Option",

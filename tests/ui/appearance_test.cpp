@@ -62,7 +62,7 @@ void ExpectReadable(test::UiProgram& p) {
 void HoldMidiNotes(test::UiProgram& p) {
     p.Disk.Put("/windows/system32/midiio32.ocx", "module");
     p.MidiIn.Devices = {"Keyboard"};
-    p.App.Fields.UseMIDIInCheck = true;
+    p.App.Fields.Mods.UseMIDIIn.Ticked = true;
     p.MidiIn.ArriveAt(1, {{0x90, 60, 64}, {0x90, 64, 64}});
     p.Time.RunUntil(2);
     EXPECT_EQ(p.TextOf("lblOnNotes1"), "E5");
@@ -76,7 +76,7 @@ TEST(Appearance, EveryLabelCanBeReadInTheLightAndTheDarkPalette) {
     test::UiProgram p;
     HoldMidiNotes(p);
     ExpectReadable(p);
-    p.App.Fields.BPM.Type("5");
+    p.App.Fields.Song.BPM.Type("5");
     const QPalette field = p.Find<QLineEdit>("BPMText").palette();
     EXPECT_GE(Contrast(field.color(QPalette::Text), field.color(QPalette::Base)), 4.5);
 }

@@ -24,7 +24,7 @@ std::string Listen(test::UiProgram& p, const std::function<void()>& play, const 
     p.App.Playing.PlaybackEngine.OnRangeEnd = stop;
     play();
     EXPECT_GT(p.Time.PerformanceCounter(), start);
-    EXPECT_FALSE(p.App.Fields.MusicIsPlaying);
+    EXPECT_FALSE(p.App.Fields.State.MusicIsPlaying);
     // Without the moments, which depend on when it began.
     std::string heard;
     for (const QString& line : QString::fromStdString(p.Timeline.Text("speaker")).split('\n'))

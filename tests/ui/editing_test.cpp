@@ -55,10 +55,10 @@ TEST(NoteEntryPanel, ASongMayLeaveBothOptionsOfTheNoteClear) {
     EXPECT_EQ(shown(), std::pair(false, false));
     p.Click("AddNote2Option");
     EXPECT_EQ(shown(), std::pair(false, true));
-    EXPECT_TRUE(p.App.Fields.AddNote2Option);
+    EXPECT_TRUE(p.App.Fields.Entry.AddNote2Option);
     p.Click("AddNote1Option");
     EXPECT_EQ(shown(), std::pair(true, false));
-    p.App.Fields.AddNote2Option = true;
+    p.App.Fields.Entry.AddNote2Option = true;
     EXPECT_EQ(shown(), std::pair(false, true));
 }
 

@@ -144,9 +144,9 @@ struct RangedField {
 };
 
 const RangedField RangedFields[] = {
-    {"BPMText", parameter::Bpm, [](const MainFields& fields) { return fields.BPM.Get(); }},
+    {"BPMText", parameter::Bpm, [](const MainFields& fields) { return fields.Song.BPM.Get(); }},
     {"AlternateTimeText", parameter::AlternateTime,
-     [](const MainFields& fields) { return fields.AlternateTime.Get(); }},
+     [](const MainFields& fields) { return fields.Song.AlternateTime.Get(); }},
 };
 
 constexpr int Presses = 4000;
@@ -202,11 +202,11 @@ TEST(TypedText, LeavesTheOctaveAtLeastItsLowestAndTheLabelsRight) {
     Random random(42);
     int orange = 0;
     for (int i = 0; i < Presses; ++i) {
-        const std::int32_t before = p.App.Fields.KeyboardOctave;
+        const std::int32_t before = p.App.Fields.Entry.KeyboardOctave;
         const std::string textBefore = typed.Text();
         const QColor colourBefore = typed.BackColour();
         const std::string text = typed.Do(AnyPress(random));
-        const std::int32_t octave = p.App.Fields.KeyboardOctave;
+        const std::int32_t octave = p.App.Fields.Entry.KeyboardOctave;
         std::string expectedText = text;
         std::int32_t expected = before;
         bool isOctave = true;

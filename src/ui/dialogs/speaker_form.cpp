@@ -10,15 +10,15 @@
 
 namespace quavix {
 
-SpeakerForm::SpeakerForm(MainFields& fields, Speaker& speaker, EventBoundary& handlers, QWidget* parent)
+SpeakerForm::SpeakerForm(PlaybackView& view, Speaker& speaker, EventBoundary& handlers, QWidget* parent)
     : QDialog(parent),
-      fields_(fields),
+      view_(view),
       speaker_(speaker),
       handlers_(handlers),
       ui_(std::make_unique<Ui::SpeakerForm>()) {
     ui_->setupUi(this);
     ui_->RemedyText->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    BindEnabled(ui_->SpeakerTestButton, fields_.PlayAllButtonEnabled);
+    BindEnabled(ui_->SpeakerTestButton, view_.PlayAllButtonEnabled);
     BindButton(ui_->SpeakerTestButton, handlers_, [this] { SpeakerTestButton_Click(); });
     BindButton(ui_->RemedyCopyButton, handlers_, [this] { RemedyCopyButton_Click(); });
     BindButton(ui_->SpeakerCloseButton, handlers_, [this] { hide(); });

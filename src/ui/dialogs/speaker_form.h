@@ -21,7 +21,7 @@ class SpeakerForm : public QDialog {
     Q_OBJECT
 
   public:
-    explicit SpeakerForm(MainFields& fields, Speaker& speaker, EventBoundary& handlers,
+    explicit SpeakerForm(PlaybackView& view, Speaker& speaker, EventBoundary& handlers,
                          QWidget* parent = nullptr);
     ~SpeakerForm() override;
 
@@ -36,7 +36,7 @@ class SpeakerForm : public QDialog {
     void SpeakerTestButton_Click();
     void RemedyCopyButton_Click();
 
-    MainFields& fields_;
+    PlaybackView& view_;
     Speaker& speaker_;
     EventBoundary& handlers_;
     std::unique_ptr<Ui::SpeakerForm> ui_;

@@ -27,9 +27,11 @@ void PaintGroup(QLabel* label, int group) {
 
 }  // namespace
 
-KeyboardPanel::KeyboardPanel(MainFields& fields, PianoKeys& keys, EventBoundary& handlers, QWidget* parent)
+KeyboardPanel::KeyboardPanel(EntryOptions& entry, const PlaybackView& view, PianoKeys& keys,
+                             EventBoundary& handlers, QWidget* parent)
     : QWidget(parent),
-      fields_(fields),
+      entry_(entry),
+      view_(view),
       keys_(keys),
       handlers_(handlers),
       ui_(std::make_unique<Ui::KeyboardPanel>()) {
@@ -45,22 +47,22 @@ KeyboardPanel::KeyboardPanel(MainFields& fields, PianoKeys& keys, EventBoundary&
         label->setAlignment(Qt::AlignCenter);
         label->setMargin(2);
         PaintGroup(label, group);
-        ShowIn(label, fields_.KeyboardOctave.State(), [this, label, group](const SettingState&) {
+        ShowIn(label, entry_.KeyboardOctave.State(), [this, label, group](const SettingState&) {
             label->setText(QString::fromStdString(keys_.OctLabel(group)));
             label->setAccessibleName(tr("Octave %1").arg(label->text()));
         });
         ++group;
     }
 
-    BindText(ui_->KeyboardOctaveText, fields.KeyboardOctave, handlers_);
+    BindText(ui_->KeyboardOctaveText, entry.KeyboardOctave, handlers_);
     connect(ui_->KeyboardOctaveUpDown, &UpDown::Stepped, this,
             [this](int direction) { StepOctave(ui_->PianoKey->CurrentKey(), direction); });
-    ShowIn(this, fields.KeyboardOctave.State(), [this](const SettingState& octave) {
+    ShowIn(this, entry.KeyboardOctave.State(), [this](const SettingState& octave) {
         ui_->PianoKey->SetOctave(octave.Value);
         ShowSounding();
     });
-    ShowIn(this, fields.NotesSounding, [this](const SoundingNotes&) { ShowSounding(); });
-    ShowIn(this, fields.PianoKeysEnabled, [this](bool enabled) { EnableKeys(enabled); });
+    ShowIn(this, view.NotesSounding, [this](const SoundingNotes&) { ShowSounding(); });
+    ShowIn(this, view.PianoKeysEnabled, [this](bool enabled) { EnableKeys(enabled); });
     connect(ui_->PianoKey, &PianoKeyboard::KeyClicked, this, [this](int key) {
         RunHandler(*ui_->PianoKey, "Click", handlers_, [&] { keys_.PianoKey_Click(key); });
     });

@@ -21,8 +21,8 @@ class KeyboardPanel : public QWidget {
     Q_OBJECT
 
   public:
-    explicit KeyboardPanel(MainFields& fields, PianoKeys& keys, EventBoundary& handlers,
-                           QWidget* parent = nullptr);
+    explicit KeyboardPanel(EntryOptions& entry, const PlaybackView& view, PianoKeys& keys,
+                           EventBoundary& handlers, QWidget* parent = nullptr);
     ~KeyboardPanel() override;
 
   private:
@@ -30,7 +30,8 @@ class KeyboardPanel : public QWidget {
     void EnableKeys(bool enabled);
     void StepOctave(int key, int direction);
 
-    MainFields& fields_;
+    EntryOptions& entry_;
+    const PlaybackView& view_;
     PianoKeys& keys_;
     EventBoundary& handlers_;
     std::unique_ptr<Ui::KeyboardPanel> ui_;

@@ -152,21 +152,21 @@ void MainForm::FitScreen() {
 }
 
 void MainForm::AddModWindows() {
-    MainFields& fields = program_.Fields;
+    ModFields& mods = program_.Fields.Mods;
     EventBoundary& handlers = program_.Handlers;
     SoundMods& sound = program_.Outputs.SoundMods;
     MidiOutput& midiOut = program_.Outputs.MidiOutput;
     Playing& playing = program_.Playing;
-    MakeWhenTicked<FMODOptionsForm>(this, sound.UseFmod.FMODOptionsFormVisible, fields, sound, handlers);
-    MakeWhenTicked<VoiceInternalForm>(this, sound.UseVoice.VoiceInternalFormVisible, fields, sound, handlers);
-    MakeWhenTicked<MIDIOutForm>(this, midiOut.Fields.MIDIOutFormVisible, fields, midiOut, handlers);
-    MakeWhenTicked<MIDIInForm>(this, playing.MidiInput.MIDIInFormVisible, fields, playing.MidiInput,
-                               handlers);
-    MakeWhenTicked<BeatForm>(this, fields.UseBeatCheck, fields, handlers);
-    MakeWhenTicked<PortamentoForm>(this, fields.UsePortaCheck, fields, program_.Outputs.PitchGlide, handlers);
-    MakeWhenTicked<MIDIFileForm>(this, playing.MidiFilePlayback.MIDIFileFormVisible, fields,
+    MakeWhenTicked<FMODOptionsForm>(this, sound.UseFmod.FMODOptionsFormVisible, mods, sound, handlers);
+    MakeWhenTicked<VoiceInternalForm>(this, sound.UseVoice.VoiceInternalFormVisible, mods,
+                                      program_.Fields.Output, sound, handlers);
+    MakeWhenTicked<MIDIOutForm>(this, midiOut.Fields.MIDIOutFormVisible, mods, midiOut, handlers);
+    MakeWhenTicked<MIDIInForm>(this, playing.MidiInput.MIDIInFormVisible, mods, playing.MidiInput, handlers);
+    MakeWhenTicked<BeatForm>(this, mods.UseBeat.Ticked, mods, playing.Beat, handlers);
+    MakeWhenTicked<PortamentoForm>(this, mods.UsePorta.Ticked, mods, program_.Outputs.PitchGlide, handlers);
+    MakeWhenTicked<MIDIFileForm>(this, playing.MidiFilePlayback.MIDIFileFormVisible, mods,
                                  playing.MidiFilePlayback, handlers);
-    MakeWhenTicked<SynchroForm>(this, fields.UseSynchroCheck, fields, playing.SynchroPlay, handlers);
+    MakeWhenTicked<SynchroForm>(this, mods.UseSynchro.Ticked, mods, playing.SynchroPlay, handlers);
 }
 
 /// In the order in which the Tab key goes through them.
@@ -176,23 +176,25 @@ void MainForm::AddPanels() {
     SongEditing& editing = program_.Editing;
     Playing& playing = program_.Playing;
     Speaker& speaker = program_.Ports.PcSpeaker;
-    ui_->settingsColumn->addWidget(new NoteEntryPanel(fields, handlers, this));
-    ui_->settingsColumn->addWidget(new TimingPanel(fields, playing.Metronome, handlers, this));
+    ui_->settingsColumn->addWidget(new NoteEntryPanel(fields.Entry, handlers, this));
+    ui_->settingsColumn->addWidget(new TimingPanel(fields.Song, playing.Metronome, handlers, this));
     ui_->settingsColumn->addStretch(1);
     AddDebugLogNotice();
-    ui_->listColumn->addWidget(new PlaybackPanel(fields, playing.PlaybackEngine, handlers, this));
+    ui_->listColumn->addWidget(new PlaybackPanel(fields.View, playing.PlaybackEngine, handlers, this));
     ui_->listColumn->addWidget(
         new ListPanel(program_.List, editing.ListEditing, playing.PlaybackEngine, handlers, this), 1);
     ui_->listColumn->addWidget(new EditingPanel(editing.ListEditing, handlers, this));
     AddSaveLoadButton();
-    ui_->modsColumn->addWidget(new NotesToPlayPanel(fields, handlers, this));
-    ui_->modsColumn->addWidget(
-        new ModsPanel(fields, program_.Outputs.MotorModModule, program_.Ports.Boxes, handlers, this));
+    ui_->modsColumn->addWidget(new NotesToPlayPanel(fields.Song, handlers, this));
+    ui_->modsColumn->addWidget(new ModsPanel(fields.Mods, fields.Output, program_.Outputs.MotorModModule,
+                                             program_.Ports.Boxes, handlers, this));
     ui_->modsColumn->addStretch(1);
-    ui_->keyboardRow->addWidget(new KeyboardPanel(fields, playing.PianoKeys, handlers, this));
-    ui_->bottomRow->addWidget(
-        new SpeakerPanel(fields, program_.Outputs.ToneDispatcher, speaker, handlers, this), 1);
-    ui_->bottomRow->addWidget(new PositionPanel(fields, editing.PositionDisplay, handlers, this));
+    ui_->keyboardRow->addWidget(
+        new KeyboardPanel(fields.Entry, fields.View, playing.PianoKeys, handlers, this));
+    ui_->bottomRow->addWidget(new SpeakerPanel(fields.Output, fields.State, fields.View,
+                                               program_.Outputs.ToneDispatcher, speaker, handlers, this),
+                              1);
+    ui_->bottomRow->addWidget(new PositionPanel(editing.PositionDisplay, handlers, this));
 }
 
 void MainForm::AddSaveLoadButton() {
@@ -253,19 +255,19 @@ void MainForm::ShowTitle() {
 void MainForm::closeEvent(QCloseEvent* event) {
     closeProgram_();
     // The user may have wanted to keep the song after all.
-    event->setAccepted(program_.Fields.ShuttingDown);
+    event->setAccepted(program_.Fields.State.ShuttingDown);
     if (!isEnabled() && saveLoadForm_.isVisible())
         saveLoadForm_.activateWindow();  // this one takes no input
 }
 
 void MainForm::keyPressEvent(QKeyEvent* event) {
-    const MainFields& fields = program_.Fields;
+    const PlaybackView& view = program_.Fields.View;
     const bool isPlain = event->modifiers() == Qt::NoModifier && !event->isAutoRepeat();
-    if (isPlain && event->key() == Qt::Key_Space && fields.PlayAllButtonEnabled)
+    if (isPlain && event->key() == Qt::Key_Space && view.PlayAllButtonEnabled)
         RunHandler(*this, "KeyPress", program_.Handlers,
                    [this] { program_.Playing.PlaybackEngine.PlayAllButton_Click(); });
     else if (isPlain && (event->key() == Qt::Key_Space || event->key() == Qt::Key_Escape) &&
-             fields.StopPlayButtonEnabled)
+             view.StopPlayButtonEnabled)
         RunHandler(*this, "KeyPress", program_.Handlers,
                    [this] { program_.Playing.PlaybackEngine.StopPlayButton_Click(); });
     else

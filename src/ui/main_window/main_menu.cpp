@@ -70,11 +70,11 @@ void MainMenu::AddEditMenu() {
                         tr("Make the change again that was taken back last"),
                         [this] { program_.Editing.EditHistory.Redo(); });
     redo->setShortcuts({QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), QKeySequence(Qt::CTRL | Qt::Key_Y)});
-    ShowIn(&window_, program_.Fields.CanUndo, [undo](bool can) { undo->setEnabled(can); });
-    ShowIn(&window_, program_.Fields.CanRedo, [redo](bool can) { redo->setEnabled(can); });
-    ShowIn(&window_, program_.Fields.UndoText,
+    ShowIn(&window_, program_.Editing.EditHistory.CanUndo, [undo](bool can) { undo->setEnabled(can); });
+    ShowIn(&window_, program_.Editing.EditHistory.CanRedo, [redo](bool can) { redo->setEnabled(can); });
+    ShowIn(&window_, program_.Editing.EditHistory.UndoText,
            [undo](const std::string& caption) { undo->setText("&" + QString::fromStdString(caption)); });
-    ShowIn(&window_, program_.Fields.RedoText,
+    ShowIn(&window_, program_.Editing.EditHistory.RedoText,
            [redo](const std::string& caption) { redo->setText("&" + QString::fromStdString(caption)); });
     menu->addSeparator();
     QAction* cut =
@@ -92,7 +92,8 @@ void MainMenu::AddEditMenu() {
         Add(menu, "EraseAction", tr("&Erase"), QKeySequence(Qt::Key_Delete), tr("Remove the selected lines"),
             [this] { program_.Editing.LineClipboard.EraseLines(); });
     for (QAction* action : {cut, copy, duplicate, erase})
-        ShowIn(&window_, program_.Fields.LinesSelected, [action](bool some) { action->setEnabled(some); });
+        ShowIn(&window_, program_.Editing.LineClipboard.LinesSelected,
+               [action](bool some) { action->setEnabled(some); });
 }
 
 void MainMenu::AddPlayMenu() {
@@ -110,9 +111,10 @@ void MainMenu::AddPlayMenu() {
                         [this] { program_.Playing.PlaybackEngine.StopPlayButton_Click(); });
     for (QAction* action : {all, from, stop})
         action->setAutoRepeat(false);
-    ShowIn(&window_, program_.Fields.PlayAllButtonEnabled, [all](bool can) { all->setEnabled(can); });
-    ShowIn(&window_, program_.Fields.PlayFromLineButtonEnabled, [from](bool can) { from->setEnabled(can); });
-    ShowIn(&window_, program_.Fields.StopPlayButtonEnabled, [stop](bool can) { stop->setEnabled(can); });
+    ShowIn(&window_, program_.Fields.View.PlayAllButtonEnabled, [all](bool can) { all->setEnabled(can); });
+    ShowIn(&window_, program_.Fields.View.PlayFromLineButtonEnabled,
+           [from](bool can) { from->setEnabled(can); });
+    ShowIn(&window_, program_.Fields.View.StopPlayButtonEnabled, [stop](bool can) { stop->setEnabled(can); });
 }
 
 void MainMenu::AddHelpMenu() {

@@ -22,10 +22,11 @@ QString HelpButtonName(const text::Mod& mod) {
 
 }  // namespace
 
-ModsPanel::ModsPanel(MainFields& fields, MotorModModule& motor, MessageBoxes& boxes, EventBoundary& handlers,
-                     QWidget* parent)
+ModsPanel::ModsPanel(ModFields& mods, OutputOptions& output, MotorModModule& motor, MessageBoxes& boxes,
+                     EventBoundary& handlers, QWidget* parent)
     : QGroupBox(tr("Mods"), parent),
-      fields_(fields),
+      mods_(mods),
+      output_(output),
       motor_(motor),
       boxes_(boxes),
       handlers_(handlers),
@@ -46,8 +47,8 @@ void ModsPanel::AddMod(const text::Mod& mod) {
     check->setObjectName(mod.CheckName);
     check->setAccessibleName(mod.Caption);
     check->setToolTip(mod.ToolTip);
-    BindCheck(check, fields_.*mod.Value, handlers_);
-    BindEnabled(check, fields_.*mod.Enabled);
+    BindCheck(check, (mods_.*mod.Switch).Ticked, handlers_);
+    BindEnabled(check, (mods_.*mod.Switch).Enabled);
     grid_->addWidget(check, row, 0);
 
     auto* help = new QToolButton(this);
@@ -77,11 +78,11 @@ void ModsPanel::AddMotorSettings() {
     slider->setToolTip(text::MotorOctaveTip);
     slider->setPageStep(1);
     label->setBuddy(slider);
-    BindSlider(slider, fields_.MotorOct, parameter::MotorOct, "Change", handlers_);
+    BindSlider(slider, output_.MotorOct, parameter::MotorOct, "Change", handlers_);
     row->addWidget(slider, 1);
     auto* value = new QLabel(this);
     value->setObjectName("lblMotorOctValue");
-    ShowIn(value, fields_.MotorOct, [value](std::int32_t octaves) {
+    ShowIn(value, output_.MotorOct, [value](std::int32_t octaves) {
         ShowReading(value, text::MotorOctaveCaption, QString::number(octaves));
     });
     row->addWidget(value);

@@ -19,7 +19,7 @@ class ModsPanel : public QGroupBox {
     Q_OBJECT
 
   public:
-    explicit ModsPanel(MainFields& fields, MotorModModule& motor, MessageBoxes& boxes,
+    explicit ModsPanel(ModFields& mods, OutputOptions& output, MotorModModule& motor, MessageBoxes& boxes,
                        EventBoundary& handlers, QWidget* parent = nullptr);
 
   private:
@@ -27,7 +27,8 @@ class ModsPanel : public QGroupBox {
     void AddMotorSettings();
     void ShowHelp(const text::Mod& mod);
 
-    MainFields& fields_;
+    ModFields& mods_;
+    OutputOptions& output_;
     MotorModModule& motor_;
     MessageBoxes& boxes_;
     EventBoundary& handlers_;

@@ -7,7 +7,7 @@
 
 namespace quavix {
 
-NoteEntryPanel::NoteEntryPanel(MainFields& fields, EventBoundary& handlers, QWidget* parent)
+NoteEntryPanel::NoteEntryPanel(EntryOptions& entry, EventBoundary& handlers, QWidget* parent)
     : QWidget(parent), ui_(std::make_unique<Ui::NoteEntryPanel>()) {
     ui_->setupUi(this);
     for (const char* length : text::NoteLengths)
@@ -15,19 +15,19 @@ NoteEntryPanel::NoteEntryPanel(MainFields& fields, EventBoundary& handlers, QWid
     ui_->NoteLengthCombo->setToolTip(text::NoteLengthTip);
     ui_->lblNoteLength->setToolTip(text::NoteLengthTip);
 
-    BindCheck(ui_->NoteClickPlayCheck, fields.NoteClickPlayCheck, handlers);
-    BindCheck(ui_->NoteClickAddCheck, fields.NoteClickAddCheck, handlers);
-    BindOptions(ui_->AddNote1Option, fields.AddNote1Option, ui_->AddNote2Option, fields.AddNote2Option,
+    BindCheck(ui_->NoteClickPlayCheck, entry.NoteClickPlayCheck, handlers);
+    BindCheck(ui_->NoteClickAddCheck, entry.NoteClickAddCheck, handlers);
+    BindOptions(ui_->AddNote1Option, entry.AddNote1Option, ui_->AddNote2Option, entry.AddNote2Option,
                 handlers);
-    BindCheck(ui_->NoteReplaceCheck, fields.NoteReplaceCheck, handlers);
-    BindCheck(ui_->NoteLengthReplaceCheck, fields.NoteLengthReplaceCheck, handlers);
-    BindCombo(ui_->NoteLengthCombo, fields.NoteLengthCombo, handlers);
-    BindCheck(ui_->ModDottedCheck, fields.ModDottedCheck, handlers);
-    BindCheck(ui_->ModTripletCheck, fields.ModTripletCheck, handlers);
-    BindEnabled(ui_->AddNote1Option, fields.AddNote1OptionEnabled);
-    BindEnabled(ui_->AddNote2Option, fields.AddNote2OptionEnabled);
-    BindEnabled(ui_->NoteReplaceCheck, fields.NoteReplaceCheckEnabled);
-    BindEnabled(ui_->NoteLengthReplaceCheck, fields.NoteLengthReplaceCheckEnabled);
+    BindCheck(ui_->NoteReplaceCheck, entry.NoteReplaceCheck, handlers);
+    BindCheck(ui_->NoteLengthReplaceCheck, entry.NoteLengthReplaceCheck, handlers);
+    BindCombo(ui_->NoteLengthCombo, entry.NoteLengthCombo, handlers);
+    BindCheck(ui_->ModDottedCheck, entry.ModDottedCheck, handlers);
+    BindCheck(ui_->ModTripletCheck, entry.ModTripletCheck, handlers);
+    BindEnabled(ui_->AddNote1Option, entry.AddNote1OptionEnabled);
+    BindEnabled(ui_->AddNote2Option, entry.AddNote2OptionEnabled);
+    BindEnabled(ui_->NoteReplaceCheck, entry.NoteReplaceCheckEnabled);
+    BindEnabled(ui_->NoteLengthReplaceCheck, entry.NoteLengthReplaceCheckEnabled);
 }
 
 NoteEntryPanel::~NoteEntryPanel() = default;

@@ -19,7 +19,7 @@ class NoteEntryPanel : public QWidget {
     Q_OBJECT
 
   public:
-    explicit NoteEntryPanel(MainFields& fields, EventBoundary& handlers, QWidget* parent = nullptr);
+    explicit NoteEntryPanel(EntryOptions& entry, EventBoundary& handlers, QWidget* parent = nullptr);
     ~NoteEntryPanel() override;
 
   private:

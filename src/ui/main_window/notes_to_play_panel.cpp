@@ -6,13 +6,13 @@
 
 namespace quavix {
 
-NotesToPlayPanel::NotesToPlayPanel(MainFields& fields, EventBoundary& handlers, QWidget* parent)
+NotesToPlayPanel::NotesToPlayPanel(SongFields& song, EventBoundary& handlers, QWidget* parent)
     : QWidget(parent), handlers_(handlers), ui_(std::make_unique<Ui::NotesToPlayPanel>()) {
     ui_->setupUi(this);
-    BindCheck(ui_->ClickPlayNote1Check, fields.ClickPlayNote1Check, handlers_);
-    BindCheck(ui_->ClickPlayNote2Check, fields.ClickPlayNote2Check, handlers_);
-    BindCheck(ui_->PlayNote1Check, fields.PlayNote1Check, handlers_);
-    BindCheck(ui_->PlayNote2Check, fields.PlayNote2Check, handlers_);
+    BindCheck(ui_->ClickPlayNote1Check, song.ClickPlayNote1Check, handlers_);
+    BindCheck(ui_->ClickPlayNote2Check, song.ClickPlayNote2Check, handlers_);
+    BindCheck(ui_->PlayNote1Check, song.PlayNote1Check, handlers_);
+    BindCheck(ui_->PlayNote2Check, song.PlayNote2Check, handlers_);
 }
 
 NotesToPlayPanel::~NotesToPlayPanel() = default;

@@ -19,7 +19,7 @@ class NotesToPlayPanel : public QWidget {
     Q_OBJECT
 
   public:
-    explicit NotesToPlayPanel(MainFields& fields, EventBoundary& handlers, QWidget* parent = nullptr);
+    explicit NotesToPlayPanel(SongFields& song, EventBoundary& handlers, QWidget* parent = nullptr);
     ~NotesToPlayPanel() override;
 
   private:

@@ -7,7 +7,7 @@
 
 namespace quavix {
 
-PlaybackPanel::PlaybackPanel(MainFields& fields, PlaybackEngine& playback, EventBoundary& handlers,
+PlaybackPanel::PlaybackPanel(PlaybackView& view, PlaybackEngine& playback, EventBoundary& handlers,
                              QWidget* parent)
     : QWidget(parent), playback_(playback), handlers_(handlers), ui_(std::make_unique<Ui::PlaybackPanel>()) {
     ui_->setupUi(this);
@@ -17,10 +17,10 @@ PlaybackPanel::PlaybackPanel(MainFields& fields, PlaybackEngine& playback, Event
     ui_->BeepTextLabel->setSizePolicy(keepsItsPlace);
     PaintLabel(ui_->BeepTextLabel, colour::Orange);
 
-    BindEnabled(ui_->PlayAllButton, fields.PlayAllButtonEnabled);
-    BindEnabled(ui_->PlayFromLineButton, fields.PlayFromLineButtonEnabled);
-    ShowIn(this, fields.StopPlayButtonEnabled, [this](bool enabled) { EnableStopButton(enabled); });
-    ShowIn(this, fields.BeepTextLabelVisible, [this](bool visible) { ShowBeep(visible); });
+    BindEnabled(ui_->PlayAllButton, view.PlayAllButtonEnabled);
+    BindEnabled(ui_->PlayFromLineButton, view.PlayFromLineButtonEnabled);
+    ShowIn(this, view.StopPlayButtonEnabled, [this](bool enabled) { EnableStopButton(enabled); });
+    ShowIn(this, view.BeepTextLabelVisible, [this](bool visible) { ShowBeep(visible); });
 
     BindPlayButton(ui_->PlayAllButton, [this] { playback_.PlayAllButton_Click(); });
     BindPlayButton(ui_->PlayFromLineButton, [this] { playback_.PlayFromLineButton_Click(); });

@@ -22,7 +22,7 @@ class PlaybackPanel : public QWidget {
     Q_OBJECT
 
   public:
-    explicit PlaybackPanel(MainFields& fields, PlaybackEngine& playback, EventBoundary& handlers,
+    explicit PlaybackPanel(PlaybackView& view, PlaybackEngine& playback, EventBoundary& handlers,
                            QWidget* parent = nullptr);
     ~PlaybackPanel() override;
 

@@ -19,25 +19,20 @@ void Prepare(QLabel* label, const QString& longest) {
 
 }  // namespace
 
-PositionPanel::PositionPanel(MainFields& fields, PositionDisplay& position, EventBoundary& handlers,
-                             QWidget* parent)
-    : QWidget(parent),
-      fields_(fields),
-      position_(position),
-      handlers_(handlers),
-      ui_(std::make_unique<Ui::PositionPanel>()) {
+PositionPanel::PositionPanel(PositionDisplay& position, EventBoundary& handlers, QWidget* parent)
+    : QWidget(parent), position_(position), handlers_(handlers), ui_(std::make_unique<Ui::PositionPanel>()) {
     ui_->setupUi(this);
     Prepare(ui_->lblPlayBar, "0000");
     Prepare(ui_->lblPlayPos, "00 00/00");
     Prepare(ui_->lblPlaySig, "00.00");
-    BindLabel(ui_->lblPlayBar, fields_.lblPlayBar);
-    BindLabel(ui_->lblPlayPos, fields_.lblPlayPos);
-    BindLabel(ui_->lblPlaySig, fields_.lblPlaySig);
-    ShowIn(ui_->lblPlayPos, fields_.lblPlayPosBackColor,
+    BindLabel(ui_->lblPlayBar, position_.lblPlayBar);
+    BindLabel(ui_->lblPlayPos, position_.lblPlayPos);
+    BindLabel(ui_->lblPlaySig, position_.lblPlaySig);
+    ShowIn(ui_->lblPlayPos, position_.lblPlayPosBackColor,
            [label = ui_->lblPlayPos](std::int32_t colour) { PaintLabel(label, colour); });
-    BindCheck(ui_->NoUpdateCheck, fields_.NoUpdateCheck, handlers_,
+    BindCheck(ui_->NoUpdateCheck, position_.NoUpdateCheck, handlers_,
               [this] { position_.NoUpdateCheck_Click(); });
-    BindEnabled(ui_->NoUpdateCheck, fields_.NoUpdateCheckEnabled);
+    BindEnabled(ui_->NoUpdateCheck, position_.NoUpdateCheckEnabled);
     BindButton(ui_->NoUpdateHButton, handlers_, [this] { position_.NoUpdateHButton_Click(); });
 }
 

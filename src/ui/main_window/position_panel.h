@@ -20,12 +20,10 @@ class PositionPanel : public QWidget {
     Q_OBJECT
 
   public:
-    explicit PositionPanel(MainFields& fields, PositionDisplay& position, EventBoundary& handlers,
-                           QWidget* parent = nullptr);
+    explicit PositionPanel(PositionDisplay& position, EventBoundary& handlers, QWidget* parent = nullptr);
     ~PositionPanel() override;
 
   private:
-    MainFields& fields_;
     PositionDisplay& position_;
     EventBoundary& handlers_;
     std::unique_ptr<Ui::PositionPanel> ui_;

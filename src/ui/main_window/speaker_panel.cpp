@@ -7,22 +7,24 @@
 
 namespace quavix {
 
-SpeakerPanel::SpeakerPanel(MainFields& fields, ToneDispatcher& tones, Speaker& speaker,
-                           EventBoundary& handlers, QWidget* parent)
+SpeakerPanel::SpeakerPanel(OutputOptions& output, ProgramState& state, PlaybackView& view,
+                           ToneDispatcher& tones, Speaker& speaker, EventBoundary& handlers, QWidget* parent)
     : QWidget(parent),
-      fields_(fields),
+      output_(output),
+      state_(state),
+      view_(view),
       tones_(tones),
       speaker_(speaker),
       handlers_(handlers),
       ui_(std::make_unique<Ui::SpeakerPanel>()) {
     ui_->setupUi(this);
-    ShowIn(this, fields_.MusicIsPlaying, [this](bool) { Refresh(); });
+    ShowIn(this, state_.MusicIsPlaying, [this](bool) { Refresh(); });
     // A speaker may fail at any tone.
-    ShowIn(this, fields_.BeepTextLabelVisible, [this](bool visible) {
+    ShowIn(this, view_.BeepTextLabelVisible, [this](bool visible) {
         if (!visible)
             Refresh();
     });
-    BindCheck(ui_->MuteTweebleCheck, fields_.MuteTweebleCheck, handlers_,
+    BindCheck(ui_->MuteTweebleCheck, output_.MuteTweebleCheck, handlers_,
               [this] { tones_.MuteTweebleCheck_Click(); });
     BindButton(ui_->SpeakerDetailsButton, handlers_, [this] { SpeakerDetailsButton_Click(); });
 }
@@ -50,7 +52,7 @@ void SpeakerPanel::Refresh() {
 
 void SpeakerPanel::SpeakerDetailsButton_Click() {
     if (form_ == nullptr) {
-        form_ = new SpeakerForm(fields_, speaker_, handlers_, this);
+        form_ = new SpeakerForm(view_, speaker_, handlers_, this);
         connect(form_, &SpeakerForm::Tested, this, &SpeakerPanel::Refresh);
     }
     Refresh();

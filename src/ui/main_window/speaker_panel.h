@@ -22,8 +22,9 @@ class SpeakerPanel : public QWidget {
     Q_OBJECT
 
   public:
-    explicit SpeakerPanel(MainFields& fields, ToneDispatcher& tones, Speaker& speaker,
-                          EventBoundary& handlers, QWidget* parent = nullptr);
+    explicit SpeakerPanel(OutputOptions& output, ProgramState& state, PlaybackView& view,
+                          ToneDispatcher& tones, Speaker& speaker, EventBoundary& handlers,
+                          QWidget* parent = nullptr);
     ~SpeakerPanel() override;
 
   protected:
@@ -34,7 +35,9 @@ class SpeakerPanel : public QWidget {
     void Refresh();
     void SpeakerDetailsButton_Click();
 
-    MainFields& fields_;
+    OutputOptions& output_;
+    ProgramState& state_;
+    PlaybackView& view_;
     ToneDispatcher& tones_;
     Speaker& speaker_;
     EventBoundary& handlers_;

@@ -7,9 +7,9 @@
 
 namespace quavix {
 
-TimingPanel::TimingPanel(MainFields& fields, Metronome& metronome, EventBoundary& handlers, QWidget* parent)
+TimingPanel::TimingPanel(SongFields& song, Metronome& metronome, EventBoundary& handlers, QWidget* parent)
     : QGroupBox(parent),
-      fields_(fields),
+      song_(song),
       metronome_(metronome),
       handlers_(handlers),
       ui_(std::make_unique<Ui::TimingPanel>()) {
@@ -22,30 +22,30 @@ TimingPanel::TimingPanel(MainFields& fields, Metronome& metronome, EventBoundary
     KeepWidthOf(ui_->lblTimeSig, "100%");
     KeepWidthOf(ui_->NoteSilenceRatioLabel, "100%");
 
-    BindText(ui_->BPMText, fields.BPM, handlers);
+    BindText(ui_->BPMText, song.BPM, handlers);
     connect(ui_->BPMUpDown, &UpDown::Stepped, this, [this](int direction) {
-        RunHandler(*ui_->BPMUpDown, "Change", handlers_, [&] { fields_.BPM.Step(direction); });
+        RunHandler(*ui_->BPMUpDown, "Change", handlers_, [&] { song_.BPM.Step(direction); });
     });
-    ShowIn(ui_->MetronomeButton, fields.MetronomeIsOn,
+    ShowIn(ui_->MetronomeButton, metronome.MetronomeIsOn,
            [button = ui_->MetronomeButton](bool on) { button->setChecked(on); });
-    BindEnabled(ui_->MetronomeButton, fields.MetronomeButtonEnabled);
+    BindEnabled(ui_->MetronomeButton, metronome.MetronomeButtonEnabled);
     BindButton(ui_->MetronomeButton, handlers, [this] {
         // Whether the metronome is on shows the button, not the click.
-        ui_->MetronomeButton->setChecked(fields_.MetronomeIsOn);
+        ui_->MetronomeButton->setChecked(metronome_.MetronomeIsOn);
         metronome_.MetronomeButton_Click();
     });
     // Assistive technology toggles without a click. Later, when a click is over, the button is as it should
     // be.
     const auto followToggle = [this] {
-        if (ui_->MetronomeButton->isChecked() != fields_.MetronomeIsOn)
+        if (ui_->MetronomeButton->isChecked() != metronome_.MetronomeIsOn)
             ui_->MetronomeButton->click();
     };
     connect(ui_->MetronomeButton, &QAbstractButton::toggled, this, followToggle, Qt::QueuedConnection);
-    BindSlider(ui_->TimeSigSlider, fields.BeatsPerBar, "Change", handlers);
-    BindLabel(ui_->lblTimeSig, fields.BeatsPerBar);
-    BindSlider(ui_->NoteSilenceRatioSlider, fields.NoteSilenceRatio, "Scroll", handlers);
-    BindLabel(ui_->NoteSilenceRatioLabel, fields.NoteSilenceRatio);
-    BindText(ui_->AlternateTimeText, fields.AlternateTime, handlers);
+    BindSlider(ui_->TimeSigSlider, song.BeatsPerBar, "Change", handlers);
+    BindLabel(ui_->lblTimeSig, song.BeatsPerBar);
+    BindSlider(ui_->NoteSilenceRatioSlider, song.NoteSilenceRatio, "Scroll", handlers);
+    BindLabel(ui_->NoteSilenceRatioLabel, song.NoteSilenceRatio);
+    BindText(ui_->AlternateTimeText, song.AlternateTime, handlers);
 }
 
 TimingPanel::~TimingPanel() = default;

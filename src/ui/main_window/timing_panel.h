@@ -20,12 +20,12 @@ class TimingPanel : public QGroupBox {
     Q_OBJECT
 
   public:
-    explicit TimingPanel(MainFields& fields, Metronome& metronome, EventBoundary& handlers,
+    explicit TimingPanel(SongFields& song, Metronome& metronome, EventBoundary& handlers,
                          QWidget* parent = nullptr);
     ~TimingPanel() override;
 
   private:
-    MainFields& fields_;
+    SongFields& song_;
     Metronome& metronome_;
     EventBoundary& handlers_;
     std::unique_ptr<Ui::TimingPanel> ui_;

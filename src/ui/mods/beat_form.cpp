@@ -6,11 +6,11 @@
 
 namespace quavix {
 
-BeatForm::BeatForm(MainFields& fields, EventBoundary& handlers, QWidget* parent)
-    : ModWindow(fields.UseBeatCheck, fields.UseBeatCheck, handlers, parent),
+BeatForm::BeatForm(ModFields& mods, Beat& beat, EventBoundary& handlers, QWidget* parent)
+    : ModWindow(mods.UseBeat.Ticked, mods.UseBeat.Ticked, handlers, parent),
       ui_(std::make_unique<Ui::BeatForm>()) {
     ui_->setupUi(this);
-    BindOptions(ui_->optBeatAll, fields.optBeatAll, ui_->optBeatEven, fields.optBeatEven, handlers);
+    BindOptions(ui_->optBeatAll, beat.optBeatAll, ui_->optBeatEven, beat.optBeatEven, handlers);
 }
 
 BeatForm::~BeatForm() = default;

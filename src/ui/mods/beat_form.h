@@ -4,6 +4,7 @@
 #include <memory>
 
 #include "music/main_fields.h"
+#include "playback/beat.h"
 #include "shell/event_boundary.h"
 #include "ui/mods/mod_window.h"
 
@@ -18,7 +19,7 @@ class BeatForm : public ModWindow {
     Q_OBJECT
 
   public:
-    explicit BeatForm(MainFields& fields, EventBoundary& handlers, QWidget* parent = nullptr);
+    explicit BeatForm(ModFields& mods, Beat& beat, EventBoundary& handlers, QWidget* parent = nullptr);
     ~BeatForm() override;
 
   private:

@@ -8,9 +8,8 @@
 
 namespace quavix {
 
-FMODOptionsForm::FMODOptionsForm(MainFields& fields, SoundMods& sound, EventBoundary& handlers,
-                                 QWidget* owner)
-    : ModWindow(sound.UseFmod.FMODOptionsFormVisible, fields.UseFMODCheck, handlers, owner),
+FMODOptionsForm::FMODOptionsForm(ModFields& mods, SoundMods& sound, EventBoundary& handlers, QWidget* owner)
+    : ModWindow(sound.UseFmod.FMODOptionsFormVisible, mods.UseFMOD.Ticked, handlers, owner),
       ui_(std::make_unique<Ui::FMODOptionsForm>()) {
     ui_->setupUi(this);
     FmodToneGenerator& generator = sound.Generator;

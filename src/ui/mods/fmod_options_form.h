@@ -19,7 +19,7 @@ class FMODOptionsForm : public ModWindow {
     Q_OBJECT
 
   public:
-    FMODOptionsForm(MainFields& fields, SoundMods& sound, EventBoundary& handlers, QWidget* owner);
+    FMODOptionsForm(ModFields& mods, SoundMods& sound, EventBoundary& handlers, QWidget* owner);
     ~FMODOptionsForm() override;
 
   private:

@@ -10,9 +10,9 @@
 
 namespace quavix {
 
-MIDIFileForm::MIDIFileForm(MainFields& fields, MidiFilePlayback& midiFile, EventBoundary& handlers,
+MIDIFileForm::MIDIFileForm(ModFields& mods, MidiFilePlayback& midiFile, EventBoundary& handlers,
                            QWidget* owner)
-    : ModWindow(midiFile.MIDIFileFormVisible, fields.UseMIDIFileCheck, handlers, owner),
+    : ModWindow(midiFile.MIDIFileFormVisible, mods.UseMIDIFile.Ticked, handlers, owner),
       playback_(midiFile),
       handlers_(handlers),
       ui_(std::make_unique<Ui::MIDIFileForm>()) {

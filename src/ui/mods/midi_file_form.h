@@ -19,7 +19,7 @@ class MIDIFileForm : public ModWindow {
     Q_OBJECT
 
   public:
-    explicit MIDIFileForm(MainFields& fields, MidiFilePlayback& midiFile, EventBoundary& handlers,
+    explicit MIDIFileForm(ModFields& mods, MidiFilePlayback& midiFile, EventBoundary& handlers,
                           QWidget* owner = nullptr);
     ~MIDIFileForm() override;
 

@@ -7,8 +7,8 @@
 
 namespace quavix {
 
-MIDIInForm::MIDIInForm(MainFields& fields, MidiInput& midi, EventBoundary& handlers, QWidget* owner)
-    : ModWindow(midi.MIDIInFormVisible, fields.UseMIDIInCheck, handlers, owner),
+MIDIInForm::MIDIInForm(ModFields& mods, MidiInput& midi, EventBoundary& handlers, QWidget* owner)
+    : ModWindow(midi.MIDIInFormVisible, mods.UseMIDIIn.Ticked, handlers, owner),
       ui_(std::make_unique<Ui::MIDIInForm>()) {
     ui_->setupUi(this);
     ui_->cmbMIDIInDevice->Bind(

@@ -19,8 +19,7 @@ class MIDIInForm : public ModWindow {
     Q_OBJECT
 
   public:
-    explicit MIDIInForm(MainFields& fields, MidiInput& midi, EventBoundary& handlers,
-                        QWidget* owner = nullptr);
+    explicit MIDIInForm(ModFields& mods, MidiInput& midi, EventBoundary& handlers, QWidget* owner = nullptr);
     ~MIDIInForm() override;
 
   private:

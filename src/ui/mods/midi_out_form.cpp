@@ -9,8 +9,8 @@
 
 namespace quavix {
 
-MIDIOutForm::MIDIOutForm(MainFields& fields, MidiOutput& midi, EventBoundary& handlers, QWidget* owner)
-    : ModWindow(midi.Fields.MIDIOutFormVisible, fields.UseMIDIOutCheck, handlers, owner),
+MIDIOutForm::MIDIOutForm(ModFields& mods, MidiOutput& midi, EventBoundary& handlers, QWidget* owner)
+    : ModWindow(midi.Fields.MIDIOutFormVisible, mods.UseMIDIOut.Ticked, handlers, owner),
       ui_(std::make_unique<Ui::MIDIOutForm>()) {
     ui_->setupUi(this);
     ui_->cmbMIDIOutDevice->Bind(

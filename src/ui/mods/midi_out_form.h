@@ -19,7 +19,7 @@ class MIDIOutForm : public ModWindow {
     Q_OBJECT
 
   public:
-    explicit MIDIOutForm(MainFields& fields, MidiOutput& midi, EventBoundary& handlers,
+    explicit MIDIOutForm(ModFields& mods, MidiOutput& midi, EventBoundary& handlers,
                          QWidget* owner = nullptr);
     ~MIDIOutForm() override;
 

@@ -7,8 +7,7 @@ namespace quavix::text {
 
 /// One mod: its check box, with what it holds, and the message of its help button.
 struct Mod {
-    Watched<bool> MainFields::*Value;
-    Watched<bool> MainFields::*Enabled;
+    quavix::Mod ModFields::*Switch;
     /// The check box; the help button's name is the same with "HButton" in the place of "Check".
     const char* CheckName;
     const char* Caption;
@@ -18,8 +17,7 @@ struct Mod {
 };
 
 inline constexpr Mod UseFMOD{
-    &MainFields::UseFMODCheck,
-    &MainFields::UseFMODCheckEnabled,
+    &ModFields::UseFMOD,
     "UseFMODCheck",
     "Use FMOD",
     "Make the notes with the sound card instead of the internal PC speaker",
@@ -31,8 +29,7 @@ inline constexpr Mod UseFMOD{
     "The check box will be greyed out and unavailable otherwise.\r\n\r\n"
     "If it doesn't work for you, please see 'CONTACT' in info.txt (included with this program)."};
 
-inline constexpr Mod UseVoice{&MainFields::UseVoiceCheck,
-                              &MainFields::UseVoiceCheckEnabled,
+inline constexpr Mod UseVoice{&ModFields::UseVoice,
                               "UseVoiceCheck",
                               "Use voice",
                               "Make a voice sing the 'Note 2' column",
@@ -41,8 +38,7 @@ inline constexpr Mod UseVoice{&MainFields::UseVoiceCheck,
                               "This uses FMOD (See the question-mark button above this one)."};
 
 inline constexpr Mod UseMIDIOut{
-    &MainFields::UseMIDIOutCheck,
-    &MainFields::UseMIDIOutCheckEnabled,
+    &ModFields::UseMIDIOut,
     "UseMIDIOutCheck",
     "Use MIDI output",
     "Send every note to a MIDI device too",
@@ -53,8 +49,7 @@ inline constexpr Mod UseMIDIOut{
     "Please see 'MIDI OUTPUT MOD' in info.txt (included with this program) for more information."};
 
 inline constexpr Mod UseMIDIIn{
-    &MainFields::UseMIDIInCheck,
-    &MainFields::UseMIDIInCheckEnabled,
+    &ModFields::UseMIDIIn,
     "UseMIDIInCheck",
     "Use MIDI input",
     "Play the notes that come from a MIDI device",
@@ -70,8 +65,7 @@ inline constexpr Mod UseMIDIIn{
     "Please see the 'MIDI INPUT MOD' in info.txt (included with this program) for more information."};
 
 inline constexpr Mod UseMIDIFile{
-    &MainFields::UseMIDIFileCheck,
-    &MainFields::UseMIDIFileCheckEnabled,
+    &ModFields::UseMIDIFile,
     "UseMIDIFileCheck",
     "Play a MIDI file",
     "Play a MIDI file of your choosing",
@@ -88,8 +82,7 @@ inline constexpr Mod UseMIDIFile{
     "rather than play the notes yourself on an external keyboard, for example."};
 
 inline constexpr Mod UsePorta{
-    &MainFields::UsePortaCheck,
-    &MainFields::UsePortaCheckEnabled,
+    &ModFields::UsePorta,
     "UsePortaCheck",
     "Tweeble portamento",
     "Make the PC speaker gradually fade from one note to the next (clicked keys only)",
@@ -99,8 +92,7 @@ inline constexpr Mod UsePorta{
     "\"non-modified\" notes will be played over the top, blocking the portamento."};
 
 inline constexpr Mod UseMotor{
-    &MainFields::UseMotorCheck,
-    &MainFields::UseMotorCheckEnabled,
+    &ModFields::UseMotor,
     "UseMotorCheck",
     "Use motor-speed mod (via SSC-32 and SyRen10)",
     "Just in case you happen to have a spare microcontroller and motor speed controller lying around ;P",
@@ -111,8 +103,7 @@ inline constexpr Mod UseMotor{
     "music is played, so that it fits."};
 
 inline constexpr Mod UseBeat{
-    &MainFields::UseBeatCheck,
-    &MainFields::UseBeatCheckEnabled,
+    &ModFields::UseBeat,
     "UseBeatCheck",
     "Play a beat sound",
     "Make a beat-like sound on quarter-notes or half-notes",
@@ -122,8 +113,7 @@ inline constexpr Mod UseBeat{
     "what you'd expect from something as electronic as the system speaker. ;P"};
 
 inline constexpr Mod UseCircuitBent{
-    &MainFields::UseCircuitBentCheck,
-    &MainFields::UseCircuitBentCheckEnabled,
+    &ModFields::UseCircuitBent,
     "UseCircuitBentCheck",
     "Act as if circuit-bent",
     "Plays fast random notes all the time. Yeah, it's a waste.",
@@ -134,8 +124,7 @@ inline constexpr Mod UseCircuitBent{
     "So please make sure the volume of your external MIDI device is not set too high."};
 
 inline constexpr Mod UseSynchro{
-    &MainFields::UseSynchroCheck,
-    &MainFields::UseSynchroCheckEnabled,
+    &ModFields::UseSynchro,
     "UseSynchroCheck",
     "Synchronized play",
     "Start playing at a certain time, together with other computers",

@@ -7,9 +7,8 @@
 
 namespace quavix {
 
-PortamentoForm::PortamentoForm(MainFields& mainFields, PitchGlide& glide, EventBoundary& handlers,
-                               QWidget* parent)
-    : ModWindow(mainFields.UsePortaCheck, mainFields.UsePortaCheck, handlers, parent),
+PortamentoForm::PortamentoForm(ModFields& mods, PitchGlide& glide, EventBoundary& handlers, QWidget* parent)
+    : ModWindow(mods.UsePorta.Ticked, mods.UsePorta.Ticked, handlers, parent),
       ui_(std::make_unique<Ui::PortamentoForm>()) {
     ui_->setupUi(this);
     KeepWidthOf(ui_->lblPitchMultiple, "00.00%");

@@ -19,7 +19,7 @@ class PortamentoForm : public ModWindow {
     Q_OBJECT
 
   public:
-    explicit PortamentoForm(MainFields& mainFields, PitchGlide& glide, EventBoundary& handlers,
+    explicit PortamentoForm(ModFields& mods, PitchGlide& glide, EventBoundary& handlers,
                             QWidget* parent = nullptr);
     ~PortamentoForm() override;
 

@@ -7,8 +7,8 @@
 
 namespace quavix {
 
-SynchroForm::SynchroForm(MainFields& fields, SynchroPlay& synchro, EventBoundary& handlers, QWidget* owner)
-    : ModWindow(fields.UseSynchroCheck, fields.UseSynchroCheck, handlers, owner),
+SynchroForm::SynchroForm(ModFields& mods, SynchroPlay& synchro, EventBoundary& handlers, QWidget* owner)
+    : ModWindow(mods.UseSynchro.Ticked, mods.UseSynchro.Ticked, handlers, owner),
       ui_(std::make_unique<Ui::SynchroForm>()) {
     ui_->setupUi(this);
     for (const auto& [edit, box] :

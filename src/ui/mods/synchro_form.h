@@ -19,7 +19,7 @@ class SynchroForm : public ModWindow {
     Q_OBJECT
 
   public:
-    explicit SynchroForm(MainFields& fields, SynchroPlay& synchro, EventBoundary& handlers,
+    explicit SynchroForm(ModFields& mods, SynchroPlay& synchro, EventBoundary& handlers,
                          QWidget* owner = nullptr);
     ~SynchroForm() override;
 

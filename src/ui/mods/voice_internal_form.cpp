@@ -11,10 +11,11 @@
 
 namespace quavix {
 
-VoiceInternalForm::VoiceInternalForm(MainFields& fields, SoundMods& sound, EventBoundary& handlers,
-                                     QWidget* owner)
-    : ModWindow(sound.UseVoice.VoiceInternalFormVisible, fields.UseVoiceCheck, handlers, owner),
-      fields_(fields),
+VoiceInternalForm::VoiceInternalForm(ModFields& mods, OutputOptions& output, SoundMods& sound,
+                                     EventBoundary& handlers, QWidget* owner)
+    : ModWindow(sound.UseVoice.VoiceInternalFormVisible, mods.UseVoice.Ticked, handlers, owner),
+      mods_(mods),
+      output_(output),
       controls_(sound.UseVoice),
       handlers_(handlers),
       ui_(std::make_unique<Ui::VoiceInternalForm>()) {
@@ -38,7 +39,7 @@ void VoiceInternalForm::BindSliders() {
     Bind(ui_->SawVolSlider, controls_.SawVolSlider, parameter::SawVol, ui_->lblSawVol, controls_.lblSawVol);
     Bind(ui_->NoiseVolSlider, controls_.NoiseVolSlider, parameter::NoiseVol, ui_->lblNoiseVol,
          controls_.lblNoiseVol);
-    Bind(ui_->VoiceVolSlider, fields_.VoiceVolSlider, parameter::VoiceVol, ui_->lblVoiceVol,
+    Bind(ui_->VoiceVolSlider, output_.VoiceVolSlider, parameter::VoiceVol, ui_->lblVoiceVol,
          controls_.lblVoiceVol);
     Bind(ui_->CutoffFreqSlider, controls_.CutoffFreqSlider, parameter::CutoffFreq, ui_->lblCutoffFreq,
          controls_.lblCutoffFreq);

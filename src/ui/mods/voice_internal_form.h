@@ -22,7 +22,8 @@ class VoiceInternalForm : public ModWindow {
     Q_OBJECT
 
   public:
-    VoiceInternalForm(MainFields& fields, SoundMods& sound, EventBoundary& handlers, QWidget* owner);
+    VoiceInternalForm(ModFields& mods, OutputOptions& output, SoundMods& sound, EventBoundary& handlers,
+                      QWidget* owner);
     ~VoiceInternalForm() override;
 
   private:
@@ -32,7 +33,8 @@ class VoiceInternalForm : public ModWindow {
     void BindFormants();
     void BindVowels();
 
-    MainFields& fields_;
+    ModFields& mods_;
+    OutputOptions& output_;
     UseVoice& controls_;
     EventBoundary& handlers_;
     std::unique_ptr<Ui::VoiceInternalForm> ui_;

@@ -28,14 +28,15 @@ std::string MessageAbout(const std::string& module) {
     MainFields fields;
     NoHandles handles;
     ModuleMidiDevices devices(module, handles);
-    ControlInstaller controls(
-        {fields, p.Disk, p.Batches, p.Clipboard, p.Boxes, p.App.Wait, p.App.Log, "/program", "/windows"});
-    MidiOutput output({fields, devices.Out(), controls, p.App.Wait, p.Boxes, p.App.Handlers, p.App.Log});
+    ControlInstaller controls({fields.Mods, fields.State, p.Disk, p.Batches, p.Clipboard, p.Boxes, p.App.Wait,
+                               p.App.Log, "/program", "/windows"});
+    MidiOutput output(
+        {fields.Mods, fields.State, devices.Out(), controls, p.App.Wait, p.Boxes, p.App.Handlers, p.App.Log});
     for (int time = 1; time <= 2; ++time) {
-        fields.UseMIDIOutCheck = true;
-        EXPECT_FALSE(fields.UseMIDIOutCheck);
-        EXPECT_TRUE(fields.UseMIDIOutCheckEnabled) << "it may be put right";
-        EXPECT_FALSE(fields.UseMIDIOut);
+        fields.Mods.UseMIDIOut.Ticked = true;
+        EXPECT_FALSE(fields.Mods.UseMIDIOut.Ticked);
+        EXPECT_TRUE(fields.Mods.UseMIDIOut.Enabled) << "it may be put right";
+        EXPECT_FALSE(fields.Mods.UseMIDIOut.InUse);
         EXPECT_FALSE(output.Fields.MIDIOutFormVisible);
         EXPECT_EQ(p.Boxes.Shown().size(), static_cast<std::size_t>(time));
     }

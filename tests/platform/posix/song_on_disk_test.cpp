@@ -83,11 +83,11 @@ class SongOnDisk : public testing::Test {
     RecordedLoadingView Loading{Time, Timeline};
     PosixFiles Disk;
     DebugLog Log{Disk, Time, Folder.File("debuglog.txt")};
-    SongReader Reader{Fields, List, Disk, Boxes, Picker, Loading, Log};
-    SongWriter Writer{Fields, List, Disk, Boxes, Picker, Log};
+    SongReader Reader{Fields.Song, Fields.Entry, List, Disk, Boxes, Picker, Loading, Log};
+    SongWriter Writer{Fields.Song, Fields.Entry, List, Disk, Boxes, Picker, Log};
     Watched<bool> Modified;
-    SongDocument Document{{Fields, List, Reader, Writer, Disk, Boxes, Modified, [this] { Modified = false; },
-                           [this] { Modified = true; }}};
+    SongDocument Document{{Fields.Song, Fields.State, List, Reader, Writer, Disk, Boxes, Modified,
+                           [this] { Modified = false; }, [this] { Modified = true; }}};
     MainWindowEnabled View;
     SaveLoad Window{View, Document};
     std::string Saved;

@@ -120,18 +120,18 @@ int main(int argc, char** argv) {
                                  .StateFolder = StateFolderFromEnvironment(),
                                  .CommandLine = {}});
     application.WhenSignalled(signals.Handle(), [&] { desktop.CloseProgram(); });
-    app.Fields.TickFreq = ReadTickFreq(real.Time, app.Log);
+    app.Fields.State.TickFreq = ReadTickFreq(real.Time, app.Log);
     if (arguments[0] == "motor") {
         constexpr double LongMs = 600'000;
-        app.Fields.NoteSilenceRatio.Set(100);
-        app.Fields.UseMotorCheck = true;
+        app.Fields.Song.NoteSilenceRatio.Set(100);
+        app.Fields.Mods.UseMotor.Ticked = true;
         std::string note = "C4";
         app.Outputs.ToneDispatcher.UniBeep(note, LongMs);
     } else if (arguments[0] == "install") {
         return app.Outputs.ControlInstaller.CopyFileToSystem32(ControlInstaller::MidiDevicesControl) ? 0 : 1;
     } else if (arguments[0] == "midi" && arguments.size() == 5) {
-        app.Fields.MutePCSpeaker = true;
-        app.Fields.UseMIDIOutCheck = true;
+        app.Fields.Output.MutePCSpeaker = true;
+        app.Fields.Mods.UseMIDIOut.Ticked = true;
         const std::vector<std::string> names = app.Outputs.MidiOutput.Fields.MIDIOutDevices;
         const auto chosen = std::find(names.begin(), names.end(), arguments[2]);
         if (chosen == names.end())

@@ -45,8 +45,8 @@ std::vector<TimedEvent> Timetable(const std::string& song) {
     p.Disk.Put("song", song);
     p.Disk.Put("/windows/system32/midiio32.ocx", "module");
     p.MidiOut.Devices = {"synthesizer:in"};
-    p.App.Fields.MutePCSpeaker = true;
-    p.App.Fields.UseMIDIOutCheck = true;
+    p.App.Fields.Output.MutePCSpeaker = true;
+    p.App.Fields.Mods.UseMIDIOut.Ticked = true;
     p.Timeline.Clear();
     p.App.Outputs.MidiOutput.cmbMIDIOutDevice_Click(1);
     p.App.Outputs.MidiOutput.cmbInstrument_Click(Ocarina);

@@ -98,7 +98,7 @@ TEST(QtSerialPort, APulledPortIsNoticedByWhatIsWrittenToo) {
 
 /// The motor on a real port, in simulated time.
 struct MotorOnAPort {
-    MotorOnAPort() { Fields.UseMotorCheck = true; }
+    MotorOnAPort() { Fields.Mods.UseMotor.Ticked = true; }
 
     SimulatedTime Time;
     quavix::Timeline Timeline;
@@ -110,7 +110,7 @@ struct MotorOnAPort {
     Waiting Wait{Time, Time};
     PseudoTerminal Terminal;
     QtSerialPort Port{Terminal.PortName()};
-    MotorModModule Motor{{Fields, Port, Wait, Boxes, Handlers, Log}};
+    MotorModModule Motor{{Fields.Song, Fields.Mods, Fields.Output, Port, Wait, Boxes, Handlers, Log}};
 };
 
 TEST(MotorOnAPort, SendsEachCommandAtItsTime) {
@@ -128,33 +128,33 @@ TEST(MotorOnAPort, SendsEachCommandAtItsTime) {
 
 TEST(MotorOnAPort, PulledInTheMiddleItIsSwitchedOffWithOneMessage) {
     MotorOnAPort p;
-    EXPECT_TRUE(p.Fields.UseMotor);
+    EXPECT_TRUE(p.Fields.Mods.UseMotor.InUse);
     p.Time.At(100, [&] { p.Terminal.Pull(); });
     p.Motor.PlayNote("C1", 200);
-    EXPECT_FALSE(p.Fields.UseMotor);
-    EXPECT_FALSE(p.Fields.UseMotorCheck);
+    EXPECT_FALSE(p.Fields.Mods.UseMotor.InUse);
+    EXPECT_FALSE(p.Fields.Mods.UseMotor.Ticked);
     p.Motor.PlayNote("C1", 200);
     EXPECT_EQ(p.Boxes.Shown().size(), 1u);
 }
 
 TEST(MotorOnAPort, ABusyPortIsRefusedWithAMessageUntilItIsFree) {
     MotorOnAPort p;
-    p.Fields.UseMotorCheck = false;
+    p.Fields.Mods.UseMotor.Ticked = false;
     QtSerialPort other;
     EXPECT_EQ(other.Open(p.Terminal.PortName(), {}), "");
-    p.Fields.UseMotorCheck = true;
-    EXPECT_FALSE(p.Fields.UseMotorCheck);
+    p.Fields.Mods.UseMotor.Ticked = true;
+    EXPECT_FALSE(p.Fields.Mods.UseMotor.Ticked);
     EXPECT_EQ(p.Boxes.Shown().size(), 1u);
     other.Close();
-    p.Fields.UseMotorCheck = true;
-    EXPECT_TRUE(p.Fields.UseMotor);
+    p.Fields.Mods.UseMotor.Ticked = true;
+    EXPECT_TRUE(p.Fields.Mods.UseMotor.InUse);
 }
 
 TEST(MotorOnAPort, UntickedItLeavesThePortFreeAndTheMotorStopped) {
     MotorOnAPort p;
-    p.Fields.NoteSilenceRatio.Set(100);
+    p.Fields.Song.NoteSilenceRatio.Set(100);
     p.Motor.PlayNote("C1", 10);
-    p.Fields.UseMotorCheck = false;
+    p.Fields.Mods.UseMotor.Ticked = false;
     EXPECT_EQ(p.Terminal.WaitFor("#0P1350\r#0P1470\r"), "#0P1350\r#0P1470\r");
     QtSerialPort other;
     EXPECT_EQ(other.Open(p.Terminal.PortName(), {}), "");

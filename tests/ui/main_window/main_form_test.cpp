@@ -55,27 +55,27 @@ TEST(MainForm, DebugLoggingIsAnnouncedOnlyWhileItIsOn) {
 TEST(MainForm, ChecksSwitchWhatTheySay) {
     test::UiProgram p;
     p.Click("MuteTweebleCheck");
-    EXPECT_TRUE(p.App.Fields.MutePCSpeaker);
+    EXPECT_TRUE(p.App.Fields.Output.MutePCSpeaker);
     p.Click("MuteTweebleCheck");
-    EXPECT_FALSE(p.App.Fields.MutePCSpeaker);
+    EXPECT_FALSE(p.App.Fields.Output.MutePCSpeaker);
     p.Click("PlayNote1Check");
-    EXPECT_FALSE(p.App.Fields.PlayNote1Check);
+    EXPECT_FALSE(p.App.Fields.Song.PlayNote1Check);
     p.Click("ClickPlayNote2Check");
-    EXPECT_FALSE(p.App.Fields.ClickPlayNote2Check);
-    EXPECT_TRUE(p.App.Fields.PlayNote2Check);
+    EXPECT_FALSE(p.App.Fields.Song.ClickPlayNote2Check);
+    EXPECT_TRUE(p.App.Fields.Song.PlayNote2Check);
 }
 
 TEST(MainForm, DoNotUpdateStaysUntickedWhereTheUserSaysNo) {
     test::UiProgram p;
-    p.App.Fields.UseBeatCheck = true;
+    p.App.Fields.Mods.UseBeat.Ticked = true;
     p.Boxes.AnswerNext(BoxAnswer::No);
     p.Click("NoUpdateCheck");
     EXPECT_FALSE(p.Find<QCheckBox>("NoUpdateCheck").isChecked());
-    EXPECT_FALSE(p.App.Fields.UseNoUpdate);
+    EXPECT_FALSE(p.App.Editing.PositionDisplay.NoUpdateCheck);
     p.Boxes.AnswerNext(BoxAnswer::Yes);
     p.Click("NoUpdateCheck");
     EXPECT_TRUE(p.Find<QCheckBox>("NoUpdateCheck").isChecked());
-    EXPECT_TRUE(p.App.Fields.UseNoUpdate);
+    EXPECT_TRUE(p.App.Editing.PositionDisplay.NoUpdateCheck);
 }
 
 TEST(MainForm, TheQuestionMarkExplainsDoNotUpdate) {

@@ -144,9 +144,9 @@ TEST(MainForm, SpacePlaysAndEscapeStopsWhereNoControlWantsThem) {
     list.setFocus();
     bool played = false;
     p.Time.At(100, [&] {
-        played = p.App.Fields.MusicIsPlaying;
+        played = p.App.Fields.State.MusicIsPlaying;
         QTest::keyClick(&list, Qt::Key_Escape);
-        EXPECT_FALSE(p.App.Fields.MusicIsPlaying);
+        EXPECT_FALSE(p.App.Fields.State.MusicIsPlaying);
     });
     QTest::keyClick(&list, Qt::Key_Space);
     EXPECT_TRUE(played);

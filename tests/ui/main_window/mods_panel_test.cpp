@@ -13,7 +13,7 @@ TEST(ModsPanel, EachCheckBoxIsItsModsOwn) {
         EXPECT_EQ(check.text(), mod->Caption);
         EXPECT_EQ(check.toolTip(), mod->ToolTip);
         for (const bool enabled : {false, true}) {
-            p.App.Fields.*mod->Enabled = enabled;
+            (p.App.Fields.Mods.*mod->Switch).Enabled = enabled;
             EXPECT_EQ(check.isEnabled(), enabled) << mod->CheckName;
         }
     }
@@ -27,7 +27,7 @@ TEST(ModsPanel, TheMotorsOctaveAndPortAreChosenBelowItsCheckBox) {
     EXPECT_EQ(slider.minimum(), 0);
     EXPECT_EQ(slider.maximum(), 6);
     slider.setValue(5);
-    EXPECT_EQ(p.App.Fields.MotorOct, 5);
+    EXPECT_EQ(p.App.Fields.Output.MotorOct, 5);
     EXPECT_EQ(p.TextOf("lblMotorOctValue"), "5");
 
     p.Comm.Present = {"ttyUSB0", "ttyUSB1"};

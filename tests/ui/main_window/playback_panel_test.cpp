@@ -6,7 +6,7 @@ namespace {
 
 TEST(PlaybackPanel, PlayAllPlaysUntilStopIsClicked) {
     test::UiProgram p;
-    p.App.Fields.BPM.Type("120");
+    p.App.Fields.Song.BPM.Type("120");
     p.SetSong({"Quarter C4 - -", "Quarter E4 - -"});
     p.ClickAt(1200, "StopPlayButton");
     p.Click("PlayAllButton");
@@ -91,7 +91,7 @@ TEST(PlaybackPanel, BeepIsShownWhileAToneSoundsAndMovesNothing) {
 TEST(PlaybackPanel, AnErrorInPlaybackIsShownAndThePlayButtonsWorkAgain) {
     test::UiProgram p;
     p.SetSong({"Quarter C4 - -"});
-    p.App.Fields.BPM.Set(0);
+    p.App.Fields.Song.BPM.Set(0);
     p.Click("PlayAllButton");
     ASSERT_EQ(p.Boxes.Shown().size(), 1u);
     EXPECT_EQ(p.Boxes.Shown()[0].Text.substr(0, 15), "Run-time error ");

@@ -17,7 +17,7 @@ QColor BackgroundOf(const QLineEdit& field) {
 TEST(TimingPanel, ATypedTempoIsTheTempo) {
     test::UiProgram p;
     Type(p.Find<QLineEdit>("BPMText"), "200");
-    EXPECT_EQ(p.App.Fields.BPM, 200);
+    EXPECT_EQ(p.App.Fields.Song.BPM, 200);
 }
 
 TEST(TimingPanel, ATempoOutsideItsRangeIsMarkedOrangeAndIgnored) {
@@ -28,10 +28,10 @@ TEST(TimingPanel, ATempoOutsideItsRangeIsMarkedOrangeAndIgnored) {
     EXPECT_EQ(BackgroundOf(field), QColor(255, 128, 0));
     EXPECT_EQ(field.palette().color(QPalette::Text), QColor(Qt::black));
     EXPECT_EQ(field.text(), "700");
-    EXPECT_EQ(p.App.Fields.BPM, 70);  // typed on the way there
+    EXPECT_EQ(p.App.Fields.Song.BPM, 70);  // typed on the way there
     Type(field, "600");
     EXPECT_EQ(BackgroundOf(field), ordinary);
-    EXPECT_EQ(p.App.Fields.BPM, 600);
+    EXPECT_EQ(p.App.Fields.Song.BPM, 600);
 }
 
 TEST(TimingPanel, TextThatIsNoNumberRevertsToTheTempo) {
@@ -43,7 +43,7 @@ TEST(TimingPanel, TextThatIsNoNumberRevertsToTheTempo) {
     field.selectAll();
     field.paste();
     EXPECT_EQ(field.text(), "140");
-    EXPECT_EQ(p.App.Fields.BPM, 140);
+    EXPECT_EQ(p.App.Fields.Song.BPM, 140);
 }
 
 TEST(TimingPanel, TheArrowsStepTheTempoByFiveWithinItsRange) {
@@ -53,7 +53,7 @@ TEST(TimingPanel, TheArrowsStepTheTempoByFiveWithinItsRange) {
     EXPECT_EQ(field.text(), "145");
     p.Click("BPMUpDownDown");
     p.Click("BPMUpDownDown");
-    EXPECT_EQ(p.App.Fields.BPM, 135);
+    EXPECT_EQ(p.App.Fields.Song.BPM, 135);
     Type(field, "42");
     QTest::keyClick(&field, Qt::Key_Down);
     EXPECT_EQ(field.text(), "40");
@@ -68,10 +68,10 @@ TEST(TimingPanel, TheAlternateTimeIsCheckedTheSameWay) {
     const QColor ordinary = BackgroundOf(field);
     Type(field, "14");
     EXPECT_EQ(BackgroundOf(field), QColor(255, 128, 0));
-    EXPECT_EQ(p.App.Fields.AlternateTime, 20);
+    EXPECT_EQ(p.App.Fields.Song.AlternateTime, 20);
     Type(field, "15");
     EXPECT_EQ(BackgroundOf(field), ordinary);
-    EXPECT_EQ(p.App.Fields.AlternateTime, 15);
+    EXPECT_EQ(p.App.Fields.Song.AlternateTime, 15);
 }
 
 TEST(TimingPanel, SlidersShowTheirNumbers) {
@@ -80,7 +80,7 @@ TEST(TimingPanel, SlidersShowTheirNumbers) {
     EXPECT_EQ(p.TextOf("NoteSilenceRatioLabel"), "90%");
     QTest::keyClick(&p.Find<QSlider>("TimeSigSlider"), Qt::Key_Left);
     EXPECT_EQ(p.TextOf("lblTimeSig"), "3");
-    EXPECT_EQ(p.App.Fields.BeatsPerBar, 3);
+    EXPECT_EQ(p.App.Fields.Song.BeatsPerBar, 3);
     QTest::keyClick(&p.Find<QSlider>("NoteSilenceRatioSlider"), Qt::Key_Home);
     EXPECT_EQ(p.TextOf("NoteSilenceRatioLabel"), "00%");
     QTest::keyClick(&p.Find<QSlider>("NoteSilenceRatioSlider"), Qt::Key_End);
@@ -121,9 +121,9 @@ TEST(TimingPanel, WhileMusicPlaysTheMetronomeIsOff) {
 
 TEST(TimingPanel, ControlsFollowWhatTheProgramSets) {
     test::UiProgram p;
-    p.App.Fields.BPM.Type("99");
-    p.App.Fields.BeatsPerBar.Set(7);
-    p.App.Fields.PlayNote2Check = false;
+    p.App.Fields.Song.BPM.Type("99");
+    p.App.Fields.Song.BeatsPerBar.Set(7);
+    p.App.Fields.Song.PlayNote2Check = false;
     EXPECT_EQ(p.Find<QLineEdit>("BPMText").text(), "99");
     EXPECT_EQ(p.Find<QSlider>("TimeSigSlider").value(), 7);
     EXPECT_EQ(p.TextOf("lblTimeSig"), "7");
@@ -143,9 +143,9 @@ TEST(TimingPanel, WhatAssistiveTechnologyWritesIsCheckedAndTaken) {
     test::UiProgram p;
     auto& field = p.Find<QLineEdit>("BPMText");
     WriteAssisted(field, "200");
-    EXPECT_EQ(p.App.Fields.BPM, 200);
+    EXPECT_EQ(p.App.Fields.Song.BPM, 200);
     WriteAssisted(field, "601");
-    EXPECT_EQ(p.App.Fields.BPM, 200);
+    EXPECT_EQ(p.App.Fields.Song.BPM, 200);
     EXPECT_EQ(BackgroundOf(field), QColor(255, 128, 0));
     WriteAssisted(field, "quick");
     EXPECT_EQ(field.text(), "200");

@@ -13,17 +13,17 @@ TEST(BeatForm, IsShownWhileTheBeatIsTickedAndUnticksItWhenClosed) {
     check.click();
     auto& form = p.Find<BeatForm>("BeatForm");
     EXPECT_TRUE(form.isVisible());
-    EXPECT_TRUE(p.App.Fields.UseBeat);
+    EXPECT_TRUE(p.App.Fields.Mods.UseBeat.InUse);
     check.click();
     EXPECT_FALSE(form.isVisible());
-    EXPECT_FALSE(p.App.Fields.UseBeat);
+    EXPECT_FALSE(p.App.Fields.Mods.UseBeat.InUse);
     check.click();
     EXPECT_TRUE(form.isVisible());
     EXPECT_EQ(p.Form.findChildren<BeatForm*>().size(), 1);
     form.close();
     EXPECT_FALSE(form.isVisible());
     EXPECT_FALSE(check.isChecked());
-    EXPECT_FALSE(p.App.Fields.UseBeat);
+    EXPECT_FALSE(p.App.Fields.Mods.UseBeat.InUse);
 }
 
 TEST(BeatForm, LeavesTheCheckBoxesFree) {
@@ -38,9 +38,9 @@ TEST(BeatForm, ChoosesTheBeats) {
     p.Find<QCheckBox>("UseBeatCheck").click();
     EXPECT_TRUE(p.Find<QRadioButton>("optBeatAll").isChecked());
     p.Find<QRadioButton>("optBeatEven").click();
-    EXPECT_TRUE(p.App.Fields.BeatEvenOnly);
+    EXPECT_FALSE(p.App.Playing.Beat.optBeatAll);
     p.Find<QRadioButton>("optBeatAll").click();
-    EXPECT_FALSE(p.App.Fields.BeatEvenOnly);
+    EXPECT_TRUE(p.App.Playing.Beat.optBeatAll);
 }
 
 TEST(BeatForm, TickedUnderDoNotUpdateTheCheckBoxAsksFirst) {

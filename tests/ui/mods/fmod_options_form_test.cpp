@@ -40,7 +40,7 @@ TEST(FMODOptionsForm, ClosingItSwitchesFmodOff) {
     FmodProgram p;
     p.Click("UseFMODCheck");
     p.Options().close();
-    EXPECT_FALSE(p.App.Fields.UseFMOD);
+    EXPECT_FALSE(p.App.Fields.Mods.UseFMOD.InUse);
     EXPECT_FALSE(p.Find<QCheckBox>("UseFMODCheck").isChecked());
     EXPECT_FALSE(p.Options().isVisible());
 }
@@ -63,7 +63,7 @@ TEST(FMODOptionsForm, NeverSilentMovesTheRatioOnTheMainWindowAndBack) {
     FmodProgram p;
     p.Click("UseFMODCheck");
     p.Find<QCheckBox>("NeverSilentCheck").click();
-    EXPECT_TRUE(p.App.Fields.DoNotShutUpFMOD);
+    EXPECT_TRUE(p.App.Fields.Output.DoNotShutUpFMOD);
     EXPECT_EQ(p.Find<QSlider>("NoteSilenceRatioSlider").value(), 100);
     EXPECT_EQ(p.TextOf("NoteSilenceRatioLabel"), "100%");
     p.Find<QCheckBox>("NeverSilentCheck").click();

@@ -136,9 +136,9 @@ TEST(MIDIInForm, TheBoxesSetTheirSwitches) {
     p.Find<QCheckBox>("OnlyOnceCheck").click();
     EXPECT_TRUE(p.App.Playing.MidiInput.OnlyPlayNoteOnce);
     p.Find<QCheckBox>("AutoTimeCheck").click();
-    p.App.Fields.AlternateTime.Type("77");
+    p.App.Fields.Song.AlternateTime.Type("77");
     p.Hold(3);
-    EXPECT_EQ(p.App.Fields.AlternateTime.Text(), "77");
+    EXPECT_EQ(p.App.Fields.Song.AlternateTime.Text(), "77");
 }
 
 TEST(MIDIInForm, DevicesAreSearchedForWhenTheListIsOpenedAndChosenThere) {
@@ -175,9 +175,9 @@ TEST(MIDIInForm, ClosingItSwitchesMidiInputOff) {
     p.Window().close();
     EXPECT_FALSE(p.Find<QCheckBox>("UseMIDIInCheck").isChecked());
     EXPECT_FALSE(p.Window().isVisible());
-    EXPECT_FALSE(p.App.Fields.MIDIInIsOpen);
+    EXPECT_FALSE(p.App.Playing.MidiInput.MIDIInIsOpen);
     EXPECT_EQ(p.Timeline.Text("midi in"), "0.0000 midi in closes\n");
-    EXPECT_TRUE(p.App.Fields.UseMIDIFileCheckEnabled);
+    EXPECT_TRUE(p.App.Fields.Mods.UseMIDIFile.Enabled);
     p.Find<QCheckBox>("UseMIDIInCheck").click();
     EXPECT_TRUE(p.Window().isVisible()) << "it is still the same window";
 }

@@ -25,7 +25,7 @@ TEST(MIDIOutForm, IsShownWhileItsModIsTickedAndUnticksItWhenClosed) {
     MIDIOutForm& form = p.Open();
     EXPECT_TRUE(form.isVisible());
     EXPECT_EQ(form.windowTitle(), "MIDI Output Settings");
-    EXPECT_TRUE(p.App.Fields.UseMIDIOut);
+    EXPECT_TRUE(p.App.Fields.Mods.UseMIDIOut.InUse);
     form.close();
     EXPECT_FALSE(form.isVisible());
     EXPECT_FALSE(p.Find<QCheckBox>("UseMIDIOutCheck").isChecked());

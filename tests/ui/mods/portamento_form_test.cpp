@@ -16,11 +16,11 @@ TEST(PortamentoForm, IsShownWhileItsModIsTickedAndUnticksItWhenClosed) {
     PortamentoForm& form = Open(p);
     EXPECT_TRUE(form.isVisible());
     EXPECT_EQ(form.windowTitle(), "Tweeble Portamento Settings");
-    EXPECT_TRUE(p.App.Fields.UsePortamento);
+    EXPECT_TRUE(p.App.Fields.Mods.UsePorta.InUse);
     QTest::keyClick(&form, Qt::Key_Escape);
     EXPECT_FALSE(form.isVisible());
     EXPECT_FALSE(p.Find<QCheckBox>("UsePortaCheck").isChecked());
-    EXPECT_FALSE(p.App.Fields.UsePortamento);
+    EXPECT_FALSE(p.App.Fields.Mods.UsePorta.InUse);
 }
 
 TEST(PortamentoForm, SaysWhatItsControlsAreWordForWord) {

@@ -27,7 +27,7 @@ TEST(VoiceInternalForm, IsShownWhileTheVoiceIsInUse) {
     EXPECT_EQ(p.Timeline.Text(), "0.0000 fmod FMOD_ChannelGroup_SetVolume(VoiceChannel1, 0)\n");
     p.Click("UseVoiceCheck");
     p.Controls().close();
-    EXPECT_FALSE(p.App.Fields.UseVoiceCheck);
+    EXPECT_FALSE(p.App.Fields.Mods.UseVoice.Ticked);
     EXPECT_FALSE(p.Controls().isVisible());
 }
 

@@ -122,7 +122,7 @@ TEST(MusicListView, TheModifierBoxesAndThePositionFollowTheArrowKeysInSilence) {
     EXPECT_EQ(shown(), "D01 ");
     EXPECT_EQ(p.Timeline.Text("speaker"), "");
     EXPECT_EQ(p.Row(2), "Quarter,E4,,tri");
-    EXPECT_FALSE(p.App.Fields.CanUndo);
+    EXPECT_FALSE(p.App.Editing.EditHistory.CanUndo);
 }
 
 TEST(MusicListView, AClickThatTakesTheHighlightAwayShowsTheEndOfTheSong) {
@@ -155,7 +155,7 @@ TEST(MusicListView, AClickOnARowsNumberIsAClickOnTheRow) {
 
 TEST(MusicListView, ALineThatIsAppendedIsScrolledIntoView) {
     test::UiProgram p;
-    p.App.Fields.NoteClickPlayCheck = false;
+    p.App.Fields.Entry.NoteClickPlayCheck = false;
     for (int note = 0; note < 100; ++note)
         p.App.Playing.PianoKeys.PianoKey_Click(12);
     EXPECT_TRUE(ListOf(p).viewport()->rect().contains(MiddleOf(ListOf(p), 100)));

@@ -151,7 +151,7 @@ TEST(PianoKeyboard, IsAGroupOfNamedButtonsToAssistiveTechnology) {
     EXPECT_FALSE(key->state().pressed);
     piano.setFocus();
     EXPECT_EQ(group->focusChild(), key);
-    p.App.Fields.PianoKeysEnabled = false;
+    p.App.Fields.View.PianoKeysEnabled = false;
     EXPECT_TRUE(key->state().disabled);
 }
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "music/mod_buttons.h"
+#include "music/dotted_triplet_boxes.h"
 
 #include <gtest/gtest.h>
 
@@ -23,48 +23,48 @@ class DottedTripletTest : public testing::Test {
     SimulatedTime Time;
     SimulatedFiles Disk;
     DebugLog Log{Disk, Time, "log"};
-    EditHistory History{Fields, List};
-    ModButtons Mods{Fields, List, History, Log};
+    EditHistory History{Fields.Song, List};
+    DottedTripletBoxes Boxes{Fields.Entry, List, History, Log};
 };
 
 TEST_F(DottedTripletTest, DottedAndTripletExcludeEachOtherAndWriteTheSelectedLine) {
     List.Select(1);
-    Mods.UpdateModButtons();
-    EXPECT_TRUE(Fields.ModTripletCheck);
-    Fields.ModDottedCheck = true;
-    EXPECT_TRUE(Fields.ModDottedCheck);
-    EXPECT_FALSE(Fields.ModTripletCheck);
+    Boxes.UpdateModButtons();
+    EXPECT_TRUE(Fields.Entry.ModTripletCheck);
+    Fields.Entry.ModDottedCheck = true;
+    EXPECT_TRUE(Fields.Entry.ModDottedCheck);
+    EXPECT_FALSE(Fields.Entry.ModTripletCheck);
     EXPECT_EQ(ModOf(1), "Dot");
-    Fields.ModTripletCheck = true;
-    EXPECT_FALSE(Fields.ModDottedCheck);
+    Fields.Entry.ModTripletCheck = true;
+    EXPECT_FALSE(Fields.Entry.ModDottedCheck);
     EXPECT_EQ(ModOf(1), "Tri");
-    Fields.ModTripletCheck = false;
+    Fields.Entry.ModTripletCheck = false;
     EXPECT_EQ(ModOf(1), "");
 }
 
 TEST_F(DottedTripletTest, WithoutASelectedLineTheBoxesOnlyPresetTheNextNote) {
-    Fields.ModDottedCheck = true;
+    Fields.Entry.ModDottedCheck = true;
     EXPECT_EQ(ModOf(1), "Tri");
     EXPECT_EQ(ModOf(2), "");
-    Mods.UpdateModButtons();
-    EXPECT_TRUE(Fields.ModDottedCheck);
+    Boxes.UpdateModButtons();
+    EXPECT_TRUE(Fields.Entry.ModDottedCheck);
 }
 
 TEST_F(DottedTripletTest, TheBoxesFollowTheSelectedLineInAnyLetterCase) {
     Log.Enable();
     List.SetText(2, Cell::Mod, "DOT");
     List.Select(2);
-    Mods.UpdateModButtons();
-    EXPECT_TRUE(Fields.ModDottedCheck);
+    Boxes.UpdateModButtons();
+    EXPECT_TRUE(Fields.Entry.ModDottedCheck);
     List.Select(1);
-    Mods.UpdateModButtons();
-    EXPECT_TRUE(Fields.ModTripletCheck);
-    EXPECT_FALSE(Fields.ModDottedCheck);
+    Boxes.UpdateModButtons();
+    EXPECT_TRUE(Fields.Entry.ModTripletCheck);
+    EXPECT_FALSE(Fields.Entry.ModDottedCheck);
     EXPECT_EQ(ModOf(1), "Tri");
     List.SetText(2, Cell::Mod, "");
     List.Select(2);
-    Mods.UpdateModButtons();
-    EXPECT_FALSE(Fields.ModTripletCheck);
+    Boxes.UpdateModButtons();
+    EXPECT_FALSE(Fields.Entry.ModTripletCheck);
     EXPECT_EQ(Disk.Content("log"),
               "12:00:00 - UpdateModButtons() - Dotted\r\n12:00:00 - UpdateModButtons() - Triplet\r\n");
 }

@@ -11,11 +11,11 @@ namespace quavix {
 /// The Dotted and Triplet boxes: at most one is ticked, and they write the Mod of the selected lines. Without
 /// a selected line they only preset the next note's. Watches the boxes for as long as the fields live, and
 /// must live as long.
-class ModButtons {
+class DottedTripletBoxes {
   public:
-    ModButtons(MainFields& fields, MusicList& list, EditHistory& history, DebugLog& log);
-    ModButtons(const ModButtons&) = delete;
-    ModButtons& operator=(const ModButtons&) = delete;
+    DottedTripletBoxes(EntryOptions& entry, MusicList& list, EditHistory& history, DebugLog& log);
+    DottedTripletBoxes(const DottedTripletBoxes&) = delete;
+    DottedTripletBoxes& operator=(const DottedTripletBoxes&) = delete;
 
     void ModDottedCheck_Click();
     void ModTripletCheck_Click();
@@ -27,7 +27,7 @@ class ModButtons {
   private:
     void Clicked(bool ticked, Watched<bool>& other, const char* mod);
 
-    MainFields& fields_;
+    EntryOptions& entry_;
     MusicList& list_;
     EditHistory& history_;
     DebugLog& log_;
