@@ -5,7 +5,7 @@
 #include <benchmark/benchmark.h>
 #include <fmt/format.h>
 
-#include "sound_engine/sound_engine.h"
+#include "modules/sound_engine/sound_engine.h"
 
 namespace quavix {
 namespace {

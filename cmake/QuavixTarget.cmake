@@ -35,7 +35,7 @@ function(quavix_implemented_by name implementation)
     set_property(TARGET ${name} APPEND PROPERTY INTERFACE_LINK_LIBRARIES $<LINK_ONLY:${implementation}>)
 endfunction()
 
-# The C interfaces of the modules, for those who load them: #include "modules/NAME/NAME_module.h".
+# The C interfaces of the modules, for those who load them: #include "modules/NAME/...".
 add_library(quavix_module_interfaces INTERFACE)
 target_include_directories(quavix_module_interfaces INTERFACE ${PROJECT_SOURCE_DIR})
 
@@ -51,6 +51,8 @@ function(quavix_module name)
     if(NOT QUAVIX_SANITIZE)
         target_link_options(${name} PRIVATE -Wl,--no-undefined)
     endif()
+    target_link_options(${name} PRIVATE LINKER:--version-script=${PROJECT_SOURCE_DIR}/modules/exports.map)
+    set_property(TARGET ${name} APPEND PROPERTY LINK_DEPENDS ${PROJECT_SOURCE_DIR}/modules/exports.map)
     set_target_properties(${name}_objects ${name} PROPERTIES
         POSITION_INDEPENDENT_CODE ON CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON)
     set_target_properties(${name} PROPERTIES

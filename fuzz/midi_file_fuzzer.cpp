@@ -132,11 +132,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         QuavixMidiFileRead(data + Stops, size - Stops, &sink, detail.data(), detail.size() - 1);
     Require(detail.back() == 'x' && std::strlen(detail.data()) < detail.size() - 2,
             "details are short enough");
-    Require((detail[0] == '\0') == (result == QuavixMidiFileOk), "a failure says why");
-    Require((result == QuavixMidiFileStopped) == seen.Stopped, "a stop is a stop");
-    Require(result != QuavixMidiFileOk || (seen.Header && seen.Tracks > 0),
+    Require((detail[0] == '\0') == (result == QUAVIX_MIDI_FILE_OK), "a failure says why");
+    Require((result == QUAVIX_MIDI_FILE_STOPPED) == seen.Stopped, "a stop is a stop");
+    Require(result != QUAVIX_MIDI_FILE_OK || (seen.Header && seen.Tracks > 0),
             "a file has a header and a track");
-    if (result == QuavixMidiFileOk)
+    if (result == QUAVIX_MIDI_FILE_OK)
         Decode(std::move(seen.Content), seen.Events, data[1]);
     return 0;
 }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <cstring>
 #include <optional>
@@ -16,10 +17,10 @@ inline constexpr std::string_view TrackName = "MTrk";
 /// The bytes of a file, asked by their offsets. Chunks and numbers are big-endian except where said.
 class FileBytes {
   public:
-    FileBytes(const std::uint8_t* data, std::uint64_t size) : data_(data), size_(size) {}
+    FileBytes(const std::uint8_t* data, std::size_t size) : data_(data), size_(size) {}
 
     std::uint64_t Size() const { return size_; }
-    const std::uint8_t* At(std::uint64_t offset) const { return data_ + offset; }
+    const std::uint8_t* At(std::uint64_t offset) const { return data_ + static_cast<std::size_t>(offset); }
 
     bool Has(std::uint64_t offset, std::uint64_t count) const {
         return offset <= size_ && count <= size_ - offset;
@@ -29,7 +30,7 @@ class FileBytes {
     }
     /// Two and four bytes that are there.
     std::uint32_t U16(std::uint64_t offset) const {
-        return static_cast<std::uint32_t>(data_[offset] << 8U | data_[offset + 1]);
+        return static_cast<std::uint32_t>(At(offset)[0] << 8U | At(offset)[1]);
     }
     std::uint32_t U32(std::uint64_t offset) const { return U16(offset) << 16U | U16(offset + 2); }
     std::uint32_t LittleEndian32(std::uint64_t offset) const { return __builtin_bswap32(U32(offset)); }
@@ -40,7 +41,7 @@ class FileBytes {
         if (!Has(offset, ChunkHeadSize))
             return false;
         for (std::uint64_t i = offset; i < offset + ChunkNameSize; ++i) {
-            if (data_[i] < ' ' || data_[i] > '~')
+            if (*At(i) < ' ' || *At(i) > '~')
                 return false;
         }
         return Has(offset + ChunkHeadSize, U32(offset + ChunkNameSize));
@@ -50,14 +51,14 @@ class FileBytes {
     std::optional<std::uint64_t> Find(std::string_view text, std::uint64_t from, std::uint64_t end) const {
         if (from >= end || end > size_)
             return {};
-        const std::string_view all(reinterpret_cast<const char*>(data_), end);
-        const std::size_t found = all.find(text, from);
+        const std::string_view all(reinterpret_cast<const char*>(data_), static_cast<std::size_t>(end));
+        const std::size_t found = all.find(text, static_cast<std::size_t>(from));
         return found == std::string_view::npos ? std::nullopt : std::optional<std::uint64_t>(found);
     }
 
   private:
     const std::uint8_t* data_;
-    std::uint64_t size_;
+    std::size_t size_;
 };
 
 }  // namespace quavix::midi_file

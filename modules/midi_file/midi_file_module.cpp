@@ -15,10 +15,10 @@ namespace {
 std::int32_t ReadChunks(const FileBytes& bytes, std::uint64_t chunk, std::uint32_t declaredTracks,
                         TrackReader& tracks, Messages& messages) {
     while (tracks.Tracks() < QUAVIX_MIDI_FILE_TRACKS) {
-        if (const std::int32_t result = tracks.Progress(chunk); result != QuavixMidiFileOk)
+        if (const std::int32_t result = tracks.Progress(chunk); result != QUAVIX_MIDI_FILE_OK)
             return result;
         if (bytes.Is(chunk, TrackName) && bytes.Has(chunk, ChunkHeadSize)) {
-            if (const std::int32_t result = tracks.Read(chunk); result != QuavixMidiFileOk)
+            if (const std::int32_t result = tracks.Read(chunk); result != QUAVIX_MIDI_FILE_OK)
                 return result;
             continue;
         }
@@ -38,31 +38,31 @@ std::int32_t ReadChunks(const FileBytes& bytes, std::uint64_t chunk, std::uint32
         messages.Remark(chunk, "%" PRIu32 " tracks instead of %" PRIu32 ".", tracks.Tracks(), declaredTracks);
     if (chunk < bytes.Size())
         messages.Remark(chunk, "passed over what stands behind the last track.");
-    return QuavixMidiFileOk;
+    return QUAVIX_MIDI_FILE_OK;
 }
 
 std::int32_t Read(const FileBytes& bytes, const QuavixMidiFileSink& sink, Messages& messages) {
     FileHeader header;
     if (!ReadHeader(bytes, messages, header))
-        return QuavixMidiFileUnreadable;
+        return QUAVIX_MIDI_FILE_UNREADABLE;
     if (sink.Header != nullptr && sink.Header(sink.User, &header.Says) != 0)
-        return QuavixMidiFileStopped;
+        return QUAVIX_MIDI_FILE_STOPPED;
     TrackReader tracks(bytes, header.WrapperEnd, sink, messages);
     const std::int32_t result =
         ReadChunks(bytes, header.ChunksBegin, header.Says.DeclaredTracks, tracks, messages);
-    if (result != QuavixMidiFileOk)
+    if (result != QUAVIX_MIDI_FILE_OK)
         return result;
     if (tracks.Tracks() == 0) {
         messages.Fail(header.ChunksBegin, "the file has no track.");
-        return QuavixMidiFileUnreadable;
+        return QUAVIX_MIDI_FILE_UNREADABLE;
     }
     if (const char* damage = tracks.OnlyDamage()) {
         messages.Fail(tracks.DamageOffset(),
                       "track %" PRIu32 " has %s, and nothing else in the file can be played.",
                       tracks.DamagedTrack(), damage);
-        return QuavixMidiFileUnreadable;
+        return QUAVIX_MIDI_FILE_UNREADABLE;
     }
-    return QuavixMidiFileOk;
+    return QUAVIX_MIDI_FILE_OK;
 }
 
 }  // namespace
@@ -73,7 +73,7 @@ std::uint32_t QuavixMidiFileVersion() {
 }
 
 std::int32_t QuavixMidiFileInit(std::uint32_t version) {
-    return version == QUAVIX_MIDI_FILE_VERSION ? QuavixMidiFileOk : QuavixMidiFileWrongVersion;
+    return version == QUAVIX_MIDI_FILE_VERSION ? QUAVIX_MIDI_FILE_OK : QUAVIX_MIDI_FILE_WRONG_VERSION;
 }
 
 std::int32_t QuavixMidiFileRead(const std::uint8_t* bytes, std::size_t size, const QuavixMidiFileSink* sink,
@@ -81,10 +81,10 @@ std::int32_t QuavixMidiFileRead(const std::uint8_t* bytes, std::size_t size, con
     using namespace quavix::midi_file;
     static constexpr std::uint8_t Nothing = 0;
     if ((bytes == nullptr && size > 0) || sink == nullptr || sink->Events == nullptr)
-        return QuavixMidiFileBadArgument;
+        return QUAVIX_MIDI_FILE_BAD_ARGUMENT;
     Messages messages(*sink, detail, detailSize);
     const std::int32_t result = Read(FileBytes(bytes == nullptr ? &Nothing : bytes, size), *sink, messages);
-    if (result == QuavixMidiFileStopped)
+    if (result == QUAVIX_MIDI_FILE_STOPPED)
         messages.Fail(0, "the reading was stopped.");
     return result;
 }

@@ -18,7 +18,11 @@
 extern "C" {
 #endif
 
+#if defined(_WIN32)
+#define QUAVIX_MIDI_FILE_EXPORT __declspec(dllexport)
+#else
 #define QUAVIX_MIDI_FILE_EXPORT __attribute__((visibility("default")))
+#endif
 
 /** The interface that this header describes. It changes with every change that a caller could notice. */
 #define QUAVIX_MIDI_FILE_VERSION 1u
@@ -34,17 +38,17 @@ extern "C" {
 #define QUAVIX_MIDI_FILE_DETAIL_SIZE 256u
 
 enum {
-    QuavixMidiFileOk = 0,
+    QUAVIX_MIDI_FILE_OK = 0,
     /** A null pointer where there must be none. */
-    QuavixMidiFileBadArgument = 1,
+    QUAVIX_MIDI_FILE_BAD_ARGUMENT = 1,
     /** The caller was built for another version of this interface. */
-    QuavixMidiFileWrongVersion = 2,
+    QUAVIX_MIDI_FILE_WRONG_VERSION = 2,
     /** Nothing in the bytes can be played; the detail says why. */
-    QuavixMidiFileUnreadable = 3,
+    QUAVIX_MIDI_FILE_UNREADABLE = 3,
     /** More events than the two limits above; the detail says which and where. */
-    QuavixMidiFileTooManyEvents = 4,
+    QUAVIX_MIDI_FILE_TOO_MANY_EVENTS = 4,
     /** A function of the caller's has asked to stop. */
-    QuavixMidiFileStopped = 5
+    QUAVIX_MIDI_FILE_STOPPED = 5
 };
 
 /**
@@ -113,7 +117,7 @@ QUAVIX_MIDI_FILE_EXPORT int32_t QuavixMidiFileInit(uint32_t version);
 /**
  * Reads a whole file of `size` bytes, which must not change meanwhile, into `sink`. Whatever can be played is
  * read: a fault within a track ends that track, wrong counts and sizes are put right where the bytes show
- * how. With any result but QuavixMidiFileOk, what the sink has got is no file and `detail`, a caller's
+ * how. With any result but QUAVIX_MIDI_FILE_OK, what the sink has got is no file and `detail`, a caller's
  * buffer of `detailSize` bytes, holds a sentence with the byte offset of the fault (cut where the buffer is
  * shorter; null with 0 is none).
  */

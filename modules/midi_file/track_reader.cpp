@@ -10,9 +10,10 @@ namespace quavix::midi_file {
 std::int32_t TrackReader::Progress(std::uint64_t offset) {
     constexpr std::uint64_t ProgressStep = 0x10000;
     if (sink_.Progress == nullptr || offset < nextProgress_)
-        return QuavixMidiFileOk;
+        return QUAVIX_MIDI_FILE_OK;
     nextProgress_ = offset + ProgressStep;
-    return sink_.Progress(sink_.User, offset, bytes_.Size()) == 0 ? QuavixMidiFileOk : QuavixMidiFileStopped;
+    return sink_.Progress(sink_.User, offset, bytes_.Size()) == 0 ? QUAVIX_MIDI_FILE_OK
+                                                                  : QUAVIX_MIDI_FILE_STOPPED;
 }
 
 std::uint64_t TrackReader::NextTrack(std::uint64_t from) {
@@ -53,7 +54,7 @@ bool TrackReader::GoesOnToAnEnd(const EventParser& parser, std::uint64_t limit) 
 std::int32_t TrackReader::Flush(std::uint64_t offset) {
     const std::size_t count = std::exchange(inBlock_, 0);
     if (count > 0 && sink_.Events(sink_.User, tracks_ - 1, block_.data(), count) != 0)
-        return QuavixMidiFileStopped;
+        return QUAVIX_MIDI_FILE_STOPPED;
     return Progress(offset);
 }
 
@@ -61,13 +62,13 @@ std::int32_t TrackReader::CountEvent(std::uint64_t offset) {
     if (++eventsOfTrack_ > QUAVIX_MIDI_FILE_TRACK_EVENTS) {
         messages_.Fail(offset, "track %" PRIu32 " has more than %u events.", tracks_,
                        QUAVIX_MIDI_FILE_TRACK_EVENTS);
-        return QuavixMidiFileTooManyEvents;
+        return QUAVIX_MIDI_FILE_TOO_MANY_EVENTS;
     }
     if (++events_ > QUAVIX_MIDI_FILE_EVENTS) {
         messages_.Fail(offset, "the file has more than %u events.", QUAVIX_MIDI_FILE_EVENTS);
-        return QuavixMidiFileTooManyEvents;
+        return QUAVIX_MIDI_FILE_TOO_MANY_EVENTS;
     }
-    return QuavixMidiFileOk;
+    return QUAVIX_MIDI_FILE_OK;
 }
 
 void TrackReader::Damaged(const EventParser& parser) {
@@ -90,7 +91,7 @@ std::int32_t TrackReader::ReadEvents(const Extent& extent, std::uint64_t& next) 
             atDeclaredEnd = false;
             if (parser.At() == declaredEnd && !GoesOnToAnEnd(parser, extent.Limit)) {
                 next = extent.DeclaredEnd;
-                return QuavixMidiFileOk;
+                return QUAVIX_MIDI_FILE_OK;
             }
             messages_.Remark(extent.DeclaredEnd, "track %" PRIu32 " should end here, but goes on.", tracks_);
         }
@@ -102,21 +103,21 @@ std::int32_t TrackReader::ReadEvents(const Extent& extent, std::uint64_t& next) 
                 Damaged(parser);
             next =
                 step == EventParser::Step::Damage ? std::min(extent.Limit, NextTrack(offset)) : extent.Limit;
-            return QuavixMidiFileOk;
+            return QUAVIX_MIDI_FILE_OK;
         }
-        if (const std::int32_t result = CountEvent(offset); result != QuavixMidiFileOk)
+        if (const std::int32_t result = CountEvent(offset); result != QUAVIX_MIDI_FILE_OK)
             return result;
         playable_ |= event.Status < 0xF0;
         const bool end = EventParser::IsEndOfTrack(event);
         if (++inBlock_ == BlockSize) {
-            if (const std::int32_t result = Flush(offset); result != QuavixMidiFileOk)
+            if (const std::int32_t result = Flush(offset); result != QUAVIX_MIDI_FILE_OK)
                 return result;
         }
         if (end) {
             next = extent.Trusted && !bytes_.Is(offset, TrackName) ? extent.Limit : offset;
             if (next != offset)
                 messages_.Remark(offset, "track %" PRIu32 " ends before its last byte.", tracks_);
-            return QuavixMidiFileOk;
+            return QUAVIX_MIDI_FILE_OK;
         }
     }
 }
@@ -126,14 +127,14 @@ std::int32_t TrackReader::Read(std::uint64_t& chunk) {
     ++tracks_;
     eventsOfTrack_ = 0;
     if (sink_.Track != nullptr && sink_.Track(sink_.User, tracks_ - 1, extent.Begin) != 0)
-        return QuavixMidiFileStopped;
+        return QUAVIX_MIDI_FILE_STOPPED;
     if (extent.DeclaredEnd > bytes_.Size()) {
         messages_.Remark(chunk + ChunkNameSize,
                          "track %" PRIu32 " should have %" PRIu64 " bytes, but the file ends.", tracks_,
                          extent.DeclaredEnd - extent.Begin);
     }
     const std::int32_t result = ReadEvents(extent, chunk);
-    return result == QuavixMidiFileOk ? Flush(chunk) : result;
+    return result == QUAVIX_MIDI_FILE_OK ? Flush(chunk) : result;
 }
 
 }  // namespace quavix::midi_file

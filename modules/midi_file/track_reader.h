@@ -24,7 +24,7 @@ class TrackReader {
         : bytes_(bytes), wrapperEnd_(wrapperEnd), sink_(sink), messages_(messages) {}
 
     /// Reads the track whose chunk begins at `chunk` and sets that to where the next one should begin.
-    /// Anything but QuavixMidiFileOk ends the file.
+    /// Anything but QUAVIX_MIDI_FILE_OK ends the file.
     std::int32_t Read(std::uint64_t& chunk);
 
     /// Tells the sink how far the reading is.

@@ -80,9 +80,9 @@ template <typename Device, typename Other>
 std::int32_t MidiIo::Search(Device Devices::*device, Other Devices::*other, Direction& direction) {
     direction.Names.clear();
     if (!Connect())
-        return QuavixMidiIoNoSystem;
+        return QUAVIX_MIDI_IO_NO_SYSTEM;
     direction.Names = ((*devices_).*device).Search(((*devices_).*other).Own());
-    return QuavixMidiIoOk;
+    return QUAVIX_MIDI_IO_OK;
 }
 
 template <typename Device>
@@ -91,12 +91,12 @@ std::int32_t MidiIo::Open(Device Devices::*device, Direction& direction, const s
         ((*devices_).*device).Close();
     direction.Gone = false;
     if (!Connect())
-        return QuavixMidiIoNoSystem;
+        return QUAVIX_MIDI_IO_NO_SYSTEM;
     auto& opened = (*devices_).*device;
     const std::int32_t result = opened.Open(name);
-    if (result == QuavixMidiIoNoDevice)
+    if (result == QUAVIX_MIDI_IO_NO_DEVICE)
         problem_ = "The device " + name + " is not there any more.";
-    if (result == QuavixMidiIoRefused)
+    if (result == QUAVIX_MIDI_IO_REFUSED)
         problem_ =
             opened.TakeFailure() ? opened.FailureText() : "The device " + name + " can't be connected to.";
     return result;
@@ -105,15 +105,15 @@ std::int32_t MidiIo::Open(Device Devices::*device, Direction& direction, const s
 template <typename Device>
 std::int32_t MidiIo::State(Device Devices::*device, Direction& direction) {
     if (direction.Gone)
-        return QuavixMidiIoGone;
+        return QUAVIX_MIDI_IO_GONE;
     if (!devices_ || !((*devices_).*device).IsOpen())
-        return QuavixMidiIoClosed;
+        return QUAVIX_MIDI_IO_CLOSED;
     if (system_->IsAlive() && ((*devices_).*device).IsThere())
-        return QuavixMidiIoOk;
+        return QUAVIX_MIDI_IO_OK;
     direction.Gone = true;
     problem_ = system_->IsAlive() ? "The device has gone."
                                   : std::string("The MIDI system has gone: ") + system_->Name();
-    return QuavixMidiIoGone;
+    return QUAVIX_MIDI_IO_GONE;
 }
 
 std::int32_t MidiIo::SearchOutputs() {
@@ -143,13 +143,13 @@ std::int32_t MidiIo::OpenOutput(std::int32_t device) {
     if (device == QUAVIX_MIDI_IO_VIRTUAL_PORT)
         return Open(&Devices::Output, output_, "");
     if (!HasNumber(output_, device))
-        return QuavixMidiIoBadArgument;
+        return QUAVIX_MIDI_IO_BAD_ARGUMENT;
     return Open(&Devices::Output, output_, output_.Names[static_cast<std::size_t>(device)]);
 }
 
 std::int32_t MidiIo::OpenInput(std::int32_t device) {
     if (!HasNumber(input_, device))
-        return QuavixMidiIoBadArgument;
+        return QUAVIX_MIDI_IO_BAD_ARGUMENT;
     const std::string name = input_.Names[static_cast<std::size_t>(device)];
     CloseInputDevice();
     return Open(&Devices::Input, input_, name);
@@ -184,16 +184,16 @@ std::int32_t MidiIo::Send(const QuavixMidiIoMessage& message) {
     constexpr std::uint8_t FirstSystemStatus = 0xF0;
     if (message.Status < FirstStatus || message.Status >= FirstSystemStatus || message.Data1 >= FirstStatus ||
         message.Data2 >= FirstStatus)
-        return QuavixMidiIoBadArgument;
-    if (const std::int32_t state = OutputState(); state != QuavixMidiIoOk)
+        return QUAVIX_MIDI_IO_BAD_ARGUMENT;
+    if (const std::int32_t state = OutputState(); state != QUAVIX_MIDI_IO_OK)
         return state;
     const std::array<std::uint8_t, 3> bytes = {message.Status, message.Data1, message.Data2};
     const std::size_t size = IsOneByteMessage(message.Status) ? 2 : 3;
     if (!system_->TakesMessage(size))
-        return QuavixMidiIoBusy;
+        return QUAVIX_MIDI_IO_BUSY;
     devices_->Output.TakeFailure();
     devices_->Output.Object().sendMessage(bytes.data(), size);
-    return devices_->Output.TakeFailure() ? QuavixMidiIoBusy : QuavixMidiIoOk;
+    return devices_->Output.TakeFailure() ? QUAVIX_MIDI_IO_BUSY : QUAVIX_MIDI_IO_OK;
 }
 
 std::int32_t MidiIo::Receive(QuavixMidiIoMessage& message) {

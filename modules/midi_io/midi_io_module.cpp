@@ -19,7 +19,7 @@ namespace {
 template <typename Call>
 std::int32_t Run(QuavixMidiIo* io, bool argumentsAreGood, Call call) noexcept {
     if (io == nullptr || !argumentsAreGood)
-        return QuavixMidiIoBadArgument;
+        return QUAVIX_MIDI_IO_BAD_ARGUMENT;
     try {
         return call();
     } catch (const std::exception& error) {
@@ -30,20 +30,20 @@ std::int32_t Run(QuavixMidiIo* io, bool argumentsAreGood, Call call) noexcept {
         }
     } catch (...) {
     }
-    return QuavixMidiIoFailed;
+    return QUAVIX_MIDI_IO_FAILED;
 }
 
 std::int32_t Copy(const std::string& text, char* to, std::size_t size) {
     const std::size_t count = std::min(text.size(), size - 1);
     std::memcpy(to, text.data(), count);
     to[count] = '\0';
-    return QuavixMidiIoOk;
+    return QUAVIX_MIDI_IO_OK;
 }
 
 std::int32_t CopyName(const std::vector<std::string>& names, std::int32_t device, char* to,
                       std::size_t size) {
     if (device < 0 || static_cast<std::size_t>(device) >= names.size())
-        return QuavixMidiIoBadArgument;
+        return QUAVIX_MIDI_IO_BAD_ARGUMENT;
     return Copy(names[static_cast<std::size_t>(device)], to, size);
 }
 
@@ -54,19 +54,19 @@ std::uint32_t QuavixMidiIoVersion() {
 }
 
 std::int32_t QuavixMidiIoInit(std::uint32_t version) {
-    return version == QUAVIX_MIDI_IO_VERSION ? QuavixMidiIoOk : QuavixMidiIoWrongVersion;
+    return version == QUAVIX_MIDI_IO_VERSION ? QUAVIX_MIDI_IO_OK : QUAVIX_MIDI_IO_WRONG_VERSION;
 }
 
 std::int32_t QuavixMidiIoCreate(const char* system, void (*wake)(void* user), void* user, QuavixMidiIo** io) {
     const std::string wanted = system == nullptr ? "" : system;
     if (io == nullptr || (!wanted.empty() && wanted != "alsa" && wanted != "jack"))
-        return QuavixMidiIoBadArgument;
+        return QUAVIX_MIDI_IO_BAD_ARGUMENT;
     try {
         *io = new QuavixMidiIo(
             wanted, wake == nullptr ? std::function<void()>() : [wake, user] { wake(user); });
-        return QuavixMidiIoOk;
+        return QUAVIX_MIDI_IO_OK;
     } catch (...) {
-        return QuavixMidiIoFailed;
+        return QUAVIX_MIDI_IO_FAILED;
     }
 }
 
@@ -123,14 +123,14 @@ std::int32_t QuavixMidiIoOpenInput(QuavixMidiIo* io, std::int32_t device) {
 std::int32_t QuavixMidiIoCloseOutput(QuavixMidiIo* io) {
     return Run(io, true, [&]() -> std::int32_t {
         io->CloseOutput();
-        return QuavixMidiIoOk;
+        return QUAVIX_MIDI_IO_OK;
     });
 }
 
 std::int32_t QuavixMidiIoCloseInput(QuavixMidiIo* io) {
     return Run(io, true, [&]() -> std::int32_t {
         io->CloseInput();
-        return QuavixMidiIoOk;
+        return QUAVIX_MIDI_IO_OK;
     });
 }
 

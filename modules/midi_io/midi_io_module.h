@@ -18,7 +18,11 @@
 extern "C" {
 #endif
 
+#if defined(_WIN32)
+#define QUAVIX_MIDI_IO_EXPORT __declspec(dllexport)
+#else
 #define QUAVIX_MIDI_IO_EXPORT __attribute__((visibility("default")))
+#endif
 
 /** The interface that this header describes. It changes with every change that a caller could notice. */
 #define QUAVIX_MIDI_IO_VERSION 1u
@@ -27,29 +31,29 @@ extern "C" {
 #define QUAVIX_MIDI_IO_VIRTUAL_PORT (-1)
 
 enum {
-    QuavixMidiIoOk = 0,
+    QUAVIX_MIDI_IO_OK = 0,
     /** A null pointer where there must be none, a device number or a message that can not be. */
-    QuavixMidiIoBadArgument = 1,
+    QUAVIX_MIDI_IO_BAD_ARGUMENT = 1,
     /** The caller was built for another version of this interface. */
-    QuavixMidiIoWrongVersion = 2,
+    QUAVIX_MIDI_IO_WRONG_VERSION = 2,
     /** The machine has no MIDI system that runs; QuavixMidiIoProblem says more. */
-    QuavixMidiIoNoSystem = 3,
+    QUAVIX_MIDI_IO_NO_SYSTEM = 3,
     /** The device is not there any more. */
-    QuavixMidiIoNoDevice = 4,
+    QUAVIX_MIDI_IO_NO_DEVICE = 4,
     /** The device is there, but refuses; QuavixMidiIoProblem says more. */
-    QuavixMidiIoRefused = 5,
+    QUAVIX_MIDI_IO_REFUSED = 5,
     /** No device is open. */
-    QuavixMidiIoClosed = 6,
+    QUAVIX_MIDI_IO_CLOSED = 6,
     /** The device that was open has vanished. It stays so until it is closed or another is opened. */
-    QuavixMidiIoGone = 7,
+    QUAVIX_MIDI_IO_GONE = 7,
     /** Nothing was sent, as much is still on its way. The same message can be sent later. */
-    QuavixMidiIoBusy = 8,
+    QUAVIX_MIDI_IO_BUSY = 8,
     /** No message has arrived. */
-    QuavixMidiIoEmpty = 9,
+    QUAVIX_MIDI_IO_EMPTY = 9,
     /** Messages were lost, as they were not taken: those that are held may never end. Told once. */
-    QuavixMidiIoLost = 10,
+    QUAVIX_MIDI_IO_LOST = 10,
     /** The system has failed in a way of its own; QuavixMidiIoProblem says more. */
-    QuavixMidiIoFailed = 11
+    QUAVIX_MIDI_IO_FAILED = 11
 };
 
 /** One user of the machine's MIDI devices, with at most one output and one input open. */
@@ -113,7 +117,7 @@ QUAVIX_MIDI_IO_EXPORT int32_t QuavixMidiIoOpenInput(QuavixMidiIo* io, int32_t de
 QUAVIX_MIDI_IO_EXPORT int32_t QuavixMidiIoCloseOutput(QuavixMidiIo* io);
 QUAVIX_MIDI_IO_EXPORT int32_t QuavixMidiIoCloseInput(QuavixMidiIo* io);
 
-/** QuavixMidiIoOk where a device is open and there, QuavixMidiIoClosed, or QuavixMidiIoGone. */
+/** QUAVIX_MIDI_IO_OK where a device is open and there, QUAVIX_MIDI_IO_CLOSED, or QUAVIX_MIDI_IO_GONE. */
 QUAVIX_MIDI_IO_EXPORT int32_t QuavixMidiIoOutputState(QuavixMidiIo* io);
 QUAVIX_MIDI_IO_EXPORT int32_t QuavixMidiIoInputState(QuavixMidiIo* io);
 

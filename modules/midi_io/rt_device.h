@@ -42,7 +42,7 @@ class RtDevice {
             const std::vector<std::string> names = Names();
             const auto found = std::find(names.begin(), names.end(), name);
             if (found == names.end())
-                return QuavixMidiIoNoDevice;
+                return QUAVIX_MIDI_IO_NO_DEVICE;
             failed_ = false;
             Object().openPort(static_cast<unsigned>(found - names.begin()), portName_);
         }
@@ -51,9 +51,9 @@ class RtDevice {
         removals_ = system_.Removals();
         isOpen_ = true;
         if (!failed_ && system_.BecomeConnected(own_, device_))
-            return QuavixMidiIoOk;
+            return QUAVIX_MIDI_IO_OK;
         Close();
-        return QuavixMidiIoRefused;
+        return QUAVIX_MIDI_IO_REFUSED;
     }
 
     /// Destroys the RtMidi object too, so that nothing of the last device's state is left for the next one.

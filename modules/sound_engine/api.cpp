@@ -6,10 +6,9 @@
 #include <mutex>
 #include <new>
 
-#include "sound_engine/handles.h"
-#include "sound_engine/refusal.h"
-#include "sound_engine/sound_engine.h"
-#include "sound_engine/system.h"
+#include "modules/sound_engine/handles.h"
+#include "modules/sound_engine/sound_engine.h"
+#include "modules/sound_engine/system.h"
 
 // NOLINTBEGIN(readability-identifier-naming): the names of the interface.
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "sound_engine/block_queue.h"
+#include "modules/sound_engine/block_queue.h"
 
 #include <algorithm>
 #include <utility>

@@ -6,7 +6,7 @@
 #include <span>
 #include <vector>
 
-#include "sound_engine/mixer.h"
+#include "modules/sound_engine/mixer.h"
 
 namespace quavix::sound_engine {
 

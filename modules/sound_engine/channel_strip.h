@@ -3,8 +3,8 @@
 
 #include <atomic>
 
-#include "sound_engine/oscillator.h"
-#include "sound_engine/ramp.h"
+#include "modules/sound_engine/oscillator.h"
+#include "modules/sound_engine/ramp.h"
 
 namespace quavix::sound_engine {
 

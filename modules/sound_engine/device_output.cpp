@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "sound_engine/device_output.h"
+#include "modules/sound_engine/device_output.h"
 
 #include <atomic>
 #include <chrono>
@@ -10,9 +10,9 @@
 #include <thread>
 #include <utility>
 
+#include "modules/sound_engine/mixed_source.h"
+#include "modules/sound_engine/sound_engine.h"
 #include "sound_device/sound_stream.h"
-#include "sound_engine/mixed_source.h"
-#include "sound_engine/sound_engine.h"
 
 namespace quavix::sound_engine {
 namespace {

@@ -3,7 +3,7 @@
 
 #include <memory>
 
-#include "sound_engine/output.h"
+#include "modules/sound_engine/output.h"
 
 namespace quavix {
 class SoundStream;

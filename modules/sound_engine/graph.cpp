@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "sound_engine/graph.h"
+#include "modules/sound_engine/graph.h"
 
 #include <algorithm>
 #include <unordered_set>

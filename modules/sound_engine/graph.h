@@ -5,9 +5,9 @@
 #include <memory>
 #include <vector>
 
-#include "sound_engine/channel_strip.h"
-#include "sound_engine/group_strip.h"
-#include "sound_engine/unit.h"
+#include "modules/sound_engine/channel_strip.h"
+#include "modules/sound_engine/group_strip.h"
+#include "modules/sound_engine/unit.h"
 
 namespace quavix::sound_engine {
 

@@ -4,8 +4,8 @@
 #include <algorithm>
 #include <atomic>
 
-#include "sound_engine/processor.h"
-#include "sound_engine/ramp.h"
+#include "modules/sound_engine/processor.h"
+#include "modules/sound_engine/ramp.h"
 
 namespace quavix::sound_engine {
 

@@ -5,7 +5,7 @@
 #include <unordered_map>
 #include <variant>
 
-#include "sound_engine/graph.h"
+#include "modules/sound_engine/graph.h"
 
 namespace quavix::sound_engine {
 

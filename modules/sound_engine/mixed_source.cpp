@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "sound_engine/mixed_source.h"
+#include "modules/sound_engine/mixed_source.h"
 
 #include <algorithm>
 

@@ -5,9 +5,9 @@
 #include <span>
 #include <vector>
 
+#include "modules/sound_engine/block_queue.h"
+#include "modules/sound_engine/mixer.h"
 #include "sound_device/sound_stream.h"
-#include "sound_engine/block_queue.h"
-#include "sound_engine/mixer.h"
 
 namespace quavix::sound_engine {
 

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "sound_engine/mixer.h"
+#include "modules/sound_engine/mixer.h"
 
 #include <algorithm>
 

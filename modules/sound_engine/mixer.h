@@ -6,8 +6,8 @@
 #include <memory>
 #include <span>
 
-#include "sound_engine/plan.h"
-#include "sound_engine/processor.h"
+#include "modules/sound_engine/plan.h"
+#include "modules/sound_engine/processor.h"
 
 namespace quavix::sound_engine {
 

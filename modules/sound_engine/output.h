@@ -3,7 +3,7 @@
 
 #include <memory>
 
-#include "sound_engine/mixer.h"
+#include "modules/sound_engine/mixer.h"
 
 namespace quavix::sound_engine {
 
@@ -37,8 +37,5 @@ struct OutputChoice {
     /// What is wanted between a call and the loudspeaker, in frames.
     int DelayFrames = 0;
 };
-
-/// Null where it cannot be opened.
-std::unique_ptr<Output> OpenOutput(const OutputChoice& choice, const std::shared_ptr<Mixer>& mixer);
 
 }  // namespace quavix::sound_engine

@@ -1,7 +1,13 @@
 // SPDX-License-Identifier: MIT
-#include "sound_engine/plan.h"
+#include "modules/sound_engine/plan.h"
 
+#include <algorithm>
+#include <unordered_map>
+#include <unordered_set>
 #include <utility>
+#include <vector>
+
+#include "modules/sound_engine/graph.h"
 
 namespace quavix::sound_engine {
 
@@ -66,6 +72,149 @@ const float* Plan::Run(std::size_t frames) {
             step.Strip->ApplyToSilence();
     }
     return steps_.empty() || !steps_.back().Sounds ? nullptr : Samples(steps_.size() - 1);
+}
+
+namespace {
+
+using Signals = std::vector<int>;  // numbers of steps, to be summed
+
+// Units that are connected with each other.
+struct Stage {
+    std::vector<const UnitNode*> Units;
+    // The group of the unit that came into a group first; null for none.
+    const GroupNode* In = nullptr;
+    std::uint64_t Since = 0;
+    // One that no other unit hears is played: then the whole is a source, and hears no group.
+    bool IsSource = false;
+};
+
+bool IsLeaf(const UnitNode& unit) {
+    return unit.Users.empty();
+}
+
+// Whether it hears what comes from the stage before.
+bool IsEntry(const UnitNode& unit) {
+    return unit.Inputs.empty() && unit.On == nullptr && !unit.Does->IsSource();
+}
+
+std::vector<Stage> Stages(const Graph& graph) {
+    std::vector<Stage> stages;
+    std::unordered_set<const UnitNode*> seen;
+    for (const auto& first : graph.Units()) {
+        if (!seen.insert(first.get()).second)
+            continue;
+        Stage stage;
+        stage.Units = {first.get()};
+        for (std::size_t i = 0; i < stage.Units.size(); ++i) {
+            const UnitNode& unit = *stage.Units[i];
+            if (unit.In != nullptr && (stage.In == nullptr || unit.Since < stage.Since)) {
+                stage.In = unit.In;
+                stage.Since = unit.Since;
+            }
+            stage.IsSource = stage.IsSource || (unit.On != nullptr && IsLeaf(unit));
+            for (const auto* neighbours : {&unit.Inputs, &unit.Users}) {
+                for (const UnitNode* neighbour : *neighbours) {
+                    if (seen.insert(neighbour).second)
+                        stage.Units.push_back(neighbour);
+                }
+            }
+        }
+        stages.push_back(std::move(stage));
+    }
+    std::sort(stages.begin(), stages.end(), [](const Stage& a, const Stage& b) { return a.Since < b.Since; });
+    return stages;
+}
+
+class Builder {
+  public:
+    explicit Builder(Graph& graph) : graph_(graph) {
+        for (const Stage& stage : stages_ = Stages(graph)) {
+            if (stage.In != nullptr)
+                stagesIn_[stage.In].push_back(&stage);
+        }
+    }
+
+    std::unique_ptr<Plan> Build() {
+        AddGroup(graph_.Master());
+        return std::move(plan_);
+    }
+
+  private:
+    int AddGroup(const GroupNode& group) {
+        Signals signals;
+        for (const GroupNode* child : group.Groups)
+            signals.push_back(AddGroup(*child));
+        for (const ChannelNode* channel : group.Channels) {
+            if (IsLeaf(*channel->Plays))
+                signals.push_back(AddUnit(*channel->Plays, {}));
+        }
+        const std::vector<const Stage*>& stages = stagesIn_[&group];
+        for (const Stage* stage : stages) {
+            if (stage->IsSource)
+                AddLeaves(*stage, {}, signals);
+        }
+        for (const Stage* stage : stages) {
+            if (!stage->IsSource)
+                signals = AddStage(*stage, signals);
+        }
+        for (const Echo& echo : graph_.Echoes()) {
+            if (echo.In == &group)
+                signals.push_back(plan_->Add(echo.Does, {}, echo.Strip, echo.Strip));
+        }
+        return plan_->Add(group.Strip, signals);
+    }
+
+    Signals AddStage(const Stage& stage, const Signals& before) {
+        Signals after;
+        AddLeaves(stage, before, after);
+        // Where no unit of the stage hears what comes, it goes on beside them.
+        if (std::none_of(stage.Units.begin(), stage.Units.end(),
+                         [](const UnitNode* unit) { return IsEntry(*unit); }))
+            after.insert(after.end(), before.begin(), before.end());
+        return after;
+    }
+
+    // Those that are played come in through their channels' groups.
+    void AddLeaves(const Stage& stage, const Signals& before, Signals& after) {
+        for (const UnitNode* unit : stage.Units) {
+            if (IsLeaf(*unit) && unit->On == nullptr)
+                after.push_back(AddUnit(*unit, before));
+        }
+    }
+
+    int AddUnit(const UnitNode& unit, const Signals& before) {
+        if (const auto added = steps_.find(&unit); added != steps_.end())
+            return added->second;
+        Signals inputs;
+        for (const UnitNode* input : unit.Inputs)
+            inputs.push_back(AddUnit(*input, before));
+        if (IsEntry(unit))
+            inputs.insert(inputs.end(), before.begin(), before.end());
+        const int step =
+            plan_->Add(unit.Does, inputs, Clock(unit), unit.On != nullptr ? unit.On->Strip : nullptr);
+        steps_.emplace(&unit, step);
+        return step;
+    }
+
+    // The channel on which it sounds: its own, else that of the first that hears it.
+    static std::shared_ptr<ChannelStrip> Clock(const UnitNode& unit) {
+        const UnitNode* next = &unit;
+        while (next->On == nullptr && !next->Users.empty())
+            next = next->Users.front();
+        return next->On != nullptr ? next->On->Strip : nullptr;
+    }
+
+    Graph& graph_;
+    std::vector<Stage> stages_;
+    std::unordered_map<const GroupNode*, std::vector<const Stage*>> stagesIn_;
+    std::unordered_map<const UnitNode*, int> steps_;
+    std::unique_ptr<Plan> plan_ = std::make_unique<Plan>();
+};
+
+}  // namespace
+
+std::unique_ptr<Plan> BuildPlan(Graph& graph) {
+    return Builder(graph).Build();
 }
 
 }  // namespace quavix::sound_engine

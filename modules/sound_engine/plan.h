@@ -5,10 +5,12 @@
 #include <span>
 #include <vector>
 
-#include "sound_engine/channel_strip.h"
-#include "sound_engine/processor.h"
+#include "modules/sound_engine/channel_strip.h"
+#include "modules/sound_engine/processor.h"
 
 namespace quavix::sound_engine {
+
+class Graph;
 
 /// What to mix, step by step. Built and destroyed on the caller's side, run by the mixing thread in between.
 class Plan {
@@ -45,5 +47,9 @@ class Plan {
     std::vector<std::size_t> inputs_;
     std::vector<float> samples_;
 };
+
+/// The steps that mix what the graph says; see "What sounds through what" in README.md. What nobody can hear
+/// has no steps.
+std::unique_ptr<Plan> BuildPlan(Graph& graph);
 
 }  // namespace quavix::sound_engine

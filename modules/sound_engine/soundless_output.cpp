@@ -1,11 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "sound_engine/soundless_output.h"
+#include "modules/sound_engine/soundless_output.h"
 
 #include <algorithm>
 #include <chrono>
 #include <utility>
 
-#include "sound_engine/sound_engine.h"
+#include "modules/sound_engine/sound_engine.h"
 
 namespace quavix::sound_engine {
 namespace {

@@ -13,7 +13,7 @@
 #include <vector>
 
 #include "dsp/wav.h"
-#include "sound_engine/output.h"
+#include "modules/sound_engine/output.h"
 
 namespace quavix::sound_engine {
 

@@ -1,14 +1,54 @@
 // SPDX-License-Identifier: MIT
-#include "sound_engine/system.h"
+#include "modules/sound_engine/system.h"
 
-#include "sound_engine/plan_builder.h"
-#include "sound_engine/refusal.h"
+#include "modules/sound_engine/device_output.h"
+#include "modules/sound_engine/filter.h"
+#include "modules/sound_engine/graph.h"
+#include "modules/sound_engine/oscillator.h"
+#include "modules/sound_engine/plan.h"
+#include "modules/sound_engine/soundless_output.h"
 
 namespace quavix::sound_engine {
 namespace {
 
 constexpr unsigned int LongestBlock = 65536;
 constexpr unsigned int LongestDelay = 1U << 20;
+
+/// Returns a unit of a SoundUnitType, null for any other number. `serial` makes the noise of one differ from
+/// another's.
+std::shared_ptr<Unit> MakeUnit(int type, unsigned int serial) {
+    switch (type) {
+        case SOUND_OSCILLATOR:
+            return std::make_shared<Oscillator>(serial);
+        case SOUND_LOW_PASS:
+            return std::make_shared<LowPass>();
+        case SOUND_EQUALISER:
+            return std::make_shared<Equaliser>();
+        default:
+            return nullptr;
+    }
+}
+
+/// Returns null if the output cannot be opened.
+std::unique_ptr<Output> OpenOutput(const OutputChoice& choice, const std::shared_ptr<Mixer>& mixer) {
+    std::unique_ptr<WavFile> file;
+    if (choice.FileName != nullptr) {
+        file = std::make_unique<WavFile>(choice.FileName, SoundlessOutput::FramesPerSecond,
+                                         mixer->BlockFrames());
+        if (!file->Good())
+            return nullptr;
+    }
+    switch (choice.Kind) {
+        case SOUND_OUTPUT_NONE:
+        case SOUND_OUTPUT_WAV:
+            return std::make_unique<TimedOutput>(mixer, std::move(file));
+        case SOUND_OUTPUT_NONE_BY_UPDATE:
+        case SOUND_OUTPUT_WAV_BY_UPDATE:
+            return std::make_unique<SteppedOutput>(mixer, std::move(file));
+        default:
+            return DeviceOutput::Open(mixer, choice.DelayFrames);
+    }
+}
 
 }  // namespace
 

@@ -3,13 +3,24 @@
 
 #include <memory>
 
-#include "sound_engine/graph.h"
-#include "sound_engine/handles.h"
-#include "sound_engine/mixer.h"
-#include "sound_engine/output.h"
-#include "sound_engine/sound_engine.h"
+#include "modules/sound_engine/graph.h"
+#include "modules/sound_engine/handles.h"
+#include "modules/sound_engine/mixer.h"
+#include "modules/sound_engine/output.h"
+#include "modules/sound_engine/sound_engine.h"
 
 namespace quavix::sound_engine {
+
+/// Thrown where a call has to be refused; ends at the functions of the interface, which answer with it.
+struct Refusal {
+    SoundResult Result;
+};
+
+/// Refuses unless `holds`.
+inline void Require(bool holds, SoundResult otherwise) {
+    if (!holds)
+        throw Refusal{otherwise};
+}
 
 /// One sound engine: its settings, what is made on it, and where it sounds. Its methods are the functions of
 /// the interface, with pointers that have been looked up; they throw Refusal.

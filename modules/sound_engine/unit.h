@@ -7,7 +7,7 @@
 #include <memory>
 #include <span>
 
-#include "sound_engine/processor.h"
+#include "modules/sound_engine/processor.h"
 
 namespace quavix::sound_engine {
 
@@ -55,8 +55,5 @@ class Unit : public Processor {
     std::atomic<bool> bypass_{false};
     std::atomic<bool> active_{true};
 };
-
-/// Of a SoundUnitType; null for any other number. `serial` makes the noise of one differ from another's.
-std::shared_ptr<Unit> MakeUnit(int type, unsigned int serial);
 
 }  // namespace quavix::sound_engine

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstddef>
 #include <numbers>
 
 #include "dsp/kaiser_window.h"
@@ -68,7 +69,7 @@ void Resampler::Process(std::span<const float> in, std::vector<float>& out) {
     }
     const std::int64_t needed = given_ * fromRate_ / toRate_ - halfWidth_ + 1;
     const std::int64_t done = std::clamp<std::int64_t>(needed - historyStart_, 0, end - historyStart_);
-    history_.erase(history_.begin(), history_.begin() + done);
+    history_.erase(history_.begin(), history_.begin() + static_cast<std::ptrdiff_t>(done));
     historyStart_ += done;
 }
 

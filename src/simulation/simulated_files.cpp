@@ -155,7 +155,8 @@ std::error_code SimulatedFiles::WriteAt(const std::string& name, std::uint64_t o
     if (const auto error = TakeSpace(bytes.size()))
         return error;
     std::string& content = files_[name].Content;
-    content.replace(std::min<std::size_t>(offset, content.size()), bytes.size(), bytes);
+    const auto start = static_cast<std::size_t>(std::min<std::uint64_t>(offset, content.size()));
+    content.replace(start, bytes.size(), bytes);
     return {};
 }
 

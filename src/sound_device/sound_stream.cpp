@@ -5,7 +5,9 @@
 #include <alsa/asoundlib.h>
 #include <span>
 #include <thread>
+#include <utility>
 
+#include <RtAudio.h>
 #include <fmt/format.h>
 
 namespace quavix {
@@ -34,12 +36,24 @@ unsigned int ChooseRate(const RtAudio::DeviceInfo& device) {
 
 }  // namespace
 
+struct SoundStream::Device {
+    explicit Device(RtAudio::Api api) : Audio(api) { Audio.showWarnings(false); }
+
+    static int Callback(void* out, void*, unsigned int frames, double, RtAudioStreamStatus, void* stream) {
+        constexpr int GoOn = 0;
+        constexpr int Abort = 2;
+        return static_cast<SoundStream*>(stream)->Play(static_cast<float*>(out), frames) ? GoOn : Abort;
+    }
+
+    RtAudio Audio;
+};
+
 std::unique_ptr<SoundStream> SoundStream::Open(const StreamWish& wish, const MakeSource& makeSource,
                                                std::string& problem) {
     const QuietAlsa quiet;
     problem = "there is no sound device";
     for (const RtAudio::Api api : {RtAudio::UNIX_JACK, RtAudio::LINUX_PULSE, RtAudio::LINUX_ALSA}) {
-        std::unique_ptr<SoundStream> stream(new SoundStream(api));
+        std::unique_ptr<SoundStream> stream(new SoundStream(std::make_unique<Device>(api)));
         if (stream->TryOpen(wish, makeSource, problem))
             return stream;
         Close(std::move(stream));
@@ -47,17 +61,22 @@ std::unique_ptr<SoundStream> SoundStream::Open(const StreamWish& wish, const Mak
     return nullptr;
 }
 
-SoundStream::SoundStream(RtAudio::Api api) : audio_(api) {
-    audio_.showWarnings(false);
+SoundStream::SoundStream(std::unique_ptr<Device> device) : device_(std::move(device)) {}
+
+SoundStream::~SoundStream() = default;
+
+bool SoundStream::Opened() const {
+    return device_->Audio.isStreamOpen();
 }
 
 bool SoundStream::TryOpen(const StreamWish& wish, const MakeSource& makeSource, std::string& problem) {
+    RtAudio& audio = device_->Audio;
     try {
-        if (audio_.getDeviceCount() == 0)
+        if (audio.getDeviceCount() == 0)
             return false;
         RtAudio::StreamParameters output;
-        output.deviceId = audio_.getDefaultOutputDevice();
-        const RtAudio::DeviceInfo device = audio_.getDeviceInfo(output.deviceId);
+        output.deviceId = audio.getDefaultOutputDevice();
+        const RtAudio::DeviceInfo device = audio.getDeviceInfo(output.deviceId);
         if (!device.probed || device.outputChannels == 0)
             return false;
         output.nChannels = std::min(device.outputChannels, 2U);
@@ -66,17 +85,17 @@ bool SoundStream::TryOpen(const StreamWish& wish, const MakeSource& makeSource, 
         options.streamName = wish.Name;
         unsigned int period = wish.Period;
         const unsigned int rate = ChooseRate(device);
-        audio_.openStream(&output, nullptr, RTAUDIO_FLOAT32, rate, &period, &Callback, this, &options);
+        audio.openStream(&output, nullptr, RTAUDIO_FLOAT32, rate, &period, &Device::Callback, this, &options);
 
-        const long told = audio_.getStreamLatency();
+        const long told = audio.getStreamLatency();
         format_ = {.FramesPerSecond = rate,
                    .Channels = output.nChannels,
                    .Period = period,
                    .DelayFrames = told > 0 ? told : static_cast<long>(period) * options.numberOfBuffers,
-                   .Description = fmt::format("{}, {}", RtAudio::getApiDisplayName(audio_.getCurrentApi()),
-                                              device.name)};
+                   .Description =
+                       fmt::format("{}, {}", RtAudio::getApiDisplayName(audio.getCurrentApi()), device.name)};
         source_ = makeSource(format_);
-        audio_.startStream();
+        audio.startStream();
         started_ = true;
         return true;
     } catch (const RtAudioError& error) {
@@ -90,15 +109,15 @@ void SoundStream::Close(std::unique_ptr<SoundStream> stream) {
     // two at a time doing so end badly; or closing it never returns. Only one that asks for samples is sure
     // to be well.
     stream->AwaitItsEnd();
-    if (stream->audio_.isStreamRunning() ? stream->Moves() : stream->Opened())
-        stream->audio_.closeStream();
+    if (stream->device_->Audio.isStreamRunning() ? stream->Moves() : stream->Opened())
+        stream->device_->Audio.closeStream();
     else if (stream->source_)
         Keep(std::move(stream));
 }
 
 // When its server goes, the library stops a stream first and then closes it.
 void SoundStream::AwaitItsEnd() const {
-    for (int step = 0; step < 100 && started_ && Opened() && !audio_.isStreamRunning(); ++step)
+    for (int step = 0; step < 100 && started_ && Opened() && !device_->Audio.isStreamRunning(); ++step)
         std::this_thread::sleep_for(Step);
 }
 
@@ -130,12 +149,6 @@ bool SoundStream::Play(float* out, std::size_t frames) {
         return source_->Fill(samples);
     std::fill(samples.begin(), samples.end(), 0.0F);
     return true;
-}
-
-int SoundStream::Callback(void* out, void*, unsigned int frames, double, RtAudioStreamStatus, void* stream) {
-    constexpr int GoOn = 0;
-    constexpr int Abort = 2;
-    return static_cast<SoundStream*>(stream)->Play(static_cast<float*>(out), frames) ? GoOn : Abort;
 }
 
 }  // namespace quavix

@@ -6,13 +6,25 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <span>
 #include <string>
 
-#include <RtAudio.h>
-
-#include "sound_device/sample_source.h"
-
 namespace quavix {
+
+/// What a sound device is given to play.
+///
+/// Thread: the device's own. Nothing here may allocate, lock or wait.
+class SampleSource {
+  public:
+    SampleSource() = default;
+    virtual ~SampleSource() = default;
+    SampleSource(const SampleSource&) = delete;
+    SampleSource& operator=(const SampleSource&) = delete;
+
+    /// Fills `out`: frames, of any number, with one sample of -1 to 1 for each channel. False: the device is
+    /// to stop asking.
+    virtual bool Fill(std::span<float> out) = 0;
+};
 
 /// What is asked of a sound device, which gives what it can.
 struct StreamWish {
@@ -58,7 +70,7 @@ class SoundStream {
     /// back.
     static void Close(std::unique_ptr<SoundStream> stream);
 
-    ~SoundStream() = default;
+    ~SoundStream();
     SoundStream(const SoundStream&) = delete;
     SoundStream& operator=(const SoundStream&) = delete;
 
@@ -68,20 +80,21 @@ class SoundStream {
     std::uint64_t Played() const { return played_.load(std::memory_order_relaxed); }
 
     /// False where the sound system itself has closed the device.
-    bool Opened() const { return audio_.isStreamOpen(); }
+    bool Opened() const;
 
   private:
-    explicit SoundStream(RtAudio::Api api);
+    /// The sound system, by the library that knows it.
+    struct Device;
+
+    explicit SoundStream(std::unique_ptr<Device> device);
 
     bool TryOpen(const StreamWish& wish, const MakeSource& makeSource, std::string& problem);
     void AwaitItsEnd() const;
     bool Moves() const;
     static void Keep(std::unique_ptr<SoundStream> stream);
     bool Play(float* out, std::size_t frames);
-    static int Callback(void* out, void* in, unsigned int frames, double streamTime,
-                        RtAudioStreamStatus status, void* stream);
 
-    RtAudio audio_;
+    std::unique_ptr<Device> device_;
     StreamFormat format_{};
     std::shared_ptr<SampleSource> source_;
     bool started_ = false;

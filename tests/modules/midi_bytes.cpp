@@ -121,7 +121,7 @@ Reading Read(std::span<const std::uint8_t> bytes) {
     const Bytes exactly(bytes.begin(), bytes.end());
     reading.Result = QuavixMidiFileRead(exactly.data(), exactly.size(), &sink, detail.data(), detail.size());
     reading.Detail = detail.data();
-    EXPECT_EQ(reading.Detail.empty(), reading.Result == QuavixMidiFileOk) << "a failure says why";
+    EXPECT_EQ(reading.Detail.empty(), reading.Result == QUAVIX_MIDI_FILE_OK) << "a failure says why";
     return reading;
 }
 

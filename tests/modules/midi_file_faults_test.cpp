@@ -16,7 +16,7 @@ const Bytes Notes = NoteOn + NoteOff;
 
 std::string DetailOf(const Bytes& file) {
     const Reading reading = Read(file);
-    EXPECT_EQ(reading.Result, QuavixMidiFileUnreadable) << reading.Text();
+    EXPECT_EQ(reading.Result, QUAVIX_MIDI_FILE_UNREADABLE) << reading.Text();
     return reading.Detail;
 }
 
@@ -70,7 +70,7 @@ TEST(MidiFileFaults, BytesInFrontOfTheHeaderArePassedOver) {
     const Reading file = Read(Bytes(128, 0) + File(0, {Track(Notes)}));
     EXPECT_EQ(file.Text(), Played);
     EXPECT_THAT(file.Remarks, ElementsAre("Byte 0: passed over 128 bytes in front of the header."));
-    EXPECT_EQ(Read(Bytes(1025, 0) + File(0, {Track(Notes)})).Result, QuavixMidiFileUnreadable);
+    EXPECT_EQ(Read(Bytes(1025, 0) + File(0, {Track(Notes)})).Result, QUAVIX_MIDI_FILE_UNREADABLE);
 }
 
 TEST(MidiFileFaults, AHeaderOfAnotherSizeIsReadEitherWay) {
@@ -220,7 +220,7 @@ TEST(MidiFileFaults, DamageEndsItsTrackAndNoOther) {
         EXPECT_THAT(file.Remarks, ElementsAre(damage.Says));
 
         const Reading alone = Read(File(0, {damaged}));
-        EXPECT_EQ(alone.Result, QuavixMidiFileUnreadable);
+        EXPECT_EQ(alone.Result, QUAVIX_MIDI_FILE_UNREADABLE);
         EXPECT_THAT(alone.Detail, HasSubstr("and nothing else in the file can be played."));
         EXPECT_EQ(alone.Detail.substr(0, 9), std::string(damage.Says).substr(0, 9));
     }

@@ -109,7 +109,7 @@ TEST(MidiFileProperties, WhatIsWrittenIsRead) {
     for (std::uint32_t seed = 1; seed <= 200; ++seed) {
         const GeneratedFile file = Generate(seed);
         const Reading reading = Read(file.Content);
-        EXPECT_EQ(reading.Result, QuavixMidiFileOk) << seed;
+        EXPECT_EQ(reading.Result, QUAVIX_MIDI_FILE_OK) << seed;
         EXPECT_EQ(reading.Text(), file.Text) << seed;
         EXPECT_THAT(reading.Remarks, testing::IsEmpty()) << seed;
     }
@@ -120,7 +120,7 @@ TEST(MidiFileProperties, AFileCutAnywhereGivesTheBeginningOfWhatItHeld) {
         const GeneratedFile file = Generate(seed);
         for (std::size_t size = 0; size < file.Content.size(); ++size) {
             const Reading reading = Read(std::span(file.Content).first(size));
-            if (reading.Result == QuavixMidiFileOk) {
+            if (reading.Result == QUAVIX_MIDI_FILE_OK) {
                 EXPECT_TRUE(file.Text.starts_with(reading.Text()))
                     << seed << " cut at " << size << ": " << reading.Text();
             }

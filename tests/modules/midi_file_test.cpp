@@ -13,7 +13,7 @@ using testing::IsEmpty;
 
 TEST(MidiFile, ATracksEventsComeWithTheirTimesAndBytes) {
     const Reading file = Read(File(0, {Track(NoteOn + NoteOff)}));
-    EXPECT_EQ(file.Result, QuavixMidiFileOk);
+    EXPECT_EQ(file.Result, QUAVIX_MIDI_FILE_OK);
     EXPECT_EQ(file.Text(), "0:90 3C 60, 96:80 3C 00, 96:FF 2F 00");
     EXPECT_THAT(file.Remarks, IsEmpty());
     EXPECT_EQ(file.Header.Format, 0U);
@@ -94,7 +94,7 @@ TEST(MidiFile, SmpteDivisionsGiveTicksPerSecond) {
     for (const Case& smpte : {Case{0xE850, 24 * 80, 1}, Case{0xE728, 25 * 40, 1},
                               Case{0xE364, 30000 * 100, 1001}, Case{0xE204, 30 * 4, 1}}) {
         const Reading file = Read(Header(0, 1, smpte.Division) + Track(NoteOn));
-        EXPECT_EQ(file.Result, QuavixMidiFileOk);
+        EXPECT_EQ(file.Result, QUAVIX_MIDI_FILE_OK);
         EXPECT_EQ(file.Header.TicksPerQuarter, 0U);
         EXPECT_EQ(file.Header.TicksPerSecondNumerator, smpte.Numerator);
         EXPECT_EQ(file.Header.TicksPerSecondDenominator, smpte.Denominator);
@@ -130,7 +130,7 @@ TEST(MidiFile, SixtyFiveThousandEmptyTracksAreRead) {
     for (int i = 0; i < 65535; ++i)
         file.insert(file.end(), {'M', 'T', 'r', 'k', 0, 0, 0, 0});
     const Reading reading = Read(file);
-    EXPECT_EQ(reading.Result, QuavixMidiFileOk);
+    EXPECT_EQ(reading.Result, QUAVIX_MIDI_FILE_OK);
     EXPECT_EQ(reading.Tracks.size(), 65535U);
     EXPECT_EQ(reading.EventCount(), 0U);
 }
@@ -146,7 +146,7 @@ Bytes TrackOfNotes(std::size_t notes) {
 TEST(MidiFile, ATrackHoldsItsLimitOfEventsAndNotOneMore) {
     EXPECT_EQ(Read(File(0, {TrackOfNotes(99998)})).EventCount(), 99999U);
     const Reading tooMany = Read(File(1, {Track({}), TrackOfNotes(99999)}));
-    EXPECT_EQ(tooMany.Result, QuavixMidiFileTooManyEvents);
+    EXPECT_EQ(tooMany.Result, QUAVIX_MIDI_FILE_TOO_MANY_EVENTS);
     EXPECT_EQ(tooMany.Detail, "Byte 300036: track 2 has more than 99999 events.");
 }
 
@@ -161,7 +161,7 @@ TEST(MidiFile, AFileHoldsItsLimitOfEventsAndNotOneMore) {
     constexpr std::size_t Left = 1048575 - 10 * 99999 - 1;
     EXPECT_EQ(Read(with(Left)).EventCount(), 1048575U);
     const Reading tooMany = Read(with(Left + 1));
-    EXPECT_EQ(tooMany.Result, QuavixMidiFileTooManyEvents);
+    EXPECT_EQ(tooMany.Result, QUAVIX_MIDI_FILE_TOO_MANY_EVENTS);
     EXPECT_THAT(tooMany.Detail, testing::HasSubstr("the file has more than 1048575 events."));
 }
 
@@ -184,11 +184,11 @@ TEST(MidiFile, ProgressIsToldAndCanStopTheReading) {
         return QuavixMidiFileRead(file.data(), file.size(), &sink, nullptr, 0);
     };
     Watch all{{}, 1000};
-    EXPECT_EQ(readUntil(all), QuavixMidiFileOk);
+    EXPECT_EQ(readUntil(all), QUAVIX_MIDI_FILE_OK);
     EXPECT_GE(all.Done.size(), 8U);
     EXPECT_TRUE(std::is_sorted(all.Done.begin(), all.Done.end()));
     Watch some{{}, 3};
-    EXPECT_EQ(readUntil(some), QuavixMidiFileStopped);
+    EXPECT_EQ(readUntil(some), QUAVIX_MIDI_FILE_STOPPED);
     EXPECT_EQ(some.Done.size(), 3U);
 }
 
@@ -207,7 +207,7 @@ TEST(MidiFile, TheCallersFunctionsStopTheReadingAtOnce) {
             sink.Events = [](void*, std::uint32_t, const QuavixMidiFileEvent*, std::size_t) {
                 return ++calls;
             };
-        EXPECT_EQ(QuavixMidiFileRead(file.data(), file.size(), &sink, nullptr, 0), QuavixMidiFileStopped);
+        EXPECT_EQ(QuavixMidiFileRead(file.data(), file.size(), &sink, nullptr, 0), QUAVIX_MIDI_FILE_STOPPED);
         EXPECT_EQ(calls, 1);
     }
 }
@@ -215,11 +215,12 @@ TEST(MidiFile, TheCallersFunctionsStopTheReadingAtOnce) {
 TEST(MidiFile, CallsThatCanNotBeAreRefused) {
     const Bytes file = File(0, {Track({})});
     QuavixMidiFileSink sink{};
-    EXPECT_EQ(QuavixMidiFileRead(file.data(), file.size(), &sink, nullptr, 0), QuavixMidiFileBadArgument);
-    EXPECT_EQ(QuavixMidiFileRead(file.data(), file.size(), nullptr, nullptr, 0), QuavixMidiFileBadArgument);
-    EXPECT_EQ(QuavixMidiFileRead(nullptr, 1, &sink, nullptr, 0), QuavixMidiFileBadArgument);
-    EXPECT_EQ(QuavixMidiFileInit(QUAVIX_MIDI_FILE_VERSION), QuavixMidiFileOk);
-    EXPECT_EQ(QuavixMidiFileInit(QUAVIX_MIDI_FILE_VERSION + 1), QuavixMidiFileWrongVersion);
+    EXPECT_EQ(QuavixMidiFileRead(file.data(), file.size(), &sink, nullptr, 0), QUAVIX_MIDI_FILE_BAD_ARGUMENT);
+    EXPECT_EQ(QuavixMidiFileRead(file.data(), file.size(), nullptr, nullptr, 0),
+              QUAVIX_MIDI_FILE_BAD_ARGUMENT);
+    EXPECT_EQ(QuavixMidiFileRead(nullptr, 1, &sink, nullptr, 0), QUAVIX_MIDI_FILE_BAD_ARGUMENT);
+    EXPECT_EQ(QuavixMidiFileInit(QUAVIX_MIDI_FILE_VERSION), QUAVIX_MIDI_FILE_OK);
+    EXPECT_EQ(QuavixMidiFileInit(QUAVIX_MIDI_FILE_VERSION + 1), QUAVIX_MIDI_FILE_WRONG_VERSION);
     EXPECT_EQ(QuavixMidiFileVersion(), QUAVIX_MIDI_FILE_VERSION);
 }
 
@@ -227,11 +228,11 @@ TEST(MidiFile, ADetailIsCutWhereTheBufferIsShort) {
     QuavixMidiFileSink sink{};
     sink.Events = [](void*, std::uint32_t, const QuavixMidiFileEvent*, std::size_t) { return 0; };
     char detail[] = "0123456789ABCDEF";
-    EXPECT_EQ(QuavixMidiFileRead(nullptr, 0, &sink, detail, 14), QuavixMidiFileUnreadable);
+    EXPECT_EQ(QuavixMidiFileRead(nullptr, 0, &sink, detail, 14), QUAVIX_MIDI_FILE_UNREADABLE);
     EXPECT_STREQ(detail, "Byte 0: the f");
     EXPECT_EQ(detail[14], 'E');
     char shortest[] = "01234";
-    EXPECT_EQ(QuavixMidiFileRead(nullptr, 0, &sink, shortest, 1), QuavixMidiFileUnreadable);
+    EXPECT_EQ(QuavixMidiFileRead(nullptr, 0, &sink, shortest, 1), QUAVIX_MIDI_FILE_UNREADABLE);
     EXPECT_STREQ(shortest, "");
 }
 

@@ -6,7 +6,7 @@
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 
-#include "modules/midi_io/message_queue.h"
+#include "modules/midi_io/arrivals.h"
 
 namespace quavix::midi_io {
 namespace {

@@ -83,7 +83,7 @@ class Library {
         });
         const std::int32_t result = Calls.Create(
             system_.c_str(), [](void* user) { static_cast<Library*>(user)->wake_(); }, this, &io_);
-        if (result != QuavixMidiIoOk)
+        if (result != QUAVIX_MIDI_IO_OK)
             problem_ = "The file \"" + fileName_ + "\" could not be started (result " +
                        std::to_string(result) + ").";
         return problem_;
@@ -94,7 +94,7 @@ class Library {
 
     std::string Text(decltype(QuavixMidiIoProblem)* call) const {
         std::array<char, TextSize> text{};
-        return call(io_, text.data(), text.size()) == QuavixMidiIoOk ? text.data() : "";
+        return call(io_, text.data(), text.size()) == QUAVIX_MIDI_IO_OK ? text.data() : "";
     }
 
     std::string Problem() const { return io_ == nullptr ? problem_ : Text(Calls.Problem); }
@@ -131,13 +131,13 @@ class ModulePort : public Port {
     std::string DeviceName(std::int32_t device) override {
         std::array<char, TextSize> name{};
         if (library_.Io() == nullptr ||
-            calls_.Name(library_.Io(), device, name.data(), name.size()) != QuavixMidiIoOk)
+            calls_.Name(library_.Io(), device, name.data(), name.size()) != QUAVIX_MIDI_IO_OK)
             return {};
         return name.data();
     }
 
     bool Open(std::int32_t device) override {
-        return library_.Prepare().empty() && calls_.Open(library_.Io(), device) == QuavixMidiIoOk;
+        return library_.Prepare().empty() && calls_.Open(library_.Io(), device) == QUAVIX_MIDI_IO_OK;
     }
 
     void Close() override {
@@ -147,10 +147,10 @@ class ModulePort : public Port {
 
     MidiDeviceState State() override {
         const std::int32_t state =
-            library_.Io() == nullptr ? QuavixMidiIoClosed : calls_.State(library_.Io());
-        if (state == QuavixMidiIoOk)
+            library_.Io() == nullptr ? QUAVIX_MIDI_IO_CLOSED : calls_.State(library_.Io());
+        if (state == QUAVIX_MIDI_IO_OK)
             return MidiDeviceState::Open;
-        return state == QuavixMidiIoClosed ? MidiDeviceState::Closed : MidiDeviceState::Gone;
+        return state == QUAVIX_MIDI_IO_CLOSED ? MidiDeviceState::Closed : MidiDeviceState::Gone;
     }
 
   protected:
@@ -168,11 +168,11 @@ class ModuleOut : public ModulePort<MidiOutPort> {
         if (library_.Io() == nullptr)
             return MidiSendResult::NotOpen;
         switch (library_.Calls.Send(library_.Io(), message.Status, message.Data1, message.Data2)) {
-            case QuavixMidiIoOk:
+            case QUAVIX_MIDI_IO_OK:
                 return MidiSendResult::Sent;
-            case QuavixMidiIoBusy:
+            case QUAVIX_MIDI_IO_BUSY:
                 return MidiSendResult::Busy;
-            case QuavixMidiIoBadArgument:
+            case QUAVIX_MIDI_IO_BAD_ARGUMENT:
                 return MidiSendResult::NoMessage;
             default:
                 return MidiSendResult::NotOpen;
@@ -191,10 +191,10 @@ class ModuleIn : public ModulePort<MidiInPort> {
     Received Receive(MidiMessage& message) override {
         QuavixMidiIoMessage taken{};
         const std::int32_t result =
-            library_.Io() == nullptr ? QuavixMidiIoEmpty : library_.Calls.Receive(library_.Io(), &taken);
-        if (result == QuavixMidiIoLost)
+            library_.Io() == nullptr ? QUAVIX_MIDI_IO_EMPTY : library_.Calls.Receive(library_.Io(), &taken);
+        if (result == QUAVIX_MIDI_IO_LOST)
             return Received::Lost;
-        if (result != QuavixMidiIoOk)
+        if (result != QUAVIX_MIDI_IO_OK)
             return Received::None;
         message = {taken.Status, taken.Data1, taken.Data2};
         return Received::Message;

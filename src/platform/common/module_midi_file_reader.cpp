@@ -101,11 +101,11 @@ class Sink {
 
 MidiFileResult ResultOf(std::int32_t result) {
     switch (result) {
-        case QuavixMidiFileOk:
+        case QUAVIX_MIDI_FILE_OK:
             return MidiFileResult::Read;
-        case QuavixMidiFileTooManyEvents:
+        case QUAVIX_MIDI_FILE_TOO_MANY_EVENTS:
             return MidiFileResult::TooManyEvents;
-        case QuavixMidiFileStopped:
+        case QUAVIX_MIDI_FILE_STOPPED:
             return MidiFileResult::Stopped;
         default:
             return MidiFileResult::Unreadable;

@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QClipboard>
+#include <QGuiApplication>
+
 #include "ports/clipboard.h"
 
 namespace quavix {
@@ -8,8 +11,10 @@ namespace quavix {
 /// The desktop's clipboard.
 class QtClipboard : public Clipboard {
   public:
-    void SetText(const std::string& text) override;
-    std::string Text() override;
+    void SetText(const std::string& text) override {
+        QGuiApplication::clipboard()->setText(QString::fromStdString(text));
+    }
+    std::string Text() override { return QGuiApplication::clipboard()->text().toStdString(); }
 };
 
 }  // namespace quavix

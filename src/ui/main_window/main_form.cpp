@@ -13,6 +13,7 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QStyle>
+#include <QTableView>
 
 #include "midi/midi_file_opening.h"
 #include "program/outputs.h"

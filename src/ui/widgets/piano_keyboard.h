@@ -4,6 +4,7 @@
 #include <bitset>
 
 #include <QMap>
+#include <QTouchEvent>
 #include <QWidget>
 
 #include "ui/widgets/piano_plan.h"

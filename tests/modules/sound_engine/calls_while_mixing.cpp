@@ -11,7 +11,7 @@
 #include <string>
 #include <vector>
 
-#include "sound_engine/sound_engine.h"
+#include "modules/sound_engine/sound_engine.h"
 #include "support/temporary_folder.h"
 #include "support/wav_sound.h"
 

@@ -5,7 +5,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "sound_engine/sound_engine.h"
+#include "modules/sound_engine/sound_engine.h"
 
 namespace quavix::test {
 

@@ -26,6 +26,6 @@ std::int32_t QuavixMidiIoInit(std::uint32_t) {
 #ifdef QUAVIX_BROKEN_FUNCTIONS
 std::int32_t QuavixMidiFileRead(const std::uint8_t*, std::size_t, const QuavixMidiFileSink*, char*,
                                 std::size_t) {
-    return QuavixMidiFileUnreadable;
+    return QUAVIX_MIDI_FILE_UNREADABLE;
 }
 #endif

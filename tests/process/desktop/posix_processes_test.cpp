@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
-#include "platform/posix/posix_processes.h"
-
 #include <csignal>
+#include <memory>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <gtest/gtest.h>
 
+#include "platform/common/system_ports.h"
 #include "shell/process_priority.h"
 
 namespace quavix {
@@ -32,7 +32,8 @@ struct Child {
 };
 
 TEST(PosixProcesses, TheFirstProcessOfTheSystemIsOutOfBounds) {
-    PosixProcesses processes;
+    const std::unique_ptr<Processes> made = MakeProcesses();
+    Processes& processes = *made;
     const int before = getpriority(PRIO_PROCESS, 1);
     EXPECT_EQ(processes.Open(SetAndQuery, 1), 0);
     EXPECT_EQ(processes.Open(Processes::QueryInformation, 1), 0);
@@ -41,14 +42,16 @@ TEST(PosixProcesses, TheFirstProcessOfTheSystemIsOutOfBounds) {
 }
 
 TEST(PosixProcesses, NoNegativeOrMissingProcessIsOpened) {
-    PosixProcesses processes;
+    const std::unique_ptr<Processes> made = MakeProcesses();
+    Processes& processes = *made;
     EXPECT_EQ(processes.Open(SetAndQuery, -1), 0);
     EXPECT_EQ(processes.Open(SetAndQuery, 0), 0);
     EXPECT_EQ(processes.Open(SetAndQuery, 0x7FFFFFFF), 0);
 }
 
 TEST(PosixProcesses, PriorityClassesAreNiceValues) {
-    PosixProcesses processes;
+    const std::unique_ptr<Processes> made = MakeProcesses();
+    Processes& processes = *made;
     const Child child;
     // Without privileges a priority can only go down, so where the tests run lower already only the lowest is
     // left.
@@ -61,7 +64,8 @@ TEST(PosixProcesses, PriorityClassesAreNiceValues) {
 }
 
 TEST(PosixProcesses, AnUnknownPriorityClassChangesNothing) {
-    PosixProcesses processes;
+    const std::unique_ptr<Processes> made = MakeProcesses();
+    Processes& processes = *made;
     const Child child;
     const int before = child.Nice();
     const ProcessHandle handle = processes.Open(SetAndQuery, child.Id);
@@ -71,7 +75,8 @@ TEST(PosixProcesses, AnUnknownPriorityClassChangesNothing) {
 }
 
 TEST(PosixProcesses, AHandleWithoutTheRightToSetSetsNothing) {
-    PosixProcesses processes;
+    const std::unique_ptr<Processes> made = MakeProcesses();
+    Processes& processes = *made;
     const Child child;
     const int before = child.Nice();
     const ProcessHandle handle = processes.Open(Processes::QueryInformation, child.Id);
@@ -81,7 +86,8 @@ TEST(PosixProcesses, AHandleWithoutTheRightToSetSetsNothing) {
 }
 
 TEST(PosixProcesses, ThisProcessIsItsOwn) {
-    PosixProcesses processes;
+    const std::unique_ptr<Processes> made = MakeProcesses();
+    Processes& processes = *made;
     EXPECT_EQ(processes.CurrentProcessId(), getpid());
     EXPECT_NE(processes.Open(SetAndQuery, getpid()), 0);
     EXPECT_EQ(processes.WindowProcessId(1), 0);
