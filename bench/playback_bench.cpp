@@ -7,7 +7,7 @@
 
 #include <benchmark/benchmark.h>
 
-#include "app/song_renderer.h"
+#include "rendering/song_renderer.h"
 #include "simulation/recorded_sound_library.h"
 #include "simulation/simulated_dialogs.h"
 #include "simulation/simulated_files.h"

@@ -7,17 +7,17 @@
 
 #include <fmt/format.h>
 
-#include "app/render_target.h"
-#include "app/song_renderer.h"
 #include "platform/common/console_boxes.h"
 #include "platform/common/environment.h"
 #include "platform/common/module_midi_file_reader.h"
 #include "platform/common/notnormal_fmodex.h"
 #include "platform/common/system_ports.h"
+#include "rendering/render_target.h"
+#include "rendering/rendered_sound.h"
+#include "rendering/song_renderer.h"
 #include "shell/file_access.h"
 #include "shell/program_info.h"
 #include "shell/utf8_path.h"
-#include "simulation/rendered_speaker.h"
 
 namespace {
 

@@ -12,7 +12,6 @@
 namespace quavix {
 namespace {
 
-constexpr int BytesPerSample = 2;
 constexpr std::uint32_t FormatBytes = 16;
 constexpr std::uint32_t Pcm = 1;
 constexpr std::uint32_t UnknownSize = 0xFFFF'FFFF;
@@ -57,7 +56,7 @@ WavWriter::WavWriter(std::ostream& out, std::int32_t sampleRate, std::int32_t ch
                      std::int64_t mostRiffBytes)
     : out_(out), sampleRate_(sampleRate), channels_(channels), mostRiffBytes_(mostRiffBytes) {
     failed_ = sampleRate < 1 || channels < 1 || channels > 32767 ||
-              sampleRate_ * channels_ * BytesPerSample > std::numeric_limits<std::uint32_t>::max();
+              sampleRate_ * channels_ * WavBytesPerSample > std::numeric_limits<std::uint32_t>::max();
 }
 
 void WavWriter::MakeRoom() {
@@ -74,7 +73,7 @@ bool WavWriter::Begin() {
 }
 
 bool WavWriter::WriteHeader(std::optional<std::int64_t> frames) {
-    const std::int64_t frameBytes = channels_ * BytesPerSample;
+    const std::int64_t frameBytes = channels_ * WavBytesPerSample;
     const std::int64_t dataBytes = frames.value_or(0) * frameBytes;
     const std::int64_t riffBytes = RiffOverhead + (hasRoom_ ? RoomBytes : 0) + dataBytes;
     const bool isLong = riffBytes > mostRiffBytes_;
@@ -96,7 +95,7 @@ bool WavWriter::WriteHeader(std::optional<std::int64_t> frames) {
     AppendNumber(header, sampleRate_, 4);
     AppendNumber(header, sampleRate_ * frameBytes, 4);
     AppendNumber(header, frameBytes, 2);
-    AppendNumber(header, BytesPerSample * 8, 2);
+    AppendNumber(header, WavBytesPerSample * 8, 2);
     header += "data";
     AppendNumber(header, isStated ? dataBytes : UnknownSize, 4);
     return static_cast<bool>(out_.write(header.data(), static_cast<std::streamsize>(header.size())));
@@ -109,7 +108,7 @@ bool WavWriter::Reserve(std::int64_t frames) {
     const std::int64_t mostBytes = hasRoom_
                                        ? std::numeric_limits<std::int64_t>::max() - RiffOverhead - RoomBytes
                                        : mostRiffBytes_ - RiffOverhead;
-    if (frames > mostBytes / (channels_ * BytesPerSample) - frames_) {
+    if (frames > mostBytes / (channels_ * WavBytesPerSample) - frames_) {
         tooLong_ = true;
         return false;
     }
@@ -127,7 +126,7 @@ bool WavWriter::Write(std::span<const float> samples) {
             buffer[i] = LittleEndian(ToPcm(samples[i]));
         }
         if (!out_.write(reinterpret_cast<const char*>(buffer.data()),
-                        static_cast<std::streamsize>(size * BytesPerSample))) {
+                        static_cast<std::streamsize>(size * WavBytesPerSample))) {
             failed_ = true;
             return false;
         }
@@ -141,7 +140,7 @@ bool WavWriter::WriteSilence(std::int64_t frames) {
     if (!Reserve(std::max<std::int64_t>(frames, 0)))
         return false;
     static constexpr std::array<char, 8192> Zeros = {};
-    std::int64_t left = std::max<std::int64_t>(frames, 0) * channels_ * BytesPerSample;
+    std::int64_t left = std::max<std::int64_t>(frames, 0) * channels_ * WavBytesPerSample;
     while (left > 0) {
         const std::int64_t size = std::min(left, static_cast<std::int64_t>(Zeros.size()));
         if (!out_.write(Zeros.data(), static_cast<std::streamsize>(size))) {
@@ -159,7 +158,7 @@ bool WavWriter::SkipSilence(std::int64_t frames) {
         return WriteSilence(frames);
     if (!Reserve(frames))
         return false;
-    failed_ = !out_.seekp(frames * channels_ * BytesPerSample, std::ios::cur);
+    failed_ = !out_.seekp(frames * channels_ * WavBytesPerSample, std::ios::cur);
     frames_ += failed_ ? 0 : frames;
     return !failed_;
 }
@@ -245,10 +244,10 @@ bool WavReader::ReadFormat(std::uint64_t size) {
     const std::span bytes(format);
     const std::uint64_t channels = Number(bytes.subspan(2, 2));
     const std::uint64_t rate = Number(bytes.subspan(4, 4));
-    const std::uint64_t frameBytes = channels * BytesPerSample;
+    const std::uint64_t frameBytes = channels * WavBytesPerSample;
     if (!in_ || size < FormatBytes || Number(bytes.first(2)) != Pcm || channels == 0 || rate == 0 ||
         rate > std::numeric_limits<std::int32_t>::max() || Number(bytes.subspan(8, 4)) != rate * frameBytes ||
-        Number(bytes.subspan(12, 2)) != frameBytes || Number(bytes.last(2)) != 8 * BytesPerSample)
+        Number(bytes.subspan(12, 2)) != frameBytes || Number(bytes.last(2)) != 8 * WavBytesPerSample)
         return false;
     channels_ = static_cast<std::int32_t>(channels);
     sampleRate_ = static_cast<std::int32_t>(rate);
@@ -261,12 +260,12 @@ std::size_t WavReader::Read(std::span<float> samples) {
     if (!IsGood())
         return 0;
     const auto channels = static_cast<std::size_t>(channels_);
-    const std::size_t frameBytes = channels * BytesPerSample;
+    const std::size_t frameBytes = channels * WavBytesPerSample;
     const std::size_t frames = std::min<std::uint64_t>(samples.size() / channels, bytesLeft_ / frameBytes);
     bytes_.resize(frames * frameBytes);
     in_.read(reinterpret_cast<char*>(bytes_.data()), static_cast<std::streamsize>(bytes_.size()));
     const std::size_t read = static_cast<std::size_t>(in_.gcount()) / frameBytes * channels;
-    bytesLeft_ -= read * BytesPerSample;
+    bytesLeft_ -= read * WavBytesPerSample;
     for (std::size_t i = 0; i < read; ++i) {
         const auto bits = static_cast<std::uint16_t>(bytes_[2 * i] | bytes_[2 * i + 1] << 8);
         samples[i] = static_cast<float>(static_cast<std::int16_t>(bits)) / FullScale;

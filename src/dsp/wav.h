@@ -11,6 +11,9 @@
 
 namespace quavix {
 
+/// All WAV files here hold whole numbers of 16 bits.
+inline constexpr int WavBytesPerSample = 2;
+
 /// Size of a RIFF/WAVE file, less 8 bytes, that its 32-bit sizes can state: the greatest one is "unknown".
 inline constexpr std::int64_t MostRiffBytes = 0xFFFF'FFFE;
 

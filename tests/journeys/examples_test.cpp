@@ -6,9 +6,9 @@
 
 #include <gtest/gtest.h>
 
-#include "app/song_renderer.h"
 #include "platform/common/module_midi_file_reader.h"
 #include "platform/posix/posix_files.h"
+#include "rendering/song_renderer.h"
 #include "simulation/recorded_sound_library.h"
 #include "simulation/simulated_dialogs.h"
 #include "simulation/simulated_time.h"

@@ -72,7 +72,8 @@ TEST_F(RenderProgram, WritesMidiFilesWithTheModuleThatLiesBesideIt) {
 }
 
 TEST_F(RenderProgram, WritesToStandardOutputWithTrueSizes) {
-    EXPECT_EQ(Run("$render song - | cat >out.wav"), 0);
+    EXPECT_EQ(Run("TMPDIR=$PWD $render song - | cat >out.wav"), 0);
+    EXPECT_TRUE(HasNothingHalfWritten());
     EXPECT_EQ(Run("$render song file.wav && cmp out.wav file.wav"), 0);
 }
 
@@ -129,6 +130,15 @@ TEST_F(RenderProgram, InterruptedItLeavesNothing) {
         EXPECT_TRUE(HasNothingHalfWritten()) << signal;
         EXPECT_EQ(Run("test -e out.wav"), 1) << signal;
     }
+}
+
+TEST_F(RenderProgram, InterruptedItLeavesNothingOfTheSoundEngine) {
+    const int status =
+        Run("TMPDIR=$PWD $render --passes 1000000 --output fmod song out.wav & child=$!; "
+            "until ls quavix-engine.*.wav >/dev/null 2>&1; do :; done; "
+            "kill -TERM $child; wait $child");
+    EXPECT_GT(status, 128);
+    EXPECT_EQ(Folder.EntryCount(), 3) << "two songs and the errors";
 }
 
 TEST_F(RenderProgram, AReaderThatGoesAwayIsAnErrorOfWriting) {

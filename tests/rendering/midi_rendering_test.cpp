@@ -6,9 +6,9 @@
 
 #include <gmock/gmock.h>
 
-#include "app/song_renderer.h"
 #include "platform/common/module_midi_file_reader.h"
 #include "platform/common/notnormal_fmodex.h"
+#include "rendering/song_renderer.h"
 #include "simulation/simulated_dialogs.h"
 #include "simulation/simulated_files.h"
 #include "support/measure.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "app/render_options.h"
+#include "rendering/render_options.h"
 
 #include <charconv>
 #include <stdexcept>

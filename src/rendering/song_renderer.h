@@ -6,15 +6,16 @@
 #include <stdexcept>
 #include <string>
 
-#include "app/render_options.h"
 #include "ports/files.h"
 #include "ports/message_boxes.h"
 #include "ports/midi_file_reader.h"
 #include "ports/sound_library.h"
+#include "rendering/render_options.h"
 
 namespace quavix {
 
 class Program;
+class RenderedEngine;
 
 /// The song could not be read or played.
 class SongError : public std::runtime_error {
@@ -45,6 +46,7 @@ class SongRenderer {
 
   private:
     void LoadEngine(Program& program) const;
+    void ChooseOutput(Program& program, RenderedEngine& engine, const RenderOptions& options) const;
 
     Files& files_;
     MessageBoxes& boxes_;

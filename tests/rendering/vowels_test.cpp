@@ -9,9 +9,9 @@
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 
-#include "app/engine_recording.h"
 #include "fmod/sound_mods.h"
 #include "platform/common/notnormal_fmodex.h"
+#include "rendering/rendered_engine.h"
 #include "shell/seeded_random_numbers.h"
 #include "simulation/simulated_dialogs.h"
 #include "simulation/simulated_files.h"
@@ -51,7 +51,9 @@ std::vector<float> Sing(const Vowel& vowel) {
                     handlers,
                     log,
                     {}});
-    EngineRecording engine(library, time);
+    std::stringstream out;
+    SoundFile file(out, 48000);
+    RenderedEngine engine(library, time, file);
     mods.Singer.Load(engine.Output());
     engine.Begin(mods.Singer.VoiceSystem());
     mods.UseVoice.NoiseVolSlider = 0;
@@ -63,10 +65,8 @@ std::vector<float> Sing(const Vowel& vowel) {
         time.RunUntil(ms);
         engine.CatchUp();
     }
-    std::stringstream out;
-    WavWriter wav(out, 48000, 1);
-    engine.Finish(wav, 48000);
-    wav.Finish();
+    engine.Finish();
+    file.Finish();
     EXPECT_EQ(events.Text(), "");
     std::vector<float> sound = test::ReadWav(out.str()).value().Samples;
     sound.erase(sound.begin(), sound.begin() + 12000);  // until the formants are where they stay

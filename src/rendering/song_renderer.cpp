@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "app/song_renderer.h"
+#include "rendering/song_renderer.h"
 
 #include <algorithm>
 #include <span>
 #include <utility>
 
-#include "app/engine_recording.h"
-#include "dsp/wav.h"
 #include "midi/midi_file_opening.h"
 #include "music/lengths.h"
 #include "program/absent_ports.h"
@@ -15,9 +13,11 @@
 #include "program/playing.h"
 #include "program/program.h"
 #include "program/song_storage.h"
+#include "rendering/rendered_engine.h"
+#include "rendering/rendered_sound.h"
+#include "rendering/rendered_speaker.h"
 #include "shell/runtime_error.h"
 #include "shell/seeded_random_numbers.h"
-#include "simulation/rendered_speaker.h"
 #include "simulation/simulated_time.h"
 
 namespace quavix {
@@ -46,14 +46,12 @@ class RenderLoadingView : public LoadingView {
 /// Simulated time that looks after the rendering whenever the program lets events run.
 class RenderPump : public EventPump {
   public:
-    /// With `withEngine`, what sounds is the engine's; otherwise the speaker's.
-    RenderPump(SimulatedTime& time, RenderedSpeaker& speaker, EngineRecording& engine, bool withEngine,
-               const std::function<bool(double)>& progress)
-        : time_(time), speaker_(speaker), engine_(engine), withEngine_(withEngine), progress_(progress) {}
+    RenderPump(SimulatedTime& time, RenderedSound& sound, const std::function<bool(double)>& progress)
+        : time_(time), sound_(sound), progress_(progress) {}
 
     std::uint32_t WaitForInput(std::span<const WaitHandle> handles, std::uint32_t timeoutMs) override {
         const std::uint32_t result = time_.WaitForInput(handles, timeoutMs);
-        engine_.CatchUp();
+        sound_.CatchUp();
         return result;
     }
 
@@ -63,8 +61,6 @@ class RenderPump : public EventPump {
             return;
         next_ = time_.Now() + SimulatedTime::CountsPerSecond;
         calls_ = 0;
-        if (!withEngine_)
-            speaker_.CatchUp();
         const double seconds = static_cast<double>(time_.Now()) / SimulatedTime::CountsPerSecond;
         if (!progress_(TotalSeconds > 0 ? std::min(seconds / TotalSeconds, 1.0) : 0))
             throw RenderInterrupted();
@@ -77,9 +73,7 @@ class RenderPump : public EventPump {
     static constexpr int CallsBetween = 1000;
 
     SimulatedTime& time_;
-    RenderedSpeaker& speaker_;
-    EngineRecording& engine_;
-    bool withEngine_;
+    RenderedSound& sound_;
     const std::function<bool(double)>& progress_;
     std::int64_t next_ = 0;
     int calls_ = 0;
@@ -136,22 +130,6 @@ void PlayMidi(Program& program, RenderPump& pump, std::int32_t passes) {
     }
 }
 
-/// The sound card's tones alone are heard.
-void StartTones(Program& program, EngineRecording& engine, std::int32_t waveform) {
-    program.Outputs.SoundMods.StartEngine(engine.Output());
-    engine.Begin(program.Outputs.SoundMods.Engine.System());
-    program.Outputs.SoundMods.Generator.ChangeDSPType(waveform);
-    program.Fields.Mods.UseFMOD.Ticked = true;
-}
-
-/// The voice alone is heard.
-void StartVoice(Program& program, EngineRecording& engine) {
-    program.Outputs.SoundMods.Singer.Load(engine.Output());
-    engine.Begin(program.Outputs.SoundMods.Singer.VoiceSystem());
-    program.Fields.Mods.UseVoice.Ticked = true;
-    program.Fields.Output.MutePCSpeaker = true;
-}
-
 }  // namespace
 
 void SongRenderer::LoadEngine(Program& program) const {
@@ -160,13 +138,38 @@ void SongRenderer::LoadEngine(Program& program) const {
         throw RenderError("this output needs the sound engine FMODex.dll in the program's folder");
 }
 
+/// Lets the chosen output alone be heard.
+void SongRenderer::ChooseOutput(Program& program, RenderedEngine& engine,
+                                const RenderOptions& options) const {
+    switch (options.Sounds) {
+        case RenderOptions::Output::Speaker:
+            break;
+        case RenderOptions::Output::Fmod:
+            LoadEngine(program);
+            program.Outputs.SoundMods.StartEngine(engine.Output());
+            engine.Begin(program.Outputs.SoundMods.Engine.System());
+            program.Outputs.SoundMods.Generator.ChangeDSPType(options.Waveform);
+            program.Fields.Mods.UseFMOD.Ticked = true;
+            break;
+        case RenderOptions::Output::Voice:
+            LoadEngine(program);
+            program.Outputs.SoundMods.Singer.Load(engine.Output());
+            engine.Begin(program.Outputs.SoundMods.Singer.VoiceSystem());
+            program.Fields.Mods.UseVoice.Ticked = true;
+            program.Fields.Output.MutePCSpeaker = true;
+            break;
+    }
+}
+
 void SongRenderer::Render(const RenderOptions& options, std::ostream& out) {
     SimulatedTime time;
-    WavWriter wav(out, options.Rate, 1);
-    RenderedSpeaker speaker(time, wav, options.Rate);
-    const bool withEngine = options.Sounds != RenderOptions::Output::Speaker;
-    EngineRecording engine(sound_, time);
-    RenderPump pump(time, speaker, engine, withEngine, progress_);
+    SoundFile file(out, options.Rate);
+    RenderedSpeaker speaker(time, file);
+    RenderedEngine engine(sound_, time, file);
+    RenderedSound* sound = &engine;
+    if (options.Sounds == RenderOptions::Output::Speaker)
+        sound = &speaker;
+    RenderPump pump(time, *sound, progress_);
     SeededRandomNumbers random(RandomSeed);
     RenderLoadingView loading(progress_);
     AbsentPorts absent;
@@ -182,38 +185,28 @@ void SongRenderer::Render(const RenderOptions& options, std::ostream& out) {
         program.Fields.State.TickFreq = ReadTickFreq(time, program.Log);
         program.Outputs.ToneCode.UseWriteCode = !options.ToneCodeFile.empty();
         const bool isMidiFile = IsMidiFileName(options.Song);
-        if (isMidiFile) {
+        if (isMidiFile)
             OpenMidi(program, options.Song);
-            pump.TotalSeconds = SecondsOfMidiFile(program) * options.Passes;
-        } else {
+        else
             Load(program, options.Song);
-            pump.TotalSeconds = SecondsOfSong(program) * options.Passes;
-        }
-        if (withEngine)
-            LoadEngine(program);
-        if (options.Sounds == RenderOptions::Output::Fmod)
-            StartTones(program, engine, options.Waveform);
-        else if (options.Sounds == RenderOptions::Output::Voice)
-            StartVoice(program, engine);
+        pump.TotalSeconds =
+            (isMidiFile ? SecondsOfMidiFile(program) : SecondsOfSong(program)) * options.Passes;
+        file.Expect(pump.TotalSeconds);
+        ChooseOutput(program, engine, options);
         if (isMidiFile)
             PlayMidi(program, pump, options.Passes);
         else
             Play(program, options.Passes);
     } catch (const RuntimeError& error) {
-        // Numbers of the song that can't be reckoned with, or too many events; what is left are files that
-        // can't be written.
+        // Arithmetic errors and too many events come from the song; every other error from writing a file.
         const std::int32_t number = error.Number();
         if (number == RuntimeError::Overflow || number == RuntimeError::DivisionByZero ||
             number == RuntimeError::SubscriptOutOfRange)
             throw SongError(error.what());
         throw RenderError(error.what());
     }
-    if (withEngine)
-        engine.Finish(wav, options.Rate);
-    else
-        speaker.CatchUp();
-    if (!wav.Finish())
-        throw RenderError("the sound can't be written any further");
+    sound->Finish();
+    file.Finish();
 }
 
 }  // namespace quavix

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
-#include "app/render_target.h"
+#include "rendering/render_target.h"
 
 #include <gtest/gtest.h>
 
-#include "simulation/rendered_speaker.h"
+#include "rendering/rendered_sound.h"
 #include "support/temporary_folder.h"
 
 namespace quavix {

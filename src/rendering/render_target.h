@@ -21,7 +21,8 @@ class RenderTarget {
 
     std::ostream& Stream() { return stream_; }
 
-    /// True if Commit() passes the sound on to a reader, and waits for it; nothing of it has a name then.
+    /// True if Commit() passes the sound on to a reader, and waits for it; nothing of it has a name then
+    /// where the system can remove open files.
     bool IsPassedOn() const { return isPassedOn_; }
 
     /// Puts the complete sound in its place. Raises RenderError when that fails.

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "app/render_target.h"
+#include "rendering/render_target.h"
 
 #include <array>
 #include <iostream>
@@ -7,7 +7,7 @@
 
 #include <fmt/format.h>
 
-#include "simulation/rendered_speaker.h"
+#include "rendering/rendered_sound.h"
 
 namespace quavix {
 namespace {
@@ -52,11 +52,10 @@ RenderTarget::RenderTarget(const std::string& out) : name_(out) {
     }
     if (!aside_.empty())
         stream_.open(aside_, std::ios::binary | std::ios::in | std::ios::out | std::ios::trunc);
-    if (isPassedOn_ && stream_.is_open()) {
-        // Nobody else needs its name, and nothing is left of it however the program ends.
-        fs::remove(aside_, error);
+    // Nobody else needs its name, and nothing is left of it however the program ends. Where an open file
+    // can't be removed, the destructor removes it.
+    if (isPassedOn_ && stream_.is_open() && fs::remove(aside_, error))
         aside_.clear();
-    }
     if (!stream_.is_open()) {
         aside_.clear();
         throw RenderError(fmt::format("\"{}\" can't be written", out));

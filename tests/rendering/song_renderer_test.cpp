@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "app/song_renderer.h"
+#include "rendering/song_renderer.h"
 
 #include <algorithm>
 #include <cmath>
@@ -7,8 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include "rendering/rendered_sound.h"
 #include "simulation/recorded_sound_library.h"
-#include "simulation/rendered_speaker.h"
 #include "simulation/simulated_dialogs.h"
 #include "simulation/simulated_files.h"
 #include "simulation/simulated_midi_file_reader.h"
@@ -178,6 +178,7 @@ TEST_F(SongRendererTest, LinesAndAlternationsWithoutTimeComeToAnEnd) {
 TEST_F(SongRendererTest, AResultTooLongForAWavFileIsSaid) {
     PutSong("Whole - - Dot|Whole - - Dot", "BPM 1\n");
     Options.Passes = 1'000'000;
+    Options.Rate = 192000;
     class : public std::streambuf {
         int overflow(int c) override { return c; }
         std::streamsize xsputn(const char*, std::streamsize count) override { return count; }
@@ -185,6 +186,48 @@ TEST_F(SongRendererTest, AResultTooLongForAWavFileIsSaid) {
     std::ostream out(&nothing);
     SongRenderer renderer(Disk, Boxes, Library, MidiFiles, "/program", [](double) { return true; });
     EXPECT_THROW(renderer.Render(Options, out), RenderError);
+}
+
+/// Counts what is written, anywhere, and keeps the first bytes of it.
+class CountedBytes : public std::streambuf {
+  public:
+    std::int64_t Size = 0;
+    std::string Start = std::string(80, ' ');
+
+  private:
+    std::streamsize xsputn(const char* text, std::streamsize count) override {
+        for (std::int64_t i = 0; i < count && at_ + i < std::ssize(Start); ++i)
+            Start[static_cast<std::size_t>(at_ + i)] = text[i];
+        at_ += count;
+        Size = std::max(Size, at_);
+        return count;
+    }
+    pos_type seekpos(pos_type to, std::ios::openmode) override { return at_ = to; }
+    pos_type seekoff(off_type by, std::ios::seekdir, std::ios::openmode) override { return at_ += by; }
+
+    std::int64_t at_ = 0;
+};
+
+TEST_F(SongRendererTest, OnlyAFileBeyond4GiBHas64BitSizes) {
+    PutSong("Whole - - Dot|Whole - - Dot", "BPM 1\n");
+    Options.Rate = 192000;
+    for (const std::int32_t passes : {1, 16}) {
+        CountedBytes bytes;
+        std::ostream out(&bytes);
+        Options.Passes = passes;
+        SongRenderer(Disk, Boxes, Library, MidiFiles, "/program", [](double) {
+            return true;
+        }).Render(Options, out);
+        const std::int64_t soundBytes = 192000LL * 2 * 720 * passes;
+        if (passes == 1) {
+            EXPECT_EQ(bytes.Size, 44 + soundBytes);
+            EXPECT_EQ(bytes.Start.substr(0, 4) + bytes.Start.substr(8, 8), "RIFFWAVEfmt ");
+        } else {
+            EXPECT_NEAR(static_cast<double>(bytes.Size), static_cast<double>(80 + soundBytes), 192000);
+            EXPECT_EQ(bytes.Start.substr(0, 4) + bytes.Start.substr(8, 8), "RF64WAVEds64");
+            EXPECT_EQ(bytes.Start.substr(72, 4), "data");
+        }
+    }
 }
 
 TEST_F(SongRendererTest, WithoutTheSoundEngineItsOutputsCannotBeRendered) {

@@ -1,0 +1,29 @@
+// SPDX-License-Identifier: MIT
+#include "rendering/rendered_speaker.h"
+
+#include <algorithm>
+#include <array>
+#include <span>
+
+#include "dsp/square_wave.h"
+
+namespace quavix {
+
+void RenderedSpeaker::Beep(std::int32_t frequency, std::int32_t durationMs) {
+    if (durationMs <= 0)
+        return;
+    CatchUp();
+    time_.Block(durationMs);
+    std::int64_t left = FramesToGo();
+    SquareWave tone(CanSound(frequency) ? frequency : 0, out_.Rate(), left);
+    std::array<float, 4096> block;
+    while (left > 0) {
+        const auto count = static_cast<std::size_t>(std::min<std::int64_t>(left, block.size()));
+        const std::span<float> samples = std::span(block).first(count);
+        tone.Render(samples);
+        out_.Write(samples);
+        left -= static_cast<std::int64_t>(count);
+    }
+}
+
+}  // namespace quavix

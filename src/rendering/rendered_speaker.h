@@ -1,0 +1,31 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+
+#include "ports/speaker.h"
+#include "rendering/rendered_sound.h"
+#include "simulation/simulated_time.h"
+
+namespace quavix {
+
+/// A speaker on simulated time that writes what would be heard, exact to the sample: the tone of a moment t
+/// starts at frame t × rate. Time without a tone is silence.
+class RenderedSpeaker : public Speaker, public RenderedSound {
+  public:
+    RenderedSpeaker(SimulatedTime& time, SoundFile& out) : time_(time), out_(out) {}
+
+    void Beep(std::int32_t frequency, std::int32_t durationMs) override;
+    SpeakerStatus Status() const override { return {.InUse = "WAV file"}; }
+
+    void CatchUp() override { out_.WriteSilence(FramesToGo()); }
+    void Finish() override { CatchUp(); }
+
+  private:
+    std::int64_t FramesToGo() const { return FrameAt(time_.Now(), out_.Rate()) - out_.Frames(); }
+
+    SimulatedTime& time_;
+    SoundFile& out_;
+};
+
+}  // namespace quavix
