@@ -13,7 +13,8 @@
 #include "platform/common/speaker/choose_speaker.h"
 #include "platform/common/speaker/sound_card.h"
 #include "platform/common/speaker/tone_player.h"
-#include "support/own_mounts.h"
+#include "support/held_errors.h"
+#include "support/no_sound_devices.h"
 
 namespace quavix {
 namespace {
@@ -29,11 +30,12 @@ class SoundCardSpeakerOn : public testing::Test {
     SoundCardSpeakerOn() { setenv("PULSE_SERVER", "unix:/nowhere/at/all", 1); }
 
     static void WaitUntilOpen(const Speaker& speaker) {
-        for (int wait = 0; wait < 1000 && speaker.Status().InUse.find("not opened") != std::string::npos;
+        for (int wait = 0; wait < 6000 && speaker.Status().InUse.find("not opened") != std::string::npos;
              ++wait)
             SleepUntil(MonotonicNs() + 10 * NsPerMs);
     }
 
+    test::HeldErrors errors_;
     JackServer server_;
 };
 

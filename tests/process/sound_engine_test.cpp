@@ -10,8 +10,9 @@
 #include "jack_server.h"
 #include "modules/sound_engine/engine_system.h"
 #include "platform/common/speaker/sound_card_speaker.h"
+#include "support/held_errors.h"
 #include "support/measure.h"
-#include "support/own_mounts.h"
+#include "support/no_sound_devices.h"
 
 namespace quavix::test {
 namespace {
@@ -40,6 +41,7 @@ class SoundEngineOn : public testing::Test {
         return result;
     }
 
+    HeldErrors errors_;
     JackServer server_;
 };
 

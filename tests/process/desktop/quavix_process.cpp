@@ -1,7 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include "quavix_process.h"
 
+#include <algorithm>
+#include <csignal>
+#include <linux/capability.h>
 #include <stdexcept>
+#include <sys/prctl.h>
+#include <sys/resource.h>
 
 #include <QElapsedTimer>
 #include <QFile>
@@ -11,6 +16,17 @@
 #include "patience.h"
 
 namespace quavix::test {
+namespace {
+
+void LimitFileSize(qint64 process, rlim_t size) {
+    rlimit limit{};
+    const auto id = static_cast<pid_t>(process);
+    EXPECT_EQ(::prlimit(id, RLIMIT_FSIZE, nullptr, &limit), 0);
+    limit.rlim_cur = std::min(size, limit.rlim_max);
+    EXPECT_EQ(::prlimit(id, RLIMIT_FSIZE, &limit, nullptr), 0);
+}
+
+}  // namespace
 
 QuavixProcess::QuavixProcess(const QProcessEnvironment& environment) : Environment(environment) {
     Environment.insert("QUAVIX_SPEAKER", "silent");
@@ -28,6 +44,12 @@ QuavixProcess::~QuavixProcess() {
 
 void QuavixProcess::Start(const QStringList& arguments) {
     process_.setProcessEnvironment(Environment);
+    process_.setChildProcessModifier([heedsPermissions = heedsPermissions_] {
+        // A file that may not grow then makes writing fail, instead of ending the program.
+        std::signal(SIGXFSZ, SIG_IGN);
+        if (heedsPermissions)
+            ::prctl(PR_CAPBSET_DROP, CAP_DAC_OVERRIDE);
+    });
     process_.start(File("quavix"), arguments);
     if (!process_.waitForStarted(PatienceMs))
         throw std::runtime_error("the program does not start: " + process_.errorString().toStdString());
@@ -58,6 +80,14 @@ bool QuavixProcess::WaitUntil(const std::function<bool()>& condition) {
             return holds();
     }
     return true;
+}
+
+void QuavixProcess::FillDisk() const {
+    LimitFileSize(Id(), 0);
+}
+
+void QuavixProcess::FreeDisk() const {
+    LimitFileSize(Id(), RLIM_INFINITY);
 }
 
 QByteArray QuavixProcess::Content(const QString& name) const {

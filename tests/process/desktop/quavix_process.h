@@ -35,6 +35,14 @@ class QuavixProcess {
     qint64 Id() const { return process_.processId(); }
     QProcess& Process() { return process_; }
 
+    /// Before the start: lets permissions hold for the program, even if it runs as the superuser.
+    void HeedPermissions() { heedsPermissions_ = true; }
+
+    /// Lets no file of the program grow, as if its disk were full.
+    void FillDisk() const;
+    /// Ends that.
+    void FreeDisk() const;
+
     /// The path of a file in the program's own folder.
     QString File(const QString& name) const { return folder_.filePath(name); }
     /// What is in a file there; empty where there is none.
@@ -46,6 +54,7 @@ class QuavixProcess {
   private:
     QTemporaryDir folder_;
     QProcess process_;
+    bool heedsPermissions_ = false;
 };
 
 }  // namespace quavix::test

@@ -1,11 +1,14 @@
 // SPDX-License-Identifier: MIT
 // What the window does where a song can't be saved, and where two windows save the same one.
+#include <filesystem>
+#include <functional>
+
 #include <QDir>
 #include <QFile>
 #include <gtest/gtest.h>
 
 #include "quavix_window.h"
-#include "support/small_disk.h"
+#include "support/temporary_folder.h"
 
 namespace quavix::test {
 namespace {
@@ -27,10 +30,13 @@ void Put(const QString& name, const QByteArray& content) {
     ASSERT_EQ(file.write(content), content.size());
 }
 
-/// A program with a song in its window.
+/// A program with a song in its window. `prepare` is called before its start.
 struct OpenSong {
-    OpenSong(const DesktopSession& session, const QString& file)
+    OpenSong(const DesktopSession& session, const QString& file,
+             const std::function<void(QuavixProcess&)>& prepare = {})
         : Process(session.Environment()), Window(session, Process) {
+        if (prepare)
+            prepare(Process);
         Process.Start({file});
     }
 
@@ -43,11 +49,13 @@ struct OpenSong {
     QuavixWindow Window;
 };
 
-/// Changes the song, fails to save it with what a box says, and has it unharmed in the window and on the
-/// disk.
-void ExpectThatSavingFails(OpenSong& open, const QString& title, const QString& text) {
+void Change(OpenSong& open) {
     open.Window.PressKey("D 4");
     open.WaitForTitle(" - song.QVX *");
+}
+
+/// Fails to save the changed song with what a box says, and has it unharmed in the window.
+void ExpectThatSavingFails(OpenSong& open, const QString& title, const QString& text) {
     open.Window.Choose("Save");
     const QString said = open.Window.Answer(title, "OK");
     EXPECT_TRUE(said.contains(text)) << said.toStdString();
@@ -63,30 +71,36 @@ void SavesAfterAll(OpenSong& open, const QString& file) {
 }
 
 TEST(SavingFromTheWindow, SaysThatTheDiskIsFullAndSavesOnceItIsNot) {
-    const SmallDisk disk;
     const DesktopSession session;
-    const QString file = QString::fromStdString(disk.Folder().File("song.QVX"));
+    const TemporaryFolder folder;
+    const QString file = QString::fromStdString(folder.File("song.QVX"));
     const QByteArray old = Song("Quarter C4 - -\r\n");
     Put(file, old);
-    disk.Fill();
     OpenSong open(session, file);
+    Change(open);
+    open.Process.FillDisk();
     ExpectThatSavingFails(open, "Quavix", "Disk full");
     EXPECT_EQ(Content(file), old);
-    EXPECT_EQ(disk.Folder().EntryCount(), 2);  // the song and what fills the disk
-    disk.MakeSpace();
+    EXPECT_EQ(folder.EntryCount(), 1);
+    open.Process.FreeDisk();
     SavesAfterAll(open, file);
 }
 
-TEST(SavingFromTheWindow, SaysThatADiskCantBeWrittenTo) {
-    const SmallDisk disk;
+TEST(SavingFromTheWindow, SaysThatAFolderCantBeWrittenTo) {
+    namespace fs = std::filesystem;
     const DesktopSession session;
-    const QString file = QString::fromStdString(disk.Folder().File("song.QVX"));
+    const TemporaryFolder folder;
+    const QString file = QString::fromStdString(folder.File("song.QVX"));
     const QByteArray old = Song("Quarter C4 - -\r\n");
     Put(file, old);
-    disk.MakeReadOnly();
-    OpenSong open(session, file);
+    OpenSong open(session, file, [](QuavixProcess& process) { process.HeedPermissions(); });
+    Change(open);
+    const fs::perms before = fs::status(folder.Path()).permissions();
+    fs::permissions(folder.Path(), fs::perms::owner_read | fs::perms::owner_exec);
     ExpectThatSavingFails(open, "Can't save as this file!", "...can't be written to.");
     EXPECT_EQ(Content(file), old);
+    fs::permissions(folder.Path(), before);
+    SavesAfterAll(open, file);
 }
 
 TEST(SavingFromTheWindow, SaysThatAFolderHasTakenTheFilesPlace) {
@@ -96,6 +110,7 @@ TEST(SavingFromTheWindow, SaysThatAFolderHasTakenTheFilesPlace) {
     Put(file, Song("Quarter C4 - -\r\n"));
     OpenSong open(session, file);
     open.WaitForTitle(" - song.QVX");
+    Change(open);
     QFile::remove(file);
     QDir().mkdir(file);
     ExpectThatSavingFails(open, "Can't save as this file!", "...can't be written to.");
