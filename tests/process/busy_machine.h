@@ -6,6 +6,6 @@
 namespace quavix {
 
 /// Only what hangs takes so many nanoseconds longer than it should, however busy the machine is.
-inline constexpr std::int64_t HangNs = 20'000'000'000;
+inline constexpr std::int64_t HangNs = 60'000'000'000;
 
 }  // namespace quavix

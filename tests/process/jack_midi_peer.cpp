@@ -10,7 +10,7 @@ namespace quavix {
 
 namespace {
 
-constexpr auto Patience = std::chrono::seconds(20);
+constexpr auto Patience = std::chrono::seconds(60);
 
 /// A busy server may turn a client away at first.
 jack_client_t* Enter(const std::string& name) {
@@ -28,6 +28,7 @@ JackMidiPeer::JackMidiPeer(const std::string& name)
       in_(jack_port_register(client_, "in", JACK_DEFAULT_MIDI_TYPE, JackPortIsInput, 0)),
       out_(jack_port_register(client_, "out", JACK_DEFAULT_MIDI_TYPE, JackPortIsOutput, 0)) {
     jack_set_process_callback(client_, &Process, this);
+    jack_set_xrun_callback(client_, &Xrun, this);
     EXPECT_EQ(jack_activate(client_), 0);
 }
 
@@ -49,6 +50,19 @@ std::vector<JackMidiPeer::Event> JackMidiPeer::Received(std::size_t count) {
     return received_;
 }
 
+std::vector<JackMidiPeer::Event> JackMidiPeer::ReceivedSoFar() {
+    constexpr std::uint64_t MostCyclesUnderWay = 16;
+    std::unique_lock lock(mutex_);
+    const std::uint64_t end = cycles_ + MostCyclesUnderWay;
+    arrived_.wait_for(lock, Patience, [&] { return cycles_ >= end; });
+    return received_;
+}
+
+int JackMidiPeer::Disturbances() {
+    const std::lock_guard lock(mutex_);
+    return disturbances_;
+}
+
 std::vector<jack_time_t> JackMidiPeer::Times() {
     const std::lock_guard lock(mutex_);
     return times_;
@@ -66,9 +80,29 @@ int JackMidiPeer::Process(jack_nframes_t frames, void* peer) {
         self.isConnected_ = true;
         self.arrived_.notify_all();
     }
+    self.NoteTime(frames);
     self.Receive(frames);
     self.Transmit(frames);
     return 0;
+}
+
+int JackMidiPeer::Xrun(void* peer) {
+    auto& self = *static_cast<JackMidiPeer*>(peer);
+    const std::lock_guard lock(self.mutex_);
+    ++self.disturbances_;
+    return 0;
+}
+
+void JackMidiPeer::NoteTime(jack_nframes_t frames) {
+    constexpr jack_time_t LateMicroseconds = 10'000;
+    const jack_nframes_t frame = jack_last_frame_time(client_);
+    const jack_time_t now = jack_get_time();
+    if (cycles_ > 0 && (frame != nextFrame_ || now - lastCycle_ > LateMicroseconds))
+        ++disturbances_;
+    nextFrame_ = frame + frames;
+    lastCycle_ = now;
+    ++cycles_;
+    arrived_.notify_all();
 }
 
 void JackMidiPeer::Receive(jack_nframes_t frames) {

@@ -28,6 +28,13 @@ class JackMidiPeer {
     /// Waits until `count` events have come in, and gives all of them. Fewer: they never did.
     std::vector<Event> Received(std::size_t count);
 
+    /// Waits until all that was sent before has come in, and gives it.
+    std::vector<Event> ReceivedSoFar();
+
+    /// How often the server has reported an xrun, lost its own time or come too late. It may lose events
+    /// then.
+    int Disturbances();
+
     /// When each of what has come in so far did, in microseconds. A starved server's frames take longer than
     /// they should, so that its own time is none.
     std::vector<jack_time_t> Times();
@@ -37,6 +44,8 @@ class JackMidiPeer {
 
   private:
     static int Process(jack_nframes_t frames, void* peer);
+    static int Xrun(void* peer);
+    void NoteTime(jack_nframes_t frames);
     void Receive(jack_nframes_t frames);
     void Transmit(jack_nframes_t frames);
 
@@ -49,6 +58,10 @@ class JackMidiPeer {
     std::vector<jack_time_t> times_;
     std::deque<Event> toSend_;
     bool isConnected_ = false;
+    std::uint64_t cycles_ = 0;
+    jack_nframes_t nextFrame_ = 0;
+    jack_time_t lastCycle_ = 0;
+    int disturbances_ = 0;
 };
 
 }  // namespace quavix

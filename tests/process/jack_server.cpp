@@ -23,7 +23,7 @@
 namespace quavix {
 namespace {
 
-constexpr std::int64_t PatienceNs = 20 * NsPerSecond;
+constexpr std::int64_t PatienceNs = 60 * NsPerSecond;
 constexpr std::size_t MostSamples = 48000 * 20;
 
 jack_client_t* OpenClient() {

@@ -24,7 +24,7 @@ class PolledHandles : public HandleWatch {
 
     /// Runs handlers as their handles are signalled, until `done`. False: that never was.
     bool RunUntil(const std::function<bool()>& done) {
-        constexpr int PatienceMs = 20000;
+        constexpr int PatienceMs = 60'000;
         while (!done()) {
             std::vector<pollfd> handles;
             std::vector<Id> ids;

@@ -9,6 +9,7 @@
 #include <fstream>
 #include <linux/input.h>
 #include <poll.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 #include <utility>
@@ -20,7 +21,7 @@
 namespace quavix {
 namespace {
 
-constexpr int PatienceMs = 30'000;
+constexpr int PatienceMs = 60'000;
 constexpr int ChildsDevice = 3;
 
 // State and parent of a process, from the fields that follow its name.
@@ -77,6 +78,10 @@ SpeakerProcess::SpeakerProcess(const std::string& how, const std::string& lockFo
         sigset_t none;
         sigemptyset(&none);
         sigprocmask(SIG_SETMASK, &none, nullptr);
+        // Crashes that a test provokes are nobody's concern.
+        const rlimit noCore{};
+        setrlimit(RLIMIT_CORE, &noCore);
+        dup2(open("/dev/null", O_WRONLY | O_CLOEXEC), STDERR_FILENO);
         if (device.Get() == ChildsDevice)
             fcntl(ChildsDevice, F_SETFD, 0);
         else

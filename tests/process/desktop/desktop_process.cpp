@@ -90,7 +90,7 @@ std::string DesktopProcess::Output() const {
 }
 
 std::optional<DesktopProcess::Tone> DesktopProcess::NextTone() const {
-    constexpr int PatienceMs = 30'000;
+    constexpr int PatienceMs = 60'000;
     pollfd waiting{device_.Get(), POLLIN, 0};
     input_event event{};
     if (poll(&waiting, 1, PatienceMs) != 1 ||

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <span>
 #include <sstream>
@@ -78,25 +79,60 @@ class MidiSong : public testing::Test {
         std::filesystem::create_directory(Folder.File("windows"));
     }
 
-    /// Plays the song once in a process of its own; what the synthesizer has received when that has ended.
-    std::vector<TimedEvent> Play(const std::string& song, std::size_t expected) {
+    /// Plays the song in a process of its own and gives what the synthesizer has received. A run in which
+    /// the server was disturbed, and that `fault` finds fault with, is repeated. Empty: the test has failed,
+    /// or the machine is too busy for it, which the test then says.
+    std::vector<TimedEvent> Play(const std::string& song,
+                                 const std::function<std::string(const std::vector<TimedEvent>&)>& fault) {
+        constexpr int MostRuns = 5;
         Folder.Put("song", song);
-        JackMidiPeer synthesizer("synthesizer");
-        DesktopProcess program(
-            {"midi", Folder.Path().string(), "synthesizer:in", std::to_string(Ocarina), Folder.File("song")});
-        const std::vector<Event> received = synthesizer.Received(expected);
-        const int status = program.Wait();
-        EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
-        const std::vector<jack_time_t> times = synthesizer.Times();
-        std::vector<TimedEvent> events;
-        for (std::size_t i = 0; i < received.size(); ++i)
-            events.push_back({static_cast<double>(times[i] - times[0]) / MicrosecondsPerSecond, received[i]});
-        return events;
+        for (int run = 0; run < MostRuns; ++run) {
+            JackMidiPeer synthesizer("synthesizer");
+            DesktopProcess program({"midi", Folder.Path().string(), "synthesizer:in", std::to_string(Ocarina),
+                                    Folder.File("song")});
+            const int status = program.Wait();
+            EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0);
+            const std::vector<Event> received = synthesizer.ReceivedSoFar();
+            const std::vector<jack_time_t> times = synthesizer.Times();
+            std::vector<TimedEvent> events;
+            for (std::size_t i = 0; i < received.size(); ++i)
+                events.push_back(
+                    {static_cast<double>(times[i] - times[0]) / MicrosecondsPerSecond, received[i]});
+            const std::string found = fault(events);
+            if (found.empty())
+                return events;
+            if (synthesizer.Disturbances() == 0) {
+                ADD_FAILURE() << found;
+                return {};
+            }
+        }
+        [] { GTEST_SKIP() << "the JACK server does not get the time that it needs"; }();
+        return {};
     }
 
     test::TemporaryFolder Folder;
     JackServer Server;
 };
+
+/// Empty where the messages are those that are due, in their order.
+std::string Difference(const std::vector<TimedEvent>& received, const std::vector<TimedEvent>& due) {
+    if (received.size() != due.size())
+        return fmt::format("{} messages instead of {}", received.size(), due.size());
+    for (std::size_t i = 0; i < due.size(); ++i) {
+        if (received[i].Bytes != due[i].Bytes)
+            return fmt::format("message {} is another one", i);
+    }
+    return {};
+}
+
+/// How late each message came, in seconds after the first. That and the second go out before the song is
+/// loaded, and are left out.
+std::vector<double> Delays(const std::vector<TimedEvent>& received, const std::vector<TimedEvent>& due) {
+    std::vector<double> delays;
+    for (std::size_t i = 2; i < due.size(); ++i)
+        delays.push_back(received[i].Seconds - due[i].Seconds);
+    return delays;
+}
 
 void AppendBigEndian(std::string& bytes, std::uint32_t value, int size) {
     for (int shift = 8 * (size - 1); shift >= 0; shift -= 8)
@@ -130,28 +166,38 @@ TEST_F(MidiSong, EveryMessageArrivesInOrderAndOnTheTimetable) {
     const std::vector<TimedEvent> due = Timetable(song);
     ASSERT_GT(due.size(), 80u);
     ASSERT_TRUE(Server.Start());
-    const std::vector<TimedEvent> received = Play(song, due.size());
-    ASSERT_EQ(received.size(), due.size());
-    std::vector<double> late;
-    for (std::size_t i = 0; i < due.size(); ++i) {
-        EXPECT_EQ(received[i].Bytes, due[i].Bytes) << i;
-        late.push_back(received[i].Seconds - due[i].Seconds);
-    }
-    // A busy machine is late now and then, but nothing adds up: in each part of the song some are on time.
-    // The instrument goes out before the song is loaded.
-    constexpr double AFewCycles = 0.02;
-    const double start = *std::min_element(late.begin() + 2, late.end());
-    const std::size_t part = late.size() / 4;
-    for (auto from = late.begin() + 2; late.end() - from >= static_cast<std::ptrdiff_t>(part); from += part)
-        EXPECT_LT(*std::min_element(from, from + static_cast<std::ptrdiff_t>(part)) - start, AFewCycles);
+    Play(song, [&](const std::vector<TimedEvent>& received) {
+        if (std::string difference = Difference(received, due); !difference.empty())
+            return difference;
+        // Some may be late, but nothing adds up: in each part of the song some are on time.
+        constexpr double AFewCycles = 0.02;
+        const std::vector<double> late = Delays(received, due);
+        const double start = *std::min_element(late.begin(), late.end());
+        const std::size_t part = late.size() / 4;
+        for (std::size_t from = 0; from + part <= late.size(); from += part) {
+            const auto begin = late.begin() + static_cast<std::ptrdiff_t>(from);
+            const double least = *std::min_element(begin, begin + static_cast<std::ptrdiff_t>(part)) - start;
+            if (least >= AFewCycles)
+                return fmt::format("from message {} on, all are late by {} s and more", from + 2, least);
+        }
+        return std::string();
+    });
 }
 
 TEST_F(MidiSong, ASynthesizerSoundsItsNotesAnOctaveBelowTheSpeakers) {
     const std::string song = SongText(120, {"Half A4 - -", "Half C5 - -", "Half E5 - -"});
-    const std::size_t count = Timetable(song).size();
+    const std::vector<TimedEvent> due = Timetable(song);
     ASSERT_TRUE(Server.Start());
-    const std::vector<TimedEvent> received = Play(song, count);
-    ASSERT_EQ(received.size(), count);
+    const std::vector<TimedEvent> received = Play(song, [&](const std::vector<TimedEvent>& events) {
+        if (std::string difference = Difference(events, due); !difference.empty())
+            return difference;
+        constexpr double PartOfANote = 0.2;
+        const std::vector<double> late = Delays(events, due);
+        const auto [least, most] = std::minmax_element(late.begin(), late.end());
+        return *most - *least < PartOfANote ? "" : fmt::format("a message is late by {} s", *most - *least);
+    });
+    if (received.empty())
+        return;
     Folder.Put("song.mid", MidiFile(received));
     const int status =
         std::system(fmt::format("cd '{}' && fluidsynth -ni -R 0 -C 0 -r 48000 -O s16 -T wav -F out.wav "

@@ -39,7 +39,7 @@ class PseudoTerminal {
 
     /// Waits until that much has arrived, half a minute for each piece.
     const std::string& WaitFor(std::string_view text) {
-        constexpr int PatienceMs = 30'000;
+        constexpr int PatienceMs = 60'000;
         while (arrived_.size() < text.size()) {
             pollfd waiting{device_.Get(), POLLIN, 0};
             if (poll(&waiting, 1, PatienceMs) != 1 || !Read())
