@@ -53,6 +53,7 @@ class SoundLibrary {
     /// otherwise.
     virtual std::string Load(const std::string& fileName) = 0;
 
+// NOLINTNEXTLINE(bugprone-macro-parentheses): a declaration
 #define QUAVIX_MEMBER(name) std::function<decltype(::name)> name;
     QUAVIX_SOUND_FUNCTIONS(QUAVIX_MEMBER)
 #undef QUAVIX_MEMBER

@@ -11,7 +11,7 @@
 
 namespace quavix {
 
-/// What a sound device is given to play.
+/// The source of the samples that a sound device plays.
 ///
 /// Thread: the device's own. Nothing here may allocate, lock or wait.
 class SampleSource {
@@ -26,16 +26,16 @@ class SampleSource {
     virtual bool Fill(std::span<float> out) = 0;
 };
 
-/// What is asked of a sound device, which gives what it can.
+/// The stream that is wanted; the device gives the nearest to it that it can.
 struct StreamWish {
-    /// What the sound system calls it to the user.
+    /// The name under which the sound system shows it to the user.
     const char* Name;
     /// Frames to be asked for at a time, and how many times that the device keeps.
     unsigned int Period;
     unsigned int Periods;
 };
 
-/// What a sound device gives.
+/// The stream that a sound device gives.
 struct StreamFormat {
     unsigned int FramesPerSecond;
     /// 1 or 2.

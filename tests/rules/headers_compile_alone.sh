@@ -9,7 +9,7 @@ cd "$source_dir"
 find . ../modules -name '*.h' ! -path './ui/*' ! -path './platform/qt/*' | sort |
     xargs -P "$(nproc)" -I{} sh -c '
         printf "#include \"%s\"\n" "$4" | sed "s|\"\.*/|\"|" |
-            "$1" -std=c++20 -fsyntax-only -DFMT_SHARED -I"$2" -I"$2/.." -I"$2/../modules" -I"$3" $5 -x c++ - ||
+            "$1" -std=c++20 -fsyntax-only -DFMT_SHARED -I"$2" -I"$2/.." -I"$3" $5 -x c++ - ||
             { echo "does not compile alone: $4"; exit 255; }' sh "$compiler" "$source_dir" "$generated_dir" {} "$(pkg-config --cflags rtmidi)"
 # The interfaces of the modules are C.
 find ../modules -name '*_module.h' -o -name sound_engine.h | while read -r header; do

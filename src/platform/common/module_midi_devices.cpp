@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::size_t TextSize = 1024;
 
-/// What a direction's calls are in the module.
+/// The module's functions for one direction.
 struct DirectionFunctions {
     decltype(QuavixMidiIoOutputCount)* Count = nullptr;
     decltype(QuavixMidiIoOutputName)* Name = nullptr;
@@ -111,7 +111,7 @@ class Library {
     QuavixMidiIo* io_ = nullptr;
 };
 
-/// What the two ports have in common; Port is MidiOutPort or MidiInPort.
+/// The common part of the two ports; Port is MidiOutPort or MidiInPort.
 template <typename Port>
 class ModulePort : public Port {
   public:

@@ -41,7 +41,7 @@ class FileDescriptor {
     int fd_ = -1;
 };
 
-/// What keeps a file of this type from being read or written as an ordinary one.
+/// Returns the error that a file gives which is not an ordinary one; none for an ordinary file.
 std::error_code UnlessOrdinary(const struct stat& status);
 
 }  // namespace quavix

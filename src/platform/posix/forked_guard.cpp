@@ -29,7 +29,7 @@ bool KeepOnly(int device, int channel) {
            dup2(highChannel, GuardsChannel) == GuardsChannel && CloseFrom(GuardsChannel + 1);
 }
 
-// What ends or stops the program must not end or stop the guard before it has done its work.
+// Signals that end or stop the program must not end or stop the guard before it has done its work.
 void IgnoreSignals() {
     struct sigaction ignore {};
     ignore.sa_handler = SIG_IGN;

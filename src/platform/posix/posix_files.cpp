@@ -195,7 +195,7 @@ std::error_code PosixFiles::CreateFolder(const std::string& name) {
     for (std::size_t end = 0; end != std::string::npos;) {
         end = name.find('/', end + 1);
         const std::string folder = name.substr(0, end);
-        // What is there already may be refused for other reasons than that it is there.
+        // mkdir() may refuse a folder that exists for another reason than that.
         if (::mkdir(folder.c_str(), S_IRWXU) == 0 || IsFolder(folder))
             continue;
         return errno == EEXIST ? std::make_error_code(std::errc::not_a_directory) : LastError();

@@ -79,7 +79,7 @@ std::error_code ReplacedFile::Prepare() {
         return LastError();
     if (const auto error = CreateBeside())
         return error;
-    // Where the owner can't be kept (somebody else's file in a shared folder) it becomes the user's own.
+    // If the owner can't be kept (somebody else's file in a shared folder), the file becomes the user's own.
     [[maybe_unused]] const int owned = ::fchown(file_.Get(), old.st_uid, old.st_gid);
     constexpr mode_t Permissions = 0777;
     return ::fchmod(file_.Get(), old.st_mode & Permissions) == 0 ? std::error_code() : LastError();

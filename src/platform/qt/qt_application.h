@@ -20,7 +20,7 @@ class QtApplication {
     QtApplication(const QtApplication&) = delete;
     QtApplication& operator=(const QtApplication&) = delete;
 
-    /// What is left of the command line, without the program's own name.
+    /// Returns the rest of the command line, without the program's own name.
     std::vector<std::string> Arguments() const;
 
     /// The folder of the executable, as the file system takes it.

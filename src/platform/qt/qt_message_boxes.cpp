@@ -65,7 +65,7 @@ BoxAnswer Answer(int button) {
     }
 }
 
-/// What of a line fits on a screen.
+/// Returns as much of a line as fits on a screen.
 QString PresentableLine(std::string_view line) {
     constexpr qsizetype LongestLine = 500;
     constexpr qsizetype LongestWord = 100;
@@ -85,8 +85,8 @@ QString PresentableLine(std::string_view line) {
     return words.join(' ');
 }
 
-/// What of a text fits on a screen: songs may bring lines of any length into messages, and any number of
-/// them. The first and the last lines stay, as the question stands at the end.
+/// Returns as much of a text as fits on a screen: songs may bring lines of any length into messages, and any
+/// number of them. The first and the last lines stay, as the question stands at the end.
 QString Presentable(const std::string& text) {
     constexpr qsizetype FirstLines = 25;
     constexpr qsizetype LastLines = 10;
@@ -117,7 +117,7 @@ void Fill(QMessageBox& dialog, const MessageBox& box) {
     dialog.setEscapeButton(choice.Escape);
 }
 
-/// Whether such a message is there that waits for nobody.
+/// Returns true while such a message is there that waits for nobody.
 bool StandsOpen(const QMessageBox& like) {
     const QWidgetList windows = QApplication::topLevelWidgets();
     return std::any_of(windows.begin(), windows.end(), [&](const QWidget* window) {

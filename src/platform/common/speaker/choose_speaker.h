@@ -13,7 +13,7 @@ namespace quavix {
 
 /// The user's choice of a speaker, and what setting one up needs.
 struct SpeakerChoice {
-    /// What the user asks for: "evdev", "evdev:PATH", "soundcard", "silent", "wav:PATH"; empty is automatic.
+    /// The user's wish: "evdev", "evdev:PATH", "soundcard", "silent", "wav:PATH"; empty is automatic.
     std::string Wanted;
     /// The user's own folder for this session; empty where there is none.
     std::string RuntimeFolder;

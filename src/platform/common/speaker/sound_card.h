@@ -33,7 +33,7 @@ class SoundCard {
 
     State Now() const;
 
-    /// What is open, or why nothing is.
+    /// Returns the name of the open device, or the reason why none is open.
     std::string Description() const;
 
     /// Null unless the card is open.

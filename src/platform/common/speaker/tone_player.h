@@ -33,7 +33,7 @@ class TonePlayer {
     /// When the card last asked for samples; before the first time: when this was made. Any thread.
     std::int64_t LastRenderNs() const { return lastRenderNs_.load(std::memory_order_relaxed); }
 
-    /// Whether every tone that was queued has been rendered. Any thread.
+    /// Returns true once every queued tone has been rendered. Any thread.
     bool Idle() const {
         return taken_.load(std::memory_order_acquire) == queued_.load(std::memory_order_acquire) &&
                !sounding_.load(std::memory_order_acquire);

@@ -10,7 +10,7 @@
 
 namespace quavix {
 
-/// What an input device says about itself.
+/// Facts that an input device states about itself.
 struct InputDeviceFacts {
     bool IsInputDevice = false;  // a character device of the input subsystem
     std::string Name;
@@ -26,13 +26,13 @@ class InputDevices {
     /// Paths at which the speaker may be, the likeliest first; paths that lead nowhere are allowed.
     virtual std::vector<std::string> Candidates() const = 0;
 
-    /// What is known about the device at `path` without opening it.
+    /// Returns the facts about the device at `path` without opening it.
     virtual InputDeviceFacts LookAt(const std::string& path) const = 0;
 
     /// Opens for writing only, closed on exec. No descriptor: `error` is the system's error number.
     virtual FileDescriptor Open(const std::string& path, int& error) const = 0;
 
-    /// What the opened device itself says.
+    /// Returns the facts that the opened device states itself.
     virtual InputDeviceFacts Ask(const FileDescriptor& device) const = 0;
 };
 
@@ -45,7 +45,7 @@ class LinuxInputDevices : public InputDevices {
     InputDeviceFacts Ask(const FileDescriptor& device) const override;
 };
 
-/// Where the rule belongs. The name sorts before 73-seat-late.rules, which turns the tag into a permission.
+/// The file of the rule. Its name sorts before 73-seat-late.rules, which turns the tag into a permission.
 inline constexpr std::string_view PcSpeakerRulePath = "/etc/udev/rules.d/70-quavix-pcspkr.rules";
 
 /// Lets whoever sits at the machine sound the PC speaker, and opens no other input device.
