@@ -12,6 +12,7 @@
 #include "simulation/simulated_dialogs.h"
 #include "simulation/simulated_files.h"
 #include "simulation/simulated_midi_file_reader.h"
+#include "support/recorded_playback.h"
 #include "support/simulated_program.h"
 
 namespace quavix {
@@ -71,15 +72,14 @@ void TripletLinesAtTheEndOverAtTheStart(benchmark::State& state) {
             p.App.List.Append("1/16", Melody[i % 8], "", "Tri");
         std::vector<Watch::time_point> starts;
         starts.reserve(Lines);
-        p.Outputs.OnLine = [&] {
+        test::RecordedPlayback recorded(p);
+        recorded.OnLine = [&] {
             starts.push_back(Watch::now());
             if (starts.size() % 1000 == 0)
                 p.Timeline.Clear();
         };
-        p.App.Playing.PlaybackEngine.OnRangeEnd = [&] {
-            p.App.Playing.PlaybackEngine.StopPlayButton_Click();
-        };
-        p.App.Playing.PlaybackEngine.PlayAllButton_Click();
+        recorded.Playback.OnRangeEnd = [&] { recorded.Playback.StopPlayButton_Click(); };
+        recorded.Playback.PlayAllButton_Click();
         const double first = Seconds(starts[Share] - starts[0]).count();
         const double last = Seconds(starts[Lines - 1] - starts[Lines - 1 - Share]).count();
         state.counters["us_per_line_at_start"] = first / Share * 1e6;

@@ -12,7 +12,7 @@ namespace quavix {
 void RenderedSpeaker::Beep(std::int32_t frequency, std::int32_t durationMs) {
     if (durationMs <= 0)
         return;
-    CatchUp();
+    Finish();
     time_.Block(durationMs);
     std::int64_t left = FramesToGo();
     SquareWave tone(CanSound(frequency) ? frequency : 0, out_.Rate(), left);

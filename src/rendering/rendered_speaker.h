@@ -18,8 +18,12 @@ class RenderedSpeaker : public Speaker, public RenderedSound {
     void Beep(std::int32_t frequency, std::int32_t durationMs) override;
     SpeakerStatus Status() const override { return {.InUse = "WAV file"}; }
 
-    void CatchUp() override { out_.WriteSilence(FramesToGo()); }
-    void Finish() override { CatchUp(); }
+    /// Writes silence a second at a time: waits are short, and it may well come later.
+    void CatchUp() override {
+        if (FramesToGo() >= out_.Rate())
+            Finish();
+    }
+    void Finish() override { out_.WriteSilence(FramesToGo()); }
 
   private:
     std::int64_t FramesToGo() const { return FrameAt(time_.Now(), out_.Rate()) - out_.Frames(); }

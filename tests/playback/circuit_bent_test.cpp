@@ -61,7 +61,8 @@ TEST_F(CircuitBentTest, IsSilentUntilTickedAndAfterwards) {
 TEST_F(CircuitBentTest, TheNumbersReachFromTheLowestNoteToTheHighest) {
     FixedNumber number;
     MainFields fields;
-    CircuitBent bending(fields.Mods, fields.State, P.App.Outputs.ToneDispatcher, number, P.Time, P.App.Handlers, P.App.Log);
+    CircuitBent bending(fields.Mods, fields.State, P.App.Outputs.ToneDispatcher, number, P.Time,
+                        P.App.Handlers, P.App.Log);
     P.App.Outputs.ToneCode.UseWriteCode = true;
     const auto note = [&](double value) {
         number.Value = value;
@@ -94,7 +95,7 @@ TEST_F(CircuitBentTest, OverMidiABurstIsFifteenPairsOfNoteOnAndNoteOff) {
 
 TEST_F(CircuitBentTest, OnAMutedSpeakerBurstsDoNotPileUp) {
     Fields.Output.MutePCSpeaker = true;
-    Code.UseWriteCode = true;
+    P.App.Outputs.ToneCode.UseWriteCode = true;
     Fields.Mods.UseCircuitBent.Ticked = true;
     P.Time.RunUntil(239);
     const std::string code = P.Disk.Content("/program/tonecode.txt");
@@ -104,7 +105,7 @@ TEST_F(CircuitBentTest, OnAMutedSpeakerBurstsDoNotPileUp) {
 
 TEST_F(CircuitBentTest, UntickedInTheMiddleOfABurstItStops) {
     Fields.Output.MutePCSpeaker = true;
-    Code.UseWriteCode = true;
+    P.App.Outputs.ToneCode.UseWriteCode = true;
     P.Time.At(40, [this] { Fields.Mods.UseCircuitBent.Ticked = false; });
     Fields.Mods.UseCircuitBent.Ticked = true;
     P.Time.RunUntil(1000);
@@ -113,7 +114,7 @@ TEST_F(CircuitBentTest, UntickedInTheMiddleOfABurstItStops) {
 }
 
 TEST_F(CircuitBentTest, AnErrorIsShownOnceAndEndsTheMode) {
-    Code.UseWriteCode = true;
+    P.App.Outputs.ToneCode.UseWriteCode = true;
     P.Disk.FailWriting("/program/tonecode.txt", std::errc::no_space_on_device);
     Fields.Mods.UseCircuitBent.Ticked = true;
     P.Time.RunUntil(1000);
@@ -124,7 +125,7 @@ TEST_F(CircuitBentTest, AnErrorIsShownOnceAndEndsTheMode) {
 
 TEST_F(CircuitBentTest, ClosingTheProgramEndsTheBurst) {
     Fields.Output.MutePCSpeaker = true;
-    Code.UseWriteCode = true;
+    P.App.Outputs.ToneCode.UseWriteCode = true;
     P.Time.At(40, [this] { Fields.State.ShuttingDown = true; });
     Fields.Mods.UseCircuitBent.Ticked = true;
     P.Time.RunUntil(1000);
