@@ -11,7 +11,7 @@
 #include "simulation/recorded_sound_library.h"
 #include "simulation/simulated_dialogs.h"
 #include "simulation/simulated_files.h"
-#include "simulation/simulated_midi_file_reader.h"
+#include "simulation/simulated_midi.h"
 #include "support/recorded_playback.h"
 #include "support/simulated_program.h"
 

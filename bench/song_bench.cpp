@@ -14,10 +14,8 @@
 #include <benchmark/benchmark.h>
 
 #include "platform/posix/posix_files.h"
-#include "simulation/recorded_loading_view.h"
 #include "simulation/simulated_dialogs.h"
 #include "simulation/simulated_time.h"
-#include "simulation/timeline.h"
 #include "songfile/song_format.h"
 #include "songfile/song_reader.h"
 

@@ -7,7 +7,6 @@
 
 #include "ports/sound_library.h"
 #include "simulation/simulated_time.h"
-#include "simulation/timeline.h"
 
 namespace quavix {
 

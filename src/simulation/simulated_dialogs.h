@@ -4,12 +4,14 @@
 #include <deque>
 #include <functional>
 #include <string>
+#include <utility>
 #include <vector>
 
+#include "ports/clipboard.h"
 #include "ports/file_picker.h"
 #include "ports/message_boxes.h"
 #include "simulation/simulated_time.h"
-#include "simulation/timeline.h"
+#include "songfile/loading_view.h"
 
 namespace quavix {
 
@@ -62,6 +64,62 @@ class SimulatedFilePicker : public FilePicker {
     Timeline& timeline_;
     std::deque<std::string> answers_;
     std::vector<FileDialog> shown_;
+};
+
+/// A clipboard of the program's own. What the program sets is written to the timeline, with "|" for the ends
+/// of lines.
+class SimulatedClipboard : public Clipboard {
+  public:
+    SimulatedClipboard(SimulatedTime& time, Timeline& timeline) : time_(time), timeline_(timeline) {}
+
+    void SetText(const std::string& text) override {
+        std::string line = text;
+        for (char& c : line)
+            c = c == '\n' ? '|' : c;
+        timeline_.Record(time_.Now(), "clipboard " + line);
+        text_ = text;
+    }
+    std::string Text() override { return text_; }
+
+    /// What another program puts there.
+    void Put(std::string text) { text_ = std::move(text); }
+
+  private:
+    SimulatedTime& time_;
+    Timeline& timeline_;
+    std::string text_;
+};
+
+/// Writes what the information mode shows to the timeline.
+class RecordedLoadingView : public LoadingView {
+  public:
+    RecordedLoadingView(SimulatedTime& time, Timeline& timeline) : time_(time), timeline_(timeline) {}
+
+    void ShowHideInfoText(bool show) override {
+        InfoShown = show;
+        timeline_.Record(time_.Now(), show ? "loading shown" : "loading hidden");
+    }
+
+    void SetInfoText(const std::string& text) override {
+        InfoText = text;
+        timeline_.Record(time_.Now(), "loading text " + text);
+    }
+
+    bool Progress(double ratio) override {
+        Ratios.push_back(ratio);
+        return !OnProgress || OnProgress(ratio);
+    }
+
+    bool InfoShown = false;
+    std::string InfoText;
+    /// Every progress told so far.
+    std::vector<double> Ratios;
+    /// Runs at every progress; false stops the load. Without it nothing does.
+    std::function<bool(double)> OnProgress;
+
+  private:
+    SimulatedTime& time_;
+    Timeline& timeline_;
 };
 
 }  // namespace quavix

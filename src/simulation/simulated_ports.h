@@ -6,18 +6,14 @@
 
 #include "program/program_ports.h"
 #include "shell/seeded_random_numbers.h"
-#include "simulation/recorded_loading_view.h"
 #include "simulation/recorded_sound_library.h"
-#include "simulation/simulated_batch_files.h"
-#include "simulation/simulated_clipboard.h"
 #include "simulation/simulated_dialogs.h"
 #include "simulation/simulated_files.h"
-#include "simulation/simulated_midi_devices.h"
-#include "simulation/simulated_midi_file_reader.h"
+#include "simulation/simulated_midi.h"
+#include "simulation/simulated_processes.h"
 #include "simulation/simulated_serial_port.h"
 #include "simulation/simulated_speaker.h"
 #include "simulation/simulated_time.h"
-#include "simulation/timeline.h"
 
 namespace quavix {
 

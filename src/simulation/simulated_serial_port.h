@@ -8,7 +8,6 @@
 
 #include "ports/serial_port.h"
 #include "simulation/simulated_time.h"
-#include "simulation/timeline.h"
 
 namespace quavix {
 

@@ -5,7 +5,6 @@
 
 #include "ports/speaker.h"
 #include "simulation/simulated_time.h"
-#include "simulation/timeline.h"
 
 namespace quavix {
 

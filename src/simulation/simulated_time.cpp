@@ -6,6 +6,7 @@
 #include <stdexcept>
 
 namespace quavix {
+
 namespace {
 
 std::int64_t Counts(double ms) {

@@ -8,7 +8,6 @@
 
 #include "platform/posix/posix_files.h"
 #include "shell/runtime_error.h"
-#include "simulation/recorded_loading_view.h"
 #include "simulation/simulated_dialogs.h"
 #include "songfile/save_load.h"
 #include "support/ordinary_user.h"

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "simulation/simulated_midi_devices.h"
+#include "simulation/simulated_midi.h"
 
 #include <gmock/gmock.h>
 
