@@ -370,7 +370,9 @@ void PlaybackEngine::Start(const Request& request) {
         while (!waiting_.empty()) {
             const Request next = waiting_.front();
             waiting_.pop_front();
-            if (DoesIndexExist(p_.List, next.StartPoint))
+            // The next click that waits would have ended music without an end.
+            const bool isEnded = !next.OnlyThisLine && !waiting_.empty();
+            if (!isEnded && DoesIndexExist(p_.List, next.StartPoint))
                 Play(next);
         }
     } catch (const std::exception&) {
