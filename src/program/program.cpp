@@ -96,9 +96,7 @@ SongStorage::SongStorage(CommonParts& common, SongEditing& editing)
       SongDocument({common.Fields.Song, common.Fields.State, common.List, SongReader, SongWriter,
                     common.Ports.Disk, common.Ports.Boxes, editing.EditHistory.Modified,
                     [&editing] { editing.EditHistory.MarkSaved(); },
-                    [&editing] { editing.EditHistory.MarkUnsaved(); }}) {
-    SongWriter.OnSaved = [&editing] { editing.EditHistory.MarkSaved(); };
-}
+                    [&editing] { editing.EditHistory.MarkUnsaved(); }}) {}
 
 struct Program::Parts {
     explicit Parts(const ProgramPorts& ports)

@@ -30,8 +30,6 @@ bool SongWriter::SaveAs(const std::string& fileName) {
     if (!error)
         error = file->Commit();
     RaiseFileError(error, fileName);
-    if (OnSaved)
-        OnSaved();
     return true;
 }
 

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <functional>
 #include <optional>
 #include <string>
 
@@ -29,9 +28,6 @@ class SongWriter {
 
     /// The same with a name that is known already, without any question. Returns whether the song was saved.
     bool SaveAs(const std::string& fileName);
-
-    /// Called when the song has been saved.
-    std::function<void()> OnSaved;
 
   private:
     bool MayReplace(const std::string& fileName);

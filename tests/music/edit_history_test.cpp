@@ -242,7 +242,7 @@ TEST_F(EditHistoryTest, UndoingBackToTheSaveMakesTheSongUnmodified) {
     App.Playing.PianoKeys.PianoKey_Click(12);
     EXPECT_TRUE(App.Editing.EditHistory.Modified);
     Picker.AnswerNext("song.QVX");
-    App.Storage.SongWriter.SaveMusic();
+    App.Storage.SongDocument.SaveAs();
     EXPECT_FALSE(App.Editing.EditHistory.Modified);
     App.Playing.PianoKeys.PianoKey_Click(12);
     EXPECT_TRUE(App.Editing.EditHistory.Modified);
@@ -260,7 +260,7 @@ TEST_F(EditHistoryTest, UndoingBackToTheSaveMakesTheSongUnmodified) {
 TEST_F(EditHistoryTest, ASaveThatWasCancelledOrFailedLeavesTheSongModified) {
     App.Playing.PianoKeys.PianoKey_Click(12);
     Picker.AnswerNext("");
-    App.Storage.SongWriter.SaveMusic();
+    App.Storage.SongDocument.SaveAs();
     EXPECT_TRUE(App.Editing.EditHistory.Modified);
 }
 
