@@ -1,13 +1,13 @@
 #!/bin/sh
 # SPDX-License-Identifier: MIT
-# run.sh [SONG]: builds Quavix where needed and starts it with the song, a .QVX or a MIDI file. Without a display the song
-# is rendered to a WAV file instead.
+# run.sh [SONG]: builds Quavix if necessary and starts it with the song, a .QVX or a MIDI file. Without a display,
+# renders the song to a WAV file instead.
 set -eu
 started_in=$PWD
 cd "$(dirname "$0")"
 . packaging/packages.sh
 
-# Word splitting is what makes the lists lists.
+# The lists have to be split into words.
 # shellcheck disable=SC2086
 install_missing $build_packages $run_packages
 if [ ! -f build/release/build.ninja ]; then
@@ -29,7 +29,7 @@ case "${1:-}" in
     ;;
 -*) exec "$bin/quavix" "$@" ;;
 esac
-# Nothing is written over.
+# Choose a name that does not exist yet.
 name=$(basename -- "$1")
 song=$started_in/${name%.*}
 wav=$song.wav

@@ -1,10 +1,10 @@
 #!/bin/sh
 # SPDX-License-Identifier: MIT
-# test.sh: builds everything and runs every test, in release and under the sanitizers.
+# test.sh: builds everything and runs all tests, in release mode and with sanitizers.
 set -eu
 cd "$(dirname "$0")"
 . packaging/packages.sh
-# Word splitting is what makes the lists lists.
+# The lists have to be split into words.
 # shellcheck disable=SC2086
 install_missing $build_packages $run_packages $test_packages
 
@@ -35,7 +35,7 @@ cmake --preset fuzz >/dev/null
 cmake --build --preset fuzz --target quavix-fuzzers -- --quiet
 fuzz() {
     subject=${1##*quavix-fuzz-}
-    # New finds go to a folder of the build, the seeds stay as they are.
+    # New inputs go into the build folder; the seeds stay unchanged.
     mkdir -p "build/fuzz/found/$subject"
     "$1" -max_total_time=30 -verbosity=0 -print_final_stats=1 -dict="fuzz/$subject.dict" \
         "build/fuzz/found/$subject" "fuzz/corpus/$subject" 2>"build/fuzz/$subject.log" ||

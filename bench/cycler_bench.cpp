@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What a step of the held-note cycler costs beside its tone.
+// Measures a step of the held-note cycler without its tone.
 #include <benchmark/benchmark.h>
 
 #include "midi/held_note_cycler.h"
@@ -26,7 +26,7 @@ class Form final : public UsingForm {
     using UsingForm::UsingForm;
 };
 
-/// Arguments: held notes; whether the grid is shown.
+/// Arguments: number of held notes; 1 if the grid is shown.
 void Step(benchmark::State& state) {
     SimulatedTime time;
     Timeline timeline;

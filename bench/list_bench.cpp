@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// How long the window takes for what users do to a list of a million rows, from the event to the last pixel.
-// A screen is drawn anew every 16 ms.
+// Measures the window's reaction to user actions on a list of a million rows, from the event to the last
+// pixel. A screen is redrawn every 16 ms.
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
@@ -23,14 +23,14 @@ constexpr std::int32_t Rows = 1'000'000;
 constexpr int Times = 100;
 constexpr double TargetMs = 16;
 
-/// Time that this thread has run: other programs that are busy don't count.
+/// Returns the processor time of this thread, which other busy programs don't affect.
 double ProcessorMs() {
     timespec time{};
     ::clock_gettime(CLOCK_THREAD_CPUTIME_ID, &time);
     return static_cast<double>(time.tv_sec) * 1e3 + static_cast<double>(time.tv_nsec) / 1e6;
 }
 
-/// Knows when the list has been drawn.
+/// Detects that the list has been drawn.
 class Painted : public QObject {
   public:
     explicit Painted(QObject& list) { list.installEventFilter(this); }
@@ -44,7 +44,7 @@ class Painted : public QObject {
 };
 
 struct Bench {
-    /// Measures only what has `wanted` in its name.
+    /// Measures only actions with `wanted` in their name.
     explicit Bench(std::string_view wanted) : Wanted(wanted) {
         constexpr const char* Lengths[] = {"Quarter", "Half", "1/8", "1/16"};
         constexpr const char* Notes[] = {"C4", "E4", "F#4", "G4", "A#5"};
@@ -56,7 +56,7 @@ struct Bench {
                                                    : "");
     }
 
-    /// Does `act` so many times, each time prepared anew, and prints what it takes.
+    /// Runs `act` `times` times, each after `prepare`, and prints the time it takes.
     void Measure(const char* name, const std::function<void()>& prepare, const std::function<void()>& act,
                  int times = Times) {
         if (std::string_view(name).find(Wanted) == std::string_view::npos)
@@ -92,7 +92,7 @@ struct Bench {
 
     void Show(std::int32_t row) { Program.App.List.EnsureVisible(row); }
     std::int32_t Anywhere() { return std::uniform_int_distribution(1, Program.App.List.Count())(Random); }
-    /// Shows some row or other, and selects it.
+    /// Shows a random row, and selects it.
     std::int32_t SelectAnywhere() {
         const std::int32_t row = Anywhere();
         Show(row);
@@ -240,7 +240,7 @@ int main(int argc, char** argv) {
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
-    std::setvbuf(stdout, nullptr, _IOLBF, 0);  // each figure as soon as it is known
+    std::setvbuf(stdout, nullptr, _IOLBF, 0);  // prints each figure at once
     quavix::bench::Run(argc > 1 ? argv[1] : "");
     return EXIT_SUCCESS;
 }

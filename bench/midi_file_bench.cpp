@@ -18,7 +18,7 @@ std::size_t mostAllocated = 0;
 
 }  // namespace
 
-// Every allocation, with its size in front of it, so that the most memory at one time is known.
+// Stores the size in front of every allocation, to know the peak memory.
 void* operator new(std::size_t size) {
     constexpr std::size_t Head = alignof(std::max_align_t);
     auto* const block = static_cast<std::byte*>(std::malloc(size + Head));
@@ -47,7 +47,7 @@ namespace {
 
 using quavix::bench::Bytes;
 
-/// Exclusive messages that make the file big.
+/// Returns a file of exclusive messages, which make it large.
 Bytes FileOfSize(std::size_t size, std::uint32_t message) {
     Bytes file = quavix::bench::Header(1);
     Bytes content;
@@ -60,7 +60,7 @@ Bytes FileOfSize(std::size_t size, std::uint32_t message) {
     return file;
 }
 
-/// Tracks whose sizes are all wrong.
+/// Returns a file whose track sizes are all wrong.
 Bytes FileOfWrongSizes(std::size_t size) {
     Bytes file = quavix::bench::Header(0xFFFF);
     while (file.size() < size) {
@@ -70,7 +70,7 @@ Bytes FileOfWrongSizes(std::size_t size) {
     return file;
 }
 
-/// The module's reading alone.
+/// Measures the module's reading alone.
 void ReadAll(benchmark::State& state, const Bytes& file) {
     std::uint64_t events = 0;
     QuavixMidiFileSink sink{};
@@ -86,7 +86,7 @@ void ReadAll(benchmark::State& state, const Bytes& file) {
     state.SetItemsProcessed(static_cast<std::int64_t>(events));
 }
 
-/// From the bytes to the finished list in the order of time.
+/// Measures the way from the bytes to the finished list in order of time.
 void ListAll(benchmark::State& state, const Bytes& file) {
     quavix::ModuleMidiFileReader reader(QUAVIX_MIDI_FILE_MODULE);
     std::size_t events = 0;
@@ -135,7 +135,7 @@ void BytesToListWithTempoChanges(benchmark::State& state) {
 }
 BENCHMARK(BytesToListWithTempoChanges)->Arg(100)->Arg(10'000)->Unit(benchmark::kMillisecond);
 
-/// As many tracks as there can be.
+/// Uses the greatest possible number of tracks.
 void BytesToListOfAMillionEventsInVeryManyTracks(benchmark::State& state) {
     Bytes file = quavix::bench::Header(0xFFFF);
     for (std::uint32_t track = 0; track < 0xFFFF; ++track) {

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-// MIDI output at a JACK server of its own with 128 frames a period: how many messages leave in a second, and
-// how late a song's notes leave and arrive, beside a bare RtMidi sender that sleeps until each note is due.
-// Lateness counts from the note that was the least late.
+// Measures MIDI output at a private JACK server with 128 frames per period: the messages sent per second, and
+// the lateness of a song's notes when sent and received, beside a plain RtMidi sender that sleeps until each
+// note is due. Lateness is relative to the least late note.
 #include <algorithm>
 #include <cmath>
 #include <cstdint>
@@ -31,8 +31,8 @@ constexpr int NoteMs = 50;
 constexpr double NsPerMs = 1e6;
 constexpr double UsPerMs = 1e3;
 
-/// Playback leaves out the note of a line that it comes to after the note's end: such a gap is no lateness of
-/// those that follow.
+/// Playback skips the note of a line that it reaches after the note's end: such a gap does not make the
+/// following notes late.
 std::vector<double> Lateness(const std::vector<double>& timesMs) {
     constexpr double EarlyMs = 10;
     std::vector<double> late;
@@ -63,7 +63,7 @@ void Print(const char* what, const std::vector<double>& timesMs) {
                share(0.5), share(0.9), share(0.99), late.back());
 }
 
-/// When the note-ons among what has come in did.
+/// Returns the arrival times of the note-ons.
 std::vector<double> NoteArrivalsMs(JackMidiPeer& peer, std::size_t messages) {
     const std::vector<JackMidiPeer::Event> events = peer.Received(messages);
     const std::vector<jack_time_t> times = peer.Times();
@@ -78,7 +78,7 @@ std::vector<double> NoteArrivalsMs(JackMidiPeer& peer, std::size_t messages) {
 void MeasureSong(int notes) {
     test::TemporaryFolder folder;
     std::filesystem::copy_file(QUAVIX_MIDI_IO_MODULE, folder.File("midiio32.ocx"));
-    // The silence after a note is waited for in slices, of which one is enough here: every line but the first
+    // The silence after a note is waited for in slices, and one is enough here: every line but the first
     // begins the same 5 ms after its beat.
     std::string song = "Quavix by Dastrel-204 file format\nBPM 300\nNoteSilenceRatio 80\nMUSICLISTSTART\n";
     for (int note = 0; note < notes; ++note)

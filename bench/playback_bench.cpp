@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How fast songs play on simulated time, and whether a line costs the same wherever it stands in a long song.
+// Measures the speed of songs on simulated time, and the cost of lines early and late in a long song.
 #include <chrono>
 #include <sstream>
 #include <streambuf>
@@ -21,7 +21,7 @@ namespace {
 using Seconds = std::chrono::duration<double>;
 using Watch = std::chrono::steady_clock;
 
-/// Swallows what is written to it.
+/// A stream that discards all output.
 class NullStream : public std::streambuf {
     int overflow(int c) override { return c; }
     std::streamsize xsputn(const char*, std::streamsize count) override { return count; }
@@ -29,7 +29,7 @@ class NullStream : public std::streambuf {
 
 constexpr const char* Melody[] = {"C5", "E5", "G5", "C6", "B5", "G5", "E5", "D5"};
 
-/// A song of short notes: sixteenths at 150 beats per minute, 100 ms each.
+/// Returns a song of short notes: sixteenths at 150 beats per minute, 100 ms each.
 std::string MelodySong(int lines) {
     std::string song =
         "Quavix by Dastrel-204 file format\r\nBPM 150\r\nNoteSilenceRatio 90\r\nMUSICLISTSTART\r\n";
@@ -38,7 +38,7 @@ std::string MelodySong(int lines) {
     return song;
 }
 
-/// Songs rendered to WAV, as seconds of sound per second.
+/// Renders songs to WAV, in seconds of sound per second.
 void Render(benchmark::State& state) {
     constexpr int Lines = 6000;
     SimulatedFiles files;
@@ -61,8 +61,8 @@ void Render(benchmark::State& state) {
 }
 BENCHMARK(Render)->Unit(benchmark::kMillisecond);
 
-/// 100,000 triplets, each of which asks for its position anew: the cost of a line near the end over one near
-/// the start.
+/// Compares the cost of lines near the end and near the start of 100,000 triplets, each of which recomputes
+/// its position.
 void TripletLinesAtTheEndOverAtTheStart(benchmark::State& state) {
     constexpr std::int32_t Lines = 100'000;
     constexpr std::int32_t Share = Lines / 10;

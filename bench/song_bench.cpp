@@ -24,7 +24,7 @@ namespace {
 
 constexpr std::int32_t Lines = 1'000'000;
 
-/// Loads and saves with real files; nobody answers questions.
+/// Loads and saves with real files; questions have no answers.
 struct SongBench {
     MainFields Fields;
     MusicList List;
@@ -45,7 +45,7 @@ struct SongBench {
     }
 };
 
-/// A song of a million lines in a file that goes away at the end.
+/// A song of a million lines in a file that is deleted at the end.
 class SongFile {
   public:
     SongFile() {
@@ -72,10 +72,10 @@ class SongFile {
             .string();
 };
 
-/// Most memory that `work` has needed, in bytes, measured in a process of its own.
+/// Returns the peak memory of `work` in bytes, measured in its own process.
 double PeakMemory(const std::function<void()>& work) {
     constexpr double BytesPerKiB = 1024;
-    ::malloc_trim(0);  // what earlier passes have left would hide what the work takes
+    ::malloc_trim(0);  // free memory of earlier passes would hide the memory of the work
     const pid_t child = ::fork();
     if (child == 0) {
         work();
@@ -111,7 +111,7 @@ void LoadAMillionLines(benchmark::State& state) {
 }
 BENCHMARK(LoadAMillionLines)->Unit(benchmark::kMillisecond);
 
-/// One line of 100 MB, as text (0) or with a byte that is no UTF-8 at its end (1).
+/// Loads one line of 100 MB, as text (0) or with a byte at its end that is not UTF-8 (1).
 void LoadALongLine(benchmark::State& state) {
     constexpr std::size_t Length = 100'000'000;
     const SongFile file;

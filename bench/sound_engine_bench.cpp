@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What mixing costs, in blocks of 16 frames as the program sets them, through the calls that a program makes.
+// Measures mixing in blocks of 16 frames, as the program sets them, through the engine's public calls.
 #include <ctime>
 
 #include <benchmark/benchmark.h>
@@ -13,7 +13,7 @@ namespace {
 constexpr unsigned int Block = 16;
 constexpr double Rate = 48000.0;
 
-/// An engine that mixes a block for each update and keeps nothing.
+/// An engine that mixes a block for each update and discards it.
 class Engine {
   public:
     explicit Engine(int channels = 16, int output = SOUND_OUTPUT_NONE_BY_UPDATE, const char* file = nullptr) {
@@ -57,7 +57,7 @@ class Engine {
         return group;
     }
 
-    /// Mixes for as long as it is measured. "x_realtime": seconds of sound per second of a core.
+    /// Mixes during the measurement. "x_realtime": seconds of sound per second of a core.
     void Measure(benchmark::State& state) const {
         const std::clock_t start = std::clock();
         for (auto _ : state)
@@ -79,7 +79,7 @@ void Nothing(benchmark::State& state) {
 }
 BENCHMARK(Nothing);
 
-/// As the program plays 440 Hz.
+/// Plays 440 Hz as the program does.
 void Tone(benchmark::State& state) {
     const Engine engine;
     const auto waveform = static_cast<int>(state.range(0));
@@ -107,8 +107,7 @@ void ToneThroughFilters(benchmark::State& state) {
 }
 BENCHMARK(ToneThroughFilters)->ArgName("filters")->Arg(0)->Arg(1)->Arg(4)->Arg(8);
 
-/// All that the voice is made of: saw and noise through the cutoff and four formants, and the sibilance
-/// chain.
+/// Plays the whole voice: saw and noise through the cutoff and four formants, and the sibilance chain.
 void Voice(benchmark::State& state) {
     const bool sibilant = state.range(0) != 0;
     const Engine engine;
@@ -144,7 +143,7 @@ void Voice(benchmark::State& state) {
 }
 BENCHMARK(Voice)->ArgName("sibilant")->Arg(0)->Arg(1);
 
-/// What a change costs between two blocks.
+/// Measures a change between two blocks.
 void ToneThatChangesWithEveryBlock(benchmark::State& state) {
     const Engine engine;
     SoundChannel* channel = engine.Play(SOUND_SQUARE, 8000.0F);

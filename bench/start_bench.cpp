@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// How long the program takes from its start to its window, and the memory that it needs then, over what an
-// empty window with a table takes. Both are started in turns on a display of the bench's own.
+// Measures the program's start, up to its window, and its memory then, relative to an empty window with a
+// table. Both are started in turn on a private display.
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
@@ -22,10 +22,10 @@ constexpr int Starts = 21;
 struct Figure {
     const char* Name;
     const char* Unit;
-    const char* Target;  // what the ratio should be at most
+    const char* Target;  // greatest acceptable ratio
 };
-// What the programs share is counted whole, by the number of those who share it, or not at all. Only the
-// first doesn't depend on what else runs on this machine.
+// Shared memory is counted fully, divided by the number of sharing processes, or not at all. Only the first
+// figure is independent of the machine's other programs.
 constexpr Figure Figures[] = {
     {"window on the screen", "ms", "2"},
     {"window painted", "ms", "2"},
@@ -40,7 +40,7 @@ double Ms(Watch::duration duration) {
     return std::chrono::duration<double, std::milli>(duration).count();
 }
 
-/// Figures of a process from the kernel's list, in KiB, by their names there.
+/// Returns the figures of a process from the kernel's list, in KiB, by name.
 std::map<std::string, double> MemoryOf(pid_t id) {
     std::map<std::string, double> sizes;
     std::ifstream file("/proc/" + std::to_string(id) + "/smaps_rollup");
@@ -98,7 +98,7 @@ void Run() {
                         ("quavix-start-bench-" + std::to_string(static_cast<long>(::getpid())));
     std::filesystem::create_directories(folder);
     std::filesystem::permissions(folder, std::filesystem::perms::owner_all);
-    // No song that was left unsaved by somebody asks to be loaded here, and nobody starts a message bus.
+    // A private state folder without unsaved songs to offer, and no message bus.
     const std::vector<std::string> settings{
         display.Setting(), "QT_QPA_PLATFORM=xcb",
         "DBUS_SESSION_BUS_ADDRESS=disabled:", "XDG_RUNTIME_DIR=" + folder.string(),
@@ -106,7 +106,7 @@ void Run() {
     Values program;
     Values empty;
     for (int i = -1; i < Starts; ++i) {
-        Values first;  // fills the disk's cache and counts for nothing
+        Values first;  // not counted: fills the disk's cache
         Start(display, QUAVIX_EMPTY_WINDOW, settings, i < 0 ? first : empty);
         display.WaitForItsEnd();
         Start(display, QUAVIX_PROGRAM, settings, i < 0 ? first : program);

@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// Starts two processes at the same second of the wall clock, again and again, and prints how far apart their
-// first tones come, and how late after the second, as each of them takes the time itself.
+// Repeatedly starts two processes at the same second of the wall clock, and prints the distance of their
+// first tones, and their lateness after the second by each process's own clock.
 #include <algorithm>
 #include <cstdint>
 #include <cstdlib>

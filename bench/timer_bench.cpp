@@ -1,6 +1,6 @@
 // SPDX-License-Identifier: MIT
-// How exactly the program's timers tick: for intervals from 1 to 15 ms, and for one that changes with every
-// tick, the error of the time between two ticks and the lateness against the absolute timetable.
+// Measures the precision of the program's timers: for intervals from 1 to 15 ms, and for one that changes
+// with every tick, the error of the time between two ticks and the lateness on the absolute timetable.
 #include <algorithm>
 #include <chrono>
 #include <cmath>
@@ -26,7 +26,7 @@ double Quantile(std::vector<double> values, double share) {
     return values[static_cast<std::size_t>(share * static_cast<double>(values.size() - 1))];
 }
 
-/// The intervals are taken in turn: each tick sets the one that follows it.
+/// Uses the intervals in turn: each tick sets the next one.
 void Measure(const char* name, const std::vector<int>& intervals) {
     constexpr double Seconds = 5;
     constexpr std::ptrdiff_t Ends = 50;

@@ -17,7 +17,7 @@ namespace {
 using std::chrono::milliseconds;
 
 constexpr milliseconds Patience{30'000};
-/// Without drawing for so long, a window has settled.
+/// A window is complete when it has not drawn for this long.
 constexpr milliseconds Quiet{200};
 
 struct Free {
@@ -100,7 +100,7 @@ XDisplay::~XDisplay() {
     ::xcb_disconnect(connection_);
 }
 
-/// Null where none came in time.
+/// Returns null if no event came in time.
 xcb_generic_event_t* XDisplay::NextEvent(Watch::time_point deadline) {
     for (;;) {
         if (xcb_generic_event_t* event = ::xcb_poll_for_event(connection_))

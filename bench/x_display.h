@@ -13,12 +13,12 @@ namespace quavix::bench {
 
 using Watch = std::chrono::steady_clock;
 
-/// A process of the bench's own, ended with the object.
+/// A child process of the bench, ended with the object.
 class Child {
   public:
-    /// Starts a program with "NAME=value" settings on top of this process's environment. `keepOpen`: a
-    /// descriptor that it inherits under the same number, -1 for none. A program that can't be started ends
-    /// at once.
+    /// Starts a program with "NAME=value" settings added to this process's environment. `keepOpen` is a
+    /// descriptor that it inherits under the same number, -1 for none. If the program can't be started, the
+    /// child ends at once.
     Child(const std::vector<std::string>& command, const std::vector<std::string>& environment,
           int keepOpen = -1);
     ~Child();
@@ -31,8 +31,8 @@ class Child {
     pid_t id_ = -1;
 };
 
-/// An X server of the bench's own without a screen one could see, and without a window manager: a window is
-/// on the screen as soon as its program asks for it. Throws std::runtime_error where there is no Xvfb.
+/// A private X server without a visible screen and without a window manager: a window appears as soon as its
+/// program asks for it. Throws std::runtime_error if Xvfb is missing.
 class XDisplay {
   public:
     XDisplay();
@@ -40,17 +40,17 @@ class XDisplay {
     XDisplay(const XDisplay&) = delete;
     XDisplay& operator=(const XDisplay&) = delete;
 
-    /// "DISPLAY=:7", for the programs to be shown.
+    /// Returns "DISPLAY=:7" or the like, for the programs to be shown.
     const std::string& Setting() const { return setting_; }
 
     struct Shown {
         Watch::time_point Mapped;   ///< the window is on the screen
         Watch::time_point Painted;  ///< most of it has been drawn
     };
-    /// Waits for the next window that comes to the screen, until it has been drawn and nothing more has been
-    /// for a while. Throws std::runtime_error after 30 s without one.
+    /// Waits for the next window, until it has been drawn and has not changed for a while. Throws
+    /// std::runtime_error after 30 s without one.
     Shown WaitForWindow();
-    /// Waits until that window is gone, as its program has ended.
+    /// Waits until that window is gone because its program has ended.
     void WaitForItsEnd();
 
   private:

@@ -1,7 +1,7 @@
 # SPDX-License-Identifier: MIT
 find_package(Qt6 6.4 REQUIRED COMPONENTS Widgets)
 
-# Reading Qt takes longer than reading everything else together: all libraries with a toolkit share one precompiled header.
+# Compiling Qt takes longer than all other headers, so all libraries with a toolkit share one precompiled header.
 if(NOT TARGET quavix_qt_headers)
     file(CONFIGURE OUTPUT ${PROJECT_BINARY_DIR}/generated/qt_headers.cpp CONTENT "")
     add_library(quavix_qt_headers OBJECT ${PROJECT_BINARY_DIR}/generated/qt_headers.cpp)
@@ -10,8 +10,7 @@ if(NOT TARGET quavix_qt_headers)
     target_precompile_headers(quavix_qt_headers PRIVATE <QtWidgets>)
 endif()
 
-# quavix_qt_library(NAME SOURCES... LINK targets...): a library whose forms, signals and resources Qt's tools
-# prepare.
+# quavix_qt_library(NAME SOURCES... LINK targets...): a library with forms, signals and resources of Qt.
 function(quavix_qt_library name)
     quavix_library(${name} ${ARGN})
     target_link_libraries(${name} PUBLIC Qt6::Widgets)

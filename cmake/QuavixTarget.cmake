@@ -1,5 +1,5 @@
 # SPDX-License-Identifier: MIT
-# What every target of the project is compiled with.
+# Options of every target of the project.
 add_library(quavix_options INTERFACE)
 target_compile_options(quavix_options INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wconversion
@@ -14,7 +14,7 @@ endif()
 if(QUAVIX_FUZZ)
     target_compile_options(quavix_options INTERFACE -fsanitize=fuzzer-no-link)
 endif()
-# A third of the time that the default linker takes, and a build links three dozen programs.
+# gold takes a third of the default linker's time, and a build links three dozen programs.
 include(CheckLinkerFlag)
 check_linker_flag(CXX -fuse-ld=gold QUAVIX_LINKS_WITH_GOLD)
 if(QUAVIX_LINKS_WITH_GOLD)
@@ -22,32 +22,32 @@ if(QUAVIX_LINKS_WITH_GOLD)
 endif()
 target_include_directories(quavix_options INTERFACE ${PROJECT_SOURCE_DIR}/src)
 
-# quavix_library(NAME SOURCES... LINK targets...): one static library per folder, with its links said out loud.
+# quavix_library(NAME SOURCES... LINK targets...): one static library per folder, with explicit links.
 function(quavix_library name)
     cmake_parse_arguments(arg "" "" "SOURCES;LINK" ${ARGN})
     add_library(${name} STATIC ${arg_SOURCES})
     target_link_libraries(${name} PUBLIC quavix_options ${arg_LINK})
 endfunction()
 
-# quavix_implemented_by(NAME IMPLEMENTATION): what NAME only declares is in IMPLEMENTATION, which is linked wherever NAME
-# is. Nothing of it can be included for that.
+# quavix_implemented_by(NAME IMPLEMENTATION): links IMPLEMENTATION, which defines functions that NAME only declares,
+# wherever NAME is linked, without making its headers available.
 function(quavix_implemented_by name implementation)
     set_property(TARGET ${name} APPEND PROPERTY INTERFACE_LINK_LIBRARIES $<LINK_ONLY:${implementation}>)
 endfunction()
 
-# The C interfaces of the modules, for those who load them: #include "modules/NAME/...".
+# The C interfaces of the modules, for programs that load them: #include "modules/NAME/...".
 add_library(quavix_module_interfaces INTERFACE)
 target_include_directories(quavix_module_interfaces INTERFACE ${PROJECT_SOURCE_DIR})
 
-# quavix_module(NAME FILE name.ocx SOURCES... LINK targets...): what is loaded at run time, beside the programs. All but
-# its entry point for installers (registration.cpp) is in the object library NAME_objects too, for tests to link.
+# quavix_module(NAME FILE name.ocx SOURCES... LINK targets...): a module loaded at run time, built beside the programs.
+# All but its entry point for installers (registration.cpp) is also in the object library NAME_objects, for tests.
 function(quavix_module name)
     cmake_parse_arguments(arg "" "FILE" "SOURCES;LINK" ${ARGN})
     add_library(${name}_objects OBJECT ${arg_SOURCES})
     target_link_libraries(${name}_objects PUBLIC quavix_options quavix_module_interfaces ${arg_LINK})
     add_library(${name} MODULE registration.cpp)
     target_link_libraries(${name} PRIVATE ${name}_objects)
-    # The sanitizers' functions are in the program that loads the module.
+    # With sanitizers, the program that loads the module defines their functions.
     if(NOT QUAVIX_SANITIZE)
         target_link_options(${name} PRIVATE -Wl,--no-undefined)
     endif()

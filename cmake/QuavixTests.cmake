@@ -2,11 +2,10 @@
 include(GoogleTest)
 
 set(QUAVIX_TEST_SHARDS 0 CACHE STRING
-    "Run each test program as so many tests of ctest; 0: each test in a process of its own")
+    "Number of ctest tests per test program; 0: each test in its own process")
 
-# quavix_tests(TARGET properties...): makes the tests of a test program known to ctest. A process for each of them says
-# at a glance which one failed, but starting a thousand processes takes longer than the tests themselves, much more so
-# under a sanitizer.
+# quavix_tests(TARGET properties...): registers the tests of a test program with ctest. One process per test shows which
+# one failed, but starting a thousand processes takes longer than the tests themselves, especially with sanitizers.
 function(quavix_tests target)
     if(QUAVIX_TEST_SHARDS EQUAL 0)
         gtest_discover_tests(${target} DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 120 ${ARGN})

@@ -12,8 +12,8 @@
 #include "midi/midi_event_list.h"
 #include "modules/midi_file/midi_file_module.h"
 
-// Reads any bytes as a MIDI file. Whatever they are, the reading ends in one of the module's results, and
-// what the sink gets keeps the promises of the interface. What was read becomes a list in order of time.
+// Reads any bytes as a MIDI file. The reading must end in one of the module's results, and the calls of the
+// sink must keep the promises of the interface. The events are then put into a list in order of time.
 namespace {
 
 void Require(bool holds, const char* what) {
@@ -97,7 +97,7 @@ void TakeRemark(void* user, const char* text) {
             "remarks are few and short");
 }
 
-/// `callsLeft`: after so many texts the decoding is stopped (0: not at all).
+/// `callsLeft` is the number of texts after which the decoding is stopped (0: not at all).
 void Decode(quavix::MidiFileContent content, std::uint32_t events, std::uint32_t callsLeft) {
     bool stopped = false;
     const auto list = quavix::DecodeMidiFile(std::move(content), [&](const std::string& text) {
@@ -118,8 +118,8 @@ void Decode(quavix::MidiFileContent content, std::uint32_t events, std::uint32_t
 
 }  // namespace
 
-/// The first byte says after how many calls the reading is stopped (0: not at all), the second the same for
-/// the decoding; the rest is the file.
+/// The first byte is the number of calls after which the reading is stopped (0: not at all), the second the
+/// same for the decoding; the rest is the file.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     constexpr std::size_t Stops = 2;
     if (size < Stops)

@@ -12,8 +12,8 @@
 #include "shell/runtime_error.h"
 #include "simulation/simulated_ports.h"
 
-// Loads any bytes as a song. Whatever they are, the load ends in a song or in one of two errors; and a song
-// that was loaded is the same after it was saved and loaded again.
+// Loads any bytes as a song. The load must end in a song or in one of two errors, and a loaded song must be
+// the same after saving and loading it again.
 namespace quavix {
 namespace {
 
@@ -24,7 +24,7 @@ void Require(bool holds, const char* what) {
     }
 }
 
-/// Answers the question about the header by one bit, and agrees to go on after so many malformed lines.
+/// Answers the question about the header by one bit, and accepts a number of malformed lines.
 class FuzzedBoxes : public MessageBoxes {
   public:
     FuzzedBoxes(bool loadAnyway, int linesToAccept)
@@ -46,7 +46,7 @@ class FuzzedBoxes : public MessageBoxes {
     int linesToAccept_;
 };
 
-/// A program on simulated ports but for its message boxes.
+/// A program on simulated ports, except for its message boxes.
 struct FuzzedProgram {
     FuzzedProgram(bool loadAnyway, int linesToAccept) : Boxes(loadAnyway, linesToAccept) {}
 
@@ -103,8 +103,7 @@ void LoadSaveLoad(std::uint8_t answers, std::uint8_t readSize, std::string song)
 }  // namespace
 }  // namespace quavix
 
-/// The first byte answers the questions, the second one is how many bytes come from one read; the rest is the
-/// song.
+/// The first byte answers the questions, the second is the number of bytes per read; the rest is the song.
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     constexpr std::size_t ControlBytes = 2;
     if (size >= ControlBytes) {

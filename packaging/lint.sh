@@ -1,7 +1,7 @@
 #!/bin/sh
 # SPDX-License-Identifier: MIT
-# lint.sh [BUILD_DIR]: clang-tidy over all of the project's own sources, as a configured preset compiles them (asan,
-# unless told otherwise). A preset with unity builds is checked a dozen sources at a time, in a quarter of the time.
+# lint.sh [BUILD_DIR]: runs clang-tidy on all of the project's sources with the flags of a configured preset (default:
+# asan). With unity builds, a dozen sources are checked at a time, in a quarter of the time.
 set -eu
 cd "$(dirname "$0")/.."
 build=${1:-build/asan}

@@ -1,7 +1,7 @@
 #!/bin/sh
 # SPDX-License-Identifier: MIT
-# Debian packages the project needs; sourced by run.sh and test.sh.
-# shellcheck disable=SC2034 # the lists are for those who source this
+# Debian packages that the project needs; sourced by run.sh and test.sh.
+# shellcheck disable=SC2034 # the sourcing scripts use the lists
 
 build_packages="cmake ninja-build g++ pkg-config qt6-base-dev qt6-serialport-dev librtaudio-dev librtmidi-dev
     libjack-jackd2-dev libfmt-dev"
@@ -11,7 +11,7 @@ test_packages="libgtest-dev libgmock-dev libbenchmark-dev clang clang-format cla
 # For the pictures in the documents.
 picture_packages="xvfb xdotool imagemagick fonts-dejavu-core sox"
 
-# install_missing PACKAGE...: installs those that are not there, as root or through sudo.
+# install_missing PACKAGE...: installs missing packages, as root or through sudo.
 install_missing() {
     missing=""
     for package in "$@"; do
@@ -22,13 +22,13 @@ install_missing() {
     if [ "$(id -u)" -ne 0 ]; then
         as_root=sudo
         command -v sudo >/dev/null || {
-            echo "These packages are missing, and neither root nor sudo is there to install them:$missing" >&2
+            echo "These packages are missing, and installing them needs root or sudo:$missing" >&2
             return 1
         }
     fi
     echo "Installing packages:$missing"
     $as_root env DEBIAN_FRONTEND=noninteractive apt-get update -qq
-    # Word splitting is what makes the list a list.
+    # The list has to be split into words.
     # shellcheck disable=SC2086
     $as_root env DEBIAN_FRONTEND=noninteractive apt-get install -y -qq --no-install-recommends $missing >/dev/null
 }

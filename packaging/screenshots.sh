@@ -1,17 +1,17 @@
 #!/bin/sh
 # SPDX-License-Identifier: MIT
-# screenshots.sh: takes the pictures of the documents anew, on a display of its own. Needs what ./run.sh has built.
+# screenshots.sh: renews the pictures in the documents, on a private display. Needs a build by ./run.sh.
 set -eu
 cd "$(dirname "$0")/.."
 . packaging/packages.sh
-# Word splitting is what makes the list a list.
+# The list has to be split into words.
 # shellcheck disable=SC2086
 install_missing $picture_packages
 
 work=$(mktemp -d)
 display_pid=""
 program_pid=""
-# Only what was started here is stopped.
+# Stops only the processes that this script has started.
 # shellcheck disable=SC2317,SC2086
 clean_up() {
     kill $program_pid $display_pid 2>/dev/null || true
@@ -25,21 +25,21 @@ display_pid=$!
 DISPLAY=:$(cat "$work/display")
 export DISPLAY
 
-# With a folder of its own, so that nobody's unsaved songs are told of.
+# A private state folder, so that no message about unsaved songs appears.
 XDG_STATE_HOME="$work" QUAVIX_SPEAKER=silent build/release/bin/quavix examples/Minuet-in-G.QVX &
 program_pid=$!
 window=$(xdotool search --sync --onlyvisible --name 'Minuet-in-G.QVX$' | tail -n 1)
-# A machine without a sound card says so.
+# Close the message that appears without a sound card.
 for box in $(xdotool search --onlyvisible --name '^Quavix$'); do
     xdotool windowfocus --sync "$box" key --delay 200 Return
 done
-# "Play all", so that a line is being played.
+# "Play all", so that the picture shows a playing line.
 xdotool windowfocus --sync "$window" key --delay 200 alt+a
 sleep 2
 import -window "$window" docs/main-window.png
 echo "docs/main-window.png"
 
-# Where the tones and the voice are both at work.
+# A part of the song with both tones and voice.
 for output in fmod voice; do
     build/release/bin/quavix-render --output "$output" examples/Ode-to-Joy.QVX "$work/$output.wav"
 done

@@ -11,23 +11,23 @@ constexpr std::uint8_t MetaStatus = 0xFF;
 constexpr std::uint8_t TempoType = 0x51;
 constexpr std::uint8_t EndOfTrackType = 0x2F;
 
-/// Takes a track's events from bytes, one by one. Running status outlasts meta and exclusive events, as many
-/// a file has it.
+/// Parses the bytes of a track into events, one by one. Running status is kept across meta and exclusive
+/// events, because many files rely on it.
 class EventParser {
   public:
     enum class Step { Event, Over, Damage };
 
     EventParser(const std::uint8_t* at, const std::uint8_t* end) : at_(at), end_(end) {}
 
-    /// The next event; Over where the bytes are used up; Damage, with Fault() saying which, where no event is
-    /// to be understood.
+    /// Reads the next event. Returns Over at the end of the bytes, and Damage, with the reason in Fault(), if
+    /// the bytes are no event.
     Step Next(QuavixMidiFileEvent& event);
 
-    /// Behind the last event; after damage, the byte at fault.
+    /// Returns the position behind the last event; after damage, the position of the faulty byte.
     const std::uint8_t* At() const { return at_; }
     const char* Fault() const { return fault_; }
 
-    /// Takes more bytes, or fewer, to be the track's from here on.
+    /// Moves the end of the track.
     void SetEnd(const std::uint8_t* end) { end_ = end; }
 
     static bool IsEndOfTrack(const QuavixMidiFileEvent& event) {
@@ -50,7 +50,7 @@ class EventParser {
     const char* fault_ = "";
 };
 
-/// A number of seven bits per byte, four bytes at the most.
+/// Reads a variable-length number: seven bits per byte, at most four bytes.
 inline bool EventParser::ReadNumber(std::uint32_t& number) {
     constexpr int MostBytes = 4;
     number = 0;
@@ -67,7 +67,7 @@ inline bool EventParser::ReadNumber(std::uint32_t& number) {
     return false;
 }
 
-/// The length and the content of a meta or exclusive event.
+/// Reads a meta or exclusive event: its length, or its tempo, into Value. Skips the content.
 inline bool EventParser::ReadContent(QuavixMidiFileEvent& event) {
     const std::uint8_t* const start = at_;
     std::uint32_t length = 0;
@@ -129,7 +129,7 @@ inline EventParser::Step EventParser::Next(QuavixMidiFileEvent& event) {
     } else if (event.Status == 0xF0 || event.Status == 0xF7) {
         whole = ReadContent(event);
     } else {
-        // System messages have no place in a file, but their lengths are known.
+        // System messages don't belong in a file, but their lengths are known.
         whole = ReadDataBytes(
             event, event.Status == 0xF2 ? 2 : (event.Status == 0xF1 || event.Status == 0xF3 ? 1 : 0));
     }

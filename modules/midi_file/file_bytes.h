@@ -14,7 +14,7 @@ inline constexpr std::uint64_t ChunkNameSize = 4;
 inline constexpr std::uint64_t ChunkHeadSize = 8;
 inline constexpr std::string_view TrackName = "MTrk";
 
-/// The bytes of a file, asked by their offsets. Chunks and numbers are big-endian except where said.
+/// The bytes of a file, accessed by offset. Numbers are big-endian unless the name says otherwise.
 class FileBytes {
   public:
     FileBytes(const std::uint8_t* data, std::size_t size) : data_(data), size_(size) {}
@@ -28,15 +28,15 @@ class FileBytes {
     bool Is(std::uint64_t offset, std::string_view text) const {
         return Has(offset, text.size()) && std::memcmp(At(offset), text.data(), text.size()) == 0;
     }
-    /// Two and four bytes that are there.
+    /// Reads 2 or 4 bytes, which must be within the file.
     std::uint32_t U16(std::uint64_t offset) const {
         return static_cast<std::uint32_t>(At(offset)[0] << 8U | At(offset)[1]);
     }
     std::uint32_t U32(std::uint64_t offset) const { return U16(offset) << 16U | U16(offset + 2); }
     std::uint32_t LittleEndian32(std::uint64_t offset) const { return __builtin_bswap32(U32(offset)); }
 
-    /// Whether four characters such as chunks are named by, and a length, stand there, with as much content
-    /// behind them.
+    /// Returns true if a chunk could begin here: four printable characters and a length that fits into the
+    /// file.
     bool LooksLikeChunk(std::uint64_t offset) const {
         if (!Has(offset, ChunkHeadSize))
             return false;
@@ -47,7 +47,7 @@ class FileBytes {
         return Has(offset + ChunkHeadSize, U32(offset + ChunkNameSize));
     }
 
-    /// The offset of `text` at or behind `from` and before `end`; nothing where there is none.
+    /// Returns the offset of the first `text` at `from` or later that ends by `end`, if there is one.
     std::optional<std::uint64_t> Find(std::string_view text, std::uint64_t from, std::uint64_t end) const {
         if (from >= end || end > size_)
             return {};

@@ -11,8 +11,8 @@ namespace {
 constexpr std::string_view HeaderName = "MThd";
 constexpr std::uint64_t HeaderContentSize = 6;
 
-/// What the header says lies, of a RIFF file, in its chunk "data". Sizes there are little-endian, and chunks
-/// begin at even offsets, which not every writer knows.
+/// Finds the chunk "data" of a RIFF file, which holds the MIDI file. RIFF sizes are little-endian, and chunks
+/// begin at even offsets, which some writers ignore.
 bool FindInWrapper(const FileBytes& bytes, Messages& messages, std::uint64_t& start, std::uint64_t& end) {
     constexpr std::uint64_t FirstChunk = 12;
     if (!bytes.Is(ChunkHeadSize, "RMID")) {
@@ -36,7 +36,7 @@ bool FindInWrapper(const FileBytes& bytes, Messages& messages, std::uint64_t& st
     return false;
 }
 
-/// Passes over what some programs put in front of a file.
+/// Skips data that some programs put in front of the header, up to 1024 bytes.
 bool FindHeader(const FileBytes& bytes, Messages& messages, std::uint64_t start, std::uint64_t& found) {
     constexpr std::string_view UsualBeginning{"MThd\0\0\0\6", ChunkHeadSize};
     constexpr std::uint64_t MostInFront = 1024;
@@ -64,7 +64,7 @@ bool FindHeader(const FileBytes& bytes, Messages& messages, std::uint64_t start,
     return false;
 }
 
-/// Where the first track begins: behind the header's content as its size says, or as it always is.
+/// Returns the offset of the first track: behind the declared size, or if that is wrong, behind 6 bytes.
 std::uint64_t BehindHeader(const FileBytes& bytes, Messages& messages, std::uint64_t content) {
     const std::uint32_t size = bytes.U32(content - ChunkNameSize);
     const std::uint64_t usual = content + HeaderContentSize;
@@ -92,7 +92,7 @@ bool ReadSmpteDivision(std::uint32_t division, std::uint64_t at, Messages& messa
         messages.Fail(at + 1, "the division has 0 ticks in a frame, so no event has a time.");
         return false;
     }
-    // 29 stands for the 30000 / 1001 frames a second of colour television.
+    // A rate of 29 means 30000 / 1001 frames per second (NTSC).
     says.TicksPerSecondNumerator = frames == DropFrame ? 30000 * ticks : frames * ticks;
     says.TicksPerSecondDenominator = frames == DropFrame ? 1001 : 1;
     return true;

@@ -9,18 +9,17 @@
 
 namespace quavix::midi_file {
 
-/// A file's header, and where the chunks behind it lie.
+/// The header of a file and the position of the chunks behind it.
 struct FileHeader {
     QuavixMidiFileHeader Says{};
-    /// Where the first chunk behind the header should begin.
+    /// Expected offset of the first chunk behind the header.
     std::uint64_t ChunksBegin = 0;
-    /// Where the chunks end according to the file that they are wrapped in; the file's size where they are
-    /// not.
+    /// End of the chunks according to the RIFF file around them; the file's size if there is none.
     std::uint64_t WrapperEnd = 0;
 };
 
-/// Finds and reads the header, at the file's start or in a RIFF file. False, with the failure told, where
-/// there is none or its times can't be understood.
+/// Finds and reads the header, at the file's start or in a RIFF file. If there is none, or its time division
+/// is unusable, reports the failure to `messages` and returns false.
 bool ReadHeader(const FileBytes& bytes, Messages& messages, FileHeader& header);
 
 }  // namespace quavix::midi_file

@@ -8,8 +8,8 @@
 
 namespace quavix::midi_file {
 
-/// What is said about a file: remarks to the sink, and the one failure to the caller's buffer. Texts are
-/// formats as printf takes them; "Byte N: " goes in front of each.
+/// The messages about a file: remarks go to the sink, the one failure to the caller's buffer. Texts are
+/// printf formats; each message is prefixed with "Byte N: ".
 class Messages {
   public:
     Messages(const QuavixMidiFileSink& sink, char* detail, std::size_t detailSize);

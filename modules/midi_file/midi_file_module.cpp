@@ -11,7 +11,7 @@
 namespace quavix::midi_file {
 namespace {
 
-/// Reads one chunk after the other from `chunk` on.
+/// Reads all chunks from offset `chunk` on.
 std::int32_t ReadChunks(const FileBytes& bytes, std::uint64_t chunk, std::uint32_t declaredTracks,
                         TrackReader& tracks, Messages& messages) {
     while (tracks.Tracks() < QUAVIX_MIDI_FILE_TRACKS) {

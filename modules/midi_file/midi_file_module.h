@@ -7,9 +7,9 @@
 /*
  * midifl32.ocx: reads standard MIDI files of formats 0, 1 and 2, alone or in a RIFF file.
  *
- * The module keeps nothing between calls and allocates nothing: what it reads it hands to the caller's
- * functions piece by piece, and every text and pointer that it passes is good for the length of that call
- * only. Any thread may call, several at a time too. Nothing is thrown; the caller's functions must not throw
+ * The module keeps no state between calls and allocates nothing. It passes the file to the caller's functions
+ * piece by piece; texts and pointers that it passes are valid during that call only. Calls may come from any
+ * thread, also from several at once. The module throws nothing, and the caller's functions must not throw
  * either.
  */
 // NOLINTBEGIN(modernize-use-using): this is C
@@ -24,48 +24,47 @@ extern "C" {
 #define QUAVIX_MIDI_FILE_EXPORT __attribute__((visibility("default")))
 #endif
 
-/** The interface that this header describes. It changes with every change that a caller could notice. */
+/** Version of this interface. It changes with every change that a caller could notice. */
 #define QUAVIX_MIDI_FILE_VERSION 1u
 
-/** The most events that one track, and that all tracks together may hold, the ends of the tracks included. */
+/** Most events in one track, and in all tracks together, including the end-of-track events. */
 #define QUAVIX_MIDI_FILE_TRACK_EVENTS 99999u
 #define QUAVIX_MIDI_FILE_EVENTS 1048575u
 
-/** The most tracks, as the header of a file counts them in 16 bits. */
+/** Most tracks: the header of a file counts them in 16 bits. */
 #define QUAVIX_MIDI_FILE_TRACKS 65535u
 
-/** A detail text, its final zero included, never needs more bytes than this. */
+/** Size of the longest detail text in bytes, including the final zero. */
 #define QUAVIX_MIDI_FILE_DETAIL_SIZE 256u
 
 enum {
     QUAVIX_MIDI_FILE_OK = 0,
-    /** A null pointer where there must be none. */
+    /** An argument is a null pointer that must not be null. */
     QUAVIX_MIDI_FILE_BAD_ARGUMENT = 1,
     /** The caller was built for another version of this interface. */
     QUAVIX_MIDI_FILE_WRONG_VERSION = 2,
-    /** Nothing in the bytes can be played; the detail says why. */
+    /** The bytes hold no playable music; the detail says why. */
     QUAVIX_MIDI_FILE_UNREADABLE = 3,
-    /** More events than the two limits above; the detail says which and where. */
+    /** The file has more events than one of the two limits above; the detail says which one and where. */
     QUAVIX_MIDI_FILE_TOO_MANY_EVENTS = 4,
-    /** A function of the caller's has asked to stop. */
+    /** A function of the caller asked to stop. */
     QUAVIX_MIDI_FILE_STOPPED = 5
 };
 
 /**
  * One event of a track.
  *
- * Status is 0x80 to 0xFF with running status resolved. For channel messages (below 0xF0) Data1 and Data2 are
- * the data bytes as they stand in the file, which may be above 127 in a faulty one; Data2 is 0 where the
- * message has one byte only, and Value is 0. For 0xFF (meta) Data1 is the type. For 0xF0 and 0xF7 (system
- * exclusive) both are 0.
+ * Status is 0x80 to 0xFF with running status resolved. For channel messages (below 0xF0), Data1 and Data2 are
+ * the data bytes of the file, which may be above 127 in a faulty file; Data2 is 0 if the message has only one
+ * data byte, and Value is 0. For 0xFF (meta), Data1 is the type. For 0xF0 and 0xF7 (system exclusive), both
+ * are 0.
  */
 typedef struct QuavixMidiFileEvent {
-    /** Time since the start of the track. Never falls, and may exceed 32 bits. */
+    /** Ticks since the start of the track. Never decreases, and may exceed 32 bits. */
     uint64_t Tick;
     /**
-     * For a tempo (status 0xFF, type 0x51): microseconds per quarter note, 1 to 16777215, or 0 where the file
-     * has no usable number there, and the tempo stays what it was. For other meta and exclusive events: bytes
-     * of content.
+     * For a tempo (status 0xFF, type 0x51): microseconds per quarter note, 1 to 16777215, or 0 if the file
+     * has no usable number there, so the tempo stays. For other meta and exclusive events: bytes of content.
      */
     uint32_t Value;
     uint8_t Status;
@@ -74,58 +73,57 @@ typedef struct QuavixMidiFileEvent {
     uint8_t Reserved;
 } QuavixMidiFileEvent;
 
-/** What the file's header says. */
+/** The contents of the file's header. */
 typedef struct QuavixMidiFileHeader {
-    /** 0: one track; 1: tracks that sound together; 2: tracks of their own. Higher numbers stand for no known
-     * format. */
+    /** 0: one track; 1: simultaneous tracks; 2: independent tracks. Higher numbers are no known format. */
     uint32_t Format;
-    /** How many tracks the file says it has; how many come is another matter. */
+    /** Number of tracks that the header declares; the file may hold fewer or more. */
     uint32_t DeclaredTracks;
-    /** 1 to 32767; 0 where the file counts time in SMPTE frames, and tempo events have no effect. */
+    /** 1 to 32767; 0 if the file counts time in SMPTE frames, so that tempo events have no effect. */
     uint32_t TicksPerQuarter;
-    /** Ticks per second as a fraction, e.g. 30000 * 80 / 1001 at 29.97 frames; 0 / 1 with ticks per quarter
-     * note. */
+    /** Ticks per second as a fraction, e.g. 30000 * 80 / 1001 at 29.97 frames; 0 / 1 if TicksPerQuarter is
+     * used. */
     uint32_t TicksPerSecondNumerator;
     uint32_t TicksPerSecondDenominator;
 } QuavixMidiFileHeader;
 
 /**
- * Where what is read goes. Every function but Events may be null. Header comes first and once, then for each
- * track, in the file's order and counted from 0, Track and any number of calls of Events with the events in
- * order. Functions with a result stop the reading with any but 0.
+ * The caller's functions that receive the file. All but Events may be null. Header is called first, once;
+ * then for each track, in the file's order and counted from 0, Track and any number of calls of Events with
+ * the events in order. If a function with a result returns anything but 0, reading stops.
  */
 typedef struct QuavixMidiFileSink {
-    /** Handed to every function. */
+    /** Passed to every function. */
     void* User;
     int32_t (*Header)(void* user, const QuavixMidiFileHeader* header);
-    /** A track begins, whose content lies at byte `offset`. */
+    /** A track begins; its content is at byte `offset`. */
     int32_t (*Track)(void* user, uint32_t track, uint64_t offset);
     int32_t (*Events)(void* user, uint32_t track, const QuavixMidiFileEvent* events, size_t count);
-    /** From time to time: so many bytes of all bytes are done. */
+    /** Called from time to time: `done` of `total` bytes are read. */
     int32_t (*Progress)(void* user, uint64_t done, uint64_t total);
-    /** A fault that did not keep the file from being read, as a sentence with its byte offset. At most 100 of
-     * them. */
+    /** A fault that did not stop the reading, as a sentence with its byte offset. Called at most 100 times.
+     * */
     void (*Remark)(void* user, const char* text);
 } QuavixMidiFileSink;
 
-/** QUAVIX_MIDI_FILE_VERSION as the module was built with. */
+/** Returns the QUAVIX_MIDI_FILE_VERSION that the module was built with. */
 QUAVIX_MIDI_FILE_EXPORT uint32_t QuavixMidiFileVersion(void);
 
-/** To be called before the first reading, with the caller's QUAVIX_MIDI_FILE_VERSION. */
+/** Checks the caller's QUAVIX_MIDI_FILE_VERSION. To be called before the first reading. */
 QUAVIX_MIDI_FILE_EXPORT int32_t QuavixMidiFileInit(uint32_t version);
 
 /**
- * Reads a whole file of `size` bytes, which must not change meanwhile, into `sink`. Whatever can be played is
- * read: a fault within a track ends that track, wrong counts and sizes are put right where the bytes show
- * how. With any result but QUAVIX_MIDI_FILE_OK, what the sink has got is no file and `detail`, a caller's
- * buffer of `detailSize` bytes, holds a sentence with the byte offset of the fault (cut where the buffer is
- * shorter; null with 0 is none).
+ * Reads a whole file of `size` bytes, which must not change meanwhile, into `sink`. Reads all that can be
+ * played: a fault within a track ends that track; wrong counts and sizes are corrected if the bytes show the
+ * right ones. If the result is not QUAVIX_MIDI_FILE_OK, `sink` has no usable file, and `detail`, the caller's
+ * buffer of `detailSize` bytes, holds a sentence with the byte offset of the fault (cut to fit; null with
+ * size 0 is allowed).
  */
 QUAVIX_MIDI_FILE_EXPORT int32_t QuavixMidiFileRead(const uint8_t* bytes, size_t size,
                                                    const QuavixMidiFileSink* sink, char* detail,
                                                    size_t detailSize);
 
-/** What an installer calls once after it has put the module in place. 0: the module can be used. */
+/** Called once by an installer after it has put the module in place. Returns 0 if the module can be used. */
 QUAVIX_MIDI_FILE_EXPORT int32_t DllRegisterServer(void);
 
 #ifdef __cplusplus

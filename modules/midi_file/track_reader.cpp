@@ -17,8 +17,7 @@ std::int32_t TrackReader::Progress(std::uint64_t offset) {
 }
 
 std::uint64_t TrackReader::NextTrack(std::uint64_t from) {
-    // What was found once is not searched for again, so that many tracks with wrong sizes are no slower than
-    // others.
+    // The last search result is reused, so that a file with many wrong track sizes is not slow to read.
     if (!knownTrack_ || from < knownFrom_ || from > *knownTrack_) {
         knownTrack_ = bytes_.Find(TrackName, from, bytes_.Size()).value_or(bytes_.Size());
         knownFrom_ = from;
@@ -82,7 +81,7 @@ void TrackReader::Damaged(const EventParser& parser) {
 }
 
 std::int32_t TrackReader::ReadEvents(const Extent& extent, std::uint64_t& next) {
-    // A size that is not to be believed still counts for as long as events end where it says.
+    // An untrusted size still applies if an event ends there and no end-of-track event follows.
     bool atDeclaredEnd = !extent.Trusted && extent.DeclaredEnd < extent.Limit;
     const std::uint8_t* const declaredEnd = atDeclaredEnd ? bytes_.At(extent.DeclaredEnd) : nullptr;
     EventParser parser(bytes_.At(extent.Begin), bytes_.At(extent.Limit));

@@ -14,28 +14,28 @@ namespace quavix::midi_file {
 
 /// Reads the tracks of a file into the sink, one after the other.
 ///
-/// The size that a track says it has is believed where something that can stand behind a track does stand
-/// there. Otherwise the track goes on to its end-of-track event, and at most up to the next track. Each byte
-/// is read at most three times, whatever the bytes are.
+/// A track's declared size is trusted if the end of the file or another chunk follows there. Otherwise the
+/// track ends at its end-of-track event, and at the next track at the latest. Each byte is read at most three
+/// times, even in damaged files.
 class TrackReader {
   public:
     TrackReader(const FileBytes& bytes, std::uint64_t wrapperEnd, const QuavixMidiFileSink& sink,
                 Messages& messages)
         : bytes_(bytes), wrapperEnd_(wrapperEnd), sink_(sink), messages_(messages) {}
 
-    /// Reads the track whose chunk begins at `chunk` and sets that to where the next one should begin.
-    /// Anything but QUAVIX_MIDI_FILE_OK ends the file.
+    /// Reads the track whose chunk begins at `chunk`, and sets `chunk` to the expected start of the next one.
+    /// Reading ends with any result but QUAVIX_MIDI_FILE_OK.
     std::int32_t Read(std::uint64_t& chunk);
 
-    /// Tells the sink how far the reading is.
+    /// Reports the reading position to the sink.
     std::int32_t Progress(std::uint64_t offset);
 
-    /// The offset of the next track's chunk at or behind `from`; the end of the file where there is none.
+    /// Returns the offset of the first track chunk at `from` or later; without one, the file's size.
     std::uint64_t NextTrack(std::uint64_t from);
 
     std::uint32_t Tracks() const { return tracks_; }
 
-    /// Whether nothing but damage was found: no message that can be played, and the first fault is here.
+    /// Returns the first fault if no track holds a channel message; otherwise null.
     const char* OnlyDamage() const { return playable_ ? nullptr : damage_; }
     std::uint64_t DamageOffset() const { return damageOffset_; }
     std::uint32_t DamagedTrack() const { return damagedTrack_; }
@@ -43,11 +43,11 @@ class TrackReader {
   private:
     struct Extent {
         std::uint64_t Begin;
-        /// Where the track ends by its own account.
+        /// End of the track according to its declared size.
         std::uint64_t DeclaredEnd;
-        /// Whether that is to be believed.
+        /// True if the declared size is trusted.
         bool Trusted;
-        /// Where it ends at the latest.
+        /// Latest possible end of the track.
         std::uint64_t Limit;
     };
 

@@ -10,7 +10,7 @@ namespace {
 
 using Clock = std::chrono::steady_clock;
 
-/// The sequencer tells RtMidi nothing about ports that vanish, so they are looked at now and then.
+/// The sequencer doesn't tell RtMidi about ports that vanish, so the ports are checked every 500 ms.
 class AlsaSystem : public MidiSystem {
   public:
     AlsaSystem() {
@@ -55,12 +55,12 @@ class AlsaSystem : public MidiSystem {
         return looks_;
     }
 
-    // RtMidi says so itself when the sequencer takes no more.
+    // RtMidi reports an error itself if the sequencer takes no more messages.
     bool TakesMessage(std::size_t) override { return true; }
     void LetMessagesLeave() override {}
 
   private:
-    // For looking only: they never have a port.
+    // Used for searching only; they never have a port.
     RtMidiOut outputs_{RtMidi::LINUX_ALSA, "Quavix search"};
     RtMidiIn inputs_{RtMidi::LINUX_ALSA, "Quavix search"};
     Clock::time_point lastLook_ = Clock::now();

@@ -14,11 +14,11 @@
 
 namespace quavix::midi_io {
 
-/// Messages on their way from the system's thread to the caller's. One thread puts, one takes; neither ever
+/// A queue of messages from the system's thread to the caller's. One thread puts, one takes; neither ever
 /// waits.
 class MessageQueue {
   public:
-    /// From the system's thread. A message that finds no room is lost, and counted as that.
+    /// Adds a message. If the queue is full, the message is lost, and TakeLost() reports it.
     void Put(const QuavixMidiIoMessage& message) {
         const std::uint32_t end = end_.load(std::memory_order_relaxed);
         if (end - begin_.load(std::memory_order_acquire) == Room) {
@@ -29,7 +29,7 @@ class MessageQueue {
         end_.store(end + 1, std::memory_order_release);
     }
 
-    /// False: none is there.
+    /// Takes the oldest message. Returns false if there is none.
     bool Take(QuavixMidiIoMessage& message) {
         const std::uint32_t begin = begin_.load(std::memory_order_relaxed);
         if (begin == end_.load(std::memory_order_acquire))
@@ -39,11 +39,11 @@ class MessageQueue {
         return true;
     }
 
-    /// Whether messages were lost since the last call.
+    /// Returns true if messages were lost since the last call.
     bool TakeLost() { return lost_.exchange(false, std::memory_order_acq_rel); }
 
   private:
-    // Some seconds of the busiest line there is.
+    // Enough for several seconds on the busiest line.
     static constexpr std::uint32_t Room = 0x4000;
 
     std::array<QuavixMidiIoMessage, Room> messages_{};
@@ -52,13 +52,13 @@ class MessageQueue {
     std::atomic<bool> lost_{false};
 };
 
-/// Messages and news from the system's threads. Those threads may still run when the caller has gone, so
-/// they share this object with it.
+/// The messages and notifications from the system's threads. The object is shared with those threads, because
+/// they may still run after the caller has gone.
 class Arrivals {
   public:
     explicit Arrivals(std::function<void()> wake) : wake_(std::move(wake)) {}
 
-    /// From the system's threads, which never wait here.
+    /// Calls the `wake` function. For the system's threads; never waits.
     void Wake() {
         ++callers_;
         if (!isCutOff_ && wake_)
@@ -66,7 +66,7 @@ class Arrivals {
         --callers_;
     }
 
-    /// From the system's input thread: takes bytes as they arrive.
+    /// Takes bytes as they arrive. Called by the system's input thread.
     void Arrive(std::span<const std::uint8_t> bytes) {
         bool any = false;
         stream_.Feed(bytes, [&](const QuavixMidiIoMessage& message) {
@@ -77,21 +77,21 @@ class Arrivals {
             Wake();
     }
 
-    /// Forgets the beginning of a message. No input may be open.
+    /// Forgets an incomplete message. No input may be open.
     void StartOver() { stream_ = {}; }
 
-    /// Takes the oldest message.
+    /// Takes the oldest message. Returns QuavixMidiIoLost once after a loss.
     std::int32_t Receive(QuavixMidiIoMessage& message) {
         if (queue_.TakeLost())
             return QUAVIX_MIDI_IO_LOST;
         if (queue_.Take(message))
             return QUAVIX_MIDI_IO_OK;
-        // In this order: what arrives in between is either taken here or wakes again.
+        // The order matters: a message that arrives in between is either taken here or wakes again.
         isAwake_ = false;
         return queue_.Take(message) ? QUAVIX_MIDI_IO_OK : QUAVIX_MIDI_IO_EMPTY;
     }
 
-    /// Drops all messages that wait.
+    /// Drops all waiting messages.
     void Drop() {
         QuavixMidiIoMessage dropped{};
         while (queue_.Take(dropped)) {
@@ -100,7 +100,7 @@ class Arrivals {
         isAwake_ = false;
     }
 
-    /// Calls the `wake` function no more; waits for calls that are under way.
+    /// Stops calling the `wake` function, and waits for calls in progress.
     void CutOff() {
         isCutOff_ = true;
         while (callers_ != 0)

@@ -12,8 +12,8 @@
 namespace quavix::midi_io {
 namespace {
 
-/// A client of its own that plays nothing and hears of everything: RtMidi's clients don't say when the server
-/// or a port has gone, and wait for ever for room where the server takes nothing more.
+/// A separate JACK client that only watches: RtMidi's clients don't report that the server or a port has
+/// gone, and wait for ever if the server takes no more data.
 class JackSystem : public MidiSystem {
   public:
     explicit JackSystem(Changed changed) : changed_(std::move(changed)) {}
@@ -24,7 +24,7 @@ class JackSystem : public MidiSystem {
     JackSystem(const JackSystem&) = delete;
     JackSystem& operator=(const JackSystem&) = delete;
 
-    /// A busy server may turn clients away at first, and seem not to run.
+    /// Tries several times, because a busy server may refuse clients at first.
     bool Connect() {
         constexpr int MostTries = 3;
         constexpr auto Pause = std::chrono::milliseconds(10);
@@ -61,7 +61,7 @@ class JackSystem : public MidiSystem {
         return false;
     }
 
-    /// What takes time is the server's next cycles, which on a busy machine are long in coming.
+    /// Waits 250 ms and 16 cycles, which may be long on a busy machine, but at most 5 s.
     bool BecomeConnected(const std::string& own, const std::string& device) override {
         constexpr auto Step = std::chrono::milliseconds(1);
         constexpr int FewSteps = 250;
@@ -79,7 +79,7 @@ class JackSystem : public MidiSystem {
     }
 
     unsigned Removals() override {
-        // Every look until then, and the first one after it, counts as another removal.
+        // Until connections have settled, and once afterwards, every call counts as a removal.
         const bool settled = cycles_ >= settlesAt_;
         if (!settled || !wasSettled_)
             ++looks_;
@@ -87,8 +87,8 @@ class JackSystem : public MidiSystem {
         return removals_ + looks_;
     }
 
-    /// RtMidi's ring is emptied once in every cycle of the server. Two cycles may already be under way, one
-    /// for each client, when a message is put into it; after two more it has left.
+    /// The server empties RtMidi's ring once per cycle. When a message is put into the ring, two cycles may
+    /// already be in progress, one for each client; after two more the message has left.
     bool TakesMessage(std::size_t size) override {
         constexpr std::size_t RingSize = 16383;
         constexpr std::size_t HeadSize = sizeof(int);
@@ -133,7 +133,7 @@ class JackSystem : public MidiSystem {
         std::size_t Bytes;
     };
 
-    /// Gives the present cycle.
+    /// Forgets messages that have left. Returns the current cycle.
     std::uint64_t ForgetWhatHasLeft() {
         constexpr std::uint64_t CyclesToLeave = 4;
         const std::uint64_t now = cycles_;
@@ -174,7 +174,7 @@ class JackSystem : public MidiSystem {
         return 0;
     }
 
-    // Connections are seen as they were for a cycle or two after they have changed.
+    // For one or two cycles after a change, the server still shows the old connections.
     static constexpr std::uint64_t CyclesToSettle = 4;
 
     Changed changed_;

@@ -25,7 +25,7 @@ void DeliverTo(const std::shared_ptr<Arrivals>& arrivals, RtMidiIn& input) {
                       arrivals.get());
 }
 
-/// Keeps an object to the end of the process.
+/// Keeps an object alive until the process ends.
 void Keep(std::shared_ptr<void> object) {
     static std::mutex mutex;
     static auto* const kept = new std::vector<std::shared_ptr<void>>;

@@ -12,7 +12,7 @@
 
 namespace quavix::midi_io {
 
-/// What stands behind the C interface, call by call. Results are those of midi_io_module.h.
+/// The implementation of the C interface, call by call. Results are those of midi_io_module.h.
 class MidiIo {
   public:
     MidiIo(std::string systemName, std::function<void()> wake);
@@ -26,7 +26,7 @@ class MidiIo {
 
     std::int32_t SearchOutputs();
     std::int32_t SearchInputs();
-    /// As the last search has found them.
+    /// The names from the last search.
     const std::vector<std::string>& OutputNames() const { return output_.Names; }
     const std::vector<std::string>& InputNames() const { return input_.Names; }
 
@@ -41,25 +41,25 @@ class MidiIo {
     std::int32_t Receive(QuavixMidiIoMessage& message);
 
   private:
-    /// The directions of the system that is connected to.
+    /// Both directions of the connected system.
     struct Devices {
         RtDevice<RtMidiOut> Output;
         RtDevice<RtMidiIn> Input;
     };
 
-    /// What is known of a direction, whichever system that was.
+    /// State of a direction that survives a change of the system.
     struct Direction {
         std::vector<std::string> Names;
         bool Gone = false;
     };
 
     bool Connect();
-    /// Leaves the system. One that has died is kept to the end of the process with all that was connected to
-    /// it: its library frees the clients by itself when any part of the process enters a new server.
+    /// Leaves the system. A dead system and everything connected to it are kept until the process ends,
+    /// because its library frees the clients itself when any part of the process enters a new server.
     void Disconnect();
     void CloseInputDevice();
-    /// A system is left when nothing is open: a process that ends while it is in one may hold up all others
-    /// there, as a JACK server waits for its clients in each cycle.
+    /// Leaves the system if nothing is open: a process that ends while connected may block all other clients,
+    /// because a JACK server waits for its clients in each cycle.
     void LeaveIfUnused();
     bool HasNumber(const Direction& direction, std::int32_t device);
 

@@ -8,14 +8,14 @@
 
 #include "modules/midi_io/midi_io.h"
 
-/// What callers hold.
+/// The object behind the callers' opaque pointer.
 struct QuavixMidiIo : quavix::midi_io::MidiIo {
     using MidiIo::MidiIo;
 };
 
 namespace {
 
-/// Runs a call of the interface; what it throws becomes a result.
+/// Runs a call of the interface and turns exceptions into a result.
 template <typename Call>
 std::int32_t Run(QuavixMidiIo* io, bool argumentsAreGood, Call call) noexcept {
     if (io == nullptr || !argumentsAreGood)
@@ -26,7 +26,7 @@ std::int32_t Run(QuavixMidiIo* io, bool argumentsAreGood, Call call) noexcept {
         try {
             io->SetProblem(error.what());
         } catch (...) {
-            // The text is not worth more trouble.
+            // Without memory for the text, the result alone has to do.
         }
     } catch (...) {
     }

@@ -8,12 +8,12 @@
 
 namespace quavix::midi_io {
 
-/// Makes channel messages of the bytes that come over a MIDI line, however they are divided: running status
-/// is resolved, exclusive messages are left out whole or in pieces, clock and sensing may stand anywhere, a
-/// message that is broken off by a status byte is dropped.
+/// Assembles channel messages from the bytes of a MIDI line, however the bytes are divided. Running status is
+/// resolved, exclusive messages are left out, real-time messages may come anywhere, and a message interrupted
+/// by a status byte is dropped.
 class MidiStream {
   public:
-    /// Hands every message that `bytes` complete to `deliver`.
+    /// Passes every completed message to `deliver`.
     template <typename Deliver>
     void Feed(std::span<const std::uint8_t> bytes, Deliver deliver) {
         for (const std::uint8_t byte : bytes) {
@@ -27,7 +27,7 @@ class MidiStream {
     static constexpr std::uint8_t FirstSystemStatus = 0xF0;
     static constexpr std::uint8_t FirstRealTimeStatus = 0xF8;
 
-    /// Whether the byte completes a message.
+    /// Returns true if the byte completes a message.
     bool Take(std::uint8_t byte) {
         if (byte >= FirstRealTimeStatus)
             return false;
@@ -36,7 +36,7 @@ class MidiStream {
             hasData1_ = false;
             return false;
         }
-        // Data bytes of system messages, and those before the first status byte, are nobody's.
+        // Data bytes of system messages, and those before the first status byte, are ignored.
         if (message_.Status < FirstStatus || message_.Status >= FirstSystemStatus)
             return false;
         const bool oneByte = (message_.Status & 0xE0U) == 0xC0;

@@ -11,7 +11,7 @@
 
 namespace quavix::midi_io {
 
-/// A MIDI system of the machine, as far as RtMidi doesn't show it. Calls come from one thread.
+/// A MIDI system of the machine: the functions that RtMidi lacks. Calls come from one thread.
 class MidiSystem {
   public:
     virtual ~MidiSystem() = default;
@@ -19,34 +19,33 @@ class MidiSystem {
     virtual RtMidi::Api Api() const = 0;
     virtual const char* Name() const = 0;
 
-    /// Whether it still runs. Once it doesn't, everything that was open is gone. A system that has died must
-    /// not be destroyed, nor must RtMidi objects that were connected to it.
+    /// Returns true while the system runs. When it has died, all open devices are gone. A dead system, and
+    /// RtMidi objects that were connected to it, must not be destroyed.
     virtual bool IsAlive() = 0;
 
-    /// All ports, those of this process too.
+    /// Returns all ports, including those of this process.
     virtual std::vector<std::string> Ports() = 0;
 
-    /// Whether two ports are connected; ports that are not there are not. With an empty `device`, whether
-    /// `own` is there.
+    /// Returns true if both ports exist and are connected; with an empty `device`, if `own` exists.
     virtual bool AreConnected(const std::string& own, const std::string& device) = 0;
 
-    /// The same, a moment after they were connected: that may take the system a while to show.
+    /// Like AreConnected(), but waits a while, because a new connection may take time to show.
     virtual bool BecomeConnected(const std::string& own, const std::string& device) = 0;
 
-    /// A number that changes when ports may have vanished.
+    /// Returns a number that changes when ports may have vanished.
     virtual unsigned Removals() = 0;
 
-    /// Whether a message of `size` bytes can be sent without waiting, which is then taken to happen.
+    /// Returns true if a message of `size` bytes can be sent without waiting. The caller then has to send it.
     virtual bool TakesMessage(std::size_t size) = 0;
 
-    /// Waits until what was sent has left, as it is lost with the port it was sent to.
+    /// Waits until sent messages have left, because closing the port would lose them.
     virtual void LetMessagesLeave() = 0;
 };
 
-/// Called from any thread when ports have vanished or the system has.
+/// Called from any thread when ports have vanished or the system has died.
 using Changed = std::function<void()>;
 
-/// Null, with `problem` saying why, where the system isn't there.
+/// Returns null, with the reason in `problem`, if the system is not running.
 std::unique_ptr<MidiSystem> ConnectToAlsa(std::string& problem);
 std::unique_ptr<MidiSystem> ConnectToJack(const Changed& changed, std::string& problem);
 

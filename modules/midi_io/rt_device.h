@@ -17,7 +17,7 @@
 
 namespace quavix::midi_io {
 
-/// One direction of a system: its devices, and the one of them that is open. Rt is RtMidiOut or RtMidiIn.
+/// One direction of a system: its devices and the open one. Rt is RtMidiOut or RtMidiIn.
 template <typename Rt>
 class RtDevice {
   public:
@@ -25,14 +25,14 @@ class RtDevice {
     RtDevice(MidiSystem& system, std::string portName, std::function<void(Rt&)> prepare = {})
         : system_(system), portName_(std::move(portName)), prepare_(std::move(prepare)) {}
 
-    /// The devices that there are now, without `own` port of the other direction.
+    /// Returns the names of all present devices except `own`, the port of the other direction.
     std::vector<std::string> Search(const std::string& own) {
         std::vector<std::string> names = Names();
         std::erase(names, own);
         return names;
     }
 
-    /// Opens the device of that name; with an empty one, a port for others to connect to.
+    /// Opens the device with this name; with an empty name, a port for other programs to connect to.
     std::int32_t Open(const std::string& name) {
         Close();
         const std::vector<std::string> before = system_.Ports();
@@ -56,8 +56,8 @@ class RtDevice {
         return QUAVIX_MIDI_IO_REFUSED;
     }
 
-    /// Destroys the RtMidi object too, so that nothing of the last device's state is left for the next one.
-    /// If the system has died, the object is not touched any more.
+    /// Destroys the RtMidi object too, so that no state of this device reaches the next one. If the system
+    /// has died, the object is left alone.
     void Close() {
         if (!isOpen_)
             return;
@@ -70,7 +70,7 @@ class RtDevice {
 
     bool IsOpen() const { return isOpen_; }
 
-    /// Whether the open device is still there.
+    /// Returns true if the open device still exists.
     bool IsThere() {
         const unsigned removals = system_.Removals();
         if (removals == removals_)
@@ -79,10 +79,10 @@ class RtDevice {
         return system_.AreConnected(own_, device_);
     }
 
-    /// The open port's own name in the system.
+    /// Returns the open port's own name in the system.
     const std::string& Own() const { return own_; }
 
-    /// Whether RtMidi has reported an error since the last call.
+    /// Returns true if RtMidi has reported an error since the last call.
     bool TakeFailure() { return std::exchange(failed_, false); }
     const std::string& FailureText() const { return failureText_; }
 
@@ -104,8 +104,8 @@ class RtDevice {
         self.failureText_ = text;
     }
 
-    /// RtMidi enters the system with the first call that needs it, and a busy system may turn it away at
-    /// first.
+    /// Repeats a call until it succeeds, at most 10 times: RtMidi enters the system with its first call, and
+    /// a busy system may refuse it at first.
     template <typename Call>
     void Insist(Call call) {
         constexpr int MostTries = 10;
@@ -128,7 +128,7 @@ class RtDevice {
         return names;
     }
 
-    /// The port that is there now and was not before, and has our name.
+    /// Returns the new port with our name: one that was not in `before`.
     std::string NewPort(const std::vector<std::string>& before) {
         for (const std::string& port : system_.Ports()) {
             const bool isNew = std::find(before.begin(), before.end(), port) == before.end();

@@ -18,19 +18,19 @@ namespace {
 constexpr float HighestFrequency = 1000000.0F;
 constexpr float HighestVolume = 10.0F;
 
-/// All that the functions share: callers have nothing but pointers.
+/// State shared by all functions, because callers pass only pointers.
 struct Shared {
     std::mutex OneCall;
     Handles Known;
 };
 
-// Never destroyed: at the end of the process, devices may still be asking for sound.
+// Never destroyed: at the end of the process, devices may still ask for sound.
 Shared& TheShared() {
     static auto* const shared = new Shared;
     return *shared;
 }
 
-/// The boundary of the interface: one call at a time, and nothing but a result leaves.
+/// Boundary of the interface: runs one call at a time and turns exceptions into results.
 template <class Function>
 SoundResult Call(Function function) noexcept {
     try {
@@ -47,7 +47,7 @@ SoundResult Call(Function function) noexcept {
     }
 }
 
-/// What a pointer stands for, and the system it belongs to.
+/// The object behind a handle, and its system.
 template <class Node>
 struct Known {
     Node& Object;
@@ -63,7 +63,7 @@ Known<Node> Find(const Handles& handles, const void* handle) {
     return {*std::get<Node*>(entry->What), *entry->Of};
 }
 
-/// The same for a second object, which has to be of the same system.
+/// Finds a second object, which must belong to the same system.
 template <class Node>
 Node& FindOf(const System& system, const Handles& handles, const void* handle) {
     const Known<Node> known = Find<Node>(handles, handle);
@@ -111,7 +111,7 @@ SoundResult SOUND_CALL FMOD_System_Create(SoundSystem** system) {
         RequirePlaceFor(system);
         auto made = std::make_unique<System>(handles);
         *system = static_cast<SoundSystem*>(handles.Add(made.get(), *made));
-        // Owned by its handle from here on.
+        // The handle owns it from now on.
         static_cast<void>(made.release());
     });
 }

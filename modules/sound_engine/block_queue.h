@@ -10,15 +10,15 @@
 
 namespace quavix::sound_engine {
 
-/// Blocks of the mixer's length, in the pieces that a device asks for, and some of them ahead.
+/// Cuts the mixer's blocks into the pieces that a device asks for, and keeps some frames ahead.
 ///
-/// Thread: the one that mixes, once it is made. Nothing here allocates, locks or waits.
+/// Thread: the mixing thread, after construction. No function allocates, locks or waits.
 class BlockQueue {
   public:
-    /// `aheadFrames` of silence come first, and after each piece of up to `mostFrames` at least so many wait.
+    /// Begins with `aheadFrames` of silence, and keeps as many ahead after each piece of up to `mostFrames`.
     BlockQueue(std::shared_ptr<Mixer> mixer, std::size_t aheadFrames, std::size_t mostFrames);
 
-    /// Fills `out`, of any length, with what comes next.
+    /// Fills `out`, of any length, with the next frames.
     void Take(std::span<float> out);
 
   private:
@@ -29,7 +29,7 @@ class BlockQueue {
     std::size_t ahead_;
     std::size_t mostFrames_;
     std::vector<float> block_;
-    // A ring; `waiting_` frames from `first_` on.
+    // A ring: `waiting_` frames, beginning at `first_`.
     std::vector<float> ring_;
     std::size_t first_ = 0;
     std::size_t waiting_;

@@ -8,7 +8,7 @@
 
 namespace quavix::sound_engine {
 
-/// What a channel does to the unit on it: a frequency, a volume, a pause.
+/// The frequency, volume and pause of a channel.
 ///
 /// Thread: Idle(), Sync() and Apply() belong to the mixing thread, the rest to the caller's side.
 class ChannelStrip {
@@ -22,16 +22,16 @@ class ChannelStrip {
     void SetPaused(bool paused) { paused_.store(paused, std::memory_order_relaxed); }
     bool Paused() const { return paused_.load(std::memory_order_relaxed); }
 
-    /// Takes over what was set since, at the start of a block.
+    /// Takes over new settings, at the start of a block.
     void Sync(const MixRate& rate) {
         stands_ = Paused();
         gain_.To(stands_ ? 0.0F : Volume(), rate.RampFrames);
     }
 
-    /// Whether time stands still on the channel: paused, and faded out. Holds for the whole block.
+    /// Returns true if paused and faded out: time stands still on the channel. Valid for a whole block.
     bool Idle() const { return stands_ && gain_.At(0.0F); }
 
-    /// Fades and scales. False: the result is silence, and `samples` holds anything.
+    /// Applies fade and volume. Returns false if the result is silence; `samples` is then undefined.
     bool Apply(std::span<float> samples) {
         const bool heard = !gain_.At(0.0F);
         if (heard)
@@ -39,13 +39,13 @@ class ChannelStrip {
         gone_.store(Idle(), std::memory_order_relaxed);
         return heard;
     }
-    /// The same for samples that are silence.
+    /// Same as Apply(), for silent samples.
     void ApplyToSilence() {
         gain_.Finish();
         gone_.store(Idle(), std::memory_order_relaxed);
     }
 
-    /// Whether the channel was paused and faded out when last mixed. On the caller's side.
+    /// Returns true if the channel was paused and faded out in the last block. Belongs to the caller's side.
     bool Gone() const { return gone_.load(std::memory_order_relaxed); }
 
   private:

@@ -22,16 +22,16 @@ using Seconds = std::chrono::duration<double>;
 
 constexpr auto OpeningPatience = std::chrono::seconds(10);
 constexpr auto ClosingPatience = std::chrono::seconds(2);
-// How often the device is looked at, and looked for.
+// Intervals for checking the device, and for searching for a lost one.
 constexpr auto WatchInterval = std::chrono::milliseconds(250);
 constexpr auto SearchInterval = SoundStream::ReopenAfter;
-// A device that asks for nothing for so long is lost, though its sound system has not said so.
+// A device that has requested no sound for this long is lost, even if its sound system does not say so.
 constexpr Seconds Standstill(2.0);
-// So is one that asks for sound much faster than it can be heard: its sound system only says no to all of it.
+// A device that requests sound much faster than it can play is lost too: its sound system rejects all of it.
 constexpr double MostHaste = 4.0;
 constexpr Seconds Hesitation(0.5);
 
-// Looks at how a stream gets on.
+// Detects that a stream has lost its device.
 class Watch {
   public:
     explicit Watch(const SoundStream& stream) : stream_(stream) {}
@@ -67,7 +67,7 @@ struct DeviceOutput::Shared {
     std::condition_variable Changed;
     bool End = false;
     bool Ended = false;
-    // Whether the first try is over, and how it went.
+    // Set when the first attempt is over: true if it succeeded.
     std::optional<bool> Opened;
     std::atomic<int> Rate{0};
     std::atomic<int> Channels{0};

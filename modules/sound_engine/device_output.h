@@ -11,11 +11,11 @@ class SoundStream;
 
 namespace quavix::sound_engine {
 
-/// The best sound device there is, and when it is lost, the best there is then. A thread of its own talks to
-/// the sound system, so that one that does not answer keeps nobody waiting for long.
+/// The best sound device; if it is lost, the best of the remaining ones. A separate thread talks to the sound
+/// system, so that an unresponsive one does not block the caller for long.
 class DeviceOutput final : public Output {
   public:
-    /// Null where no device opens.
+    /// Returns null if no device can be opened.
     static std::unique_ptr<Output> Open(const std::shared_ptr<Mixer>& mixer, int delayFrames);
 
     ~DeviceOutput() override;

@@ -12,7 +12,7 @@ namespace quavix::sound_engine {
 
 namespace {
 
-// Nearer to half the rate the formulas have nothing left between their poles and zeros.
+// Closer to half the rate, poles and zeros of the formulas nearly coincide.
 constexpr double HighestPart = 0.49;
 
 double Angle(double frequency, double framesPerSecond) {
@@ -60,8 +60,8 @@ constexpr std::array<Parameter, 3> EqualiserParameters = {{
     {.Lowest = 0.05F, .Highest = 3.0F, .Default = 1.0F, .Unit = ""},
 }};
 
-// 200 dB below full scale. A filter that has died away to this rests, and long before that nothing is left of
-// the slow arithmetic with the smallest numbers.
+// 200 dB below full scale. A filter that has decayed to this level rests, well before slow denormal
+// arithmetic.
 constexpr double Nothing = 1e-10;
 
 constexpr std::array<float, Processor::MostFrames> Silence{};
@@ -77,14 +77,14 @@ void Filter::Sync(const MixRate& rate, double) {
     const bool neutral = Neutral();
     wet_.To(Bypassed() || neutral ? 0.0F : 1.0F, rate.RampFrames);
     fadeFrames_ = rate.RampFrames;
-    // Towards neutral the sound glides to what comes in, from the filter as it was.
+    // When the filter becomes neutral, the old filter stays and the sound fades to the input.
     if (!neutral)
         wanted_ = Design(rate.FramesPerSecond);
     if (fresh_)
         Settle();
 }
 
-// Nobody hears how it gets there.
+// Applies the settings at once: no fade is needed while nothing is audible.
 void Filter::Settle() {
     now_.Is = wanted_;
     fadeLeft_ = 0;
@@ -129,13 +129,13 @@ void Filter::PassOn(const float* in, std::span<float> out) {
 }
 
 void Filter::Run(const float* in, std::span<float> out) {
-    // A change in the middle of a fade waits for its end, or it would be a jump.
+    // A change during a fade waits for its end, because it would cause a jump.
     if (fadeLeft_ == 0 && !(now_.Is == wanted_)) {
         next_ = {.Is = wanted_, .Y1 = now_.Y1, .Y2 = now_.Y2};
         fadeLeft_ = fadeFrames_;
     }
     const std::size_t faded = fadeLeft_ > 0 ? RunFading(in, out) : 0;
-    // By way of copies, which the compiler knows to be changed by nothing else.
+    // Local copies tell the compiler that nothing else changes them.
     Running running = now_;
     double x1 = x1_;
     double x2 = x2_;
@@ -150,7 +150,7 @@ void Filter::Run(const float* in, std::span<float> out) {
     x2_ = x2;
 }
 
-// Until the end of the fade or of the samples, and returns how many that were.
+// Runs until the end of the fade or of the samples. Returns the number of samples done.
 std::size_t Filter::RunFading(const float* in, std::span<float> out) {
     const double step = 1.0 / fadeFrames_;
     std::size_t i = 0;

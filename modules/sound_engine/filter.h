@@ -8,7 +8,7 @@
 
 namespace quavix::sound_engine {
 
-/// A filter of two poles and two zeros:
+/// A filter with two poles and two zeros:
 /// y[n] = B0 x[n] + B1 x[n-1] + B2 x[n-2] - A1 y[n-1] - A2 y[n-2].
 struct Biquad {
     double B0 = 1.0;
@@ -18,18 +18,18 @@ struct Biquad {
     double A2 = 0.0;
 };
 
-// Both by the Audio EQ Cookbook of R. Bristow-Johnson. Frequencies are in Hz, above 0; those above 0.49 of
-// `framesPerSecond` are taken as that.
+// Source of both: R. Bristow-Johnson, Audio EQ Cookbook. Frequencies are in Hz, above 0; they are limited to
+// 0.49 of `framesPerSecond`.
 
-/// A low-pass with Q `resonance`, above 0.
+/// Returns a low-pass with Q `resonance`, above 0.
 Biquad LowPassDesign(double cutoff, double resonance, double framesPerSecond);
 
-/// A peak or dip of the factor `gain`, above 0, at `centre`, and half as high in dB at the ends of a band
-/// `octaves` wide.
+/// Returns a peak or dip with the factor `gain`, above 0, at `centre`, and half the gain in dB at the ends of
+/// a band of `octaves` octaves.
 Biquad EqualiserDesign(double centre, double octaves, double gain, double framesPerSecond);
 
-/// A unit that filters what it hears. When its settings change, the sound glides from the filter as it was to
-/// the filter as it is; so it does when it is bypassed, and when it stops being active.
+/// A unit that filters its input. The sound fades from the old filter to the new one when settings change,
+/// and to or from the input or silence when the filter is bypassed or deactivated.
 class Filter : public Unit {
   public:
     using Unit::Unit;
@@ -39,19 +39,19 @@ class Filter : public Unit {
     bool IsSource() const override { return false; }
 
   private:
-    /// What the parameters ask for.
+    /// Returns the coefficients for the current parameters.
     virtual Biquad Design(double framesPerSecond) const = 0;
-    /// Whether the filter as set passes everything on as it is.
+    /// Returns true if the current parameters leave the sound unchanged.
     virtual bool Neutral() const { return false; }
 
-    // A filter with what it gave last; what it heard last is the same for all.
+    // A filter and its last outputs. The last inputs are common to all.
     struct Running {
         Biquad Is;
         double Y1 = 0.0;
         double Y2 = 0.0;
 
         double Next(double x, double x1, double x2) {
-            // In this order only one multiplication and one addition wait for the sample before.
+            // In this order, only one multiplication and one addition depend on the previous sample.
             const double y = Is.B0 * x + Is.B1 * x1 + Is.B2 * x2 - Is.A2 * Y2 - Is.A1 * Y1;
             Y2 = Y1;
             Y1 = y;
@@ -67,7 +67,7 @@ class Filter : public Unit {
 
     Biquad wanted_;
     Running now_;
-    // Fades in over the one before.
+    // The new filter, which fades in over `now_`.
     Running next_;
     int fadeLeft_ = 0;
     int fadeFrames_ = 1;

@@ -18,7 +18,7 @@ void EraseOwned(std::vector<std::unique_ptr<Node>>& nodes, const Node& node) {
     std::erase_if(nodes, [&](const auto& owned) { return owned.get() == &node; });
 }
 
-// Whether `unit` hears `source`, directly or through others.
+// Returns true if `unit` hears `source`, directly or through other units.
 bool Hears(const UnitNode& unit, const UnitNode& source) {
     std::vector<const UnitNode*> open = {&unit};
     std::unordered_set<const UnitNode*> seen = {&unit};
@@ -132,7 +132,7 @@ bool Graph::Move(GroupNode& group, GroupNode& parent) {
     return true;
 }
 
-// A unit that is heard in another way has no echo any more.
+// Ends the echo of a unit that is now heard elsewhere.
 void Graph::ForgetEcho(const UnitNode& unit) {
     std::erase_if(echoes_, [&](const Echo& echo) { return echo.Does == unit.Does; });
 }

@@ -14,19 +14,19 @@ namespace quavix::sound_engine {
 struct ChannelNode;
 struct GroupNode;
 
-/// What the caller sees of a unit, a channel and a group, and who is connected with whom.
+/// The caller's view of units, channels and groups, and of their connections.
 struct UnitNode {
-    /// What the caller knows it by.
+    /// The caller's pointer.
     void* Handle = nullptr;
     std::shared_ptr<Unit> Does;
     std::vector<UnitNode*> Inputs;
-    /// Those that have this as an input.
+    /// Units that have this one as an input.
     std::vector<UnitNode*> Users;
-    /// Null for none.
+    /// The group of the unit; null for none.
     GroupNode* In = nullptr;
-    /// The lower, the earlier it came into its group.
+    /// Order of entry into groups: lower is earlier.
     std::uint64_t Since = 0;
-    /// Null for none.
+    /// The channel that plays the unit; null for none.
     ChannelNode* On = nullptr;
 };
 
@@ -41,27 +41,26 @@ struct ChannelNode {
 struct GroupNode {
     void* Handle = nullptr;
     std::shared_ptr<GroupStrip> Strip = std::make_shared<GroupStrip>();
-    /// Null for the master group and no other.
+    /// Null for the master group only.
     GroupNode* Parent = nullptr;
     std::vector<GroupNode*> Groups;
     std::vector<ChannelNode*> Channels;
     std::vector<UnitNode*> Units;
 };
 
-/// A channel that was stopped and still fades out, as long as its unit is heard nowhere else.
+/// A stopped channel that still fades out, unless its unit is heard elsewhere.
 struct Echo {
     std::shared_ptr<Unit> Does;
     std::shared_ptr<ChannelStrip> Strip;
     GroupNode* In = nullptr;
 };
 
-/// All units, channels and groups of a system. Pointers handed in are its own, of objects that are still
-/// there.
+/// All units, channels and groups of a system. Pointers passed in must be its own and of existing objects.
 ///
 /// Thread: the caller's side.
 class Graph {
   public:
-    /// With room for so many channels.
+    /// Makes a graph with room for this many channels.
     explicit Graph(int channels);
 
     GroupNode& Master() { return *groups_.front(); }
@@ -69,30 +68,30 @@ class Graph {
     const std::vector<Echo>& Echoes() const { return echoes_; }
 
     UnitNode* AddUnit(std::shared_ptr<Unit> unit);
-    /// Puts `input` before `unit`. False where that would close a loop.
+    /// Connects `input` to `unit`. Returns false if that would close a loop.
     bool Connect(UnitNode& unit, UnitNode& input);
-    /// Out of its group and connections; its inputs become inputs of its users. A channel that plays it must
-    /// have been stopped.
+    /// Removes the unit from its group and connections; its inputs become inputs of its users. A channel that
+    /// plays it must have been stopped.
     void Isolate(UnitNode& unit);
-    /// An isolated one.
+    /// Erases an isolated unit.
     void Erase(UnitNode& unit);
 
-    /// The number of a free channel; -1 for none.
+    /// Returns the number of a free channel, or -1 if there is none.
     int FreeChannel() const;
     int ChannelCount() const { return static_cast<int>(channels_.size()); }
-    /// Null where nothing plays.
+    /// Returns null if no unit plays there.
     ChannelNode* ChannelAt(int number) { return channels_[static_cast<std::size_t>(number)].get(); }
-    /// Plays on a free channel, in the master group. No other channel plays the unit.
+    /// Plays a unit on a free channel, in the master group. No other channel may play the unit.
     ChannelNode* Play(int number, UnitNode& unit, bool paused);
     void Stop(ChannelNode& channel);
     void Move(ChannelNode& channel, GroupNode& group);
 
     GroupNode* AddGroup();
-    /// Moves a group into another. False where that would close a loop.
+    /// Moves a group into another. Returns false if that would close a loop.
     bool Move(GroupNode& group, GroupNode& parent);
-    /// Behind the other units of the group.
+    /// Moves a unit behind the other units of the group.
     void Move(UnitNode& unit, GroupNode& group);
-    /// Any but the master group.
+    /// Erases a group, which must not be the master group.
     void Erase(GroupNode& group);
 
   private:

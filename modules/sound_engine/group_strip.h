@@ -9,7 +9,7 @@
 
 namespace quavix::sound_engine {
 
-/// What a group does to all that is in it.
+/// The volume of a group, applied to everything in it.
 ///
 /// Thread: the volume belongs to the caller's side.
 class GroupStrip final : public Processor {

@@ -6,23 +6,22 @@
 namespace quavix::sound_engine {
 namespace {
 
-// What the device leaves of the delay is kept ahead of it.
+// Returns the part of the delay that the device does not cover; it is kept ahead of the device.
 std::size_t FramesAhead(const Mixer& mixer, const StreamFormat& device, int delayFrames) {
-    // A call waits for up to a period or a block before it is heard at all, half of it on average.
+    // A call waits up to a period or a block until it is mixed, half of that on average.
     const long waiting = (static_cast<long>(device.Period) + static_cast<long>(mixer.BlockFrames())) / 2;
     return static_cast<std::size_t>(std::max(0L, delayFrames - device.DelayFrames - waiting));
 }
 
 }  // namespace
 
-// As much as possible of the delay lies with the device, where it keeps the sound going when this process is
-// late.
+// Puts as much of the delay as possible into the device, which keeps the sound going if this process is late.
 StreamWish MixedSource::Wish(int delayFrames) {
     constexpr int Shortest = 64;
     constexpr int Longest = 512;
     constexpr int WantedPeriods = 16;
     const int period = std::clamp(delayFrames / WantedPeriods, Shortest, Longest);
-    // One less, as a period is being waited for.
+    // One period less, because one period is being waited for.
     return {.Name = "Quavix",
             .Period = static_cast<unsigned int>(period),
             .Periods = static_cast<unsigned int>(std::max(2, delayFrames / period - 1))};

@@ -11,13 +11,13 @@
 
 namespace quavix::sound_engine {
 
-/// Gives a sound device what is mixed, the same on each of its channels.
+/// Gives a sound device the mixed sound, the same on each channel.
 class MixedSource final : public SampleSource {
   public:
-    /// What to ask of a device, so that sound takes `delayFrames` from a call to the loudspeaker.
+    /// Returns the wish for a device with `delayFrames` from a call to the loudspeaker.
     static StreamWish Wish(int delayFrames);
 
-    /// Nobody mixes yet. The device's rate becomes the mixer's.
+    /// Sets the mixer's rate to the device's. The mixer must not run yet.
     MixedSource(const std::shared_ptr<Mixer>& mixer, const StreamFormat& device, int delayFrames);
 
     bool Fill(std::span<float> out) override;

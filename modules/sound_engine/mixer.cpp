@@ -37,7 +37,7 @@ void Mixer::SetRate(double framesPerSecond) {
 }
 
 void Mixer::TakeOver() {
-    // What was set before the plan was handed over is seen with it.
+    // Settings made before the plan was handed over become visible with it.
     Plan* next = nullptr;
     if (next_.load(std::memory_order_relaxed) != nullptr)
         next = next_.exchange(nullptr, std::memory_order_acq_rel);

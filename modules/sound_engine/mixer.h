@@ -11,34 +11,34 @@
 
 namespace quavix::sound_engine {
 
-/// Mixes block by block what the caller's side has planned.
+/// Mixes the plan of the caller's side block by block.
 ///
-/// Two sides: the caller's, one thread at a time, hands over plans and says that something was set; the
-/// mixing side, one thread at a time, makes blocks. Neither ever waits for the other.
+/// There are two sides, one thread at a time each: the caller's side hands over plans and announces new
+/// settings; the mixing side makes blocks. Neither ever waits for the other.
 class Mixer {
   public:
-    /// `blockFrames`: 1 or more.
+    /// `blockFrames` is at least 1.
     explicit Mixer(std::size_t blockFrames) : blockFrames_(blockFrames) {}
-    /// When nobody mixes any more.
+    /// The mixing side must have ended.
     ~Mixer();
     Mixer(const Mixer&) = delete;
     Mixer& operator=(const Mixer&) = delete;
 
     std::size_t BlockFrames() const { return blockFrames_; }
 
-    /// Caller's side: the next block is mixed by this plan. Destroys those that are no longer needed.
+    /// Caller's side: mixes the next block with this plan. Destroys plans that are no longer needed.
     void Replace(std::unique_ptr<Plan> plan);
 
-    /// Caller's side: the next block takes over what was set.
+    /// Caller's side: makes the next block take over new settings.
     void Touch() { changes_.fetch_add(1, std::memory_order_release); }
 
     /// Caller's side: destroys plans that are no longer needed.
     void Tidy();
 
-    /// When nobody mixes: frames per second from now on.
+    /// Sets the frames per second. The mixing side must not be running.
     void SetRate(double framesPerSecond);
 
-    /// Mixing side: makes a block of BlockFrames() samples. False: it is silence, and `block` holds anything.
+    /// Mixing side: makes a block of BlockFrames() samples. False: it is silence, and `block` is undefined.
     bool MixBlock(std::span<float> block);
 
   private:
@@ -46,11 +46,11 @@ class Mixer {
 
     std::size_t blockFrames_;
     std::atomic<unsigned int> changes_{0};
-    // On its way from the caller's side to the mixing side, and back.
+    // Passed from the caller's side to the mixing side, and back.
     std::atomic<Plan*> next_{nullptr};
     std::atomic<Plan*> retired_{nullptr};
 
-    // The mixing side's own.
+    // Used by the mixing side only.
     std::unique_ptr<Plan> plan_;
     unsigned int seen_ = 0;
     MixRate rate_;

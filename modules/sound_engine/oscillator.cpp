@@ -8,7 +8,7 @@
 
 namespace quavix::sound_engine {
 
-// The seed is spread over all bits; the generator would stay at 0 for ever.
+// Spreads the seed over all bits. The state must not be 0, which the generator would never leave.
 Noise::Noise(std::uint32_t seed) : state_((seed + 1) * 2654435769U | 1U), from_(Draw()), to_(Draw()) {}
 
 void Noise::SetStep(double valuesPerSample) {
@@ -24,14 +24,14 @@ float Noise::Next() {
     const std::uint64_t values = place_ / One;
     place_ %= One;
     if (values > 0) {
-        // Of values between two samples nobody would hear anything.
+        // Values that fall between two samples are inaudible.
         from_ = values == 1 ? to_ : Draw();
         to_ = Draw();
     }
     return sample;
 }
 
-// G. Marsaglia, "Xorshift RNGs", the generator of 32 bits.
+// The 32-bit generator of G. Marsaglia, "Xorshift RNGs".
 float Noise::Draw() {
     state_ ^= state_ << 13;
     state_ ^= state_ >> 17;
@@ -78,7 +78,7 @@ void Oscillator::SetStep(Voice& voice) const {
     voice.Step = part >= 0.5 ? HalfPeriod : static_cast<Phase>(std::llround(part * Period / 2.0)) * 2;
 }
 
-// As if the wave had always been there, and is at its beginning now.
+// Prepares the samples as if the wave had always sounded and were now at its beginning.
 void Oscillator::WarmUp() {
     constexpr std::size_t Past = Waves::Tail - Waves::Delay;
     voice_.At -= voice_.Step * Past;
@@ -104,7 +104,7 @@ bool Oscillator::Process(const float* in, std::span<float> out) {
             SetStep(voice_);
             fadeLeft_ = fadeFrames_;
         }
-        // The fade may end in the middle; what is left then is a part of its own.
+        // If the fade ends in the middle, the rest is a part of its own.
         for (std::size_t done = 0; done < frames;) {
             std::size_t part = frames - done;
             if (fadeLeft_ > 0) {

@@ -11,16 +11,15 @@
 
 namespace quavix::sound_engine {
 
-/// Random values of -1..1 at a rate of their own, joined by straight lines. The same `seed` gives the same
-/// noise.
+/// Random values of -1..1 at their own rate, joined by straight lines. The same `seed` gives the same noise.
 class Noise {
   public:
     explicit Noise(std::uint32_t seed);
 
-    /// How many new values there are to a sample; 0 or more.
+    /// Sets the number of new values per sample: 0 to 1024.
     void SetStep(double valuesPerSample);
 
-    /// The next sample.
+    /// Returns the next sample.
     float Next();
 
   private:
@@ -31,21 +30,21 @@ class Noise {
     std::uint32_t state_;
     float from_;
     float to_;
-    // From the value before to the next: 2^32 is the whole way.
+    // Position between the last value and the next: 2^32 is the whole distance.
     std::uint64_t place_ = 0;
     std::uint64_t step_ = One;
 };
 
-/// A channel of this frequency plays an oscillator at its own rate.
+/// On a channel of this frequency in Hz, an oscillator sounds at its own rate.
 inline constexpr double ReferenceFrequency = 48000.0;
 
-/// The frequency of a channel when it begins to play.
+/// Initial frequency of a channel in Hz.
 inline constexpr double StartFrequency = 44100.0;
 
-/// A square wave sounds at this part of its nominal rate.
+/// A square wave sounds at this fraction of its nominal rate.
 inline constexpr double SquareRatePart = 0.5;
 
-/// Makes a waveform (SoundWaveform) at a rate, and adds it to what it hears.
+/// Makes a waveform (SoundWaveform) at a rate, and adds it to its input.
 class Oscillator final : public Unit {
   public:
     /// The same `seed` gives the same noise.
@@ -56,7 +55,7 @@ class Oscillator final : public Unit {
     bool IsSource() const override { return true; }
 
   private:
-    // A waveform on its way, which can go on while the next one fades in.
+    // A running waveform, which can go on while the next one fades in.
     struct Voice {
         int Type = 0;
         Phase At = 0;
@@ -69,11 +68,11 @@ class Oscillator final : public Unit {
 
     Waves waves_;
     Noise noise_;
-    // Samples that have begun to be made: Delay of them are only missing the edges to come.
+    // Unfinished samples: Delay of them only lack later edges.
     std::array<float, Waves::Tail> begun_{};
     Voice voice_;
     Voice before_;
-    // Of the wave before, in frames.
+    // Fade of the previous wave, in frames.
     int fadeLeft_ = 0;
     int fadeFrames_ = 1;
     int wantedType_ = 0;

@@ -7,7 +7,7 @@
 
 namespace quavix::sound_engine {
 
-/// Where the sound goes. Begins when it is made, and ends when it is destroyed: then nobody mixes any more.
+/// The destination of the sound. Mixing begins with construction and ends with destruction.
 ///
 /// Thread: the caller's side.
 class Output {
@@ -17,24 +17,24 @@ class Output {
     Output(const Output&) = delete;
     Output& operator=(const Output&) = delete;
 
-    /// Frames per second, as of now.
+    /// Current frames per second.
     virtual int Rate() const = 0;
-    /// Of a frame.
+    /// Channels per frame.
     virtual int Channels() const = 0;
     /// A SoundFormat.
     virtual int Format() const = 0;
 
-    /// Called by the caller now and then. False: what was mixed could not be written.
+    /// Called by the caller from time to time. Returns false if mixed sound could not be written.
     virtual bool Update() { return true; }
 };
 
-/// What a caller may choose.
+/// The caller's choice of an output.
 struct OutputChoice {
     /// A SoundOutput.
     int Kind = 0;
-    /// For the WAV files; null for none.
+    /// Name of the WAV file; may be null.
     const char* FileName = nullptr;
-    /// What is wanted between a call and the loudspeaker, in frames.
+    /// Wanted delay between a call and the loudspeaker, in frames.
     int DelayFrames = 0;
 };
 

@@ -33,7 +33,7 @@ void Plan::Sync(const MixRate& rate) {
     }
 }
 
-// One input is heard where it stands, several are summed in the step's own samples.
+// Returns a single input in place; sums several inputs into the step's own samples.
 const float* Plan::Gather(std::size_t step, std::size_t frames) {
     const float* first = nullptr;
     float* sum = nullptr;
@@ -78,13 +78,13 @@ namespace {
 
 using Signals = std::vector<int>;  // numbers of steps, to be summed
 
-// Units that are connected with each other.
+// A set of connected units.
 struct Stage {
     std::vector<const UnitNode*> Units;
-    // The group of the unit that came into a group first; null for none.
+    // Group of the unit that entered a group first; null for none.
     const GroupNode* In = nullptr;
     std::uint64_t Since = 0;
-    // One that no other unit hears is played: then the whole is a source, and hears no group.
+    // True if it holds a played unit without users: then it is a source and does not hear its group.
     bool IsSource = false;
 };
 
@@ -92,7 +92,7 @@ bool IsLeaf(const UnitNode& unit) {
     return unit.Users.empty();
 }
 
-// Whether it hears what comes from the stage before.
+// Returns true if the unit hears the signals of the stage before.
 bool IsEntry(const UnitNode& unit) {
     return unit.Inputs.empty() && unit.On == nullptr && !unit.Does->IsSource();
 }
@@ -167,14 +167,14 @@ class Builder {
     Signals AddStage(const Stage& stage, const Signals& before) {
         Signals after;
         AddLeaves(stage, before, after);
-        // Where no unit of the stage hears what comes, it goes on beside them.
+        // If no unit of the stage hears the signals before it, they pass beside the stage.
         if (std::none_of(stage.Units.begin(), stage.Units.end(),
                          [](const UnitNode* unit) { return IsEntry(*unit); }))
             after.insert(after.end(), before.begin(), before.end());
         return after;
     }
 
-    // Those that are played come in through their channels' groups.
+    // Played units are left out: they are added by their channels' groups.
     void AddLeaves(const Stage& stage, const Signals& before, Signals& after) {
         for (const UnitNode* unit : stage.Units) {
             if (IsLeaf(*unit) && unit->On == nullptr)
@@ -196,7 +196,7 @@ class Builder {
         return step;
     }
 
-    // The channel on which it sounds: its own, else that of the first that hears it.
+    // Returns the channel on which the unit sounds: its own, else that of its first user.
     static std::shared_ptr<ChannelStrip> Clock(const UnitNode& unit) {
         const UnitNode* next = &unit;
         while (next->On == nullptr && !next->Users.empty())

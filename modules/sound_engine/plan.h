@@ -12,22 +12,22 @@ namespace quavix::sound_engine {
 
 class Graph;
 
-/// What to mix, step by step. Built and destroyed on the caller's side, run by the mixing thread in between.
+/// The steps of the mixing. Built and destroyed on the caller's side, run by the mixing thread.
 class Plan {
   public:
-    /// Appends a step that hears the sum of earlier steps, by their numbers, and returns its own. `clock` is
-    /// the channel on whose time it lives, and `strip` is the channel that it plays on; either may be null.
+    /// Appends a step that hears the sum of earlier steps, and returns its number. `clock` is the channel
+    /// whose time it follows, `strip` the one that it plays on; both may be null.
     int Add(std::shared_ptr<Processor> processor, std::span<const int> inputs,
             std::shared_ptr<ChannelStrip> clock = nullptr, std::shared_ptr<ChannelStrip> strip = nullptr);
 
-    /// Takes over what was set since; at the start of a block.
+    /// Takes over new settings, at the start of a block.
     void Sync(const MixRate& rate);
 
-    /// Runs all steps for 1 to Processor::MostFrames frames and returns the signal of the last; null for
+    /// Runs all steps for 1 to Processor::MostFrames frames. Returns the signal of the last step; null for
     /// silence.
     const float* Run(std::size_t frames);
 
-    /// For the list of plans that the mixing thread is done with.
+    /// Link of the list of plans that the mixing thread no longer uses.
     Plan* NextRetired = nullptr;
 
   private:
@@ -48,8 +48,8 @@ class Plan {
     std::vector<float> samples_;
 };
 
-/// The steps that mix what the graph says; see "What sounds through what" in README.md. What nobody can hear
-/// has no steps.
+/// Builds the mixing steps of the graph; see "What sounds through what" in README.md. Inaudible units get no
+/// steps.
 std::unique_ptr<Plan> BuildPlan(Graph& graph);
 
 }  // namespace quavix::sound_engine

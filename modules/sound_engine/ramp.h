@@ -6,12 +6,12 @@
 
 namespace quavix::sound_engine {
 
-/// A factor that glides to where it is told to, in a straight line, so that no change of it clicks.
+/// A factor that moves to its target in a straight line, so that no change clicks.
 class Ramp {
   public:
     explicit Ramp(float start) : value_(start), target_(start) {}
 
-    /// Glides to `target` over the next `frames` samples (1 or more), the last of which has it.
+    /// Moves to `target` over the next `frames` samples (1 or more); the last of them has it.
     void To(float target, int frames) {
         if (target == target_)
             return;
@@ -20,24 +20,24 @@ class Ramp {
         step_ = (target_ - value_) / static_cast<float>(frames);
     }
 
-    /// Is at its target at once; for when nobody hears it.
+    /// Jumps to the target; for use while the signal is inaudible.
     void Finish() {
         value_ = target_;
         left_ = 0;
     }
 
     bool Settled() const { return left_ == 0; }
-    /// Stands at exactly this.
+    /// Returns true if the factor rests at exactly this value.
     bool At(float value) const { return left_ == 0 && value_ == value; }
 
-    /// The factor of the next sample.
+    /// Returns the factor of the next sample.
     float Next() {
         if (left_ > 0)
             value_ = --left_ == 0 ? target_ : value_ + step_;
         return value_;
     }
 
-    /// Multiplies.
+    /// Multiplies the samples by the factor.
     void Apply(std::span<float> samples) {
         std::size_t i = 0;
         for (; i < samples.size() && left_ > 0; ++i)

@@ -13,8 +13,7 @@ namespace {
 using Clock = std::chrono::steady_clock;
 using Seconds = std::chrono::duration<double>;
 
-// How long it sleeps at least, and how far behind it lets the blocks fall before it gives the time up for
-// lost.
+// Shortest sleep of the thread, and the lag at which it gives up catching up.
 constexpr Seconds Nap(0.005);
 constexpr Seconds MostBehind(0.5);
 
@@ -78,7 +77,7 @@ TimedOutput::~TimedOutput() {
 
 void TimedOutput::Run() {
     const Seconds block(static_cast<double>(BlockFrames()) / FramesPerSecond);
-    Clock::time_point due = Clock::now();  // when the next block is
+    Clock::time_point due = Clock::now();  // of the next block
     std::unique_lock lock(mutex_);
     while (!end_) {
         lock.unlock();

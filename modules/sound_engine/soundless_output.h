@@ -17,19 +17,19 @@
 
 namespace quavix::sound_engine {
 
-/// Blocks of mono sound as a stereo WAV file of any length.
+/// Writes blocks of mono sound to a stereo WAV file of any length.
 class WavFile {
   public:
     static constexpr int Channels = 2;
 
-    /// Replaces the file. Blocks have at most `mostFrames`.
+    /// Replaces the file. Blocks have at most `mostFrames` frames.
     WavFile(const std::string& name, int framesPerSecond, std::size_t mostFrames);
     /// Completes the file.
     ~WavFile();
     WavFile(const WavFile&) = delete;
     WavFile& operator=(const WavFile&) = delete;
 
-    /// Whether all went well so far.
+    /// Returns true if every write has succeeded.
     bool Good() const { return good_; }
 
     void Write(std::span<const float> block);
@@ -42,7 +42,7 @@ class WavFile {
     bool good_ = false;
 };
 
-/// Takes sound without a device, and keeps it in a WAV file if there is one.
+/// Consumes sound without a device, and writes it to a WAV file if there is one.
 class SoundlessOutput : public Output {
   public:
     static constexpr int FramesPerSecond = 48000;
@@ -55,7 +55,7 @@ class SoundlessOutput : public Output {
     int Format() const override;
 
   protected:
-    /// Mixes a block and keeps it. False: it could not be written.
+    /// Mixes a block and writes it. Returns false if it could not be written.
     bool TakeBlock();
 
     std::size_t BlockFrames() const { return block_.size(); }
@@ -66,7 +66,7 @@ class SoundlessOutput : public Output {
     std::vector<float> block_;
 };
 
-/// Takes a block with each Update().
+/// Mixes one block with each Update().
 class SteppedOutput final : public SoundlessOutput {
   public:
     using SoundlessOutput::SoundlessOutput;
@@ -74,7 +74,7 @@ class SteppedOutput final : public SoundlessOutput {
     bool Update() override { return TakeBlock(); }
 };
 
-/// Takes blocks as fast as a device would, in a thread of its own.
+/// Mixes blocks at the speed of a device, in its own thread.
 class TimedOutput final : public SoundlessOutput {
   public:
     TimedOutput(std::shared_ptr<Mixer> mixer, std::unique_ptr<WavFile> file);

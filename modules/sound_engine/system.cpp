@@ -14,8 +14,7 @@ namespace {
 constexpr unsigned int LongestBlock = 65536;
 constexpr unsigned int LongestDelay = 1U << 20;
 
-/// Returns a unit of a SoundUnitType, null for any other number. `serial` makes the noise of one differ from
-/// another's.
+/// Makes a unit of a SoundUnitType; null for any other number. `serial` makes each unit's noise different.
 std::shared_ptr<Unit> MakeUnit(int type, unsigned int serial) {
     switch (type) {
         case SOUND_OSCILLATOR:

@@ -11,26 +11,26 @@
 
 namespace quavix::sound_engine {
 
-/// Thrown where a call has to be refused; ends at the functions of the interface, which answer with it.
+/// Thrown to refuse a call. The interface functions catch it and return its result.
 struct Refusal {
     SoundResult Result;
 };
 
-/// Refuses unless `holds`.
+/// Throws Refusal with the result `otherwise` unless `holds`.
 inline void Require(bool holds, SoundResult otherwise) {
     if (!holds)
         throw Refusal{otherwise};
 }
 
-/// One sound engine: its settings, what is made on it, and where it sounds. Its methods are the functions of
-/// the interface, with pointers that have been looked up; they throw Refusal.
+/// One sound engine: its settings, its objects and its output. Its methods implement the functions of the
+/// interface, with handles already resolved; they throw Refusal.
 ///
 /// Thread: the caller's side.
 class System {
   public:
     static constexpr int MostChannels = 4096;
 
-    /// `handles` outlives the system.
+    /// `handles` must outlive the system.
     explicit System(Handles& handles) : handles_(handles) {}
     ~System();
     System(const System&) = delete;
@@ -48,7 +48,7 @@ class System {
     void Update();
 
     void* CreateUnit(int type);
-    /// `number` is that of a channel, or SOUND_CHANNEL_FREE with `reused` null or the channel to reuse, which
+    /// `number` is a channel number, or SOUND_CHANNEL_FREE with `reused` null or the channel to reuse, which
     /// keeps its handle.
     void* Play(int number, UnitNode& unit, bool paused, ChannelNode* reused);
     void* CreateGroup();
@@ -63,7 +63,7 @@ class System {
     void Move(UnitNode& unit, GroupNode& group);
     void Release(GroupNode& group);
 
-    /// To be called after something was set on a unit, a channel or a group.
+    /// Has to be called after every change of a unit, a channel or a group.
     void Touch() const;
 
   private:
@@ -77,7 +77,7 @@ class System {
     int bufferCount_ = 4;
     int mostChannels_ = MostChannels;
     int outputKind_ = SOUND_OUTPUT_DEVICE;
-    // Between Init and Close.
+    // Set between Init and Close.
     std::unique_ptr<Graph> graph_;
     std::shared_ptr<Mixer> mixer_;
     std::unique_ptr<Output> output_;

@@ -11,14 +11,14 @@
 
 namespace quavix::sound_engine {
 
-/// One row of a unit's parameters.
+/// Description of one parameter.
 struct Parameter {
     float Lowest;
     float Highest;
     float Default;
-    /// What stands behind the number in texts; empty for a plain number.
+    /// Unit shown behind the number in texts; empty for a plain number.
     const char* Unit;
-    /// Counts in whole numbers.
+    /// True if values are rounded to whole numbers.
     bool Whole = false;
 };
 
@@ -29,7 +29,7 @@ class Unit : public Processor {
   public:
     static constexpr std::size_t MostParameters = 3;
 
-    /// `parameters`: at most MostParameters, and they outlive the unit.
+    /// `parameters` has at most MostParameters elements, and must outlive the unit.
     explicit Unit(std::span<const Parameter> parameters) : parameters_(parameters) {
         for (std::size_t i = 0; i < parameters.size(); ++i)
             values_[i].store(parameters[i].Default, std::memory_order_relaxed);
@@ -46,7 +46,7 @@ class Unit : public Processor {
     void SetActive(bool active) { active_.store(active, std::memory_order_relaxed); }
     bool Active() const { return active_.load(std::memory_order_relaxed); }
 
-    /// Whether it makes sound out of nothing.
+    /// Returns true if the unit makes sound without an input.
     virtual bool IsSource() const = 0;
 
   private:

@@ -13,9 +13,8 @@ const Edges& Edges::Tables() {
     return edges;
 }
 
-// A corner is a jump summed up over time, and so is what smoothes it. Time runs here in steps of a phase:
-// from row Phases down to row 0 of a tap, then on to the next tap. Only at the jump itself the two rows that
-// meet differ.
+// A corner is the integral of a jump, and so is its correction. Time runs in steps of one phase: from row
+// Phases down to row 0 of a tap, then on to the next tap. The two adjacent rows differ only at the jump.
 Edges::Edges() : jump_(BandLimitedStepTable().Correction) {
     constexpr std::size_t Phases = BandLimitedStep::Phases;
     double sum = 0.0;
@@ -36,7 +35,7 @@ void Edges::Add(const Rows& rows, float* samples, double place, float height) {
     const auto between = static_cast<float>(phase - static_cast<double>(row));
     const BandLimitedStep::Row& lower = rows[row];
     const BandLimitedStep::Row& upper = rows[row + 1];
-    // By way of a local array, which the compiler knows to overlap nothing.
+    // The local array tells the compiler that nothing overlaps.
     BandLimitedStep::Row sum;
     for (std::size_t tap = 0; tap < Taps; ++tap)
         sum[tap] = samples[tap] + height * (lower[tap] + between * (upper[tap] - lower[tap]));
@@ -56,7 +55,7 @@ namespace {
 constexpr Phase HalfPeriod = Phase{1} << 63;
 constexpr Phase QuarterPeriod = Phase{1} << 62;
 
-// The phases of all samples as signed fractions: -2^31 .. 2^31 - 1 is one period around 0.
+// Phases of all samples as signed fractions: -2^31 .. 2^31 - 1 is one period around 0.
 using Phases = std::array<std::int32_t, Processor::MostFrames>;
 
 void Fill(Phases& phases, std::size_t frames, Phase phase, Phase step) {
@@ -68,7 +67,7 @@ void Fill(Phases& phases, std::size_t frames, Phase phase, Phase step) {
 
 constexpr float Unit31 = 1.0F / 2147483648.0F;
 
-// Up from 0 to 1/2 at a quarter period, down to -1/2 at three quarters.
+// Triangle: rises from 0 to 1/2 at a quarter period, falls to -1/2 at three quarters.
 float Folded(std::int32_t phase) {
     // All ones in the half period around the middle, where the two highest bits differ.
     const std::int32_t beyond =
@@ -76,7 +75,7 @@ float Folded(std::int32_t phase) {
     return static_cast<float>(phase ^ (beyond & 0x7fffffff)) * Unit31;
 }
 
-// sin(pi x) for x of -1/2..1/2, exact to a ten-millionth.
+// Returns sin(pi x) for x of -1/2..1/2, exact to 1e-7.
 float Sine(float x) {
     const float s = x * x;
     return x * (3.14159265F +
@@ -98,23 +97,22 @@ void AddAll(float* out, std::size_t frames, Phase phase, Phase step, Weight weig
     }
 }
 
-// Calls `edge(sample, place)` for every time the wave passes the phase `at`: `place` (0..1] samples after
-// `sample`. Whole numbers tell where; so an edge is never on another side of a sample than the wave itself
-// has it.
+// Calls `edge(sample, place)` whenever the wave passes the phase `at`, which is `place` (0..1] samples after
+// `sample`. Integer arithmetic keeps an edge on the same side of a sample as the wave itself.
 template <class Function>
 void ForEachPassing(Phase at, std::size_t frames, Phase phase, Phase step, Function edge) {
     const Phase way = at - phase;
     if (step == 0 || (way - 1) / frames >= step)
         return;
-    Phase passed = 0;  // how far behind the edge a sample is
-    // The first sample at or behind the edge; a way of 0 is a whole period, as that edge was the last one
+    Phase passed = 0;  // distance of a sample behind the edge
+    // First sample at or behind the edge. A distance of 0 is a whole period, because that edge was passed
     // before.
     Phase sample = (way - 1) / step + 1;
     passed = sample * step - way;
     while (sample <= frames) {
         edge(static_cast<std::size_t>(sample - 1),
              1.0 - static_cast<double>(passed) / static_cast<double>(step));
-        // From there it is this much to the next: never 0, as a step is at most half a period.
+        // Distance to the next edge: never 0, because a step is at most half a period.
         const Phase rest = Phase{0} - passed;
         const Phase steps = (rest - 1) / step + 1;
         sample += steps;
@@ -152,7 +150,7 @@ void Waves::AddRisingSaw(float* out, std::size_t frames, Phase phase, Phase step
 
 void Waves::AddTriangle(float* out, std::size_t frames, Phase phase, Phase step, Weight weight) const {
     AddAll(out + Delay, frames, phase, step, weight, [](std::int32_t p) { return 2.0F * Folded(p); });
-    // From rising to falling by four in a period.
+    // At a corner the slope changes by 8 per period, from 4 to -4 or back.
     const float slope = 8.0F * static_cast<float>(step >> 32) / 4294967296.0F;
     const auto corner = [&](float direction) {
         return [=, this](std::size_t sample, double place) {

@@ -10,22 +10,22 @@
 
 namespace quavix::sound_engine {
 
-/// What has to be added to a wave with jumps and corners so that nothing of it lies above half the sample
+/// Corrections for waves with jumps and corners: added to a wave, they remove its parts above half the sample
 /// rate.
 class Edges {
   public:
-    /// Samples that one edge reaches, and how many of them come before the sample before the edge.
+    /// Number of samples that one edge changes, and how many of them precede the last sample before the edge.
     static constexpr std::size_t Taps = BandLimitedStep::Taps;
     static constexpr std::size_t Before = BandLimitedStep::Before;
 
-    /// The tables; computed at the first call, any thread.
+    /// Returns the tables. Computed at the first call, from any thread.
     static const Edges& Tables();
 
-    /// Adds what smoothes a jump by `height` that lies `place` (0..1) after a sample. `samples` are Taps of
-    /// them, of which the one with the index Before is that sample.
+    /// Adds the correction for a jump by `height` that lies `place` (0..1) samples after samples[Before].
+    /// `samples` has Taps elements.
     void AddJump(float* samples, double place, float height) const;
 
-    /// The same for a corner, where the wave begins to rise by `slope` more per sample.
+    /// Same for a corner, where the slope increases by `slope` per sample.
     void AddCorner(float* samples, double place, float slope) const;
 
   private:
@@ -40,24 +40,24 @@ class Edges {
 /// A phase: 2^64 is one period.
 using Phase = std::uint64_t;
 
-/// How much of a wave is heard: the first sample has Start, each following Step more.
+/// Volume of a wave: Start for the first sample, and Step more for each following one.
 struct Weight {
     float Start = 1.0F;
     float Step = 0.0F;
 };
 
-/// The waveforms, band-limited, as functions of the phase. All begin at 0 with what is in phase with a sine,
-/// except the falling saw, which is upside down.
+/// The waveforms, band-limited, as functions of the phase. They begin at 0 with a fundamental in phase with a
+/// sine; the falling saw is inverted.
 class Waves {
   public:
-    /// How much later a wave comes out than it was put in: what smoothes an edge begins before the edge.
+    /// Delay of the output in samples: the correction of an edge begins before the edge.
     static constexpr std::size_t Delay = Edges::Before;
-    /// Samples behind the last one put in that an edge can reach.
+    /// Number of samples behind the last input that an edge can reach.
     static constexpr std::size_t Tail = Edges::Taps - 1;
 
-    // They add `frames` samples of a wave to `out`, which holds `frames` + Tail, from out[Delay] on, and what
-    // smoothes its edges around them. Sample i has the phase `phase` + i * `step`; the phase moves on by
-    // `step`, at most half a period, after the last one too.
+    // Each function adds `frames` samples of a wave to `out`, which holds `frames` + Tail, from out[Delay]
+    // on, and the corrections around its edges. Sample i has the phase `phase` + i * `step`. Edges are found
+    // up to the phase after the last sample. `step` is at most half a period.
     static void AddSine(float* out, std::size_t frames, Phase phase, Phase step, Weight weight);
     void AddSquare(float* out, std::size_t frames, Phase phase, Phase step, Weight weight) const;
     void AddRisingSaw(float* out, std::size_t frames, Phase phase, Phase step, Weight weight) const;

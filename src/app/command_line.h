@@ -7,16 +7,16 @@
 
 namespace quavix {
 
-/// What `quavix --help` and `quavix --version` answer; nothing for any other first argument.
+/// Returns the answer to `quavix --help` and `quavix --version`; nothing for any other first argument.
 std::optional<std::string> AnswerToOption(const std::vector<std::string>& arguments);
 
-/// The file that `quavix --register FILE` is asked to register; nothing for any other command line.
+/// Returns the FILE of `quavix --register FILE`; nothing for any other command line.
 std::optional<std::string> ControlToRegister(const std::vector<std::string>& arguments);
 
-/// The command line behind the program's name as one text: the arguments, joined by blanks.
+/// Returns the arguments behind the program's name, joined by blanks.
 std::string CommandText(const std::vector<std::string>& arguments);
 
-/// The file name in a command line: all of it, without its double quotes.
+/// Returns the file name in a command line: all of it, without its double quotes.
 std::string FileNameIn(const std::string& commandLine);
 
 }  // namespace quavix

@@ -21,14 +21,14 @@
 
 namespace quavix {
 
-/// The places and devices of a desktop program.
+/// The folders and devices of a desktop program.
 struct DesktopPlaces {
     std::string ProgramFolder;
-    /// The folder for what is installed on first use.
+    /// Folder for files installed on first use.
     std::string WinFolder;
-    /// A serial port that isn't in the system's list; empty for none.
+    /// A serial port that is missing from the system's list; empty for none.
     std::string SerialPort;
-    /// The system of the MIDI devices, see ModuleMidiDevices.
+    /// MIDI system to use, see ModuleMidiDevices.
     std::string MidiSystem;
 };
 
@@ -36,7 +36,8 @@ struct DesktopPlaces {
 struct DesktopPorts {
     explicit DesktopPorts(DesktopPlaces places);
 
-    /// The ports of a program. The speaker is made before the application, the loading view is a window.
+    /// Returns the ports of a program. The speaker is made before the application; the loading view is a
+    /// window.
     ProgramPorts All(Speaker& speaker, LoadingView& loading);
 
   private:
@@ -54,7 +55,7 @@ struct DesktopPorts {
     QtSerialPort Comm;
     NOTNORMALfmodex Sound;
     QtHandleWatch HandleWatch;
-    // The controls are loaded when they are first needed, by when they have been put in place.
+    // The controls are loaded on first use, after they have been installed.
     ModuleMidiDevices Midi;
     ModuleMidiFileReader MidiFiles;
     const std::unique_ptr<BatchFiles> Batches = MakeBatchFiles();

@@ -51,7 +51,7 @@ void DesktopProgram::BeforeMainForm() {
     });
 }
 
-/// A log that can't be written must not keep the program from starting.
+/// Writes the first log line. If the log can't be written, switches it off and tells the user.
 void DesktopProgram::StartLog() {
     try {
         program_.Log.LogText("[PROGRAM STARTED]");
@@ -83,11 +83,11 @@ void DesktopProgram::SwitchToneCode() {
 
 void DesktopProgram::AfterMainForm() {
     program_.Handlers.Run("MainForm_Load", [this] {
-        // Errors of the song or of the sound must not keep the rest from starting.
+        // An error of the song or of the sound must not stop the rest of the start-up.
         program_.Handlers.Run("MainForm_Load", [this] { LoadCommandLineFile(); });
         program_.Handlers.Run("MainForm_Load", [this] { StartFmod(); });
         program_.Outputs.MotorModModule.CheckForPort();
-        // The first process of the system, not this one, which keeps the priority that it was started with.
+        // The system's first process, not this one, which keeps its priority.
         constexpr std::int32_t FirstProcess = 1;
         constexpr std::int32_t NormalClass = 32;
         SetProcessPriority(facts_.System, FirstProcess, 0, NormalClass);

@@ -12,39 +12,39 @@
 
 namespace quavix {
 
-/// The surroundings of a desktop program, besides its ports. All must outlive it.
+/// Dependencies of DesktopProgram, besides its ports. All must outlive it.
 struct DesktopFacts {
     Processes& System;
     ProcessEnd& End;
-    /// The folder where unsaved songs are kept.
+    /// Folder of the unsaved songs.
     std::string StateFolder;
     /// The command line behind the program's name.
     std::string CommandLine;
-    /// Lets message boxes answer themselves from now on; called when the program ends.
+    /// Makes message boxes answer themselves from now on; called when the program ends.
     std::function<void()> AnswerBoxes = [] {};
 };
 
-/// A program on the desktop, apart from its windows: start-up in a fixed order that the log shows, the
-/// recovery of unsaved songs, and the end.
+/// A program on the desktop without its windows: its start-up, in the fixed order of the log, the recovery of
+/// unsaved songs, and its end.
 class DesktopProgram {
   public:
     DesktopProgram(Program& program, DesktopFacts facts);
 
-    /// Does everything that the main window needs: notices, switches.
+    /// Runs the steps before the main window is made: notices, switches.
     void BeforeMainForm();
 
-    /// Does everything that needs the main window. Loads the song named on the command line, and offers
-    /// unsaved songs of earlier processes, which must not replace it. A command line that names no file shows
-    /// a message.
+    /// Runs the steps that need the main window. Loads the song named on the command line, and offers unsaved
+    /// songs of earlier processes, which must not replace it. If the command line names no existing file,
+    /// shows a message.
     void AfterMainForm();
 
-    /// Opens the MIDI file named on the command line, whose window comes beside the main one.
+    /// Opens the MIDI file named on the command line; its window appears beside the main one.
     void MainFormIsShown();
 
-    /// The user wants the program to end: asks whether the song may go, then ends the process.
+    /// Asks about unsaved changes on the user's request to end the program, then ends the process.
     void QueryUnload();
 
-    /// Ends the process without asking. Outputs that can't be released are left to the log.
+    /// Ends the process without a question. Failures to release an output are only logged.
     void CloseProgram();
 
     quavix::Recovery Recovery;

@@ -34,8 +34,8 @@ int main(int argc, char** argv) {
         return EXIT_FAILURE;
     }
 
-    // The speaker comes first, as the real one forks its guard, which wants a process without threads. A
-    // signal ends the program even in the middle of a tone, while no handler can run.
+    // The speaker comes first, because the real one forks its guard, which must happen before threads exist.
+    // A signal ends the program even during a tone, while no handler can run.
     TerminationSignals signals;
     std::function<void()> closeProgram;
     SpeakerChoice speakerChoice = SpeakerChoiceFromEnvironment();

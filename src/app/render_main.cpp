@@ -34,7 +34,7 @@ void OnSignals(void (*handler)(int)) {
         std::signal(signal, handler);
 }
 
-/// Shows the share done on one line of the terminal.
+/// Shows the progress on one line of the terminal.
 class ProgressLine {
   public:
     bool Show(double share) {
@@ -53,7 +53,7 @@ class ProgressLine {
     int shown_ = -1;
 };
 
-/// Nothing is written over what is read, or twice to the same place.
+/// Raises an error if a file would be overwritten while it is read, or written twice.
 void CheckNames(const quavix::RenderOptions& options) {
     const std::string* names[] = {&options.Song, &options.Out, &options.LogFile, &options.ToneCodeFile};
     for (std::size_t i = 0; i < std::size(names); ++i) {
@@ -67,7 +67,7 @@ void CheckNames(const quavix::RenderOptions& options) {
     }
 }
 
-/// The log and the tone code of a rendering start empty.
+/// Empties the log or the tone code before a rendering.
 void StartAnew(const std::string& file) {
     if (!file.empty() && (quavix::IsNamedPipe(file) || !std::ofstream(quavix::PathOf(file), std::ios::trunc)))
         throw quavix::RenderError(fmt::format("\"{}\" can't be written", file));
@@ -90,7 +90,7 @@ void Render(const quavix::RenderOptions& options) {
         }).Render(options, target.Stream());
     }
     if (target.IsPassedOn()) {
-        // The reader may let it wait for ever.
+        // From here on a signal ends the process, because the reader may block it for ever.
         OnSignals(SIG_DFL);
         if (interruptedBy != 0)
             throw quavix::RenderInterrupted();
@@ -118,7 +118,7 @@ int main(int argc, char** argv) {
         return Written;
     }
     OnSignals(Interrupt);
-    std::signal(SIGPIPE, SIG_IGN);  // a reader that goes away is an error of writing
+    std::signal(SIGPIPE, SIG_IGN);  // a missing reader becomes a write error
     try {
         Render(options);
         return Written;

@@ -9,7 +9,7 @@ void Try(Step step) {
     try {
         step();
     } catch (...) {
-        // The program ends all the same.
+        // The program still ends.
     }
 }
 

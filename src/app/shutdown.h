@@ -10,19 +10,19 @@
 
 namespace quavix {
 
-/// The end of the program: outputs are released, then the process ends, whatever is on the stack.
+/// The end of the program: releases the outputs, then ends the process, whatever is on the stack.
 class Shutdown {
   public:
     Shutdown(ProgramState& state, DebugLog& log, ProcessEnd& end) : state_(state), log_(log), end_(end) {}
 
-    /// Adds what is shut down before all outputs.
+    /// Adds a function to run before all outputs are released.
     void BeforeShutDown(std::function<void()> release) { first_.push_back(std::move(release)); }
 
-    /// Adds what releases an output, run in the order of adding.
+    /// Adds a function that releases an output; they run in the order of adding.
     void OnShutDown(std::function<void()> release) { releases_.push_back(std::move(release)); }
 
-    /// Ends the process. Nothing stops it: an output that can't be released, or a log that can't be written,
-    /// is left as it is. A second call while the first is under way does nothing.
+    /// Ends the process in any case: failures to release an output or to write the log are ignored. A second
+    /// call during the first does nothing.
     void CloseProgram();
 
   private:

@@ -11,8 +11,8 @@
 namespace quavix {
 namespace {
 
-// The impulse is cut off at 0.45 of the sample rate, half way down its slope. With this window it is flat up
-// to 0.36 (17 kHz of 48) and 90 dB down from 0.54 on, which folds back to 0.46 (22 kHz of 48).
+// The low-pass reaches half its height at 0.45 of the sample rate. With this window it is flat up to 0.36 (17
+// kHz at 48 kHz) and 90 dB down from 0.54 on, which folds back to 0.46 (22 kHz at 48 kHz).
 constexpr double StepCutoff = 0.45;
 constexpr double StepKaiserBeta = 9.0;
 constexpr double HalfWidth = BandLimitedStep::Taps / 2.0;
@@ -23,7 +23,7 @@ double Impulse(double time) {
     return window * (angle == 0.0 ? 1.0 : std::sin(angle) / angle);
 }
 
-// The integral of the impulse at every 1 / Phases of a sample from -HalfWidth to HalfWidth, from 0 to 1.
+// Returns the integral of the impulse at every 1 / Phases of a sample from -HalfWidth to HalfWidth, 0 to 1.
 std::vector<double> Step() {
     constexpr int Points = BandLimitedStep::Taps * BandLimitedStep::Phases;
     constexpr double Spacing = 1.0 / BandLimitedStep::Phases;

@@ -5,13 +5,14 @@
 
 namespace quavix {
 
-/// What has to be added to a hard step from 0 to 1 so that nothing of it lies above half the sample rate.
+/// The correction of a hard step from 0 to 1: added to the step, it removes the parts above half the sample
+/// rate.
 ///
-/// The hard step keeps 0 up to and including the sample at or before the edge and is 1 from the next sample
-/// on. Row p holds the correction for an edge p / Phases of a sample after a sample; its element m belongs to
-/// the sample m - Before samples after that one. Between rows, interpolate linearly.
+/// The hard step is 0 up to and including the sample at or before the edge, and 1 from the next sample on.
+/// Row p holds the correction for an edge p / Phases of a sample after a sample; its element m belongs to the
+/// sample m - Before samples after that one. Between rows, interpolate linearly.
 struct BandLimitedStep {
-    /// Samples that one edge reaches, and how many of them come before the sample at or before the edge.
+    /// Samples that one edge changes, and how many of them precede the sample at or before the edge.
     static constexpr int Taps = 32;
     static constexpr int Before = Taps / 2 - 1;
     /// Rows per sample; row Phases is the edge on the following sample.
@@ -21,7 +22,7 @@ struct BandLimitedStep {
     std::array<Row, Phases + 1> Correction;
 };
 
-/// The table; computed at the first call (about a millisecond), any thread.
+/// Returns the table. Computed at the first call (about 1 ms), on any thread.
 const BandLimitedStep& BandLimitedStepTable();
 
 }  // namespace quavix

@@ -13,10 +13,10 @@ namespace {
 
 constexpr std::int64_t StepsPerSample = 512;
 
-/// Zero crossings of the sinc to each side, and the shape of the Kaiser window for 90 dB.
+/// Zero crossings of the sinc on each side, and the shape of the Kaiser window for 90 dB.
 constexpr double ZeroCrossings = 64;
 constexpr double KaiserBeta = 8.96;
-/// Where the sinc begins to fall, so that it has fallen at half the lower rate.
+/// Cutoff, relative to half the lower rate: the transition band ends at half the lower rate.
 constexpr double Passband = 0.95;
 
 }  // namespace

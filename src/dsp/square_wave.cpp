@@ -13,7 +13,7 @@ namespace {
 constexpr std::int64_t Taps = BandLimitedStep::Taps;
 constexpr std::int64_t Before = BandLimitedStep::Before;
 
-// Blocks that stay in the processor's nearest cache while levels, edges and fades pass over them.
+// Block size in samples, small enough for the processor's first cache during all passes over a block.
 constexpr std::size_t BlockSize = 2048;
 
 std::int64_t FloorDivide(std::int64_t dividend, std::int64_t divisor) {
@@ -21,10 +21,10 @@ std::int64_t FloorDivide(std::int64_t dividend, std::int64_t divisor) {
     return dividend % divisor < 0 ? quotient - 1 : quotient;
 }
 
-// One edge after the other in whole numbers: sample Whole plus Rest / edgesPerSecond of a sample.
+// Steps from edge to edge in integers: an edge lies at sample Whole plus Rest / edgesPerSecond of a sample.
 class Edges {
   public:
-    // The first edge is one at or before sample `before`; Whole counts from sample `origin`.
+    // Starts with an edge at or before sample `before`; Whole counts from sample `origin`.
     Edges(std::int64_t sampleRate, std::int64_t edgesPerSecond, std::int64_t before, std::int64_t origin)
         : wholeStep_(sampleRate / edgesPerSecond),
           restStep_(sampleRate % edgesPerSecond),
@@ -78,7 +78,7 @@ void SoftenEdges(Edges edge, std::span<float> block, const BandLimitedStep& step
         const BandLimitedStep::Row& upper = step.Correction[row + 1];
         const float height = 2.0F * SquareWave::Level * edge.Direction;
 
-        // By way of a local array, which the compiler knows to overlap nothing.
+        // The local array tells the compiler that nothing overlaps.
         BandLimitedStep::Row correction;
         for (std::size_t tap = 0; tap < correction.size(); tap++)
             correction[tap] = height * (lower[tap] + between * (upper[tap] - lower[tap]));
@@ -96,8 +96,8 @@ void SoftenEdges(Edges edge, std::span<float> block, const BandLimitedStep& step
     }
 }
 
-// Raised cosine from 0 to 1 for `place` 0..1, as the square of a sine in four terms of its series: exact to
-// five millionths, and a loop over it can be vectorised.
+// Raised cosine from 0 to 1 for `place` 0..1, as the square of a sine by four terms of its series: exact to
+// 5e-6, and a loop over it can be vectorised.
 float FadeGain(float place) {
     const float square = place * place;
     const float sine =
@@ -136,7 +136,7 @@ void SquareWave::Render(std::span<float> out) {
 }
 
 void SquareWave::RenderBlock(std::span<float> block) const {
-    // The wave repeats every second, so that positions stay small numbers in a tone of any length.
+    // The wave repeats every second, so positions stay small in a tone of any length.
     const std::int64_t origin = position_ % sampleRate_;
     const Edges first(sampleRate_, edgesPerSecond_, origin - Taps, origin);
     DrawLevels(first, block);

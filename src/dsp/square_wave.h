@@ -10,30 +10,30 @@ struct BandLimitedStep;
 
 /// One square tone as samples, exactly in tune and without aliases.
 ///
-/// The wave starts with its rising edge at the first sample, and edge k lies exactly k * sampleRate /
-/// (2 * frequencyHz) samples later, however long the tone is. Harmonics up to a third of the sample rate have
-/// their ideal level and fade away above 0.36 of it; what would fold back below 0.46 is gone. The tone fades
-/// in and out over 1.5 ms each (half the tone each where it is shorter than 3 ms), inside its own length. No
-/// sample ever lies outside -1..1: the flat parts of the wave stand at ±Level, its overshoot above them.
+/// The wave starts with its rising edge at the first sample, and edge k lies exactly k * sampleRate / (2 *
+/// frequencyHz) samples later, however long the tone is. Harmonics up to a third of the sample rate have
+/// their ideal level and fade away above 0.36 of it; aliases below 0.46 of it are removed. The tone fades in
+/// and out over 1.5 ms each (half the tone each if it is shorter than 3 ms), inside its own length. Every
+/// sample lies in -1..1: the flat parts of the wave are at ±Level, and its overshoot above them.
 ///
-/// Any thread, one at a time. Values can be copied; a copy goes on from where the original was.
+/// Any thread, one at a time. Objects can be copied; a copy continues from the same position.
 class SquareWave {
   public:
-    /// Height of the flat parts; the highest for which even a tone that is left with its fundamental alone
-    /// (4 / pi times as high as the square) stays inside -1..1.
+    /// Height of the flat parts: the greatest at which even a tone reduced to its fundamental (4 / pi times
+    /// as high as the square) stays inside -1..1.
     static constexpr float Level = 0.78F;
 
-    /// A tone of `frequencyHz` at `sampleRate` samples per second, `lengthSamples` long. A frequency of 0 or
-    /// less, or of half the sample rate or more, or a sample rate of 0 or less is silence of the same length;
-    /// a length of 0 or less is no tone at all. The first tone of the process takes a millisecond to make.
+    /// Makes a tone of `frequencyHz` at `sampleRate` samples per second, `lengthSamples` long. A frequency of
+    /// 0 or less, or of half the sample rate or more, or a sample rate of 0 or less gives silence of the same
+    /// length; a length of 0 or less gives no tone. The first tone of the process takes 1 ms to make.
     SquareWave(std::int32_t frequencyHz, std::int32_t sampleRate, std::int64_t lengthSamples);
 
-    /// Fills `out` with the next samples, and with zeros after the end. How a tone is divided into calls
-    /// makes no difference to its samples. Does not allocate, lock or throw; calls of 64 samples and more are
-    /// quickest.
+    /// Fills `out` with the next samples, and with zeros after the end. The division of a tone into calls
+    /// does not change its samples. Does not allocate, lock or throw; fastest with 64 or more samples per
+    /// call.
     void Render(std::span<float> out);
 
-    /// Whether every sample of the tone has been rendered.
+    /// Returns true if all samples of the tone have been rendered.
     bool Finished() const { return position_ >= length_; }
 
   private:

@@ -17,9 +17,9 @@ constexpr std::uint32_t Pcm = 1;
 constexpr std::uint32_t UnknownSize = 0xFFFF'FFFF;
 constexpr std::size_t BufferSamples = 4096;
 
-/// Beyond the sound, what the size of a RIFF file counts.
+/// Bytes that the size in a RIFF header counts besides the sound.
 constexpr std::int64_t RiffOverhead = 36;
-/// In the chunk "ds64": the file's size and the sound's, the number of frames, and the length of a table.
+/// Content of the chunk "ds64": size of the file, size of the sound, number of frames, length of a table.
 constexpr std::uint32_t LongSizesBytes = 3 * 8 + 4;
 constexpr std::int64_t RoomBytes = 8 + LongSizesBytes;
 
@@ -28,14 +28,15 @@ void AppendNumber(std::string& bytes, std::int64_t value, int size) {
         bytes += static_cast<char>(static_cast<unsigned char>(value >> (8 * i)));
 }
 
-// Nearest whole number of a float within ±2^22, halves to even: the addition pushes the fraction out of the
-// mantissa, whose lowest bits are then the number. Unlike the library's rounding it vectorises everywhere.
+// Returns the nearest whole number of a float within ±2^22, halves to even: the addition pushes the fraction
+// out of the mantissa, whose lowest bits are then the number. Unlike the library's rounding, it vectorises on
+// every target.
 std::int32_t Nearest(float value) {
     constexpr float Shift = 12582912.0F;  // 1.5 * 2^23
     return std::bit_cast<std::int32_t>(value + Shift) - std::bit_cast<std::int32_t>(Shift);
 }
 
-// Each choice on its own and none inside another, so that the loop over it vectorises.
+// Separate, not nested, choices let the compiler vectorise a loop over this.
 std::int16_t ToPcm(float sample) {
     const float number = sample == sample ? sample : 0.0F;
     const float notBelow = number < -1.0F ? -1.0F : number;
@@ -63,7 +64,7 @@ void WavWriter::MakeRoom() {
     hasRoom_ = hasRoom_ || (!begun_ && out_.tellp() != std::ostream::pos_type(-1));
 }
 
-// Writes the header unless it is there already.
+// Writes the header if it is not there yet. Returns false after an error.
 bool WavWriter::Begin() {
     if (!failed_ && !std::exchange(begun_, true)) {
         start_ = out_.tellp();
@@ -101,7 +102,7 @@ bool WavWriter::WriteHeader(std::optional<std::int64_t> frames) {
     return static_cast<bool>(out_.write(header.data(), static_cast<std::streamsize>(header.size())));
 }
 
-// Whether that many more frames may be written.
+// Returns true if that many more frames may be written.
 bool WavWriter::Reserve(std::int64_t frames) {
     if (!Begin() || finished_ || frames < 0)
         return false;
@@ -187,7 +188,7 @@ std::uint64_t Number(std::span<const unsigned char> bytes) {
     return value;
 }
 
-/// The next bytes of the stream; the stream fails where there are fewer.
+/// Reads the next bytes of the stream; the stream fails if there are fewer.
 template <std::size_t Size>
 std::array<unsigned char, Size> Take(std::istream& in) {
     std::array<unsigned char, Size> bytes{};
@@ -195,7 +196,7 @@ std::array<unsigned char, Size> Take(std::istream& in) {
     return bytes;
 }
 
-/// Passes over bytes and the one that makes the length of a chunk even.
+/// Skips bytes, and the padding byte that makes the length of a chunk even.
 void PassOver(std::istream& in, std::uint64_t bytes) {
     in.ignore(static_cast<std::streamsize>(bytes + bytes % 2));
 }

@@ -6,7 +6,7 @@
 namespace quavix {
 
 void FmodEngine::Start(const FmodOutput& output) {
-    // Short buffers, and many: the shorter, the sooner a new tone is heard.
+    // Many short buffers: a shorter buffer lets a new tone be heard sooner.
     constexpr std::uint32_t BufferLength = 16;
     constexpr std::int32_t BufferCount = 256;
     constexpr std::int32_t MaxChannels = 2;
@@ -51,7 +51,7 @@ std::int32_t FmodEngine::GetFMODBufferLength() {
         library_.FMOD_System_GetSoftwareFormat(system_, &rate, nullptr, nullptr, nullptr, nullptr, nullptr);
     log_.Text("Sample rate is {}", rate);
     errors_.ERRCHECK(rateResult);
-    // Without a rate the library has failed, and said so.
+    // If the rate is 0, the library has failed and the error has been shown.
     const std::int32_t milliseconds = rate == 0 ? 0 : ToInt32(MsPerSecond / rate * total);
     log_.Text("Buffer length in milliseconds is {}", milliseconds);
     return milliseconds;

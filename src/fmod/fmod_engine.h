@@ -13,14 +13,14 @@ namespace quavix {
 /// Destination of a sound engine's sound.
 struct FmodOutput {
     static constexpr std::int32_t BestDevice = SOUND_OUTPUT_DEVICE;
-    /// A block for each update.
+    /// A WAV file, one block per update.
     static constexpr std::int32_t WavFileByUpdate = SOUND_OUTPUT_WAV_BY_UPDATE;
 
     std::int32_t Output = BestDevice;
-    /// The WAV file.
+    /// Name of the WAV file.
     std::string FileName{};
 
-    /// The file's name as FMOD_System_Init() takes it, which does not change it; null for none.
+    /// Returns the file's name for FMOD_System_Init(), which does not change it; null for none.
     void* Extra() const { return FileName.empty() ? nullptr : const_cast<char*>(FileName.c_str()); }
 };
 
@@ -51,12 +51,11 @@ inline constexpr std::int32_t Triangle = SOUND_TRIANGLE;
 inline constexpr std::int32_t Noise = SOUND_NOISE;
 }  // namespace fmod_waveform
 
-/// Reuse the channel that is passed in; none stands for a free one.
+/// Reuses the channel that is passed in; without one, takes a free channel.
 inline constexpr std::int32_t FmodChannelReuse = SOUND_CHANNEL_REUSE;
 
-/// The main window's engine of the sound library: one oscillator, which plays on one channel from start-up to
-/// shutdown and is only paused and un-paused. Every failure is shown, and what comes next is tried all the
-/// same.
+/// The main window's engine of the sound library: one oscillator on one channel, which plays from start-up to
+/// shutdown and is only paused and un-paused. Every failure is shown, and the next steps are still tried.
 class FmodEngine {
   public:
     FmodEngine(SoundLibrary& library, FmodErrors& errors, DebugLog& log)
@@ -65,15 +64,14 @@ class FmodEngine {
     /// Creates the engine with its oscillator, silent. The library must be loaded.
     void Start(const FmodOutput& output = {});
 
-    /// Closes and releases the engine, where there is one.
+    /// Closes and releases the engine, if there is one.
     void Stop();
 
-    /// How long a change takes to be heard, in milliseconds; written into the log with what it comes from. 0
-    /// where the library doesn't know its sample rate. Raises Overflow where the buffers together pass 32
-    /// bits.
+    /// Returns the delay until a change is heard, in milliseconds, and logs its parts. Returns 0 if the
+    /// library reports no sample rate. Raises Overflow if the total buffer size exceeds 32 bits.
     std::int32_t GetFMODBufferLength();
 
-    /// Null where there is no engine.
+    /// Null if there is no engine.
     SoundSystem* System() const { return system_; }
     SoundChannel* Channel() const { return channel_; }
     SoundUnit* Oscillator() const { return oscillator_; }

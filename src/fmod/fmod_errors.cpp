@@ -9,7 +9,7 @@
 namespace quavix {
 namespace {
 
-// By result. Many texts end with a blank, which belongs to them.
+// Texts by result. Trailing blanks are part of them.
 constexpr std::array<const char*, 82> Texts{
     "No errors.",
     "Tried to call lock a second time before unlock was called. ",

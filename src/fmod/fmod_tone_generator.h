@@ -25,35 +25,36 @@ struct FmodToneParts {
     std::function<void(const std::string& text)> SendString;
 };
 
-/// Makes tones on the sound card: the engine's channel is set to the tone's pitch and un-paused, and paused
-/// for silence.
+/// The tone generator of the sound card: sets the engine's channel to the tone's pitch and un-pauses it, and
+/// pauses it for silence.
 class FmodToneGenerator final : public ToneOutput {
   public:
     explicit FmodToneGenerator(FmodToneParts parts);
     FmodToneGenerator(const FmodToneGenerator&) = delete;
     FmodToneGenerator& operator=(const FmodToneGenerator&) = delete;
 
-    /// Keeps on sounding afterwards where the tone or the never-silent option asks for it. Bare frequencies
-    /// always stop.
+    /// Sounds a tone. It keeps sounding afterwards if its options or the never-silent option ask for it; a
+    /// bare frequency always stops.
     void Sound(const Tone& tone) override;
 
-    /// Sounds `frequency` Hz for `durationMs`. `noStop` keeps it sounding afterwards; `noWait` returns at
-    /// once, otherwise handlers run while it sounds. A duration outside 32 bits raises Overflow.
+    /// Sounds `frequency` Hz for `durationMs` ms. With `noStop` it keeps sounding afterwards; with `noWait`
+    /// the call returns at once, otherwise handlers run meanwhile. A duration outside 32 bits raises
+    /// Overflow.
     void FMODBeep(double frequency, double durationMs, bool noStop, bool noWait);
-    /// Silences the generator where it is in use, and stops the motor where that is.
+    /// Silences the generator if it is in use, and stops the motor if that is.
     void FMODBeepStop();
 
-    /// Chooses the waveform, one of fmod_waveform. "Triangle" on the options window is FallingSaw.
+    /// Sets the waveform, one of fmod_waveform. "Triangle" on the options window is FallingSaw.
     void ChangeDSPType(std::int32_t newDspType);
 
-    /// The waveform that was chosen last.
+    /// The current waveform.
     Watched<std::int32_t> DSPType{fmod_waveform::Square};
 
   private:
     void SetPaused(bool paused);
 
     FmodToneParts p_;
-    /// Rate of the oscillator that the pitch is reckoned with, in Hz.
+    /// Rate of the oscillator in Hz from which the pitch is computed.
     double referenceRate_;
 };
 

@@ -39,19 +39,19 @@ struct SoundModsParts {
     std::function<void(const std::string& text)> SendString;
 };
 
-/// The tone generator on the sound card, and the voice.
+/// The mods that use the sound library: the tone generator on the sound card, and the voice.
 class SoundMods {
   public:
     explicit SoundMods(const SoundModsParts& parts);
 
-    /// Looks for the library in the program's folder and loads it. The check boxes of the mods are enabled
-    /// where that succeeds; a library that is there but can't be loaded is told of.
+    /// Looks for the library in the program's folder and loads it. If that succeeds, enables the check boxes
+    /// of the mods; if the library exists but can't be loaded, shows a message.
     void CheckAvailability(const std::string& programFolder);
 
-    /// Starts the engine, with a square wave, where the library is loaded. Says so in the log, and why not.
+    /// Starts the engine with a square wave if the library is loaded; otherwise logs the reason.
     void StartEngine(const FmodOutput& output = {});
 
-    /// The sound library is there.
+    /// True if the sound library is available.
     bool FmodAvailable = false;
     FmodErrors Errors;
     FmodEngine Engine;

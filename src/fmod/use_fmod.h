@@ -18,11 +18,11 @@ class UseFmod {
     UseFmod(const UseFmod&) = delete;
     UseFmod& operator=(const UseFmod&) = delete;
 
-    /// The options window is shown while FMOD is in use.
+    /// True while FMOD is in use: the options window is shown.
     Watched<bool> FMODOptionsFormVisible;
 
-    /// Ticked, tones are not paused between notes. The note/silence ratio goes to 100 % for as long, unless
-    /// the user moves it meanwhile.
+    /// If ticked, tones are not paused between notes, and the note/silence ratio is 100 %, unless the user
+    /// changes it meanwhile.
     Watched<bool> NeverSilentCheck;
 
   private:
@@ -35,11 +35,11 @@ class UseFmod {
     OutputOptions& output_;
     FmodToneGenerator& generator_;
     EventBoundary& handlers_;
-    /// The ratio when the option was ticked.
+    /// The ratio before the option was ticked.
     std::int32_t previousRatio_;
-    /// Somebody else has moved the ratio since then, and keeps it.
+    /// True if the ratio was changed by other means since then; it is not restored then.
     bool ratioManuallyChanged_ = false;
-    /// The ratio's changes are the option's own.
+    /// True while the option itself changes the ratio.
     bool manuallySettingCheck_ = false;
 };
 

@@ -25,7 +25,7 @@ std::string TimbreText(std::int32_t thousandths) {
     return fmt::format("{}{:.1f} %", thousandths > 0 ? "+" : "", thousandths / PerPercent);
 }
 
-/// Writes the words beside a slider, now and whenever it moves.
+/// Shows a slider's value in its label, now and at every change.
 template <typename Text>
 void Describe(Watched<std::int32_t>& slider, Watched<std::string>& label, Text text) {
     label = text(slider);
@@ -79,7 +79,7 @@ void UseVoice::WatchSliders() {
     });
 }
 
-/// A slider that only follows what was set changes nothing.
+/// Applies the sliders to the voice. A slider that merely follows the voice changes nothing.
 void UseVoice::WatchFormantSliders() {
     for (std::size_t i = 0; i < FormantCount; ++i) {
         FormantDSPFreqSlider[i].Watch([this, i](std::int32_t frequency) {
@@ -129,7 +129,7 @@ void UseVoice::ApplyFormantSliders() {
 void UseVoice::SpeechButton_Click(const Vowel& vowel) {
     for (std::size_t i = 0; i < FormantCount; ++i)
         voice_.ChangeFormantFreqVol(i, vowel[i].Frequency, vowel[i].Volume, true);
-    // The second time for sliders that moving the first ones has moved.
+    // Twice, because moving the first sliders may have moved others.
     UpdateFormantSliders();
     UpdateFormantSliders();
 }

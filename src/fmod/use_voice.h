@@ -12,8 +12,8 @@
 
 namespace quavix {
 
-/// The check box that switches the singing voice on and off, and the sliders of its window. Moving a slider
-/// changes the voice at once; while the voice has never been on, it only keeps its position.
+/// The check box of the singing voice, and the sliders of its window. Moving a slider changes the voice at
+/// once; until the voice is first switched on, a slider only keeps its position.
 class UseVoice {
   public:
     UseVoice(ModFields& mods, OutputOptions& output, VoiceMainForm& voice, FmodErrors& errors,
@@ -21,7 +21,7 @@ class UseVoice {
     UseVoice(const UseVoice&) = delete;
     UseVoice& operator=(const UseVoice&) = delete;
 
-    /// The volume of the voice stands in OutputOptions.
+    /// The slider of the voice's own volume is in OutputOptions.
     Watched<std::int32_t> SawVolSlider{parameter::SawVol.Default};
     Watched<std::int32_t> NoiseVolSlider{parameter::NoiseVol.Default};
     Watched<std::int32_t> CutoffFreqSlider{parameter::CutoffFreq.Default};
@@ -30,7 +30,7 @@ class UseVoice {
     std::array<Watched<std::int32_t>, FormantCount> FormantDSPFreqSlider;
     std::array<Watched<std::int32_t>, FormantCount> FormantDSPVolSlider;
 
-    // Words beside the sliders: the value with its unit.
+    // Labels beside the sliders: the value with its unit.
     Watched<std::string> lblSawVol;
     Watched<std::string> lblNoiseVol;
     Watched<std::string> lblVoiceVol;
@@ -40,13 +40,13 @@ class UseVoice {
     std::array<Watched<std::string>, FormantCount> lblFormantDSPFreq;
     std::array<Watched<std::string>, FormantCount> lblFormantDSPVol;
 
-    /// The window is shown while the voice is in use.
+    /// True while the voice is in use: the window is shown.
     Watched<bool> VoiceInternalFormVisible;
 
-    /// A vowel button: sets all formants.
+    /// Handles a vowel button: sets all formants.
     void SpeechButton_Click(const Vowel& vowel);
 
-    /// Copies the formants' values onto their sliders.
+    /// Moves the sliders to the formants' values.
     void UpdateFormantSliders();
 
   private:

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// How the voice is put together in the sound library:
+// Structure of the voice in the sound library:
 //
 // saw   -> SawChannel   -+
 //                        +-> CutoffDSP -> four formants, summed -> VoiceChannel -+-> FinalChannel
@@ -17,7 +17,7 @@
 namespace quavix {
 namespace {
 
-// Sixteen channels, of which three are used.
+// Sixteen channels, of which the voice uses three.
 constexpr std::int32_t Channels = 16;
 
 constexpr double FormantBandwidthOctaves = 1;
@@ -57,7 +57,7 @@ void VoiceMainForm::CreateSystem(const FmodOutput& output) {
     std::uint32_t version = 0;
     Check(p_.Library.FMOD_System_GetVersion(voiceSystem_, &version));
     p_.Errors.RequireVersion(version, "version");
-    // The first one is dropped; it costs nothing until it is initialised.
+    // Drops the first system, which is free of cost until it is initialised.
     Check(p_.Library.FMOD_System_Create(&voiceSystem_));
     Check(p_.Library.FMOD_System_SetSoftwareChannels(voiceSystem_, Channels));
     if (output.Output != FmodOutput::BestDevice)
@@ -189,7 +189,7 @@ void VoiceMainForm::ChangeFormantFreqVol(std::size_t formantIndex, std::optional
     frequency = newFormantFreq.value_or(frequency);
     volume = newFormantVol.value_or(volume);
     const double applied = cutenessCompensate ? ShiftedByTimbre(frequency) : frequency;
-    // Below the silent volume it is negative; the library takes its own lowest gain then.
+    // Below SilentVolume the gain is negative; the library limits it to its lowest gain.
     const double gain = ((volume - SilentVolume) / VolumeRange * 100) / 100 * HighestGain;
     SetParameter(formants_[formantIndex], fmod_parameter::EqualiserCentre, applied);
     SetParameter(formants_[formantIndex], fmod_parameter::EqualiserGain, gain);
@@ -215,7 +215,7 @@ double VoiceMainForm::PlusMinusRandom(double startVal, double maxRandomRange) {
 }
 
 void VoiceMainForm::RandomFormantTimer_Timer() {
-    // While a message stands open, the next tick comes.
+    // A tick may come while a message of the previous one is open.
     if (inTimer_)
         return;
     bool good = false;
@@ -226,13 +226,13 @@ void VoiceMainForm::RandomFormantTimer_Timer() {
         StopMoving();
         throw;
     }
-    // The user has been told. Twenty times a second would leave no time to switch the voice off.
+    // The error has been shown. Repeating it 20 times a second would prevent switching the voice off.
     if (!good)
         StopMoving();
 }
 
-/// Moves each formant away from where it was set. The gain is the formant's volume as it is, unlike the one
-/// that ChangeFormantFreqVol() works out. Returns whether all went well.
+/// Moves each formant randomly around its set frequency. The gain is the formant's raw volume, unlike the one
+/// that ChangeFormantFreqVol() computes. Returns true if all calls succeeded.
 bool VoiceMainForm::MoveFormants() {
     bool good = true;
     for (std::size_t i = 0; i < FormantCount; ++i) {

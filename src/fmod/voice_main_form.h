@@ -23,52 +23,52 @@ struct VoiceParts {
     DebugLog& Log;
 };
 
-/// The voice: a saw and a little noise go through four filters side by side, the formants, and so sound like
-/// a vowel. It has an engine of the sound library to itself, which lives from Load() to the end of the
-/// program. Every failure is shown, and what comes next is tried all the same.
+/// The voice: a saw and a little noise pass four parallel filters, the formants, and so sound like a vowel.
+/// It has its own engine of the sound library, from Load() to the end of the program. Every failure is shown,
+/// and the next steps are still tried.
 class VoiceMainForm {
   public:
     explicit VoiceMainForm(VoiceParts parts) : p_(parts) {}
     VoiceMainForm(const VoiceMainForm&) = delete;
     VoiceMainForm& operator=(const VoiceMainForm&) = delete;
 
-    /// Sets the engine up, with its sources paused; a second call does nothing. The library must be loaded.
+    /// Creates the engine, with its sources paused; a second call does nothing. The library must be loaded.
     void Load(const FmodOutput& output = {});
     bool IsLoaded() const { return isLoaded_; }
 
-    /// Un-pauses the sources, at 100 Hz, and lets the formants move.
+    /// Un-pauses the sources, at 100 Hz, and starts the random movement of the formants.
     void StartSources();
-    /// The formants stand still until the next StartSources().
+    /// Stops the movement of the formants until the next StartSources().
     void StopMoving();
 
-    /// Volume, 0 (silent) to 1.
+    /// Sets the volume, 0 (silent) to 1.
     void ChangeVoiceVol(double newVoiceVol);
-    /// Pitch of the voice's source; taken as a whole number of Hz.
+    /// Sets the pitch of the voice's source in Hz, rounded to a whole number.
     void ChangeBaseFreq(double newFreq);
 
-    /// Volumes are 0 to 1, the cutoff is in Hz.
+    /// Set volumes of 0 to 1, and the cutoff in Hz.
     void ChangeSawVol(double newSawVol);
     void ChangeNoiseVol(double newNoiseVol);
     void ChangeCutoffFreq(double newCutoffFreq);
 
-    /// Sets one formant; what is not given stays as it was. `cutenessCompensate` shifts it by FormantTimbre.
-    /// An index of FormantCount or more raises SubscriptOutOfRange.
+    /// Sets one formant; missing values stay unchanged. `cutenessCompensate` shifts it by FormantTimbre. An
+    /// index of FormantCount or more raises SubscriptOutOfRange.
     void ChangeFormantFreqVol(std::size_t formantIndex, std::optional<double> newFormantFreq,
                               std::optional<std::int32_t> newFormantVol, bool cutenessCompensate);
 
-    /// Return what was set last. Indexes from FormantCount on raise SubscriptOutOfRange.
+    /// Return the last set values. An index of FormantCount or more raises SubscriptOutOfRange.
     double FormantFreq(std::size_t formantIndex) const;
     std::int32_t FormantVol(std::size_t formantIndex) const;
 
-    /// Closes and releases the engine, where there is one.
+    /// Closes and releases the engine, if there is one.
     void VoiceDoShutDownStuff();
 
-    /// Null where there is no engine.
+    /// Null if there is no engine.
     SoundSystem* VoiceSystem() const { return voiceSystem_; }
 
     /// Shift of all formants together, in thousandths.
     std::int32_t FormantTimbre = 0;
-    /// How far the formants move at random to either side, in Hz.
+    /// Greatest random deviation of the formants to either side, in Hz.
     double MaxRandomFormantFreq = 0;
 
   private:

@@ -47,10 +47,10 @@ bool ControlInstaller::Install(const std::string& fileName, const std::string& s
         TellMissing(fileName);
         return false;
     }
-    // It may not be there yet, in a folder of the user's own. What is wrong with it the copy finds out.
+    // The user's own folder may not exist yet. If this fails, Copy() raises the error.
     p_.Disk.CreateFolder(SystemFolder(p_.WinFolder));
     const std::shared_ptr<Workplace> workplace = TakeWorkplace(destination);
-    // Another copy of the program may have been quicker.
+    // Another copy of the program may have installed the control meanwhile.
     if (p_.Disk.FindsNormalFile(destination))
         return true;
     if (p_.State.ShuttingDown)
@@ -67,9 +67,9 @@ bool ControlInstaller::Install(const std::string& fileName, const std::string& s
     return false;
 }
 
-/// The program's folder, or that of the controls where the program's can't be written. Waits for other copies
-/// of the program for as long as the control isn't there. Where there is no lock to be had at all, what can't
-/// be written says so later on.
+/// Returns the program's folder, or the folder of the controls if the program's is not writable. While
+/// another copy of the program holds the lock, waits until the control is there. Without any lock, the later
+/// writing reports the error.
 std::shared_ptr<ControlInstaller::Workplace> ControlInstaller::TakeWorkplace(const std::string& destination) {
     if (auto current = workplace_.lock())
         return current;
@@ -192,7 +192,7 @@ bool ControlInstaller::MakeReady(const std::string& fileName, Watched<bool>& che
         check = false;
         throw;
     }
-    // The user may have thought better of it meanwhile.
+    // The user may have unticked the box meanwhile.
     if (!check || p_.State.ShuttingDown)
         return false;
     const std::string problem = prepare();

@@ -25,14 +25,14 @@ struct ControlInstallerParts {
     MessageBoxes& Boxes;
     Waiting& Wait;
     DebugLog& Log;
-    /// The folder of the program and of the controls that it ships with.
+    /// Folder of the program and of the controls shipped with it.
     std::string ProgramFolder;
-    /// The controls are put into "system32" in this folder.
+    /// Parent of the folder "system32", into which controls are copied.
     std::string WinFolder;
 };
 
-/// Puts the control files that the MIDI features rest on in place when such a feature is first used: copies
-/// one from beside the program and registers it by a batch file.
+/// Installs the control files of the MIDI features when such a feature is first used: copies a file from the
+/// program's folder and registers it by a batch file.
 class ControlInstaller {
   public:
     static constexpr const char* MidiDevicesControl = "midiio32.ocx";
@@ -42,20 +42,21 @@ class ControlInstaller {
     ControlInstaller(const ControlInstaller&) = delete;
     ControlInstaller& operator=(const ControlInstaller&) = delete;
 
-    /// Puts a control in place; true where it is, be it from earlier. Otherwise a message has been shown and
-    /// all MIDI boxes are unticked. While the control registers itself handlers run; the wait has no end but
-    /// the batch file's, or the program's. A file that can't be copied or written raises the classic error.
+    /// Installs a control. Returns true if it is in place, even from earlier. Otherwise a message has been
+    /// shown and all MIDI boxes are unticked. Handlers run while the control registers itself; the wait ends
+    /// only with the batch file or the program. If a file can't be copied or written, raises the classic
+    /// error.
     bool CopyFileToSystem32(const std::string& fileName);
 
-    /// The same for the feature behind `check`, which must still be ticked then, and whose control must work:
-    /// `prepare` loads it and answers with a sentence why that is impossible, or an empty text. Otherwise
-    /// that is shown and the box unticked. False also where an error is raised, which goes on to the caller
-    /// with the box unticked.
+    /// Installs and loads the control of the feature behind `check`, which must still be ticked afterwards.
+    /// `prepare` loads it and returns an empty text, or the reason as a sentence if that is impossible. On
+    /// failure shows the reason, unticks the box and returns false. If an error is raised, unticks the box
+    /// and passes the error on.
     bool MakeReady(const std::string& fileName, Watched<bool>& check,
                    const std::function<std::string()>& prepare);
 
   private:
-    /// The folder for the marker and the batch file, which no other copy of the program uses meanwhile.
+    /// Folder for the marker and the batch file, locked against other copies of the program.
     struct Workplace {
         std::string Folder;
         std::unique_ptr<FileLock> Lock;
@@ -74,7 +75,7 @@ class ControlInstaller {
     void TellFailed(const std::string& fileName);
 
     ControlInstallerParts p_;
-    /// That of the installation under way: while it waits, the user may tick the next box.
+    /// The place of the running installation: while it waits, the user may tick another box.
     std::weak_ptr<Workplace> workplace_;
 };
 

@@ -15,7 +15,7 @@ constexpr std::int32_t FirstIntervalMs = 2;
 }  // namespace
 
 CycleTimer::CycleTimer(CycleTimerParts parts) : p_(std::move(parts)), intervalMs_(FirstIntervalMs) {
-    // A mistyped interval must not last until its end, which may be days away.
+    // A mistyped interval must not run to its end, which may be days away.
     p_.Song.AlternateTime.State().Watch(
         [this, before = p_.Song.AlternateTime.Text()](const SettingState& now) mutable {
             if (std::exchange(before, now.Text) != now.Text && Enabled())
@@ -33,7 +33,7 @@ void CycleTimer::SetEnabled(bool enabled) {
 }
 
 void CycleTimer::cTmr_Timer() {
-    // Pulse upon pulse would not leave a gap for who waits for the end of all tones.
+    // Continuous pulses would leave no gap for a start that waits until all tones have ended.
     if (p_.State.StartIsHeldUp)
         return;
     Step();

@@ -16,14 +16,14 @@ struct CycleTimerParts {
     const ProgramState& State;
     Timers& Ticks;
     EventBoundary& Handlers;
-    /// Done at each tick; may run handlers.
+    /// Called at each tick; may run handlers.
     std::function<void()> Step;
-    /// Done when a step has raised an error, which would come again with every tick.
+    /// Called when a step has raised an error, which would otherwise recur with every tick.
     std::function<void()> SwitchOff;
 };
 
-/// The timer of a form that uses the cycler, disabled at first. It ticks with the interval that the text of
-/// the alternate time names; a text that is no number leaves it as it was. Pending window events run between
+/// The timer of a form that uses the cycler, initially disabled. It ticks at the interval in the text of the
+/// alternate time; a text that is no number leaves the interval unchanged. Pending window events run between
 /// ticks.
 class CycleTimer {
   public:
@@ -32,10 +32,10 @@ class CycleTimer {
     CycleTimer(const CycleTimer&) = delete;
     CycleTimer& operator=(const CycleTimer&) = delete;
 
-    /// Enabled anew, it counts from the start.
+    /// Enables or disables the timer. When enabled again, it starts a full interval.
     void SetEnabled(bool enabled);
     bool Enabled() const { return timer_ != 0; }
-    /// In ms; 0 stands for the shortest.
+    /// Returns the interval in ms; 0 stands for the shortest.
     std::int32_t Interval() const { return intervalMs_; }
 
   private:
@@ -45,7 +45,7 @@ class CycleTimer {
 
     CycleTimerParts p_;
     std::int32_t intervalMs_;
-    /// Runs only while this is enabled.
+    /// Running only while this is enabled.
     Timers::Id timer_ = 0;
 };
 

@@ -12,7 +12,7 @@
 
 namespace quavix {
 
-/// Returns the names of the devices `first` to `count` - 1; none where `count` is 0.
+/// Returns the names of the devices `first` to `count` - 1; none if `count` is 0.
 inline std::vector<std::string> DeviceNames(MidiPort& port, std::int32_t first, std::int32_t count) {
     std::vector<std::string> names;
     for (std::int32_t device = first; count > 0 && device < count; ++device)
@@ -20,8 +20,8 @@ inline std::vector<std::string> DeviceNames(MidiPort& port, std::int32_t first, 
     return names;
 }
 
-/// Returns the place in the list `now` of the device at the place `chosen` of the list `before`; -1 for none.
-/// Of devices with one name it is the one in the same place, or else the first.
+/// Returns the place in the list `now` of the device at `chosen` in the list `before`, or -1 if it is gone.
+/// Among devices with the same name, prefers the same place, else the first.
 inline std::int32_t PlaceOfDevice(const std::vector<std::string>& before, std::int32_t chosen,
                                   const std::vector<std::string>& now) {
     const auto place = static_cast<std::size_t>(chosen);
@@ -33,8 +33,8 @@ inline std::int32_t PlaceOfDevice(const std::vector<std::string>& before, std::i
     return found == now.end() ? -1 : static_cast<std::int32_t>(found - now.begin());
 }
 
-/// Searches again for the devices from `first` on, for a list that shows them: `chosen`, its entry, stays
-/// with its device, or is -1 where that is gone.
+/// Searches again for the devices from `first` on, for a list that shows them: `chosen` stays with its
+/// device, or becomes -1 if the device is gone.
 inline void FindDevicesAgain(MidiPort& port, std::int32_t first, Watched<std::vector<std::string>>& devices,
                              Watched<std::int32_t>& chosen) {
     const std::vector<std::string> before = devices;

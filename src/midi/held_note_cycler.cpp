@@ -48,7 +48,7 @@ void HeldNoteCycler::PlayLiveMIDIInput(UsingForm& usingForm) {
         Pulse(usingForm, held[next]);
 }
 
-/// A cycle takes 30 ms, but no pulse more than 15. The field marks most of these values as too short.
+/// Sets 30 ms per cycle, at most 15 ms per pulse. The field marks most of these values as too short.
 void HeldNoteCycler::SetAlternateTime(std::int32_t count) {
     constexpr double CycleMs = 30;
     constexpr std::int32_t LongestMs = 15;
@@ -61,7 +61,7 @@ void HeldNoteCycler::Pulse(UsingForm& usingForm, std::int32_t note) {
         tones_.Sound(
             ToneOfMidiNote(note, song_.AlternateTime, {.SpecificContinuous = true, .FMODNoWait = true}));
     }
-    // Released in the tone, it would not sound when it is struck again.
+    // If the note was released during the tone, marking it as played would keep it silent when struck again.
     if (usingForm.OnlyPlayNoteOnce && usingForm.GetMIDINoteIsOn(note))
         usingForm.SetMIDINoteHasPlayed(note);
     ++cycleIndex_;

@@ -10,16 +10,16 @@
 
 namespace quavix {
 
-/// Plays any number of notes on an output that sounds one at a time: a brief pulse of each held note in turn,
-/// from the lowest to the highest and again. The place in the cycle is shared by all forms that use it.
+/// Plays any number of notes on an output for single tones: a short pulse of each held note in turn, from the
+/// lowest to the highest, repeated. All forms share the position in the cycle.
 class HeldNoteCycler {
   public:
     HeldNoteCycler(SongFields& song, PlaybackView& view, ToneOutput& tones, FmodToneGenerator& generator)
         : song_(song), view_(view), tones_(tones), generator_(generator) {}
 
-    /// One step: shows the held notes and sounds the next one for the alternate time, which the form's
-    /// AutoTimeCheck sets by their number first. Without a held note the tone generator is silenced. Handlers
-    /// may run in the tone.
+    /// Does one step: shows the held notes and sounds the next one for the alternate time. If the form's
+    /// AutoTimeCheck is ticked, first sets that time by the number of held notes. Without a held note,
+    /// silences the tone generator. Handlers may run during the tone.
     void PlayLiveMIDIInput(UsingForm& usingForm);
 
   private:

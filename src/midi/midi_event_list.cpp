@@ -17,16 +17,16 @@ using Tracks = std::vector<std::vector<MidiFileEvent>>;
 
 constexpr std::uint32_t TracksOfTheirOwn = 2;
 
-/// Merges lists of events, each in ascending order of time, into one; of events at the same time, those of
-/// the earlier list come first. The lists must outlive it and stay as they are.
+/// Merges lists of events, each in ascending order of time, into one; at equal times, events of the earlier
+/// list come first. The lists must outlive it and stay unchanged.
 ///
-/// A tournament: the leaves of a tree are the lists' next events, each node the number of the earlier one of
-/// the two below. An event costs one step per level, and no branch that the processor has to guess.
+/// A tournament tree: the leaves are the next events of the lists, and each node is the earlier of its two
+/// children. An event costs one step per level, without unpredictable branches.
 class TimedEventMerge {
   public:
     explicit TimedEventMerge(const std::vector<std::vector<TimedMidiEvent>>& lists);
 
-    /// Behind the last event, null.
+    /// Returns the next event; null behind the last one.
     const TimedMidiEvent* Next() {
         const Node winner = nodes_[1];
         if (winner.Key == NoMore)
@@ -52,7 +52,7 @@ class TimedEventMerge {
     };
     static constexpr std::uint64_t NoMore = UINT64_MAX;
 
-    /// Times are not negative, so their bits are in the same order as they are.
+    /// Times are not negative, so their bits sort like the numbers.
     static std::uint64_t KeyOf(const Head& head) {
         return head.At == head.End ? NoMore : std::bit_cast<std::uint64_t>(head.At->AbsoluteMs);
     }
@@ -63,7 +63,7 @@ class TimedEventMerge {
 
     std::vector<Head> heads_;
     std::size_t leaves_;
-    /// Node n stands above 2n and 2n + 1; 0 is none.
+    /// Node n is the parent of 2n and 2n + 1; index 0 is unused.
     std::vector<Node> nodes_;
 };
 
@@ -93,7 +93,7 @@ class Decoding {
     }
 
   private:
-    /// The tick of the list at which each track begins.
+    /// Sets the tick of the list at which each track begins.
     void SetOrigins() {
         origins_.assign(file_.Tracks.size(), 0);
         if (file_.Format != TracksOfTheirOwn)
@@ -121,7 +121,7 @@ class Decoding {
         return true;
     }
 
-    /// A track's ticks are given up for its times, so that not all of both take memory.
+    /// Computes a track's times and frees its ticks, so that memory never holds both for all tracks.
     bool TimeTracks() {
         for (std::size_t i = 0; i < file_.Tracks.size(); ++i) {
             if (!ShowTrack("Decoding absolute timings", i))
@@ -155,7 +155,7 @@ class Decoding {
         for (std::size_t percent = 0; percent <= Percent; ++percent) {
             if (!ShowShare(percent))
                 return std::nullopt;
-            // As many as round to this share.
+            // The number of events whose share rounds to this percentage.
             const std::size_t end = std::min(count_, (2 * percent + 1) * count_ / (2 * Percent));
             while (events.size() < end)
                 events.push_back(*merge.Next());

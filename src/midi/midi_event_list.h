@@ -11,7 +11,7 @@
 
 namespace quavix {
 
-/// One event of a MIDI file in the order of playback. The bytes are as MidiFileEvent has them.
+/// One event of a MIDI file in playback order. The bytes are those of MidiFileEvent.
 struct TimedMidiEvent {
     /// Milliseconds since the start of the file.
     double AbsoluteMs = 0;
@@ -22,12 +22,12 @@ struct TimedMidiEvent {
     bool operator==(const TimedMidiEvent&) const = default;
 };
 
-/// Shows how far the decoding is ("Decoding events... 40%"), and ends it with false.
+/// Shows the decoding progress ("Decoding events... 40%"). Returns false to stop.
 using DecodingProgress = std::function<bool(const std::string& text)>;
 
-/// Puts all events of a file into one list in ascending order of time, the earlier track first. Tempo changes
-/// count for all tracks, whichever they stand in; in a file of format 2 the tracks follow each other, each
-/// with its own tempo. Nothing where `progress`, which may not be empty, has ended it.
+/// Merges all events of a file into one list in ascending order of time; at equal times the earlier track is
+/// first. Tempo changes apply to all tracks; in a file of format 2 the tracks follow each other, each with
+/// its own tempo. Returns nothing if `progress`, which may not be empty, has stopped it.
 std::optional<std::vector<TimedMidiEvent>> DecodeMidiFile(MidiFileContent file,
                                                           const DecodingProgress& progress);
 

@@ -12,7 +12,7 @@
 namespace quavix {
 namespace {
 
-/// Far above what the most events need; a file that is larger holds something else.
+/// Far more bytes than the most events need; a larger file is no MIDI file.
 constexpr std::uint64_t MostBytes = std::uint64_t{1} << 28U;
 
 bool EndsIn(std::string_view name, std::string_view ending) {
@@ -27,7 +27,7 @@ std::string CanNotBeRead(const std::error_code& error) {
     return fmt::format("The file can't be read: {}.", error.message());
 }
 
-/// The whole file; otherwise `problem` says why not. False where `goOn` has stopped it.
+/// Reads the whole file; on failure sets `problem`. Returns false if `goOn` has stopped it.
 bool ReadBytes(const std::string& fileName, Files& disk, const std::function<bool()>& goOn,
                std::string& bytes, std::string& problem) {
     std::error_code error;

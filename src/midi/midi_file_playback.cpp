@@ -39,7 +39,7 @@ void MidiFilePlayback::SwitchOn() {
         return;
     if (p_.State.ShuttingDown)
         return;
-    // The mod that excludes this one may have been ticked meanwhile.
+    // MIDI input, which excludes this mod, may have been ticked meanwhile.
     if (!p_.Mods.UseMIDIFile.Enabled) {
         p_.Mods.UseMIDIFile.Ticked = false;
         return;
@@ -118,7 +118,7 @@ bool MidiFilePlayback::Open(const std::string& fileName) {
         return false;
     if (playing_)
         cmdStop_Click();
-    // Whatever was pressed in the last tone was meant for the old file.
+    // Cancels commands that still wait for the last tone: they were for the old file.
     ++commands_;
     EndPlaying();
     events_ = std::move(*opened.Events);
@@ -128,8 +128,7 @@ bool MidiFilePlayback::Open(const std::string& fileName) {
     return true;
 }
 
-/// Lets the window show it, and its buttons be pressed, now and then; each text would take longer than what
-/// it tells of.
+/// Shows a text, and runs window events every 20 ms: doing so for each text would take longer than the work.
 bool MidiFilePlayback::ShowInfoText(const std::string& text) {
     constexpr double EventsRunEveryMs = 20;
     if (!text.empty()) {
@@ -191,12 +190,12 @@ void MidiFilePlayback::sldPosition_Change(std::int32_t position) {
     ReleaseAllNotes();
     const double share = std::clamp(position, 0, SliderHighest) / static_cast<double>(SliderHighest);
     playPosition_ = static_cast<std::size_t>(RoundHalfEven(share * static_cast<double>(events_.size())));
-    // The slider stays where the user has it, even where the file has no event for each place.
+    // The slider stays at the user's place, even if the file has fewer events than places.
     sldPosition = position;
     ShowPositionTexts();
 }
 
-/// Releases all notes: those held at the old place have no end at the new one.
+/// Moves to another place and releases all notes, because their note-offs would be skipped.
 void MidiFilePlayback::MoveTo(std::size_t position) {
     ReleaseAllNotes();
     playPosition_ = position;

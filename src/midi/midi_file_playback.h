@@ -44,8 +44,8 @@ struct MidiFileParts {
     DebugLog& Log;
 };
 
-/// Plays a MIDI file: its notes are held and released at their times, and the cycler pulses those that are
-/// held. Switched on and off by UseMIDIFileCheck; while it is on, MIDI input can't be.
+/// Plays a MIDI file: its notes are held and released at their times, and the cycler pulses the held ones.
+/// Switched by UseMIDIFileCheck; while it is on, MIDI input is disabled.
 class MidiFilePlayback final : public UsingForm {
   public:
     explicit MidiFilePlayback(const MidiFileParts& parts);
@@ -54,12 +54,12 @@ class MidiFilePlayback final : public UsingForm {
     Watched<bool> MIDIFileFormVisible{false};
     Watched<std::string> txtFile;
     Watched<bool> cmdBrowseEnabled{true};
-    /// There is something to play.
+    /// True if a file with events is open.
     Watched<bool> frmPlaybackEnabled{false};
     Watched<bool> chkLoop{false};
     Watched<std::string> lblPosPercent{"100.00%"};
     Watched<std::string> lblPosSecs{"00:00.00"};
-    /// Place of the slider: 0 to SliderHighest. When the user moves it, sldPosition_Change() is called.
+    /// Position of the slider: 0 to SliderHighest. The user's changes arrive in sldPosition_Change().
     Watched<std::int32_t> sldPosition{0};
     static constexpr std::int32_t SliderHighest = 1000;
     Watched<bool> frmInfoTextVisible{false};
@@ -67,27 +67,27 @@ class MidiFilePlayback final : public UsingForm {
 
     /// Asks for a file and opens it.
     void cmdBrowse_Click();
-    /// Goes on where playback was stopped; from the beginning at the end. Nothing without a file.
+    /// Continues where playback was stopped; at the end, starts again. Does nothing without a file.
     void cmdPlay_Click();
-    /// Also ends an opening.
+    /// Stops playback, or opening a file.
     void cmdStop_Click();
     void cmdRewind_Click();
-    /// The user has moved the slider: playback stops, at that place.
+    /// Handles a move of the slider by the user: playback stops at that place.
     void sldPosition_Change(std::int32_t position);
 
-    /// Switches the mod on, where it isn't, and MIDI input off, which it excludes, and opens a file.
+    /// Switches the mod on if necessary, MIDI input off, and opens a file.
     void UseFile(const std::string& fileName);
 
-    /// Opens a file in the place of the one that is open, and stops at its beginning. False where it can't be
-    /// played, which a message tells, or where the opening was stopped: all stays as it was. Too many events
-    /// raise SubscriptOutOfRange.
+    /// Replaces the open file, and stops at its beginning. Returns false, with nothing changed, if the file
+    /// can't be played, which a message shows, or if opening was stopped. Too many events raise
+    /// SubscriptOutOfRange.
     bool Open(const std::string& fileName);
 
     bool IsPlaying() const { return playing_; }
-    /// Of the file that is open, in milliseconds.
+    /// Returns the length of the open file in milliseconds.
     double Length() const { return events_.empty() ? 0 : events_.back().AbsoluteMs; }
 
-    /// Playback has come to its end; told before it starts again.
+    /// Called when playback has reached its end, before it may repeat.
     std::function<void()> OnEnd;
 
   private:
@@ -96,10 +96,10 @@ class MidiFilePlayback final : public UsingForm {
     void SwitchOff();
     void Form_Load();
     void EndPlaying();
-    /// Silences what sounds. Handlers may run; false where one of them was another command.
+    /// Stops playback and the tone. Handlers may run; returns false if one of them was another command.
     bool FadeOut();
     void tmrPlayback_Timer();
-    /// True when playback was at its end.
+    /// Returns true if playback has reached its end.
     bool EndCheck();
     void MoveTo(std::size_t position);
     void ShowPosition();
@@ -116,12 +116,12 @@ class MidiFilePlayback final : public UsingForm {
     bool stopOpening_ = false;
     double nextEventsRunMs_ = 0;
     std::vector<TimedMidiEvent> events_;
-    /// Of the event to be played next.
+    /// Index of the next event to be played.
     std::size_t playPosition_ = 0;
-    /// On the clock, where the file's time 0 lies, in milliseconds.
+    /// Clock time in milliseconds of the file's time 0.
     std::int64_t startTime_ = 0;
     bool playing_ = false;
-    /// How many commands there have been, so that what waits for a tone sees that it is overtaken.
+    /// Number of commands so far; a command that waits for a tone sees by it that a later one came.
     std::int64_t commands_ = 0;
 };
 

@@ -33,7 +33,7 @@ void MidiInput::UseMIDIInCheck_Click(bool ticked) {
     if (!p_.Controls.MakeReady(ControlInstaller::MidiDevicesControl, p_.Mods.UseMIDIIn.Ticked,
                                [this] { return p_.Device.Prepare(); }))
         return;
-    // The mod that excludes this one may have been ticked meanwhile.
+    // MIDI file playback, which excludes this mod, may have been ticked meanwhile.
     if (!p_.Mods.UseMIDIIn.Enabled) {
         p_.Mods.UseMIDIIn.Ticked = false;
         return;
@@ -63,7 +63,7 @@ void MidiInput::SetUpComboBox() {
     } else if (const std::int32_t count = p_.Device.DeviceCount(); count < 1) {
         p_.Log.LogText("No MIDI input devices - exiting sub");
     } else {
-        // There is no device -1 here, whatever the text says.
+        // The text says -1, but devices begin at 0 here.
         p_.Log.Text("Scanning input devices - -1 to {}", count - 1);
         const std::vector<std::string> names = DeviceNames(p_.Device, 0, count);
         for (std::size_t device = 0; device < names.size(); ++device)

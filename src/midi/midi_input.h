@@ -34,32 +34,31 @@ struct MidiInputParts {
     DebugLog& Log;
 };
 
-/// Live MIDI input: what is held on the keys of a device sounds, through the cycler, while its check box is
-/// ticked. Messages change the table of held notes only; the timer plays them. The box excludes that of MIDI
-/// files.
+/// Live MIDI input: while its check box is ticked, the held keys of a device sound through the cycler.
+/// Messages only change the table of held notes; the timer plays them. The box excludes that of MIDI files.
 class MidiInput : public UsingForm {
   public:
     explicit MidiInput(const MidiInputParts& parts);
     ~MidiInput();
 
-    /// Searches for devices, where none is open, and opens the first one.
+    /// Searches for devices and opens the first one, unless a device is open.
     void SetUpComboBox();
 
-    /// Opens the chosen device, where none is open. No device shows a message and disables the box; one that
-    /// refuses shows one and stops the music.
+    /// Opens the chosen device, unless one is open. If there is no device, shows a message and disables the
+    /// box; if the device can't be opened, shows a message and stops the music.
     void OpenInputDevice();
 
-    /// Closes the device. Its notes are released, as nobody would hear of their end.
+    /// Closes the device and releases its notes, because their note-offs would be missed.
     void CloseInputDevice();
 
-    /// Searches again, for the list that is about to be opened; the open device stays the chosen one.
+    /// Searches again, for a list that is about to open; the open device stays the chosen one.
     void FindDevices();
 
-    /// The click on an entry of the list, be it the one that is chosen already.
+    /// Handles a click on an entry of the list, even the one already chosen.
     void cmbMIDIInDevice_Click(std::int32_t entry);
 
-    /// Takes the messages that have arrived. Where some were lost, or the device is gone, all notes are
-    /// released; a device that is gone is told of once, and can be chosen again when it is back.
+    /// Takes the arrived messages. If some were lost, or the device is gone, releases all notes. A missing
+    /// device is reported once, and can be chosen again when it is back.
     void MIDIIn_Message();
 
     /// True once opening was tried, even if it failed.
@@ -68,9 +67,9 @@ class MidiInput : public UsingForm {
     // The window's own controls.
     Watched<bool> MIDIInFormVisible;
     Watched<std::vector<std::string>> MIDIInDevices;
-    /// Counts from 0; -1 is none.
+    /// Index from 0; -1 is none.
     Watched<std::int32_t> cmbMIDIInDevice{-1};
-    /// The MIDI system that the device belongs to, or what is wrong with it.
+    /// The MIDI system of the device, or the reason of a failure.
     Watched<std::string> lblInfoText;
 
   private:

@@ -11,7 +11,7 @@ namespace {
 
 constexpr std::int32_t NotesPerOctave = 12;
 
-// The spellings are the program's own. Four in a row, two rows to a family.
+// These spellings are fixed, misspellings included. Four names per line, two lines per family.
 // clang-format off
 constexpr std::array<const char*, 128> InstrumentNames = {
     "Grand Piano", "Bright Acoustic", "Electric Grand", "Honkey-Tonk",

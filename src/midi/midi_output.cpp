@@ -13,7 +13,7 @@ constexpr std::int32_t ProgramChange = 0xC0;
 constexpr std::int32_t NoteOnVelocity = 96;
 constexpr std::int32_t NoteOffVelocity = 0;
 
-/// A device is not asked more often than its line carries a message.
+/// Interval for retrying a busy device: about the time that a MIDI line takes for a message.
 constexpr std::int32_t BusyWaitMs = 1;
 
 MidiMessage Message(std::int32_t status, std::int32_t data1, std::int32_t data2) {
@@ -32,7 +32,7 @@ MidiOutput::MidiOutput(const MidiOutputParts& parts) : p_(parts) {
         p_.Handlers.Wrap("UseMIDIOutCheck_Click", [this](bool ticked) { UseMIDIOutCheck_Click(ticked); }));
 }
 
-/// A bare frequency is one of the metronome's two clicks, or stands for the note of all others.
+/// Returns the MIDI note of a tone. A bare frequency is one of the metronome's two clicks, else C3.
 std::int32_t MidiOutput::MidiNoteOf(const Tone& tone) {
     constexpr std::int32_t B5 = 71;
     constexpr std::int32_t B4 = 59;
@@ -89,7 +89,7 @@ void MidiOutput::UseMIDIOutCheck_Click(bool ticked) {
     if (Fields.cmbMIDIOutDevice < 0 && !Fields.MIDIOutDevices.Get().empty())
         Fields.cmbMIDIOutDevice = 0;
     OpenOutputDevice();
-    // The box may have been unticked meanwhile, as there is no device.
+    // If there is no device, the box has been unticked meanwhile.
     p_.Mods.UseMIDIOut.InUse = p_.Mods.UseMIDIOut.Ticked;
 }
 
@@ -155,7 +155,7 @@ void MidiOutput::OpenOutputDevice() {
 }
 
 void MidiOutput::CloseOutputDevice() {
-    EndSoundingNotes();  // before anything that can fail, as the log can
+    EndSoundingNotes();  // first, because the log may raise an error
     p_.Log.LogText("MIDIOutForm.CloseOutputDevice()");
     Fields.lblInfoText = "Closing output device, just a sec...";
     p_.Device.Close();
@@ -196,7 +196,7 @@ void MidiOutput::cmbChannel_Click(std::int32_t entry) {
     Fields.lblInfoText = StatusText();
 }
 
-/// False where the rest is somebody else's, or the program ends.
+/// Returns false if a later request takes over the rest, or the program ends.
 bool MidiOutput::SilenceChannel(std::int32_t channel, std::int32_t silencing) {
     Fields.lblInfoText = fmt::format("Silencing channel {}/16, just a sec...", channel + 1);
     for (std::int32_t note = 0; note < Notes; ++note) {
@@ -218,7 +218,7 @@ void MidiOutput::EndSoundingNotes() {
     sounding_.reset();
 }
 
-/// Returns what the window says while nothing is under way.
+/// Returns the window's text for the idle state.
 std::string MidiOutput::StatusText() {
     if (!MIDIOutIsOpen)
         return "";
@@ -227,7 +227,7 @@ std::string MidiOutput::StatusText() {
     return p_.Device.Problem();
 }
 
-/// Returns true if the message was sent.
+/// Sends a message with a data byte 1 of 0..127. Returns true if it was sent.
 bool MidiOutput::Send(std::int32_t status, std::int32_t data1, std::int32_t data2) {
     if (data1 < 0 || data1 >= Notes)
         return false;
@@ -237,8 +237,8 @@ bool MidiOutput::Send(std::int32_t status, std::int32_t data1, std::int32_t data
     return result == MidiSendResult::Sent;
 }
 
-/// Gives a busy device all the time that it needs; at the program's end, some. It may be another one, or
-/// none, after a wait.
+/// Retries until a busy device takes the message; when the program ends, at most 250 times. The device may
+/// have changed or vanished during a wait.
 MidiSendResult MidiOutput::Deliver(const MidiMessage& message) {
     constexpr int TriesAtTheEnd = 250;
     MidiSendResult result = p_.Device.Send(message);

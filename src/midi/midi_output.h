@@ -29,10 +29,10 @@ struct MidiOutputParts {
     DebugLog& Log;
 };
 
-/// Contents of the controls of the MIDI output window. Lists count from 0; -1 is no entry.
+/// Contents of the MIDI output window. Lists count from 0; -1 is no entry.
 struct MidiOutputFields {
     Watched<bool> MIDIOutFormVisible;
-    /// Entry k stands for device k - 1; the first is the virtual port.
+    /// Entry k is device k - 1; the first is the virtual port.
     Watched<std::vector<std::string>> MIDIOutDevices;
     Watched<std::int32_t> cmbMIDIOutDevice{-1};
     Watched<std::int32_t> cmbChannel{-1};
@@ -40,8 +40,8 @@ struct MidiOutputFields {
     Watched<std::string> lblInfoText;
 };
 
-/// MIDI output: sends every tone to the device of the user's choice too. Its check box opens and closes the
-/// device, which is never left with notes sounding.
+/// MIDI output: also sends every tone to the user's MIDI device. Its check box opens and closes the device,
+/// after ending all sounding notes.
 class MidiOutput {
   public:
     static constexpr std::int32_t Channels = 16;
@@ -51,35 +51,35 @@ class MidiOutput {
     MidiOutput(const MidiOutput&) = delete;
     MidiOutput& operator=(const MidiOutput&) = delete;
 
-    /// Send the note-on before a tone and the note-off after it, on the selected channel. Each warns of a
-    /// text that names no note.
+    /// Send the note-on before a tone and the note-off after it, on the selected channel. Both show a warning
+    /// if the text names no note.
     void ToneStarts(const Tone& tone);
     void ToneEnds(const Tone& tone);
 
-    /// A note outside 0..127, which no MIDI message can hold, is logged, but not sent. While the device is
-    /// busy handlers run; where there is none, nothing happens; one that has vanished shows one message and
-    /// unticks the box.
+    /// Sends a note-on. A note outside 0..127 is logged, but not sent. While the device is busy, handlers
+    /// run. Without a device nothing is sent; if the device has vanished, shows one message and unticks the
+    /// box.
     void MIDINoteOn(std::int32_t midiNoteNum);
-    /// A `channel` outside 0..15 stands for the selected one.
+    /// Sends a note-off. A `channel` outside 0..15 means the selected one.
     void MIDINoteOff(std::int32_t midiNoteNum, std::int32_t channel);
 
-    /// Searches for devices, where none is open, and opens the first one.
+    /// Searches for devices and opens the first one, unless a device is open.
     void SetUpComboBox();
 
-    /// Opens the chosen device, where none is open. No device shows a message and disables the box; one that
-    /// refuses shows one and stops the music.
+    /// Opens the chosen device, unless one is open. If there is no device, shows a message and disables the
+    /// box; if the device can't be opened, shows a message and stops the music.
     void OpenOutputDevice();
 
-    /// Ends the notes that sound, and closes the device.
+    /// Ends the sounding notes, and closes the device.
     void CloseOutputDevice();
 
-    /// Searches again, for the list that is about to be opened; the open device stays the chosen one.
+    /// Searches again, for a list that is about to open; the open device stays the chosen one.
     void FindDevices();
 
-    // The clicks on an entry of the lists, be it the one that is chosen already.
+    // Handle clicks on an entry of the lists, even the one already chosen.
     void cmbMIDIOutDevice_Click(std::int32_t entry);
-    /// Besides, sends a note-off for every note on every channel. Handlers run meanwhile; a later click takes
-    /// the rest over.
+    /// Also sends a note-off for every note on every channel. Handlers run meanwhile; a later click takes
+    /// over the rest.
     void cmbChannel_Click(std::int32_t entry);
     void cmbInstrument_Click(std::int32_t entry);
 
@@ -102,7 +102,7 @@ class MidiOutput {
     MidiOutputParts p_;
     std::int32_t midiChannel_ = 0;
     bool loaded_ = false;
-    /// Counts the requests for silence: a later one does all that an earlier one still had to do.
+    /// Number of silencing requests; a later one replaces the rest of an earlier one.
     std::int32_t silencings_ = 0;
     std::bitset<static_cast<std::size_t>(Channels) * Notes> sounding_;
 };

@@ -38,8 +38,8 @@ TempoCursor::TempoCursor(const TempoMap& map) : segments_(map.Segments()) {
     Use(0);
 }
 
-/// In growing steps: the next change is near as a rule, but a track may have few events and a file very many
-/// changes.
+/// Searches in growing steps: the next change is usually near, but a track may have few events and a file
+/// very many changes.
 void TempoCursor::GoTo(std::uint64_t tick) {
     std::size_t step = 1;
     while (at_ + step < segments_.size() && segments_[at_ + step].Tick <= tick)

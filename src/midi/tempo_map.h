@@ -10,30 +10,30 @@
 
 namespace quavix {
 
-/// The times of the ticks of a MIDI file. Times are milliseconds since tick 0.
+/// The times of a MIDI file's ticks, in milliseconds since tick 0.
 class TempoMap {
   public:
-    /// Half a second per quarter note, which holds until the first change.
+    /// Tempo until the first change: 0.5 s per quarter note.
     static constexpr std::uint32_t DefaultMicroseconds = 500000;
 
-    /// From this tick on, which is at this time, each tick lasts so long.
+    /// A part with constant tempo: it begins at a tick and a time, and each tick has the same length.
     struct Segment {
         std::uint64_t Tick;
         double Ms;
         double MsPerTick;
     };
 
-    /// Ticks are measured as the file says; its tracks are not looked at.
+    /// Takes the time division of the file; ignores its tracks.
     explicit TempoMap(const MidiFileContent& file);
 
-    /// A quarter note lasts so many microseconds from `tick` on. Changes may come in any order; of those at
-    /// one tick the last one holds. Without effect where the file's times are frames.
+    /// Sets the length of a quarter note from `tick` on. Changes may come in any order; of several at one
+    /// tick, the last one applies. Has no effect if the file's times are in frames.
     void Add(std::uint64_t tick, std::uint32_t microsecondsPerQuarter);
 
-    /// To be called once behind the last change, before times are asked for.
+    /// Has to be called once after the last change, before times are queried.
     void Finish();
 
-    /// In order of their ticks; the first one begins at tick 0.
+    /// Returns the segments in order of their ticks; the first one begins at tick 0.
     const std::vector<Segment>& Segments() const { return segments_; }
 
   private:
@@ -43,7 +43,7 @@ class TempoMap {
     std::vector<Segment> segments_;
 };
 
-/// Goes through a track's ticks, which never fall. The map must outlive it.
+/// A cursor over a track's ticks, which never decrease. The map must outlive it.
 class TempoCursor {
   public:
     explicit TempoCursor(const TempoMap& map);

@@ -10,7 +10,7 @@
 
 namespace quavix {
 
-/// The notes that are held down, by MIDI note number. A number outside 0..127 raises SubscriptOutOfRange.
+/// The table of held notes by MIDI note number. A number outside 0..127 raises SubscriptOutOfRange.
 class HeldNotes {
   public:
     static constexpr std::int32_t Count = 128;
@@ -18,13 +18,13 @@ class HeldNotes {
     enum State : std::uint8_t {
         NotHeld = 0,
         Held = 1,
-        /// Held, but already played once and to be left out from then on.
+        /// Held, but already played once and left out from now on.
         HasPlayed = 2
     };
 
     State At(std::int32_t note) const;
 
-    /// A note that is held already, played or not, stays as it is.
+    /// Marks a note as held. A note that is already held, played or not, stays unchanged.
     void Press(std::int32_t note);
     void Release(std::int32_t note);
     void SetHasPlayed(std::int32_t note);
@@ -34,9 +34,9 @@ class HeldNotes {
     std::array<State, Count> states_{};
 };
 
-/// A label of the grid of held notes.
+/// A label in the grid of held notes.
 struct OnNoteLabel {
-    /// Colour values as the main window's fields have them.
+    /// Colours, as red + green × 256 + blue × 65536.
     static constexpr std::int32_t Listed = 128;
     static constexpr std::int32_t Pulsed = 255;
 
@@ -59,32 +59,32 @@ class UsingForm {
     UsingForm(const UsingForm&) = delete;
     UsingForm& operator=(const UsingForm&) = delete;
 
-    /// True when the note is held and still to be cycled.
+    /// Returns true if the note is held and in the cycle.
     bool GetMIDINoteIsOn(std::int32_t checkIndex) const { return notes_.At(checkIndex) == HeldNotes::Held; }
-    /// The note drops out of the cycle until it is released and struck again.
+    /// Removes the note from the cycle until it is released and struck again.
     void SetMIDINoteHasPlayed(std::int32_t setIndex) { notes_.SetHasPlayed(setIndex); }
-    /// Some note is held and still to be cycled.
+    /// Returns true if any note is held and in the cycle.
     bool HoldsNotes() const;
     void ReleaseAllNotes() { notes_.ReleaseAll(); }
 
-    /// A message changes the table: a note-on holds its note, a note-off or a note-on of velocity 0 releases
-    /// it. Other messages, and those on channels that aren't ticked, are ignored. A `data1` outside 0..127
+    /// Applies a message to the table: a note-on holds its note; a note-off, or a note-on of velocity 0,
+    /// releases it. Other messages, and those on unticked channels, are ignored. A `data1` outside 0..127
     /// raises SubscriptOutOfRange.
     void TakeMessage(std::int32_t status, std::int32_t data1, std::int32_t data2);
 
-    /// The same, ignoring also messages with a `data1` outside 0..127.
+    /// Same, but also ignores messages with a `data1` outside 0..127.
     void SimulateMIDIMessage(std::int32_t message, std::int32_t data1, std::int32_t data2);
 
-    /// A note drops out of the cycle when it has been played. OnlyOnceCheck sets it.
+    /// True if a note leaves the cycle when it has been played. Set by OnlyOnceCheck.
     bool OnlyPlayNoteOnce = false;
 
     // The controls.
-    /// Un-ticking one releases all held notes, whatever their channels.
+    /// Channels to listen to. Un-ticking one releases all held notes, on any channel.
     std::array<Watched<bool>, Channels> ListenChannelCheck;
     Watched<bool> SaveCPUCheck;
     Watched<bool> AutoTimeCheck;
     Watched<bool> OnlyOnceCheck;
-    /// Changed all at once.
+    /// All labels, changed at once.
     Watched<OnNoteLabels> lblOnNotes;
     Watched<std::string> lblMoreOnNotes{"(More)"};
     Watched<bool> lblMoreOnNotesVisible;

@@ -7,7 +7,7 @@
 namespace quavix {
 namespace {
 
-/// What a box does to the selected lines when it is un-ticked.
+/// Undo name of un-ticking a box: the selected lines lose their Mod.
 constexpr const char* PlainLength = "Plain length";
 
 }  // namespace

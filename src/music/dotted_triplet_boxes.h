@@ -9,8 +9,8 @@
 namespace quavix {
 
 /// The Dotted and Triplet boxes: at most one is ticked, and they write the Mod of the selected lines. Without
-/// a selected line they only preset the next note's. Watches the boxes for as long as the fields live, and
-/// must live as long.
+/// a selection they only preset the next note's Mod. Watches the boxes during the whole lifetime of the
+/// fields, and must live as long.
 class DottedTripletBoxes {
   public:
     DottedTripletBoxes(EntryOptions& entry, MusicList& list, EditHistory& history, DebugLog& log);
@@ -20,8 +20,8 @@ class DottedTripletBoxes {
     void ModDottedCheck_Click();
     void ModTripletCheck_Click();
 
-    /// Sets the boxes from the selected line, which has that Mod already and keeps its spelling ("DOT"); does
-    /// nothing without one.
+    /// Sets the boxes from the selected line without writing to it, so that it keeps its spelling ("DOT").
+    /// Does nothing without a selection.
     void UpdateModButtons();
 
   private:

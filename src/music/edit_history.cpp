@@ -72,9 +72,9 @@ void EditHistory::StartOver() {
 }
 
 void EditHistory::MarkSaved() {
-    looseStep_ = false;  // so that undoing can come back to here
+    looseStep_ = false;  // so that Undo() can return to this state
     savedState_ = State();
-    song_.AlternateTime.Keep();  // the file has the one in use
+    song_.AlternateTime.Keep();  // the file contains the time in use
     savedSettings_ = SoundSettings::Of(song_);
     ShowState();
 }
@@ -101,7 +101,7 @@ void EditHistory::BeforeChange() {
         open_ = {.Name = "Change", .SelectionBefore = ListSelection::Of(list_)};
 }
 
-/// A change outside a gesture is a step, or joins the one before it.
+/// Makes a change outside a gesture a step, or joins it to the step before.
 void EditHistory::Changed() {
     if (restoring_ || depth_ > 0)
         return;

@@ -18,45 +18,45 @@
 
 namespace quavix {
 
-/// The steps by which the song came to be what it is, to be undone and redone. A step is what one gesture
-/// changed in the list's texts, with the selection before and after it; a gesture that changes no text is
-/// none. Changes outside any gesture gather in a step named "Change" until the next gesture. A reset of the
-/// list (a song loaded, everything cleared) starts over.
+/// The undo history of the song. A step holds the changes of one gesture to the list's texts, and the
+/// selection before and after it; a gesture that changes no text makes no step. Changes outside any gesture
+/// join a step named "Change" until the next gesture. A reset of the list (a song loaded, everything cleared)
+/// empties the history.
 ///
-/// Keeps only what changed, in numbers of texts: some 20 bytes for a row that came or went. The oldest steps
-/// are forgotten where they hold more than HighestSize rows together; the newest is always kept.
+/// Stores changes only, as numbers of texts: about 20 bytes for an inserted or removed row. When the steps
+/// exceed HighestSize rows together, the oldest are dropped; the newest always stays.
 class EditHistory : private MusicListObserver {
   public:
     static constexpr std::size_t HighestSize = 4'000'000;
 
-    /// Watches the song's fields for as long as they live, and must live as long; must not outlive the list.
+    /// Watches the fields during their whole lifetime, and must live as long; must not outlive the list.
     EditHistory(SongFields& song, MusicList& list);
     ~EditHistory() override;
     EditHistory(const EditHistory&) = delete;
     EditHistory& operator=(const EditHistory&) = delete;
 
-    // What can be undone and redone, with the commands' captions ("Undo Erase line").
+    // State of undo and redo, with the captions of the commands ("Undo Erase line").
     Watched<bool> CanUndo;
     Watched<bool> CanRedo;
     Watched<std::string> UndoText{"Undo"};
     Watched<std::string> RedoText{"Redo"};
-    /// The list or the sound settings differ from those of the last save or load. Undoing back to it, or
-    /// setting a value back, makes the song unmodified again.
+    /// True if the list or the sound settings differ from those of the last save or load. Undoing back to it,
+    /// or restoring a value, makes the song unmodified again.
     Watched<bool> Modified;
 
-    /// Takes the last step back, or does it again: rows and selection are as they were, and the selected line
-    /// is scrolled into view. Does nothing where there is no such step, and inside a gesture.
+    /// Undoes or redoes a step: restores rows and selection, and scrolls the selected line into view. Does
+    /// nothing if there is no such step, or inside a gesture.
     void Undo();
     void Redo();
 
-    /// Forgets all steps; the song as it is now counts as saved.
+    /// Forgets all steps; the present song counts as saved.
     void StartOver();
-    /// The song as it is now has been saved.
+    /// Records that the present song has been saved.
     void MarkSaved();
-    /// The song as it is now is in no file, and nothing but MarkSaved() changes that (a recovered song).
+    /// Records that the present song is in no file (a recovered song). Only MarkSaved() changes that.
     void MarkUnsaved();
 
-    /// Called after a step was taken back or done again. `onlyMods`: it changed nothing but Mod cells.
+    /// Called after Undo() or Redo(). `onlyMods` is true if only Mod cells changed.
     std::function<void(bool onlyMods)> OnRestored;
 
   private:
@@ -91,7 +91,7 @@ class EditHistory : private MusicListObserver {
     MusicList& list_;
     TextPool texts_;
     std::deque<EditStep> steps_;
-    std::size_t applied_ = 0;  // so many steps are done, the others can be redone
+    std::size_t applied_ = 0;  // number of done steps; the others can be redone
     std::size_t size_ = 0;
     std::uint64_t lastState_ = 0;
     std::uint64_t firstState_ = 0;  // before the oldest step
@@ -99,13 +99,13 @@ class EditHistory : private MusicListObserver {
     SoundSettings savedSettings_;
     int depth_ = 0;
     bool restoring_ = false;
-    bool looseStep_ = false;  // the last step is open for more changes outside a gesture
-    EditStep open_;           // of the gesture, or the change, under way
+    bool looseStep_ = false;  // changes outside a gesture join the last step
+    EditStep open_;           // the gesture or change in progress
     TextPool::Id cellBefore_ = 0;
 };
 
-/// Makes one step, named as after the word "Undo" ("Erase line"), of all changes while it lives. Inside
-/// another gesture it belongs to that one. Must not be held across a wait.
+/// Makes all changes during its lifetime one step, whose name follows the word "Undo" ("Erase line"). Inside
+/// another gesture it is part of that one. Must not be held across a wait.
 class EditGesture {
   public:
     EditGesture(EditHistory& history, std::string name) : history_(history) {

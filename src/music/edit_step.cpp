@@ -15,7 +15,7 @@ void InsertLines(MusicList& list, const EditChange& change, const TextPool& text
     });
 }
 
-/// Makes the change, or takes it back.
+/// Makes the change, or undoes it if `back`.
 void Apply(MusicList& list, const EditChange& change, const TextPool& texts, bool back) {
     switch (change.What) {
         case EditChange::Kind::CellWritten:

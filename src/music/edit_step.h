@@ -18,11 +18,11 @@ struct EditChange {
     using Line = std::array<TextPool::Id, 4>;
 
     Kind What{};
-    /// Numbers in the longer list, ascending.
+    /// Row numbers in the longer list, ascending.
     std::vector<std::int32_t> Rows{};
-    /// What stands in inserted or removed rows.
+    /// Texts of inserted or removed rows.
     std::vector<Line> Lines{};
-    /// The cell that was written in each row, what it held, and what all of them hold.
+    /// The cell written in each row, its old texts, and the new text of all of them.
     Cell Written{};
     std::vector<TextPool::Id> Before{};
     TextPool::Id After = 0;
@@ -37,25 +37,25 @@ struct ListSelection {
     void Restore(MusicList& list) const;
 };
 
-/// What one gesture changed, and the selection around it.
+/// The changes of one gesture, and the selection before and after it.
 struct EditStep {
     std::string Name{};
     std::vector<EditChange> Changes{};
     ListSelection SelectionBefore{};
     ListSelection SelectionAfter{};
-    /// Names the state of the song after this step; no two states share one.
+    /// Identifies the song's state after this step; unique.
     std::uint64_t State = 0;
-    /// What it adds to the size of the history.
+    /// Size of the step, as counted by CountSize().
     std::size_t Size = 0;
 
     void TakeBack(MusicList& list, const TextPool& texts) const;
     void DoAgain(MusicList& list, const TextPool& texts) const;
 
-    /// Joins a change to the ones before it. A cell written twice in a row is one change, and none where it
-    /// holds again what it held; rows inserted one below the other, or given the same text, are one too.
+    /// Adds a change and joins it to the last one if possible: the same cell written twice (dropped if it
+    /// holds its old text again), rows inserted one below the other, or rows given the same text.
     void Add(EditChange change);
     bool ChangesOnlyMods() const;
-    /// Rows and runs kept, as a measure of memory.
+    /// Returns the number of rows and runs kept, as a measure of memory.
     std::size_t CountSize() const;
 };
 

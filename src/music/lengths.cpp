@@ -18,7 +18,7 @@ constexpr std::array<Length, 5> Lengths = {
     {{"Whole", 1.0}, {"Half", 0.5}, {"Quarter", 0.25}, {"1/8", 0.125}, {"1/16", 0.0625}}};
 
 constexpr double DottedFactor = 1.5;
-// Fifteen digits, not one third: the small shortfall is part of the timing.
+// Fifteen digits, not one third: the small difference is part of the timing.
 constexpr double TripletFactor = 0.333333333333333;
 
 }  // namespace

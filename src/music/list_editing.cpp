@@ -68,7 +68,7 @@ void ListEditing::FollowSelection() {
     ShowPositionUnlessPlaying();
 }
 
-/// The labels belong to the music while it plays.
+/// Updates the position labels, unless the playing music uses them.
 void ListEditing::ShowPositionUnlessPlaying() {
     if (!state_.MusicIsPlaying)
         showPosition_();

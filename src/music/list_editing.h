@@ -11,13 +11,12 @@
 
 namespace quavix {
 
-/// The commands that change the selected line, and which options of note entry are available. Where several
-/// lines are selected, clearing and erasing mean all of them. The commands do nothing without a really
-/// selected line, except the blank line. Watches the options for as long as the fields live, and must live as
-/// long.
+/// The commands that change the selected line, and the enabling of entry options. Clearing and erasing apply
+/// to all selected lines. Without a real selection only the blank line has an effect. Watches the options
+/// during the whole lifetime of the fields, and must live as long.
 class ListEditing {
   public:
-    /// `showPosition` brings the position display up to date with the selection.
+    /// `showPosition` updates the position display to the selection.
     ListEditing(EntryOptions& options, const ProgramState& state, MusicList& list, NoteEntry& entry,
                 DottedTripletBoxes& boxes, EditHistory& history, std::function<void()> showPosition);
     ListEditing(const ListEditing&) = delete;
@@ -25,17 +24,17 @@ class ListEditing {
 
     void ClearNote1Button_Click();
     void ClearNote2Button_Click();
-    /// "Erase whole line": the line that comes to stand in its place is selected, so that it can be erased
-    /// next; behind the last line, none is.
+    /// "Erase whole line": selects the line that takes its place, so that it can be erased next; behind the
+    /// last line, none.
     void Command1_Click();
     /// "Blank line": enters a line without a note, see NoteEntry.
     void SilentLineButton_Click();
     void UnselectButton_Click();
-    /// The user has selected another line, or several or none, without playing one: the Dotted and Triplet
-    /// boxes and the position go with it.
+    /// Updates the Dotted and Triplet boxes and the position after the user has changed the selection without
+    /// playing a line.
     void FollowSelection();
 
-    /// Which options of note entry are enabled.
+    /// Enable the entry options that have an effect.
     void NoteClickAddCheck_Click();
     void NoteReplaceCheck_Click();
 

@@ -9,13 +9,12 @@
 #include "shell/currency.h"
 #include "shell/watched.h"
 
-// The main window's fields by subject: the switches of the mods, the song's settings, and what its controls
-// hold. There is one of each, passed by reference to those who need it. The window sets a control's value
-// here when the user changes it, and watches it for everybody else's changes; a check box is true when
-// ticked.
+// The main window's fields by subject: the switches of the mods, the song's settings, and the values of the
+// controls. There is one object of each, passed by reference. The window sets a value here when the user
+// changes a control, and watches it for all other changes; a check box is true when ticked.
 namespace quavix {
 
-/// Settings that say how the song sounds.
+/// Settings of the sound of the song.
 struct SongFields {
     Setting BPM{parameter::Bpm};
     Setting BeatsPerBar{parameter::TimeSig};
@@ -47,12 +46,12 @@ struct EntryOptions {
     Watched<bool> NoteLengthReplaceCheckEnabled{false};
 };
 
-/// A mod's check box and its effect. Ticking or unticking the box, by whomever, switches the mod: its part of
+/// A mod's check box and its effect. A change of the value, from any source, switches the mod: its part of
 /// the program watches the value.
 struct Mod {
     Watched<bool> Ticked{false};
     Watched<bool> Enabled{true};
-    /// The mod works; a ticked one may have found no device.
+    /// True while the mod works; a ticked one may have found no device.
     bool InUse = false;
 };
 
@@ -82,20 +81,20 @@ struct OutputOptions {
     Watched<std::int32_t> VoiceVolSlider{parameter::VoiceVol.Default};
 };
 
-/// Activities of the whole program, which make way for each other.
+/// Activities of the whole program that exclude each other.
 struct ProgramState {
     Watched<bool> MusicIsPlaying;
-    /// The synchronized start waits for its time, or plays what it has started.
+    /// True while the synchronized start waits for its time, or plays what it has started.
     Watched<bool> StartIsAwaited;
-    /// That wait was asked for in the middle of a tone, and begins at its end.
+    /// True if that wait was requested during a tone, and begins at its end.
     bool StartIsHeldUp = false;
     bool ShuttingDown = false;
     /// Performance-counter counts per second, in the counter's own scale.
     Currency TickFreq;
 };
 
-/// The notes of the line that is sounding; empty texts for none. Two notes sound in turn, too quickly to be
-/// shown one by one.
+/// The notes of the sounding line; empty texts for none. Alternating notes change too quickly to be shown one
+/// by one.
 struct SoundingNotes {
     std::string Note1{};
     std::string Note2{};
@@ -103,7 +102,7 @@ struct SoundingNotes {
     friend bool operator==(const SoundingNotes&, const SoundingNotes&) = default;
 };
 
-/// Controls that playback enables, and what it shows.
+/// State of the controls during playback.
 struct PlaybackView {
     Watched<bool> PianoKeysEnabled{true};
     Watched<bool> PlayAllButtonEnabled{true};

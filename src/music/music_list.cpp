@@ -13,7 +13,7 @@ std::size_t Index(std::int32_t row) {
     return static_cast<std::size_t>(row) - 1;
 }
 
-/// Row numbers must ascend within 1 to `highest`.
+/// Raises IndexOutOfBounds unless row numbers ascend within 1 to `highest`.
 void CheckRows(std::span<const std::int32_t> rows, std::int32_t highest) {
     std::int32_t before = 0;
     for (const std::int32_t row : rows) {

@@ -10,7 +10,7 @@
 namespace quavix {
 namespace {
 
-/// The name of a note number, or what is entered for a number that is none.
+/// Returns the name of a note number, or "Err" with the number and "-" for an invalid one.
 std::string NoteLetterOf(std::int32_t noteNum) {
     const std::string letter = NoteNumToLetter(noteNum);
     return letter.empty() ? "Err" + std::to_string(noteNum) + "-" : letter;

@@ -17,11 +17,11 @@ class NoteEntry {
     NoteEntry(EntryOptions& entry, MusicList& list, EditHistory& history, DebugLog& log)
         : entry_(entry), list_(list), history_(history), log_(log) {}
 
-    /// Enters a note where the selection and the editing options say: as a new line before the selected one
-    /// (without one, at the end), or into the selected line. Then moves the selection so that the next note
-    /// follows this one. Note number -1 is no note: the line is silent, or keeps its notes. Any other number
-    /// outside 0..11 is entered as "Err" and the number. `octave` is written as given. `lengthIndex` is a
-    /// choice of the note-length list.
+    /// Enters a note according to the selection and the editing options: as a new line before the selected
+    /// one (without one, at the end), or into the selected line. Then moves the selection so that the next
+    /// note follows. Note number -1 means no note: the line is silent, or keeps its notes. Other numbers
+    /// outside 0..11 are entered as "Err" and the number. `octave` is written unchanged. `lengthIndex` is an
+    /// index of the note-length list.
     void AddNote(std::int32_t noteNum, std::int32_t octave, std::int32_t lengthIndex);
 
   private:

@@ -14,11 +14,11 @@ namespace {
 constexpr std::array<const char*, 12> Names = {"C",  "C#", "D",  "D#", "E",  "F",
                                                "F#", "G",  "G#", "A",  "A#", "B"};
 
-// Octave 7, in whole hertz: fractions are left out on purpose.
+// Frequencies of octave 7 in whole hertz; fractions are left out on purpose.
 constexpr std::array<std::int16_t, 12> Octave7 = {2093, 2217, 2349, 2489, 2637, 2794,
                                                   2960, 3136, 3322, 3520, 3729, 3951};
 
-/// Position of a name among the names, -1 where it is none of them.
+/// Returns the index of a name, or -1 if it is unknown.
 std::int16_t NumberOfName(std::string_view name) {
     for (std::size_t i = 0; i < Names.size(); ++i) {
         if (name == Names[i])
@@ -30,7 +30,7 @@ std::int16_t NumberOfName(std::string_view name) {
 }  // namespace
 
 std::int16_t FindNoteNum(std::string_view letterAndOctave) {
-    // Two characters first, so that "C#4" is never taken for a C.
+    // Two characters first, so that "C#4" is not taken for C.
     for (const std::size_t length : {2, 1}) {
         const std::string_view name = letterAndOctave.substr(0, length);
         const std::int16_t number = name.size() == length ? NumberOfName(name) : std::int16_t{-1};

@@ -4,20 +4,20 @@
 #include <cstdint>
 #include <limits>
 
-// The numeric settings: where each starts, what it may be, and what becomes of other numbers. The fields, the
-// sliders and the song reader take their numbers from here.
+// The numeric settings: their defaults, ranges and rules for other numbers. The fields, the sliders and the
+// song reader use them.
 namespace quavix {
 
-/// Treatment of a number outside a setting's range, and of a text that is no number.
+/// Treatment of numbers outside a setting's range, and of texts that are no number.
 enum class InputRule {
-    /// A slider's: the nearest number of the range is taken, wherever it comes from.
+    /// For sliders: any number becomes the nearest one in the range.
     Nearest,
-    /// A text field's: a typed number outside the range marks the field and is ignored, any other text
-    /// becomes the present number. A song's number is taken.
+    /// For text fields: a typed number outside the range marks the field and is ignored; any other text is
+    /// replaced by the present number. A song's number is taken even outside the range.
     Marked,
-    /// The same without an upper end, and a typed number below the range becomes its lowest.
+    /// Same, but limited above by the type only; a typed number below the range becomes the lowest.
     AtLeastLowest,
-    /// Like Marked; only digits can be typed, at most two.
+    /// Same as Marked, but only digits can be typed, at most two.
     Digits,
 };
 
@@ -26,17 +26,17 @@ struct Parameter {
     std::int32_t Lowest;
     std::int32_t Highest;
     InputRule Rule = InputRule::Nearest;
-    /// The integer type that holds the setting.
+    /// Range of the integer type that holds the setting.
     std::int32_t TypeLowest = std::numeric_limits<std::int32_t>::min();
     std::int32_t TypeHighest = std::numeric_limits<std::int32_t>::max();
-    /// Change of one click on the arrows beside the field.
+    /// Change per click on the arrows beside the field.
     std::int32_t Step = 1;
-    /// Form of the shown number: at least so many digits, then the unit.
+    /// Form of the shown number: at least this many digits, then the unit.
     int LeastDigits = 1;
     const char* Unit = "";
 
     constexpr bool Contains(double value) const { return value >= Lowest && value <= Highest; }
-    /// The nearest value of the range.
+    /// Returns the nearest value of the range.
     constexpr double Nearest(double value) const {
         return value < Lowest ? Lowest : value > Highest ? Highest : value;
     }
@@ -47,7 +47,7 @@ namespace parameter {
 /// Tempo in quarter-note beats per minute.
 inline constexpr Parameter Bpm{
     .Default = 140, .Lowest = 40, .Highest = 600, .Rule = InputRule::Marked, .Step = 5};
-/// Time that each of two alternating notes sounds, in ms.
+/// Duration of each of two alternating notes, in ms.
 inline constexpr Parameter AlternateTime{.Default = 20,
                                          .Lowest = 15,
                                          .Highest = 2000,
@@ -63,20 +63,20 @@ inline constexpr Parameter KeyboardOctave{.Default = 4,
                                           .TypeHighest = std::numeric_limits<std::uint8_t>::max()};
 /// Quarter-note beats per bar for the position display.
 inline constexpr Parameter TimeSig{4, 1, 16};
-/// Percentage of a line during which its note sounds.
+/// Part of a line's time during which its note sounds, in percent.
 inline constexpr Parameter NoteSilenceRatio{
     .Default = 90, .Lowest = 0, .Highest = 100, .LeastDigits = 2, .Unit = "%"};
-/// Share of the remaining distance that a glide covers per chunk of tone, in ten-thousandths.
+/// Part of the remaining distance that a glide covers per chunk of tone, in ten-thousandths.
 inline constexpr Parameter PitchMultiple{2500, 100, 10000};
-/// How long a glide sounds after the last note, in ms.
+/// Duration of a glide after the last note, in ms.
 inline constexpr Parameter SoundLength{250, 30, 3000};
-/// Octaves by which the motor plays lower than written.
+/// Number of octaves by which the motor plays lower than written.
 inline constexpr Parameter MotorOct{3, 0, 6};
 /// Volume of the voice in ten-thousandths.
 inline constexpr Parameter VoiceVol{2000, 0, 10000};
-/// Choice in the note-length list; others are ignored. Starts at an eighth.
+/// Index in the note-length list; other values are ignored. The default is an eighth.
 inline constexpr Parameter NoteLength{3, 0, 4};
-/// Numbers of a time of day.
+/// Parts of a time of day.
 inline constexpr Parameter Hour{.Default = 0, .Lowest = 0, .Highest = 23, .Rule = InputRule::Digits};
 inline constexpr Parameter Minute{.Default = 0, .Lowest = 0, .Highest = 59, .Rule = InputRule::Digits};
 inline constexpr Parameter Second = Minute;

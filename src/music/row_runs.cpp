@@ -73,7 +73,7 @@ void RowRuns::Clear() {
 void RowRuns::RowsInserted(std::span<const std::int32_t> rows) {
     RowRuns moved;
     std::int32_t before = 0;
-    // What stood at a row of the shorter list has so many of the new ones before it.
+    // True if the next inserted row comes before this row of the shorter list.
     const auto isBefore = [&](std::int32_t row) {
         const auto index = static_cast<std::size_t>(before);
         return index < rows.size() && rows[index] - before <= row;

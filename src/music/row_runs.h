@@ -7,7 +7,7 @@
 
 namespace quavix {
 
-/// Neighbouring rows, both ends included.
+/// A run of neighbouring rows, both ends included.
 struct RowRun {
     std::int32_t First;
     std::int32_t Last;
@@ -15,36 +15,36 @@ struct RowRun {
     friend bool operator==(const RowRun&, const RowRun&) = default;
 };
 
-/// A set of rows, kept as runs: what it costs depends on how many runs there are and not on their lengths, so
-/// that all rows of a long list are as quick as one.
+/// A set of rows, stored as runs: its cost depends on the number of runs and not on their lengths, so that
+/// all rows of a long list are as fast as one.
 class RowRuns {
   public:
     RowRuns() = default;
-    /// Runs in any order, which may overlap.
+    /// Makes a set of runs in any order, which may overlap.
     explicit RowRuns(std::vector<RowRun> runs);
-    /// Rows in any order, which may come several times.
+    /// Makes a set of rows in any order, which may be repeated.
     static RowRuns Of(std::span<const std::int32_t> rows);
 
-    /// In ascending order; there is a row between one and the next.
+    /// Returns the runs in ascending order, with at least one row between neighbours.
     const std::vector<RowRun>& Runs() const { return runs_; }
-    /// How many rows.
+    /// Returns the number of rows.
     std::int32_t Count() const { return count_; }
     bool Contains(std::int32_t row) const;
-    /// Every row, in ascending order.
+    /// Returns every row, in ascending order.
     std::vector<std::int32_t> Rows() const;
 
     void Remove(std::int32_t row);
     void Clear();
 
-    /// The rows stay the same ones while others come and go in their list. Numbers ascend and are those of
-    /// the longer list; rows that come are not in the set.
+    /// Renumber the set after a change of the list, so that it holds the same rows. `rows` ascend, as numbers
+    /// of the longer list; inserted rows are not in the set.
     void RowsInserted(std::span<const std::int32_t> rows);
     void RowsRemoved(std::span<const std::int32_t> rows);
 
     friend bool operator==(const RowRuns&, const RowRuns&) = default;
 
   private:
-    /// Behind all others, joined to the last one where they touch; nothing where it is empty.
+    /// Adds a run behind all others, joined to the last one if they touch; does nothing if it is empty.
     void Append(RowRun run);
 
     std::vector<RowRun> runs_;

@@ -10,29 +10,29 @@
 
 namespace quavix {
 
-/// Row of the list's selected item, or -1 when it has none. The row's flag may be clear.
+/// Returns the row of the list's selected item, or -1 if there is none. The row's flag may be clear.
 std::int32_t GetSelectedIndex(const MusicList& list);
 
-/// Whether a row of that number exists.
+/// Returns true if a row with that number exists.
 bool DoesIndexExist(const MusicList& list, std::int32_t indexToCheck);
 
-/// Whether there is a selected item whose flag is set: what every editing command asks first.
+/// Returns true if there is a selected item with its flag set. Every editing command checks this first.
 bool HasRealSelection(const MusicList& list);
 
-/// Whether the selected item's Mod contains `text`, in any letter case. False without a selected item.
+/// Returns true if there is a selected item, and its Mod contains `text` in any letter case.
 bool SelectedLineModContains(const MusicList& list, std::string_view text);
 
-/// The rows that an editing command works on: all with their flag set, or none without a real selection.
+/// Returns the rows for an editing command: all with their flag set, or none without a real selection.
 std::vector<std::int32_t> ReallySelectedRows(const MusicList& list);
 
 /// Writes a cell of the really selected rows; does nothing without one.
 void SetSelectedLines(MusicList& list, Cell cell, std::string_view text);
 
-/// The same for the Mod.
+/// Same for the Mod.
 void SetSelectedLineMod(MusicList& list, std::string_view text);
 
-/// Removes rows, of which there must be one and whose numbers must ascend. The row that comes to stand in the
-/// place of the last of them is selected; where there is none, nothing is.
+/// Removes rows, at least one, in ascending order. Selects the row that takes the place of the last of them,
+/// if there is one.
 void RemoveAndSelectNext(MusicList& list, std::span<const std::int32_t> rows);
 
 }  // namespace quavix

@@ -72,7 +72,7 @@ bool Setting::Takes(double number) const {
                                                    : range_.Contains(number);
 }
 
-/// The rules of the text fields. Text that can't be typed becomes one that can.
+/// Applies the rules of the text fields. Impossible text is replaced by the present number or ignored.
 void Setting::Write(SettingState& state, const std::string& text) const {
     if (!CanBeTyped(text)) {
         if (range_.Rule != InputRule::Digits)
@@ -96,7 +96,7 @@ void Setting::Write(SettingState& state, const std::string& text) const {
     }
 }
 
-/// The state with a number that is taken although a field may mark its text.
+/// Returns the state with a number that is taken even if a field marks its text.
 SettingState Setting::With(std::int32_t value, const std::string& text) const {
     SettingState state = state_;
     if (range_.Rule == InputRule::Nearest) {

@@ -16,26 +16,26 @@ inline constexpr std::int32_t Orange = 33023;
 inline constexpr std::int32_t DarkGreen = 32768;
 inline constexpr std::int32_t Red = 255;
 inline constexpr std::int32_t Yellow = 65535;
-/// The system's window background.
+/// Stands for the system's window background.
 inline constexpr std::int32_t WindowBackground = -1;
 }  // namespace colour
 
-/// A setting as the program uses it and as its control shows it.
+/// A setting's value, and its presentation in its control.
 struct SettingState {
     /// The number in use.
     std::int32_t Value = 0;
-    /// The number without what SetForNow() has set.
+    /// The song's number: the number in use without the effect of SetForNow().
     std::int32_t OfSong = 0;
     /// Text of the field, or the caption beside the slider.
     std::string Text{};
-    /// The field is orange while its text is a number that was ignored.
+    /// Background of the field: orange while its text is an ignored number.
     std::int32_t BackColor = colour::WindowBackground;
 
     friend bool operator==(const SettingState&, const SettingState&) = default;
 };
 
-/// One number that the user types, slides or steps and that songs bring along. Its Parameter says what it may
-/// be and what becomes of other input. Watchers are told after all parts of the state have been set.
+/// A number that the user types, slides or steps, and that songs contain. Its Parameter holds its range and
+/// the rule for other input. Watchers are called after the whole state has been set.
 class Setting {
   public:
     explicit Setting(const Parameter& range);
@@ -48,22 +48,22 @@ class Setting {
     const Watched<SettingState>& State() const { return state_; }
     const Parameter& Range() const { return range_; }
 
-    /// The number that the text is; none for an empty text, and for a number that was ignored.
+    /// Returns the number in the text; none for an empty text, and for an ignored number.
     std::optional<std::int32_t> Typed() const;
 
-    /// Takes the content of the text field as the parameter's rule says. An empty text changes the text only.
+    /// Takes the content of the text field by the parameter's rule. An empty text changes the text only.
     void Type(const std::string& text);
-    /// Clicks an arrow beside the text field: one step up (1) or down (-1), to the end of the range at most.
+    /// Moves one step up (1) or down (-1), as an arrow beside the text field does, within the range.
     void Step(std::int32_t direction);
-    /// Takes a number and shows it. Only a slider limits it to its range; a field marks one outside.
+    /// Sets a number and shows it. A slider limits it to its range; a field takes it, and marks one outside.
     void Set(std::int32_t value);
-    /// Takes a song's text, read leniently, and shows it as a field can. Raises Overflow if the setting's
-    /// type does not hold the number; nothing changes then.
+    /// Takes a song's text, read leniently, and shows it. Raises Overflow, with nothing changed, if the
+    /// number is out of range of the setting's type.
     void Load(const std::string& text);
     /// Returns to the default.
     void Reset() { Set(range_.Default); }
 
-    /// Sets a number that does not belong to the song, until the next change by other means.
+    /// Sets a number that is not the song's, until the next change by other means.
     void SetForNow(std::int32_t value);
     /// Makes the number in use the song's.
     void Keep();

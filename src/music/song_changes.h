@@ -10,9 +10,8 @@
 
 namespace quavix {
 
-/// The settings of a song that are heard, or seen in its bars: what changes one of them changes the song. How
-/// notes are entered, and what a click on a line plays, is no part of it, nor is an alternate time that held
-/// notes have set.
+/// The song's settings that are heard, or seen in its bars: changing one changes the song. Excluded are the
+/// entry options, the notes played by a click on a line, and an alternate time that held notes have set.
 struct SoundSettings {
     std::int32_t BPM = 0;
     std::int32_t AlternateTime = 0;
@@ -23,16 +22,16 @@ struct SoundSettings {
 
     static SoundSettings Of(const SongFields& song);
 
-    /// Calls `changed` after each change of one of them, for as long as they live.
+    /// Calls `changed` after each change of a sound setting, during the whole lifetime of the fields.
     static void Watch(const SongFields& song, const std::function<void()>& changed);
 
     friend bool operator==(const SoundSettings&, const SoundSettings&) = default;
 };
 
-/// Notices every change of the song: of its lines, and of the settings that say how it sounds. What is
-/// selected, and how notes are entered, is no part of the song.
+/// Counts the changes of the song: of its lines, and of the settings of its sound. The selection and the
+/// entry options are not part of the song.
 ///
-/// The fields and the list must outlive it; the fields must not change afterwards.
+/// The fields and the list must outlive it, and the fields must not change after its end.
 class SongChanges : private MusicListObserver {
   public:
     SongChanges(const SongFields& song, MusicList& list);
@@ -40,7 +39,7 @@ class SongChanges : private MusicListObserver {
     SongChanges(const SongChanges&) = delete;
     SongChanges& operator=(const SongChanges&) = delete;
 
-    /// Grows with every change. Watchers are told in the middle of it: they must not change the song.
+    /// Increases with every change. Watchers run during the change, and must not change the song.
     Watched<std::uint64_t> Count;
 
   private:

@@ -8,32 +8,32 @@
 
 namespace quavix {
 
-/// How a tone is to be made; the last three matter to the sound card only.
+/// Options of a tone; the last three are for the sound card only.
 struct ToneOptions {
     /// The text is a frequency in hertz, written as a decimal number.
     bool NoteIsFrequency = false;
     /// Keep sounding after the duration.
     bool SpecificContinuous = false;
-    /// Stop after the duration even where the generator is never silent otherwise.
+    /// Stop after the duration, even if the generator is otherwise never silent.
     bool SpecificStop = false;
     /// Return before the duration is over.
     bool FMODNoWait = false;
 };
 
-/// A note or a bare frequency that is to sound for some time. Its text is read once, when it is made.
+/// A note or a bare frequency with a duration. Its text is parsed once, at construction.
 struct Tone {
-    /// For the log and the tone code: "C4", or "162.5" where it is a frequency.
+    /// Text for the log and the tone code: "C4", or "162.5" for a frequency.
     std::string Text{};
-    /// 0 (C) to 11 (B), or -1 where the text names no note.
+    /// 0 (C) to 11 (B), or -1 if the text names no note.
     std::int16_t NoteNum = -1;
-    /// 0 to 9: the last digit of the text. An octave of two digits ("G10") counts by that one alone.
+    /// 0 to 9: the last digit of the text, also for an octave of two digits ("G10").
     std::int32_t Octave = 0;
-    /// In Hz; 0 where the text names no note.
+    /// Frequency in Hz; 0 if the text names no note.
     double Frequency = 0;
     double DurationMs = 0;
     ToneOptions Options{};
 
-    /// Reads a note string, or a frequency where the options say so.
+    /// Makes the tone of a note string, or of a frequency if the options say so.
     static Tone OfText(const std::string& text, double durationMs = 0, const ToneOptions& options = {});
     /// Makes the tone of a note 0..11 in an octave of 0 or more.
     static Tone OfNote(std::int32_t noteNum, std::int32_t octave, double durationMs,
@@ -44,19 +44,18 @@ struct Tone {
     /// Returns the frequency in whole hertz. Raises Overflow outside 32 bits.
     std::int32_t WholeFrequency() const;
 
-    /// Shows the warning of LetterToNoteNum() if the text should name a note and doesn't.
+    /// Shows the warning of LetterToNoteNum() if the text should name a note and does not.
     void WarnIfUnknown(MessageBoxes& boxes) const;
 };
 
 /// An output of tones.
 ///
-/// Thread: the user-interface thread. A device's failure shows its own message; nothing is thrown for its
-/// sake.
+/// Thread: the user-interface thread. A failure of a device shows its own message and is not raised.
 class ToneOutput {
   public:
     virtual ~ToneOutput() = default;
-    /// Sounds a tone and returns when it has ended, except where an output is told not to wait; handlers may
-    /// run meanwhile. A duration or frequency outside 32 bits raises Overflow.
+    /// Sounds a tone and returns when it has ended, unless an output is told not to wait; handlers may run
+    /// meanwhile. A duration or frequency outside 32 bits raises Overflow.
     virtual void Sound(const Tone& tone) = 0;
 };
 

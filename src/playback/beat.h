@@ -10,9 +10,9 @@
 
 namespace quavix {
 
-/// The beat sound: a short kick before each line that starts on a whole beat. Where the beats are it takes
-/// from the position labels, so it follows the music only while these are updated. Switched by UseBeatCheck,
-/// which it watches for as long as the fields live; it must live as long.
+/// The beat sound: a short kick before each line that starts on a whole beat. It reads the beat from the
+/// position labels, so it works only while these are updated. Switched by UseBeatCheck, which it watches
+/// during the whole lifetime of the fields; it must live as long.
 class Beat {
   public:
     Beat(ModFields& mods, PositionDisplay& position, ToneDispatcher& tones, MessageBoxes& boxes,
@@ -20,16 +20,15 @@ class Beat {
     Beat(const Beat&) = delete;
     Beat& operator=(const Beat&) = delete;
 
-    // The beats that the sound is for.
+    // Beats on which the sound plays.
     Watched<bool> optBeatAll{true};
     Watched<bool> optBeatEven{false};
 
-    /// Plays the kick where the line starts on a beat that is wanted; returns when it has ended.
+    /// Plays the kick if the line starts on a wanted beat; returns when it has ended.
     void LineStarts();
 
-    /// Sweeps in tones of 15 ms from `startFreq` (Hz), each `reduceRate` (above 0, below 1) times as high as
-    /// the one before, for as long as they are above `endFreq` (Hz, above 0). Nothing sounds from 16000 Hz
-    /// on.
+    /// Sounds a sweep in tones of 15 ms: from `startFreq` (Hz), each `reduceRate` (above 0, below 1) times as
+    /// high as the one before, while above `endFreq` (Hz, above 0). Tones of 16000 Hz or more are silent.
     void BeatSound(double startFreq, double endFreq, double reduceRate);
 
   private:

@@ -39,15 +39,15 @@ void CircuitBent::UseCircuitBentCheck_Click() {
 }
 
 void CircuitBent::BendTimer_Timer() {
-    // In a burst, on an output whose tones let handlers run. Or somebody waits for the end of all tones,
-    // which burst upon burst would not leave a gap for.
+    // A burst may be running, on an output whose tones run handlers. Or a start waits until all tones have
+    // ended, for which continuous bursts would leave no gap.
     if (inBurst_ || state_.StartIsHeldUp)
         return;
     try {
         const ScopedFlag inBurst(inBurst_);
         Burst();
     } catch (const std::exception&) {
-        mods_.UseCircuitBent.Ticked = false;  // or the same message would come again at once
+        mods_.UseCircuitBent.Ticked = false;  // otherwise the same error would recur at once
         throw;
     }
 }

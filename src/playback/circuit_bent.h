@@ -10,8 +10,8 @@
 
 namespace quavix {
 
-/// The circuit-bent mode: bursts of random notes without end. Switched by UseCircuitBentCheck, which it
-/// watches for as long as the fields live; it must live as long.
+/// The circuit-bent mode: endless bursts of random notes. Switched by UseCircuitBentCheck, which it watches
+/// during the whole lifetime of the fields; it must live as long.
 class CircuitBent {
   public:
     CircuitBent(ModFields& mods, const ProgramState& state, ToneDispatcher& tones, RandomNumbers& random,
@@ -32,7 +32,7 @@ class CircuitBent {
     Timers& timers_;
     EventBoundary& handlers_;
     DebugLog& log_;
-    /// Runs only while the mode is on, so that the program sleeps otherwise.
+    /// Runs only while the mode is on, so that the program can sleep otherwise.
     Timers::Id bendTimer_ = 0;
     bool inBurst_ = false;
 };

@@ -24,7 +24,7 @@ Metronome::Metronome(const SongFields& song, const ProgramState& state, Playback
     state_.StartIsAwaited.Watch([this](bool) { MakeWay(); });
 }
 
-/// Clicks in the middle of music would hold it up, and in the middle of the wait for its start too.
+/// Switches the metronome off while music plays or its start is awaited, because clicks would delay both.
 void Metronome::MakeWay() {
     const bool isFree = !state_.MusicIsPlaying && !state_.StartIsAwaited;
     MetronomeButtonEnabled = isFree;
@@ -39,7 +39,7 @@ void Metronome::MetronomeButton_Click() {
         SwitchOff();
     else if (running_ < MostNestedRuns)
         Run();
-    else  // The innermost run has not seen yet that it was switched off, and goes on.
+    else  // The innermost run has not noticed the switching off yet, and continues.
         SwitchOn();
 }
 
@@ -84,7 +84,7 @@ void Metronome::NextBeatInBar(Timetable& timetable) const {
 void Metronome::WaitForNextBeat(const Timetable& timetable) {
     constexpr std::int32_t SliceMs = 15;
     const Currency next = timetable.NextBeat();
-    // A tempo that leaves no time to wait must not shut the user out.
+    // Runs handlers even if the tempo leaves no time to wait, so that the user can still act.
     wait_.DoEvents();
     while (IsWanted() && Now() < next) {
         wait_.MsgWaitObj(SliceMs);
@@ -92,7 +92,7 @@ void Metronome::WaitForNextBeat(const Timetable& timetable) {
     }
 }
 
-/// Beats that went by while something else held the thread (a message box, say) are not made up in a rush.
+/// Skips beats that were missed while something else (a message box, say) held the thread.
 void Metronome::SkipMissedBeats(Timetable& timetable) const {
     const Currency late = Now() - timetable.NextBeat();
     const double missed = std::floor(late.ToDouble() * timetable.Bpm / SecondsPerMinute);
@@ -104,7 +104,7 @@ void Metronome::SkipMissedBeats(Timetable& timetable) const {
         static_cast<std::int32_t>((timetable.BeatInBar - 1 + beats) % song_.BeatsPerBar) + 1;
 }
 
-/// Starts the timetable anew at the beat that is due, if the tempo has changed.
+/// If the tempo has changed, restarts the timetable at the next beat.
 void Metronome::FollowTempo(Timetable& timetable) const {
     if (timetable.Bpm == song_.BPM)
         return;

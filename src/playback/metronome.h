@@ -13,10 +13,10 @@
 
 namespace quavix {
 
-/// Clicks at the tempo against an absolute timetable, higher on the first beat of each bar. A new tempo holds
-/// from the next beat on. Music that starts to play, or a wait for its synchronized start, switches it off,
-/// and its button is disabled meanwhile: each wants the thread for itself. Watches the fields for as long as
-/// they live, and must live as long.
+/// The metronome: clicks at the tempo on an absolute timetable, higher on the first beat of each bar. A new
+/// tempo applies from the next beat on. While music plays, or its synchronized start is awaited, the
+/// metronome is off and its button disabled, because each needs the thread. Watches the fields during their
+/// whole lifetime, and must live as long.
 class Metronome {
   public:
     Metronome(const SongFields& song, const ProgramState& state, PlaybackView& view, ToneDispatcher& tones,
@@ -27,14 +27,13 @@ class Metronome {
     Watched<bool> MetronomeIsOn{false};
     Watched<bool> MetronomeButtonEnabled{true};
 
-    /// Switches it on, and returns when it has been switched off again; or switches it off, and returns at
-    /// once. MetronomeIsOn says which. Switched on in the waits of MostNestedRuns that are about to end, it
-    /// returns at once, and the innermost one goes on. A tempo of 0 raises DivisionByZero after the first
-    /// click.
+    /// Switches the metronome on, and returns when it is off again; or switches it off, and returns at once.
+    /// MetronomeIsOn has the state. With MostNestedRuns nested runs, switching on makes the innermost one
+    /// continue, and returns at once. A tempo of 0 raises DivisionByZero after the first click.
     void MetronomeButton_Click();
 
   private:
-    /// Place of the clicks in time and in the bar.
+    /// Position of the clicks in time and in the bar.
     struct Timetable {
         Currency Start;  // seconds
         std::int64_t PlayedBeats;

@@ -57,7 +57,7 @@ void MotorModModule::PlayNote(const std::string& noteName, double durationMs) {
 }
 
 void MotorModModule::SetSpeed(std::int32_t pulse, double waitTimeMs) {
-    // The motor takes a moment to reach its speed.
+    // Extra time for the motor to reach its speed, in ms.
     constexpr double MoreMs = 15;
     const std::int32_t milliseconds = ToInt32(waitTimeMs + MoreMs);
     const LogBlock block(p_.Log, "MotorModModule.SetSpeed()",
@@ -103,7 +103,7 @@ void MotorModModule::FindPorts() {
     const std::vector<std::string> names = p_.Comm.Names();
     portNames_ = names;
     if (p_.Mods.UseMotor.InUse)
-        return;  // the one in use stays the chosen one
+        return;  // the port in use stays chosen
     if (std::find(names.begin(), names.end(), PortName.Get()) == names.end())
         PortName = names.empty() ? std::string() : names.front();
     if (!names.empty())
@@ -168,7 +168,7 @@ void MotorModModule::Stop() {
     if (!p_.Mods.UseMotor.InUse)
         return;
     const bool mustStop = std::exchange(mayRun_, false);
-    // Before anything that can fail, as the log can.
+    // First, because the log may raise an error.
     if (mustStop)
         p_.Comm.Write(std::string(StopCommand) + EndOfCommand);
     p_.Mods.UseMotor.InUse = false;

@@ -28,45 +28,45 @@ struct MotorParts {
     DebugLog& Log;
 };
 
-/// Pulse width of a motor note ("C1" to "F3", and "-") in microseconds, as measured for one motor: uneven on
-/// purpose. Exact and case-sensitive; any other name gives 0.
+/// Returns the pulse width of a motor note ("C1" to "F3", and "-") in microseconds, as measured for one motor
+/// and therefore uneven. Names are case-sensitive; any other name gives 0.
 std::int32_t PulseOfNote(std::string_view noteName);
 
-/// Plays notes by the speed of an electric motor: an SSC-32 servo controller on a serial port, whose channel
-/// 0 drives a SyRen10 motor speed controller. Its check box opens and closes the port. However the port is
-/// left, the motor is stopped first; where the process dies, the port's last words stop it.
+/// The motor: plays notes by the speed of an electric motor. An SSC-32 servo controller on a serial port
+/// drives a SyRen10 motor speed controller on its channel 0. The check box opens and closes the port. The
+/// motor is always stopped before the port is closed; if the process dies, the port's last words stop it.
 class MotorModModule final : public ToneOutput {
   public:
     explicit MotorModModule(const MotorParts& parts);
     MotorModModule(const MotorModModule&) = delete;
     MotorModModule& operator=(const MotorModModule&) = delete;
 
-    /// Moves the note into the motor's octaves and plays it. Warns of a text that names no note.
+    /// Moves the note into the motor's octaves and plays it. Shows a warning if the text names no note.
     void Sound(const Tone& tone) override;
 
-    /// Runs the motor at the speed of `noteName` ("C1" to "F3", or "-") and returns when `durationMs` have
-    /// passed; handlers run meanwhile. A name that is no motor note sends the speed 0.
+    /// Runs the motor at the speed of `noteName` ("C1" to "F3", or "-") for `durationMs` ms; handlers run
+    /// meanwhile. Other names send the speed 0.
     void PlayNote(const std::string& noteName, double durationMs);
 
-    /// Sets the pulse width, waits `waitTimeMs` and 15 ms more while handlers run, and stops the motor unless
-    /// the notes are tied together. A time outside 32 bits raises Overflow, with nothing sent.
+    /// Sets the pulse width, waits `waitTimeMs` + 15 ms while handlers run, and stops the motor if the
+    /// note/silence ratio is below 100 %. A time outside 32 bits raises Overflow before anything is sent.
     void SetSpeed(std::int32_t pulse, double waitTimeMs);
 
-    /// Sends a command and a carriage return, where the motor is in use. A port that is lost over it shows
-    /// one message and switches the motor off.
+    /// Sends a command and a carriage return if the motor is in use. If the port is lost, shows one message
+    /// and switches the motor off.
     void SendString(const std::string& text);
 
-    /// The check at start-up: the first port that can be opened is the one to use. Where there is none, the
-    /// check box is disabled.
+    /// Chooses the first port that can be opened; called at start-up. If there is none, disables the check
+    /// box.
     void CheckForPort();
 
-    /// Looks which ports there are now; one that has come makes the check box usable again.
+    /// Searches for ports again; a new port enables the check box.
     void FindPorts();
 
-    /// Stops the motor and closes the port, where they are in use.
+    /// Stops the motor and closes the port, if they are in use.
     void Stop();
 
-    // The choice of the port. Setting the name, while the motor is in use, changes over to that port.
+    // The port and the choices. Setting the name while the motor is in use switches to that port.
     const Watched<std::vector<std::string>>& PortNames() const { return portNames_; }
     Watched<std::string> PortName;
 
@@ -79,7 +79,7 @@ class MotorModModule final : public ToneOutput {
 
     MotorParts p_;
     Watched<std::vector<std::string>> portNames_;
-    /// The last command was not the one that stops the motor.
+    /// True if the last command was not the stop command.
     bool mayRun_ = false;
 };
 

@@ -3,8 +3,8 @@
 
 namespace quavix {
 
-/// The most runs of one handler inside one another, each started in a wait of the one before. Every run stays
-/// on the stack until the ones inside it have ended, so clicks must not nest without a limit.
+/// Greatest number of nested runs of one handler, each started in a wait of the one before. A run stays on
+/// the stack until the inner ones have ended, so clicks must not nest without limit.
 inline constexpr int MostNestedRuns = 8;
 
 }  // namespace quavix

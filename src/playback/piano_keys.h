@@ -16,7 +16,7 @@ namespace quavix {
 /// The keys of the on-screen keyboard, 0 to 35 from the left.
 class PianoKeys {
   public:
-    // Key codes and shift states as PianoKey_KeyDown() takes them.
+    // Key codes and shift states of PianoKey_KeyDown().
     static constexpr std::int32_t UpArrow = 38;
     static constexpr std::int32_t DownArrow = 40;
     static constexpr std::int32_t CtrlOnly = 2;
@@ -25,22 +25,21 @@ class PianoKeys {
               PositionDisplay& position, DebugLog& log)
         : options_(options), view_(view), entry_(entry), tones_(tones), position_(position), log_(log) {}
 
-    /// Sounds the key's note and enters it into the list, as far as the options want either. A click in the
-    /// middle of another one's tone returns at once and is handled after it, as the key that it was when it
-    /// was clicked: notes are entered in the order of the clicks on every output. Raises Overflow where the
-    /// key's octave is below 0 or above 255, before anything sounds; SubscriptOutOfRange for an index that is
-    /// no key. Clicks that have waited are handled in spite of an error, of which the first is raised.
+    /// Sounds the key's note and enters it into the list, as the options say. A click during another one's
+    /// tone returns at once and is handled afterwards with the octave of its own time, so notes are entered
+    /// in the order of the clicks. Raises Overflow before any sound if the key's octave is below 0 or above
+    /// 255, and SubscriptOutOfRange for an index that is no key. Waiting clicks are handled even after an
+    /// error; the first error is raised.
     void PianoKey_Click(std::int32_t index);
 
-    /// The octave keys: Ctrl with the up or the down arrow moves KeyboardOctave within 2 to 9. Any other key
-    /// does nothing, whichever key of the keyboard has the focus.
+    /// Handles the octave keys: Ctrl with the up or down arrow moves KeyboardOctave within 2 to 9. Other keys
+    /// do nothing. `index` has no effect.
     void PianoKey_KeyDown(std::int32_t index, std::int32_t keyCode, std::int32_t shift);
 
-    /// Caption above a group of keys, 0 to 2 from the left: its octave.
+    /// Returns the caption above a group of keys, 0 to 2 from the left: its octave.
     std::string OctLabel(std::int32_t group) const;
 
-    /// Returns true if a key's note belongs to the line that playback is sounding
-    /// (PlaybackView::NotesSounding).
+    /// Returns true if a key's note belongs to the sounding line of playback (PlaybackView::NotesSounding).
     bool IsSounding(std::int32_t index) const;
 
   private:
@@ -57,7 +56,7 @@ class PianoKeys {
     ToneDispatcher& tones_;
     PositionDisplay& position_;
     DebugLog& log_;
-    /// The first one is being handled.
+    /// Clicks in order; the first one is being handled.
     std::deque<KeyClick> clicks_;
 };
 

@@ -39,7 +39,7 @@ void PitchGlide::UsePortaCheck_Click() {
     StartSoundIfNeeded();
 }
 
-/// Sounds on where the mod and the option want sound without a note having been made.
+/// Starts the sound if the mod is on and the option asks for sound even without a note.
 void PitchGlide::StartSoundIfNeeded() {
     EnableFinishTimer(false);
     EnableEachToneTimer(mods_.UsePorta.InUse && Fields.optSoundAlways);
@@ -69,12 +69,12 @@ void PitchGlide::PitchMultipleSlider_Change() {
 void PitchGlide::SoundLengthSlider_Change() {
     Fields.lblSoundLength = std::to_string(Fields.SoundLengthSlider);
     if (finishTimer_ != 0)
-        EnableFinishTimer(true);  // a timer whose interval changes counts from the start
+        EnableFinishTimer(true);  // restart with the new interval
 }
 
 void PitchGlide::EachToneTimer_Timer() {
     constexpr std::int32_t ChunkMs = 30;
-    // Only this very distance ends the approach: from anywhere else it goes on, nearer and nearer.
+    // The approach ends only at exactly this distance in Hz; from any other it continues, ever closer.
     constexpr double StopsAtDistance = 5;
     if (!currentPitch_)
         return;
@@ -102,7 +102,7 @@ void PitchGlide::EnableEachToneTimer(bool enable) {
     }
 }
 
-/// Enabled anew, it counts from the start.
+/// Enables or disables the timer; enabling restarts it.
 void PitchGlide::EnableFinishTimer(bool enable) {
     timers_.Stop(std::exchange(finishTimer_, 0));
     if (enable) {

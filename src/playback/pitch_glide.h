@@ -15,7 +15,7 @@
 
 namespace quavix {
 
-/// Contents of the controls of the portamento's window.
+/// Values of the controls in the portamento window.
 struct PortamentoFields {
     Watched<std::int32_t> PitchMultipleSlider{parameter::PitchMultiple.Default};
     Watched<std::string> lblPitchMultiple;
@@ -25,10 +25,10 @@ struct PortamentoFields {
     Watched<std::string> lblSoundLength;
 };
 
-/// The tweeble portamento: the PC speaker sounds in short chunks, one after another, whose pitch covers a
-/// share of what is left to the wanted pitch each time. The pitch is kept between notes, so that a glide
-/// starts where the last one stopped; the very first note is there at once. Switched by UsePortaCheck, which
-/// it watches for as long as the fields live; it must live as long.
+/// The tweeble portamento: the PC speaker sounds in short, consecutive chunks, each of which covers a fixed
+/// part of the remaining distance to the wanted pitch. The pitch is kept between notes, so a glide starts
+/// where the last one stopped; the first note starts at its own pitch. Switched by UsePortaCheck, which it
+/// watches during the whole lifetime of the fields; it must live as long.
 class PitchGlide final : public ToneOutput {
   public:
     PitchGlide(ModFields& mods, Speaker& speaker, Timers& timers, EventBoundary& handlers, DebugLog& log);
@@ -36,7 +36,7 @@ class PitchGlide final : public ToneOutput {
     PitchGlide(const PitchGlide&) = delete;
     PitchGlide& operator=(const PitchGlide&) = delete;
 
-    /// Starts a glide to the tone's pitch and returns at once; the tone's time is left to the caller.
+    /// Starts a glide to the tone's pitch and returns at once; the caller has to wait for the duration.
     void Sound(const Tone& tone) override;
 
     PortamentoFields Fields;
@@ -59,7 +59,7 @@ class PitchGlide final : public ToneOutput {
     EventBoundary& handlers_;
     DebugLog& log_;
     std::int32_t wantedPitch_ = 0;
-    /// None before the first note.
+    /// Current pitch in Hz; none before the first note.
     std::optional<double> currentPitch_;
     double pitchMultiple_ = 0;
     Timers::Id eachToneTimer_ = 0;

@@ -16,7 +16,7 @@ namespace {
 
 constexpr const char* MendedText = "FixRoundingErrors() fixed an error.";
 
-/// Lengths of lines. A long song has few different ones, and comparing texts takes longer than adding up.
+/// A cache of line lengths. A long song has few different ones, and comparing texts is slower than adding.
 class RecentLengths {
   public:
     explicit RecentLengths(const MusicList& list) : list_(list) {}
@@ -95,7 +95,7 @@ double PlayPosition::SumBefore(std::int32_t currentLine) {
     return sum.Position;
 }
 
-/// Every sum that has this row in it goes.
+/// Drops every running sum that includes this row.
 void PlayPosition::KeepBefore(std::int32_t row) {
     const auto blocks = static_cast<std::size_t>((row - 1) / Block) + 1;
     if (sums_.size() > blocks)

@@ -11,17 +11,17 @@
 
 namespace quavix {
 
-/// Lifts a value whose fractional part is above 0.9999 to the next whole number, and logs it; a sum just
-/// above one is left as it is. Returns whether it changed the value.
+/// Rounds a value up if its fractional part is above 0.9999, and logs this; a value slightly above a whole
+/// number stays unchanged. Returns true if the value was changed.
 bool FixRoundingErrors(double& value, DebugLog& log);
 
-/// "03/16" for a fraction that is a multiple of a sixteenth once rounded to four decimals (in lowest terms,
-/// two digits each), an empty text for 0. Anything else is logged and gives "(ERR)".
+/// Returns "03/16" for a multiple of a sixteenth, rounded to four decimals (in lowest terms, two digits
+/// each), and an empty text for 0. Anything else is logged and gives "(ERR)".
 std::string ConvertToFraction(float value, DebugLog& log);
 
-/// Start of a line in whole notes, as the sum of the lengths before it, mended after each addition. Some of
-/// the running sums are kept until an edit in front of them, so that asking for line after line of a long
-/// song costs the same for each. Must not outlive the list.
+/// The start of a line in whole notes: the sum of the lengths before it, with rounding errors fixed after
+/// each addition. Some running sums are kept until an edit in front of them, so that asking for each line of
+/// a long song in turn costs the same per line. Must not outlive the list.
 class PlayPosition : private MusicListObserver {
   public:
     PlayPosition(MusicList& list, DebugLog& log);
@@ -29,8 +29,7 @@ class PlayPosition : private MusicListObserver {
     PlayPosition(const PlayPosition&) = delete;
     PlayPosition& operator=(const PlayPosition&) = delete;
 
-    /// Sum of the lengths of lines 1 to `currentLine` - 1, in whole notes; lines that don't exist add
-    /// nothing.
+    /// Returns the sum of the lengths of lines 1 to `currentLine` - 1, in whole notes; missing lines add 0.
     double SumBefore(std::int32_t currentLine);
 
   private:
@@ -43,10 +42,10 @@ class PlayPosition : private MusicListObserver {
 
     void KeepBefore(std::int32_t row);
 
-    /// One running sum is kept for so many lines.
+    /// Number of lines per kept sum.
     static constexpr std::int32_t Block = 64;
 
-    /// Start of the line after so many lines, and how many of the sums up to there were mended.
+    /// Start of the line behind a block, and the number of fixed sums up to there.
     struct Sum {
         double Position = 0;
         std::int32_t Mended = 0;

@@ -36,7 +36,7 @@ void PlaybackEngine::PlayMusic(std::int32_t& startPoint, std::int32_t& endPoint,
             PlayLines(run);
         }
     } catch (const std::exception&) {
-        // The window's controls must not stay as they are during playback, even where the log is what failed.
+        // The window's controls must leave their playback state, even if the log has failed.
         p_.View.BeepTextLabelVisible = false;
         EnableCommonControls(true);
         EnableStopping(false);
@@ -76,7 +76,7 @@ void PlaybackEngine::PlayLines(Run& run) {
     }
 }
 
-/// Plays the next line; false when playback is to end.
+/// Plays the next line. Returns false if playback has to end.
 bool PlaybackEngine::PlayLine(Run& run) {
     ++run.CurrentLine;
     if (DoesIndexExist(p_.List, run.CurrentLine)) {
@@ -86,7 +86,7 @@ bool PlaybackEngine::PlayLine(Run& run) {
     }
     if (!DoesIndexExist(p_.List, run.EndPoint))
         ShowEndPointMessages(run.EndPoint);
-    // The message boxes run handlers too, so the line is looked for once more.
+    // The message boxes run handlers, so check again that the line exists.
     if (run.CurrentLine > run.EndPoint || !DoesIndexExist(p_.List, run.CurrentLine)) {
         Message(fmt::format(
             "EndPoint is {}\nHowever, somehow this program now is about to try to look at line {}.\n"
@@ -172,7 +172,7 @@ void PlaybackEngine::SoundLine(Run& run, const Line& line) {
 }
 
 void PlaybackEngine::SoundSingleNote(const Tone& note, const Line& line) {
-    // From the whole units, so that halves of a millisecond are exact.
+    // Computed from whole units, so that halves of a millisecond are exact.
     constexpr double UnitsPerMs = Currency::Scale / 1000.0;
     const Currency duration = TimeAtBeat(SoundingBeats(line)) - currentTickTime_;
     const double durationMs = static_cast<double>(duration.Units()) / UnitsPerMs;
@@ -191,7 +191,7 @@ void PlaybackEngine::SoundAlternating(Run& run, const Line& line) {
     const Currency step = run.AlternationStep;
     const ScopedValue shown(p_.View.NotesSounding, SoundingNotes{line.Note1.Text, line.Note2.Text},
                             SoundingNotes());
-    // Tones without length make no sound, and would hold the thread for the whole line.
+    // Tones of length 0 are silent, and would hold the thread for the whole line.
     while (p_.Song.AlternateTime > 0 && currentTickTime_ + step < TimeAtBeat(beepLength)) {
         p_.View.BeepTextLabelVisible = true;
         p_.Log.LogText("Alternate: ");
@@ -205,12 +205,12 @@ void PlaybackEngine::SoundAlternating(Run& run, const Line& line) {
     }
 }
 
-/// A gliding speaker leaves a tone's time to its caller.
+/// Waits for the rest of a tone's time: a gliding speaker returns early.
 void PlaybackEngine::KeepToneTime(Currency toneStart) {
     constexpr double MsPerSecond = 1000;
     const double leftMs = p_.Song.AlternateTime - (currentTickTime_ - toneStart).ToDouble() * MsPerSecond;
     if (leftMs < 1)
-        return;  // what an output's own clock differs by
+        return;  // a difference between the clocks of outputs
     p_.Wait.MsgWaitObj(ToInt32(leftMs));
     ReadClock();
 }
@@ -226,7 +226,7 @@ void PlaybackEngine::SilenceGeneratorInRest(const Line& line) {
         p_.Generator.FMODBeepStop();
 }
 
-/// Works the position out anew after "Do not update" was un-ticked during playback.
+/// Updates the position after "Do not update" was un-ticked during playback.
 void PlaybackEngine::CatchUpPosition(Run& run) {
     if (p_.Position.NoUpdateCheck || !std::exchange(run.PositionStoodStill, false))
         return;
@@ -236,16 +236,16 @@ void PlaybackEngine::CatchUpPosition(Run& run) {
 
 void PlaybackEngine::UpdatePosition(const Run& run, const Line& line) {
     if (line.IsTriplet)
-        p_.Position.WorkOutPlayPos(run.CurrentLine + 1, position_);  // so that thirds leave no residue
+        p_.Position.WorkOutPlayPos(run.CurrentLine + 1, position_);  // avoids rounding errors of thirds
     else
         position_ += line.Length.ToDouble() / BeatsPerWholeNote;
     p_.Position.ShowPosition(position_);
 }
 
-/// Waits for the next line's start; false when playback was stopped meanwhile.
+/// Waits for the next line's start. Returns false if playback was stopped meanwhile.
 bool PlaybackEngine::WaitForNextLine(Run& run, const Line& line) {
     constexpr std::int32_t SliceMs = 15;
-    // A legato line hands over this early, so that the next tone starts without a gap.
+    // A legato line ends its wait this early, so that the next tone starts without a gap.
     constexpr Currency LegatoMargin = Currency::FromUnits(200);
     LogBlock block(p_.Log, "'Waiting for next note' section");
     ReadClock();
@@ -253,7 +253,7 @@ bool PlaybackEngine::WaitForNextLine(Run& run, const Line& line) {
         run.WaitingMargin = {};
     else if (TimeAtBeat(line.Length) - currentTickTime_ > LegatoMargin)
         run.WaitingMargin = LegatoMargin;
-    // The time is worked out in each round: the tempo may change during the wait.
+    // The time is computed in each round, because the tempo may change during the wait.
     while (!run.OnlyThisLine && currentTickTime_ + run.WaitingMargin < TimeAtBeat(line.Length)) {
         p_.Wait.MsgWaitObj(SliceMs);
         p_.Code.WriteWait(SliceMs);
@@ -287,7 +287,7 @@ Currency PlaybackEngine::ReadClock() {
     return reading;
 }
 
-/// The time at which so many beats after the finished lines have passed.
+/// Returns the time of a beat, counted from the end of the finished lines.
 Currency PlaybackEngine::TimeAtBeat(Currency beatsAfterPlayed) const {
     const Currency beats = playedBeats_ + beatsAfterPlayed;
     return startTickTime_ +
@@ -311,8 +311,8 @@ void PlaybackEngine::Message(const std::string& text) {
     p_.Boxes.Show({.Title = "PlayMusic sub", .Text = text, .Icon = BoxIcon::Warning});
 }
 
-/// Moves the start of the timetable so that the line being played started when it did: from there on the new
-/// tempo holds, without a jump.
+/// Moves the start of the timetable so that the current line keeps its start: the new tempo applies from
+/// there on, without a jump.
 void PlaybackEngine::TempoChanged() {
     const std::int32_t before = std::exchange(timetableBpm_, p_.Song.BPM);
     if (!p_.State.MusicIsPlaying || before == 0 || timetableBpm_ == 0)

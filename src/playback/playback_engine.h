@@ -33,7 +33,7 @@ struct PlaybackParts {
     ToneCode& Code;
     FmodToneGenerator& Generator;
     VoiceMainForm& Singer;
-    /// Called at the start of every line, before its tones. May sound tones, and so take time.
+    /// Called at the start of every line, before its tones. May sound tones, which takes time.
     std::function<void()> LineStarts;
     SynchroPlay& Synchro;
     Clock& Time;
@@ -42,51 +42,51 @@ struct PlaybackParts {
     DebugLog& Log;
 };
 
-/// Plays ranges of the music list against an absolute timetable: each line starts at the start of playback
-/// plus all beats before it, so that nothing adds up. Waits run handlers, so the list, the settings and the
-/// switches may change at any tone; they are read anew for each line. Watches the tempo for as long as the
-/// fields live, and must live as long.
+/// Plays ranges of the music list on an absolute timetable: each line starts at the start of playback plus
+/// all beats before it, so that delays don't add up. Waits run handlers, so the list, the settings and the
+/// switches may change at any tone; they are read again for each line. Watches the tempo during the whole
+/// lifetime of the fields, and must live as long.
 class PlaybackEngine {
   public:
     explicit PlaybackEngine(PlaybackParts parts);
     PlaybackEngine(const PlaybackEngine&) = delete;
     PlaybackEngine& operator=(const PlaybackEngine&) = delete;
 
-    /// Plays lines `startPoint` to `endPoint`, again and again until MusicIsPlaying is cleared, or only once
-    /// and without waiting for its end where `onlyThisLine` says that a line was clicked. Returns when
-    /// playback has ended. A missing line shows a message; a missing end point becomes the last line. Errors
-    /// of the time arithmetic (a tempo of 0) end playback and are passed on.
+    /// Plays lines `startPoint` to `endPoint` repeatedly until MusicIsPlaying is cleared; with `onlyThisLine`
+    /// (a line was clicked), once and without waiting for the line's end. Returns when playback has ended. A
+    /// missing line shows a message; a missing end point becomes the last line. Errors of the time arithmetic
+    /// (a tempo of 0) end playback and are passed on.
     void PlayMusic(std::int32_t& startPoint, std::int32_t& endPoint, bool onlyThisLine);
 
-    // A click in the middle of playback plays at once, inside the wait of what is playing, and ends that
-    // after the tone that is sounding. When MostNestedRuns are playing inside one another, a click only ends
-    // the innermost one and plays after it, together with other such clicks in their order; a stop, a new
-    // song or an error drops those that still wait, and a row that is gone by then is left out.
+    // A click during playback plays at once, inside the wait of the current playback, which ends after its
+    // sounding tone. With MostNestedRuns nested, a click only ends the innermost one and plays after it;
+    // several such clicks play in order. A stop, a new song or an error drops waiting clicks; missing rows
+    // are skipped.
 
     void PlayAllButton_Click();
     void PlayFromLineButton_Click();
-    /// Only asks playback to stop; it does so after the tone that is sounding.
+    /// Requests playback to stop, which it does after the sounding tone.
     void StopPlayButton_Click();
-    /// A click on a row: plays that line once.
+    /// Handles a click on a row: plays that line once.
     void MainList_ItemClick(std::int32_t row);
 
-    /// Called whenever the end of the range is reached, before it starts over; may clear MusicIsPlaying.
+    /// Called at the end of the range before it repeats; may clear MusicIsPlaying.
     std::function<void()> OnRangeEnd;
 
   private:
-    /// What a click wants to be played.
+    /// The request of a click.
     struct Request {
         std::int32_t StartPoint;
         bool OnlyThisLine;
     };
-    /// One line of music while it is played.
+    /// A line of music during its playback.
     struct Line {
         Currency Length;  // beats
         Tone Note1;
         Tone Note2;
         bool IsTriplet = false;
     };
-    /// State of one call of PlayMusic, from line to line.
+    /// State of one call of PlayMusic across lines.
     struct Run {
         std::int32_t StartPoint;
         std::int32_t& EndPoint;
@@ -94,7 +94,7 @@ class PlaybackEngine {
         std::int32_t CurrentLine;
         Currency AlternationStep;
         Currency WaitingMargin;
-        /// The position was not updated with every line.
+        /// True while the position is not updated with every line.
         bool PositionStoodStill;
     };
 
@@ -121,7 +121,7 @@ class PlaybackEngine {
     bool WaitForNextLine(Run& run, const Line& line);
     void EndOfRange(Run& run);
 
-    /// Takes the time; returns the counter reading.
+    /// Reads the time into currentTickTime_; returns the counter reading.
     Currency ReadClock();
     Currency TimeAtBeat(Currency beatsAfterPlayed) const;
     Currency SoundingBeats(const Line& line) const;

@@ -12,8 +12,8 @@
 
 namespace quavix {
 
-/// The three labels that show where the music is, and the option that stops them during playback. Positions
-/// are in whole notes from the start of line 1.
+/// The three labels of the current position, and the option that stops their update during playback.
+/// Positions are in whole notes from the start of line 1.
 class PositionDisplay {
   public:
     PositionDisplay(const SongFields& song, const ModFields& mods, MusicList& list, MessageBoxes& boxes,
@@ -26,17 +26,17 @@ class PositionDisplay {
     Watched<bool> NoUpdateCheck{false};
     Watched<bool> NoUpdateCheckEnabled{true};
 
-    /// Puts the start of line `currentLine` into `position`; below 1 it is the position after the last line,
-    /// and without any line -1, with the labels at "001".
+    /// Puts the start of line `currentLine` into `position`. Below 1, puts the end of the last line, or for
+    /// an empty list -1, with the labels at "001".
     void WorkOutPlayPos(std::int32_t currentLine, double& position);
 
     /// Sets the labels from a position.
     void ShowPosition(double position);
 
-    /// Both of the above for the really selected line, or for the end of the song without one.
+    /// Does both for the really selected line, or without one for the end of the song.
     void ShowSelectedLine();
 
-    /// The click on "Do not update": asks before it takes the beat sound away.
+    /// Handles the click on "Do not update": asks first if that switches the beat sound off.
     void NoUpdateCheck_Click();
     void NoUpdateHButton_Click();
 

@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::int32_t SliceMs = 2;
 
-/// Grows with the time of day; the hours weigh more than they must.
+/// Returns a number that increases with the time of day; the hour factor is larger than necessary.
 std::int32_t TimeKey(const TimeOfDay& time) {
     constexpr std::int32_t HourFactor = 86400;
     constexpr std::int32_t MinuteFactor = 60;
@@ -49,7 +49,7 @@ void SynchroPlay::UseSynchroCheck_Click(bool ticked) {
         currentUpdateTimer_ = p_.Ticks.Start(
             UpdateMs, p_.Handlers.Wrap("CurrentUpdateTimer_Timer", [this] { ShowCurrentTime(); }));
     } else if (p_.State.StartIsAwaited && shouldBeNotWaiting_) {
-        StopWaiting();  // the window is gone that could stop it; music that plays already goes on
+        StopWaiting();  // its window is closed; music that already plays continues
     }
 }
 
@@ -103,8 +103,8 @@ void SynchroPlay::StartWaiting() {
     });
 }
 
-/// False in the middle of a tone, whose end would have to wait until after the music: a motor or a MIDI note
-/// would go on and on.
+/// Returns false during a tone, which could end only after the music: a motor or a MIDI note would sound on.
+/// Also false at the nesting limit.
 bool SynchroPlay::MayWait() const {
     return !p_.IsSounding() && running_ < MostNestedRuns;
 }
@@ -143,7 +143,7 @@ bool SynchroPlay::WaitForTime(std::int32_t key) {
     }
     if (!chkStartInDelay || !chkStartInDelayEnabled)
         return true;
-    // This much earlier, for what the start of playback takes.
+    // Start this much earlier, to allow for the start of playback.
     constexpr double StartUpSeconds = 0.015;
     constexpr double MsPerSecond = 1000;
     const Currency start =
@@ -161,7 +161,7 @@ bool SynchroPlay::WaitSlice(std::int64_t waitNumber) {
 }
 
 void SynchroPlay::Play() {
-    // Playback hands the button back at its end, and then clicks it, as it still stands at "Stop waiting".
+    // Playback re-enables the button at its end and then clicks it, while it still says "Stop waiting".
     shouldBeNotWaiting_ = false;
     EnableWaitButton();
     lblWaiting = "Playing";
@@ -187,7 +187,7 @@ void SynchroPlay::ReenableWaitButton() {
     EnableWaitButton();
 }
 
-/// Waiting started in the middle of music would hold it up.
+/// Enables the wait button, but not while music plays, because waiting would delay it.
 void SynchroPlay::EnableWaitButton() {
     btnWaitEnabled = shouldBeNotWaiting_ && (p_.State.StartIsAwaited || !p_.State.MusicIsPlaying);
 }

@@ -25,17 +25,17 @@ struct SynchroParts {
     Waiting& Wait;
     MessageBoxes& Boxes;
     EventBoundary& Handlers;
-    /// A tone is sounding at this moment.
+    /// Returns true while a tone is sounding.
     std::function<bool()> IsSounding;
-    /// The main window's buttons.
+    /// Click the main window's buttons.
     std::function<void()> PlayAll;
     std::function<void()> PlayFromLine;
-    /// How late the sound library's tones come, in ms; not asked where there is no library.
+    /// Returns the delay of the sound library's tones in ms; not called without the library.
     std::function<std::int32_t()> GetFMODBufferLength;
 };
 
-/// Starts playback at a time of day, so that several copies of the program start together. Times of day are
-/// compared within one day only: a time that has passed today starts at once.
+/// The synchronized start: starts playback at a time of day, so that several copies of the program start
+/// together. Times are compared within one day: a time that has passed today starts at once.
 class SynchroPlay {
   public:
     explicit SynchroPlay(SynchroParts parts);
@@ -51,21 +51,21 @@ class SynchroPlay {
     Watched<bool> optStart{true};
     Watched<bool> optCurrent{false};
     Watched<bool> chkStartInDelay{false};
-    /// Only where there is a sound library, whose delay can be asked for.
+    /// True only if there is a sound library to report its delay.
     Watched<bool> chkStartInDelayEnabled;
     Watched<std::string> btnWaitCaption{"Start waiting"};
     Watched<bool> btnWaitEnabled{true};
     Watched<std::string> lblWaiting{"Currently NOT waiting"};
     Watched<std::int32_t> lblWaitingBackColor{colour::Red};
 
-    /// Starts waiting, and returns after the playback that ends it; or stops waiting. What is no time of day
-    /// shows a message and changes nothing. While music plays, or for as long as playback that this has
-    /// started goes on, it does nothing.
+    /// Starts waiting, and returns after the playback that follows; or stops waiting. An invalid time of day
+    /// shows a message and changes nothing. Does nothing while music plays, or while playback that it has
+    /// started continues.
     void btnWait_Click();
 
-    /// True from the click that starts the waiting until the wait button is clicked again.
+    /// Returns true from the click that starts waiting until the next click of the wait button.
     bool CurrentlyWaiting() const { return p_.State.StartIsAwaited; }
-    /// False while a playback that this has started has to hand the wait button back at its end.
+    /// Returns false until playback that this has started re-enables the wait button at its end.
     bool ShouldBeNotWaiting() const { return shouldBeNotWaiting_; }
     /// Sets ShouldBeNotWaiting() and enables the wait button.
     void ReenableWaitButton();
@@ -84,13 +84,13 @@ class SynchroPlay {
     void EnableWaitButton();
     std::optional<TimeOfDay> WantedTime() const;
     Currency ReadSeconds();
-    /// Waits one slice; false when the waiting that is numbered so is over.
+    /// Waits one slice. Returns false if the wait with this number is over.
     bool WaitSlice(std::int64_t waitNumber);
 
     SynchroParts p_;
     int running_ = 0;
     bool shouldBeNotWaiting_ = true;
-    /// Each waiting has its number, so that one that was stopped doesn't take the next for its own.
+    /// Number of the current wait, so that a stopped wait does not mistake the next one for its own.
     std::int64_t waitNumber_ = 0;
     Timers::Id startTimer_ = 0;
     Timers::Id currentUpdateTimer_ = 0;

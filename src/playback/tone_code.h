@@ -13,9 +13,9 @@
 
 namespace quavix {
 
-/// The tone-code file: one statement per tone or wait, appended, of a small program that would play the same
-/// again. Opened and closed for each line, so that a crash loses nothing. Written only while UseWriteCode is
-/// set; a file that can't be written raises the classic file error.
+/// The tone-code file: a small program that plays the same tones again, one appended statement per tone or
+/// wait. Opened and closed for each line, so that a crash loses nothing. Written only while UseWriteCode is
+/// set; if the file can't be written, raises the classic file error.
 class ToneCode {
   public:
     ToneCode(Files& files, std::string fileName) : files_(files), fileName_(std::move(fileName)) {}
@@ -27,7 +27,7 @@ class ToneCode {
             RaiseFileError(files_.Append(fileName_, fmt::format("{}\r\n", textToWrite)), fileName_);
     }
 
-    /// Writes a tone of `frequency` Hz; `comment` says what it is ("C4").
+    /// Writes a tone of `frequency` Hz and `durationMs` ms; `comment` names it ("C4").
     void WriteTone(std::int32_t frequency, double durationMs, std::string_view comment) {
         if (UseWriteCode) {
             WriteCode(fmt::format("Beep       {}, {}     '{}", NumPad(frequency, " ", FrequencyWidth),

@@ -32,7 +32,7 @@ void ToneDispatcher::UniBeep(std::string& noteString, double durationMs, const T
 }
 
 void ToneDispatcher::Sound(const Tone& asked) {
-    const ScopedFlag sounding(sounding_);  // a click on a key in the middle of a tone sounds another one
+    const ScopedFlag sounding(sounding_);  // a click on a key may sound another tone during this one
     const ToneOptions& options = asked.Options;
     const LogBlock block(
         log_, "UniBeep()",
@@ -57,7 +57,7 @@ void ToneDispatcher::Sound(const Tone& asked) {
     try {
         SoundOnOneOutput(tone);
     } catch (const std::exception&) {
-        endMidiNote();  // an error must not leave a note hanging
+        endMidiNote();  // an error must not leave a note sounding
         throw;
     }
     endMidiNote();

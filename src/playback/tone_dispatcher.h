@@ -14,7 +14,7 @@
 
 namespace quavix {
 
-/// The outputs between which ToneDispatcher chooses, and MIDI, which gets every tone besides.
+/// The outputs of ToneDispatcher, and MIDI, which receives every tone in addition.
 struct ToneOutputs {
     Speaker& PcSpeaker;
     ToneOutput& Motor;
@@ -23,25 +23,24 @@ struct ToneOutputs {
     ToneOutput& Glide;
 };
 
-/// The place that decides which output sounds: every tone of the program comes here, and goes to the motor,
-/// the sound-card generator, nothing but time (muted), the portamento or the PC speaker, in this precedence,
-/// as the switches stand at that moment. Sends the MIDI note-on and note-off around the tone where MIDI
-/// output is on, and writes the tone code first.
+/// The dispatcher of all tones: chooses the output of each tone by the current switches, in this order:
+/// motor, sound-card generator, silence (muted), portamento, PC speaker. Sends the MIDI note-on and note-off
+/// around the tone if MIDI output is on, and writes the tone code first.
 class ToneDispatcher final : public ToneOutput {
   public:
     ToneDispatcher(const ModFields& mods, OutputOptions& output, ToneOutputs outputs, ToneCode& toneCode,
                    Waiting& waiting, MessageBoxes& boxes, DebugLog& log);
 
-    /// A tone without a text is "C4". A text that names no note shows a warning and sounds 0 Hz.
+    /// A tone without a text sounds as "C4". A text that names no note shows a warning and sounds 0 Hz.
     void Sound(const Tone& tone) override;
 
-    /// Sounds a note string or a frequency. An empty one becomes "C4" for the caller too.
+    /// Sounds a note string or a frequency. An empty `noteString` is changed to "C4".
     void UniBeep(std::string& noteString, double durationMs, const ToneOptions& options = {});
 
-    /// The click on "Mute PC speaker"; the next tone obeys it.
+    /// Handles the click on "Mute PC speaker", which affects the next tone.
     void MuteTweebleCheck_Click();
 
-    /// True while a tone sounds, for handlers that run in its wait.
+    /// Returns true while a tone sounds, for handlers that run during it.
     bool IsSounding() const { return sounding_; }
 
   private:

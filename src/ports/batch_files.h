@@ -6,22 +6,22 @@
 
 namespace quavix {
 
-/// The system's batch files, of which each line is a command with one file name behind it.
+/// The system's batch files. Each line is a command followed by one file name.
 ///
-/// Thread: the user-interface thread. Nothing is raised, and no call runs handlers.
+/// Thread: the user-interface thread. No call raises an error or runs handlers.
 class BatchFiles {
   public:
     virtual ~BatchFiles() = default;
 
-    /// The command that registers a control file and waits until that is done, with what separates it from
-    /// the file's name; the command for deleting a file is "erase ".
+    /// Returns the command that registers a control file and waits for it, including the separator before the
+    /// file name. The command for deleting a file is "erase ".
     virtual std::string RegisterCommand() = 0;
 
-    /// A file's full name as it stands in a batch file: between double-quote characters.
+    /// Returns a full file name in double quotes, as a batch file needs it.
     virtual std::string Quoted(const std::string& fileName) = 0;
 
-    /// Starts a batch file, hidden, and returns at once. Each line is run, whatever became of the one before.
-    /// The file may be replaced or deleted from then on: what is run is what it held at the start.
+    /// Starts a batch file, hidden, and returns at once. Each line runs, even if the one before failed. The
+    /// file is read at the start and may be replaced or deleted afterwards.
     virtual std::error_code Start(const std::string& fileName) = 0;
 };
 

@@ -19,26 +19,27 @@ struct Date {
     int Day = 0;
 };
 
-/// The clocks of the system. Nothing outside the platform asks any other clock.
+/// The system's clocks. Outside src/platform, no other clock is used.
 ///
-/// Thread: the user-interface thread. None of the calls fails, blocks or runs handlers.
+/// Thread: the user-interface thread. No call fails, blocks or runs handlers.
 class Clock {
   public:
     virtual ~Clock() = default;
 
-    /// High-resolution counter; never runs backwards. Divide by PerformanceFrequency() for seconds.
+    /// Returns a high-resolution counter that never runs backwards. Divide by PerformanceFrequency() for
+    /// seconds.
     virtual std::int64_t PerformanceCounter() = 0;
 
-    /// Counts per second, above 0 and constant for the life of the process.
+    /// Returns the counts per second, above 0 and constant for the life of the process.
     virtual std::int64_t PerformanceFrequency() = 0;
 
-    /// Milliseconds since the system started, wrapping to 0 after 2^32 ms (49.7 days).
+    /// Returns the milliseconds since the system started, wrapping to 0 after 2^32 ms (49.7 days).
     virtual std::uint32_t TickCount() = 0;
 
-    /// The wall clock's local time of day.
+    /// Returns the wall clock's local time of day.
     virtual TimeOfDay LocalTime() = 0;
 
-    /// The wall clock's local day.
+    /// Returns the wall clock's local day.
     virtual Date LocalDate() = 0;
 };
 

@@ -5,7 +5,7 @@
 
 namespace quavix {
 
-/// What a file dialog shows. Filter is a list of "name|pattern" pairs joined by "|".
+/// Contents of a file dialog. Filter is a list of "name|pattern" pairs joined by "|".
 struct FileDialog {
     std::string Title;
     std::string Filter;
@@ -17,8 +17,7 @@ struct FileDialog {
 /// Asks the user for a file name.
 ///
 /// Thread: the user-interface thread. Returns when the user has answered, with the full name as the file
-/// system takes it, or an empty text when the dialog was cancelled; other handlers of the program may run
-/// meanwhile.
+/// system spells it, or an empty text if the dialog was cancelled. Other handlers may run meanwhile.
 class FilePicker {
   public:
     virtual ~FilePicker() = default;

@@ -12,32 +12,32 @@
 
 namespace quavix {
 
-/// A file open for reading, from its first byte on. Closed when destroyed.
+/// A file open for reading, from its first byte on. The destructor closes it.
 class FileReader {
   public:
     virtual ~FileReader() = default;
 
-    /// Length in bytes at the time of opening.
+    /// Returns the length in bytes at the time of opening.
     virtual std::uint64_t Size() const = 0;
 
-    /// Reads up to `buffer.size()` bytes and returns how many; 0 only at the end of the file or with `error`
-    /// set.
+    /// Reads up to `buffer.size()` bytes and returns their number: 0 only at the end of the file or with
+    /// `error` set.
     virtual std::size_t Read(std::span<char> buffer, std::error_code& error) = 0;
 };
 
-/// A file being replaced. Nothing of it is visible under its name before Commit(); destroyed without
-/// Commit(), it leaves what was there before untouched.
+/// A file being replaced. The new content becomes visible with Commit(); without it, the destructor leaves
+/// the old file untouched.
 class FileWriter {
   public:
     virtual ~FileWriter() = default;
     virtual std::error_code Write(std::string_view bytes) = 0;
 
-    /// Makes the new content durable and puts it in the old one's place in one step.
+    /// Makes the new content durable and replaces the old file in one step.
     virtual std::error_code Commit() = 0;
 };
 
-/// A file that stands for something one process has to itself. Given up, and its file deleted, when
-/// destroyed; given up by the system when the process ends, however it does, which leaves the file behind.
+/// A file that represents an exclusive right of one process. The destructor gives up the right and deletes
+/// the file. If the process ends otherwise, the system gives up the right, and the file remains.
 class FileLock {
   public:
     virtual ~FileLock() = default;
@@ -45,50 +45,49 @@ class FileLock {
 
 /// The file system.
 ///
-/// Thread: the user-interface thread. File names are as the file system takes them. Errors are the system's
-/// codes (std::errc); a call that fails changes nothing. No call runs handlers.
+/// Thread: the user-interface thread. File names are the file system's. Errors are the system's codes
+/// (std::errc); a failed call changes nothing. No call runs handlers.
 class Files {
   public:
     virtual ~Files() = default;
 
-    /// Whether a directory search for `pattern` finds an ordinary file: one that is no folder and not hidden.
-    /// The name's last component may hold the wildcards "*" and "?".
+    /// Returns true if a directory search for `pattern` finds an ordinary file: neither a folder nor hidden.
+    /// The last component of the name may hold the wildcards "*" and "?".
     virtual bool FindsNormalFile(const std::string& pattern) = 0;
 
-    /// The name from the root on of a file that need not exist; a name that can't be completed as it is.
+    /// Returns the absolute form of a name, which need not exist; if there is none, the name itself.
     virtual std::string FullName(const std::string& name) = 0;
 
-    /// Length of a file in bytes.
+    /// Returns the length of a file in bytes.
     virtual std::uint64_t Length(const std::string& name, std::error_code& error) = 0;
 
-    /// Writes `bytes` at `offset` (at most the file's length), creating the file where it is missing, and
-    /// closes it.
+    /// Writes `bytes` at `offset` (at most the file's length), and closes the file. Creates a missing file.
     virtual std::error_code WriteAt(const std::string& name, std::uint64_t offset,
                                     std::string_view bytes) = 0;
 
-    /// Writes `bytes` behind whatever the file holds, creating it where it is missing, and closes it.
+    /// Appends `bytes` to a file, and closes it. Creates a missing file.
     virtual std::error_code Append(const std::string& name, std::string_view bytes) = 0;
 
-    /// Opens an ordinary file for reading; null with `error` set when it is missing, a folder, or not
+    /// Opens an ordinary file for reading. Returns null with `error` set if it is missing, a folder, or not
     /// readable.
     virtual std::unique_ptr<FileReader> OpenForInput(const std::string& name, std::error_code& error) = 0;
 
-    /// Opens a file for replacing; null with `error` set when it can't be written (a folder, a device, no
-    /// permission on it or on its folder).
+    /// Opens a file for replacing. Returns null with `error` set if it can't be written (a folder, a device,
+    /// or no permission for it or its folder).
     virtual std::unique_ptr<FileWriter> OpenForOutput(const std::string& name, std::error_code& error) = 0;
 
-    /// The files that FindsNormalFile(pattern) would find, by their full names in ascending order; none where
-    /// the folder is missing or can't be listed.
+    /// Returns the full names of all files that match as in FindsNormalFile(pattern), in ascending order;
+    /// none if the folder is missing or unreadable.
     virtual std::vector<std::string> NormalFiles(const std::string& pattern) = 0;
 
     /// Deletes an ordinary file.
     virtual std::error_code Delete(const std::string& name) = 0;
 
-    /// Creates a folder, and those above it, for the user alone; one that is there already is left as it is.
+    /// Creates a folder and its missing parents, for the user alone. An existing folder stays unchanged.
     virtual std::error_code CreateFolder(const std::string& name) = 0;
 
-    /// Takes a lock without waiting, creating its file where that is missing; null with `error` set, which is
-    /// errc::resource_unavailable_try_again when somebody holds it, this process included.
+    /// Takes a lock without waiting. Creates a missing file. Returns null with `error` set if that fails; the
+    /// error is errc::resource_unavailable_try_again if any process, this one included, holds the lock.
     virtual std::unique_ptr<FileLock> TryLock(const std::string& name, std::error_code& error) = 0;
 };
 

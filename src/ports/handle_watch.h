@@ -8,22 +8,22 @@
 
 namespace quavix {
 
-/// Watches what the system can signal, beside the windows' own events.
+/// Watches signalled handles, beside window events.
 ///
-/// Thread: the user-interface thread. Handlers run as window events, as often as they find their handle
-/// signalled: they have to take the signal away.
+/// Thread: the user-interface thread. A handler runs as a window event whenever its handle is signalled, so
+/// it has to reset the signal.
 class HandleWatch {
   public:
-    /// A running watch; 0 is none.
+    /// Identifies a running watch; 0 is none.
     using Id = std::int64_t;
 
     virtual ~HandleWatch() = default;
 
-    /// Calls `signalled` whenever `handle` is, until Unwatch(). The handle stays the caller's and open
-    /// meanwhile.
+    /// Calls `signalled` whenever `handle` is signalled, until Unwatch(). The caller owns the handle and must
+    /// keep it open meanwhile.
     virtual Id Watch(WaitHandle handle, std::function<void()> signalled) = 0;
 
-    /// Ends a watch; its handler doesn't run afterwards. An unknown id is ignored.
+    /// Ends a watch; its handler does not run afterwards. An unknown id is ignored.
     virtual void Unwatch(Id watch) = 0;
 };
 

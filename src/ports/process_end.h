@@ -10,8 +10,8 @@ class ProcessEnd {
   public:
     virtual ~ProcessEnd() = default;
 
-    /// Ends the process at once with status 0, whatever is on the stack: no window, object or handler sees
-    /// anything of it. Returns only where the end is simulated.
+    /// Ends the process at once with status 0, without destructors or further handlers. Returns only in a
+    /// simulation.
     virtual void EndProcess() = 0;
 };
 

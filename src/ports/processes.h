@@ -5,13 +5,13 @@
 
 namespace quavix {
 
-/// An opened process; 0 is none.
+/// Identifies an open process; 0 is none.
 using ProcessHandle = std::intptr_t;
 
 /// The processes of the system and their priority classes (64 idle, 16384 below normal, 32 normal, 32768
 /// above normal, 128 high, 256 realtime).
 ///
-/// Thread: the user-interface thread. Failures give 0 or false and change nothing.
+/// Thread: the user-interface thread. A failed call returns 0 or false and changes nothing.
 class Processes {
   public:
     /// Rights for Open(): to set and to query information.
@@ -21,12 +21,12 @@ class Processes {
     virtual ~Processes() = default;
 
     virtual std::int32_t CurrentProcessId() = 0;
-    /// The process that owns a window; 0 when there is no such window.
+    /// Returns the process that owns a window; 0 if there is no such window.
     virtual std::int32_t WindowProcessId(std::intptr_t window) = 0;
-    /// Opens a process with the given rights; 0 when it doesn't exist or the rights are refused.
+    /// Opens a process with the given rights. Returns 0 if it does not exist or the rights are refused.
     virtual ProcessHandle Open(std::uint32_t access, std::int32_t processId) = 0;
     virtual bool SetPriorityClass(ProcessHandle process, std::int32_t priorityClass) = 0;
-    /// The priority class, 0 on failure.
+    /// Returns the priority class, or 0 on failure.
     virtual std::int32_t GetPriorityClass(ProcessHandle process) = 0;
     virtual void Close(ProcessHandle process) = 0;
 };

@@ -9,7 +9,7 @@ namespace quavix {
 class RandomNumbers {
   public:
     virtual ~RandomNumbers() = default;
-    /// The next number, in [0, 1).
+    /// Returns the next number, in [0, 1).
     virtual double Next() = 0;
 };
 

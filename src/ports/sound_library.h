@@ -6,7 +6,7 @@
 
 #include "modules/sound_engine/sound_engine.h"
 
-/// The functions of the sound library that the program uses; each is declared in the library's own header.
+/// The functions of the sound library that the program uses, as declared in the library's own header.
 #define QUAVIX_SOUND_FUNCTIONS(USE)        \
     USE(FMOD_System_Create)                \
     USE(FMOD_System_GetVersion)            \
@@ -36,21 +36,20 @@
 
 namespace quavix {
 
-/// The sound library as it is: its functions, under their names, and nothing else.
+/// The sound library: its functions under their names.
 ///
-/// Thread: the user-interface thread; no call runs handlers. What the functions do and take stands in the
-/// library's own header. Every function gives a result, 0 for no error, and changes none of what it was to
-/// fill in unless that is 0. A function called before a successful Load() raises FileNotFound.
+/// Thread: the user-interface thread; no call runs handlers. The library's own header describes the
+/// functions. Each returns a result, 0 for no error, and fills in its output arguments only with result 0. A
+/// function called before a successful Load() raises FileNotFound.
 class SoundLibrary {
   public:
-    /// The result of a call: 0 for no error.
+    /// Result of a call: 0 for no error.
     using Result = SoundResult;
 
     virtual ~SoundLibrary() = default;
 
-    /// Loads the library from a file, for the rest of the process. Gives the reason, as a sentence without
-    /// its full stop, where that can't be done (it is no library, or lacks a function); an empty text
-    /// otherwise.
+    /// Loads the library from a file, for the rest of the process. Returns an empty text, or the reason, a
+    /// sentence without its full stop, if the file is no library or lacks a function.
     virtual std::string Load(const std::string& fileName) = 0;
 
 // NOLINTNEXTLINE(bugprone-macro-parentheses): a declaration

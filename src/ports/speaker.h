@@ -6,13 +6,13 @@
 
 namespace quavix {
 
-/// What sounds the PC-speaker tones, in words for the user.
+/// State of the PC-speaker output, in words for the user.
 struct SpeakerStatus {
-    /// What is in use, e.g. "PC speaker" or "sound card (PulseAudio, Built-in Audio)" or "silent".
+    /// Device in use, e.g. "PC speaker" or "sound card (PulseAudio, Built-in Audio)" or "silent".
     std::string InUse{};
-    /// Why it is not the real PC speaker; empty where it is.
+    /// Reason why the real PC speaker is not in use; empty if it is.
     std::string Reason{};
-    /// What can be done about it, ready to copy; empty where there is nothing to do.
+    /// Suggested remedy, ready to copy; empty if there is none.
     std::string Remedy{};
     /// True when tones make no sound at all.
     bool Silent = false;
@@ -23,11 +23,11 @@ struct SpeakerStatus {
 /// Thread: the user-interface thread.
 class Speaker {
   public:
-    /// What the real speaker's driver can make, in Hz.
+    /// Range of the real speaker's driver in Hz.
     static constexpr std::int32_t LowestHz = 21;
     static constexpr std::int32_t HighestHz = 32766;
 
-    /// Whether the speaker can make a frequency; any other is silence.
+    /// Returns true if the speaker can sound a frequency in Hz; any other is silence.
     static constexpr bool CanSound(std::int32_t frequency) {
         return frequency >= LowestHz && frequency <= HighestHz;
     }
@@ -41,7 +41,7 @@ class Speaker {
     /// sounds longer than its duration.
     virtual void Beep(std::int32_t frequency, std::int32_t durationMs) = 0;
 
-    /// What is in use now; may change when a device fails.
+    /// Returns the current state; it may change when a device fails.
     virtual SpeakerStatus Status() const = 0;
 };
 

@@ -14,7 +14,7 @@
 
 namespace quavix {
 
-/// The ports that a program can do without, each absent: it refuses, and says why where it is asked.
+/// The optional ports of a program, all absent: they refuse every call, with a reason if asked.
 class AbsentPorts {
     class NoFilePicker : public FilePicker {
       public:
@@ -97,7 +97,7 @@ class AbsentPorts {
     NoBatchFiles Batches;
     NoLoadingView Loading;
 
-    /// The ports of a program that has only these, and neither folders nor files of its own.
+    /// Returns the ports of a program that has only these, without its own folders and files.
     ProgramPorts Beside(Clock& time, EventPump& pump, Timers& ticks, RandomNumbers& random,
                         MessageBoxes& boxes, Files& disk, Speaker& speaker, SoundLibrary& sound) {
         return {

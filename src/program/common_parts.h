@@ -10,7 +10,7 @@
 
 namespace quavix {
 
-/// The parts of a program that every group of parts works with.
+/// The parts of a program that all other groups use.
 struct CommonParts {
     explicit CommonParts(const ProgramPorts& ports);
 

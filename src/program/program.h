@@ -14,8 +14,8 @@ struct ProgramPorts;
 struct SongEditing;
 struct SongStorage;
 
-/// The program behind its window: the one place where its parts are put together, whatever stands behind the
-/// ports. Each group of parts is a header of its own.
+/// The program behind its window: assembles its parts, on any implementation of the ports. Each group of
+/// parts has its own header.
 class Program {
     struct Parts;
 
@@ -26,14 +26,14 @@ class Program {
     Program(const Program&) = delete;
     Program& operator=(const Program&) = delete;
 
-    /// A tone sounds, or held notes do in turn, so that nothing may hold the program up.
+    /// Returns true while a tone or held notes sound, which a pause of the program would disturb.
     bool IsSounding() const;
 
-    /// Closes the MIDI devices that are open, for the program's end.
+    /// Closes the open MIDI devices at the program's end.
     void ReleaseMidi();
 
   private:
-    /// Owned. A smart pointer's header would be most of what users of this one compile.
+    /// Owned. A plain pointer: the header of a smart one would dominate the compile time of users.
     Parts* const parts_;
 
   public:

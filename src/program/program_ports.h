@@ -23,8 +23,8 @@ class SoundLibrary;
 class Speaker;
 class Timers;
 
-/// The ports of a program, and the places where its files lie. All ports must outlive the program. Each can
-/// be replaced until the program is made: `ports.Boxes = boxes`.
+/// The ports and the file locations of a program. All ports must outlive the program. Each can be replaced
+/// until the program is made: `ports.Boxes = boxes`.
 struct ProgramPorts {
     std::reference_wrapper<Clock> Time;
     std::reference_wrapper<EventPump> Pump;
@@ -42,11 +42,11 @@ struct ProgramPorts {
     std::reference_wrapper<MidiFileReader> MidiFiles;
     std::reference_wrapper<BatchFiles> Batches;
     std::reference_wrapper<LoadingView> Loading;
-    /// The folder of the executable and of what it ships with.
+    /// Folder of the executable and its files.
     std::string ProgramFolder;
-    /// The folder for what is installed on first use.
+    /// Folder for files installed on first use.
     std::string WinFolder;
-    /// Where the debug log and the tone code go while they are switched on.
+    /// Files for the debug log and the tone code, written while these are switched on.
     std::string LogFile;
     std::string ToneCodeFile;
 };

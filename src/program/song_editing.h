@@ -12,7 +12,7 @@ namespace quavix {
 
 struct CommonParts;
 
-/// The parts of a program that change the song, and show where in it a change was made.
+/// The parts of a program that change the song, and show the position of a change.
 struct SongEditing {
     explicit SongEditing(CommonParts& common);
 
@@ -23,7 +23,7 @@ struct SongEditing {
     quavix::ListEditing ListEditing;
     quavix::LineClipboard LineClipboard;
 
-    /// Shows the position of the selected line, unless music plays: the labels belong to it then.
+    /// Shows the position of the selected line, unless the playing music uses the labels.
     void ShowPositionOfEdit();
 
   private:

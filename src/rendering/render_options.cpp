@@ -35,7 +35,7 @@ RenderOptions::Output OutputOf(std::string_view name) {
     throw std::invalid_argument(fmt::format("there is no output \"{}\"", name));
 }
 
-/// The numbers are those of the options window's buttons.
+/// Converts a name into the number of its button in the options window.
 std::int32_t WaveformOf(std::string_view name) {
     if (name == "sine")
         return fmod_waveform::Sine;

@@ -7,7 +7,7 @@
 
 namespace quavix {
 
-/// What quavix-render is asked to do.
+/// The request to quavix-render.
 struct RenderOptions {
     enum class Request { Render, Help, Version };
     enum class Output { Speaker, Fmod, Voice };
@@ -18,21 +18,21 @@ struct RenderOptions {
     std::string Out;
     std::int32_t Passes = 1;
     Output Sounds = Output::Speaker;
-    /// Of the fmod output, as fmod_waveform has it.
+    /// Waveform of the fmod output, one of fmod_waveform.
     std::int32_t Waveform = 1;
     /// Samples per second, 8000 to 192000.
     std::int32_t Rate = 48000;
     std::string LogFile;
     std::string ToneCodeFile;
-    /// Questions are answered Yes.
+    /// True if questions are answered Yes.
     bool Yes = false;
 };
 
-/// How to call quavix-render.
+/// The usage text of quavix-render.
 extern const char* const RenderUsage;
 
-/// Reads the command line without the program's name. Raises std::invalid_argument, saying what is wrong with
-/// it.
+/// Parses the command line without the program's name. Raises std::invalid_argument with the fault as its
+/// text.
 RenderOptions ParseRenderOptions(std::span<const char* const> arguments);
 
 }  // namespace quavix

@@ -21,7 +21,7 @@ std::string UnusedName(const std::string& beginning) {
 
 bool IsNamedPipe(const std::string& file) {
     std::error_code error;
-    // Where a process finds its own pipes, they are links that lead to no file.
+    // Links to a process's own pipes lead to no file, so canonical() fails for them.
     return std::filesystem::is_fifo(file, error) && !std::filesystem::canonical(file, error).empty();
 }
 
@@ -52,8 +52,8 @@ RenderTarget::RenderTarget(const std::string& out) : name_(out) {
     }
     if (!aside_.empty())
         stream_.open(aside_, std::ios::binary | std::ios::in | std::ios::out | std::ios::trunc);
-    // Nobody else needs its name, and nothing is left of it however the program ends. Where an open file
-    // can't be removed, the destructor removes it.
+    // Removing the name leaves nothing behind, however the program ends. If the system can't remove an open
+    // file, the destructor removes it.
     if (isPassedOn_ && stream_.is_open() && fs::remove(aside_, error))
         aside_.clear();
     if (!stream_.is_open()) {

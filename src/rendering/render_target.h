@@ -7,13 +7,13 @@
 
 namespace quavix {
 
-/// Where a rendered song goes. The sound is written aside and comes to its place only when it is complete, so
-/// that nothing half-written is left behind; a device that stands in the place is written straight away. A
-/// named pipe is refused, because opening it waits for a reader.
+/// The destination of a rendered song. The sound is written to a temporary file, which replaces the
+/// destination only when complete, so that nothing half-written is left behind. A device is written to
+/// directly. A named pipe is refused, because opening it waits for a reader.
 class RenderTarget {
   public:
-    /// `out` is a file name, or "-" for standard output. Raises RenderError when nothing can be written
-    /// there. Never waits.
+    /// `out` is a file name, or "-" for standard output. Raises RenderError if it can't be written. Never
+    /// waits.
     explicit RenderTarget(const std::string& out);
     ~RenderTarget();
     RenderTarget(const RenderTarget&) = delete;
@@ -21,11 +21,11 @@ class RenderTarget {
 
     std::ostream& Stream() { return stream_; }
 
-    /// True if Commit() passes the sound on to a reader, and waits for it; nothing of it has a name then
-    /// where the system can remove open files.
+    /// Returns true if Commit() passes the sound to a reader and waits for it; no file is left behind then,
+    /// if the system can remove open files.
     bool IsPassedOn() const { return isPassedOn_; }
 
-    /// Puts the complete sound in its place. Raises RenderError when that fails.
+    /// Moves the complete sound to its destination. Raises RenderError on failure.
     void Commit();
 
   private:
@@ -38,7 +38,7 @@ class RenderTarget {
     std::fstream stream_;
 };
 
-/// True for a pipe with a name, whose opening waits for the other end.
+/// Returns true for a named pipe, whose opening waits for the other end.
 bool IsNamedPipe(const std::string& file);
 
 }  // namespace quavix

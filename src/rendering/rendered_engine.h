@@ -11,17 +11,17 @@
 
 namespace quavix {
 
-/// An engine of the sound library on simulated time. The engine mixes into a temporary file, block by block
-/// as time passes; the file's first channel goes into the rendering in the end. Until Begin() it is silent.
+/// An engine of the sound library on simulated time. It mixes into a temporary file, block by block as time
+/// passes, whose first channel is copied into the rendering at the end. Silent until Begin().
 class RenderedEngine : public RenderedSound {
   public:
     RenderedEngine(SoundLibrary& library, SimulatedTime& time, SoundFile& out);
     ~RenderedEngine() override;
 
-    /// How the engine is to be initialised.
+    /// Returns the output to initialise the engine with.
     FmodOutput Output() const { return {FmodOutput::WavFileByUpdate, fileName_}; }
 
-    /// Begins at this moment with the engine that was initialised so, and releases it in the end.
+    /// Begins to record, at the current time, an engine initialised for this; releases it at the end.
     void Begin(SoundSystem* system);
 
     void CatchUp() override;

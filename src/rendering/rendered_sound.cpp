@@ -4,7 +4,7 @@
 namespace quavix {
 
 void SoundFile::Expect(double seconds) {
-    // A tenth more, as each pass of a MIDI file goes on to the end of its last step.
+    // A tenth more, because each pass of a MIDI file lasts until its last step ends.
     constexpr double Margin = 1.1;
     if (seconds * Margin * rate_ * WavBytesPerSample > MostRiffBytes)
         wav_.MakeRoom();
@@ -17,7 +17,7 @@ void SoundFile::Check(bool written) const {
 }
 
 std::int64_t FrameAt(std::int64_t counts, std::int64_t rate) {
-    // Whole seconds apart, so that the product stays in range for centuries.
+    // Whole seconds are computed separately, so that the product stays in range for centuries.
     const std::int64_t seconds = counts / SimulatedTime::CountsPerSecond;
     const std::int64_t rest = counts % SimulatedTime::CountsPerSecond;
     constexpr std::int64_t Half = SimulatedTime::CountsPerSecond / 2;

@@ -11,24 +11,24 @@
 
 namespace quavix {
 
-/// The sound could not be made, or not be written.
+/// Raised if the sound could not be made or written.
 class RenderError : public std::runtime_error {
   public:
     using std::runtime_error::runtime_error;
 };
 
-/// The mono WAV file that a rendering writes. Raises RenderError when it cannot be written any further.
+/// The mono WAV file of a rendering. Raises RenderError if it can't be written.
 class SoundFile {
   public:
-    /// `rate` is the frames per second. The stream must outlive the file.
+    /// `rate` is in frames per second. The stream must outlive the file.
     SoundFile(std::ostream& out, std::int32_t rate) : wav_(out, rate, 1), rate_(rate) {}
 
-    /// Prepares the file for about `seconds` of sound, so that it can grow beyond 4 GiB where it has to. To
-    /// be called before anything is written.
+    /// Prepares the file for about `seconds` of sound, so that it can exceed 4 GiB if necessary. Has to be
+    /// called before the first write.
     void Expect(double seconds);
 
     void Write(std::span<const float> samples) { Check(wav_.Write(samples)); }
-    /// Writes `frames` of silence; 0 or less is none.
+    /// Writes `frames` frames of silence; none for 0 or less.
     void WriteSilence(std::int64_t frames) { Check(wav_.WriteSilence(frames)); }
     /// Completes the file.
     void Finish() { Check(wav_.Finish()); }
@@ -46,7 +46,7 @@ class SoundFile {
 /// Returns the frame nearest to a time in counts of SimulatedTime, 0 or more, at `rate` frames per second.
 std::int64_t FrameAt(std::int64_t counts, std::int64_t rate);
 
-/// The part of a rendering that makes its sound, on simulated time. Raises RenderError when that fails.
+/// The sound source of a rendering, on simulated time. Raises RenderError on failure.
 class RenderedSound {
   public:
     RenderedSound() = default;
@@ -54,10 +54,10 @@ class RenderedSound {
     RenderedSound(const RenderedSound&) = delete;
     RenderedSound& operator=(const RenderedSound&) = delete;
 
-    /// Makes the sound up to this moment. To be called before anything of the sound changes.
+    /// Makes the sound up to the current time. Has to be called before any change of the sound.
     virtual void CatchUp() = 0;
 
-    /// Makes the sound up to this moment, which is the end, and writes what is left of it.
+    /// Makes the sound up to the current time, which is the end, and writes the rest.
     virtual void Finish() = 0;
 };
 

@@ -9,8 +9,8 @@
 
 namespace quavix {
 
-/// A speaker on simulated time that writes what would be heard, exact to the sample: the tone of a moment t
-/// starts at frame t × rate. Time without a tone is silence.
+/// A speaker on simulated time that writes its sound, exact to the sample: a tone at time t starts at frame t
+/// × rate. Time without a tone is silence.
 class RenderedSpeaker : public Speaker, public RenderedSound {
   public:
     RenderedSpeaker(SimulatedTime& time, SoundFile& out) : time_(time), out_(out) {}

@@ -23,10 +23,10 @@
 namespace quavix {
 namespace {
 
-/// So that a rendering is the same every time.
+/// Constant, so that every rendering is the same.
 constexpr std::uint32_t RandomSeed = 1;
 
-/// Passes the rendering's progress on, and stops the load when that is wanted.
+/// Reports the rendering's progress, and stops the load on request.
 class RenderLoadingView : public LoadingView {
   public:
     explicit RenderLoadingView(const std::function<bool(double)>& progress) : progress_(progress) {}
@@ -43,7 +43,7 @@ class RenderLoadingView : public LoadingView {
     const std::function<bool(double)>& progress_;
 };
 
-/// Simulated time that looks after the rendering whenever the program lets events run.
+/// Simulated time that updates the rendering whenever the program runs events.
 class RenderPump : public EventPump {
   public:
     RenderPump(SimulatedTime& time, RenderedSound& sound, const std::function<bool(double)>& progress)
@@ -69,7 +69,7 @@ class RenderPump : public EventPump {
     double TotalSeconds = 0;
 
   private:
-    /// Lines may follow each other without any time between them.
+    /// Most calls between two updates, because lines may follow each other without any time.
     static constexpr int CallsBetween = 1000;
 
     SimulatedTime& time_;
@@ -123,7 +123,7 @@ void PlayMidi(Program& program, RenderPump& pump, std::int32_t passes) {
     midi.OnEnd = [&midi, left = passes]() mutable { midi.chkLoop = --left > 0; };
     midi.cmdPlay_Click();
     while (midi.IsPlaying()) {
-        // Until the next step is due, so that nothing comes behind the last one.
+        // Waits until the next step is due, so that no time follows the last one.
         constexpr std::uint32_t LongerThanAnyStep = 100'000;
         pump.WaitForInput({}, LongerThanAnyStep);
         pump.DoEvents();
@@ -138,7 +138,7 @@ void SongRenderer::LoadEngine(Program& program) const {
         throw RenderError("this output needs the sound engine FMODex.dll in the program's folder");
 }
 
-/// Lets the chosen output alone be heard.
+/// Makes only the chosen output audible.
 void SongRenderer::ChooseOutput(Program& program, RenderedEngine& engine,
                                 const RenderOptions& options) const {
     switch (options.Sounds) {

@@ -17,21 +17,21 @@ namespace quavix {
 class Program;
 class RenderedEngine;
 
-/// The song could not be read or played.
+/// Raised if the song could not be read or played.
 class SongError : public std::runtime_error {
   public:
     using std::runtime_error::runtime_error;
 };
 
-/// Somebody wants the rendering to end.
+/// Raised if the rendering is interrupted on request.
 class RenderInterrupted : public std::exception {};
 
 /// Renders songs and MIDI files on simulated time.
 class SongRenderer {
   public:
-    /// `sound` is loaded from the program's folder for the outputs that need it; `midiFiles` reads songs that
-    /// are MIDI files by their names. `progress` is called now and
-    /// then with the share done, 0 to 1; false ends the rendering with RenderInterrupted.
+    /// `sound` is loaded from the program's folder if an output needs it; `midiFiles` reads MIDI files,
+    /// recognised by name. `progress` is called from time to time with the finished share, 0 to 1; if it
+    /// returns false, rendering ends with RenderInterrupted.
     SongRenderer(Files& files, MessageBoxes& boxes, SoundLibrary& sound, MidiFileReader& midiFiles,
                  std::string programFolder, std::function<bool(double)> progress)
         : files_(files),

@@ -15,7 +15,7 @@ Currency Currency::FromDouble(double value) {
 }
 
 std::string Currency::ToText() const {
-    // The magnitude is taken as unsigned, so that the lowest number has one too.
+    // The unsigned magnitude also exists for the lowest number.
     const auto magnitude =
         units_ < 0 ? 0 - static_cast<std::uint64_t>(units_) : static_cast<std::uint64_t>(units_);
     std::string text = fmt::format("{}{}.{:04}", units_ < 0 ? "-" : "", magnitude / Scale, magnitude % Scale);

@@ -54,7 +54,7 @@ LogBlock::~LogBlock() noexcept(false) {
         try {
             Close();
         } catch (const RuntimeError&) {
-            // The error that has left the block is the one to be told of.
+            // The error that has left the block takes precedence over one of the log.
         }
     }
 }

@@ -16,35 +16,34 @@ namespace quavix {
 
 class MessageBoxes;
 
-/// Yes: a text joins the end of the previous line of the log instead of starting its own.
+/// Yes: a log line joins the end of the previous one instead of starting its own.
 enum class NoNewLine : bool { No, Yes };
 
 /// The debug log: an opt-in trace in a text file, one line per entry, nested by indentation. Off until
-/// Enable(); while it is off every call returns at once. The file is opened and closed for each entry, so
-/// that it is complete up to the last line even if the process dies. A file that can't be written raises the
-/// classic file error in the caller.
+/// Enable(); while it is off, every call returns at once. The file is opened and closed for each entry, so
+/// that it is complete even if the process dies. If the file can't be written, the call raises the classic
+/// file error.
 class DebugLog {
   public:
     DebugLog(Files& files, Clock& clock, std::string fileName);
 
     void Enable() { enabled_ = true; }
-    /// For a log that turns out not to be writable at the start.
+    /// Turns the log off if its file turns out to be unwritable at the start.
     void Disable() { enabled_ = false; }
     bool Enabled() const { return enabled_; }
 
-    /// Writes one entry: time of day, " - ", 4 blanks per level, the text, CR LF. With NoNewLine::Yes the
-    /// text and one blank go onto the end of the previous line instead; a log without a line raises
-    /// BadRecordNumber.
+    /// Writes one entry: time of day, " - ", 4 blanks per level, the text, CR LF. With NoNewLine::Yes,
+    /// appends the text and one blank to the previous line; raises BadRecordNumber if the log has no line.
     void LogText(std::string_view textToLog, NoNewLine noNewLine = NoNewLine::No);
 
-    /// Raises the depth by one, then writes the text at the new depth. Raises Overflow past 32767 levels, or
-    /// where the indentation's width passes it.
+    /// Raises the depth by one, then writes the text. Raises Overflow if the depth or the indentation's width
+    /// exceeds 32767.
     void LogIndentInc(std::string_view textToLog);
 
     /// Writes the text and an empty line at the current depth, then lowers the depth by one.
     void LogIndentDec(std::string_view textToLog);
 
-    /// The same three with the text put together only while the log is on.
+    /// Same as the three above; the text is formatted only while the log is on.
     template <typename... Args>
     void Text(fmt::format_string<Args...> format, Args&&... args) {
         if (enabled_)
@@ -57,7 +56,7 @@ class DebugLog {
     }
 
     std::int16_t LogIndent() const { return logIndent_; }
-    /// Goes back to a depth that LogIndent() has given, where a block ends without a closing line.
+    /// Restores a depth from LogIndent() when a block ends without a closing line.
     void SetLogIndent(std::int16_t logIndent) { logIndent_ = logIndent; }
 
   private:
@@ -68,15 +67,15 @@ class DebugLog {
     std::int16_t logIndent_ = 0;
 };
 
-/// A block of lines in the log: "NAME - START" one level deeper, and "NAME - END" at the end of its scope. An
-/// error that leaves the scope writes no closing line, unless CloseOnError() was called; the depth is put
-/// right by the event boundary. Both lines raise the errors of the log, the closing one only where there is
-/// no other error.
+/// A block of lines in the log: "NAME - START" one level deeper, and "NAME - END" at the end of its scope. If
+/// an error leaves the scope, no closing line is written, unless CloseOnError() was called, and the event
+/// boundary restores the depth. Both lines raise the errors of the log; the closing one only without another
+/// error.
 class LogBlock {
   public:
-    /// `name` is a literal.
+    /// `name` must be a literal.
     LogBlock(DebugLog& log, const char* name) : LogBlock(log, name, "{} - START", name) {}
-    /// The same with an opening line that tells more than the name.
+    /// Same, with an opening line that says more than the name.
     template <typename... Args>
     LogBlock(DebugLog& log, const char* name, fmt::format_string<Args...> start, Args&&... args)
         : log_(log), name_(name), indentBefore_(log.LogIndent()) {
@@ -86,7 +85,7 @@ class LogBlock {
     LogBlock(const LogBlock&) = delete;
     LogBlock& operator=(const LogBlock&) = delete;
 
-    /// Writes the closing line after an error too.
+    /// Makes an error write the closing line too.
     void CloseOnError() { closesOnError_ = true; }
     /// Closes the block now, with another line than "NAME - END".
     void Close(std::string_view text);
@@ -104,12 +103,12 @@ class LogBlock {
     bool closesOnError_ = false;
 };
 
-/// Turns the log on when the marker file "logenable" lies in the program's folder, and tells the user what
-/// that means. Returns true if it is on now. The first thing at start-up.
+/// Turns the log on if the marker file "logenable" is in the program's folder, and tells the user about it.
+/// Returns true if the log is on. Called first at start-up.
 bool EnableDebugLogIfWanted(const std::string& programFolder, Files& files, MessageBoxes& boxes,
                             DebugLog& log);
 
-/// "TRUE" or "FALSE", as flags are written into the log.
+/// Returns "TRUE" or "FALSE", the log's form of a flag.
 constexpr const char* LogFlag(bool flag) {
     return flag ? "TRUE" : "FALSE";
 }

@@ -13,7 +13,7 @@ bool EventBoundary::Run(std::string_view handler, const std::function<void()>& b
     constexpr int OutOfMemory = 7;
     constexpr int InternalError = 51;
     const auto report = [&, logIndent = log_.LogIndent()](int number, const char* text) {
-        // The blocks that the error has left get no closing lines.
+        // Blocks that the error has left get no closing lines.
         log_.SetLogIndent(logIndent);
         Report(handler, number, text);
     };
@@ -34,7 +34,7 @@ void EventBoundary::Report(std::string_view handler, int number, const char* tex
     try {
         log_.Text("Run-time error '{}' in {}: {}", number, handler, text);
     } catch (const RuntimeError&) {
-        // The log itself may be what failed; the message box still tells.
+        // Logging itself may fail; the message box is still shown.
     }
     boxes_.Show({.Title = program::Title,
                  .Text = fmt::format("Run-time error '{}':\n\n{}", number, text),

@@ -10,17 +10,17 @@
 
 namespace quavix {
 
-/// The end of run-time errors: every event handler runs inside one call of Run(), which logs an error that
-/// the handler raised, shows it in a message box, and lets the program carry on.
+/// The boundary for run-time errors: every event handler runs inside one call of Run(), which logs an error
+/// of the handler, shows it in a message box, and lets the program carry on.
 class EventBoundary {
   public:
     EventBoundary(MessageBoxes& boxes, DebugLog& log) : boxes_(boxes), log_(log) {}
 
-    /// Runs `body`; `handler` is the handler's name for the log. Returns whether it ended without an error.
+    /// Runs `body`; `handler` is the handler's name for the log. True if there was no error.
     bool Run(std::string_view handler, const std::function<void()>& body);
 
-    /// Returns a function that runs `body` so, with the arguments that it is called with or without any.
-    /// `handler` is a literal.
+    /// Returns a function that calls Run() with `body`, and passes its arguments on if `body` takes them.
+    /// `handler` must be a literal.
     template <typename Body>
     auto Wrap(const char* handler, Body body) {
         return [this, handler, body](const auto&... arguments) {

@@ -21,8 +21,7 @@ bool MatchesWildcards(std::string_view name, std::string_view pattern) {
     constexpr auto None = std::string_view::npos;
     std::size_t n = 0;
     std::size_t p = 0;
-    // The place to take up again when a later part does not fit: the last "*" may stand for one more
-    // character.
+    // Position to resume at after a mismatch: the last "*" may match one more character.
     std::size_t starPattern = None;
     std::size_t starName = 0;
     while (n < name.size()) {

@@ -6,7 +6,7 @@
 
 namespace quavix {
 
-/// The text with its ASCII letters in lower case; all other bytes stay as they are.
+/// Returns the text with its ASCII letters in lower case; other bytes stay unchanged.
 inline std::string LowerCase(std::string_view text) {
     std::string lower(text);
     for (char& c : lower) {

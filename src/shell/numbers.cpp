@@ -21,13 +21,13 @@ bool IsDigit(char c) {
     return c >= '0' && c <= '9';
 }
 
-/// The number at the start of a text without blanks, and how many characters belong to it (0: no number).
+/// The number at the start of a text without blanks, and its length in characters (0: no number).
 struct Reading {
     double Value = 0;
     std::size_t Length = 0;
 };
 
-/// Returns true if a number's magnitude is below 1, judged by where its first digit other than 0 stands.
+/// Returns true if a number's magnitude is below 1, judged by the place of its first digit other than 0.
 bool IsBelowOne(std::string_view number) {
     const std::size_t exponentAt = std::min(number.find('e'), number.size());
     const std::string_view mantissa = number.substr(0, exponentAt);
@@ -72,7 +72,7 @@ Reading ReadNumber(std::string text) {
     }
     Reading reading{.Length = at};
     const auto [end, error] = std::from_chars(text.data() + start, text.data() + at, reading.Value);
-    // from_chars leaves a value out of range alone.
+    // If the value is out of range, from_chars does not set it.
     if (error == std::errc::result_out_of_range) {
         const double infinity = std::numeric_limits<double>::infinity();
         const bool negative = text.starts_with('-');
@@ -86,7 +86,7 @@ Reading ReadNumber(std::string text) {
 template <typename T>
 T ToInteger(double value) {
     const double rounded = RoundHalfEven(value);
-    // One above the highest value is a power of two, and so exact; the comparison is false for NaN.
+    // The highest value plus one is a power of two, and so exact. The comparison is false for NaN.
     const double limit = std::ldexp(1.0, std::numeric_limits<T>::digits);
     if (!(rounded >= static_cast<double>(std::numeric_limits<T>::min()) && rounded < limit))
         throw RuntimeError(RuntimeError::Overflow);
@@ -96,7 +96,7 @@ T ToInteger(double value) {
 }  // namespace
 
 double RoundHalfEven(double value) {
-    // The rounding mode is the default one, to nearest even, throughout the program.
+    // The program uses the default rounding mode, to nearest even, throughout.
     return std::nearbyint(value);
 }
 
@@ -142,7 +142,7 @@ std::string NumberText(double value) {
 
 std::string FormatNumber(double value, int integerDigits, int decimals) {
     const double scale = std::pow(10.0, decimals);
-    // Halves are judged on the decimal text's value, so that 0.285 (a hair below in binary) counts as a half.
+    // Rounds by the value of the decimal text, so that 0.285 (slightly below in binary) counts as a half.
     const double nudged = std::abs(value) * scale;
     const double rounded = std::floor(nudged + 0.5 + nudged * 4e-16) / scale;
     const int width = integerDigits + (decimals > 0 ? decimals + 1 : 0);

@@ -18,9 +18,9 @@ inline constexpr const char* Realtime = "Realtime";
 inline constexpr const char* Unknown = "Unknown:";
 }  // namespace priority
 
-/// Sets the priority class of a process and returns the class read back, 0 when the process can't be opened
-/// at all. Process 0 stands for the owner of `window`, or for this process where the window is 0 too.
-/// Failures of the system calls are ignored.
+/// Sets the priority class of a process. Returns the class read back, or 0 if the process can't be opened.
+/// Process 0 means the owner of `window`, or this process if the window is 0 too. Failures of the system
+/// calls are ignored.
 inline std::int32_t SetProcessPriority(Processes& processes, std::int32_t processId, std::intptr_t window,
                                        std::int32_t priorityClass) {
     if (processId == 0)

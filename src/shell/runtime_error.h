@@ -8,8 +8,8 @@
 
 namespace quavix {
 
-/// A run-time error with its classic number and text. It ends the handler that it is raised in; the boundary
-/// of that handler logs and shows it, and the program carries on.
+/// A run-time error with its classic number and text. It ends its handler; the boundary of that handler logs
+/// and shows it, and the program carries on.
 class RuntimeError : public std::runtime_error {
   public:
     enum Code : std::int32_t {
@@ -29,7 +29,7 @@ class RuntimeError : public std::runtime_error {
         IndexOutOfBounds = 35600,
     };
 
-    /// `detail`, where given, follows the error's own text in brackets.
+    /// `detail`, unless empty, follows the error's own text in brackets.
     explicit RuntimeError(Code code, const std::string& detail = {});
 
     std::int32_t Number() const noexcept { return number_; }
@@ -38,8 +38,7 @@ class RuntimeError : public std::runtime_error {
     std::int32_t number_;
 };
 
-/// Raises the classic error that a file operation's system error stands for; does nothing where there is
-/// none.
+/// Raises the classic error for a file operation's system error; does nothing without one.
 void RaiseFileError(std::error_code error, const std::string& fileName);
 
 }  // namespace quavix

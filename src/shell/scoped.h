@@ -5,7 +5,7 @@
 
 namespace quavix {
 
-/// Gives a value (plain or watched) another content for as long as it lives, and a third one afterwards.
+/// Sets a value (plain or watched) during its lifetime, and another one afterwards.
 template <typename Target, typename Content>
 class ScopedValue {
   public:
@@ -22,13 +22,13 @@ class ScopedValue {
     Content afterwards_;
 };
 
-/// Sets a flag for as long as it lives, and then gives the flag back what it was.
+/// Sets a flag during its lifetime, and restores the old value afterwards.
 class ScopedFlag : public ScopedValue<bool, bool> {
   public:
     explicit ScopedFlag(bool& flag) : ScopedValue(flag, true, flag) {}
 };
 
-/// Counts up for as long as it lives.
+/// Increments a counter during its lifetime.
 class ScopedCount {
   public:
     explicit ScopedCount(int& count) : count_(count) { ++count_; }
@@ -40,7 +40,7 @@ class ScopedCount {
     int& count_;
 };
 
-/// Calls a function at the end of its scope, also after an error. The function must not raise one.
+/// Calls a function at the end of its scope, even after an error. The function must not raise errors.
 template <typename Function>
 class AtScopeEnd {
   public:

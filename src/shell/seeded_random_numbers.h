@@ -8,13 +8,13 @@
 
 namespace quavix {
 
-/// Random numbers that are the same for the same seed, on every system.
+/// A source of random numbers that depend only on the seed, on every system.
 class SeededRandomNumbers : public RandomNumbers {
   public:
     explicit SeededRandomNumbers(std::uint32_t seed) : generator_(seed) {}
 
     double Next() override {
-        constexpr double Values = 4294967296.0;  // of the generator: 2^32
+        constexpr double Values = 4294967296.0;  // range of the generator, 2^32
         return static_cast<double>(generator_()) / Values;
     }
 
@@ -22,7 +22,7 @@ class SeededRandomNumbers : public RandomNumbers {
     std::mt19937 generator_;
 };
 
-/// Random numbers that differ from start to start.
+/// A source of random numbers that differ at every start.
 class SystemRandomNumbers : public SeededRandomNumbers {
   public:
     SystemRandomNumbers() : SeededRandomNumbers(std::random_device{}()) {}

@@ -6,8 +6,8 @@
 
 namespace quavix {
 
-/// A file name of the program's as a path of the system's. The program's are UTF-8 on every system; bytes
-/// that are not pass unchanged where the system's names are bytes.
+/// Converts a file name of the program (UTF-8) into a path of the system. If the system's names are bytes,
+/// other bytes pass unchanged.
 inline std::filesystem::path PathOf(const std::string& fileName) {
     return {std::u8string(fileName.begin(), fileName.end())};
 }

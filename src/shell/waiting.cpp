@@ -6,7 +6,7 @@
 namespace quavix {
 namespace {
 
-/// Tick counts are unsigned 32-bit values that wrap; as signed values their bits are the same.
+/// Tick counts are unsigned 32-bit values that wrap; signed arithmetic here uses the same bits.
 std::int32_t WrappingAdd(std::int32_t a, std::int32_t b) {
     return static_cast<std::int32_t>(static_cast<std::uint32_t>(a) + static_cast<std::uint32_t>(b));
 }
@@ -27,7 +27,7 @@ std::int32_t Waiting::MsgWaitObj(std::int32_t interval, WaitHandle handle, std::
     for (;;) {
         if (interval != Forever) {
             remaining = WrappingSubtract(end, static_cast<std::int32_t>(clock_.TickCount()));
-            // More time left than was asked for means that the end has passed and the subtraction wrapped.
+            // If more time is left than requested, the end has passed and the subtraction has wrapped.
             const bool sameSign = (remaining ^ interval) > 0;
             if (sameSign ? remaining > interval : remaining < 0)
                 return EventPump::WaitTimedOut;

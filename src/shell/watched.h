@@ -8,11 +8,10 @@
 
 namespace quavix {
 
-/// A value that others can watch. Watchers run at once, in the order in which they came, each time a
-/// different value is set. A watcher may set the value again; the last one set wins and everybody is told of
-/// it.
+/// A value that can be watched. Watchers run at once, in the order in which they were added, whenever the
+/// value changes. A watcher may set the value again; the last value wins, and all watchers are told of it.
 ///
-/// The watched value must outlive its watchers' use of it; a watcher is not removed except with the value.
+/// The value must outlive its watchers' use of it; watchers can't be removed.
 template <typename T>
 class Watched {
   public:
@@ -27,7 +26,7 @@ class Watched {
     Watched& operator=(T value) {
         if (!(value == value_)) {
             value_ = std::move(value);
-            // By index: a watcher may add another one, and that is told as well.
+            // By index, because a watcher may add another one, which is told as well.
             for (std::size_t i = 0; i < watchers_.size(); ++i)
                 watchers_[i](value_);
         }
@@ -39,7 +38,7 @@ class Watched {
 
   private:
     T value_{};
-    // A watcher that runs stays where it is when others come. Watching a value is no change of it.
+    // A deque keeps a running watcher in place when others are added.
     mutable std::deque<std::function<void(const T&)>> watchers_;
 };
 

@@ -28,8 +28,8 @@ std::string RecordedSoundLibrary::NameOf(const void* object) const {
     return found == objects_.end() ? "unknown" : *found;
 }
 
-/// Puts the recording of calls before the function's answer. Arguments that the function fills in are not
-/// shown, but for a channel that may be used again.
+/// Records calls before the function runs. Output arguments are not shown, except a channel that may be
+/// reused.
 template <typename... Arguments>
 void RecordedSoundLibrary::Record(const char* name, std::function<Result(Arguments...)>& function) {
     function = [this, name, answer = std::move(function)](Arguments... arguments) -> Result {
@@ -65,7 +65,7 @@ void RecordedSoundLibrary::Make(const std::string& kind, Object** made) {
     *made = reinterpret_cast<Object*>(&objects_.back());
 }
 
-/// The functions that fill something in.
+/// Sets the functions with output arguments.
 void RecordedSoundLibrary::Answer() {
     FMOD_System_Create = [this](SoundSystem** system) {
         Make("system", system);

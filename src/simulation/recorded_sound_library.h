@@ -10,8 +10,8 @@
 
 namespace quavix {
 
-/// A sound library without sound, always loaded. Writes each call with its arguments to the timeline, as
-/// "fmod FMOD_Channel_SetPaused(channel1, 1)". Objects are called by their kind and counted from 1.
+/// A silent sound library that is always loaded. Writes each call with its arguments to the timeline, as
+/// "fmod FMOD_Channel_SetPaused(channel1, 1)". Objects are named by their kind and counted from 1.
 class RecordedSoundLibrary : public SoundLibrary {
   public:
     RecordedSoundLibrary(SimulatedTime& time, Timeline& timeline);
@@ -20,12 +20,12 @@ class RecordedSoundLibrary : public SoundLibrary {
 
     std::string Load(const std::string& fileName) override;
 
-    /// Every call of this function gives this result from now on, and does nothing.
+    /// Makes every later call of this function return this result without any effect.
     void Fail(const std::string& function, Result result) { failures_[function] = result; }
 
-    /// The reason why the library can't be loaded; empty if it can.
+    /// Reason why the library can't be loaded; empty if it can.
     std::string LoadError;
-    // The library's answers.
+    // Values that the library returns.
     unsigned int Version = 0x40621;
     int Rate = 44100;
     unsigned int BufferLength = 1024;
@@ -42,7 +42,7 @@ class RecordedSoundLibrary : public SoundLibrary {
     SimulatedTime& time_;
     Timeline& timeline_;
     std::map<std::string, Result> failures_;
-    /// An object is the address of its name.
+    /// The names of the objects. An object is the address of its name.
     std::deque<std::string> objects_;
     std::map<std::string, int> counts_;
 };

@@ -15,14 +15,13 @@
 
 namespace quavix {
 
-/// A call that the script has no answer for. No std::exception, so that no handler of the program takes it
-/// for an error of its own.
+/// A call without a scripted answer. Not a std::exception, so that no handler of the program catches it.
 struct UnexpectedCall {
     std::string What;
 };
 
-/// Message boxes answered from a list. Messages with nothing but an OK button answer themselves; a question
-/// without an answer left raises UnexpectedCall.
+/// Message boxes answered from a list. Messages with only an OK button answer themselves; a question without
+/// a remaining answer raises UnexpectedCall.
 class SimulatedMessageBoxes : public MessageBoxes {
   public:
     SimulatedMessageBoxes(SimulatedTime& time, Timeline& timeline) : time_(time), timeline_(timeline) {}
@@ -30,7 +29,7 @@ class SimulatedMessageBoxes : public MessageBoxes {
     BoxAnswer Show(const MessageBox& box) override;
 
     void AnswerNext(BoxAnswer answer) { answers_.push_back(answer); }
-    /// Runs while the next box stands open.
+    /// Runs `action` while the next box is open.
     void WhileOpen(std::function<void()> action) { whileOpen_ = std::move(action); }
 
     /// All boxes shown so far.
@@ -44,7 +43,7 @@ class SimulatedMessageBoxes : public MessageBoxes {
     std::vector<MessageBox> shown_;
 };
 
-/// A file picker answered from a list; asked without an answer left, it raises UnexpectedCall.
+/// A file picker answered from a list; without a remaining answer it raises UnexpectedCall.
 class SimulatedFilePicker : public FilePicker {
   public:
     SimulatedFilePicker(SimulatedTime& time, Timeline& timeline) : time_(time), timeline_(timeline) {}
@@ -52,7 +51,7 @@ class SimulatedFilePicker : public FilePicker {
     std::string AskForSaveName(const FileDialog& dialog) override { return Ask("save", dialog); }
     std::string AskForOpenName(const FileDialog& dialog) override { return Ask("open", dialog); }
 
-    /// The name the next dialog gives; an empty one cancels it.
+    /// Adds the name that the next dialog returns; an empty one cancels it.
     void AnswerNext(std::string name) { answers_.push_back(std::move(name)); }
 
     const std::vector<FileDialog>& Shown() const { return shown_; }
@@ -66,8 +65,7 @@ class SimulatedFilePicker : public FilePicker {
     std::vector<FileDialog> shown_;
 };
 
-/// A clipboard of the program's own. What the program sets is written to the timeline, with "|" for the ends
-/// of lines.
+/// A private clipboard. Texts that the program sets are written to the timeline, with "|" for line ends.
 class SimulatedClipboard : public Clipboard {
   public:
     SimulatedClipboard(SimulatedTime& time, Timeline& timeline) : time_(time), timeline_(timeline) {}
@@ -81,7 +79,7 @@ class SimulatedClipboard : public Clipboard {
     }
     std::string Text() override { return text_; }
 
-    /// What another program puts there.
+    /// Sets the text as another program would.
     void Put(std::string text) { text_ = std::move(text); }
 
   private:
@@ -90,7 +88,7 @@ class SimulatedClipboard : public Clipboard {
     std::string text_;
 };
 
-/// Writes what the information mode shows to the timeline.
+/// Writes the texts of the information mode to the timeline.
 class RecordedLoadingView : public LoadingView {
   public:
     RecordedLoadingView(SimulatedTime& time, Timeline& timeline) : time_(time), timeline_(timeline) {}
@@ -112,9 +110,9 @@ class RecordedLoadingView : public LoadingView {
 
     bool InfoShown = false;
     std::string InfoText;
-    /// Every progress told so far.
+    /// All reported progress so far, 0..1.
     std::vector<double> Ratios;
-    /// Runs at every progress; false stops the load. Without it nothing does.
+    /// Called for each progress report; if it returns false, the load stops. If empty, the load goes on.
     std::function<bool(double)> OnProgress;
 
   private:

@@ -11,11 +11,11 @@
 
 namespace quavix {
 
-/// A file system in memory, whose files can be made to fail.
+/// A file system in memory with failures on demand.
 class SimulatedFiles : public Files {
   public:
     bool FindsNormalFile(const std::string& pattern) override;
-    /// The current folder is the root, and stands for nothing: names are told apart as they are.
+    /// Puts CurrentFolder before a relative name.
     std::string FullName(const std::string& name) override {
         return name.empty() || name.front() == '/' ? name : CurrentFolder + name;
     }
@@ -26,34 +26,34 @@ class SimulatedFiles : public Files {
     std::unique_ptr<FileWriter> OpenForOutput(const std::string& name, std::error_code& error) override;
     std::vector<std::string> NormalFiles(const std::string& pattern) override;
     std::error_code Delete(const std::string& name) override;
-    /// Folders are not told apart from what their files' names say: nothing to do.
+    /// Folders exist only as parts of file names, so there is no folder to create.
     std::error_code CreateFolder(const std::string& name) override { return WritingError(name); }
     std::unique_ptr<FileLock> TryLock(const std::string& name, std::error_code& error) override;
 
-    /// What FullName() puts before a name that doesn't start at the root.
+    /// Prefix that FullName() puts before a relative name.
     std::string CurrentFolder;
 
-    /// Puts a file there, or replaces its content.
+    /// Creates a file, or replaces its content.
     void Put(const std::string& name, std::string content) { files_[name].Content = std::move(content); }
     bool Has(const std::string& name) const { return files_.contains(name); }
-    /// Content of a file, empty where it doesn't exist.
+    /// Returns the content of a file, or an empty text if it does not exist.
     std::string Content(const std::string& name) const;
 
     void SetHidden(const std::string& name) { files_.at(name).Hidden = true; }
-    /// Opening the file for reading, or for any writing, fails with this error from now on.
+    /// Makes opening the file for reading, or for any writing, fail with this error from now on.
     void FailReading(const std::string& name, std::errc error) { failReading_[name] = error; }
     void FailWriting(const std::string& name, std::errc error) { failWriting_[name] = error; }
-    /// Only the next read, or opening for reading, fails.
+    /// Makes only the next read, or opening for reading, fail.
     void FailReadingOnce(const std::string& name, std::errc error) { failReadingOnce_[name] = error; }
-    /// A replaced file's new content can't take its place.
+    /// Makes Commit() of a replaced file fail.
     void FailCommitting(const std::string& name, std::errc error) { failCommitting_[name] = error; }
-    /// The disk takes this many more bytes.
+    /// Sets the number of bytes that the disk still accepts.
     void SetSpaceLeft(std::uint64_t bytes) { spaceLeft_ = bytes; }
-    /// Runs before each read from an open file, with the file's name and how many bytes were read so far.
+    /// Runs `action` before each read from an open file, with its name and the number of bytes read so far.
     void BeforeRead(std::function<void(const std::string&, std::uint64_t)> action) {
         beforeRead_ = std::move(action);
     }
-    /// At most this many bytes come from one read.
+    /// Limits one read to this many bytes.
     void SetReadSize(std::size_t bytes) { readSize_ = bytes; }
 
   private:

@@ -14,7 +14,7 @@
 
 namespace quavix {
 
-/// What the simulated directions have in common. Opening and closing go to the timeline.
+/// The common part of the simulated directions. Opening and closing go to the timeline.
 template <typename Port>
 class SimulatedMidiPort : public Port {
   public:
@@ -29,9 +29,9 @@ class SimulatedMidiPort : public Port {
 
     /// The devices that a search finds.
     std::vector<std::string> Devices;
-    /// Why the port can't be made ready; empty: it can.
+    /// Reason why Prepare() fails; empty if it succeeds.
     std::string LoadProblem;
-    /// Why no device opens; empty: they do.
+    /// Reason why Open() fails; empty if it succeeds.
     std::string OpenProblem;
 
   protected:
@@ -50,7 +50,7 @@ class SimulatedMidiPort : public Port {
     MidiDeviceState state_ = MidiDeviceState::Closed;
 };
 
-/// Writes what is sent to the timeline, "midi out 90 3C 60".
+/// Writes sent messages to the timeline, as "midi out 90 3C 60".
 class SimulatedMidiOut : public SimulatedMidiPort<MidiOutPort> {
   public:
     SimulatedMidiOut(SimulatedTime& time, Timeline& timeline)
@@ -58,10 +58,10 @@ class SimulatedMidiOut : public SimulatedMidiPort<MidiOutPort> {
 
     MidiSendResult Send(const MidiMessage& message) override;
 
-    /// So many messages are taken at a time; then the device is busy for `busyMs`.
+    /// Accepts this many messages at a time; then the device is busy for `busyMs` milliseconds.
     void BeSlow(int messagesAtATime, std::int64_t busyMs);
 
-    /// The device is gone `ms` milliseconds after the start.
+    /// Makes the device vanish `ms` milliseconds after the start.
     void VanishAt(double ms);
 
   private:
@@ -71,7 +71,7 @@ class SimulatedMidiOut : public SimulatedMidiPort<MidiOutPort> {
     std::int64_t busyUntil_ = 0;
 };
 
-/// Messages that a test lets arrive.
+/// MIDI input with scripted messages.
 class SimulatedMidiIn : public SimulatedMidiPort<MidiInPort> {
   public:
     SimulatedMidiIn(SimulatedTime& time, Timeline& timeline) : SimulatedMidiPort(time, timeline, "midi in") {}
@@ -80,11 +80,11 @@ class SimulatedMidiIn : public SimulatedMidiPort<MidiInPort> {
     Received Receive(MidiMessage& message) override;
     void SetHandler(std::function<void()> handler) override { handler_ = std::move(handler); }
 
-    /// Messages arrive `ms` milliseconds after the start, in one go, where a device is open then.
+    /// Makes messages arrive `ms` milliseconds after the start, all at once, if a device is open then.
     void ArriveAt(double ms, std::vector<MidiMessage> messages);
-    /// Messages are lost then.
+    /// Makes messages get lost `ms` milliseconds after the start.
     void LoseAt(double ms);
-    /// The device is gone then.
+    /// Makes the device vanish `ms` milliseconds after the start.
     void VanishAt(double ms);
 
   private:
@@ -98,7 +98,7 @@ class SimulatedMidiIn : public SimulatedMidiPort<MidiInPort> {
     bool lost_ = false;
 };
 
-/// Reads what a test has put in it, whatever the bytes; or lets a real reader do it.
+/// Returns the content that a test has set, whatever the bytes; or calls a real reader.
 class SimulatedMidiFileReader : public MidiFileReader {
   public:
     std::string Prepare() override { return LoadProblem; }
@@ -120,14 +120,14 @@ class SimulatedMidiFileReader : public MidiFileReader {
         return Result;
     }
 
-    /// Reads in the place of this one.
+    /// Reader to call instead, unless null.
     MidiFileReader* Real = nullptr;
     MidiFileContent Content;
     MidiFileResult Result = MidiFileResult::Read;
     std::string Detail;
-    /// How many times progress is told.
+    /// Number of progress reports.
     int Steps = 1;
-    /// Why the port can't be made ready; empty: it can.
+    /// Reason why Prepare() fails; empty if it succeeds.
     std::string LoadProblem;
 };
 

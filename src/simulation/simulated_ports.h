@@ -17,7 +17,7 @@
 
 namespace quavix {
 
-/// The time and the disk, which outlive a program.
+/// The time and the disk of a simulated machine, which outlive a program.
 struct SimulatedMachine {
     explicit SimulatedMachine(const SimulatedTime::Origin& start = {}) : Time(start) {}
 
@@ -25,15 +25,15 @@ struct SimulatedMachine {
     SimulatedFiles Disk;
 };
 
-/// Simulated ports of a whole program, with everything that happens on them in one timeline.
+/// The simulated ports of a whole program, with all their events in one timeline.
 struct SimulatedPorts {
-    /// On a machine of its own, whose time begins at `start`.
+    /// Makes ports on their own machine, whose time begins at `start`.
     explicit SimulatedPorts(const SimulatedTime::Origin& start = {})
         : SimulatedPorts(std::make_unique<SimulatedMachine>(start)) {}
-    /// On a machine that outlives the ports.
+    /// Makes ports on a machine that outlives them.
     explicit SimulatedPorts(SimulatedMachine& machine) : Time(machine.Time), Disk(machine.Disk) {}
 
-    /// The ports of a program in the folder "/program", with "/windows" for what is installed.
+    /// Returns the ports of a program in the folder "/program", with "/windows" for installed files.
     ProgramPorts All() {
         return {
             .Time = Time,

@@ -15,8 +15,8 @@
 
 namespace quavix {
 
-/// One process of any number, that remembers what was done to it. This process is 4711, every window's owner
-/// 815.
+/// A simulated process that records all calls, whatever the process id. This process has id 4711; every
+/// window belongs to 815.
 class SimulatedProcesses : public Processes {
   public:
     std::int32_t CurrentProcessId() override { return 4711; }
@@ -36,10 +36,10 @@ class SimulatedProcesses : public Processes {
     }
     void Close(ProcessHandle) override { calls_ += "close\n"; }
 
-    /// The calls so far, a line each.
+    /// Returns the calls so far, one per line.
     const std::string& Calls() const { return calls_; }
 
-    /// Opening with any of these rights is refused.
+    /// Rights whose request makes Open() fail.
     std::uint32_t RefuseRights = 0;
     std::int32_t PriorityClass = 32;
 
@@ -58,7 +58,7 @@ class RecordedProcessEnd : public ProcessEnd {
     Timeline& timeline_;
 };
 
-/// Runs batch files on simulated time, a line after `LineMs`. Commands go to the timeline; "erase" deletes.
+/// Runs batch files on simulated time, a line every `LineMs`. Commands go to the timeline; "erase" deletes.
 class SimulatedBatchFiles : public BatchFiles {
   public:
     SimulatedBatchFiles(SimulatedTime& time, Timeline& timeline, SimulatedFiles& files)
@@ -74,9 +74,9 @@ class SimulatedBatchFiles : public BatchFiles {
     }
 
     double LineMs = 125;
-    /// Why no batch file starts.
+    /// Error that Start() returns; none by default.
     std::error_code StartError;
-    /// Runs with each line before the line does; false: the line and those after it never run.
+    /// Called before each line runs; if it returns false, this line and the later ones do not run.
     std::function<bool(const std::string& line)> OnLine;
 
   private:

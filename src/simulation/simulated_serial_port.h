@@ -11,7 +11,7 @@
 
 namespace quavix {
 
-/// Serial ports that write what happens to them to the timeline. A carriage return is written as "\r".
+/// Serial ports that write all calls to the timeline. A carriage return is written as "\r".
 class SimulatedSerialPort : public SerialPort {
   public:
     SimulatedSerialPort(SimulatedTime& time, Timeline& timeline) : time_(time), timeline_(timeline) {}
@@ -24,17 +24,17 @@ class SimulatedSerialPort : public SerialPort {
         whenLost_ = std::move(handler);
     }
 
-    /// The open port is pulled out; noticed at once.
+    /// Unplugs the open port; noticed at once.
     void Pull();
-    /// The same, noticed by the next Write().
+    /// Unplugs the open port; noticed by the next Write().
     void PullUnnoticed() { isGone_ = true; }
 
-    /// The name of the open port, empty for none, and what it was opened with.
+    /// Returns the name of the open port, empty for none, and the last words it was opened with.
     const std::string& OpenName() const { return open_; }
     const std::string& LastWords() const { return lastWords_; }
 
     std::vector<std::string> Present = {"ttyUSB0"};
-    /// Those that another program has open.
+    /// Ports that another program has open.
     std::set<std::string> Busy;
 
   private:

@@ -8,7 +8,7 @@
 
 namespace quavix {
 
-/// A speaker that writes its tones to the timeline and lets their time pass.
+/// A speaker that writes its tones to the timeline and advances the time by their length.
 class SimulatedSpeaker : public Speaker {
   public:
     SimulatedSpeaker(SimulatedTime& time, Timeline& timeline) : time_(time), timeline_(timeline) {}
@@ -20,7 +20,7 @@ class SimulatedSpeaker : public Speaker {
     }
     SpeakerStatus Status() const override { return Now; }
 
-    /// What it reports about itself.
+    /// Status that the speaker reports.
     SpeakerStatus Now{.InUse = "PC speaker"};
 
   private:

@@ -62,7 +62,7 @@ std::uint32_t SimulatedTime::WaitForInput(std::span<const WaitHandle> handles, s
 }
 
 void SimulatedTime::DoEvents() {
-    // What becomes due while handlers run belongs to the next call.
+    // Events that become due while handlers run belong to the next call.
     const std::int64_t until = now_;
     while (!events_.empty() && events_.begin()->first <= until) {
         const Event event = std::move(events_.extract(events_.begin()).mapped());

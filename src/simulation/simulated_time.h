@@ -17,8 +17,8 @@
 
 namespace quavix {
 
-/// What happened when, as text: one line per event, "12.5000 speaker 440 Hz 250 ms", the time in seconds of
-/// simulated time with four decimals. Every simulated port writes to it.
+/// A log of events as text: one line per event, "12.5000 speaker 440 Hz 250 ms", with the simulated time in
+/// seconds and four decimals. Every simulated port writes to it.
 class Timeline {
   public:
     /// `time` in counts of 100 ns.
@@ -31,7 +31,7 @@ class Timeline {
 
     const std::vector<std::string>& Lines() const { return lines_; }
 
-    /// All lines, each ended by a line feed; with `about`, only those whose event begins with it ("speaker").
+    /// Returns all lines, each with a line feed; with `about`, only events that begin with it ("speaker").
     std::string Text(std::string_view about = {}) const {
         std::string text;
         for (const std::string& line : lines_) {
@@ -47,9 +47,9 @@ class Timeline {
     std::vector<std::string> lines_;
 };
 
-/// Simulated time: a wait advances the clock at once, and runs what was scheduled in between. Nothing takes
-/// time but waits and blocking tones; a program that asks for the time again and again without waiting sees
-/// it pass slowly, so that no loop on the clock spins for ever.
+/// Simulated time: a wait advances the clock at once, and runs the events scheduled in between. Only waits
+/// and blocking tones take time. Reading the clock repeatedly without waiting also advances it slowly, so
+/// that every loop on the clock ends.
 class SimulatedTime : public Clock, public EventPump, public Timers {
   public:
     static constexpr std::int64_t CountsPerMs = 10'000;
@@ -59,7 +59,7 @@ class SimulatedTime : public Clock, public EventPump, public Timers {
         std::int64_t Counter = 0;
         std::uint32_t TickCount = 0;
         TimeOfDay Time = {12, 0, 0};
-        /// The day that it always is.
+        /// The constant date.
         Date Today = {2001, 2, 3};
     };
 
@@ -73,7 +73,7 @@ class SimulatedTime : public Clock, public EventPump, public Timers {
     TimeOfDay LocalTime() override;
     Date LocalDate() override { return start_.Today; }
 
-    // EventPump. A wait for ever with nothing to come raises std::logic_error.
+    // EventPump. An endless wait without any scheduled event raises std::logic_error.
     std::uint32_t WaitForInput(std::span<const WaitHandle> handles, std::uint32_t timeoutMs) override;
     void DoEvents() override;
 
@@ -82,20 +82,20 @@ class SimulatedTime : public Clock, public EventPump, public Timers {
     void SetInterval(Id timer, std::int32_t intervalMs) override;
     void Stop(Id timer) override;
 
-    /// Runs `event` as input that arrives `ms` milliseconds after the start (at the next wait, where that is
-    /// past). Events of the same moment run in the order in which they were scheduled.
+    /// Runs `event` as input that arrives `ms` milliseconds after the start (at the next wait if that is
+    /// past). Simultaneous events run in the order in which they were scheduled.
     void At(double ms, std::function<void()> event);
 
     /// Signals a handle `ms` milliseconds after the start; it stays signalled.
     void SignalAt(double ms, WaitHandle handle);
 
-    /// Lets `ms` pass without running anything, as a blocking call does.
+    /// Lets `ms` milliseconds pass without running anything, as a blocking call does.
     void Block(std::int64_t ms) { Advance(now_ + ms * CountsPerMs); }
 
-    /// Time since the start, in counts of 100 ns.
+    /// Returns the time since the start, in counts of 100 ns.
     std::int64_t Now() const { return now_; }
 
-    /// Runs all that is scheduled up to `ms` milliseconds after the start, as an idle main loop does.
+    /// Runs all events up to `ms` milliseconds after the start, as an idle main loop does.
     void RunUntil(double ms);
 
   private:
@@ -118,7 +118,7 @@ class SimulatedTime : public Clock, public EventPump, public Timers {
     struct Timer {
         std::int64_t Interval = 0;
         std::function<void()> Tick;
-        /// When the last tick was due, or the timer was started.
+        /// Due time of the last tick, or the start of the timer.
         std::int64_t LastDue = 0;
         bool IsTicking = false;
     };

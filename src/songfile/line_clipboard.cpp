@@ -10,7 +10,7 @@
 namespace quavix {
 namespace {
 
-/// "Cut line", "Cut lines".
+/// Returns e.g. "Cut line" or "Cut lines".
 std::string GestureName(const char* verb, std::size_t lines) {
     return std::string(verb) + (lines == 1 ? " line" : " lines");
 }

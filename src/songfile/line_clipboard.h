@@ -13,35 +13,35 @@
 
 namespace quavix {
 
-/// The commands for one or several selected lines; with none, they do nothing (pasting appends). The
-/// clipboard holds lines as song text, so that they go between copies of the program and into an editor.
-/// The list must outlive it.
+/// The clipboard commands for selected lines. Without a selection they do nothing, but pasting appends. The
+/// clipboard holds lines as song text, for other copies of the program and for editors. The list must outlive
+/// it.
 class LineClipboard : private MusicListObserver {
   public:
-    /// `showPosition` brings the position display up to date with the selection; called after each change.
+    /// `showPosition` updates the position display to the selection; called after each change.
     LineClipboard(MusicList& list, Clipboard& clipboard, EditHistory& history,
                   std::function<void()> showPosition);
     ~LineClipboard() override;
     LineClipboard(const LineClipboard&) = delete;
     LineClipboard& operator=(const LineClipboard&) = delete;
 
-    /// Some line is selected, so that the commands for selected lines do something.
+    /// True if any line is selected, so that the commands for selected lines have an effect.
     Watched<bool> LinesSelected;
 
     struct PasteResult {
         std::size_t Pasted = 0;
-        /// Lines of the clipboard that are no music.
+        /// Number of clipboard lines that are no music.
         std::size_t Rejected = 0;
     };
 
     void CopyLines();
     void CutLines();
-    /// Inserts the clipboard's lines as notes are entered: before the first selected line, which stays
+    /// Inserts the clipboard's lines at the note-entry position: before the first selected line, which stays
     /// selected, or at the end. A clipboard without music changes nothing.
     PasteResult PasteLines();
-    /// Inserts copies behind the last selected line, and selects them in place of the lines.
+    /// Inserts copies behind the last selected line, and selects the copies instead.
     void DuplicateLines();
-    /// Removes the selected lines. The line behind the last of them is selected, if there is one.
+    /// Removes the selected lines. Selects the line behind the last of them, if there is one.
     void EraseLines();
 
   private:

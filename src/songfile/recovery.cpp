@@ -161,7 +161,7 @@ void Recovery::Offer(const std::string& copyName) {
 void Recovery::Load(RecoverySlot leftover, const std::string& fileName) {
     if (HasUncopiedChanges())
         RaiseFileError(WriteCopy(), p_.Folder);
-    // Out of reach of whatever loading does to the present song's copy, which stays.
+    // Set aside, so that loading does not touch the present song's copy, which stays.
     std::optional<RecoverySlot> present = std::exchange(slot_, std::nullopt);
     LoadResult loaded;
     try {
@@ -173,7 +173,7 @@ void Recovery::Load(RecoverySlot leftover, const std::string& fileName) {
     if (!loaded) {
         slot_ = std::move(present);
     } else if (loaded.Whole) {
-        // What was left behind becomes this process's copy: there is no moment without one.
+        // The loaded copy becomes this process's copy, so that a copy exists at all times.
         slot_ = std::move(leftover);
         copied_ = p_.Changes.Count;
         hasRecovered_ = true;

@@ -20,7 +20,7 @@
 
 namespace quavix {
 
-/// What recovery works with; all of it must outlive it.
+/// Dependencies of Recovery. All must outlive it.
 struct RecoveryParts {
     const SongFields& Song;
     const EntryOptions& Entry;
@@ -34,50 +34,50 @@ struct RecoveryParts {
     MessageBoxes& Boxes;
     EventBoundary& Handlers;
     DebugLog& Log;
-    /// Whether a tone sounds that a moment's work would disturb.
+    /// Returns true if a tone is sounding that a short pause of the program would disturb.
     std::function<bool()> ToneSounds;
-    /// Where the copies are kept; created when the first one is written.
+    /// Folder of the copies; created with the first copy.
     std::string Folder;
 };
 
-/// Keeps a copy of unsaved work apart from the song's own file, for the case that the program ends before its
-/// user has ended it, and offers at the next start what was left behind.
+/// Keeps a copy of unsaved work apart from the song's own file, in case the program ends unexpectedly, and
+/// offers left-over copies at the next start.
 ///
-/// A copy is written some seconds after a change, in one step, so that it is a whole song at any moment;
-/// nothing is written while nothing changes. It is only written from a timer's tick, never while the music
-/// plays, a tone sounds or a song is loaded: writing takes a moment, and the song's time goes before. Each
-/// process has a copy of its own, which goes when the song is saved, or given up.
+/// A copy is written some seconds after a change, in one step, so that it is always a whole song; without
+/// changes nothing is written. Writing takes a moment, so it happens only in a timer's tick, and never while
+/// the music plays, a tone sounds or a song is loaded. Each process has its own copy, which is deleted when
+/// the song is saved or given up.
 ///
-/// It must outlive every change of the song.
+/// Recovery must outlive every change of the song.
 class Recovery {
   public:
-    /// From a change to its copy.
+    /// Delay from a change to its copy, in ms.
     static constexpr std::int32_t DelayMs = 5000;
-    /// Until the next attempt where this moment was not the right one.
+    /// Delay until the next attempt if music or a tone was sounding, in ms.
     static constexpr std::int32_t RetryMs = 500;
-    /// Until the next attempt where the copy couldn't be written.
+    /// Delay until the next attempt if the copy could not be written, in ms.
     static constexpr std::int32_t RetryAfterErrorMs = 30'000;
 
     explicit Recovery(RecoveryParts parts);
-    /// Leaves the copy behind, as a process that is killed does.
+    /// Leaves the copy behind, as a killed process does.
     ~Recovery();
     Recovery(const Recovery&) = delete;
     Recovery& operator=(const Recovery&) = delete;
 
-    /// Offers the copies that were left behind, one after another; those of running processes aren't touched.
-    /// Yes loads one, as a modified song under its own name; No deletes it; Cancel keeps it for the next
-    /// start. A second one that is loaded puts the first aside for the next start. Where `songIsLoaded`, none
-    /// is offered: they are told, and kept. Raises what loading or deleting raises; the copy is kept then.
+    /// Offers the left-over copies one after another; skips those of running processes. Yes loads a copy as a
+    /// modified song under its own name, No deletes it, Cancel keeps it for the next start. If a second one
+    /// is loaded, the first is kept for the next start. If `songIsLoaded`, only tells the user about the
+    /// copies, and keeps them. Raises the errors of loading and deleting; the copy is kept then.
     void OfferLeftovers(bool songIsLoaded);
 
-    /// The user doesn't want unsaved changes to be kept when the program ends.
+    /// Records that the user gives up unsaved changes when the program ends.
     void GiveUpUnsaved() { givenUp_ = true; }
 
-    /// The program ends. No copy is left, except where the song has changes that nobody has given up, as when
-    /// the system ends the session: then the copy is brought up to date and kept.
+    /// Prepares for the end of the program. Deletes the copy, unless the song has unsaved changes that were
+    /// not given up, as when the system ends the session: then the copy is updated and kept.
     void End();
 
-    /// What keeps the copy from being written; empty while nothing does.
+    /// Returns the reason why the copy can't be written; empty if there is none.
     const Watched<std::string>& Problem() const { return problem_; }
 
   private:
@@ -95,9 +95,9 @@ class Recovery {
 
     RecoveryParts p_;
     RecoverySlots slots_;
-    /// This process's place while it has a copy, or is about to.
+    /// The place of this process's copy; empty until one is needed.
     std::optional<RecoverySlot> slot_;
-    /// Count of changes that the copy holds.
+    /// Count of changes at the time of the copy.
     std::uint64_t copied_;
     Timers::Id timer_ = 0;
     bool hasRecovered_ = false;

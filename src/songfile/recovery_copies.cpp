@@ -21,7 +21,7 @@ std::string LockNameOf(const std::string& copyName) {
 constexpr std::string_view FileNameKey = "//RecoveryFile ";
 constexpr std::string_view WrittenKey = "//RecoveryTime ";
 
-/// A file name may hold anything, line ends among it. What stays as it is here needs no code page either.
+/// Escapes a file name, which may hold any bytes, even line ends, into printable ASCII.
 std::string Escaped(std::string_view text) {
     std::string escaped;
     for (const char c : text) {
@@ -55,7 +55,7 @@ std::string Unescaped(std::string_view text) {
     return plain;
 }
 
-/// What stands behind the last line that begins with the key.
+/// Returns the unescaped rest of the last line that begins with the key.
 std::string ValueOf(std::string_view text, std::string_view key) {
     const std::size_t line = text.rfind(key);
     if (line == std::string_view::npos || (line > 0 && text[line - 1] != '\n'))
@@ -64,7 +64,7 @@ std::string ValueOf(std::string_view text, std::string_view key) {
     return Unescaped(value.substr(0, value.find_first_of("\r\n")));
 }
 
-/// The end of a file, long enough for the longest name there is, every byte of it escaped.
+/// Reads the end of a file: enough for the longest possible name with every byte escaped.
 std::string EndOf(FileReader& file, std::error_code& error) {
     constexpr std::size_t Enough = std::size_t{64} * 1024;
     std::vector<char> buffer(Enough);
@@ -87,7 +87,7 @@ std::optional<RecoverySlot> RecoverySlots::TakeFree(std::error_code& error) {
     for (int number = 1; number <= Most && !error; ++number) {
         const std::string copyName =
             FileInFolder(folder_, fmt::format("unsaved-{:03}{}", number, CopyEnding));
-        // A copy that was left behind isn't even locked for a moment: somebody may just be about to offer it.
+        // A left-over copy is not even locked for a moment, because another process may be about to offer it.
         if (files_.FindsNormalFile(copyName))
             continue;
         auto lock = files_.TryLock(LockNameOf(copyName), error);

@@ -13,26 +13,26 @@
 
 namespace quavix {
 
-/// The place of one recovery copy: its file, and the lock of the process it belongs to.
+/// The place of one recovery copy: its file, and the lock of the process that owns it.
 struct RecoverySlot {
     std::string CopyName;
     std::unique_ptr<FileLock> Lock;
 };
 
-/// The places for recovery copies in a folder. A copy whose lock nobody holds has been left behind.
+/// The places for recovery copies in a folder. A copy whose lock is free has been left behind.
 class RecoverySlots {
   public:
     RecoverySlots(Files& files, std::string folder) : files_(files), folder_(std::move(folder)) {}
 
-    /// A place without a copy, locked for this process; creates the folder where it is missing. None with
-    /// `error` set.
+    /// Returns a place without a copy, locked for this process, or none with `error` set. Creates the folder
+    /// if it is missing.
     std::optional<RecoverySlot> TakeFree(std::error_code& error);
 
-    /// The copies of all processes.
+    /// Returns the names of all processes' copies.
     std::vector<std::string> Copies();
 
-    /// Takes the place of a copy that was left behind; none where its process still runs, or somebody else
-    /// has taken it or done away with it.
+    /// Takes the place of a left-over copy. Returns none if its process still runs, or another process has
+    /// taken or deleted it.
     std::optional<RecoverySlot> TakeLeftBehind(const std::string& copyName);
 
   private:
@@ -40,23 +40,23 @@ class RecoverySlots {
     std::string folder_;
 };
 
-/// What a recovery copy says about itself. It stands in comments behind the last line of the song, so that
-/// the copy is a song file like any other, replaced in one step with all that belongs to it.
+/// The notes in a recovery copy. They are comments behind the last line of the song, so that the copy is an
+/// ordinary song file, replaced together with its notes in one step.
 struct RecoveryNotes {
-    /// The file that the song belongs to; empty where it has none.
+    /// File name of the song; empty if it has none.
     std::string FileName;
-    /// When the copy was written, as the user reads it.
+    /// Time of writing, in the user's form.
     std::string Written;
 };
 
-/// The comments, each line ended.
+/// Returns the notes as comments; each line has its line end.
 std::string RecoveryComments(const RecoveryNotes& notes);
 
-/// Reads the comments of a copy; `error` is set when the copy can't be read. A file without comments gives
-/// empty notes.
+/// Reads the comments of a copy; sets `error` if the copy can't be read. A file without comments gives empty
+/// notes.
 RecoveryNotes ReadRecoveryNotes(Files& files, const std::string& copy, std::error_code& error);
 
-/// A day and a time as the user reads them: "2024-02-29 at 08:05:00".
+/// Returns a date and time in the user's form: "2024-02-29 at 08:05:00".
 std::string WrittenAt(const Date& date, const TimeOfDay& time);
 
 }  // namespace quavix

@@ -5,7 +5,7 @@
 
 namespace quavix {
 
-/// What the choice between saving and loading needs of the windows.
+/// The windows' part in saving and loading.
 ///
 /// Thread: the user-interface thread. No call runs handlers.
 class SaveLoadView {
@@ -15,15 +15,15 @@ class SaveLoadView {
     /// Shows or hides the save/load window. Showing returns at once; the choice comes as a click.
     virtual void ShowSaveLoadForm(bool show) = 0;
 
-    /// Whether the main window takes input.
+    /// Enables or disables the main window's input.
     virtual void EnableMainForm(bool enable) = 0;
 
     virtual void BringMainFormToFront() = 0;
 };
 
-/// The save/load window: its clicks, and the one that opens it. The main window is disabled while it is open.
-/// Whatever comes of saving or loading, be it an error that is raised, the window is closed and the main
-/// window enabled again afterwards.
+/// The clicks of the save/load window, and the click that opens it. The main window is disabled while the
+/// window is open. After saving or loading, even if an error is raised, the window is closed and the main
+/// window enabled again.
 class SaveLoad {
   public:
     SaveLoad(SaveLoadView& view, SongDocument& document) : view_(view), document_(document) {}

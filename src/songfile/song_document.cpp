@@ -9,7 +9,7 @@
 
 namespace quavix {
 SongDocument::SongDocument(SongDocumentParts parts) : p_(std::move(parts)) {
-    // From the first setting that is replaced on it is no longer the old file's song, however loading ends.
+    // Once the first setting is replaced, it is no longer the old file's song, even if loading fails.
     p_.Reader.OnReplace = [this] {
         p_.State.MusicIsPlaying = false;
         fileName_ = std::string();
@@ -78,7 +78,7 @@ bool SongDocument::LoadFile(const std::string& fileName) {
 bool SongDocument::Take(const LoadResult& loaded) {
     if (!loaded)
         return false;
-    // By its full name: a later save must not depend on the folder that the program was started in.
+    // The full name, so that a later save does not depend on the program's start folder.
     fileName_ = loaded.Whole ? p_.Disk.FullName(loaded.FileName) : std::string();
     p_.MarkSaved();
     TellReplaced();

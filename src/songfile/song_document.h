@@ -14,7 +14,7 @@
 
 namespace quavix {
 
-/// What a document works with; all of it must outlive the document.
+/// Dependencies of SongDocument. All must outlive it.
 struct SongDocumentParts {
     SongFields& Song;
     ProgramState& State;
@@ -23,59 +23,58 @@ struct SongDocumentParts {
     SongWriter& Writer;
     Files& Disk;
     MessageBoxes& Boxes;
-    /// Whether the song differs from what was last saved or loaded, as whoever keeps account of that says.
+    /// True while the song differs from its last saved or loaded state; kept by the edit history.
     const Watched<bool>& Modified;
-    /// How that one is told what Modified has to become.
+    /// Make the edit history set Modified to false or true.
     std::function<void()> MarkSaved;
     std::function<void()> MarkModified;
 };
 
-/// The song as a document: the file it belongs to, and the care that nothing unsaved is lost.
+/// The song as a document: its file, and the protection of unsaved changes.
 ///
 /// All calls may show dialogs and boxes, in which other handlers run. Errors of reading and writing are
-/// raised as the reader and the writer do.
+/// raised as by the reader and the writer.
 class SongDocument {
   public:
     explicit SongDocument(SongDocumentParts parts);
 
-    /// The file that the song was saved in or loaded from, by its full name. Empty while there is none, and
-    /// when loading has left out or altered something: saving then asks for a name, so that the file isn't
-    /// replaced unasked.
+    /// Returns the full name of the song's file. Empty if there is none, and if loading has left out or
+    /// altered something: saving then asks for a name, so that the file is not overwritten without a
+    /// question.
     const Watched<std::string>& FileName() const { return fileName_; }
     const Watched<bool>& Modified() const { return p_.Modified; }
 
-    /// An empty song without a name, in the tempo and the other timing settings that the program starts with.
-    /// Music that plays is stopped, as it is by loading.
-    /// Asks first what is to become of unsaved changes; returns false, with nothing changed, when the user
-    /// wants to keep the song after all.
+    /// Asks about unsaved changes, then makes an empty song without a name, with the default tempo and
+    /// timing. Stops playing music, as loading does. Returns false, with nothing changed, if the user keeps
+    /// the song.
     bool New();
 
-    /// Saves the song in its file without a question, or as SaveAs() does where it has none. Returns whether
-    /// it is saved.
+    /// Saves the song in its file without a question, or like SaveAs() if it has none. Returns true if it was
+    /// saved.
     bool Save();
 
-    /// Asks for a file name and saves the song under it, which becomes its name. Returns whether it is saved.
+    /// Asks for a file name and saves the song under it, which becomes its name. Returns true on success.
     bool SaveAs();
 
-    /// Asks for a file and loads it, whatever becomes of the present song. Returns whether one was loaded, be
-    /// it in part.
+    /// Asks for a file and loads it without asking about the present song. Returns true if a song was loaded,
+    /// even in part.
     bool Load();
 
-    /// Loads a file whose name is known; the same otherwise.
+    /// Same as Load() for a known file name.
     bool LoadFile(const std::string& fileName);
 
-    /// Loads a copy of a song that was never saved, as a modified song of the name that it had. In part, it
-    /// has no name. Nothing is said to be saved at any time.
+    /// Loads a recovery copy as a modified song named `fileName`, or without a name if loaded only in part.
+    /// The song is never marked as saved meanwhile.
     LoadResult Recover(const std::string& copy, const std::string& fileName);
 
-    /// Whether the song may go. Asks when it has unsaved changes, and saves them where that is wanted; false
-    /// when the user cancels, when saving came to nothing, and while the question stands open already.
+    /// Returns true if the song may be closed. Asks about unsaved changes, and saves them on request. Returns
+    /// false if the user cancels, if saving fails, and while the question is already open.
     bool MayClose();
 
-    /// Called when another song is there, or none: after New() and every load.
+    /// Called after the song was replaced: after New() and every load.
     std::function<void()> OnSongReplaced;
 
-    /// True while a file is being loaded, as a handler that runs in between finds it.
+    /// Returns true while a file is being loaded, for handlers that run meanwhile.
     bool IsLoading() const { return loading_; }
 
   private:

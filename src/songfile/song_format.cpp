@@ -15,7 +15,7 @@ std::string_view EmptyForHyphen(std::string_view cell) {
     return cell == "-" ? std::string_view() : cell;
 }
 
-/// Carriage returns that end a line on their own become line feeds.
+/// Converts carriage returns that end a line alone into line feeds.
 void EndLinesInLineFeeds(std::string& text) {
     for (std::size_t i = 0; i < text.size(); ++i) {
         if (text[i] == '\r' && (i + 1 == text.size() || text[i + 1] != '\n'))
@@ -28,7 +28,7 @@ bool IsLength(std::string_view text) {
     return GetEquivalentLength(text, noMod) > 0;
 }
 
-/// A note name and an octave as the keyboard enters them, "C#4" to "B256".
+/// Returns true for an empty text, or a note name and an octave of the keyboard, "C#4" to "B256".
 bool IsNoteOrNone(std::string_view text) {
     constexpr std::size_t MostDigits = 3;
     if (text.empty())
@@ -45,7 +45,7 @@ bool IsMod(std::string_view text) {
     return lower.empty() || lower == "dot" || lower == "tri";
 }
 
-/// Whether the cells are such as the program itself writes, and not those of a letter to a friend.
+/// Returns true if the program itself could have written these cells; other text is rejected.
 bool IsMusic(std::string_view length, std::string_view note1, std::string_view note2, std::string_view mod) {
     return IsLength(length) && IsNoteOrNone(note1) && IsNoteOrNone(note2) && IsMod(mod);
 }
@@ -56,7 +56,7 @@ std::span<char> WithoutBlanksAtEnd(std::span<char> line) {
     return line;
 }
 
-// Frames of the main window, as comments.
+// Captions of frames in the main window; comments in the file.
 constexpr std::string_view NoteClickFrame = "When key is clicked,";
 constexpr std::string_view AddingNoteFrame = "Adding note";
 constexpr std::string_view NotesToPlayFrame = "Which notes in list to play";
@@ -65,7 +65,7 @@ constexpr std::string_view MusicPlayFrame = "When the music is being played,";
 
 constexpr std::size_t WriteSize = std::size_t{64} * 1024;
 
-/// Gathers lines into large pieces. After an error everything is dropped.
+/// Collects lines into large pieces. After an error all further lines are dropped.
 class LineWriter {
   public:
     explicit LineWriter(FileWriter& file) : file_(file) { buffer_.reserve(2 * WriteSize); }

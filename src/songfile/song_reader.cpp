@@ -18,12 +18,12 @@
 namespace quavix {
 namespace {
 
-/// Whether a line begins with a lower-case word in any letter case.
+/// Returns true if a line begins with a lower-case word, in any letter case.
 bool BeginsWith(std::string_view line, std::string_view word) {
     return AtStartOfString(LowerCase(line.substr(0, word.size())), word);
 }
 
-/// The usual line is "Quarter C4 - -"; room is only made for as many lines as the text can hold of such.
+/// Shorter than the usual line "Quarter C4 - -": used to estimate the number of lines in a text.
 constexpr std::size_t ShortUsualLine = 10;
 constexpr std::int64_t LinesPerProgress = 20'000;
 
@@ -70,7 +70,7 @@ LoadResult SongReader::LoadFile(const std::string& fileName) {
         OnReplace();
     settings_.ResetTimeSig();
     TextLines lines(*text);
-    // The lines leave their carriage returns out as they are taken.
+    // The carriage returns are removed when each line is taken.
     log_.LogText("Removing new-line chars from value of each index in SplitFile()");
     const bool allSettings = LoadSettings(lines);
     log_.LogText("Loading music list");
@@ -134,7 +134,7 @@ bool SongReader::LoadLines(TextLines& lines, std::size_t textSize) {
     list_.Reserve(rest / ShortUsualLine);
     for (std::int64_t count = 1; lines.Next(); ++count) {
         if (count % LinesPerProgress == 0) {
-            // Whoever shows the list has to find it whole while handlers may run.
+            // The list's views must find it complete while handlers may run.
             reset.reset();
             const double ratio = static_cast<double>(lines.NextStart()) / static_cast<double>(textSize + 1);
             if (!view_.Progress(Utf8File::ProgressShare + (1 - Utf8File::ProgressShare) * ratio))

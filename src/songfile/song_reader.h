@@ -18,13 +18,13 @@ namespace quavix {
 
 class TextLines;
 
-/// What came of loading a song.
+/// The result of loading a song.
 struct LoadResult {
-    /// The file's music was loaded, be it in part.
+    /// True if the file's music was loaded, even in part.
     bool Loaded = false;
-    /// The song says all that the file said: the load wasn't stopped, no line was malformed, the file was in
-    /// the program's format, as old as this version or older, and its text needed no repair. Only then
-    /// nothing is lost when the song is saved in the file again.
+    /// True if the song holds everything in the file: loading was not stopped, no line was malformed, the
+    /// file was in the program's format and not newer than this version, and its text needed no repair. Only
+    /// then can the song be saved in the same file without loss.
     bool Whole = false;
     std::string FileName;
 
@@ -44,29 +44,28 @@ class SongReader {
           log_(log),
           settings_(song, entry, log) {}
 
-    /// Asks for a file name and loads the file; one that doesn't exist is told in a box.
+    /// Asks for a file name and loads the file; shows a box if it does not exist.
     LoadResult LoadMusic();
 
-    /// Loads a file. Every setting that it names, and the beats per bar in any case, and the whole list are
-    /// replaced. A file that can't be read raises the classic file error and changes nothing. A number too
-    /// large for its setting raises Overflow, a text for a switch TypeMismatch: the settings before it have
-    /// been taken then, the list stays as it was. The user may stop a long load: while the file is read,
-    /// nothing changes; later the lines loaded so far stay. The list is whole whenever handlers can run.
+    /// Loads a file. Replaces the list, every setting that the file names, and always the beats per bar. If
+    /// the file can't be read, raises the classic file error and changes nothing. A number too large for its
+    /// setting raises Overflow, a wrong text for a switch TypeMismatch: earlier settings are then replaced,
+    /// but not the list. The user may stop a long load: during reading, nothing changes; later, the lines
+    /// loaded so far stay. The list is consistent whenever handlers can run.
     LoadResult ActuallyLoadMusic(const std::string& fileToLoad);
 
-    /// Runs when a file has been read and is about to replace the song.
+    /// Called when a file has been read, before the song is replaced.
     std::function<void()> OnReplace;
 
   private:
     LoadResult LoadFile(const std::string& fileName);
     bool AskWhetherToLoadAnyway();
-    /// Ends before the first music line, or at the end of the text. Returns whether this version of the
-    /// program knows all that the file may say.
+    /// Loads settings up to the first music line or the end of the text. Returns true if the file needs no
+    /// newer version of the program.
     bool LoadSettings(TextLines& lines);
-    /// Tells that the line gives a newer version of the program as the file's origin; returns whether it
-    /// does.
+    /// Returns true, after telling the user, if the line names a newer version of the program.
     bool IsOfNewerRevision(std::string_view line);
-    /// Returns whether all of them were loaded as they stand.
+    /// Returns true if all lines were loaded unchanged.
     bool LoadLines(TextLines& lines, std::size_t textSize);
     BoxAnswer LoadMusicListLineError(std::string_view line);
 

@@ -33,7 +33,7 @@ constexpr std::array<Key<SongFields, Watched<bool>>, 4> SongBoxes{{
     {"playnote2", &SongFields::PlayNote2Check},
 }};
 
-// NoteReplaceCheck is left out on purpose: it is saved, but a song does not switch it.
+// NoteReplaceCheck is missing on purpose: it is saved, but not loaded from a song.
 constexpr std::array<Key<EntryOptions, Watched<bool>>, 3> EntryBoxes{{
     {"noteclickplay", &EntryOptions::NoteClickPlayCheck},
     {"noteclickadd", &EntryOptions::NoteClickAddCheck},
@@ -43,7 +43,7 @@ constexpr std::array<Key<EntryOptions, Watched<bool>>, 3> EntryBoxes{{
 constexpr std::array<std::string_view, 4> OtherKeys{"keyboardoctave", "notelength", "addnote1", "addnote2"};
 constexpr std::size_t LongestKey = std::string_view("notelengthreplace").size();
 
-/// The key of that name, or null.
+/// Returns the key with that name, or null.
 template <typename Keys>
 auto FindByName(const Keys& keys, std::string_view name) -> const typename Keys::value_type* {
     const auto found =
@@ -57,7 +57,7 @@ bool IsKey(std::string_view name) {
            FindByName(EntryBoxes, name) != nullptr;
 }
 
-/// "True" or "False" in any letter case, or a number, where everything but 0 is true.
+/// Converts "True" or "False" in any letter case, or a number: 0 is false. Other texts raise TypeMismatch.
 bool ToBoolean(const std::string& text) {
     if (IsNumeric(text))
         return Val(text) != 0;
@@ -67,7 +67,7 @@ bool ToBoolean(const std::string& text) {
     return lower == "true";
 }
 
-/// Option buttons of one group: selecting one clears the other.
+/// Sets an option button; selecting one of a group clears the other.
 void SetOption(Watched<bool>& option, Watched<bool>& other, bool selected) {
     if (selected)
         other = false;
@@ -81,7 +81,7 @@ void SongSettings::ResetTimeSig() {
 }
 
 void SongSettings::Apply(std::string_view line) {
-    // Most lines of a long file without music are no settings; their names aren't worth copying.
+    // Skips lines whose first word is longer than every key, so that their names are not copied.
     if (line.substr(0, LongestKey + 1).find(' ') == std::string_view::npos && line.size() > LongestKey + 1)
         return;
     const std::string name = GetSettingName(line);

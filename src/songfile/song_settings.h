@@ -9,19 +9,18 @@
 
 namespace quavix {
 
-/// Brings the settings lines of a song file into the main window's fields.
+/// Applies the settings lines of a song file to the main window's fields.
 class SongSettings {
   public:
     SongSettings(SongFields& song, EntryOptions& entry, DebugLog& log)
         : song_(song), entry_(entry), log_(log) {}
 
-    /// What a song starts from: 4 beats per bar.
+    /// Sets the beats per bar that a song starts with: 4.
     void ResetTimeSig();
 
-    /// Applies one line; keys count in any letter case, and a line whose key is unknown is ignored. Numbers
-    /// are read leniently; one that its setting's type can't hold raises Overflow, and the setting stays as
-    /// it was. Sliders take the nearest value that they have, the note-length list ignores what it doesn't
-    /// have.
+    /// Applies one line. Keys match in any letter case; a line with an unknown key is ignored. Numbers are
+    /// read leniently; a number out of range of its setting's type raises Overflow, and the setting stays.
+    /// Sliders take the nearest possible value; the note-length list ignores impossible values.
     void Apply(std::string_view line);
 
   private:

@@ -18,7 +18,7 @@ std::optional<std::string> SongWriter::SaveMusic() {
 }
 
 bool SongWriter::SaveAs(const std::string& fileName) {
-    // The digits stand where the opening quotation mark would; readers of old logs know the line so.
+    // The log line has the digits 34 in place of an opening quotation mark; readers of logs know it so.
     log_.Text("Opening 34{}\", saving", fileName);
     std::error_code error;
     const auto file = files_.OpenForOutput(fileName, error);

@@ -20,13 +20,13 @@ class SongWriter {
                MessageBoxes& boxes, FilePicker& picker, DebugLog& log)
         : song_(song), entry_(entry), list_(list), files_(files), boxes_(boxes), picker_(picker), log_(log) {}
 
-    /// Asks for a file name and writes the file. An existing file is replaced after a question, in one step:
-    /// it is whole at any moment, the old song or the new one. A file that can't be opened is told in a box;
-    /// a failure while writing (disk full) leaves the old file and raises the classic file error.
-    /// Returns the file's name where the song was saved.
+    /// Asks for a file name and writes the file. An existing file is replaced after a question, in one step,
+    /// so that it always holds the old song or the new one. If the file can't be opened, shows a box; if
+    /// writing fails (disk full), keeps the old file and raises the classic file error. Returns the file's
+    /// name if the song was saved.
     std::optional<std::string> SaveMusic();
 
-    /// The same with a name that is known already, without any question. Returns whether the song was saved.
+    /// Same for a known name, without any question. Returns true if the song was saved.
     bool SaveAs(const std::string& fileName);
 
   private:

@@ -13,7 +13,7 @@ std::uint8_t Byte(std::string_view text, std::size_t at) {
     return static_cast<std::uint8_t>(text[at]);
 }
 
-/// How many bytes from `at` on are ASCII.
+/// Returns the number of ASCII bytes from `at` on.
 std::size_t AsciiLength(std::string_view text, std::size_t at) {
     const std::size_t start = at;
     std::uint64_t word = 0;
@@ -27,7 +27,7 @@ std::size_t AsciiLength(std::string_view text, std::size_t at) {
     return at - start;
 }
 
-/// Length of the well-formed sequence of several bytes at `at`, 0 where there is none.
+/// Returns the length of the well-formed multi-byte sequence at `at`, 0 if there is none.
 std::size_t SequenceLength(std::string_view text, std::size_t at) {
     const std::uint8_t first = Byte(text, at);
     const std::size_t length = first >= 0xC2 && first <= 0xDF   ? 2

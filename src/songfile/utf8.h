@@ -7,18 +7,18 @@
 
 namespace quavix {
 
-/// Whether all of a text is well-formed UTF-8 (shortest forms only, no surrogates, nothing past U+10FFFF).
+/// Returns true if the whole text is well-formed UTF-8 (shortest forms, no surrogates, at most U+10FFFF).
 bool IsUtf8(std::string_view text);
 
-/// Makes UTF-8 of bytes that come in pieces: well-formed sequences stay, every other byte becomes the
-/// character of its Latin-1 value. Where the pieces are cut makes no difference.
+/// Converts bytes that come in pieces into UTF-8: well-formed sequences stay, every other byte becomes the
+/// character of its Latin-1 value. The division into pieces does not change the result.
 class Utf8Repair {
   public:
     /// Appends to `text`, which must outlive the repair.
     explicit Utf8Repair(std::string& text) : text_(text) {}
 
     void Add(std::string_view bytes);
-    /// Appends what is still held back, as the end of the text.
+    /// Appends the bytes still held back, at the end of the text.
     void Finish();
 
   private:

@@ -26,7 +26,7 @@ Utf8File::Outcome Utf8File::ReadPieces(FileReader& file, const std::function<voi
         if (error)
             return Outcome::Failed;
         if (count == 0)
-            break;  // the file has become shorter; what was read counts
+            break;  // the file has become shorter; keep what was read
         take({buffer.data(), count});
         done += count;
         sinceProgress += count;
@@ -68,7 +68,7 @@ std::optional<std::string> Utf8File::ReadByteByByte(const std::string& name) {
         return std::nullopt;
     }
     std::string text;
-    // At worst every byte becomes two. Growing step by step would hold the text twice at times.
+    // In the worst case every byte becomes two. Growing step by step would at times hold the text twice.
     text.reserve(2 * static_cast<std::size_t>(file->Size()));
     Utf8Repair repair(text);
     const Outcome outcome = ReadPieces(

@@ -13,21 +13,21 @@
 
 namespace quavix {
 
-/// Reads a whole file as UTF-8 text, in pieces, with a word to the loading view between them.
+/// Reads a whole file as UTF-8 text in pieces, and reports progress to the loading view between them.
 class Utf8File {
   public:
-    /// Reading takes the first part of a load's progress, up to this ratio.
+    /// Share of a load's progress that reading takes: from 0 to this ratio.
     static constexpr double ProgressShare = 0.5;
 
     Utf8File(Files& files, LoadingView& view, DebugLog& log) : files_(files), view_(view), log_(log) {}
 
-    /// Reads the file open in `file`, named `name`, as far as its length at the time of opening. Where that
-    /// fails or gives anything but UTF-8, the file is opened once more and read byte by byte: whatever is no
-    /// UTF-8 becomes the character of its Latin-1 value. Where that fails too, raises the classic file error.
-    /// Nothing is returned when the user has stopped it.
+    /// Reads the open `file`, named `name`, up to its length at the time of opening. If that fails, or the
+    /// text is not UTF-8, opens the file again and reads it byte by byte: each byte that is not part of UTF-8
+    /// becomes the character of its Latin-1 value. If that fails too, raises the classic file error. Returns
+    /// nothing if the user has stopped it.
     std::optional<std::string> Read(std::unique_ptr<FileReader> file, const std::string& name);
 
-    /// Whether the text had to be read byte by byte, so that it may differ from what the file says.
+    /// Returns true if the text was read byte by byte, so that it may differ from the file.
     bool Repaired() const { return repaired_; }
 
   private:

@@ -17,7 +17,7 @@ constexpr auto Step = std::chrono::milliseconds(5);
 
 void SayNothing(const char*, int, const char*, int, const char*, ...) {}
 
-// Looking for a device that is not there makes the ALSA library explain itself on standard error, each time.
+// Keeps the ALSA library from printing errors on standard error whenever a device is missing.
 class QuietAlsa {
   public:
     QuietAlsa() { snd_lib_error_set_handler(&SayNothing); }
@@ -105,9 +105,8 @@ bool SoundStream::TryOpen(const StreamWish& wish, const MakeSource& makeSource, 
 }
 
 void SoundStream::Close(std::unique_ptr<SoundStream> stream) {
-    // One that stands still may be about to be closed by the library itself, from a thread of its own, and
-    // two at a time doing so end badly; or closing it never returns. Only one that asks for samples is sure
-    // to be well.
+    // A stream that is not running may be about to be closed by the library's own thread, and two closings at
+    // a time can crash; or closing may hang. Closing is safe only if the stream still asks for samples.
     stream->AwaitItsEnd();
     if (stream->device_->Audio.isStreamRunning() ? stream->Moves() : stream->Opened())
         stream->device_->Audio.closeStream();
@@ -115,13 +114,14 @@ void SoundStream::Close(std::unique_ptr<SoundStream> stream) {
         Keep(std::move(stream));
 }
 
-// When its server goes, the library stops a stream first and then closes it.
+// Waits until the library has closed a stream that it has stopped: when the server goes, it does both in
+// turn.
 void SoundStream::AwaitItsEnd() const {
     for (int step = 0; step < 100 && started_ && Opened() && !device_->Audio.isStreamRunning(); ++step)
         std::this_thread::sleep_for(Step);
 }
 
-// To the end of the process.
+// Keeps the stream until the process ends.
 void SoundStream::Keep(std::unique_ptr<SoundStream> stream) {
     static std::atomic<SoundStream*> kept{nullptr};
     stream->silenced_.store(true);
@@ -131,7 +131,7 @@ void SoundStream::Keep(std::unique_ptr<SoundStream> stream) {
     static_cast<void>(stream.release());
 }
 
-// Waits for that for a second, or until it is closed.
+// Waits up to a second for the device to ask for samples. Returns false if it does not, or is closed.
 bool SoundStream::Moves() const {
     const std::uint64_t before = Played();
     for (int step = 0; step < 200 && Opened(); ++step) {

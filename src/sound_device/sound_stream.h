@@ -21,8 +21,8 @@ class SampleSource {
     SampleSource(const SampleSource&) = delete;
     SampleSource& operator=(const SampleSource&) = delete;
 
-    /// Fills `out`: frames, of any number, with one sample of -1 to 1 for each channel. False: the device is
-    /// to stop asking.
+    /// Fills `out` with any number of frames, one sample of -1 to 1 for each channel. Returns false to make
+    /// the device stop asking.
     virtual bool Fill(std::span<float> out) = 0;
 };
 
@@ -30,7 +30,7 @@ class SampleSource {
 struct StreamWish {
     /// The name under which the sound system shows it to the user.
     const char* Name;
-    /// Frames to be asked for at a time, and how many times that the device keeps.
+    /// Frames per request, and number of requests that the device buffers.
     unsigned int Period;
     unsigned int Periods;
 };
@@ -41,33 +41,32 @@ struct StreamFormat {
     /// 1 or 2.
     unsigned int Channels;
     unsigned int Period;
-    /// How long what the device is given takes to the loudspeaker, as far as it knows.
+    /// Delay from the request to the loudspeaker in frames, as reported by the device.
     long DelayFrames;
-    /// The sound system and the device, e.g. "JACK, system".
+    /// Name of the sound system and the device, e.g. "JACK, system".
     std::string Description;
 };
 
-/// A sound device that plays, for as long as the object is there.
+/// A playing sound device. It plays during the lifetime of the object.
 ///
-/// Thread: the one that made it; the device asks for samples in a thread of its own. Opening and closing may
-/// take as long as the sound system likes.
+/// Thread: the one that made it; the device asks for samples in its own thread. Opening and closing may take
+/// any time, depending on the sound system.
 class SoundStream {
   public:
     using MakeSource = std::function<std::shared_ptr<SampleSource>(const StreamFormat&)>;
 
-    /// One that was lost is not to be opened again before so much time has passed since it was closed:
-    /// opening a client of a new JACK server frees those of the old one in the whole process, and others may
-    /// be just about to close theirs.
+    /// Shortest time between closing a lost stream and opening a new one: opening a client of a new JACK
+    /// server frees the old server's clients in the whole process, while others may just be closing theirs.
     static constexpr std::chrono::milliseconds ReopenAfter{500};
 
-    /// Opens the first sound system that has a device: JACK, PulseAudio, ALSA. Prints nothing. Null where
-    /// there is none, and `problem` says why.
+    /// Opens the first sound system that has a device: JACK, PulseAudio, ALSA. Prints nothing. Returns null,
+    /// with the reason in `problem`, if there is none.
     static std::unique_ptr<SoundStream> Open(const StreamWish& wish, const MakeSource& makeSource,
                                              std::string& problem);
 
     /// Closes the device. A stream that has stopped asking for samples, or that the sound system has closed
-    /// itself, is left to the library, which may still do something with it; it plays silence should it come
-    /// back.
+    /// itself, is kept until the process ends, because the library may still use it; if it revives, it plays
+    /// silence.
     static void Close(std::unique_ptr<SoundStream> stream);
 
     ~SoundStream();
@@ -76,10 +75,10 @@ class SoundStream {
 
     const StreamFormat& Format() const { return format_; }
 
-    /// Frames that the device has asked for so far.
+    /// Returns the number of frames that the device has requested so far.
     std::uint64_t Played() const { return played_.load(std::memory_order_relaxed); }
 
-    /// False where the sound system itself has closed the device.
+    /// Returns false if the sound system itself has closed the device.
     bool Opened() const;
 
   private:

@@ -5,8 +5,8 @@
 
 namespace quavix {
 
-/// Message boxes as lines "title: text" on standard error. Questions are answered No or Cancel, or Yes and OK
-/// where `yes` says so.
+/// Message boxes as lines "title: text" on standard error. Questions are answered with Yes or OK if `yes`,
+/// otherwise with No or Cancel.
 class ConsoleBoxes : public MessageBoxes {
   public:
     explicit ConsoleBoxes(bool yes) : yes_(yes) {}

@@ -7,19 +7,19 @@
 
 namespace quavix {
 
-/// A library that was loaded from a file at run time. It is let go with the object unless it is kept. Each
-/// system implements this class.
+/// A library loaded from a file at run time. The destructor unloads it, unless it is kept. Each system
+/// implements this class.
 class DynamicLibrary {
   public:
-    /// Null, with the system's own words in `reason`, if the file can't be loaded.
+    /// Returns null, with the system's message in `reason`, if the file can't be loaded.
     static std::unique_ptr<DynamicLibrary> Load(const std::string& fileName, std::string& reason);
 
     ~DynamicLibrary();
     DynamicLibrary(const DynamicLibrary&) = delete;
     DynamicLibrary& operator=(const DynamicLibrary&) = delete;
 
-    /// A function of the library, null if it has none of that name. `Type` is the function's type, as in
-    /// Function<decltype(F)>("F").
+    /// Returns a function of the library, or null if there is none of that name. `Type` is the function's
+    /// type, as in Function<decltype(F)>("F").
     template <typename Type>
     Type* Function(const char* name) const {
         return reinterpret_cast<Type*>(Symbol(name));
@@ -27,7 +27,7 @@ class DynamicLibrary {
 
     bool Has(const std::string& name) const { return Symbol(name.c_str()) != nullptr; }
 
-    /// Keeps the library in the process to its end, as threads of what it uses may run on.
+    /// Keeps the library loaded until the process ends, because its threads may still run.
     void Keep();
 
   private:

@@ -8,8 +8,8 @@
 
 namespace quavix {
 
-/// Ends the process without running destructors or exit handlers, which might find the middle of a tone or of
-/// playback on the stack.
+/// Ends the process without destructors or exit handlers, because a tone or playback may be in progress on
+/// the stack.
 class ImmediateEnd : public ProcessEnd {
   public:
     [[noreturn]] void EndProcess() override {

@@ -8,8 +8,8 @@
 
 namespace quavix {
 
-/// A text that is written to a device when this process dies, even if it is killed. Each system implements
-/// this class.
+/// The last words: a text written to a device when this process dies, even if it is killed. Each system
+/// implements this class.
 class LastWords {
   public:
     LastWords();
@@ -17,8 +17,8 @@ class LastWords {
     LastWords(const LastWords&) = delete;
     LastWords& operator=(const LastWords&) = delete;
 
-    /// Takes effect until Withdraw() or the end of the object. False: it can't be had, and Problem() says
-    /// why.
+    /// Takes effect until Withdraw() or the end of the object. Returns false, with the reason in Problem(),
+    /// on failure.
     bool Leave(WaitHandle device, const std::string& words);
 
     void Withdraw();

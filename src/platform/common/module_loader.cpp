@@ -12,12 +12,12 @@ std::string LacksFunction(const std::string& fileName, const std::string& name) 
     return "The file \"" + fileName + "\" lacks the function " + name + ".";
 }
 
-/// Empty, or why the library can't be used as a module of this interface.
+/// Returns an empty text, or the reason why the library is no module of this interface.
 std::string ProblemWith(const DynamicLibrary& library, const std::string& fileName,
                         const ModuleInterface& interface) {
     const std::string versionName = "Quavix" + interface.Name + "Version";
     const std::string initName = "Quavix" + interface.Name + "Init";
-    // The version first: another one may well have other functions.
+    // Checks the version first: another version may have other functions.
     for (const std::string& name : {versionName, initName}) {
         if (!library.Has(name))
             return LacksFunction(fileName, name);
@@ -51,7 +51,7 @@ std::unique_ptr<DynamicLibrary> LoadModule(const std::string& fileName, const Mo
         problem = "The file \"" + fileName + "\" is no module that can be loaded: " + problem + ".";
         return nullptr;
     }
-    // A module that is refused is let go, so that a better file can take its place.
+    // A rejected module is unloaded, so that a better file can replace it.
     problem = ProblemWith(*module, fileName, interface);
     if (!problem.empty())
         return nullptr;

@@ -32,7 +32,7 @@ struct Functions {
     DirectionFunctions Out;
     DirectionFunctions In;
 
-    /// Calls `visit` with the name and the place of each.
+    /// Calls `visit` with the name and the pointer of each function.
     template <typename Visit>
     void ForEach(Visit visit) {
         visit("QuavixMidiIoCreate", Create);
@@ -54,8 +54,7 @@ struct Functions {
     }
 };
 
-/// The module, loaded when it is asked for, and the one user of MIDI devices that it makes for both
-/// directions.
+/// The module, loaded on demand, and its one user of MIDI devices for both directions.
 class Library {
   public:
     Library(std::string fileName, std::string system, std::function<void()> wake)
@@ -67,7 +66,7 @@ class Library {
     Library(const Library&) = delete;
     Library& operator=(const Library&) = delete;
 
-    /// Empty, or why there is no module.
+    /// Loads the module if necessary. Returns an empty text, or the reason why that is impossible.
     const std::string& Prepare() {
         if (io_ != nullptr)
             return problem_;

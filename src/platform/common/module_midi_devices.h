@@ -10,11 +10,10 @@
 
 namespace quavix {
 
-/// The MIDI devices that the module of that file name (midiio32.ocx) finds. It is loaded when it is needed
-/// first.
+/// The MIDI devices of the module `fileName` (midiio32.ocx), which is loaded on first use.
 class ModuleMidiDevices {
   public:
-    /// `system` is "alsa" or "jack"; empty for the first of them that is there. `watch` outlives this.
+    /// `system` is "alsa" or "jack"; empty for the first one available. `watch` must outlive this.
     ModuleMidiDevices(std::string fileName, HandleWatch& watch, std::string system = {});
     ~ModuleMidiDevices();
     ModuleMidiDevices(const ModuleMidiDevices&) = delete;

@@ -13,7 +13,7 @@ namespace {
 
 constexpr const char* ReadName = "QuavixMidiFileRead";
 
-/// Takes what the module reads. The module knows no exceptions: what is thrown waits here until it has
+/// Receives the module's data. The module has no exceptions: one is stored here until the module has
 /// returned.
 class Sink {
   public:
@@ -59,7 +59,7 @@ class Sink {
                     }};
     }
 
-    /// Called at the beginning of each track, and behind the last one.
+    /// Ends the current track. Called at the beginning of each track, and behind the last one.
     void FinishTrack() {
         if (!content_.Tracks.empty())
             content_.Tracks.back().assign(track_.begin(), track_.end());
@@ -93,8 +93,8 @@ class Sink {
 
     MidiFileContent& content_;
     const std::function<bool(double)>& goOn_;
-    /// The track that is being read. It gets its place when its length is known, as very many events would
-    /// take twice the memory otherwise.
+    /// The current track, copied when its length is known: growing in place would need twice the memory for
+    /// very many events.
     std::vector<MidiFileEvent> track_;
     std::exception_ptr thrown_;
 };

@@ -10,8 +10,7 @@ namespace quavix {
 
 class DynamicLibrary;
 
-/// Reads MIDI files with the module of that file name (midifl32.ocx), which is loaded when it is needed
-/// first.
+/// Reads MIDI files with the module `fileName` (midifl32.ocx), which is loaded on first use.
 class ModuleMidiFileReader : public MidiFileReader {
   public:
     explicit ModuleMidiFileReader(std::string fileName);

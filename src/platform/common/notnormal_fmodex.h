@@ -5,8 +5,8 @@
 
 namespace quavix {
 
-/// The sound library in a file that is loaded at run time, its functions found by their names. The program
-/// needs none to be there to start. Once loaded it stays, as it has threads of its own.
+/// The sound library, loaded from a file at run time; its functions are found by name. The program starts
+/// without it, too. Once loaded it stays, because it has its own threads.
 class NOTNORMALfmodex : public SoundLibrary {
   public:
     NOTNORMALfmodex();

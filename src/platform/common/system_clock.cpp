@@ -9,7 +9,7 @@
 namespace quavix {
 namespace {
 
-/// Only the user-interface thread asks for it, as the C library keeps one result for all.
+/// Returns the local time. For one thread only, because the C library shares one result.
 std::tm LocalNow() {
     using WallClock = std::chrono::system_clock;
     // Exact, unlike std::time(), which may lag by milliseconds.

@@ -9,15 +9,15 @@
 
 namespace quavix {
 
-// Ports of which the program needs no more than their interface. Each system implements them.
+// Makers of ports that are used through their interface only. Each system implements them.
 
-/// The file system of the machine.
+/// Returns the machine's file system.
 std::unique_ptr<Files> MakeFiles();
 
-/// The processes of the machine.
+/// Returns the machine's processes.
 std::unique_ptr<Processes> MakeProcesses();
 
-/// Batch files that the system's own interpreter runs; what registers a control is this program itself.
+/// Returns batch files run by the system's interpreter. Controls are registered by this program itself.
 std::unique_ptr<BatchFiles> MakeBatchFiles();
 
 }  // namespace quavix

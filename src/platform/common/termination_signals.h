@@ -8,22 +8,22 @@
 
 namespace quavix {
 
-/// The system's requests to end the program (SIGINT, SIGTERM and SIGHUP) as something to wait for. A signal
-/// that is ignored (as nohup has it) stays ignored. One object at a time; the signals get their earlier
-/// effect back at its end. Each system implements this class.
+/// Makes the system's requests to end the program (SIGINT, SIGTERM and SIGHUP) waitable. An ignored signal
+/// (as with nohup) stays ignored. Only one object at a time; its destructor restores the earlier handlers.
+/// Each system implements this class.
 class TerminationSignals {
   public:
-    /// Raises std::system_error if the system can not give what it takes.
+    /// Raises std::system_error if the system lacks the resources.
     TerminationSignals();
     ~TerminationSignals();
     TerminationSignals(const TerminationSignals&) = delete;
     TerminationSignals& operator=(const TerminationSignals&) = delete;
 
-    /// A handle that is signalled, and stays so, once one of the signals has come.
+    /// Returns a handle that is signalled, and stays so, after one of the signals.
     WaitHandle Handle() const;
 
-    /// Sleeps until the monotonic clock shows `deadlineNs` nanoseconds or one of the signals comes; returns
-    /// whether one has come.
+    /// Sleeps until the monotonic clock shows `deadlineNs` nanoseconds or one of the signals arrives. Returns
+    /// true after a signal.
     bool SleepUntil(std::int64_t deadlineNs) const;
 
   private:

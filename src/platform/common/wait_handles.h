@@ -9,7 +9,7 @@
 
 namespace quavix {
 
-/// The index of the first handle that is signalled; none if no handle is. Does not wait.
+/// Returns the index of the first signalled handle; none if no handle is signalled. Does not wait.
 std::optional<std::uint32_t> Signalled(std::span<const WaitHandle> handles);
 
 /// A signal that any thread may raise, and that a wait for handles sees until it is cleared.
@@ -21,7 +21,7 @@ class WakeSignal {
     WakeSignal(const WakeSignal&) = delete;
     WakeSignal& operator=(const WakeSignal&) = delete;
 
-    /// Never blocks, and takes no lock: also from threads of real time.
+    /// Raises the signal. Never blocks or locks, so real-time threads may call it.
     void Raise();
     void Clear();
 
@@ -31,8 +31,8 @@ class WakeSignal {
     WaitHandle handle_;
 };
 
-/// A timer of the system's whose handle is signalled from a tick until the tick is taken. It is more exact
-/// than the toolkit's timers, which are late by up to a millisecond.
+/// A system timer whose handle is signalled from a tick until the tick is taken. It is more precise than the
+/// toolkit's timers, which are up to 1 ms late.
 class TickTimer {
   public:
     /// Raises std::system_error if the system has none left.
@@ -41,10 +41,10 @@ class TickTimer {
     TickTimer(const TickTimer&) = delete;
     TickTimer& operator=(const TickTimer&) = delete;
 
-    /// Ticks from `firstNs` of the monotonic clock on, each `intervalNs`. Ticks not taken are forgotten.
+    /// Ticks from `firstNs` of the monotonic clock on, every `intervalNs`. Forgets ticks not taken yet.
     void Start(std::int64_t firstNs, std::int64_t intervalNs);
 
-    /// Ticks that have come since they were last taken; 0 for none. Does not wait.
+    /// Returns the number of ticks since the last call; 0 for none. Does not wait.
     std::int64_t Take();
 
     WaitHandle Handle() const { return handle_; }

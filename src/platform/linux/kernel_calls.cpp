@@ -14,7 +14,7 @@
 namespace quavix {
 namespace {
 
-/// The folder in which a process finds its own open files, by their numbers.
+/// Folder of a process's own open files, by descriptor.
 constexpr const char* OpenFiles = "/proc/self/fd/";
 
 }  // namespace
@@ -34,14 +34,14 @@ bool CloseFrom(int first) {
 
 FileDescriptor OpenFolder(const char* name) {
     FileDescriptor opened = FileDescriptor::Open(AT_FDCWD, name, O_RDONLY | O_DIRECTORY);
-    // A folder that may be written but not listed is as good, but for making it durable.
+    // A folder that can be written but not listed will do, except for Sync().
     if (!opened && errno == EACCES)
         opened = FileDescriptor::Open(AT_FDCWD, name, O_PATH | O_DIRECTORY);
     return opened;
 }
 
 FileDescriptor CreateNameless(const FileDescriptor& folder) {
-    // Not every file system has files without a name, and none gets one without this folder.
+    // Not every file system supports nameless files, and without this folder they could not be named.
     if (access(OpenFiles, X_OK) != 0)
         return FileDescriptor();
     return FileDescriptor::Open(folder.Get(), ".", O_WRONLY | O_TMPFILE, ReadWriteForAll);

@@ -17,11 +17,11 @@ void SleepUntil(std::int64_t deadlineNs) {
     timespec until{};
     until.tv_sec = static_cast<time_t>(deadlineNs / NsPerSecond);
     until.tv_nsec = static_cast<long>(deadlineNs % NsPerSecond);
-    // The kernel may otherwise end a sleep 50 us late to save a wake-up, which a tone in a row can hear.
+    // Without this the kernel may end a sleep 50 us late, which is audible in a series of tones.
     prctl(PR_SET_TIMERSLACK, 1UL);
     while (clock_nanosleep(CLOCK_MONOTONIC, TIMER_ABSTIME, &until, nullptr) == EINTR) {
     }
-    prctl(PR_SET_TIMERSLACK, 0UL);  // back to the thread's usual
+    prctl(PR_SET_TIMERSLACK, 0UL);  // restores the thread's default
 }
 
 }  // namespace quavix

@@ -46,7 +46,7 @@ WakeSignal::~WakeSignal() {
 }
 
 void WakeSignal::Raise() {
-    // A counter that is full is raised already.
+    // If the counter is full, the signal is already raised.
     const std::uint64_t one = 1;
     [[maybe_unused]] const auto written = write(DescriptorOf(handle_), &one, sizeof one);
 }

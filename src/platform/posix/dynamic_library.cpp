@@ -6,7 +6,7 @@
 namespace quavix {
 
 std::unique_ptr<DynamicLibrary> DynamicLibrary::Load(const std::string& fileName, std::string& reason) {
-    // A name without a folder would be searched for where the system keeps its libraries.
+    // A name without a folder would be searched for among the system's libraries.
     std::string path = fileName.find('/') == std::string::npos ? "./" + fileName : fileName;
     void* handle = dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL);
     if (handle == nullptr) {

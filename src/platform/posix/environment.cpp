@@ -8,8 +8,7 @@
 namespace quavix {
 namespace {
 
-/// The program's folder in one of the user's base folders; a base that doesn't start at the root counts as
-/// none.
+/// Returns the program's folder in one of the user's base folders; a relative base is ignored.
 std::string FolderIn(const char* base, const std::string& otherwiseBelowHome) {
     const std::string folder = FromEnvironment(base);
     return (folder.starts_with('/') ? folder : FromEnvironment("HOME") + otherwiseBelowHome) + "/quavix";

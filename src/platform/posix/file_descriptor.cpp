@@ -48,7 +48,7 @@ std::error_code FileDescriptor::Sync() const {
 
 std::error_code FileDescriptor::Close() {
     const int fd = std::exchange(fd_, -1);
-    // An interrupted close has closed the file all the same.
+    // An interrupted close has still closed the file.
     if (fd >= 0 && ::close(fd) != 0 && errno != EINTR)
         return LastError();
     return {};

@@ -9,14 +9,14 @@
 
 namespace quavix {
 
-/// The permissions of a new file, as far as the umask lets it have them.
+/// The permissions of a new file, reduced by the umask.
 inline constexpr mode_t ReadWriteForAll = 0666;
 
-/// The error that the last system call has left.
+/// Returns the error of the last system call.
 std::error_code LastError();
 
-/// Owns one file descriptor and closes it; -1 is none. Moved from, it holds none. Calls that a signal
-/// interrupts are taken up again.
+/// Owns one file descriptor and closes it; -1 is none. After a move it holds none. Interrupted calls are
+/// repeated.
 class FileDescriptor {
   public:
     FileDescriptor() = default;
@@ -25,7 +25,7 @@ class FileDescriptor {
     FileDescriptor& operator=(FileDescriptor&& other) noexcept;
     ~FileDescriptor() { Close(); }
 
-    /// openat() that is never inherited by a child, never waits for a pipe's other end and takes no terminal.
+    /// Calls openat(). Children don't inherit the result; never waits for a pipe or takes a terminal.
     static FileDescriptor Open(int folder, const char* name, int flags, mode_t mode = 0);
 
     int Get() const { return fd_; }

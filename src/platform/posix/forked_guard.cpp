@@ -19,10 +19,9 @@ namespace {
 constexpr int GuardsDevice = 0;
 constexpr int GuardsChannel = 1;
 
-// Anything else the guard kept open would stay open for others too: a pipe's end, a terminal, a server's
-// socket.
+// Every other descriptor would stay open for others too: a pipe's end, a terminal, a server's socket.
 bool KeepOnly(int device, int channel) {
-    // Out of the way first, or one of the two could be lost under the other's new number.
+    // Moves both to high numbers first: otherwise one could be overwritten by the other's new number.
     const int highDevice = fcntl(device, F_DUPFD_CLOEXEC, 10);
     const int highChannel = fcntl(channel, F_DUPFD_CLOEXEC, 10);
     return dup2(highDevice, GuardsDevice) == GuardsDevice &&
@@ -37,7 +36,7 @@ void IgnoreSignals() {
         sigaction(signal, &ignore, nullptr);
 }
 
-/// The guard's whole life, right after fork() with every signal blocked.
+/// Runs the guard, right after fork() with every signal blocked.
 [[noreturn]] void BeGuard(const char* name, int device, int channel, const ForkedGuard::Duty& duty) {
     setsid();
     IgnoreSignals();
@@ -52,7 +51,7 @@ void IgnoreSignals() {
 bool ForkedGuard::Start(const char* name, int device, const Duty& duty) {
     End();
     std::array<int, 2> ends{-1, -1};
-    // Packets, so that a message is never torn, and a socket, so that a guard that is gone raises no signal.
+    // Packets, so that messages stay whole; and a socket, so that a missing guard raises no signal.
     if (socketpair(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC, 0, ends.data()) != 0) {
         problem_ = std::string("no channel to it: ") + std::strerror(errno);
         return false;
@@ -60,7 +59,7 @@ bool ForkedGuard::Start(const char* name, int device, const Duty& duty) {
     channel_ = FileDescriptor(ends[0]);
     FileDescriptor guardsEnd(ends[1]);
 
-    // Until the guard ignores signals it must not run the program's handlers for them.
+    // Until the guard ignores signals, it must not run the program's signal handlers.
     sigset_t all;
     sigset_t before;
     sigfillset(&all);
@@ -99,8 +98,8 @@ bool ForkedGuard::Ready() const {
 
 void ForkedGuard::End() {
     if (process_ > 0) {
-        // First of all, or the end of the channel would set it to work. A kill also ends a guard that
-        // somebody has stopped.
+        // First the kill, because the end of the channel would start the guard's work. A kill also ends a
+        // stopped guard.
         kill(process_, SIGKILL);
         while (waitpid(process_, nullptr, 0) < 0 && errno == EINTR) {
         }

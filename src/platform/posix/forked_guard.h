@@ -9,13 +9,13 @@
 
 namespace quavix {
 
-/// A small process of its own that holds a device of the program's, to put it in order when the program is
-/// gone, however it went.
+/// The guard process: a small process that holds a device of the program, and resets it when the program is
+/// gone, for any reason.
 class ForkedGuard {
   public:
-    /// The guard's work, in its own process, with the device and its end of the channel and nothing else open
-    /// and with every signal ignored. The channel carries whole messages and ends with the program. The
-    /// process may have been forked from one with threads, so this makes system calls and nothing else.
+    /// The guard's work, in its own process, with only the device and its end of the channel open, and every
+    /// signal ignored. The channel carries whole messages and ends with the program. The process may be
+    /// forked from one with threads, so the duty may only make system calls.
     using Duty = std::function<void(int device, int channel)>;
 
     ForkedGuard() = default;
@@ -23,14 +23,14 @@ class ForkedGuard {
     ForkedGuard(const ForkedGuard&) = delete;
     ForkedGuard& operator=(const ForkedGuard&) = delete;
 
-    /// Starts the guard, in place of an earlier one. `name` is the process's name, of 15 characters at most.
-    /// False: it could not be started, and Problem() says why.
+    /// Starts the guard, replacing an earlier one. `name` is the process's name, at most 15 characters.
+    /// Returns false, with the reason in Problem(), if that fails.
     bool Start(const char* name, int device, const Duty& duty);
 
-    /// The program's end of the channel; -1 when no guard is there.
+    /// Returns the program's end of the channel; -1 if there is no guard.
     int Channel() const { return channel_.Get(); }
 
-    /// Ends the guard, which does its work no more, and waits for its end.
+    /// Ends the guard without its work, and waits for its end.
     void End();
 
     const std::string& Problem() const { return problem_; }

@@ -7,20 +7,20 @@ namespace quavix {
 
 // Calls that POSIX leaves to each kernel. The folder of the kernel implements them.
 
-/// Names the calling process, in 15 characters at most. Safe in a process just forked.
+/// Names the calling process, in at most 15 characters. Safe in a process just forked.
 void NameProcess(const char* name);
 
 /// Closes every descriptor from `first` on. Safe in a process just forked.
 bool CloseFrom(int first);
 
-/// Opens a folder for calls that are relative to it; also one that may be written but not listed.
+/// Opens a folder, even an unlistable one, for calls relative to it.
 FileDescriptor OpenFolder(const char* name);
 
-/// A new file in the folder that has no name yet, so that nothing is left of it when the process dies; none,
-/// where there are no such files.
+/// Creates a nameless file in the folder, so that nothing is left of it if the process dies. Returns none if
+/// the file system does not support that.
 FileDescriptor CreateNameless(const FileDescriptor& folder);
 
-/// Names a file that CreateNameless() has made. False, with errno set, if the name is taken or can't be had.
+/// Names a file of CreateNameless(). Returns false, with errno set, if the name is taken or impossible.
 bool GiveName(const FileDescriptor& file, const FileDescriptor& folder, const char* name);
 
 }  // namespace quavix

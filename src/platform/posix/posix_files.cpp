@@ -27,7 +27,7 @@ bool IsNoFolder(const std::string& name) {
     return ::stat(name.c_str(), &status) == 0 && !S_ISDIR(status.st_mode);
 }
 
-/// Leaves the last call's error as it is.
+/// Returns true if a folder has this name. Keeps errno.
 bool IsFolder(const std::string& name) {
     const int error = errno;
     struct stat status {};
@@ -36,7 +36,7 @@ bool IsFolder(const std::string& name) {
     return isFolder;
 }
 
-/// The files of a folder, given with its separator, that match; no more than `most`.
+/// Returns the matching files of a folder, given with its separator; at most `most`.
 std::vector<std::string> Matching(const std::string& folder, const std::string& namePattern,
                                   std::size_t most) {
     std::vector<std::string> names;
@@ -77,7 +77,7 @@ class PosixFileReader : public FileReader {
     std::uint64_t size_;
 };
 
-/// Opens an ordinary file; none with `error` set.
+/// Opens an ordinary file. Returns none with `error` set on failure.
 FileDescriptor OpenOrdinary(const std::string& name, int flags, mode_t mode, struct stat& status,
                             std::error_code& error) {
     error.clear();
@@ -99,7 +99,7 @@ std::error_code WriteAndClose(FileDescriptor file, std::string_view bytes) {
     return error ? error : closeError;
 }
 
-/// True if the open file is still the one of that name: its last holder may have deleted it in between.
+/// Returns true if the open file still has this name: its last holder may have deleted it meanwhile.
 bool StandsUnderItsName(const std::string& name, int file) {
     struct stat held {};
     struct stat named {};
@@ -107,11 +107,11 @@ bool StandsUnderItsName(const std::string& name, int file) {
            held.st_ino == named.st_ino;
 }
 
-/// A lock of the kernel on an open file: it goes with the process, so that no process number has to be asked
-/// after, and none that is in use again can deceive.
+/// A kernel lock on an open file. It ends with the process, so that no process ids have to be checked, which
+/// could be reused.
 class LockFile : public FileLock {
   public:
-    /// Null with `error` set when the file can't be created or somebody holds the lock.
+    /// Returns null with `error` set if the file can't be created or the lock is held.
     static std::unique_ptr<LockFile> Take(const std::string& name, std::error_code& error);
 
     ~LockFile() override;
@@ -144,7 +144,7 @@ std::unique_ptr<LockFile> LockFile::Take(const std::string& name, std::error_cod
 }
 
 LockFile::~LockFile() {
-    // While it is held: nobody else can have taken a file of this name.
+    // Deleted while the lock is held, so that no other process can hold a file of this name.
     ::unlink(name_.c_str());
 }
 

@@ -5,15 +5,15 @@
 
 namespace quavix {
 
-/// The file system of the machine. Ordinary files only: folders, devices, pipes and sockets are refused, and
-/// none of them makes a call wait.
+/// The machine's file system. Only ordinary files are accepted: folders, devices, pipes and sockets are
+/// refused, and no call waits for them.
 ///
-/// A file that is replaced keeps its permissions, and a symbolic link to it stays a link. Until the new
-/// content is committed it stands in a hidden file of the same folder; a process that is killed may leave
-/// that one behind, never half a song.
+/// A replaced file keeps its permissions, and a symbolic link to it stays a link. Until Commit(), the new
+/// content is in a hidden file of the same folder; a killed process may leave that file behind, but never
+/// half a song.
 class PosixFiles : public Files {
   public:
-    /// Hidden files are those whose name begins with a dot.
+    /// Hidden files are those with a leading dot in their name.
     bool FindsNormalFile(const std::string& pattern) override;
     std::string FullName(const std::string& name) override;
     std::uint64_t Length(const std::string& name, std::error_code& error) override;

@@ -17,7 +17,7 @@ struct PriorityClass {
 // From the nicest to the most demanding; nice values in between belong to the nearest class below them.
 constexpr PriorityClass Classes[] = {{64, 19}, {16384, 10}, {32, 0}, {32768, -5}, {128, -10}, {256, -20}};
 
-// A handle is a process's id, with the rights below it.
+// Rights, held in a handle below the process's id.
 constexpr ProcessHandle MaySet = 1;
 constexpr ProcessHandle MayQuery = 2;
 constexpr ProcessHandle Rights = 4;
@@ -26,13 +26,12 @@ id_t IdOf(ProcessHandle process) {
     return static_cast<id_t>(process / Rights);
 }
 
-/// Processes with their nice values as priority classes. The system's first process is out of bounds: it
-/// can't be opened. A handle is the process's id with the rights it was opened with, so that there is nothing
-/// to leak.
+/// Processes with their nice values as priority classes. The system's first process can't be opened. A handle
+/// consists of the process's id and the rights it was opened with, so it needs no closing.
 class PosixProcesses : public Processes {
   public:
     std::int32_t CurrentProcessId() override;
-    /// Windows of other processes are not known here: always 0.
+    /// Returns 0: the windows of other processes are unknown here.
     std::int32_t WindowProcessId(std::intptr_t window) override;
     ProcessHandle Open(std::uint32_t access, std::int32_t processId) override;
     bool SetPriorityClass(ProcessHandle process, std::int32_t priorityClass) override;

@@ -15,7 +15,7 @@
 namespace quavix {
 namespace {
 
-/// The name with a link, and the links that it leads to, followed; the file itself need not exist.
+/// Follows symbolic links, also chains of them; the file itself need not exist.
 std::filesystem::path FollowLinks(std::filesystem::path path, std::error_code& error) {
     constexpr int MostLinks = 40;
     for (int links = 0; links < MostLinks; ++links) {
@@ -74,7 +74,7 @@ std::error_code ReplacedFile::Prepare() {
         return errno == ENOENT ? CreateBeside() : LastError();
     if (const auto error = UnlessOrdinary(old))
         return error;
-    // Only opening it tells for sure whether it may be written: permissions, read-only disks, attributes.
+    // Only opening shows for sure whether the file is writable: permissions, read-only disks, attributes.
     if (!FileDescriptor::Open(folder_.Get(), name_.c_str(), O_WRONLY | O_NOFOLLOW))
         return LastError();
     if (const auto error = CreateBeside())
@@ -111,7 +111,7 @@ std::error_code ReplacedFile::TakeTemporaryName(Create create) {
     return LastError();
 }
 
-/// A new file can't be linked in another's place, so a file without a name takes one for a moment.
+/// Gives the nameless file a temporary name, because it can't be linked over an existing file.
 std::error_code ReplacedFile::Name() {
     return TakeTemporaryName([this](const char* name) { return GiveName(file_, folder_, name); });
 }
@@ -129,7 +129,7 @@ std::error_code ReplacedFile::Commit() {
         return LastError();
     temporaryName_.clear();
     const std::error_code error = folder_.Sync();
-    // Some file systems can't sync a folder, and neither can one that we may not list.
+    // Some file systems can't sync a folder, and an unlisted folder can't be synced either.
     const bool cannotSync = error == std::errc::invalid_argument || error == std::errc::bad_file_descriptor;
     return cannotSync ? std::error_code() : error;
 }

@@ -10,11 +10,11 @@
 
 namespace quavix {
 
-/// A file whose new content is written beside it and takes its place in Commit(). Where the file system can
-/// do that, the new content has no name before, so that a process that is killed leaves nothing of it behind.
+/// A file whose new content is written beside it and replaces it in Commit(). If the file system supports it,
+/// the new content is nameless until then, so that a killed process leaves nothing behind.
 class ReplacedFile : public FileWriter {
   public:
-    /// Null with `error` set when the file can't be written.
+    /// Returns null with `error` set if the file can't be written.
     static std::unique_ptr<ReplacedFile> Open(const std::string& name, std::error_code& error);
 
     ~ReplacedFile() override;
@@ -22,8 +22,7 @@ class ReplacedFile : public FileWriter {
     ReplacedFile& operator=(const ReplacedFile&) = delete;
 
     std::error_code Write(std::string_view bytes) override { return file_.WriteAll(bytes); }
-    /// An error after which the new content may already stand in the old one's place, though not durably, is
-    /// reported like the others.
+    /// Commits the content. After an error, the new content may already be in place, but not durable.
     std::error_code Commit() override;
 
   private:
@@ -35,7 +34,7 @@ class ReplacedFile : public FileWriter {
     template <typename Create>
     std::error_code TakeTemporaryName(Create create);
 
-    FileDescriptor folder_;      // all names are relative to it, so that nothing moves it from under us
+    FileDescriptor folder_;      // all names are relative to it, so that a renamed folder does no harm
     std::string name_;           // of the file itself, links resolved
     std::string temporaryName_;  // empty while it has none
     FileDescriptor file_;

@@ -14,8 +14,8 @@
 namespace quavix {
 namespace {
 
-// In the background, so that the shell that is waited for ends at once and the one that runs the file is
-// nobody's child. The file is read when the first has begun, whatever becomes of its name.
+// Runs in the background, so that the first shell ends at once and the second is no child of the program. The
+// file is opened by the first shell, so its name may change afterwards.
 constexpr const char* Script =
     "erase() { rm -f -- \"$1\"; }; "
     "exec </dev/null >/dev/null 2>&1 3<\"$0\" || exit 1; "
@@ -43,7 +43,7 @@ std::string ShellBatchFiles::Quoted(const std::string& fileName) {
 }
 
 std::error_code ShellBatchFiles::Start(const std::string& fileName) {
-    // The program keeps some signals to itself, which is nothing for others to inherit.
+    // The program blocks some signals; children must not inherit that.
     posix_spawnattr_t attributes;
     posix_spawnattr_init(&attributes);
     sigset_t none;
@@ -63,7 +63,7 @@ std::error_code ShellBatchFiles::Start(const std::string& fileName) {
     int status = 0;
     while (waitpid(child, &status, 0) < 0) {
         if (errno != EINTR)
-            return {};  // somebody else waits for all children
+            return {};  // other code has waited for all children
     }
     return WIFEXITED(status) && WEXITSTATUS(status) == 0
                ? std::error_code()

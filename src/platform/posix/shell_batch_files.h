@@ -7,11 +7,11 @@
 
 namespace quavix {
 
-/// Batch files that a shell runs. What registers a control is this program itself, started as
-/// "quavix --register CONTROL".
+/// Batch files run by a shell. Controls are registered by this program itself, started as "quavix --register
+/// CONTROL".
 class ShellBatchFiles : public BatchFiles {
   public:
-    /// `program` is the file of this program.
+    /// `program` is the executable of this program.
     explicit ShellBatchFiles(std::string program) : program_(std::move(program)) {}
 
     std::string RegisterCommand() override;

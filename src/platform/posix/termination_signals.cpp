@@ -20,7 +20,7 @@ namespace {
 
 constexpr std::array Signals = {SIGINT, SIGTERM, SIGHUP};
 
-// A signal handler has nowhere else to look.
+// A global, because a signal handler has no other access.
 std::atomic<int> writeEnd = -1;
 static_assert(std::atomic<int>::is_always_lock_free);
 
@@ -34,7 +34,7 @@ void OnSignal(int) {
 }  // namespace
 
 struct TerminationSignals::Parts {
-    /// The signals' handler writes a byte into the other end.
+    /// End of the pipe into which the signals' handler writes a byte.
     FileDescriptor ReadEnd;
     std::array<struct sigaction, Signals.size()> Earlier{};
 };

@@ -7,16 +7,16 @@ class QWidget;
 
 namespace quavix {
 
-/// Returns the window that a question belongs to: the active one, or else the closest one above it that does
-/// not go away by itself, as menus and windows that are deleted on closing do. Null if there is none.
+/// Returns the owner window for a question: the active window, or else the nearest one above it that does not
+/// close by itself, as menus and delete-on-close windows do. Null if there is none.
 QWidget* DialogOwner();
 
-/// Returns the window that a message belongs to which nobody waits for: as DialogOwner(), but no modal
-/// dialog, which closes when it is answered.
+/// Returns the owner window for a message without a wait: as DialogOwner(), but no modal dialog, because that
+/// closes when it is answered.
 QWidget* LastingDialogOwner();
 
-/// A dialog that is shown to wait for its answer, and deleted with this object. Its owner may be destroyed
-/// while it is open and takes the dialog along; the dialog is rejected then.
+/// A dialog shown to wait for its answer, and deleted with this object. Its owner may be destroyed meanwhile,
+/// together with the dialog; the dialog is then rejected.
 template <typename Dialog>
 class OwnedDialog {
   public:
@@ -25,7 +25,7 @@ class OwnedDialog {
     OwnedDialog(const OwnedDialog&) = delete;
     OwnedDialog& operator=(const OwnedDialog&) = delete;
 
-    /// False once the dialog has been destroyed with its owner.
+    /// Returns false once the dialog has been destroyed with its owner.
     explicit operator bool() const { return !dialog_.isNull(); }
     Dialog& operator*() const { return *dialog_; }
     Dialog* operator->() const { return dialog_.data(); }

@@ -12,8 +12,8 @@
 namespace quavix {
 namespace {
 
-/// While the application object is made, the only fatal message is that there is no display to be had; the
-/// toolkit would abort after it.
+/// Reports a missing display: the only fatal message during construction, after which the toolkit would
+/// abort.
 void ReportMissingDisplay(QtMsgType type, const QMessageLogContext&, const QString& text) {
     if (type != QtFatalMsg) {
         std::fprintf(stderr, "%s\n", qPrintable(text));
@@ -46,7 +46,7 @@ struct QtApplication::Parts {
 QtApplication::QtApplication(int& argc, char** argv, const std::string& name, const std::string& version)
     : parts_(std::make_unique<Parts>()) {
     parts_->Application = MakeApplication(argc, argv);
-    // As the system gave them, as a file's name need not be text; the toolkit has taken its own out.
+    // The raw arguments without the toolkit's own, because a file name need not be valid text.
     if (argc > 0)
         parts_->Arguments.assign(argv + 1, argv + argc);
     QApplication::setApplicationName(QString::fromStdString(name));

@@ -10,11 +10,11 @@
 
 namespace quavix {
 
-/// The connection to the desktop; one at a time, made before any window. Where there is no display to show
-/// windows on, making it says so on standard error and ends the process with status 1.
+/// The connection to the desktop; one at a time, made before any window. Without a display, the constructor
+/// prints an error on standard error and ends the process with status 1.
 class QtApplication {
   public:
-    /// Takes the toolkit's own options out of the command line; both arguments must outlive the object.
+    /// Removes the toolkit's own options from the command line; both arguments must outlive the object.
     QtApplication(int& argc, char** argv, const std::string& name, const std::string& version);
     ~QtApplication();
     QtApplication(const QtApplication&) = delete;
@@ -23,10 +23,10 @@ class QtApplication {
     /// Returns the rest of the command line, without the program's own name.
     std::vector<std::string> Arguments() const;
 
-    /// The folder of the executable, as the file system takes it.
+    /// Returns the folder of the executable, as the file system spells it.
     std::string ProgramFolder() const;
 
-    /// Calls `handler` from the event loop once a handle is signalled; only once.
+    /// Calls `handler` once from the event loop when a handle is signalled.
     void WhenSignalled(WaitHandle handle, std::function<void()> handler);
 
     /// Handles events until the last window is closed.

@@ -19,7 +19,7 @@ namespace {
 using namespace std::chrono_literals;
 using SteadyClock = std::chrono::steady_clock;
 
-// Qt's timers count whole milliseconds and may be late by one; the rest is slept.
+// Qt's timers count whole milliseconds and may be 1 ms late, so the rest of a wait is slept.
 constexpr auto TimerSlack = 2ms;
 
 }  // namespace

@@ -29,7 +29,7 @@ QString Patterns(const QString& patterns) {
     return all.join(' ');
 }
 
-/// Tells the user if there is no such folder. The window may be gone afterwards.
+/// Returns true if the folder exists, otherwise tells the user; the window may be destroyed meanwhile.
 bool PathExists(const QString& name, QFileDialog& window) {
     const QString folder = QFileInfo(name).absolutePath();
     if (QFileInfo(folder).isDir())
@@ -42,7 +42,7 @@ bool PathExists(const QString& name, QFileDialog& window) {
     return false;
 }
 
-/// The chosen filter with its patterns, which the dialog leaves out where it hides them.
+/// Returns the chosen filter with its patterns, which the dialog omits if it hides them.
 QString WholeFilter(const QFileDialog& window) {
     const QStringList filters = window.nameFilters();
     const auto chosen = std::find_if(filters.begin(), filters.end(), [&](const QString& filter) {
@@ -57,7 +57,7 @@ std::string Ask(QFileDialog::AcceptMode mode, const FileDialog& dialog, QString&
     window->setAcceptMode(mode);
     window->setFileMode(dialog.FileMustExist ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
     window->setOption(QFileDialog::DontConfirmOverwrite);
-    // The name says which files are meant; that names in small letters are meant too is no news to anybody.
+    // The filter's name is enough; the user need not see that lower-case patterns match too.
     window->setOption(QFileDialog::HideNameFilterDetails);
     window->setNameFilters(NameFilters(dialog.Filter));
     if (!folder.isEmpty())

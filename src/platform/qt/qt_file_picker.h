@@ -8,16 +8,16 @@
 
 namespace quavix {
 
-/// The filters of a file dialog as Qt writes them, from "name|pattern|name|pattern". A pattern is found in
-/// either letter case, and "*.*" stands for every file. An odd name at the end is left out.
+/// Converts "name|pattern|name|pattern" into Qt's filters. Patterns match in either letter case, and "*.*"
+/// means every file. A name without a pattern at the end is dropped.
 QStringList NameFilters(const std::string& filter);
 
-/// A file name that a user has typed, with the extension of the chosen filter where the name has none and the
-/// filter stands for one kind of file: "song" becomes "song.QVX" with "Songs (*.QVX *.qvx)".
+/// Adds the extension of the chosen filter to a typed file name, if the name has none and the filter is for
+/// one kind of file: "song" becomes "song.QVX" with "Songs (*.QVX *.qvx)".
 QString WithExtension(const QString& name, const QString& nameFilter);
 
-/// Asks for file names with the desktop's own dialog. A file that exists already may be chosen for saving:
-/// whether to replace it is asked by whoever saves. No file is chosen when the window below is destroyed.
+/// Asks for file names with the desktop's own dialog. An existing file may be chosen for saving: the caller
+/// has to ask about replacing it. If the window below is destroyed, no file is chosen.
 class QtFilePicker : public FilePicker {
   public:
     std::string AskForSaveName(const FileDialog& dialog) override;

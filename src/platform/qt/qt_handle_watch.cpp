@@ -5,7 +5,7 @@
 
 namespace quavix {
 
-/// A watch may be ended by its own handler.
+/// Deleted later, because a watch may be ended by its own handler.
 void QtHandleWatch::DeleteLater::operator()(QSocketNotifier* notifier) const {
     notifier->setEnabled(false);
     notifier->deleteLater();

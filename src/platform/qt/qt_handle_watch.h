@@ -10,7 +10,7 @@
 
 namespace quavix {
 
-/// File descriptors that Qt's event loop looks at, for becoming readable.
+/// Watches file descriptors for input in Qt's event loop.
 class QtHandleWatch : public HandleWatch {
   public:
     Id Watch(WaitHandle handle, std::function<void()> signalled) override;

@@ -30,7 +30,7 @@ QMessageBox::Icon Icon(BoxIcon icon) {
     return QMessageBox::NoIcon;
 }
 
-/// The buttons of a box, the one that Enter presses first, and the one that closing the box stands for.
+/// The buttons of a box, its default for Enter, and the result of closing it.
 struct Choice {
     QMessageBox::StandardButtons Buttons;
     QMessageBox::StandardButton Default;
@@ -71,12 +71,12 @@ QString PresentableLine(std::string_view line) {
     constexpr qsizetype LongestWord = 100;
     constexpr qsizetype MostBytesPerCharacter = 4;
     const QString ellipsis = QString::fromUtf8("…");
-    // No more is decoded than may be shown.
+    // Decodes no more than may be shown.
     const auto bytes = line.substr(0, (LongestLine + 1) * MostBytesPerCharacter);
     QString text = QString::fromUtf8(bytes.data(), static_cast<qsizetype>(bytes.size()));
     if (text.size() > LongestLine)
         text = text.left(LongestLine) + ellipsis;
-    // A word too long for a line would be broken anywhere, and the box be too low for what follows.
+    // A word longer than a line would be broken anywhere, and the box would be too low for the rest.
     QStringList words = text.split(' ');
     for (QString& word : words) {
         if (word.size() > LongestWord)
@@ -152,7 +152,7 @@ void QtMessageBoxes::Tell(const MessageBox& box) {
     };
     if (QApplication::activeWindow() != nullptr)
         show();
-    else  // The window that is about to come up would cover it.
+    else  // A window that is just opening would cover it.
         QTimer::singleShot(0, qApp, show);
 }
 

@@ -5,15 +5,14 @@
 
 namespace quavix {
 
-/// Message boxes as Qt dialogs over the active window. A box that is destroyed with that window is answered
-/// as if it were closed without a choice. What is told is not told again while it still stands there.
+/// Message boxes as Qt dialogs over the active window. A box destroyed with that window is answered as if
+/// closed without a choice. Tell() does not repeat a message that is still open.
 class QtMessageBoxes : public MessageBoxes {
   public:
     BoxAnswer Show(const MessageBox& box) override;
     void Tell(const MessageBox& box) override;
 
-    /// For a process that the system ends: from now on nobody is there to answer, and what is to be shown is
-    /// answered at once as if it were closed without a choice.
+    /// Answers all later boxes at once as if closed without a choice, for a process that the system ends.
     void AnswerThemselves() { answerThemselves_ = true; }
 
   private:

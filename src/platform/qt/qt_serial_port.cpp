@@ -16,7 +16,7 @@ namespace {
 
 std::vector<std::string> FindPorts() {
     QList<QSerialPortInfo> ports = QSerialPortInfo::availablePorts();
-    // Controllers hang on adapters; what is built in often has no socket at all.
+    // Controllers are on adapters; built-in ports often have no socket.
     std::stable_partition(ports.begin(), ports.end(),
                           [](const QSerialPortInfo& port) { return port.hasVendorIdentifier(); });
     std::vector<std::string> names;
@@ -36,7 +36,7 @@ QtSerialPort::~QtSerialPort() {
     Close();
 }
 
-/// A port may be given up by its own signal.
+/// Deleted later, because a port may be closed by its own signal.
 void QtSerialPort::DeleteLater::operator()(QSerialPort* port) const {
     port->disconnect();
     port->close();
@@ -58,7 +58,7 @@ std::string QtSerialPort::Open(const std::string& name, const std::string& lastW
     port->setParity(QSerialPort::NoParity);
     port->setStopBits(QSerialPort::OneStop);
     port->setFlowControl(QSerialPort::NoFlowControl);
-    // Reading is how a port that has gone is noticed before the next command.
+    // Reading detects a lost port before the next command.
     if (!port->open(QIODevice::ReadWrite))
         return port->errorString().toStdString();
     if (!lastWords.empty() && !lastWords_.Leave(port->handle(), lastWords))
@@ -90,7 +90,7 @@ void QtSerialPort::Write(const std::string& bytes) {
     if (!port_)
         return;
     port_->write(bytes.data(), static_cast<qint64>(bytes.size()));
-    // At once, not when the event loop is next idle; a port that turns out to be gone is none any more.
+    // Sends at once, not when the event loop is next idle. The write may have closed a lost port.
     if (port_)
         port_->flush();
 }

@@ -17,9 +17,8 @@ namespace quavix {
 /// The serial ports of this machine. Needs the application object.
 class QtSerialPort : public SerialPort {
   public:
-    /// `wanted` is a device that the user has asked for by hand ("/dev/rfcomm0"); it is the only one then.
-    /// Otherwise the first search for ports begins here, on a thread of its own: it takes as long as a window
-    /// does to be made.
+    /// `wanted` is a device set by the user ("/dev/rfcomm0"); it is then the only one. Otherwise the first
+    /// search for ports starts here on its own thread, because it takes as long as making a window.
     explicit QtSerialPort(std::string wanted = {});
     ~QtSerialPort() override;
 
@@ -45,7 +44,7 @@ class QtSerialPort : public SerialPort {
     std::function<void(const std::string&)> whenLost_;
 };
 
-/// The port asked for with QUAVIX_SERIAL_PORT; empty where none is.
+/// Returns the port in QUAVIX_SERIAL_PORT; empty if it is not set.
 std::string SerialPortFromEnvironment();
 
 }  // namespace quavix

@@ -15,7 +15,7 @@ std::int64_t NsOf(std::int32_t ms) {
 
 }  // namespace
 
-/// A timer may be stopped by its own tick.
+/// Deleted later, because a timer may be stopped by its own tick.
 void QtTimers::DeleteLater::operator()(QSocketNotifier* notifier) const {
     notifier->setEnabled(false);
     notifier->deleteLater();
@@ -51,7 +51,7 @@ void QtTimers::RunTick(Id timer, const std::function<void()>& tick) {
         return;
     if (found->second.IsTicking) {
         found->second.Notifier->setEnabled(
-            false);  // the kernel keeps the tick until the running one has ended
+            false);  // the kernel keeps the tick until the current one has ended
         return;
     }
     if (!found->second.TakeTick())

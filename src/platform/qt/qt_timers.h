@@ -11,8 +11,8 @@
 
 namespace quavix {
 
-/// Timers of the system, which Qt's event loop looks at. Its own timers are late by up to a millisecond,
-/// which is the whole interval of a quick one.
+/// Timers of the system, watched by Qt's event loop. Qt's own timers are up to 1 ms late, which is the whole
+/// interval of a fast one.
 class QtTimers : public Timers {
   public:
     /// Raises std::system_error if the system has none left.
@@ -26,16 +26,16 @@ class QtTimers : public Timers {
     };
 
     struct Timer {
-        /// Before the notifier, which must end first.
+        /// Declared before the notifier, which must be destroyed first.
         std::unique_ptr<TickTimer> Ticks;
         std::int64_t IntervalNs = 0;
-        /// When the last tick was due, or the timer was started.
+        /// Due time of the last tick, or the start of the timer.
         std::int64_t LastDueNs = 0;
         bool IsTicking = false;
         std::unique_ptr<QSocketNotifier, DeleteLater> Notifier;
 
         void Arm();
-        /// False where there is no tick after all.
+        /// Returns false if there is no tick after all.
         bool TakeTick();
     };
 

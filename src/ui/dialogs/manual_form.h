@@ -11,7 +11,7 @@ namespace Ui {
 class ManualForm;
 }
 
-/// Shows the manual, a plain text.
+/// The window of the manual, a plain text.
 class ManualForm : public QDialog {
     Q_OBJECT
 

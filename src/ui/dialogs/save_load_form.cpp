@@ -28,7 +28,7 @@ SaveLoadForm::~SaveLoadForm() = default;
 
 void SaveLoadForm::OpenAbove(QWidget& window) {
     setWindowModality(Qt::NonModal);
-    winId();  // the system's window must be there to be put above another
+    winId();  // creates the system's window, which is then put above another
     windowHandle()->setTransientParent(window.windowHandle());
     ui_->SaveButton->setFocus();
     show();

@@ -14,8 +14,8 @@ namespace Ui {
 class SaveLoadForm;
 }
 
-/// Asks whether to save or to load a song, and shows how far a load is. Opened for the choice, it stays until
-/// it is hidden; a load that nobody opened it for shows it after half a second.
+/// The choice between saving and loading a song, and the progress of a load. Opened for the choice, it stays
+/// until it is hidden; during a load without the choice, it appears after half a second.
 class SaveLoadForm : public QDialog, public LoadingView {
     Q_OBJECT
 
@@ -23,7 +23,7 @@ class SaveLoadForm : public QDialog, public LoadingView {
     explicit SaveLoadForm(Clock& time, QWidget* parent = nullptr);
     ~SaveLoadForm() override;
 
-    /// Shows the choice above a window, without waiting for it.
+    /// Shows the choice above a window, and returns at once.
     void OpenAbove(QWidget& window);
 
     // LoadingView
@@ -31,7 +31,7 @@ class SaveLoadForm : public QDialog, public LoadingView {
     void SetInfoText(const std::string& text) override;
     bool Progress(double ratio) override;
 
-    /// Escape and closing the window cancel the choice, or stop the load.
+    /// Cancels the choice, or stops the load; for Escape and closing the window.
     void reject() override;
 
   Q_SIGNALS:

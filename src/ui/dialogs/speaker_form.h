@@ -15,8 +15,8 @@ namespace Ui {
 class SpeakerForm;
 }
 
-/// Which speaker is in use and, where it is not the real one, why not and what to do about it; and a test
-/// tone.
+/// The window about the speaker: the one in use and, if it is not the real one, the reason and a remedy; with
+/// a test tone.
 class SpeakerForm : public QDialog {
     Q_OBJECT
 
@@ -25,11 +25,11 @@ class SpeakerForm : public QDialog {
                          QWidget* parent = nullptr);
     ~SpeakerForm() override;
 
-    /// Asks the speaker anew.
+    /// Queries the speaker's status again.
     void Refresh();
 
   Q_SIGNALS:
-    /// The test tone has sounded, and may have shown a failing device.
+    /// Emitted after the test tone, which may have revealed a failed device.
     void Tested();
 
   private:

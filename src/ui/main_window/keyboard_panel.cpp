@@ -85,7 +85,7 @@ void KeyboardPanel::ShowSounding() {
     ui_->PianoKey->ShowSounding(keys);
 }
 
-/// Keys that come back take back the keyboard focus that they had, unless the user has moved it meanwhile.
+/// Enabled again, the keys regain the keyboard focus that they had, unless the user has moved it.
 void KeyboardPanel::EnableKeys(bool enabled) {
     if (!enabled)
         hadFocus_ = window()->focusWidget() == ui_->PianoKey;

@@ -16,7 +16,7 @@ namespace Ui {
 class KeyboardPanel;
 }
 
-/// The piano, the octaves above its coloured groups, and the field that moves them.
+/// The piano, the octaves above its coloured groups, and the field that changes them.
 class KeyboardPanel : public QWidget {
     Q_OBJECT
 

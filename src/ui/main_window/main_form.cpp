@@ -46,7 +46,8 @@
 #include "ui/widgets/binding.h"
 #include "ui_main_form.h"
 
-/// The icon comes out of a static library, which the linker would leave behind. The macro wants no namespace.
+/// Loads the icon from a static library, which the linker would drop otherwise. The macro must be outside of
+/// namespaces.
 static void LoadResources() {
     Q_INIT_RESOURCE(resources);
 }
@@ -54,7 +55,7 @@ static void LoadResources() {
 namespace quavix {
 namespace {
 
-/// On a screen too low for all of a column it scrolls, and makes room for the scroll bar beside the controls.
+/// If the screen is too low for a column, it scrolls, with room for the scroll bar beside the controls.
 void KeepColumnWide(QScrollArea* area, const QWidget* column) {
     const QScrollBar* bar = area->verticalScrollBar();
     const auto keep = [area, column, bar](int, int highest) {
@@ -64,8 +65,8 @@ void KeepColumnWide(QScrollArea* area, const QWidget* column) {
     QObject::connect(bar, &QScrollBar::rangeChanged, area, keep);
 }
 
-/// What the keyboard goes to is scrolled to where it can be seen. A mouse points at what it sees already, and
-/// must find it there when its button is let go.
+/// Scrolls a control with the keyboard focus into view. Does nothing during a mouse click, because the
+/// control must not move before the button is released.
 void ScrollTo(QWidget* control) {
     if (QGuiApplication::mouseButtons() != Qt::NoButton)
         return;
@@ -75,7 +76,7 @@ void ScrollTo(QWidget* control) {
     }
 }
 
-/// Above the list, each a step further from the check boxes, which must stay free.
+/// Places a mod's window above the list, each further from the check boxes, which must stay visible.
 void PlaceModWindow(ModWindow& form, QWidget& owner) {
     constexpr int Step = 24;
     const auto steps = static_cast<int>(owner.findChildren<ModWindow*>().size());
@@ -84,7 +85,7 @@ void PlaceModWindow(ModWindow& form, QWidget& owner) {
     form.move(corner + QPoint(-Step, Step) * steps);
 }
 
-/// Makes the window of a mod when it is first wanted; `parts` are what it shows and calls.
+/// Makes the window of a mod when it is first needed, with `parts` as its dependencies.
 template <typename Form, typename... Parts>
 void MakeWhenTicked(QWidget* owner, const Watched<bool>& check, Parts&... parts) {
     check.Watch([&parts..., guard = QPointer<QWidget>(owner), isMade = false](bool) mutable {
@@ -95,7 +96,7 @@ void MakeWhenTicked(QWidget* owner, const Watched<bool>& check, Parts&... parts)
     });
 }
 
-/// The file that is being dragged, as the file system takes its name; empty where it is no single file.
+/// Returns the dragged file's name, as the file system spells it; empty if it is not a single local file.
 std::string DraggedFile(const QDropEvent& event) {
     const QList<QUrl> urls = event.mimeData()->urls();
     if (urls.size() != 1 || !urls.first().isLocalFile())
@@ -139,11 +140,11 @@ MainForm::MainForm(Program& program, SaveLoadForm& saveLoadForm, std::function<v
 
 MainForm::~MainForm() = default;
 
-/// As large as it likes to be, where the screen has room for that beside what others put around the window;
-/// on a small one what stands above the piano scrolls.
+/// Sets the preferred size, limited to the screen without the window's frame; on a small screen, the part
+/// above the piano scrolls.
 void MainForm::FitScreen() {
     const QMargins margins = ui_->mainLayout->contentsMargins();
-    const int bars = 2 * style()->pixelMetric(QStyle::PM_ScrollBarExtent);  // of the two columns
+    const int bars = 2 * style()->pixelMetric(QStyle::PM_ScrollBarExtent);  // scroll bars of the two columns
     const QSize wanted(ui_->upper->minimumSizeHint().width() + margins.left() + margins.right() + bars,
                        height());
     const int title = style()->pixelMetric(QStyle::PM_TitleBarHeight);
@@ -170,7 +171,7 @@ void MainForm::AddModWindows() {
     MakeWhenTicked<SynchroForm>(this, mods.UseSynchro.Ticked, mods, playing.SynchroPlay, handlers);
 }
 
-/// In the order in which the Tab key goes through them.
+/// Adds the panels in the order of the Tab key.
 void MainForm::AddPanels() {
     MainFields& fields = program_.Fields;
     EventBoundary& handlers = program_.Handlers;
@@ -255,10 +256,10 @@ void MainForm::ShowTitle() {
 
 void MainForm::closeEvent(QCloseEvent* event) {
     closeProgram_();
-    // The user may have wanted to keep the song after all.
+    // The user may have cancelled to keep the song.
     event->setAccepted(program_.Fields.State.ShuttingDown);
     if (!isEnabled() && saveLoadForm_.isVisible())
-        saveLoadForm_.activateWindow();  // this one takes no input
+        saveLoadForm_.activateWindow();  // the main window is disabled
 }
 
 void MainForm::keyPressEvent(QKeyEvent* event) {
@@ -280,12 +281,12 @@ void MainForm::dragEnterEvent(QDragEnterEvent* event) {
         event->acceptProposedAction();
 }
 
-/// The dragging program waits for the end of the drop, so the load comes afterwards.
+/// Loads a dropped file after the event, because the dragging program waits for the end of the drop.
 void MainForm::dropEvent(QDropEvent* event) {
     const std::string file = DraggedFile(*event);
     if (file.empty())
         return;
-    // The file stays where it is, whatever the other program proposes.
+    // Copies, whatever the other program proposes, so that the file stays in place.
     event->setDropAction(Qt::CopyAction);
     event->accept();
     QMetaObject::invokeMethod(

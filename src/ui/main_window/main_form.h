@@ -17,19 +17,19 @@ namespace Ui {
 class MainForm;
 }
 
-/// The main window: panels of controls, put together. It decides nothing; closing it asks the program to end.
+/// The main window: assembles the panels of controls. It has no logic; closing it asks the program to end.
 class MainForm : public QMainWindow, private SaveLoadView {
     Q_OBJECT
 
   public:
-    /// `closeProgram` is called when the user wants the program to end. All must outlive the window.
+    /// `closeProgram` is called when the user wants to end the program. All must outlive the window.
     MainForm(Program& program, SaveLoadForm& saveLoadForm, std::function<void()> closeProgram,
              QWidget* parent = nullptr);
     ~MainForm() override;
 
   protected:
     void closeEvent(QCloseEvent* event) override;
-    /// Space plays and stops, Escape stops, where no control wants them for itself.
+    /// Space plays and stops, Escape stops, unless a control uses the key.
     void keyPressEvent(QKeyEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;

@@ -25,7 +25,7 @@ class MainMenu : public QObject {
     /// Adds the menus to the window, which owns them. `closeProgram` is called when the user wants to leave.
     MainMenu(Program& program, std::function<void()> closeProgram, QMainWindow& window);
 
-    /// Gives a list the editing commands as its context menu.
+    /// Adds the editing commands to a list as its context menu.
     void ServeList(QTableView& list);
 
   private:

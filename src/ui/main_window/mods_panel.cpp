@@ -93,7 +93,7 @@ void ModsPanel::AddMotorSettings() {
     combo->view()->setAccessibleName(text::MotorPortCaption);
     combo->setToolTip(text::MotorPortTip);
     row->addWidget(combo);
-    // A combo box is read by its entry, and by its label, for which there is no room.
+    // Screen readers read a combo box's entry and its label, which is hidden for lack of room.
     auto* caption = new QLabel(text::MotorPortCaption, this);
     caption->setObjectName("lblMotorPort");
     caption->setBuddy(combo);

@@ -13,8 +13,8 @@ class QGridLayout;
 
 namespace quavix {
 
-/// The check boxes of the mods, each with a button that explains it. What can't be used is disabled; the
-/// explanations are there all the same.
+/// The check boxes of the mods, each with a button that explains it. Unavailable mods are disabled, but can
+/// still be explained.
 class ModsPanel : public QGroupBox {
     Q_OBJECT
 

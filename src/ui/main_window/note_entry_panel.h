@@ -14,7 +14,7 @@ namespace Ui {
 class NoteEntryPanel;
 }
 
-/// What a click on a key does, and what the lines that it adds look like.
+/// The effect of a click on a key, and the form of added lines.
 class NoteEntryPanel : public QWidget {
     Q_OBJECT
 

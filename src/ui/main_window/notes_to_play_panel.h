@@ -14,7 +14,7 @@ namespace Ui {
 class NotesToPlayPanel;
 }
 
-/// Which of a line's two notes sound when it is clicked and when the music is played.
+/// The choice of the notes that sound when a line is clicked and when the music plays.
 class NotesToPlayPanel : public QWidget {
     Q_OBJECT
 

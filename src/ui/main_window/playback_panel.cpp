@@ -36,7 +36,7 @@ void PlaybackPanel::BindPlayButton(QAbstractButton* button, std::function<void()
     });
 }
 
-/// While a play button is disabled, the stop button has its keyboard focus.
+/// Moves the keyboard focus to the stop button while a play button is disabled, and back.
 void PlaybackPanel::EnableStopButton(bool enabled) {
     const bool hasFocus = window()->focusWidget() == ui_->StopPlayButton;
     if (!enabled && hasFocus && focusAfterStop_ != nullptr)
@@ -46,7 +46,7 @@ void PlaybackPanel::EnableStopButton(bool enabled) {
         ui_->StopPlayButton->setFocus();
 }
 
-/// The speaker holds the thread right after this, so the label is painted at once.
+/// Paints the label at once, because the speaker then holds the thread.
 void PlaybackPanel::ShowBeep(bool visible) {
     ui_->BeepTextLabel->setVisible(visible);
     if (visible)

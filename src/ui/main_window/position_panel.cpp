@@ -10,7 +10,7 @@
 namespace quavix {
 namespace {
 
-/// Digits of one width and room for the longest caption: the labels stand still while they count.
+/// Uses digits of equal width, with room for the longest caption, so that counting labels don't move.
 void Prepare(QLabel* label, const QString& longest) {
     label->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     label->setMinimumWidth(label->fontMetrics().horizontalAdvance(longest) + 4 * label->margin());

@@ -15,7 +15,7 @@ namespace Ui {
 class PositionPanel;
 }
 
-/// The labels that show where the music is, and the option that stops them during playback.
+/// The labels of the current position, and the option that stops their update during playback.
 class PositionPanel : public QWidget {
     Q_OBJECT
 

@@ -19,7 +19,7 @@ SpeakerPanel::SpeakerPanel(OutputOptions& output, ProgramState& state, PlaybackV
       ui_(std::make_unique<Ui::SpeakerPanel>()) {
     ui_->setupUi(this);
     ShowIn(this, state_.MusicIsPlaying, [this](bool) { Refresh(); });
-    // A speaker may fail at any tone.
+    // Refreshed after each tone, because a speaker may fail at any tone.
     ShowIn(this, view_.BeepTextLabelVisible, [this](bool visible) {
         if (!visible)
             Refresh();

@@ -17,7 +17,7 @@ class SpeakerPanel;
 }
 class SpeakerForm;
 
-/// One line that says which speaker is in use, and the way to the window that says more.
+/// A line that names the speaker in use, with a button for the window with details.
 class SpeakerPanel : public QWidget {
     Q_OBJECT
 
@@ -31,7 +31,7 @@ class SpeakerPanel : public QWidget {
     void resizeEvent(QResizeEvent* event) override;
 
   private:
-    /// Asks the speaker anew: a device may have failed meanwhile.
+    /// Queries the speaker's status again, because a device may have failed.
     void Refresh();
     void SpeakerDetailsButton_Click();
 

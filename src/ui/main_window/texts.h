@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-// Texts of the main window that more than one control shows, or that are long. Lines of messages end in CR LF
-// or LF, as the boxes take them.
+// Texts of the main window that several controls use, or that are long. Lines of messages end in CR LF or LF.
 namespace quavix::text {
 
 inline constexpr const char* PianoKeyTip =
@@ -17,7 +16,7 @@ inline constexpr const char* KeyboardOctaveTip =
 inline constexpr const char* NoteLengthTip =
     "The length of note to insert into the list of music when you click a key on the keyboard";
 
-/// What stands in NoteLengthCombo, in the order of the lengths.
+/// Entries of NoteLengthCombo, in the order of the lengths.
 inline constexpr const char* NoteLengths[] = {"1 (Whole)", "1/2 (Half)", "1/4 (Quarter)", "1/8", "1/16"};
 
 }  // namespace quavix::text

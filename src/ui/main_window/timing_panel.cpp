@@ -30,12 +30,12 @@ TimingPanel::TimingPanel(SongFields& song, Metronome& metronome, EventBoundary& 
            [button = ui_->MetronomeButton](bool on) { button->setChecked(on); });
     BindEnabled(ui_->MetronomeButton, metronome.MetronomeButtonEnabled);
     BindButton(ui_->MetronomeButton, handlers, [this] {
-        // Whether the metronome is on shows the button, not the click.
+        // The button shows the metronome's state, not the click.
         ui_->MetronomeButton->setChecked(metronome_.MetronomeIsOn);
         metronome_.MetronomeButton_Click();
     });
-    // Assistive technology toggles without a click. Later, when a click is over, the button is as it should
-    // be.
+    // Assistive technology toggles the button without a click. This runs later, after any click has set the
+    // button.
     const auto followToggle = [this] {
         if (ui_->MetronomeButton->isChecked() != metronome_.MetronomeIsOn)
             ui_->MetronomeButton->click();

@@ -15,7 +15,7 @@ namespace Ui {
 class TimingPanel;
 }
 
-/// The settings of time: tempo, time signature, note/silence ratio, alternate time.
+/// The timing settings: tempo, time signature, note/silence ratio, alternate time.
 class TimingPanel : public QGroupBox {
     Q_OBJECT
 

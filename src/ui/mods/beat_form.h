@@ -14,7 +14,7 @@ namespace Ui {
 class BeatForm;
 }
 
-/// Which beats the beat sound is for.
+/// The choice of the beats that the beat sound plays on.
 class BeatForm : public ModWindow {
     Q_OBJECT
 

@@ -14,7 +14,7 @@ namespace Ui {
 class FMODOptionsForm;
 }
 
-/// The waveform of the sound card's tones, and whether they are ever silent.
+/// The waveform of the sound card's tones, and the never-silent option.
 class FMODOptionsForm : public ModWindow {
     Q_OBJECT
 

@@ -18,8 +18,8 @@ namespace {
 
 constexpr int Columns = 8;
 
-/// Keeps its place when it is hidden, and changes nothing that is as it should be: the grid changes up to a
-/// thousand times a second.
+/// Updates a label. A hidden one keeps its place. Unchanged properties are skipped, because the grid changes
+/// up to a thousand times a second.
 void Show(QLabel* label, const OnNoteLabel& wanted, const OnNoteLabel& shown) {
     if (wanted.Caption != shown.Caption)
         label->setText(QString::fromStdString(wanted.Caption));

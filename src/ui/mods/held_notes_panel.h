@@ -12,8 +12,8 @@ class QGroupBox;
 
 namespace quavix {
 
-/// What the windows have in common whose notes go through the cycler: which channels to listen to, the grid
-/// of the notes that are held, and how they are played.
+/// The common part of the windows whose notes go through the cycler: the channels to listen to, the grid of
+/// held notes, and the playing options.
 class HeldNotesPanel : public QWidget {
     Q_OBJECT
 

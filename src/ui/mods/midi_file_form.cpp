@@ -35,7 +35,7 @@ MIDIFileForm::MIDIFileForm(ModFields& mods, MidiFilePlayback& midiFile, EventBou
     BindLabel(ui_->lblInfoText, playback_.lblInfoText);
     ShowIn(ui_->frmInfoText, playback_.frmInfoTextVisible,
            [frame = ui_->frmInfoText](bool visible) { frame->setVisible(visible); });
-    // The window keeps its size when the progress comes and goes.
+    // Keeps the size of the window when the progress appears and disappears.
     QSizePolicy policy = ui_->frmInfoText->sizePolicy();
     policy.setRetainSizeWhenHidden(true);
     ui_->frmInfoText->setSizePolicy(policy);
@@ -48,7 +48,7 @@ MIDIFileForm::MIDIFileForm(ModFields& mods, MidiFilePlayback& midiFile, EventBou
 
 MIDIFileForm::~MIDIFileForm() = default;
 
-/// The slider follows the playback; only what the user does to it is a change.
+/// Binds the slider, which follows playback; only the user's moves count as changes.
 void MIDIFileForm::BindSlider() {
     constexpr int PagesPerRange = 20;
     QSlider* slider = ui_->sldPosition;

@@ -14,7 +14,7 @@ namespace Ui {
 class MIDIFileForm;
 }
 
-/// The window of MIDI file playback: the file, the controls of its playback, and the notes that are held.
+/// The window of MIDI file playback: the file, the playback controls, and the held notes.
 class MIDIFileForm : public ModWindow {
     Q_OBJECT
 

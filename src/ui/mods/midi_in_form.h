@@ -14,7 +14,7 @@ namespace Ui {
 class MIDIInForm;
 }
 
-/// Which MIDI device the notes come from, and what is held on it.
+/// The MIDI device for input, and the notes held on it.
 class MIDIInForm : public ModWindow {
     Q_OBJECT
 

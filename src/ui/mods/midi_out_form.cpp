@@ -19,7 +19,7 @@ MIDIOutForm::MIDIOutForm(ModFields& mods, MidiOutput& midi, EventBoundary& handl
     BindChannelAndInstrument(midi, handlers);
     ShowIn(ui_->lblInfoText, midi.Fields.lblInfoText, [label = ui_->lblInfoText](const std::string& text) {
         ShowReading(label, tr("State"), QString::fromStdString(text));
-        label->repaint();  // what is told of is done right afterwards, and may take a while
+        label->repaint();  // at once, because the announced action follows and may take a while
     });
     resize(sizeHint());
 }

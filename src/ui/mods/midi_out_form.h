@@ -14,7 +14,7 @@ namespace Ui {
 class MIDIOutForm;
 }
 
-/// Which MIDI device the tones go to, and on which channel and instrument they sound there.
+/// The MIDI device for output, with its channel and instrument.
 class MIDIOutForm : public ModWindow {
     Q_OBJECT
 

@@ -5,10 +5,10 @@
 
 namespace quavix::text {
 
-/// One mod: its check box, with what it holds, and the message of its help button.
+/// One mod: the values of its check box, and the text of its help button.
 struct Mod {
     quavix::Mod ModFields::*Switch;
-    /// The check box; the help button's name is the same with "HButton" in the place of "Check".
+    /// The check box's name; the help button's name has "HButton" in place of "Check".
     const char* CheckName;
     const char* Caption;
     const char* ToolTip;

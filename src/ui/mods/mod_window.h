@@ -8,17 +8,17 @@
 
 namespace quavix {
 
-/// The window of a mod. It stays for as long as the program runs: it is only shown and hidden, and closing it
-/// unticks the mod's check box on the main window, which is the switch.
+/// The window of a mod. It exists until the program ends, and is only shown and hidden. Closing it unticks
+/// the mod's check box on the main window, which hides it.
 class ModWindow : public QDialog {
     Q_OBJECT
 
   public:
-    /// Is shown, in front, while `visible` is true. Closing it sets `check` to false. Both values must
+    /// Shows the window in front while `visible` is true. Closing it sets `check` to false. Both values must
     /// outlive its use.
     ModWindow(const Watched<bool>& visible, Watched<bool>& check, EventBoundary& handlers, QWidget* owner);
 
-    /// What the Escape key does is the same as closing.
+    /// Handles Escape like closing.
     void reject() override { Unload(); }
 
   protected:

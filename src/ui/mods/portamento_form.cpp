@@ -12,7 +12,7 @@ PortamentoForm::PortamentoForm(ModFields& mods, PitchGlide& glide, EventBoundary
       ui_(std::make_unique<Ui::PortamentoForm>()) {
     ui_->setupUi(this);
     KeepWidthOf(ui_->lblPitchMultiple, "00.00%");
-    KeepWidthOf(ui_->lblSoundLength, "00.00%");  // so that both sliders end in one line
+    KeepWidthOf(ui_->lblSoundLength, "00.00%");  // aligns the ends of both sliders
     ui_->lblNote->setText(text::UsePorta.HelpText);
 
     PortamentoFields& fields = glide.Fields;

@@ -14,7 +14,7 @@ namespace Ui {
 class PortamentoForm;
 }
 
-/// How quickly the tweeble portamento glides, and how long it sounds.
+/// The speed of the tweeble portamento's glides, and its duration.
 class PortamentoForm : public ModWindow {
     Q_OBJECT
 

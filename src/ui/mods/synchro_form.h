@@ -14,7 +14,7 @@ namespace Ui {
 class SynchroForm;
 }
 
-/// The window of the synchronized start: the time, the place in the music, and the button that waits.
+/// The window of the synchronized start: the time, the place in the music, and the wait button.
 class SynchroForm : public ModWindow {
     Q_OBJECT
 

@@ -57,20 +57,20 @@ void BindText(QLineEdit* edit, Setting& setting, EventBoundary& handlers) {
     const auto show = [edit, showing](const SettingState& state) {
         PaintField(edit, state.BackColor);
         const QString shown = QString::fromStdString(state.Text);
-        if (edit->text() == shown)  // the cursor stays where it is while the user types
+        if (edit->text() == shown)  // keeps the cursor in place while the user types
             return;
         const QScopedValueRollback now(*showing, true);
         edit->setText(shown);
     };
     ShowIn(edit, setting.State(), show);
-    // Not textEdited: what a screen reader or a voice control writes is no edit by the keyboard.
+    // Not textEdited, which ignores text written by a screen reader or a voice control.
     QObject::connect(edit, &QLineEdit::textChanged, edit,
                      [edit, showing, show, &setting, &handlers](const QString& text) {
                          if (*showing)
                              return;
                          const QPointer<QWidget> guard(edit);
                          RunHandler(*edit, "Change", handlers, [&] { setting.Type(text.toStdString()); });
-                         // Text that reverts to what the setting holds is no change of the setting.
+                         // If the setting keeps its text, no change is reported, so show it again here.
                          if (guard)
                              show(setting.State());
                      });
@@ -96,7 +96,7 @@ void BindSlider(QSlider* slider, Watched<std::int32_t>& value, const Parameter& 
 }
 
 void BindCombo(QComboBox* combo, Watched<std::int32_t>& value, EventBoundary& handlers) {
-    // The list that opens takes the keyboard focus without the combo box's name.
+    // The opened list takes the keyboard focus, but lacks the combo box's name.
     combo->view()->setAccessibleName(combo->accessibleName());
     ShowIn(combo, value, [combo](std::int32_t entry) { combo->setCurrentIndex(entry); });
     QObject::connect(combo, &QComboBox::activated, combo, [combo, &value, &handlers](int entry) {
@@ -113,7 +113,7 @@ void BindOptions(QRadioButton* first, Watched<bool>& firstValue, QRadioButton* s
             if (option->isChecked() == chosen)
                 return;
             const QScopedValueRollback now(*showing, true);
-            option->setAutoExclusive(chosen);  // the chosen one of a group can't be cleared
+            option->setAutoExclusive(chosen);  // otherwise the chosen option of a group can't be cleared
             option->setChecked(chosen);
             option->setAutoExclusive(true);
         });
@@ -125,7 +125,7 @@ void BindOptions(QRadioButton* first, Watched<bool>& firstValue, QRadioButton* s
                 *ownValue = true;
             });
         };
-        // Assistive technology toggles without a click; a click on an option that looks chosen toggles none.
+        // Assistive technology toggles without a click; a click on a chosen option toggles nothing.
         QObject::connect(button, &QRadioButton::toggled, button, choose);
         QObject::connect(button, &QRadioButton::clicked, button, choose);
     }

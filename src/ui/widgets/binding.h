@@ -24,10 +24,10 @@ class QSlider;
 
 namespace quavix {
 
-// Ties controls to watched values: the control shows the value, and what the user does to the control sets
-// it. The values must outlive the control's use, not the control itself.
+// Bindings of controls to watched values: the control shows the value, and the user's changes set it. The
+// values must outlive the control's use, but not the control itself.
 
-/// Calls `show` with the value now and with every later one, for as long as `widget` lives.
+/// Calls `show` with the value now and after every change, during the lifetime of `widget`.
 template <typename T, typename Show>
 void ShowIn(QWidget* widget, const Watched<T>& value, Show show) {
     show(value.Get());
@@ -37,46 +37,46 @@ void ShowIn(QWidget* widget, const Watched<T>& value, Show show) {
     });
 }
 
-/// Runs `handler` as "<name of the control>_<event>".
+/// Runs `handler` under the name "<name of the control>_<event>".
 void RunHandler(const QObject& control, std::string_view event, EventBoundary& handlers,
                 const std::function<void()>& handler);
 
-/// True for the repetition of Enter held down, which presses a dialog's default button again.
+/// Returns true for the auto-repeat of a held Enter key, which would press a dialog's default button again.
 bool IsRepeatedEnter(const QKeyEvent& event);
 
-/// A click runs `clicked`.
+/// Runs `clicked` at each click.
 void BindButton(QAbstractButton* button, EventBoundary& handlers, std::function<void()> clicked);
 
-/// A click sets the value and then runs `clicked`, where there is one.
+/// Sets the value at each click, then runs `clicked`, unless empty.
 void BindCheck(QCheckBox* box, Watched<bool>& value, EventBoundary& handlers,
                std::function<void()> clicked = {});
 
-/// Types into the setting what the user types or assistive technology writes.
+/// Passes text from the user or from assistive technology to the setting.
 void BindText(QLineEdit* edit, Setting& setting, EventBoundary& handlers);
 
-/// Moving the slider sets the value.
+/// Sets the value when the slider moves.
 void BindSlider(QSlider* slider, Setting& setting, std::string_view event, EventBoundary& handlers);
 void BindSlider(QSlider* slider, Watched<std::int32_t>& value, const Parameter& range, std::string_view event,
                 EventBoundary& handlers);
 
-/// Choosing an entry sets the value, which counts from 0.
+/// Sets the value to the index of the chosen entry, from 0.
 void BindCombo(QComboBox* combo, Watched<std::int32_t>& value, EventBoundary& handlers);
 
-/// A click sets one option and clears the other.
+/// Sets the clicked option and clears the other.
 void BindOptions(QRadioButton* first, Watched<bool>& firstValue, QRadioButton* second,
                  Watched<bool>& secondValue, EventBoundary& handlers);
 
-/// Shows a text in a label whose meaning is "what", which assistive technology reads before the text: it
-/// reads the name of a label only, not what stands in it.
+/// Shows a text in a label with the meaning `what`. Assistive technology reads only the name of a label, so
+/// the name becomes `what` with the text.
 void ShowReading(QLabel* label, const QString& what, const QString& text);
 
-/// The label shows the value, as a reading of what its accessible name is so far.
+/// Shows the value in the label, with the label's accessible name as its meaning.
 void BindLabel(QLabel* label, const Watched<std::string>& caption);
 void BindLabel(QLabel* label, const Setting& setting);
 
 void BindEnabled(QWidget* widget, const Watched<bool>& enabled);
 
-/// A label that shows a number keeps the width of its longest one, so that the slider beside it stays put.
+/// Keeps a number label as wide as its longest text, so that the slider beside it does not move.
 void KeepWidthOf(QLabel* label, const QString& longest);
 
 }  // namespace quavix

@@ -38,7 +38,7 @@ QColor ToColor(std::int32_t colour) {
 }
 
 QColor ReadableOn(const QColor& background) {
-    // The contrast to black and to white is the same at this luminance.
+    // At this luminance the contrast to black equals that to white.
     constexpr double Middle = 0.179;
     return RelativeLuminance(background) > Middle ? Qt::black : Qt::white;
 }

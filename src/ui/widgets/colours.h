@@ -10,17 +10,17 @@ class QLineEdit;
 
 namespace quavix {
 
-/// A colour value (red + green × 256 + blue × 65536).
+/// Converts a colour value (red + green × 256 + blue × 65536).
 QColor ToColor(std::int32_t colour);
 
-/// Black or white, whichever is easier to read on that background.
+/// Returns black or white, whichever is easier to read on a background.
 QColor ReadableOn(const QColor& background);
 
-/// Gives a text field a background, and text that can be read on it in every palette. The window background's
-/// value gives back the system's own colours.
+/// Sets a text field's background, and a text colour readable on it in every palette. The value of the window
+/// background restores the system's colours.
 void PaintField(QLineEdit* field, std::int32_t colour);
 
-/// The same for a label, which then fills its whole place.
+/// Same for a label, which then fills its whole area.
 void PaintLabel(QLabel* label, std::int32_t colour);
 
 }  // namespace quavix

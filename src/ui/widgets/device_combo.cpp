@@ -12,7 +12,7 @@ namespace quavix {
 void DeviceCombo::Bind(const Watched<std::vector<std::string>>& devices, const Watched<std::int32_t>& chosen,
                        EventBoundary& handlers, std::function<void()> search,
                        std::function<void(std::int32_t)> clicked) {
-    // The list that opens takes the keyboard focus without the combo box's name.
+    // The opened list takes the keyboard focus, but lacks the combo box's name.
     view()->setAccessibleName(accessibleName());
     setPlaceholderText(tr("(none)"));
     ShowIn(this, devices, [this, &chosen](const std::vector<std::string>& names) {

@@ -12,15 +12,15 @@
 
 namespace quavix {
 
-/// A choice among devices that come and go: they are searched for each time the list is opened.
+/// A choice of changing devices: opening the list searches for them.
 class DeviceCombo : public QComboBox {
     Q_OBJECT
 
   public:
     explicit DeviceCombo(QWidget* parent = nullptr) : QComboBox(parent) {}
 
-    /// Shows the devices and the chosen entry. Opening the list runs `search`, and the user's choice, also of
-    /// what is chosen already, `clicked`. The values must outlive the combo's use.
+    /// Shows the devices and the chosen entry. Opening the list runs `search`; a choice by the user, even of
+    /// the chosen entry, runs `clicked`. The values must outlive the combo's use.
     void Bind(const Watched<std::vector<std::string>>& devices, const Watched<std::int32_t>& chosen,
               EventBoundary& handlers, std::function<void()> search,
               std::function<void(std::int32_t)> clicked);

@@ -10,7 +10,7 @@ QString WithoutSigns(const std::string& note) {
     return QString::fromStdString(note).replace("#", " sharp ");
 }
 
-/// A row as it is read out: "Quarter, C4 and E4, dotted".
+/// Returns a row for screen readers: "Quarter, C4 and E4, dotted".
 QString ReadOut(const MusicLine& line) {
     QStringList notes;
     for (const std::string& note : {line.Note1, line.Note2}) {
@@ -30,7 +30,7 @@ QString ReadOut(const MusicLine& line) {
     return text;
 }
 
-/// Rows that follow each other are told as such; others as a reset.
+/// Returns true for consecutive rows, which are reported as such; others are reported as a reset.
 bool AreOneBlock(std::span<const std::int32_t> rows) {
     return static_cast<std::size_t>(rows.back() - rows.front()) + 1 == rows.size();
 }

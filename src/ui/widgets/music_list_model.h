@@ -9,19 +9,19 @@
 
 namespace quavix {
 
-/// A column of the music list as its view shows it.
+/// A column in the view of the music list.
 struct ListColumn {
     const char* Header;
-    /// Width in the list's own units; a wider list shares its width out in these proportions.
+    /// Width in the list's own units; a wider list keeps these proportions.
     int Width;
 };
 
-/// In the order of the cells of a row.
+/// The columns in the order of a row's cells.
 inline constexpr std::array<ListColumn, 4> MainListColumns = {
     {{"Length", 49}, {"Note 1", 44}, {"Note 2", 44}, {"Mod", 39}}};
 
-/// The music list as an item view sees it: no copy, every cell is read from the list when it is shown. The
-/// list must outlive it.
+/// The music list for item views: not a copy, every cell is read from the list when shown. The list must
+/// outlive it.
 class MusicListModel : public QAbstractTableModel, private MusicListObserver {
     Q_OBJECT
 
@@ -34,7 +34,7 @@ class MusicListModel : public QAbstractTableModel, private MusicListObserver {
     QVariant data(const QModelIndex& index, int role) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
-    /// True while rows come or go: what views then do to their selection is no user's doing.
+    /// True while rows are inserted or removed: views then change their selection without the user.
     bool IsChanging() const { return isChanging_; }
 
   private:

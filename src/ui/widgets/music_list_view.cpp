@@ -16,7 +16,7 @@
 namespace quavix {
 namespace {
 
-/// With one of these a click extends the selection.
+/// Modifier keys with which a click extends the selection.
 constexpr Qt::KeyboardModifiers ExtendingKeys = Qt::ControlModifier | Qt::ShiftModifier;
 
 }  // namespace
@@ -57,9 +57,9 @@ void MusicListView::SetList(MusicList& list) {
     list_ = &list;
     model_ = new MusicListModel(list, this);
     setModel(model_);
-    // The header would ask of each of its columns whether all rows are selected, one by one.
+    // Separate, because the header would check for each column whether all rows are selected.
     horizontalHeader()->setSelectionModel(new QItemSelectionModel(model_, horizontalHeader()));
-    list.AddObserver(*this);  // after the model, which has to know of new rows first
+    list.AddObserver(*this);  // after the model, which must know new rows first
     ShowSelection();
 }
 
@@ -70,7 +70,7 @@ void MusicListView::resizeEvent(QResizeEvent* event) {
     int units = 0;
     for (const ListColumn& column : MainListColumns)
         units += column.Width;
-    // By edges rather than widths, so that nothing is left over at the right.
+    // Computed from edges instead of widths, so that no gap remains at the right.
     int left = 0;
     int unitsSoFar = 0;
     for (std::size_t i = 0; i < MainListColumns.size(); ++i) {
@@ -115,11 +115,11 @@ void MusicListView::keyPressEvent(QKeyEvent* event) {
         return;
     }
     if (event->key() == Qt::Key_Space && event->modifiers() == Qt::NoModifier) {
-        event->ignore();  // the window plays and stops with it
+        event->ignore();  // the window uses it to play and stop
         return;
     }
     QTableView::keyPressEvent(event);
-    // A key that moves to a row highlights it, also where the row was the current one already.
+    // A key that moves to a row also highlights it if the row was already current.
     static constexpr int Moves[] = {Qt::Key_Up,  Qt::Key_Down,   Qt::Key_Home,
                                     Qt::Key_End, Qt::Key_PageUp, Qt::Key_PageDown};
     const bool moves = std::find(std::begin(Moves), std::end(Moves), event->key()) != std::end(Moves);
@@ -145,8 +145,8 @@ RowRuns MusicListView::SelectedRuns() const {
     return RowRuns(std::move(runs));
 }
 
-/// The user's selection goes to the list. Of several rows the first is the selected item: before it notes are
-/// entered, from it the music is played. The selected item outlives its highlight.
+/// Writes the view's selection to the list. Of several rows, the first is the selected item: notes are
+/// entered before it, and music plays from it. The selected item stays when its highlight is gone.
 void MusicListView::WriteSelection() {
     if (list_ == nullptr || syncing_ || model_->IsChanging())
         return;
@@ -161,7 +161,7 @@ void MusicListView::WriteSelection() {
     TellSelectionMoved();
 }
 
-/// The list's selection goes to the view.
+/// Shows the list's selection in the view.
 void MusicListView::ShowSelection() {
     if (syncing_)
         return;
@@ -190,7 +190,7 @@ QModelIndex MusicListView::moveCursor(CursorAction action, Qt::KeyboardModifiers
 }
 
 void MusicListView::EnsureVisible(std::int32_t row) {
-    executeDelayedItemsLayout();  // new rows take their places later, but must be there to be scrolled to
+    executeDelayedItemsLayout();  // lays out new rows now, so that they can be scrolled to
     scrollTo(model_->index(row - 1, 0));
 }
 

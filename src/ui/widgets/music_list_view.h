@@ -7,8 +7,8 @@
 
 namespace quavix {
 
-/// The view of the music list: its highlighted rows and the list's selection are one and the same, whoever
-/// changes them. Nothing in it takes longer for a longer song while rows are only shown.
+/// The view of the music list: its highlighted rows always equal the list's selection. The cost of showing
+/// rows does not depend on the length of the song.
 class MusicListView : public QTableView, private MusicListObserver {
     Q_OBJECT
 
@@ -20,10 +20,10 @@ class MusicListView : public QTableView, private MusicListObserver {
     void SetList(MusicList& list);
 
   Q_SIGNALS:
-    /// The user has clicked a row or its number, or pressed Enter on it; rows count from 1. A click that only
-    /// extends the selection is none, and neither is the repetition of Enter held down.
+    /// Emitted when the user has clicked a row or its number, or pressed Enter on it; rows count from 1. Not
+    /// emitted for clicks that extend the selection, or for auto-repeat of Enter.
     void ItemClicked(int row);
-    /// The user has changed the selection in another way.
+    /// Emitted when the user has changed the selection in another way.
     void SelectionMoved();
 
   protected:
@@ -31,13 +31,13 @@ class MusicListView : public QTableView, private MusicListObserver {
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
-    /// Home and End go to the first and the last row.
+    /// Makes Home and End move to the first and the last row.
     QModelIndex moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) override;
     void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
 
   private:
-    // MusicListObserver: what others do to the selection.
+    // MusicListObserver: changes of the list's selection.
     void RowRemoved(std::int32_t) override { ShowSelection(); }
     void Reset() override { ShowSelection(); }
     void SelectionChanged() override { ShowSelection(); }
@@ -52,7 +52,7 @@ class MusicListView : public QTableView, private MusicListObserver {
     MusicList* list_ = nullptr;
     MusicListModel* model_ = nullptr;
     bool extendsSelection_ = false;
-    // From the press to the release of a click it isn't known whether it is one on a row.
+    // True from press to release of a click, which may or may not become a click on a row.
     bool clicking_ = false;
     bool movedInClick_ = false;
     bool syncing_ = false;

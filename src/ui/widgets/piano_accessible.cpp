@@ -11,7 +11,7 @@
 namespace quavix {
 namespace {
 
-/// One key. It goes with its keyboard.
+/// One key. It becomes invalid with its keyboard.
 class KeyInterface : public QAccessibleInterface, public QAccessibleActionInterface {
   public:
     KeyInterface(PianoKeyboard* piano, int key) : piano_(piano), key_(key) {}

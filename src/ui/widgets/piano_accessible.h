@@ -5,8 +5,8 @@
 
 namespace quavix {
 
-/// What assistive technology sees of an on-screen keyboard: a group of 36 buttons with the names of their
-/// notes, each of which can be pressed. Null for any other object.
+/// Returns the accessible interface of an on-screen keyboard: a group of 36 buttons, named by their notes,
+/// that can be pressed. Null for any other object.
 QAccessibleInterface* PianoAccessible(const QString& className, QObject* object);
 
 }  // namespace quavix

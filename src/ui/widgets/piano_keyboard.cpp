@@ -57,7 +57,7 @@ void PianoKeyboard::ShowSounding(const PianoKeySet& keys) {
     RepaintKeys(changed);
 }
 
-/// At once, as a tone may hold the thread right afterwards.
+/// Repaints keys at once, because a tone may hold the thread afterwards.
 void PianoKeyboard::RepaintKeys(const PianoKeySet& keys) {
     if (keys.none() || !isVisible())
         return;
@@ -148,7 +148,7 @@ bool PianoKeyboard::event(QEvent* event) {
     }
 }
 
-/// Every finger presses the key that it comes down on.
+/// Handles a touch: every finger presses the key where it comes down.
 void PianoKeyboard::Touch(const QTouchEvent& event) {
     std::vector<int> pressedNow;
     for (const QEventPoint& point : event.points()) {
@@ -237,7 +237,7 @@ void PianoKeyboard::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     const PianoPainter piano(painter, *this, Plan());
-    // The white keys first: the black ones lie on top of them.
+    // White keys first, because the black ones lie on top of them.
     for (const bool black : {false, true}) {
         for (int key = 0; key < PianoPlan::Keys; ++key) {
             if (PianoPlan::IsBlack(key) == black &&

@@ -13,38 +13,38 @@ namespace quavix {
 
 using PianoKeySet = std::bitset<PianoPlan::Keys>;
 
-/// A piano of three octaves in three colours. A key is pressed with the mouse, with one or more fingers, with
-/// the space bar (arrow keys move from key to key), or by assistive technology. Which octaves and which tones
-/// it shows is told to it.
+/// A piano of three octaves in three colours. Keys are pressed with the mouse, with fingers, with the space
+/// bar (arrow keys move from key to key), or by assistive technology. The caller sets the shown octaves and
+/// sounding tones.
 class PianoKeyboard : public QWidget {
     Q_OBJECT
 
   public:
     explicit PianoKeyboard(QWidget* parent = nullptr);
 
-    /// Octave of the middle group, for the keys' names.
+    /// Sets the octave of the middle group, for the keys' names.
     void SetOctave(int octave) { octave_ = octave; }
-    /// Marks the keys whose notes sound, at once.
+    /// Marks the keys of sounding notes, at once.
     void ShowSounding(const PianoKeySet& keys);
 
-    /// "C sharp 4".
+    /// Returns e.g. "C sharp 4".
     QString KeyName(int key) const;
-    /// The key that the space bar presses.
+    /// Returns the key that the space bar presses.
     int CurrentKey() const { return current_; }
     void SetCurrentKey(int key);
     bool IsPressed(int key) const { return pressed_.test(static_cast<std::size_t>(key)); }
     bool IsSounding(int key) const { return sounding_.test(static_cast<std::size_t>(key)); }
     QRect KeyRect(int key) const;
-    /// Presses a key for as long as its click takes.
+    /// Presses a key for the duration of its click.
     void ClickKey(int key);
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
   Q_SIGNALS:
-    /// A key goes down. Handlers of the program may run inside.
+    /// Emitted when a key goes down. Handlers of the program may run meanwhile.
     void KeyClicked(int key);
-    /// Ctrl and the up (1) or the down (-1) arrow.
+    /// Emitted for Ctrl with the up (1) or down (-1) arrow.
     void OctaveStepped(int key, int direction);
 
   protected:

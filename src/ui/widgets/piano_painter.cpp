@@ -21,7 +21,7 @@ QColor Mix(const QColor& from, const QColor& to, double share) {
     return {part(from.red(), to.red()), part(from.green(), to.green()), part(from.blue(), to.blue())};
 }
 
-/// Square at the top, where the keys go under the case, and rounded towards the player.
+/// Returns the shape of a key: square at the top, where the keys go under the case, and rounded at the front.
 QPainterPath KeyShape(const QRectF& place, double radius) {
     QPainterPath shape;
     shape.moveTo(place.topLeft());
@@ -61,7 +61,7 @@ void PianoPainter::DrawWhite(int key) const {
     painter_.setBrush(ivory);
     painter_.drawPath(KeyShape(place, radius));
 
-    // The front edge, which a key that is down hides.
+    // The front edge, invisible when the key is down.
     const double edge = std::min(6.0, place.height() / 16);
     if (!down) {
         painter_.setPen(Qt::NoPen);
@@ -72,7 +72,7 @@ void PianoPainter::DrawWhite(int key) const {
 
     QFont font = piano_.font();
     font.setBold(down);
-    // On a large screen the letters grow with the keys, though less than these.
+    // On a large screen the letters grow with the keys, but less.
     constexpr double KeyWidthOfPlainFont = 60;
     constexpr double LargestFactor = 2.5;
     const double factor = std::clamp(place.width() / KeyWidthOfPlainFont, 1.0, LargestFactor);
@@ -95,7 +95,7 @@ void PianoPainter::DrawBlack(int key) const {
     painter_.setBrush(body);
     painter_.drawPath(KeyShape(place, radius));
 
-    // The top of the key catches the light; a key that is down leans away from it.
+    // Light on the top of the key; less when the key is down.
     const double side = place.width() * 0.16;
     const double front = place.height() * (down ? 0.05 : 0.12);
     const QRectF top = place.adjusted(side, 0, -side, -front);

@@ -10,17 +10,17 @@ namespace quavix {
 
 class PianoKeyboard;
 
-/// The colour of an octave group: orange, blue, green from the left.
+/// Returns the colour of an octave group: orange, blue, green from the left.
 QColor GroupColour(int group);
 
-/// Draws the keys of the on-screen keyboard. Ivory is ivory in every palette.
+/// Draws the keys of the on-screen keyboard. Their ivory is the same in every palette.
 class PianoPainter {
   public:
     PianoPainter(QPainter& painter, const PianoKeyboard& piano, const PianoPlan& plan)
         : painter_(painter), piano_(piano), plan_(plan) {}
 
     void Draw(int key) const;
-    /// The ring around the key that the space bar presses.
+    /// Draws the ring around the key that the space bar presses.
     void DrawFocus(int key) const;
 
   private:

@@ -6,11 +6,11 @@
 namespace quavix {
 namespace {
 
-constexpr double BlackWidth = 0.6;  // of a white key's
+constexpr double BlackWidth = 0.6;  // relative to a white key
 constexpr double BlackHeight = 0.62;
 
-/// A note's left edge in an octave, counted in white keys. The black keys stand apart a little, as on the
-/// instrument.
+/// The left edge of a note's key within an octave, in white keys. The black keys are spaced as on a real
+/// piano.
 struct NotePlace {
     const char* Caption;
     double Left;

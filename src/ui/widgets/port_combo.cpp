@@ -28,7 +28,7 @@ void PortCombo::ShowPorts() {
     for (const std::string& name : motor_.PortNames().Get())
         addItem(QString::fromStdString(name));
     const QString chosen = QString::fromStdString(motor_.PortName);
-    // The port in use may be one that isn't listed any more.
+    // The port in use may be missing from the list.
     if (!chosen.isEmpty() && findText(chosen) < 0)
         addItem(chosen);
     setCurrentIndex(findText(chosen));

@@ -8,7 +8,7 @@
 
 namespace quavix {
 
-/// The choice of the motor's serial port. The list is made anew each time it is opened, as ports come and go.
+/// The choice of the motor's serial port. Opening the list searches for ports again.
 class PortCombo : public QComboBox {
     Q_OBJECT
 

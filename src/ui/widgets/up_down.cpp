@@ -20,7 +20,7 @@ QToolButton* UpDown::AddButton(Qt::ArrowType arrow, int direction) {
     auto* button = new QToolButton(this);
     button->setArrowType(arrow);
     button->setAutoRepeat(true);
-    button->setFocusPolicy(Qt::NoFocus);  // the field's arrow keys do the same
+    button->setFocusPolicy(Qt::NoFocus);  // the keyboard uses the field's arrow keys
     button->setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Ignored);
     layout()->addWidget(button);
     connect(button, &QToolButton::clicked, this, [this, direction] { Q_EMIT Stepped(direction); });

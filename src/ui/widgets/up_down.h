@@ -8,20 +8,20 @@ class QToolButton;
 
 namespace quavix {
 
-/// A pair of small arrow buttons beside a text field. They repeat while they are held, and the up and down
-/// keys in the field do the same.
+/// A pair of small arrow buttons beside a text field. They repeat while held, and the up and down keys in the
+/// field do the same.
 class UpDown : public QWidget {
     Q_OBJECT
 
   public:
     explicit UpDown(QWidget* parent = nullptr);
 
-    /// Takes over the field's arrow keys, and the field's tooltip for the buttons. `what` is what goes up and
-    /// down, for those who can't see the arrows ("Tempo").
+    /// Takes over the field's arrow keys, and uses its tooltip for the buttons. `what` names the value for
+    /// screen readers ("Tempo").
     void SetBuddy(QLineEdit* field, const QString& what);
 
   Q_SIGNALS:
-    /// 1 up, -1 down.
+    /// Emitted for a step: 1 up, -1 down.
     void Stepped(int direction);
 
   private:

@@ -71,7 +71,7 @@ std::unique_ptr<Speaker> ChooseSpeaker(const std::string& wanted, const SpeakerM
 }
 
 std::unique_ptr<Speaker> ChooseSpeaker(const SpeakerChoice& choice) {
-    // Asking whether a sound server is there must not start one. Set here, as it is not safe beside threads.
+    // Keeps a check for a sound server from starting one. Set here, because setenv() is unsafe with threads.
     SetInEnvironment("JACK_NO_START_SERVER", "1");
     return ChooseSpeaker(choice.Wanted, MachineSpeakers(choice));
 }

@@ -10,25 +10,25 @@
 
 namespace quavix {
 
-/// A speaker that can be given up for another one.
+/// A speaker that can fail and be replaced by another one.
 class PlatformSpeaker : public Speaker {
   public:
-    /// Waits a moment at most until it is known whether the speaker can be had at all; Failed() says so
-    /// afterwards. Called before anything else is asked of it.
+    /// Waits a short time until it is known whether the speaker works; Failed() has the result. Called before
+    /// any other function.
     virtual void Settle() {}
 
-    /// True once it can make no tone any more and will not recover; Status().Reason then says why.
+    /// Returns true once the speaker has failed for good; Status().Reason then has the reason.
     virtual bool Failed() const { return false; }
 };
 
-/// Result of setting a speaker up: the speaker, or the reason why there is none and what to do about it.
+/// Result of setting a speaker up: the speaker, or the reason why there is none and a remedy.
 struct SpeakerAttempt {
     std::unique_ptr<PlatformSpeaker> Made;
     std::string Reason;
     std::string Remedy;
 };
 
-/// The speaker, or its own words about why it can't be used.
+/// Returns the speaker, or its own reason if it has failed.
 inline SpeakerAttempt UnlessFailed(std::unique_ptr<PlatformSpeaker> speaker) {
     SpeakerAttempt attempt;
     if (speaker->Failed())

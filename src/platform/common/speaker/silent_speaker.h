@@ -8,7 +8,7 @@
 
 namespace quavix {
 
-/// Makes no sound and keeps the time of every tone, so that a song still runs as written.
+/// A silent speaker that keeps the time of every tone, so that a song still runs as written.
 class SilentSpeaker : public PlatformSpeaker {
   public:
     explicit SilentSpeaker(ToneClock clock) : clock_(std::move(clock)) {}

@@ -9,8 +9,8 @@
 
 namespace quavix {
 
-/// Opens the sound card, and opens it again when it is lost, without keeping anybody waiting: a thread of its
-/// own talks to the sound system.
+/// Opens the sound card, and reopens it when it is lost, without blocking the caller: a separate thread talks
+/// to the sound system.
 ///
 /// Thread: the user-interface thread.
 class SoundCard {
@@ -19,16 +19,16 @@ class SoundCard {
 
     SoundCard();
 
-    /// Closes the card; a sound system that does not answer is left behind after two seconds.
+    /// Closes the card; gives up after two seconds if the sound system does not answer.
     ~SoundCard();
 
     SoundCard(const SoundCard&) = delete;
     SoundCard& operator=(const SoundCard&) = delete;
 
-    /// Begins to open the card, or to close and open it again; does nothing while that is going on.
+    /// Starts opening the card, or closing and reopening it; does nothing while that is in progress.
     void BeginOpening();
 
-    /// Waits until opening is over, at most this long.
+    /// Waits until opening has ended, at most `mostMs` ms.
     void AwaitOpening(std::int32_t mostMs) const;
 
     State Now() const;

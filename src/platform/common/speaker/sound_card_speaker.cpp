@@ -9,10 +9,10 @@
 namespace quavix {
 namespace {
 
-// How long the start of the program may wait for the sound card: enough to see that there is none.
+// Longest wait for the sound card at program start: enough to detect a missing card.
 constexpr std::int32_t OpeningPatienceMs = 50;
 constexpr std::int64_t RetryAfterNs = 2 * NsPerSecond;
-// A card that plays asks for samples every few milliseconds.
+// A playing card requests samples every few milliseconds.
 constexpr std::int64_t LostAfterNs = NsPerSecond / 2;
 
 }  // namespace

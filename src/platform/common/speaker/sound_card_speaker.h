@@ -9,11 +9,11 @@
 
 namespace quavix {
 
-/// Plays the tones as a band-limited square wave on the sound card. When the card is lost, tones are silent
-/// and keep their time, and a later tone tries to get it back, at most every two seconds.
+/// Plays tones as a band-limited square wave on the sound card. While the card is lost, tones are silent but
+/// keep their time, and later tones try to reopen it, at most every two seconds.
 class SoundCardSpeaker : public PlatformSpeaker {
   public:
-    /// Begins to open the card, which goes on while the program starts.
+    /// Starts opening the card, which continues while the program starts.
     explicit SoundCardSpeaker(ToneClock clock);
 
     /// Lets the last samples of the last tone sound.
@@ -22,7 +22,7 @@ class SoundCardSpeaker : public PlatformSpeaker {
     void Beep(std::int32_t frequency, std::int32_t durationMs) override;
     SpeakerStatus Status() const override;
 
-    /// Fails where there is no card. One that takes longer to open is used as soon as it is open.
+    /// Fails if there is no card. A card that takes longer to open is used once it is open.
     void Settle() override;
     bool Failed() const override { return refused_; }
 

@@ -38,7 +38,7 @@ void SpeakerChain::Choice::GiveUp() {
 
 void SpeakerChain::Choice::AddReason(const std::string& reason, const std::string& remedy) {
     AddSentence(Reason, reason);
-    // What helps the first choice helps most.
+    // The first remedy helps the preferred speaker, so it is kept.
     if (Remedy.empty())
         Remedy = remedy;
 }

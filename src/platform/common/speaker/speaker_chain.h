@@ -10,17 +10,16 @@
 
 namespace quavix {
 
-/// Uses the first of several speakers that can be had, and the next one when it fails; remembers why. Which
-/// one it is may be known only at the first tone or the first look at the status.
+/// Uses the first of several speakers that works, and the next one when it fails; remembers the reasons. The
+/// choice may be made only at the first tone or the first status query.
 class SpeakerChain : public Speaker {
   public:
     using Maker = std::function<SpeakerAttempt()>;
 
-    /// Tries `makers` in their order; the last one must not refuse or fail. `remark` goes before every
-    /// reason.
+    /// Tries `makers` in order; the last one must not fail. `remark` precedes every reason.
     SpeakerChain(std::deque<Maker> makers, std::string remark);
 
-    /// A speaker that failed is replaced before the next tone begins, not within one.
+    /// Sounds a tone. A failed speaker is replaced after the tone, not during it.
     void Beep(std::int32_t frequency, std::int32_t durationMs) override;
     SpeakerStatus Status() const override;
 
@@ -39,7 +38,7 @@ class SpeakerChain : public Speaker {
 
     PlatformSpeaker& InUse() const;
 
-    // Behind a pointer, as a look at the status may be what settles it.
+    // A pointer, because the const Status() may make the choice.
     std::unique_ptr<Choice> choice_;
 };
 

@@ -25,7 +25,7 @@ bool TonePlayer::Render(std::span<float> out, std::int32_t channels, std::int64_
     const std::span<float> mono = out.first(frames);
     RenderMono(mono, nowNs);
     if (channels > 1) {
-        // From the back, where no sample that is still needed lies in the way.
+        // From the back, so that no sample is overwritten before it is copied.
         for (std::size_t frame = frames; frame-- > 0;)
             std::fill_n(out.begin() + static_cast<std::ptrdiff_t>(frame * channels), channels, mono[frame]);
     }
@@ -80,7 +80,7 @@ void TonePlayer::TakeNext(std::int64_t positionNs) {
 }
 
 bool TonePlayer::RunsAway(std::int64_t frames, std::int64_t nowNs) {
-    // A card that has been opened may fill a buffer of a second or two at once.
+    // A newly opened card may fill a buffer of one or two seconds at once.
     constexpr std::int64_t MostSecondsAhead = 4;
     if (nowNs - windowStartNs_ > NsPerSecond) {
         windowStartNs_ = nowNs;

@@ -11,26 +11,26 @@
 
 namespace quavix {
 
-/// Turns tones into the samples of a running sound card.
+/// Renders tones as samples for a running sound card.
 ///
 /// One thread plays, another renders; neither waits for the other. Rendering allocates nothing.
 class TonePlayer {
   public:
-    /// `blockFrames`: how many frames the card asks for at a time.
+    /// `blockFrames` is the number of frames that the card requests at a time.
     TonePlayer(std::int32_t sampleRate, std::int32_t blockFrames, std::int64_t nowNs);
 
-    /// Queues a tone of `durationMs` that starts `startNs` on the monotonic clock. False: too many are
-    /// waiting because nothing renders, and it is dropped. Thread: the one that plays.
+    /// Queues a tone of `durationMs` ms that starts at `startNs` on the monotonic clock. Returns false, and
+    /// drops the tone, if too many are waiting because nothing renders. Thread: the playing one.
     bool Play(std::int32_t frequency, std::int32_t durationMs, std::int64_t startNs);
 
-    /// Fills `out`, frames of `channels` equal samples each. A tone comes one block after its start, so that
-    /// it need not wait for the next block; where the one before it is not over by then, right after that.
-    /// One that would come more than MostLagNs late loses that much of its length: a card whose clock runs
-    /// slow does not fall behind the song. False: the card takes samples much faster than they can sound, as
-    /// one does that is gone. Thread: the card's.
+    /// Fills `out`, frames of `channels` equal samples each. A tone begins one block after its start, so that
+    /// it need not wait for the next block, or directly after the tone before. A tone that would begin more
+    /// than MostLagNs late is shortened by its delay, so that a card with a slow clock does not fall behind.
+    /// Returns false if the card takes samples much faster than it can play, as a lost card does. Thread: the
+    /// card's.
     bool Render(std::span<float> out, std::int32_t channels, std::int64_t nowNs);
 
-    /// When the card last asked for samples; before the first time: when this was made. Any thread.
+    /// Returns the time of the card's last request; before the first, that of construction. Any thread.
     std::int64_t LastRenderNs() const { return lastRenderNs_.load(std::memory_order_relaxed); }
 
     /// Returns true once every queued tone has been rendered. Any thread.
@@ -66,7 +66,7 @@ class TonePlayer {
     std::atomic<bool> sounding_{false};
     std::atomic<std::int64_t> lastRenderNs_;
 
-    // The card's thread only.
+    // Used by the card's thread only.
     std::optional<SquareWave> wave_;
     std::int64_t waitFrames_ = 0;
     std::int64_t remainingFrames_ = 0;

@@ -12,13 +12,13 @@
 
 namespace quavix {
 
-/// Keeps the time of the tones and writes what would have been heard since it was made, silences included, as
-/// mono 16-bit sound at 48,000 Hz. The file is whole after every tone, however the program ends.
+/// A speaker that writes a sound file: mono, 16 bits, 48,000 Hz, with the silences between tones. It keeps
+/// the time of the tones. The file is complete after every tone, even if the program ends unexpectedly.
 class WavSpeaker : public PlatformSpeaker {
   public:
     static constexpr std::int32_t SampleRate = 48000;
 
-    /// Empties the file at `path`, or makes it. A file that can't be written: failed from the beginning.
+    /// Creates or empties the file at `path`. If that fails, the speaker has failed from the beginning.
     WavSpeaker(std::string path, ToneClock clock);
 
     void Beep(std::int32_t frequency, std::int32_t durationMs) override;

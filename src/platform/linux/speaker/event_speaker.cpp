@@ -29,7 +29,7 @@ void EventSpeaker::Beep(std::int32_t frequency, std::int32_t durationMs) {
         clock_.WaitUntil(deadlineNs);
         return;
     }
-    // Also where the wait ends with an exception.
+    // Switches the tone off even if the wait ends with an exception.
     struct OffAtEnd {
         EventSpeaker& Sounding;
         ~OffAtEnd() { Sounding.SwitchOff(); }
@@ -45,7 +45,7 @@ bool EventSpeaker::SwitchOn(std::int32_t frequency, std::int64_t deadlineNs) {
             guard_.Problem());
         return false;
     }
-    // The program may have been stopped on the way here.
+    // The program may have been stopped before this point.
     if (clock_.Now() < deadlineNs && !WriteTone(device_.Get(), frequency))
         failure_ = fmt::format("The PC speaker's device fails: {}.", std::strerror(errno));
     return true;

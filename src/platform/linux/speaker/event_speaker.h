@@ -10,12 +10,12 @@
 
 namespace quavix {
 
-/// The real PC speaker, through the kernel's event device. A guard process sees to it that the device is
-/// never left sounding, and no tone sounds without one.
+/// The real PC speaker, through the kernel's event device. A guard process makes sure that the device is
+/// never left sounding, and no tone sounds without the guard.
 class EventSpeaker : public PlatformSpeaker {
   public:
-    /// `device` is open for writing and known to be a PC speaker. Starts the guard; where that is not
-    /// possible the speaker has failed from the beginning. `lock` is kept as long as the speaker.
+    /// `device` is open for writing and known to be a PC speaker. Starts the guard; if that is impossible,
+    /// the speaker has failed from the beginning. `lock` is kept as long as the speaker.
     EventSpeaker(FileDescriptor device, FileDescriptor lock, ToneClock clock);
 
     /// Switches the device off.

@@ -30,7 +30,7 @@ std::string FirstLine(const std::string& file) {
     return line;
 }
 
-// The last word of a bit list in /sys is its lowest one, in hexadecimal.
+// A bit list in /sys is a row of hexadecimal words; the last word has the lowest bits.
 bool ListedBit(const std::string& file, unsigned bit) {
     const std::string line = FirstLine(file);
     const std::string word = line.substr(line.find_last_of(' ') + 1);

@@ -23,7 +23,7 @@ FoundDevice OpenSpeaker(const InputDevices& devices, const std::string& path) {
     } else if (IsPcSpeaker(devices.Ask(found.Device))) {
         found.Problem = DeviceProblem::None;
     } else {
-        // The path may lead elsewhere by now than when it was looked at.
+        // The path may lead to another device than when it was examined.
         found.Device.Close();
         found.Problem = DeviceProblem::NotASpeaker;
     }

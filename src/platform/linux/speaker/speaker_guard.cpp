@@ -15,12 +15,12 @@
 namespace quavix {
 namespace {
 
-/// A tone may sound until this moment of the monotonic clock; 0: it was switched off.
+/// Message to the guard: a tone may sound until this time of the monotonic clock; 0: it is off.
 struct GuardMessage {
     std::int64_t DeadlineNs = 0;
 };
 
-/// How long past a tone's end the guard lets the program switch it off itself.
+/// Time after a tone's end that the program has to switch it off before the guard does, in ns.
 constexpr std::int64_t GuardGraceNs = 5 * NsPerMs;
 
 int MsUntil(std::int64_t momentNs) {
@@ -30,9 +30,8 @@ int MsUntil(std::int64_t momentNs) {
 }
 
 void Watch(int device, int channel) {
-    // A program that was stopped just before it switched a tone on may do so when it continues, long after
-    // the tone's end. So an overdue tone is switched off again and again until the program says it has done
-    // so.
+    // A program that was stopped just before switching a tone on may do so when it continues, long after the
+    // tone's end. So an overdue tone is switched off repeatedly until the program reports that it is off.
     constexpr std::int64_t AgainAfterNs = 20 * NsPerMs;
     std::int64_t offAtNs = 0;
     for (;;) {
@@ -52,8 +51,8 @@ void Watch(int device, int channel) {
     }
 }
 
-/// The guard's work in its own process: switches the device off whenever a tone is past its end, and once
-/// more when the program is gone. Makes system calls and nothing else.
+/// Runs the guard in its own process: switches the device off whenever a tone is overdue, and again when the
+/// program is gone. Makes system calls only.
 void GuardSpeaker(int device, int channel) {
     Watch(device, channel);
     WriteTone(device, 0);
@@ -93,7 +92,7 @@ bool SpeakerGuard::Send(std::int64_t deadlineNs) {
     const GuardMessage message{deadlineNs};
     ssize_t sent;
     do {
-        // Never waits: a guard that is stopped must not stop the music with it.
+        // Never waits, so that a stopped guard does not stop the music.
         sent = send(guard_.Channel(), &message, sizeof message, MSG_NOSIGNAL | MSG_DONTWAIT);
     } while (sent < 0 && errno == EINTR);
     if (sent == static_cast<ssize_t>(sizeof message))

@@ -8,32 +8,32 @@
 
 namespace quavix {
 
-/// Sounds `hz` on the event device until another value is written; 0 is silence. False: the device did not
-/// take it, errno says why. Calls nothing but write().
+/// Sounds `hz` on the event device until another value is written; 0 is silence. Returns false, with the
+/// reason in errno, if the device did not take it. Calls only write().
 bool WriteTone(int device, std::int32_t hz);
 
-/// A small process of its own that switches the speaker's device off when a tone is past its end or the
-/// program is gone, however it went. Switched off means: 0 is written to the device.
+/// The speaker guard: a small process that switches the speaker's device off (writes 0 to it) when a tone is
+/// overdue or the program is gone, for any reason.
 class SpeakerGuard {
   public:
-    /// `device` must stay open as long as this object is there. Starts nothing yet.
+    /// `device` must stay open during the lifetime of this object. Does not start the guard yet.
     explicit SpeakerGuard(int device) : device_(device) {}
 
-    /// Ends the guard and waits for its end; the device must be off by then.
+    /// Ends the guard and waits for its end; the device must be off before.
     ~SpeakerGuard() = default;
 
     SpeakerGuard(const SpeakerGuard&) = delete;
     SpeakerGuard& operator=(const SpeakerGuard&) = delete;
 
-    /// Starts the guard, in place of an earlier one; best while the program has no threads. False: it could
-    /// not be started, and Problem() says why.
+    /// Starts the guard, replacing an earlier one; preferably before the program has threads. Returns false,
+    /// with the reason in Problem(), if that fails.
     bool Start();
 
-    /// Says that a tone is about to sound until `deadlineNs` of the monotonic clock. False: nobody is
-    /// watching, and the tone must not be switched on.
+    /// Announces a tone until `deadlineNs` of the monotonic clock. Returns false if the guard is gone; the
+    /// tone must then not be switched on.
     bool Announce(std::int64_t deadlineNs);
 
-    /// Says that the tone has been switched off. A guard that is gone is not reported before the next tone.
+    /// Reports that the tone has been switched off. A missing guard is not reported before the next tone.
     void TellOff();
 
     const std::string& Problem() const { return problem_; }

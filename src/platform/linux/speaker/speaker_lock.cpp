@@ -29,7 +29,7 @@ SpeakerLock TakeSpeakerLock(const std::string& runtimeFolder, const std::string&
         folder = OpenSafeFolder(runtimeFolder);
     if (!folder) {
         const std::string own = fmt::format("{}/quavix-{}", tempFolder, geteuid());
-        mkdir(own.c_str(), S_IRWXU);  // it may be there already; what it is then is looked at below
+        mkdir(own.c_str(), S_IRWXU);  // it may exist already; it is checked below
         folder = OpenSafeFolder(own);
         if (!folder)
             return {{},

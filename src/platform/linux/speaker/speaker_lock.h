@@ -7,16 +7,15 @@
 
 namespace quavix {
 
-/// The right to sound the PC speaker, kept as long as the descriptor is; or why it was not given.
+/// The right to sound the PC speaker, held as long as the descriptor; or the reason why it was refused.
 struct SpeakerLock {
     FileDescriptor File;
     std::string Reason;
 };
 
-/// Takes the user's lock on the PC speaker without waiting, in `runtimeFolder` (the user's own, as the
-/// session gives it) or, where that is empty or not safe, in a folder "quavix-UID" that it makes under
-/// `tempFolder`. A folder is safe when it is a directory, not a link to one, belongs to this user and is
-/// closed to others.
+/// Takes the user's lock on the PC speaker without waiting, in `runtimeFolder` (the user's, from the session)
+/// or, if that is empty or unsafe, in a new folder "quavix-UID" under `tempFolder`. A folder is safe if it is
+/// a directory, not a link, belongs to this user and is closed to others.
 SpeakerLock TakeSpeakerLock(const std::string& runtimeFolder, const std::string& tempFolder);
 
 }  // namespace quavix
