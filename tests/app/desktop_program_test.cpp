@@ -30,7 +30,7 @@ struct Started : test::SimulatedDesktop {
     bool PriorityIsAskedFor() const { return System.Calls().starts_with("open 1 rights "); }
 };
 
-TEST(DesktopProgram, OrdinarilyShowsNothing) {
+TEST(DesktopProgram, ShowsNoMessageByDefault) {
     Started p("");
     p.Start();
     EXPECT_TRUE(p.Boxes.Shown().empty());
@@ -40,7 +40,7 @@ TEST(DesktopProgram, OrdinarilyShowsNothing) {
     EXPECT_EQ(p.LoadedSong(), "");
 }
 
-TEST(DesktopProgram, AMidiFileIsOpenedAsSuchAndIsNoSong) {
+TEST(DesktopProgram, AMidiFileIsOpenedAsAMidiFileAndNotAsASong) {
     Started p("/music/tune.mid");
     p.Disk.Put("/music/tune.mid", "anything");
     p.Disk.Put("/windows/system32/midifl32.ocx", "a control");
@@ -75,7 +75,7 @@ TEST(DesktopProgram, LogsItsStepsInOrder) {
     EXPECT_TRUE(p.PriorityIsAskedFor());
 }
 
-TEST(DesktopProgram, AToneCodeFileSwitchesToneCodeOnAndSaysSo) {
+TEST(DesktopProgram, AToneCodeFileSwitchesToneCodeOnWithAMessage) {
     Started p("");
     p.Disk.Put("/program/tonecode.txt", "");
     p.Start();
@@ -95,7 +95,7 @@ TEST(DesktopProgram, LoadsTheSongOnTheCommandLine) {
     EXPECT_TRUE(p.TellsOfSongLeftBehind());
 }
 
-TEST(DesktopProgram, ASongThatCannotBeReadDoesNotKeepTheRestFromStarting) {
+TEST(DesktopProgram, StartUpGoesOnAfterASongThatCannotBeRead) {
     Started p("/music/song.QVX");
     p.Disk.Put("/music/song.QVX", "");
     p.Disk.FailReading("/music/song.QVX", std::errc::permission_denied);
@@ -110,7 +110,7 @@ TEST(DesktopProgram, ASongThatCannotBeReadDoesNotKeepTheRestFromStarting) {
     EXPECT_TRUE(p.TellsOfSongLeftBehind());
 }
 
-TEST(DesktopProgram, ACommandLineThatIsNoFileIsShownAsItWasGiven) {
+TEST(DesktopProgram, ACommandLineThatNamesNoFileIsShownInAMessage) {
     Started p("\"no such\" file");
     p.LeaveSongBehind();
     p.Start();
@@ -156,7 +156,7 @@ TEST(DesktopProgram, AMachineWithoutSoundIsToldOfInOneMessage) {
     EXPECT_NE(p.LogText().find("ERRCHECK() found FMOD error 78 ("), std::string::npos);
 }
 
-TEST(DesktopProgram, ASoundLibraryThatMakesAnErrorDoesNotKeepTheRestFromStarting) {
+TEST(DesktopProgram, StartUpGoesOnAfterAnErrorOfTheSoundLibrary) {
     Started p("");
     p.Disk.Put("/program/FMODex.dll", "a library");
     p.Library.Fail("FMOD_System_SetDSPBufferSize", 37);

@@ -13,7 +13,7 @@ struct CountedEnd : ProcessEnd {
     int Ends = 0;
 };
 
-TEST(Shutdown, LogsTheRequestFirstAndTheEndLastWithTheReleasesBetween) {
+TEST(Shutdown, LogsTheRequestThenTheReleasesThenTheEnd) {
     test::SimulatedProgram p;
     p.App.Log.Enable();
     CountedEnd end;
@@ -51,7 +51,7 @@ TEST(Shutdown, EndsTheProcessEvenIfNothingCanBeLoggedOrReleased) {
     EXPECT_EQ(end.Ends, 1);
 }
 
-TEST(Shutdown, ASecondRequestMeanwhileDoesNothing) {
+TEST(Shutdown, ASecondRequestDuringTheFirstDoesNothing) {
     test::SimulatedProgram p;
     CountedEnd end;
     Shutdown shutdown(p.App.Fields.State, p.App.Log, end);

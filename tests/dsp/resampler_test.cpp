@@ -51,13 +51,13 @@ TEST(Resampler, KeepsLengthPitchLevelAndTime) {
     }
 }
 
-TEST(Resampler, WhatTheLowerRateCannotHoldIsGone) {
+TEST(Resampler, FrequenciesAboveHalfTheLowerRateAreRemoved) {
     const std::vector<float> out = Resample(Sine(13000, 48000, 48000), 48000, 22050);
     const test::Spectrum spectrum(out, 22050);
     EXPECT_LT(spectrum.HighestDb(0, 11025), -80);
 }
 
-TEST(Resampler, NothingStaysNothing) {
+TEST(Resampler, AnEmptyInputGivesAnEmptyOutput) {
     EXPECT_TRUE(Resample({}, 48000, 44100).empty());
     EXPECT_EQ(Resample({0.0F}, 48000, 96000).size(), 2u);
 }

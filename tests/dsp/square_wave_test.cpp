@@ -159,7 +159,7 @@ TEST(SquareWave, OutsideTheFrequenciesOfTheRateIsSilenceOfTheSameLength) {
     }
 }
 
-TEST(SquareWave, ALengthOfNothingIsFinishedAtOnce) {
+TEST(SquareWave, ALengthOfZeroIsFinishedAtOnce) {
     EXPECT_TRUE(SquareWave(440, Rate, 0).Finished());
     EXPECT_TRUE(SquareWave(440, Rate, -5).Finished());
 }

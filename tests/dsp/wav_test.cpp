@@ -107,7 +107,7 @@ TEST(WavWriter, EveryWholeLevelSurvives) {
     EXPECT_EQ(Pcm(stream.str()), expected);
 }
 
-TEST(WavWriter, StatesUnknownSizesWhereItCannotSeek) {
+TEST(WavWriter, WritesUnknownSizesIfTheStreamCannotSeek) {
     Pipe pipe;
     std::ostream stream(&pipe);
     WavWriter writer(stream, 8000, 1);
@@ -327,7 +327,7 @@ TEST(WavReader, GivesFramesPieceByPiece) {
     EXPECT_EQ(reader.Read(block), 0u);
 }
 
-TEST(WavReader, EndsWhereTheStreamDoesOrTheHeaderSays) {
+TEST(WavReader, EndsAtTheEndOfTheStreamOrAtTheSizeInTheHeader) {
     std::string bytes = Wav(1, std::array{0.5F, 0.5F, 0.5F});
     std::array<float, 8> block{};
     std::istringstream more(bytes + "something behind it");
@@ -347,7 +347,7 @@ TEST(WavReader, PassesOverChunksThatItDoesNotKnow) {
     EXPECT_EQ(WavReader(in).Read(block), 1u);
 }
 
-TEST(WavReader, AnythingElseIsNoSound) {
+TEST(WavReader, OtherFilesAreRefused) {
     const std::string good = Wav(1, std::array{0.5F});
     std::vector<std::string> bad{"", "RIFF", std::string(100, 'x'), good.substr(0, 30), good.substr(0, 40)};
     bad.push_back(good.substr(0, 12) + good.substr(36) + good.substr(12, 24));

@@ -120,7 +120,7 @@ TEST_F(FmodEngineTest, BuffersBeyond32BitsAreAnOverflow) {
     }
 }
 
-TEST_F(FmodEngineTest, AnotherVersionIsToldOfAndUsedAllTheSame) {
+TEST_F(FmodEngineTest, AnotherVersionIsReportedAndStillUsed) {
     P.Library.Version = 0x40622;
     StartUp();
     ASSERT_EQ(P.Boxes.Shown().size(), 1u);
@@ -139,7 +139,7 @@ TEST_F(FmodEngineTest, TheVersionIsShownInHexadecimalDigits) {
               "Error!  You are using an old Version of FMOD ABCDEF. This program requires 40621");
 }
 
-TEST_F(FmodEngineTest, WhatFailsIsReportedAndTheRestIsTriedAllTheSame) {
+TEST_F(FmodEngineTest, AFailedCallIsReportedAndTheRemainingCallsAreMade) {
     P.Library.Fail("FMOD_System_Init", 61);
     P.Library.Fail("FMOD_System_GetSoftwareFormat", 78);
     P.Library.Fail("FMOD_System_CreateDSPByType", 78);
@@ -168,7 +168,7 @@ TEST_F(FmodEngineTest, StopClosesAndReleasesIt) {
     EXPECT_EQ(P.LogText(), "Closing and releasing FMOD system 'System'\n");
 }
 
-TEST_F(FmodEngineTest, StopReportsWhatFails) {
+TEST_F(FmodEngineTest, StopReportsFailedCalls) {
     StartUp();
     P.Library.Fail("FMOD_System_Close", 36);
     P.App.Outputs.SoundMods.Engine.Stop();

@@ -23,7 +23,7 @@ TEST(FmodErrors, TextsStandWordForWordWithTheBlanksAtTheirEnds) {
     EXPECT_STREQ(FmodErrorText(81), "The Version number of this file format is not supported. ");
 }
 
-TEST(FmodErrors, TheTableIsTheLibrarysToTheLetter) {
+TEST(FmodErrors, TheTableEqualsTheLibrarysTexts) {
     // FNV-1a of all texts, each with a line feed behind it.
     std::uint64_t sum = 1469598103934665603U;
     for (int result = 0; result <= 81; ++result) {
@@ -72,7 +72,7 @@ struct OnlyTold : MessageBoxes {
     int Told = 0;
 };
 
-TEST(FmodErrors, AnErrorHoldsNothingUp) {
+TEST(FmodErrors, AnErrorDoesNotBlockTheProgram) {
     test::SimulatedProgram p;
     OnlyTold boxes;
     FmodErrors errors(boxes, p.App.Log);
@@ -80,7 +80,7 @@ TEST(FmodErrors, AnErrorHoldsNothingUp) {
     EXPECT_EQ(boxes.Told, 1);
 }
 
-TEST(FmodErrors, ShownTogetherEachFailureStandsOnceAndAllOfThemInTheLog) {
+TEST(FmodErrors, ShownTogetherEachFailureStandsOnceInTheMessageAndEachTimeInTheLog) {
     test::SimulatedProgram p;
     p.App.Log.Enable();
     p.App.Outputs.SoundMods.Errors.ShowTogether([&] {

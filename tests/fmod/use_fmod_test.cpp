@@ -16,7 +16,7 @@ class NeverSilent : public testing::Test {
     Setting& Ratio = P.App.Fields.Song.NoteSilenceRatio;
 };
 
-TEST_F(NeverSilent, TiesAllNotesTogetherWhileItIsTicked) {
+TEST_F(NeverSilent, RaisesTheRatioToFullWhileItIsTicked) {
     Ratio.Set(70);
     NeverSilentCheck = true;
     EXPECT_TRUE(Fields.Output.DoNotShutUpFMOD);
@@ -28,7 +28,7 @@ TEST_F(NeverSilent, TiesAllNotesTogetherWhileItIsTicked) {
     EXPECT_EQ(Fields.Song.NoteSilenceRatio.Text(), "70%");
 }
 
-TEST_F(NeverSilent, ARatioThatTheUserChoseMeanwhileStays) {
+TEST_F(NeverSilent, ARatioThatTheUserSetWhileItWasTickedStays) {
     Ratio.Set(70);
     NeverSilentCheck = true;
     Ratio.Set(85);
@@ -49,7 +49,7 @@ TEST_F(NeverSilent, TheNextTimeStartsFromTheUsersRatio) {
     EXPECT_EQ(Ratio, 85);
 }
 
-TEST_F(NeverSilent, ARatioMovedBeforehandIsNoneThatWasMovedMeanwhile) {
+TEST_F(NeverSilent, ARatioMovedBeforeTickingIsRestored) {
     Ratio.Set(60);
     Ratio.Set(50);
     NeverSilentCheck = true;
@@ -65,7 +65,7 @@ TEST_F(NeverSilent, AtFullRatioNothingMoves) {
     EXPECT_EQ(Ratio, 100);
 }
 
-TEST_F(NeverSilent, ASongsRatioCountsAsTheUsers) {
+TEST_F(NeverSilent, ARatioLoadedWithASongStays) {
     NeverSilentCheck = true;
     P.Disk.Put("song", "Quavix by Dastrel-204 file format\nNoteSilenceRatio 40\nMUSICLISTSTART\n");
     P.App.Storage.SongReader.ActuallyLoadMusic("song");

@@ -138,7 +138,7 @@ TEST_F(UseVoiceTest, TheTimbreShiftsVowelsButNotTheirSliders) {
     EXPECT_EQ(Controls.FormantDSPFreqSlider[1], 2020);
 }
 
-TEST_F(UseVoiceTest, VowelsAreThese) {
+TEST_F(UseVoiceTest, TheVowelsHaveTheseFormants) {
     const auto text = [](const Vowel& vowel) {
         std::string formants;
         for (const Formant& formant : vowel)

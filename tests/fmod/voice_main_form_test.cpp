@@ -114,7 +114,7 @@ TEST_F(VoiceTest, IsPutTogetherOnce) {
     EXPECT_EQ(Calls(), "");
 }
 
-TEST_F(VoiceTest, AnotherVersionIsToldOfAndUsedAllTheSame) {
+TEST_F(VoiceTest, AnotherVersionIsReportedAndStillUsed) {
     P.Library.Version = 0x40620;
     Singer.Load();
     EXPECT_EQ(BoxTexts(),
@@ -123,7 +123,7 @@ TEST_F(VoiceTest, AnotherVersionIsToldOfAndUsedAllTheSame) {
     EXPECT_NE(P.Timeline.Text("fmod FMOD_System_Init"), "");
 }
 
-TEST_F(VoiceTest, WhatFailsIsReportedAndTheRestIsTriedAllTheSame) {
+TEST_F(VoiceTest, AFailedCallIsReportedAndTheRemainingCallsAreMade) {
     P.App.Log.Enable();
     P.Library.Fail("FMOD_System_Init", 61);
     Singer.Load();
@@ -161,7 +161,7 @@ TEST_F(VoiceTest, VolumesAndCutoffGoWhereTheyBelong) {
               "FMOD_DSP_SetParameter(unit5, 0, 3000)\n");
 }
 
-TEST_F(VoiceTest, AFormantsVolumeBecomesAGain) {
+TEST_F(VoiceTest, TheVolumeOfAFormantBecomesAGain) {
     Load();
     for (const auto& [volume, gain] : {std::pair(100, "3.5"), {40, "0"}, {70, "1.75"}, {28, "-0.7"}}) {
         Singer.ChangeFormantFreqVol(1, 1000, volume, false);
@@ -171,7 +171,7 @@ TEST_F(VoiceTest, AFormantsVolumeBecomesAGain) {
     }
 }
 
-TEST_F(VoiceTest, TheTimbreShiftsAFormantWhereItIsToBe) {
+TEST_F(VoiceTest, TheTimbreShiftsTheFrequencyOfAFormant) {
     Load();
     Singer.FormantTimbre = 100;
     Singer.ChangeFormantFreqVol(3, 1000, 100, true);
@@ -181,7 +181,7 @@ TEST_F(VoiceTest, TheTimbreShiftsAFormantWhereItIsToBe) {
               "FMOD_DSP_SetParameter(unit4, 0, 1000)\nFMOD_DSP_SetParameter(unit4, 2, 3.5)\n");
 }
 
-TEST_F(VoiceTest, WhatIsNotGivenOfAFormantStaysAsItWas) {
+TEST_F(VoiceTest, OmittedValuesOfAFormantStay) {
     Load();
     Singer.ChangeFormantFreqVol(0, 500, 100, false);
     Calls();
@@ -287,7 +287,7 @@ TEST_F(VoiceTest, ShuttingDownClosesAndReleasesIt) {
     EXPECT_EQ(Calls(), "");
 }
 
-TEST_F(VoiceTest, ShuttingDownWithoutEverHavingSungHasNothingToClose) {
+TEST_F(VoiceTest, ShuttingDownAVoiceThatNeverSangClosesNothing) {
     P.App.Log.Enable();
     Singer.VoiceDoShutDownStuff();
     EXPECT_EQ(Calls(), "");

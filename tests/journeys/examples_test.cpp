@@ -46,7 +46,7 @@ auto Rendered(const std::string& song) {
 
 class Example : public testing::TestWithParam<std::string> {};
 
-TEST_P(Example, LoadsWithoutAWordAndRendersToItsLength) {
+TEST_P(Example, LoadsWithoutAMessageAndRendersToItsLength) {
     const auto sound = Rendered(GetParam());
     ASSERT_TRUE(sound);
     const double seconds = static_cast<double>(sound->Frames()) / sound->SampleRate;
@@ -81,7 +81,7 @@ TEST(Examples, TheMidiFileIsATuneOfThreeVoices) {
     EXPECT_EQ(tune, (std::vector<int>{0, 3, 5, 7, 8, 7, 5, 2}));
 }
 
-TEST(Examples, AreSixAtLeast) {
+TEST(Examples, AreAtLeastSix) {
     EXPECT_GE(Examples().size(), 6U);
 }
 

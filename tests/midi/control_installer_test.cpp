@@ -35,7 +35,7 @@ class ControlInstallerTest : public testing::Test {
                                 &Fields.Mods.UseMIDIIn.Ticked};
 };
 
-TEST_F(ControlInstallerTest, AControlThatIsInPlaceIsUsedAtOnceAndNothingIsWritten) {
+TEST_F(ControlInstallerTest, AnInstalledControlIsUsedAtOnceAndNothingIsWritten) {
     P.Disk.Put(Destination, "installed");
     P.Disk.Put(Source, "shipped");
     EXPECT_TRUE(Controls.CopyFileToSystem32(Name));
@@ -123,7 +123,7 @@ TEST_F(ControlInstallerTest, WithoutEitherCopyItSaysWhereToGetTheFileAndUnticksA
     EXPECT_FALSE(P.Disk.Has(Marker));
 }
 
-TEST_F(ControlInstallerTest, ACopyThatIsNotThereAfterwardsIsToldOfAndUnticksAllMidiBoxes) {
+TEST_F(ControlInstallerTest, AMissingCopyIsReportedAndUnticksAllMidiBoxes) {
     P.Disk.Put(Source, "module");
     P.App.Log.Enable();
     TickAll();
@@ -152,7 +152,7 @@ TEST_F(ControlInstallerTest, ACopyThatIsNotThereAfterwardsIsToldOfAndUnticksAllM
     EXPECT_FALSE(P.Disk.Has(Batch));
 }
 
-TEST_F(ControlInstallerTest, TheWaitHasNoEndButTheMarkersAndKeepsTheWindowAlive) {
+TEST_F(ControlInstallerTest, TheWaitEndsOnlyWithTheMarkerAndRunsTheWindowsHandlers) {
     P.Disk.Put(Source, "module");
     P.Batches.OnLine = [](const std::string& line) { return !line.starts_with("erase"); };
     int clicks = 0;
@@ -236,7 +236,7 @@ TEST_F(ControlInstallerTest, ASecondCopyOfTheProgramUsesTheControlWhileTheFirstS
     EXPECT_EQ(P.Timeline.Text("batch /"), "0.0000 batch /program/regocx.bat\n");
 }
 
-TEST_F(ControlInstallerTest, ACopyThatDiedWhileItHadTheFolderDoesNotHoldTheNextOneUp) {
+TEST_F(ControlInstallerTest, TheLockOfADeadProcessDoesNotBlockTheNextOne) {
     P.Disk.Put(Source, "module");
     P.Disk.Put("/program/regocx.lock", "");
     EXPECT_TRUE(Controls.CopyFileToSystem32(Name));
@@ -256,7 +256,7 @@ TEST_F(ControlInstallerTest, WhileOneControlRegistersItselfTheUserCanTickTheOthe
     EXPECT_NE(P.Timeline.Text().find("register \"/windows/system32/midifl32.ocx\""), std::string::npos);
 }
 
-TEST_F(ControlInstallerTest, AMarkerThatAKilledProgramLeftIsNoHindrance) {
+TEST_F(ControlInstallerTest, AMarkerLeftByAKilledProgramIsIgnored) {
     P.Disk.Put(Source, "module");
     P.Disk.Put(Marker, "");
     P.Disk.Put(Batch, "old");
@@ -264,7 +264,7 @@ TEST_F(ControlInstallerTest, AMarkerThatAKilledProgramLeftIsNoHindrance) {
     EXPECT_FALSE(P.Disk.Has(Marker));
 }
 
-TEST_F(ControlInstallerTest, AControlThatCannotBeUsedIsNamedAndItsBoxAloneUnticked) {
+TEST_F(ControlInstallerTest, AnUnusableControlIsNamedAndOnlyItsBoxIsUnticked) {
     P.Disk.Put(Destination, "broken");
     TickAll();
     EXPECT_FALSE(Controls.MakeReady(Name, Fields.Mods.UseMIDIOut.Ticked,
@@ -277,7 +277,7 @@ TEST_F(ControlInstallerTest, AControlThatCannotBeUsedIsNamedAndItsBoxAloneUntick
     EXPECT_TRUE(Fields.Mods.UseMIDIIn.Ticked);
 }
 
-TEST_F(ControlInstallerTest, ABoxThatWasUntickedMeanwhileStaysSo) {
+TEST_F(ControlInstallerTest, ABoxUntickedDuringTheInstallationStaysUnticked) {
     P.Disk.Put(Source, "module");
     Fields.Mods.UseMIDIOut.Ticked = true;
     P.Time.At(50, [&] { Fields.Mods.UseMIDIOut.Ticked = false; });

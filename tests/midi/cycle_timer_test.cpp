@@ -77,7 +77,7 @@ TEST_F(CycleTimerTest, ATextThatIsNoNumberLeavesTheIntervalAsItWas) {
     EXPECT_TRUE(P.Boxes.Shown().empty());
 }
 
-TEST_F(CycleTimerTest, AMistypedIntervalDoesNotLastUntilItsEnd) {
+TEST_F(CycleTimerTest, ACorrectedIntervalReplacesALongMistypedOneAtOnce) {
     Timer.SetEnabled(true);
     P.Time.At(5, [this] { Fields.Song.AlternateTime.Type("100000"); });
     P.Time.At(505, [this] { Fields.Song.AlternateTime.Type("100"); });
@@ -97,7 +97,7 @@ TEST_F(CycleTimerTest, AStepThatWaitsIsNotEnteredAgainAndTheNextFollowsAtOnce) {
     EXPECT_EQ(Steps(), "2 32 62 92 ");
 }
 
-TEST_F(CycleTimerTest, AStepThatFailsIsToldOfOnceAndSwitchesTheTimerOff) {
+TEST_F(CycleTimerTest, AFailingStepIsReportedOnceAndSwitchesTheTimerOff) {
     OnStep = [] { throw RuntimeError(RuntimeError::Overflow); };
     Timer.SetEnabled(true);
     P.Time.RunUntil(1000);

@@ -113,7 +113,7 @@ TEST_F(HeldNoteCyclerTest, ThePlayingLabelIsShownForTheLengthOfThePulse) {
     EXPECT_FALSE(Fields.View.BeepTextLabelVisible);
 }
 
-TEST_F(HeldNoteCyclerTest, ThePlayingLabelIsHiddenAlsoAfterATheToneHasFailed) {
+TEST_F(HeldNoteCyclerTest, ThePlayingLabelIsHiddenAfterAFailedTone) {
     Form.Press({60});
     Sounds.OnTone = [] { throw RuntimeError(RuntimeError::Overflow); };
     EXPECT_THROW(Step(), RuntimeError);
@@ -178,7 +178,7 @@ TEST_F(HeldNoteCyclerTest, ThePlaceInTheCycleIsSharedByAllForms) {
     EXPECT_EQ(NotesPlayed(), "C5 E4 G5 ");
 }
 
-TEST_F(HeldNoteCyclerTest, PlayedOnceAChordFallsSilentWhileItIsStillHeld) {
+TEST_F(HeldNoteCyclerTest, WithPlayOnlyOnceAHeldChordFallsSilentAfterOneCycle) {
     Form.OnlyOnceCheck = true;
     Form.Press({60, 64, 67});
     Step(10);
@@ -195,7 +195,7 @@ TEST_F(HeldNoteCyclerTest, PlayedOnceAChordFallsSilentWhileItIsStillHeld) {
     EXPECT_EQ(NotesPlayed(), "C5 G5 E5 C5 ");
 }
 
-TEST_F(HeldNoteCyclerTest, ANoteReleasedInItsPulsePlaysWhenStruckAgainAlsoOnlyOnce) {
+TEST_F(HeldNoteCyclerTest, ANoteReleasedInItsPulsePlaysWhenStruckAgainWithPlayOnlyOnce) {
     Form.OnlyOnceCheck = true;
     Form.Press({60});
     Sounds.OnTone = [this] { Form.Release({60}); };
@@ -225,7 +225,7 @@ TEST_F(HeldNoteCyclerTest, WithoutTheGridLabelsStayHiddenButTheRestIsShown) {
     EXPECT_EQ(Form.Grid(), "*C5 E5 ");
 }
 
-TEST_F(HeldNoteCyclerTest, TheLabelsChangeInOneGo) {
+TEST_F(HeldNoteCyclerTest, TheLabelsChangeInOneNotification) {
     int changes = 0;
     Form.lblOnNotes.Watch([&](const auto&) { ++changes; });
     Form.PressRange(40, 20);
@@ -257,7 +257,7 @@ INSTANTIATE_TEST_SUITE_P(Counts, AutomaticTimeTest,
                                          AutomaticTime{21, 1}, AutomaticTime{59, 1}, AutomaticTime{60, 0},
                                          AutomaticTime{61, 0}, AutomaticTime{128, 0}));
 
-TEST_F(HeldNoteCyclerTest, ATimeTooShortForItsTextBoxTakesEffectAllTheSame) {
+TEST_F(HeldNoteCyclerTest, ATimeBelowTheFieldsRangeTakesEffect) {
     Form.AutoTimeCheck = true;
     Form.Press({60, 64, 67});
     Step();
@@ -269,7 +269,7 @@ TEST_F(HeldNoteCyclerTest, ATimeTooShortForItsTextBoxTakesEffectAllTheSame) {
     EXPECT_EQ(Fields.Song.AlternateTime, 15);
 }
 
-TEST_F(HeldNoteCyclerTest, TheAutomaticTimeIsNoChangeOfTheSong) {
+TEST_F(HeldNoteCyclerTest, TheAutomaticTimeDoesNotModifyTheSong) {
     const std::uint64_t changes = P.App.Storage.SongChanges.Count;
     Form.AutoTimeCheck = true;
     Form.Press({60, 64});
@@ -286,7 +286,7 @@ TEST_F(HeldNoteCyclerTest, TheAutomaticTimeIsNoChangeOfTheSong) {
     EXPECT_FALSE(P.App.Editing.EditHistory.Modified);
 }
 
-TEST_F(HeldNoteCyclerTest, ASongThatWasSavedWithTheAutomaticTimeHasIt) {
+TEST_F(HeldNoteCyclerTest, ASongSavedWithTheAutomaticTimeContainsIt) {
     Form.AutoTimeCheck = true;
     Form.Press({60});
     Step();
@@ -297,7 +297,7 @@ TEST_F(HeldNoteCyclerTest, ASongThatWasSavedWithTheAutomaticTimeHasIt) {
     EXPECT_TRUE(P.App.Editing.EditHistory.Modified);
 }
 
-TEST_F(HeldNoteCyclerTest, WithoutTheAutomaticTimeTheAlternateTimeStaysTheUsers) {
+TEST_F(HeldNoteCyclerTest, WithoutTheAutomaticTimeTheAlternateTimeIsNotChanged) {
     Fields.Song.AlternateTime.Type("100");
     Form.Press({60, 64, 67});
     Step();

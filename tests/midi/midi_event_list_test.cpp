@@ -91,13 +91,13 @@ TEST(MidiEventList, TempoChangesOfSeveralTracksAreTakenInOrderOfTime) {
     EXPECT_EQ(NotesOf(File(1, {slowLater, fastEarlier})), "1750 60");
 }
 
-TEST(MidiEventList, OfSeveralTempiAtOneTickTheLastOneHolds) {
+TEST(MidiEventList, TheLastOfSeveralTempiAtOneTickHolds) {
     EXPECT_EQ(NotesOf(File(1, {Track(Tempo(0, 1'000'000) + Tempo(0, 250'000) + On(96, 60))})), "250 60");
     EXPECT_EQ(NotesOf(File(1, {Track(Tempo(0, 1'000'000) + On(96, 60)), Track(Tempo(0, 250'000))})),
               "250 60");
 }
 
-TEST(MidiEventList, ATempoThatIsNoNumberChangesNothing) {
+TEST(MidiEventList, AnInvalidTempoChangesNothing) {
     const Bytes zero = {0, 0xFF, 0x51, 3, 0, 0, 0};
     const Bytes tooShort = {0, 0xFF, 0x51, 2, 7, 7};
     EXPECT_EQ(NotesOf(File(0, {Track(zero + tooShort + On(96, 60))})), "500 60");
@@ -130,7 +130,7 @@ TEST(MidiEventList, TracksOfFormat2FollowEachOtherEachWithItsOwnTempo) {
     EXPECT_EQ(NotesOf(File(2, {first, second})), "0 60, 1000 -60, 1250 70, 1500 -70");
 }
 
-TEST(MidiEventList, FramesGiveTimesThatNoTempoChanges) {
+TEST(MidiEventList, ADivisionInFramesIgnoresTempi) {
     const auto notes = [](std::uint32_t division) {
         return NotesOf(test::Header(0, 1, division) + Track(Tempo(0, 1'000'000) + On(200, 60)));
     };
@@ -149,7 +149,7 @@ TEST(MidiEventList, TimesBeyond32BitsOfTicksAreRight) {
     EXPECT_DOUBLE_EQ(events[20].AbsoluteMs, (20.0 * Longest + 96) * 500 / 96);
 }
 
-TEST(MidiEventList, ManyEmptyTracksAreNone) {
+TEST(MidiEventList, ManyEmptyTracksGiveNoEvents) {
     Bytes file = test::Header(1, 65535, 96);
     for (int i = 0; i < 65534; ++i)
         file.insert(file.end(), {'M', 'T', 'r', 'k', 0, 0, 0, 0});
@@ -160,7 +160,7 @@ TEST(MidiEventList, AFileWithoutEventsIsAnEmptyList) {
     EXPECT_TRUE(Decode(Content(test::Header(1, 1, 96) + test::TrackSaying(0, {}))).empty());
 }
 
-TEST(MidiEventList, SaysWhatItIsDoing) {
+TEST(MidiEventList, ReportsItsProgress) {
     std::vector<std::string> texts;
     DecodeMidiFile(Content(File(1, {Track(Tempo(0, 1)), Track(On(0, 60))})), [&](const std::string& text) {
         texts.push_back(text);
@@ -176,7 +176,7 @@ TEST(MidiEventList, SaysWhatItIsDoing) {
     EXPECT_EQ(texts.back(), "Decoding events... 100%");
 }
 
-TEST(MidiEventList, CanBeStoppedAtAnyText) {
+TEST(MidiEventList, CanBeStoppedAtAnyProgressReport) {
     const MidiFileContent content = Content(File(1, {Track(Tempo(0, 1)), Track(On(0, 60))}));
     std::size_t called = 0;
     std::size_t stopAt = 0;
@@ -191,7 +191,7 @@ TEST(MidiEventList, CanBeStoppedAtAnyText) {
 }
 
 // Against the simplest way to compute the same: each event's time step by step, then a stable sort.
-TEST(MidiEventList, IsWhatStepByStepReckoningGives) {
+TEST(MidiEventList, EqualsAStepByStepComputation) {
     std::minstd_rand random(1);
     const auto below = [&](std::uint32_t limit) { return static_cast<std::uint32_t>(random() % limit); };
     for (int round = 0; round < 200; ++round) {

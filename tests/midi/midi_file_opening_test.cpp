@@ -85,7 +85,7 @@ struct BadFile {
 };
 
 // A message with what is wrong and where; what was open stays, and goes on playing.
-TEST(MidiFileOpening, AFileThatCannotBePlayedIsToldOfAndTheOldOneStays) {
+TEST(MidiFileOpening, AFileThatCannotBePlayedIsReportedAndTheOldOneStays) {
     const std::string whole = TwoNotes;
     const std::string fault = "a data byte where a status byte was expected";
     const BadFile files[] = {
@@ -156,7 +156,7 @@ TEST(MidiFileOpening, AFileThatIsReadInPiecesIsTheSame) {
     EXPECT_THAT(p.TonesUntil(100), testing::StartsWith("0.0020 speaker 523 Hz 15 ms\n"));
 }
 
-TEST(MidiFileOpening, WhatCanStillBePlayedIsPlayedAndTheLogSaysWhatWasPutRight) {
+TEST(MidiFileOpening, ARepairedFileIsPlayedAndTheLogListsTheRepairs) {
     MidiFileProgram p;
     p.App.Log.Enable();
     p.Open(Cut(TwoNotes, TwoNotes.size() - 2));
@@ -225,7 +225,7 @@ TEST(MidiFileOpening, AnotherBrowsingMeanwhileIsIgnored) {
     EXPECT_EQ(p.Form.txtFile.Get(), "/music/song.mid");
 }
 
-TEST(MidiFileOpening, AReaderThatHasGoneIsToldOf) {
+TEST(MidiFileOpening, AReaderThatHasGoneIsReported) {
     MidiFileProgram p;
     p.MidiFiles.Real = nullptr;
     p.MidiFiles.LoadProblem = "It is gone.";

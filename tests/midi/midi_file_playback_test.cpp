@@ -126,7 +126,7 @@ TEST(MidiFilePlayback, WithTheOnlyOnceBoxAHeldChordIsPlayedOnce) {
     EXPECT_EQ(p.TonesUntil(400), "0.0020 speaker 523 Hz 15 ms\n0.0170 speaker 659 Hz 15 ms\n");
 }
 
-TEST(MidiFilePlayback, WhatIsNoNoteOfAKeyboardIsIgnored) {
+TEST(MidiFilePlayback, NotesOutsideTheKeyboardAreIgnored) {
     MidiFileProgram p;
     p.Open(MidiSong({{0, {0x90, 0x85, 96}},
                      {0, {0xA0, 60, 96}},
@@ -166,7 +166,7 @@ TEST(MidiFilePlayback, WithLoopThePositionShows100PercentAndPlaybackRestarts) {
     EXPECT_EQ(p.Position(), "100.00% 00:00.06");
 }
 
-TEST(MidiFilePlayback, AFileWithoutLengthLoopsWithoutHangingUp) {
+TEST(MidiFilePlayback, AFileOfLengthZeroLoopsAndTheProgramStaysUsable) {
     MidiFileProgram p;
     p.Open(MidiSong({{0, NoteOnOf(60)}, {0, NoteOffOf(60)}}));
     p.Form.chkLoop = true;
@@ -184,7 +184,7 @@ TEST(MidiFilePlayback, ANoteWithoutAnEndIsReleasedWhenTheFileStartsAgain) {
     EXPECT_FALSE(p.Form.GetMIDINoteIsOn(64));
 }
 
-TEST(MidiFilePlayback, RewoundWhilePlayingItPlaysFromTheBeginning) {
+TEST(MidiFilePlayback, RewindingWhilePlayingPlaysFromTheBeginning) {
     MidiFileProgram p;
     p.Open(TwoNotes);
     p.PlayAt(0);
@@ -194,7 +194,7 @@ TEST(MidiFilePlayback, RewoundWhilePlayingItPlaysFromTheBeginning) {
     EXPECT_EQ(p.TonesUntil(100), "0.0770 speaker 523 Hz 15 ms\n0.0920 speaker 659 Hz 15 ms\n");
 }
 
-TEST(MidiFilePlayback, RewoundWhileStoppedItStaysSo) {
+TEST(MidiFilePlayback, RewindingWhileStoppedStaysStopped) {
     MidiFileProgram p;
     p.Open(TwoNotes);
     p.PlayAt(0);
@@ -279,7 +279,7 @@ TEST(MidiFilePlayback, ThePulsesGoToTheOutputThatIsInUse) {
               "0.0620 midi out 80 40 00\n");
 }
 
-TEST(MidiFilePlayback, StoppedInTheMiddleOfAToneItStaysStopped) {
+TEST(MidiFilePlayback, StoppingInTheMiddleOfAToneStaysStopped) {
     MidiFileProgram p;
     p.Open(MidiSong({{0, NoteOnOf(60)}, {1000, NoteOffOf(60)}}));
     p.App.Fields.Output.MutePCSpeaker = true;  // such a tone lets handlers run
@@ -292,7 +292,7 @@ TEST(MidiFilePlayback, StoppedInTheMiddleOfAToneItStaysStopped) {
 }
 
 // The last note has no end, so the last step sounds, and in its wait the user is quicker than the program.
-TEST(MidiFilePlayback, WhatIsPressedInTheLastToneOvertakesTheLoop) {
+TEST(MidiFilePlayback, AClickDuringTheLastToneComesBeforeTheLoop) {
     const auto played = [](const std::function<void(MidiFileProgram&)>& press) {
         MidiFileProgram p;
         p.Open(MidiSong({{0, NoteOnOf(60)}, {28, {0xC0, 1}}}));
@@ -310,7 +310,7 @@ TEST(MidiFilePlayback, WhatIsPressedInTheLastToneOvertakesTheLoop) {
     EXPECT_FALSE(played([](MidiFileProgram& p) { p.Open(TwoNotes); }));
 }
 
-TEST(MidiFilePlayback, TheProgramClosedInTheMiddlePlaysNothingMore) {
+TEST(MidiFilePlayback, AfterTheProgramIsClosedNoMoreTonesArePlayed) {
     MidiFileProgram p;
     p.Open(MidiSong({{0, NoteOnOf(60)}, {1000, NoteOffOf(60)}}));
     p.PlayAt(0);

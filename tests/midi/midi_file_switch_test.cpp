@@ -88,7 +88,7 @@ TEST(MidiFileSwitch, UntickingStopsPlaybackAndTickingLetsItResume) {
     EXPECT_EQ(p.TonesUntil(1030), "1.0150 speaker 659 Hz 15 ms\n");
 }
 
-TEST(MidiFileSwitch, UntickingLeavesTheAlternateTimeOfWhoHasNotPlayed) {
+TEST(MidiFileSwitch, UntickingBeforePlayingKeepsTheAlternateTime) {
     MidiFileProgram p;
     p.App.Fields.Mods.UseMIDIFile.Ticked = false;
     EXPECT_EQ(p.App.Fields.Song.AlternateTime.Text(), "20");
@@ -122,7 +122,7 @@ TEST(MidiFileSwitch, TheProgramClosedWhileTheControlRegistersShowsNothing) {
     EXPECT_THAT(p.Boxes.Shown(), IsEmpty());
 }
 
-TEST(MidiFileSwitch, UntickedWhileTheControlRegistersItStaysOff) {
+TEST(MidiFileSwitch, UntickingWhileTheControlRegistersKeepsItOff) {
     SimulatedProgram p;
     p.Disk.Put("/program/midifl32.ocx", "the control");
     p.Time.At(50, [&] { p.App.Fields.Mods.UseMIDIFile.Ticked = false; });
@@ -131,7 +131,7 @@ TEST(MidiFileSwitch, UntickedWhileTheControlRegistersItStaysOff) {
     EXPECT_TRUE(p.App.Fields.Mods.UseMIDIIn.Enabled);
 }
 
-TEST(MidiFileSwitch, TickedWhileMidiInputIsInstalledItIsTheOneThatIsOn) {
+TEST(MidiFileSwitch, TickingItWhileMidiInputIsInstalledSwitchesMidiInputOff) {
     SimulatedProgram p;
     p.Disk.Put(ControlFile, "the control");
     p.Disk.Put("/program/midiio32.ocx", "the other control");
@@ -146,7 +146,7 @@ TEST(MidiFileSwitch, TickedWhileMidiInputIsInstalledItIsTheOneThatIsOn) {
     EXPECT_FALSE(p.App.Playing.MidiInput.MIDIInFormVisible);
 }
 
-TEST(MidiFileSwitch, WhileItIsInstalledMidiInputCanBeTickedInstead) {
+TEST(MidiFileSwitch, TickingMidiInputWhileItIsInstalledSwitchesItOff) {
     SimulatedProgram p;
     p.Disk.Put("/program/midifl32.ocx", "the control");
     p.Disk.Put("/windows/system32/midiio32.ocx", "the other control");
@@ -160,7 +160,7 @@ TEST(MidiFileSwitch, WhileItIsInstalledMidiInputCanBeTickedInstead) {
     EXPECT_FALSE(p.App.Playing.MidiFilePlayback.MIDIFileFormVisible);
 }
 
-TEST(MidiFileSwitch, AFileNamedFromOutsideSwitchesMidiInputOff) {
+TEST(MidiFileSwitch, AFileOnTheCommandLineSwitchesMidiInputOff) {
     SimulatedProgram p;
     p.Disk.Put(ControlFile, "the control");
     p.Disk.Put("/windows/system32/midiio32.ocx", "the other control");
@@ -172,7 +172,7 @@ TEST(MidiFileSwitch, AFileNamedFromOutsideSwitchesMidiInputOff) {
     EXPECT_FALSE(p.App.Playing.MidiInput.MIDIInIsOpen);
 }
 
-TEST(MidiFileSwitch, ABrokenControlIsToldOf) {
+TEST(MidiFileSwitch, ABrokenControlIsReported) {
     SimulatedProgram p;
     p.Disk.Put(ControlFile, "no library");
     p.MidiFiles.LoadProblem = "It is no library.";
@@ -183,7 +183,7 @@ TEST(MidiFileSwitch, ABrokenControlIsToldOf) {
     EXPECT_FALSE(p.App.Playing.MidiFilePlayback.MIDIFileFormVisible);
 }
 
-TEST(MidiFileSwitch, AFileNamedFromOutsideSwitchesOnAndOpens) {
+TEST(MidiFileSwitch, AFileOnTheCommandLineSwitchesItOnAndIsOpened) {
     SimulatedProgram p;
     ModuleMidiFileReader reader(QUAVIX_MIDI_FILE_MODULE);
     p.MidiFiles.Real = &reader;
@@ -195,7 +195,7 @@ TEST(MidiFileSwitch, AFileNamedFromOutsideSwitchesOnAndOpens) {
     EXPECT_FALSE(p.App.Playing.MidiFilePlayback.IsPlaying());
 }
 
-TEST(MidiFileSwitch, AFileNamedFromOutsideIsNotOpenedWhereTheModCanNotBeSwitchedOn) {
+TEST(MidiFileSwitch, AFileOnTheCommandLineIsNotOpenedIfTheModCannotBeSwitchedOn) {
     SimulatedProgram p;
     p.Disk.Put("song.mid", test::TwoNotes);
     p.App.Playing.MidiFilePlayback.UseFile("song.mid");

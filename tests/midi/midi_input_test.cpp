@@ -87,7 +87,7 @@ TEST_F(MidiInputTest, UntickingTheBoxClosesTheDeviceAndHidesTheWindow) {
     EXPECT_EQ(P.Timeline.Text(), "0.0000 midi in closes\n");
 }
 
-TEST_F(MidiInputTest, TheBoxOfMidiFilesIsGreyMeanwhile) {
+TEST_F(MidiInputTest, TheMidiFileBoxIsGreyWhileItIsTicked) {
     Fields.Mods.UseMIDIIn.Ticked = true;
     EXPECT_FALSE(Fields.Mods.UseMIDIFile.Enabled);
     Fields.Mods.UseMIDIIn.Ticked = false;
@@ -106,7 +106,7 @@ TEST_F(MidiInputTest, WithoutItsControlTheBoxDoesNotStayTicked) {
     EXPECT_EQ(Fields.Song.AlternateTime.Text(), "20") << "no cycle runs";
 }
 
-TEST_F(MidiInputTest, AControlThatCannotBeLoadedIsToldOf) {
+TEST_F(MidiInputTest, AControlThatCannotBeLoadedIsReported) {
     P.MidiIn.LoadProblem = "It is not a library.";
     Fields.Mods.UseMIDIIn.Ticked = true;
     ASSERT_EQ(P.Boxes.Shown().size(), 1U);
@@ -140,7 +140,7 @@ TEST_F(MidiInputTest, WithoutDevicesAMessageIsShownOnceAndTheBoxGreyedOut) {
     EXPECT_EQ(Fields.Song.AlternateTime.Text(), "20") << "the timer is disabled";
 }
 
-TEST_F(MidiInputTest, ADeviceThatDoesNotOpenIsToldOfAndStopsTheMusic) {
+TEST_F(MidiInputTest, ADeviceThatDoesNotOpenIsReportedAndStopsTheMusic) {
     P.MidiIn.OpenProblem = "It is in use.";
     Fields.State.MusicIsPlaying = true;
     P.App.Log.Enable();
@@ -200,7 +200,7 @@ TEST_F(MidiInputTest, DevicesOfOneNameKeepTheirPlaces) {
     EXPECT_EQ(Midi.cmbMIDIInDevice, 1);
 }
 
-TEST_F(MidiInputTest, TickedAgainItOpensTheDeviceThatWasChosenWhereverItIsNow) {
+TEST_F(MidiInputTest, TickingAgainOpensTheChosenDeviceAtItsNewPlace) {
     SwitchOn();
     Midi.cmbMIDIInDevice_Click(1);
     Fields.Mods.UseMIDIIn.Ticked = false;
@@ -288,7 +288,7 @@ TEST_F(MidiInputTest, UntickedChannelsAreNotListenedTo) {
     EXPECT_EQ(Held(), "40 ");
 }
 
-TEST_F(MidiInputTest, PlayedOnceANoteSoundsWithoutRepetition) {
+TEST_F(MidiInputTest, WithPlayOnlyOnceANoteSoundsOnce) {
     SwitchOn();
     Midi.OnlyOnceCheck = true;
     P.MidiIn.ArriveAt(1, {On(60)});
@@ -336,7 +336,7 @@ TEST_F(MidiInputTest, ADeviceThatIsUnpluggedReleasesItsNotesIsToldOfOnceAndCanBe
     EXPECT_EQ(P.Boxes.Shown().size(), 2U) << "once each time";
 }
 
-TEST_F(MidiInputTest, WhatADeviceSentBeforeItVanishedIsReleasedToo) {
+TEST_F(MidiInputTest, NotesSentBeforeTheDeviceVanishedAreReleased) {
     SwitchOn();
     P.MidiIn.VanishAt(5);
     P.MidiIn.ArriveAt(5, {On(60)});
@@ -344,7 +344,7 @@ TEST_F(MidiInputTest, WhatADeviceSentBeforeItVanishedIsReleasedToo) {
     EXPECT_EQ(Held(), "");
 }
 
-TEST_F(MidiInputTest, UntickedWithAVanishedDeviceItCanBeTickedAgain) {
+TEST_F(MidiInputTest, AfterUntickingWithAVanishedDeviceItCanBeTickedAgain) {
     SwitchOn();
     P.MidiIn.VanishAt(5);
     P.Time.RunUntil(10);
@@ -482,7 +482,7 @@ TEST_F(MidiInputTest, ThroughThePortamentoTheSpeakerGlidesFromPulseToPulse) {
     EXPECT_NE(speaker.find("550 Hz 30 ms"), std::string::npos) << speaker;
 }
 
-TEST_F(MidiInputTest, AStepThatFailsSwitchesTheModOffInsteadOfTellingItAgainAndAgain) {
+TEST_F(MidiInputTest, AFailingStepSwitchesTheModOff) {
     P.Disk.Put("/program/tonecode.txt", "");
     P.App.Outputs.ToneCode.UseWriteCode = true;
     SwitchOn();

@@ -23,14 +23,14 @@ std::int32_t ErrorOf(std::int32_t noteNum, std::int32_t octaveNum) {
     }
 }
 
-TEST(MidiNotes, ANotesNumberIsTwelvePerOctave) {
+TEST(MidiNotes, AnOctaveHasTwelveNumbers) {
     EXPECT_EQ(NoteToMIDI(0, 0), 0);
     EXPECT_EQ(NoteToMIDI(0, 5), 60);
     EXPECT_EQ(NoteToMIDI(9, 4), 57) << "the speaker's 440 Hz is an octave lower on a synthesizer";
     EXPECT_EQ(NoteToMIDI(7, 10), 127);
 }
 
-TEST(MidiNotes, NumbersAreNotHeldToTheRangeOfMidi) {
+TEST(MidiNotes, NumbersAreNotClampedToTheMidiRange) {
     EXPECT_EQ(NoteToMIDI(11, 10), 131);
     EXPECT_EQ(NoteToMIDI(-1, 0), -1);
     EXPECT_EQ(NoteToMIDI(0, -1), -12);

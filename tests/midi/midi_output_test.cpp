@@ -99,7 +99,7 @@ TEST_F(MidiOutputTest, AControlThatCannotBeCopiedIsARunTimeErrorAndCanBeTriedAga
     EXPECT_TRUE(Fields.Mods.UseMIDIOut.InUse);
 }
 
-TEST_F(MidiOutputTest, AControlThatCannotBeLoadedIsToldOfAndCanBeTriedAgain) {
+TEST_F(MidiOutputTest, AControlThatCannotBeLoadedIsReportedAndCanBeTriedAgain) {
     P.MidiOut.LoadProblem =
         "The file \"/windows/system32/midiio32.ocx\" lacks the function QuavixMidiIoSend.";
     Fields.Mods.UseMIDIOut.Ticked = true;
@@ -231,7 +231,7 @@ TEST_F(MidiOutputTest, ANoteOnHasTheFixedVelocityAndTheCurrentChannelAndIsLogged
     EXPECT_EQ(P.LogText(), "MIDINoteOn(127)\n");
 }
 
-TEST_F(MidiOutputTest, NotesThatNoMessageCanHoldAreLoggedAndNotSent) {
+TEST_F(MidiOutputTest, NotesOutsideTheMidiRangeAreLoggedAndNotSent) {
     SwitchOn();
     P.App.Log.Enable();
     for (const std::int32_t note : {-1, 128, 131, INT32_MAX, INT32_MIN}) {
@@ -259,7 +259,7 @@ TEST_F(MidiOutputTest, ChangingTheChannelSendsTheInstrumentAndANoteOffForEveryNo
     EXPECT_EQ(texts[16], "The device is open (simulated).");
 }
 
-TEST_F(MidiOutputTest, HoweverSlowTheDeviceNoNoteOffIsLostAndTheWindowStaysAlive) {
+TEST_F(MidiOutputTest, ASlowDeviceLosesNoNoteOffAndTheWindowStaysUsable) {
     SwitchOn();
     P.MidiOut.BeSlow(3, 5);
     int clicks = 0;
@@ -275,7 +275,7 @@ TEST_F(MidiOutputTest, HoweverSlowTheDeviceNoNoteOffIsLostAndTheWindowStaysAlive
     EXPECT_LE(P.Time.Now(), 2049 / 3 * 5 * SimulatedTime::CountsPerMs) << "no longer than it takes";
 }
 
-TEST_F(MidiOutputTest, AChannelChosenWhileAnotherIsBeingSilencedTakesTheRestOver) {
+TEST_F(MidiOutputTest, AChannelChosenDuringSilencingGetsTheRemainingNoteOffs) {
     SwitchOn();
     P.MidiOut.BeSlow(1, 1);
     P.Time.At(500, [&] { Midi.cmbChannel_Click(9); });
@@ -314,7 +314,7 @@ TEST_F(MidiOutputTest, UntickingTheBoxEndsTheWaitForASlowDevice) {
     EXPECT_TRUE(P.Boxes.Shown().empty());
 }
 
-TEST_F(MidiOutputTest, ADeviceThatVanishesIsToldOfOnceAndTheMusicGoesOn) {
+TEST_F(MidiOutputTest, AVanishedDeviceIsReportedOnceAndTheMusicGoesOn) {
     P.SetSong({"Quarter A4 - -", "Quarter C5 - -", "Quarter E5 - -"});
     SwitchOn();
     P.MidiOut.VanishAt(600);
@@ -377,7 +377,7 @@ TEST_F(MidiOutputTest, TickedAgainItOpensTheDeviceThatWasChosenOrElseTheFirst) {
     EXPECT_TRUE(P.Boxes.Shown().empty());
 }
 
-TEST_F(MidiOutputTest, OfDevicesWithOneNameTheOneInTheSamePlaceStaysChosen) {
+TEST_F(MidiOutputTest, AmongDevicesOfOneNameTheOneAtTheSamePositionStaysChosen) {
     P.MidiOut.Devices = {"Synthesizer", "Synthesizer"};
     SwitchOn();
     Midi.cmbMIDIOutDevice_Click(2);
@@ -385,7 +385,7 @@ TEST_F(MidiOutputTest, OfDevicesWithOneNameTheOneInTheSamePlaceStaysChosen) {
     EXPECT_EQ(Midi.Fields.cmbMIDIOutDevice, 2);
 }
 
-TEST_F(MidiOutputTest, WhatSoundsIsEndedBeforeItsDeviceIsClosed) {
+TEST_F(MidiOutputTest, SoundingNotesEndBeforeTheDeviceIsClosed) {
     SwitchOn();
     Midi.MIDINoteOn(60);
     Midi.MIDINoteOn(64);
@@ -400,7 +400,7 @@ TEST_F(MidiOutputTest, WhatSoundsIsEndedBeforeItsDeviceIsClosed) {
     EXPECT_EQ(Sent(), "0.0000 midi out closes\n") << "nothing sounds there";
 }
 
-TEST_F(MidiOutputTest, UntickedInTheMiddleOfANoteItLeavesNoneHanging) {
+TEST_F(MidiOutputTest, UntickingInTheMiddleOfANoteEndsTheNote) {
     SwitchOn();
     Fields.Output.MutePCSpeaker = true;
     P.Time.At(50, [&] { Fields.Mods.UseMIDIOut.Ticked = false; });
@@ -437,7 +437,7 @@ TEST_F(MidiOutputTest, TheProgramsEndEndsTheNotesAndClosesTheDevice) {
         << P.LogText();
 }
 
-TEST_F(MidiOutputTest, TheProgramsEndWaitsForABusyDeviceOnlyAMoment) {
+TEST_F(MidiOutputTest, ClosingTheProgramWaitsForABusyDeviceOnlyAMoment) {
     SwitchOn();
     P.MidiOut.BeSlow(1, 60'000);
     Midi.MIDINoteOn(60);
@@ -447,7 +447,7 @@ TEST_F(MidiOutputTest, TheProgramsEndWaitsForABusyDeviceOnlyAMoment) {
     EXPECT_FALSE(P.App.Outputs.MidiOutput.MIDIOutIsOpen);
 }
 
-TEST_F(MidiOutputTest, WhileTheProgramEndsNothingIsScannedOrOpened) {
+TEST_F(MidiOutputTest, DuringTheProgramsEndNoDeviceIsScannedOrOpened) {
     Fields.State.ShuttingDown = true;
     P.App.Log.Enable();
     Midi.SetUpComboBox();
@@ -482,7 +482,7 @@ TEST_F(MidiOutputTest, ANoteSoundsOnTheSoundCardTooAndTheMotorComesFirst) {
     EXPECT_NE(P.Timeline.Text().find("0.1000 serial #0P1294"), std::string::npos);
 }
 
-TEST_F(MidiOutputTest, ANoteInTheMiddleOfANoteIsBracketedByItsOwnMessages) {
+TEST_F(MidiOutputTest, ANoteInsideANoteHasItsOwnNoteOnAndNoteOff) {
     SwitchOn();
     Fields.Output.MutePCSpeaker = true;
     P.Time.At(40, [&] { Beep("C5", 20); });

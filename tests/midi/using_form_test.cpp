@@ -100,7 +100,7 @@ TEST_F(UsingFormTest, ANoteThatHasPlayedIsNotOnUntilItIsReleasedAndStruckAgain) 
     EXPECT_TRUE(Form.GetMIDINoteIsOn(60));
 }
 
-TEST_F(UsingFormTest, TheLowestAndTheHighestNoteAreThere) {
+TEST_F(UsingFormTest, TheLowestAndTheHighestNoteAreAccepted) {
     Form.TakeMessage(0x90, 0, 1);
     Form.TakeMessage(0x90, 127, 1);
     EXPECT_EQ(Held(), "0 127 ");

@@ -20,20 +20,20 @@ std::string DetailOf(const Bytes& file) {
     return reading.Detail;
 }
 
-TEST(MidiFileFaults, WhatIsNoMidiFileSaysWhatItBeginsWith) {
+TEST(MidiFileFaults, AnotherFileIsRefusedWithItsFirstBytes) {
     EXPECT_EQ(DetailOf({}), "Byte 0: the file is empty.");
     EXPECT_EQ(DetailOf(Text("MTh")), "Byte 0: not a MIDI file, which begins with 4D 54 68 64 (\"MThd\").");
     EXPECT_EQ(DetailOf(Text("%PDF-1.7")),
               "Byte 0: not a MIDI file, which begins with 4D 54 68 64 (\"MThd\"), not 25 50 44 46.");
 }
 
-TEST(MidiFileFaults, AHeaderThatIsCutOffSaysSo) {
+TEST(MidiFileFaults, ATruncatedHeaderIsReported) {
     EXPECT_EQ(DetailOf(Text("MThd")), "Byte 4: the file ends within its header.");
     const Bytes whole = Header(0, 1, 96);
     EXPECT_EQ(DetailOf({whole.begin(), whole.end() - 1}), "Byte 13: the file ends within its header.");
 }
 
-TEST(MidiFileFaults, ADivisionThatGivesNoTimesSaysSo) {
+TEST(MidiFileFaults, AnUnusableDivisionIsReported) {
     EXPECT_EQ(DetailOf(Header(0, 1, 0) + Track(Notes)),
               "Byte 12: the division is 0 ticks in a quarter note, so no event has a time.");
     EXPECT_EQ(DetailOf(Header(0, 1, 0xE700) + Track(Notes)),
@@ -44,13 +44,13 @@ TEST(MidiFileFaults, ADivisionThatGivesNoTimesSaysSo) {
               "Byte 12: the times are in 128 frames a second, which is not 24, 25, 29 or 30.");
 }
 
-TEST(MidiFileFaults, AFileWithoutTrackSaysSo) {
+TEST(MidiFileFaults, AFileWithoutTracksIsReported) {
     EXPECT_EQ(DetailOf(Header(1, 1, 96)), "Byte 14: the file has no track.");
     EXPECT_EQ(DetailOf(Header(0, 0, 96) + Text("MTr")), "Byte 14: the file has no track.");
     EXPECT_EQ(DetailOf(Header(1, 1, 96) + Text("MTrk\0\0")), "Byte 14: the file has no track.");
 }
 
-TEST(MidiFileFaults, RiffFilesWithoutMidiSaySo) {
+TEST(MidiFileFaults, ARiffFileWithoutMidiIsReported) {
     EXPECT_EQ(DetailOf(Text("RIFF\x10...WAVEfmt ")),
               "Byte 8: a RIFF file, but not one that holds MIDI (\"RMID\").");
     EXPECT_EQ(DetailOf(Text("RIFF....RMIDLIST\x04") + Bytes{0, 0, 0} + Text("INFO")),
@@ -184,7 +184,7 @@ TEST(MidiFileFaults, SystemMessagesAreSteppedOver) {
               "0:F2 01 02, 0:F3 01 00, 0:F8 00 00, 0:FE 00 00, 0:F6 00 00, " + std::string(Played));
 }
 
-TEST(MidiFileFaults, TemposWithoutAUsableNumberAreNone) {
+TEST(MidiFileFaults, UnusableTemposAreIgnored) {
     const Bytes tempos = Bytes{0, 0xFF, 0x51, 2, 1, 2} + Bytes{0, 0xFF, 0x51, 3, 0, 0, 0} +
                          Bytes{0, 0xFF, 0x51, 4, 0, 1, 0, 9} + Bytes{0, 0xFF, 0x51, 0};
     EXPECT_EQ(Read(File(0, {Track(tempos)})).Text(),
@@ -226,7 +226,7 @@ TEST(MidiFileFaults, DamageEndsItsTrackAndNoOther) {
     }
 }
 
-TEST(MidiFileFaults, RemarksComeToAnEnd) {
+TEST(MidiFileFaults, TheNumberOfRemarksIsLimited) {
     Bytes file = Header(1, 200, 96);
     for (int i = 0; i < 200; ++i)
         file = std::move(file) + TrackSaying(1, {0x81});

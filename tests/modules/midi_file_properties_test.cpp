@@ -105,7 +105,7 @@ void ExpectSense(const Reading& reading, std::uint32_t seed) {
     }
 }
 
-TEST(MidiFileProperties, WhatIsWrittenIsRead) {
+TEST(MidiFileProperties, WrittenFilesReadBackTheSame) {
     for (std::uint32_t seed = 1; seed <= 200; ++seed) {
         const GeneratedFile file = Generate(seed);
         const Reading reading = Read(file.Content);
@@ -128,7 +128,7 @@ TEST(MidiFileProperties, AFileCutAnywhereGivesTheBeginningOfWhatItHeld) {
     }
 }
 
-TEST(MidiFileProperties, ChangedBytesGiveAFileOrAnAnswer) {
+TEST(MidiFileProperties, ChangedBytesGiveAFileOrAReason) {
     for (std::uint32_t seed = 1; seed <= 1000; ++seed) {
         GeneratedFile file = Generate(seed % 50);
         Generator generator(seed);

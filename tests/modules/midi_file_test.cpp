@@ -212,7 +212,7 @@ TEST(MidiFile, TheCallersFunctionsStopTheReadingAtOnce) {
     }
 }
 
-TEST(MidiFile, CallsThatCanNotBeAreRefused) {
+TEST(MidiFile, InvalidCallsAreRefused) {
     const Bytes file = File(0, {Track({})});
     QuavixMidiFileSink sink{};
     EXPECT_EQ(QuavixMidiFileRead(file.data(), file.size(), &sink, nullptr, 0), QUAVIX_MIDI_FILE_BAD_ARGUMENT);
@@ -224,7 +224,7 @@ TEST(MidiFile, CallsThatCanNotBeAreRefused) {
     EXPECT_EQ(QuavixMidiFileVersion(), QUAVIX_MIDI_FILE_VERSION);
 }
 
-TEST(MidiFile, ADetailIsCutWhereTheBufferIsShort) {
+TEST(MidiFile, ADetailIsTruncatedToTheBuffer) {
     QuavixMidiFileSink sink{};
     sink.Events = [](void*, std::uint32_t, const QuavixMidiFileEvent*, std::size_t) { return 0; };
     char detail[] = "0123456789ABCDEF";

@@ -94,7 +94,7 @@ TEST(MessageQueue, MessagesComeInOrderFromAnotherThread) {
     sender.join();
 }
 
-TEST(MessageQueue, WhatFindsNoRoomIsLostAndThatIsTold) {
+TEST(MessageQueue, OverflowingMessagesAreLostAndTheLossIsReported) {
     MessageQueue queue;
     for (int i = 0; i < 20000; ++i)
         queue.Put({0x90, 60, 1});

@@ -82,7 +82,7 @@ TEST_F(EditHistoryTest, ANewStepForgetsWhatCouldBeRedone) {
     EXPECT_EQ(App.List.Line(2).Note1, "");
 }
 
-TEST_F(EditHistoryTest, ACommandThatChangesNoTextIsNoStep) {
+TEST_F(EditHistoryTest, ACommandThatChangesNoTextAddsNoStep) {
     App.List.Select(3);
     App.Editing.ListEditing.ClearNote2Button_Click();
     App.Editing.ListEditing.UnselectButton_Click();
@@ -118,7 +118,7 @@ TEST_F(EditHistoryTest, ChangesOutsideAnyGestureGatherInOneStep) {
     EXPECT_FALSE(App.Editing.EditHistory.CanUndo);
 }
 
-TEST_F(EditHistoryTest, ManyRowsThatComeOneByOneAreUndoneAtOnce) {
+TEST_F(EditHistoryTest, RowsAddedOneByOneAreUndoneTogether) {
     constexpr std::int32_t Rows = 200'000;
     App.List.Select(2);
     for (std::int32_t row = 0; row < Rows; ++row)
@@ -137,14 +137,14 @@ TEST_F(EditHistoryTest, ManyRowsThatComeOneByOneAreUndoneAtOnce) {
     EXPECT_TRUE(App.List.IsSelected(4));
 }
 
-TEST_F(EditHistoryTest, AChangeThatIsTakenBackByHandIsNoStep) {
+TEST_F(EditHistoryTest, AChangeRevertedByHandAddsNoStep) {
     App.List.SetText(1, Cell::Note1, "G4");
     App.List.SetText(1, Cell::Note1, "C4");
     EXPECT_FALSE(App.Editing.EditHistory.CanUndo);
     EXPECT_FALSE(App.Editing.EditHistory.Modified);
 }
 
-TEST_F(EditHistoryTest, PlayingChangesNothingThatCouldBeUndone) {
+TEST_F(EditHistoryTest, PlayingAddsNoStep) {
     App.List.Select(1);
     App.Editing.ListEditing.ClearNote2Button_Click();
     App.Editing.EditHistory.Undo();
@@ -155,7 +155,7 @@ TEST_F(EditHistoryTest, PlayingChangesNothingThatCouldBeUndone) {
     EXPECT_FALSE(App.Editing.EditHistory.Modified);
 }
 
-TEST_F(EditHistoryTest, PlayingALineOfAnotherSpellingIsNoStepAndKeepsWhatCanBeRedone) {
+TEST_F(EditHistoryTest, PlayingALineOfAnotherSpellingAddsNoStepAndKeepsTheRedoSteps) {
     App.List.SetText(1, Cell::Mod, "other");
     App.List.SetText(2, Cell::Mod, "DOT");
     App.List.SetText(3, Cell::Mod, "Tri and more");
@@ -173,7 +173,7 @@ TEST_F(EditHistoryTest, PlayingALineOfAnotherSpellingIsNoStepAndKeepsWhatCanBeRe
     EXPECT_FALSE(App.Editing.EditHistory.Modified);
 }
 
-TEST_F(EditHistoryTest, UntickingABoxIsNotNamedAsTickingItIs) {
+TEST_F(EditHistoryTest, UntickingABoxHasItsOwnStepName) {
     App.List.Select(1);
     App.Editing.DottedTripletBoxes.UpdateModButtons();
     App.Fields.Entry.ModDottedCheck = false;
@@ -445,7 +445,7 @@ TEST(EditHistoryOfAnything, UndoesToTheStartAndRedoesToTheEnd) {
     }
 }
 
-TEST(EditStep, HoldsATextThatIsGivenToRowAfterRowAsOneChange) {
+TEST(EditStep, ATextWrittenToManyRowsIsStoredOnce) {
     const auto write = [](std::int32_t row, TextPool::Id before, TextPool::Id after) {
         return EditChange{.What = EditChange::Kind::CellWritten,
                           .Rows = {row},

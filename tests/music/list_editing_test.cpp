@@ -138,7 +138,7 @@ TEST_F(ListEditingTest, OnlyOneOfTheTwoNoteColumnsIsChosen) {
     EXPECT_TRUE(App.Fields.Entry.AddNote1Option);
 }
 
-TEST_F(ListEditingTest, ErasingWhileThePlayedLineSoundsGoesOn) {
+TEST_F(ListEditingTest, ErasingTheSoundingLineLetsPlaybackGoOn) {
     App.Fields.Output.MutePCSpeaker = true;
     App.Fields.Song.BPM.Set(600);
     Time.At(150, [this] { App.Editing.ListEditing.Command1_Click(); });

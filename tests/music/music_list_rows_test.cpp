@@ -96,7 +96,7 @@ TEST(MusicListRows, AreTheSameAtOnceAsOneByOne) {
     }
 }
 
-TEST(MusicListRows, AreAResetToWhoeverKnowsNoBetter) {
+TEST(MusicListRows, AreAResetForObserversWithoutRowRuns) {
     MusicList list;
     Fill(list, 4);
     list.Select(2);

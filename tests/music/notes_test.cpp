@@ -115,7 +115,7 @@ double EquivalentLength(const char* length, std::string mod) {
     return GetEquivalentLength(length, mod);
 }
 
-TEST(Lengths, AreInWholeNotesAndModsChangeThem) {
+TEST(Lengths, LengthsAreInWholeNotesAndModsChangeThem) {
     EXPECT_EQ(EquivalentLength("Whole", ""), 1.0);
     EXPECT_EQ(EquivalentLength("1/16", ""), 0.0625);
     EXPECT_EQ(EquivalentLength("Quarter", "Dot"), 0.375);
@@ -140,7 +140,7 @@ TEST(Lengths, TheModTextComesBackInLowerCase) {
     EXPECT_EQ(mod, "dot Ä");
 }
 
-TEST(Lengths, NoRemainderMeansWhole) {
+TEST(Lengths, ARemainderOfZeroMeansWhole) {
     EXPECT_TRUE(NoRemainder(3.0F));
     EXPECT_FALSE(NoRemainder(2.5F));
     EXPECT_TRUE(NoRemainder(-1.0F));

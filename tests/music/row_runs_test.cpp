@@ -20,7 +20,7 @@ TEST(RowRuns, JoinWhatTouchesOrOverlaps) {
     EXPECT_EQ(RowRuns().Rows(), Rows());
 }
 
-TEST(RowRuns, CostNothingForTheirLength) {
+TEST(RowRuns, UseNoMemoryForTheirLength) {
     constexpr std::int32_t Most = 2'000'000'000;
     RowRuns all({{1, Most}});
     all.RowsInserted(Rows{1000});

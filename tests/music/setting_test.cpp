@@ -72,7 +72,7 @@ TEST(Setting, TheKeyboardOctaveHasALowestValueButNoHighest) {
     EXPECT_EQ(octave, 12);
 }
 
-TEST(Setting, TypingWhatIsNoOctaveAtAllRaisesNoErrorButMarksTheField) {
+TEST(Setting, TypingAnImpossibleOctaveMarksTheFieldAndRaisesNoError) {
     Setting octave(parameter::KeyboardOctave);
     for (const char* text : {"300", "255.6", "1e300"}) {
         EXPECT_NO_THROW(octave.Type(text));
@@ -235,7 +235,7 @@ TEST(Setting, ANumberThatItsTypeDoesNotHoldChangesNothing) {
     EXPECT_EQ(time.State().Get(), before);
 }
 
-TEST(Setting, ATimeOfDayIsTypedInTwoDigitsAndNoneWhileItIsMarkedOrEmpty) {
+TEST(Setting, ATimeOfDayHasTwoDigitsAndNoValueWhileItIsMarkedOrEmpty) {
     Setting minute(parameter::Minute);
     for (const char* text : {"07", "a", "123", " 1", "-1"})
         minute.Type(text);

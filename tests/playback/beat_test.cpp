@@ -43,13 +43,13 @@ TEST_F(BeatTest, IsThreeFallingTonesBeforeTheLinesNoteWhoseEndStays) {
               "0.0450 speaker 440 Hz 205 ms\n");
 }
 
-TEST_F(BeatTest, NoLineBeginsWithItUntilItIsTicked) {
+TEST_F(BeatTest, SoundsOnlyWhileItIsTicked) {
     P.SetSong({"Quarter A4 - -"});
     PlayAllOnce();
     EXPECT_EQ(Kicks(), "");
 }
 
-TEST_F(BeatTest, FallsOnlyOnLinesThatStartOnAWholeBeat) {
+TEST_F(BeatTest, SoundsOnlyOnLinesThatStartOnAWholeBeat) {
     // Beats 1, 2, 2.5, 3, 3.25 and 4.
     P.SetSong({"Quarter - - -", "1/8 - - -", "1/8 - - -", "1/16 - - -", "1/8 - - Dot", "Quarter - - -"});
     Fields.Mods.UseBeat.Ticked = true;
@@ -57,7 +57,7 @@ TEST_F(BeatTest, FallsOnlyOnLinesThatStartOnAWholeBeat) {
     EXPECT_EQ(Kicks(), "0 510 1005 1500 ");
 }
 
-TEST_F(BeatTest, OnEveryOtherBeatItIsTheEvenOnesOfEachBar) {
+TEST_F(BeatTest, EveryOtherBeatMeansTheEvenBeatsOfEachBar) {
     P.SetSong({"Quarter - - -", "Quarter - - -", "Quarter - - -", "Quarter - - -", "Quarter - - -"});
     Fields.Mods.UseBeat.Ticked = true;
     P.App.Playing.Beat.optBeatAll = false;
@@ -76,7 +76,7 @@ TEST_F(BeatTest, TwoDigitBeatsCount) {
     EXPECT_EQ(Kicks(), "0 45 ");
 }
 
-TEST_F(BeatTest, AClickedLineHasItToo) {
+TEST_F(BeatTest, SoundsForAClickedLineToo) {
     P.SetSong({"Quarter - - -", "1/8 - - -", "1/8 A4 - -"});
     Fields.Mods.UseBeat.Ticked = true;
     P.App.Playing.PlaybackEngine.MainList_ItemClick(3);
@@ -85,7 +85,7 @@ TEST_F(BeatTest, AClickedLineHasItToo) {
     EXPECT_EQ(Kicks(), "125 ");
 }
 
-TEST_F(BeatTest, WithDoNotUpdateItDoesNotFollowTheMusic) {
+TEST_F(BeatTest, UnderDoNotUpdateItDoesNotFollowTheMusic) {
     P.SetSong({"1/8 - - -", "1/8 - - -"});
     Fields.Mods.UseBeat.Ticked = true;
     P.App.Editing.PositionDisplay.NoUpdateCheck = true;
@@ -93,7 +93,7 @@ TEST_F(BeatTest, WithDoNotUpdateItDoesNotFollowTheMusic) {
     EXPECT_EQ(Kicks(), "0 255 ") << "the label stands where the music began";
 }
 
-TEST_F(BeatTest, TickedInTheMiddleOfMusicWithoutUpdatesItFindsTheBeat) {
+TEST_F(BeatTest, TickingItDuringMusicUnderDoNotUpdateFindsTheBeat) {
     P.SetSong({"1/8 - - -", "1/8 - - -", "1/8 - - -", "1/8 - - -", "1/8 - - -", "1/8 - - -"});
     P.App.Editing.PositionDisplay.NoUpdateCheck = true;
     P.Boxes.AnswerNext(BoxAnswer::Yes);
@@ -126,7 +126,7 @@ TEST_F(BeatTest, ASweepEndsAtItsEndFrequencyAndBelow16Kilohertz) {
     EXPECT_EQ(P.Timeline.Text(), "");
 }
 
-TEST_F(BeatTest, TickedUnderDoNotUpdateItAsksAndUnticksThat) {
+TEST_F(BeatTest, TickingItUnderDoNotUpdateAsksAndUnticksDoNotUpdate) {
     P.App.Log.Enable();
     P.App.Editing.PositionDisplay.NoUpdateCheck = true;
     P.App.Editing.PositionDisplay.NoUpdateCheck_Click();

@@ -93,7 +93,7 @@ TEST_F(CircuitBentTest, OverMidiABurstIsFifteenPairsOfNoteOnAndNoteOff) {
     EXPECT_EQ(P.Timeline.Text("midi"), expected);
 }
 
-TEST_F(CircuitBentTest, OnAMutedSpeakerBurstsDoNotPileUp) {
+TEST_F(CircuitBentTest, BurstsDoNotNestOnAMutedSpeaker) {
     Fields.Output.MutePCSpeaker = true;
     P.App.Outputs.ToneCode.UseWriteCode = true;
     Fields.Mods.UseCircuitBent.Ticked = true;
@@ -103,7 +103,7 @@ TEST_F(CircuitBentTest, OnAMutedSpeakerBurstsDoNotPileUp) {
     EXPECT_EQ(P.Time.Now(), 465 * SimulatedTime::CountsPerMs);
 }
 
-TEST_F(CircuitBentTest, UntickedInTheMiddleOfABurstItStops) {
+TEST_F(CircuitBentTest, UntickingInTheMiddleOfABurstStopsIt) {
     Fields.Output.MutePCSpeaker = true;
     P.App.Outputs.ToneCode.UseWriteCode = true;
     P.Time.At(40, [this] { Fields.Mods.UseCircuitBent.Ticked = false; });

@@ -69,7 +69,7 @@ TEST_F(MetronomeTest, DoesNotDrift) {
     EXPECT_LT(worst, 0.0151) << "never later than one waiting slice";
 }
 
-TEST_F(MetronomeTest, BeatsMissedBehindABoxAreNotMadeUp) {
+TEST_F(MetronomeTest, BeatsMissedUnderAMessageBoxAreSkipped) {
     P.Time.At(600, [this] { P.Time.Block(2100); });
     ClickUntil(3600);
     EXPECT_EQ(Tones(),
@@ -118,7 +118,7 @@ TEST_F(MetronomeTest, LogsItsClicks) {
                   "    MetronomeButton clicked - END\n\n");
 }
 
-TEST_F(MetronomeTest, SwitchedOffAndOnAgainAtOnceItStartsANewBar) {
+TEST_F(MetronomeTest, SwitchingItOffAndOnStartsANewBar) {
     P.Time.At(700, [this] {
         P.App.Playing.Metronome.MetronomeButton_Click();
         P.App.Playing.Metronome.MetronomeButton_Click();
@@ -156,7 +156,7 @@ TEST_F(MetronomeTest, PlayAllSwitchesItOffFirst) {
     EXPECT_FALSE(P.App.Playing.Metronome.MetronomeIsOn);
 }
 
-TEST_F(MetronomeTest, AWaitForTheSynchronizedStartSwitchesItOffAndIsNotHeldUp) {
+TEST_F(MetronomeTest, WaitingForTheSynchronizedStartSwitchesItOffAtOnce) {
     P.SetSong({"Quarter A4 - -"});
     P.App.Playing.PlaybackEngine.OnRangeEnd = [this] { P.App.Playing.PlaybackEngine.StopPlayButton_Click(); };
     P.App.Playing.SynchroPlay.txtHour.Type("12");
@@ -172,7 +172,7 @@ TEST_F(MetronomeTest, AWaitForTheSynchronizedStartSwitchesItOffAndIsNotHeldUp) {
     EXPECT_TRUE(P.App.Playing.Metronome.MetronomeButtonEnabled);
 }
 
-TEST_F(MetronomeTest, AWaitThatIsStoppedGivesTheButtonBack) {
+TEST_F(MetronomeTest, StoppingTheWaitEnablesTheButton) {
     P.App.Playing.SynchroPlay.txtHour.Type("13");
     P.Time.At(100, [this] { P.App.Playing.SynchroPlay.btnWait_Click(); });
     P.App.Playing.SynchroPlay.btnWait_Click();
@@ -217,7 +217,7 @@ TEST_F(MetronomeTest, ATempoOfZeroIsAnErrorAndLeavesItOff) {
     EXPECT_EQ(P.App.Log.LogIndent(), 0);
 }
 
-TEST_F(MetronomeTest, ATempoTooFastToWaitForStillLetsTheUserIn) {
+TEST_F(MetronomeTest, ATempoWithoutWaitsStillRunsHandlers) {
     Fields.Song.BPM.Set(100'000);
     ClickUntil(1000);
     EXPECT_LE(P.Time.Now(), 1020 * SimulatedTime::CountsPerMs);

@@ -106,7 +106,7 @@ TEST_F(ModsTogetherTest, TheMetronomeGoesOnUnderBursts) {
         << "one late beat delays no other";
 }
 
-TEST_F(ModsTogetherTest, TheMetronomeAndTheBeatOnTheMotorInterruptNobody) {
+TEST_F(ModsTogetherTest, TheMetronomeAndTheBeatOnTheMotorShowNoMessage) {
     Fields.Mods.UseMotor.Ticked = true;
     P.Time.At(600, [this] { App.Playing.Metronome.MetronomeButton_Click(); });
     App.Playing.Metronome.MetronomeButton_Click();

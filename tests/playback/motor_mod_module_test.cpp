@@ -111,7 +111,7 @@ TEST_F(MotorTest, TimesAreRoundedHalvesToEvenAndNeverWaitForEver) {
     EXPECT_EQ(P.Time.Now(), 16 * SimulatedTime::CountsPerMs);
 }
 
-TEST_F(MotorTest, ATimeThatIsNoneSendsNothing) {
+TEST_F(MotorTest, ADurationOutOfRangeSendsNothing) {
     SwitchOn();
     EXPECT_THROW(Motor.SetSpeed(1000, 3e9), RuntimeError);
     EXPECT_EQ(Commands(), "");
@@ -145,7 +145,7 @@ TEST_F(MotorTest, ThePortIsLeftWithTheMotorStopped) {
     EXPECT_EQ(P.Timeline.Lines().size(), 4u) << "once";
 }
 
-TEST_F(MotorTest, UntickedInTheMiddleOfANoteItStopsAtOnceAndOnlyTheTimeGoesOn) {
+TEST_F(MotorTest, UntickingDuringANoteStopsTheMotorAndTheNotesTimeGoesOn) {
     SwitchOn();
     P.Time.At(50, [&] { Fields.Mods.UseMotor.Ticked = false; });
     Beep("C4", 200);
@@ -160,7 +160,7 @@ TEST_F(MotorTest, TheLastWordsOfADyingProgramStopTheMotor) {
     EXPECT_EQ(P.Comm.LastWords(), "#0P1470\r");
 }
 
-TEST_F(MotorTest, TheGeneratorsOwnSpellingOfTheStopIsSentAsItIs) {
+TEST_F(MotorTest, TheGeneratorsSpellingOfTheStopCommandIsSentUnchanged) {
     SwitchOn();
     Motor.SendString("#0p1470");
     EXPECT_EQ(Commands(), "0.0000 serial #0p1470\\r\n");
@@ -182,7 +182,7 @@ TEST_F(MotorTest, APortThatVanishesSwitchesTheMotorOffWithOneMessage) {
     EXPECT_EQ(P.Timeline.Text("speaker"), "0.8590 speaker 330 Hz 384 ms\n") << "the next output";
 }
 
-TEST_F(MotorTest, APortThatTurnsOutToBeGoneIsOneMessageTooAndNothingMoreIsSent) {
+TEST_F(MotorTest, APortFoundGoneAtAWriteShowsOneMessageAndSendsNothingMore) {
     SwitchOn();
     P.Comm.PullUnnoticed();
     Beep("C4", 100);
@@ -192,7 +192,7 @@ TEST_F(MotorTest, APortThatTurnsOutToBeGoneIsOneMessageTooAndNothingMoreIsSent) 
     EXPECT_EQ(P.Timeline.Text("speaker"), "0.1150 speaker 262 Hz 100 ms\n");
 }
 
-TEST_F(MotorTest, WithoutAPortTheBoxIsUntickedAndSaysSo) {
+TEST_F(MotorTest, WithoutAPortTheBoxIsUntickedWithAMessage) {
     P.Comm.Present = {};
     SwitchOn();
     EXPECT_FALSE(Fields.Mods.UseMotor.Ticked);
@@ -205,7 +205,7 @@ TEST_F(MotorTest, WithoutAPortTheBoxIsUntickedAndSaysSo) {
     EXPECT_EQ(P.Comm.OpenName(), "ttyACM0") << "connected meanwhile";
 }
 
-TEST_F(MotorTest, ABusyPortIsSaidToBeBusy) {
+TEST_F(MotorTest, ABusyPortIsReportedAsBusy) {
     P.Comm.Busy = {"ttyUSB0"};
     SwitchOn();
     EXPECT_FALSE(Fields.Mods.UseMotor.Ticked);
@@ -259,7 +259,7 @@ TEST_F(MotorTest, ChangingThePortWhileItIsInUseChangesOver) {
               "0.0250 serial close\n0.0250 serial open ttyUSB1\n");
 }
 
-TEST_F(MotorTest, APortThatCannotBeChangedToUnticksTheBox) {
+TEST_F(MotorTest, ChangingToAPortThatFailsUnticksTheBox) {
     P.Comm.Present = {"ttyUSB0", "ttyUSB1"};
     P.Comm.Busy = {"ttyUSB1"};
     SwitchOn();

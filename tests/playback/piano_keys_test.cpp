@@ -148,7 +148,7 @@ TEST_F(PianoKeysTest, ThePositionGoesWithTheSelectedLineOrTheEndOfTheSong) {
     EXPECT_EQ(App.Editing.PositionDisplay.lblPlayBar.Get(), "002") << "of the line behind the new one";
 }
 
-TEST_F(PianoKeysTest, AnOctaveThatNoNoteHasIsAnOverflowBeforeAnythingHappens) {
+TEST_F(PianoKeysTest, AnImpossibleOctaveIsAnOverflowBeforeAnythingIsEntered) {
     App.Log.Enable();
     App.Fields.Entry.KeyboardOctave.Set(0);
     try {
@@ -277,7 +277,7 @@ TEST_F(PianoKeysTest, AWaitingClickIsTheKeyThatWasClicked) {
     EXPECT_EQ(SongText(), "1/8 C4 - -\n1/8 C4 - -\n1/8 C5 - -\n");
 }
 
-TEST_F(PianoKeysTest, AnErrorOfOneClickKeepsTheOthersFromNothing) {
+TEST_F(PianoKeysTest, AnErrorOfOneClickLeavesTheOtherClicks) {
     App.Fields.Output.MutePCSpeaker = true;
     App.Fields.Entry.KeyboardOctave.Set(0);
     Time.At(10, [this] { App.Playing.PianoKeys.PianoKey_Click(0); });  // an octave below 0

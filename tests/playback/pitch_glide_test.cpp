@@ -50,7 +50,7 @@ TEST_F(PitchGlideTest, EachChunkCoversAShareOfTheDistanceAndFollowsWithoutAGap) 
         << "852.5 is rounded to the even number";
 }
 
-TEST_F(PitchGlideTest, TheFirstNoteIsThereAtOnceInsteadOfRisingFromZero) {
+TEST_F(PitchGlideTest, TheFirstNoteStartsAtItsPitch) {
     NoteAt(100, 880);
     P.Time.RunUntil(160);
     EXPECT_EQ(Chunks(), "115:880 145:880 175:880 ");
@@ -76,7 +76,7 @@ TEST_F(PitchGlideTest, ADistanceOfExactlyFiveHertzFreezesThePitch) {
     EXPECT_EQ(Chunks(), "195:440 225:445 255:445 ") << "five short again";
 }
 
-TEST_F(PitchGlideTest, FiveHertzAboveTheTargetItGoesOn) {
+TEST_F(PitchGlideTest, AtFiveHertzAboveTheTargetTheGlideGoesOn) {
     SoundAlways();
     Glide.PitchMultipleSlider = 10000;
     NoteAt(0, 445);
@@ -96,7 +96,7 @@ TEST_F(PitchGlideTest, TheSoundStopsTheSlidersTimeAfterTheLastNote) {
     EXPECT_EQ(Chunks(), "1015:440 1045:440 1075:440 1105:440 1135:440 1165:440 1195:440 ");
 }
 
-TEST_F(PitchGlideTest, MovingTheSliderCountsTheNewTimeFromThere) {
+TEST_F(PitchGlideTest, MovingTheSliderCountsTheNewTimeFromThatMoment) {
     Glide.SoundLengthSlider = 100;
     NoteAt(0, 440);
     P.Time.RunUntil(60);
@@ -109,7 +109,7 @@ TEST_F(PitchGlideTest, MovingTheSliderCountsTheNewTimeFromThere) {
     EXPECT_EQ(Chunks(), "") << "moved in silence, it starts nothing";
 }
 
-TEST_F(PitchGlideTest, AlwaysSoundingItGoesOnUntilTheOptionIsChanged) {
+TEST_F(PitchGlideTest, WithAlwaysSoundingItGoesOnUntilTheOptionIsChanged) {
     SoundAlways();
     NoteAt(0, 440);
     P.Time.RunUntil(5000);
@@ -120,7 +120,7 @@ TEST_F(PitchGlideTest, AlwaysSoundingItGoesOnUntilTheOptionIsChanged) {
     EXPECT_EQ(Chunks(), "");
 }
 
-TEST_F(PitchGlideTest, ChosenWhileANoteIsRunningOutItSoundsOn) {
+TEST_F(PitchGlideTest, ChoosingAlwaysSoundingDuringTheRunOutSoundsOn) {
     Glide.SoundLengthSlider = 100;
     NoteAt(0, 440);
     P.Time.RunUntil(50);
@@ -135,7 +135,7 @@ TEST_F(PitchGlideTest, AlwaysSoundingIsSilentBeforeTheFirstNote) {
     EXPECT_EQ(Chunks(), "");
 }
 
-TEST_F(PitchGlideTest, UntickedItIsSilentAndTickedAgainSoundsAsTheOptionSays) {
+TEST_F(PitchGlideTest, UntickingSilencesItAndTickingAgainSoundsAsTheOptionSays) {
     SoundAlways();
     NoteAt(0, 440);
     P.Time.RunUntil(100);
@@ -167,7 +167,7 @@ TEST_F(PitchGlideTest, TheSlidersShowTheirValues) {
     EXPECT_EQ(Glide.lblSoundLength.Get(), "3000");
 }
 
-TEST_F(PitchGlideTest, NotesGoToItOnlyWhileItIsTicked) {
+TEST_F(PitchGlideTest, NotesGlideOnlyWhileItIsTicked) {
     P.App.Log.Enable();
     std::string note = "A4";
     P.App.Outputs.ToneDispatcher.UniBeep(note, 100);

@@ -364,7 +364,7 @@ TEST_F(PlaybackTest, EditsAreSeenAtTheNextLine) {
     EXPECT_EQ(Tones(), "0.0000 speaker 262 Hz 125 ms\n0.2600 speaker 440 Hz 52 ms\n");
 }
 
-TEST_F(PlaybackTest, AMissingStartPointEndsAtOnce) {
+TEST_F(PlaybackTest, AMissingStartPointEndsPlaybackAtOnce) {
     P.SetSong({"1/8 C4 - -"});
     std::int32_t start = 2;
     std::int32_t end = 2;

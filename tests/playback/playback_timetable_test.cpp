@@ -117,7 +117,7 @@ void ExpectSameTones(const std::vector<Line>& song, const Settings& settings, in
     EXPECT_EQ(p.Time.Now(), timetable.EndMs() * SimulatedTime::CountsPerMs);
 }
 
-TEST(Timetable, RandomSongsSoundExactlyAsWorkedOut) {
+TEST(Timetable, RandomSongsSoundExactlyAsComputed) {
     std::mt19937 random(48000);
     const auto upTo = [&random](int limit) {
         return static_cast<int>(random() % static_cast<unsigned>(limit));

@@ -84,7 +84,7 @@ TEST_F(PositionTest, AllSixteenthsHaveTheirText) {
     EXPECT_EQ(ConvertToFraction(0.0626F, P.App.Log), "(ERR)");
 }
 
-TEST_F(PositionTest, SumsAHairBelowAWholeNumberAreLiftedAndOnlyThose) {
+TEST_F(PositionTest, SumsJustBelowAWholeNumberAreRoundedUp) {
     P.App.Log.Enable();
     const auto fixed = [this](double value) {
         FixRoundingErrors(value, P.App.Log);
@@ -105,7 +105,7 @@ TEST_F(PositionTest, ThreeTripletsMakeAWholeOfTheirLength) {
     EXPECT_EQ(PositionOf(99), 1.5) << "lines that don't exist add nothing";
 }
 
-TEST_F(PositionTest, WorkingOutIsLogged) {
+TEST_F(PositionTest, TheComputationIsLogged) {
     P.App.Log.Enable();
     PositionOf(0);
     P.SetSong({"Whole C4 - Tri", "Whole C4 - Tri", "Whole C4 - Tri"});
@@ -171,7 +171,7 @@ TEST_F(PositionTest, KeptSumsEqualAPlainSumWhateverIsEditedBetween) {
     }
 }
 
-TEST_F(PositionTest, AnErrorsRedGoesWithTheLastLine) {
+TEST_F(PositionTest, TheRedOfAnErrorGoesWithTheLastLine) {
     P.SetSong({"Whole - - Tri"});
     P.App.Editing.PositionDisplay.ShowSelectedLine();
     ASSERT_EQ(P.App.Editing.PositionDisplay.lblPlayPosBackColor, colour::Red);

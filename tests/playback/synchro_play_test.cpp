@@ -67,7 +67,7 @@ TEST_F(SynchroTest, ShowsWhatItDoes) {
     EXPECT_TRUE(Synchro.ShouldBeNotWaiting());
 }
 
-TEST_F(SynchroTest, PlaybackHandsTheButtonBackAndSaysSo) {
+TEST_F(SynchroTest, PlaybackEnablesTheButtonAgainAndLogsIt) {
     P.App.Log.Enable();
     SetTime("12", "0", "1");
     Wait(1'100);
@@ -131,7 +131,7 @@ struct Morning : SynchroTest {
     Morning() : SynchroTest({9, 59, 58}) {}
 };
 
-TEST_F(Morning, AnHourOutweighsItsMinutesAndSeconds) {
+TEST_F(Morning, HoursAreComparedBeforeMinutesAndSeconds) {
     SetTime("10", "0", "0");
     Wait(2'100);
     EXPECT_EQ(Tones(), "2.0000 speaker 262 Hz 386 ms\n");
@@ -147,7 +147,7 @@ TEST_F(SynchroTest, StopWaitingEndsItWithoutPlaying) {
     EXPECT_EQ(Tones(), "");
 }
 
-TEST_F(SynchroTest, StoppedAndStartedInOneGoItWaitsForTheNewTimeOnly) {
+TEST_F(SynchroTest, StoppingAndStartingAgainWaitsForTheNewTimeOnly) {
     SetTime("12", "0", "10");
     P.Time.At(1'000, [&] {
         Synchro.btnWait_Click();
@@ -185,7 +185,7 @@ TEST_F(SynchroTest, TheWindowStaysUsableMeanwhile) {
     EXPECT_EQ(clock, "12:00:06");
 }
 
-TEST_F(SynchroTest, StartsAtTheSelectedLineWhereThatIsWanted) {
+TEST_F(SynchroTest, StartsAtTheSelectedLineIfThatIsChosen) {
     P.SetSong({"Quarter C4 - -", "Quarter D4 - -"});
     P.App.List.Select(2);
     Synchro.optStart = false;
@@ -197,7 +197,7 @@ TEST_F(SynchroTest, StartsAtTheSelectedLineWhereThatIsWanted) {
     EXPECT_EQ(Tones(), "1.0000 speaker 294 Hz 386 ms\n");
 }
 
-TEST_F(SynchroTest, ASongWithoutLinesEndsTheWaitingAllTheSame) {
+TEST_F(SynchroTest, ASongWithoutLinesEndsTheWaiting) {
     P.SetSong({});
     SetTime("12", "0", "1");
     Synchro.btnWait_Click();
@@ -223,7 +223,7 @@ TEST_F(SynchroTest, PlayingByHandMeanwhileEndsTheWaiting) {
     EXPECT_EQ(Shown(), Idle);
 }
 
-TEST_F(SynchroTest, AClickedLineMeanwhileDoesNot) {
+TEST_F(SynchroTest, AClickedLineDoesNotEndTheWaiting) {
     SetTime("12", "0", "10");
     P.Time.At(1'000, [&] { P.App.Playing.PlaybackEngine.MainList_ItemClick(1); });
     Wait(10'100);
@@ -243,7 +243,7 @@ TEST_F(SynchroTest, WhileMusicPlaysWaitingCannotBeStarted) {
     EXPECT_EQ(Shown(), Idle);
 }
 
-TEST_F(SynchroTest, StartedInTheMiddleOfAToneItLetsTheToneEndFirst) {
+TEST_F(SynchroTest, StartingDuringAToneLetsTheToneEndFirst) {
     Fields.Mods.UseMotor.Ticked = true;
     SetTime("12", "0", "3");
     P.Time.At(100, [&] { Synchro.btnWait_Click(); });
@@ -257,7 +257,7 @@ TEST_F(SynchroTest, StartedInTheMiddleOfAToneItLetsTheToneEndFirst) {
     EXPECT_EQ(Shown(), Idle);
 }
 
-TEST_F(SynchroTest, StoppedBeforeThatToneEndsItNeverBegins) {
+TEST_F(SynchroTest, StoppingBeforeThatToneEndsPreventsTheWait) {
     Fields.Output.MutePCSpeaker = true;
     SetTime("12", "0", "3");
     P.Time.At(100, [&] { Synchro.btnWait_Click(); });
@@ -269,7 +269,7 @@ TEST_F(SynchroTest, StoppedBeforeThatToneEndsItNeverBegins) {
     EXPECT_FALSE(Fields.State.MusicIsPlaying);
 }
 
-TEST_F(SynchroTest, TheDelayIsTheBufferLessWhatTheStartTakes) {
+TEST_F(SynchroTest, TheDelayIsTheBufferLengthMinusTheTimeOfTheStart) {
     std::int32_t bufferMs = 93;
     Fields.Mods.UseFMOD.Enabled = true;
     SynchroPlay synchro({Fields.Mods, Fields.State, P.Time, P.Time, P.App.Wait, P.Boxes, P.App.Handlers,
@@ -307,7 +307,7 @@ TEST_F(SynchroTest, ItCanBeStoppedDuringTheDelayToo) {
     EXPECT_FALSE(synchro.CurrentlyWaiting());
 }
 
-TEST_F(SynchroTest, TheDelayIsThereForThoseWhoHaveTheLibrary) {
+TEST_F(SynchroTest, TheDelayIsEnabledIfTheLibraryIsLoaded) {
     EXPECT_FALSE(Synchro.chkStartInDelayEnabled);
     Fields.Mods.UseFMOD.Enabled = true;
     EXPECT_TRUE(Synchro.chkStartInDelayEnabled);
@@ -358,7 +358,7 @@ TEST_F(SynchroTest, SuggestsTheNextFullMinute) {
     EXPECT_EQ(suggested({23, 59, 59}), "0:0:0");
 }
 
-TEST_F(SynchroTest, OpenedAgainItSuggestsAnewOnlyWhatHasPassed) {
+TEST_F(SynchroTest, OpeningAgainReplacesOnlyAPastTime) {
     SetTime("13", "30", "15");
     Fields.Mods.UseSynchro.Ticked = false;
     Fields.Mods.UseSynchro.Ticked = true;
@@ -371,7 +371,7 @@ TEST_F(SynchroTest, OpenedAgainItSuggestsAnewOnlyWhatHasPassed) {
     EXPECT_EQ(Synchro.txtSecond.Text(), "0");
 }
 
-TEST_F(SynchroTest, TheClockRunsOnlyWhileTheWindowIsThere) {
+TEST_F(SynchroTest, TheClockRunsOnlyWhileTheWindowIsShown) {
     EXPECT_EQ(Synchro.lblCurrentTime.Get(), "12:00:00");
     P.Time.RunUntil(61'050);
     EXPECT_EQ(Synchro.lblCurrentTime.Get(), "12:01:01");
@@ -380,7 +380,7 @@ TEST_F(SynchroTest, TheClockRunsOnlyWhileTheWindowIsThere) {
     EXPECT_EQ(Synchro.lblCurrentTime.Get(), "12:01:01");
 }
 
-TEST_F(SynchroTest, TextThatIsNoTimeIsNotTaken) {
+TEST_F(SynchroTest, TextThatIsNoTimeIsIgnored) {
     for (const char* text : {"a", "1a", "-1", "1.5", "123", " 1", "+1", "\xC3\xA9"}) {
         Synchro.txtMinute.Type("7");
         Synchro.txtMinute.Type(text);
@@ -388,7 +388,7 @@ TEST_F(SynchroTest, TextThatIsNoTimeIsNotTaken) {
     }
 }
 
-TEST_F(SynchroTest, WhatIsOutOfRangeIsMarked) {
+TEST_F(SynchroTest, NumbersOutOfRangeAreMarked) {
     Synchro.txtHour.Type("24");
     Synchro.txtMinute.Type("60");
     Synchro.txtSecond.Type("99");
@@ -399,7 +399,7 @@ TEST_F(SynchroTest, WhatIsOutOfRangeIsMarked) {
         EXPECT_EQ(box->BackColor(), colour::WindowBackground);
 }
 
-TEST_F(SynchroTest, ATimeThatIsNoneIsSaidAndNotWaitedFor) {
+TEST_F(SynchroTest, AnInvalidTimeIsReportedAndNotWaitedFor) {
     const char* const bad[][3] = {{"24", "0", "0"}, {"12", "60", "0"}, {"12", "0", "60"},
                                   {"", "0", "0"},   {"12", "", "0"},   {"12", "0", ""}};
     for (const auto& time : bad) {

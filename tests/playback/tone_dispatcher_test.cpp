@@ -89,7 +89,7 @@ TEST_F(UniBeepTest, TheMotorGetsTheNoteMovedByItsOctave) {
     EXPECT_EQ(P.Timeline.Text("serial #"), "0.0000 serial #0P1000\\r\n0.0250 serial #0P1191\\r\n");
 }
 
-TEST_F(UniBeepTest, ABareFrequencyIsNoNoteOfTheMotorsAndNobodyIsWarned) {
+TEST_F(UniBeepTest, ABareFrequencyOnTheMotorShowsNoWarning) {
     Fields.Mods.UseMotor.Ticked = true;
     Beep("1000", 20, Frequency);
     EXPECT_EQ(P.Timeline.Text(),
@@ -99,7 +99,7 @@ TEST_F(UniBeepTest, ABareFrequencyIsNoNoteOfTheMotorsAndNobodyIsWarned) {
     EXPECT_FALSE(P.Boxes.Shown().empty()) << "a name that is none";
 }
 
-TEST_F(UniBeepTest, TheSoundCardComesBeforeTheMutedSpeakerAndNoOtherWaitIsMade) {
+TEST_F(UniBeepTest, TheSoundCardComesBeforeTheMutedSpeakerAndWaitsOnce) {
     Fields.Mods.UseFMOD.InUse = Fields.Output.MutePCSpeaker = Fields.Mods.UsePorta.InUse = true;
     Beep("A4", 100, {.FMODNoWait = true});
     EXPECT_EQ(P.Timeline.Text(),
@@ -116,7 +116,7 @@ TEST_F(UniBeepTest, TheMutedSpeakerComesBeforeThePortamento) {
     EXPECT_EQ(P.Time.Now(), 100 * SimulatedTime::CountsPerMs);
 }
 
-TEST_F(UniBeepTest, ThePortamentoGetsThePitchAndNobodyWaits) {
+TEST_F(UniBeepTest, ThePortamentoGetsThePitchWithoutAWait) {
     Fields.Mods.UsePorta.InUse = true;
     P.App.Log.Enable();
     std::string note = "A4";
@@ -129,7 +129,7 @@ TEST_F(UniBeepTest, ThePortamentoGetsThePitchAndNobodyWaits) {
 }
 
 /// Whether the generator is asked to keep sounding.
-TEST_F(UniBeepTest, TheSoundCardKeepsSoundingOnlyWhereNothingStopsIt) {
+TEST_F(UniBeepTest, TheSoundCardKeepsSoundingOnlyWithoutAStopRequest) {
     Fields.Mods.UseFMOD.InUse = true;
     const auto keeps = [this](const char* note, const ToneOptions& options) {
         P.Timeline.Clear();
@@ -146,7 +146,7 @@ TEST_F(UniBeepTest, TheSoundCardKeepsSoundingOnlyWhereNothingStopsIt) {
     EXPECT_FALSE(keeps("500", Frequency));
 }
 
-TEST_F(UniBeepTest, RequestsToTheSoundCardChangeNothingElsewhere) {
+TEST_F(UniBeepTest, OptionsOfTheSoundCardDoNotChangeOtherOutputs) {
     Beep("C4", 30, {.SpecificContinuous = true, .FMODNoWait = true});
     EXPECT_EQ(P.Time.Now(), 30 * SimulatedTime::CountsPerMs);
     Fields.Output.MutePCSpeaker = true;
@@ -202,7 +202,7 @@ TEST_F(UniBeepTest, LogsTheMidiSectionIndented) {
         std::string::npos);
 }
 
-TEST_F(UniBeepTest, ToneCodeIsAStatementPerTone) {
+TEST_F(UniBeepTest, ToneCodeHasOneStatementPerTone) {
     P.App.Outputs.ToneCode.UseWriteCode = true;
     Beep("C4", 500);
     Beep("12000", 20, Frequency);
@@ -223,7 +223,7 @@ TEST_F(UniBeepTest, MutedToneCodeHasTheToneAndThenTheWait) {
     EXPECT_NE(P.LogText().find("    MsgWaitObj 100\n"), std::string::npos);
 }
 
-TEST_F(UniBeepTest, AMutedToneOfNegativeLengthIsOver) {
+TEST_F(UniBeepTest, AMutedToneOfNegativeLengthReturnsAtOnce) {
     Fields.Output.MutePCSpeaker = true;
     Beep("A4", -1);
     Beep("A4", -500);
@@ -250,7 +250,7 @@ TEST_F(UniBeepTest, AToneCodeFileThatCannotBeWrittenIsAnErrorBeforeTheTone) {
     EXPECT_EQ(P.Timeline.Text("speaker"), "");
 }
 
-TEST_F(UniBeepTest, MuteIsObeyedFromTheNextToneOn) {
+TEST_F(UniBeepTest, MuteTakesEffectWithTheNextTone) {
     P.App.Log.Enable();
     Fields.Output.MuteTweebleCheck = true;
     P.App.Outputs.ToneDispatcher.MuteTweebleCheck_Click();

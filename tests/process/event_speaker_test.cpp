@@ -30,7 +30,7 @@ std::vector<std::int32_t> Tones(const std::vector<std::int32_t>& hertz) {
     return tones;
 }
 
-TEST(EventSpeaker, WritesEachToneOnAndOffAndLeavesSilenceForTheRest) {
+TEST(EventSpeaker, WritesOnAndOffForEachToneAndNothingForSilence) {
     SpeakerProcess child("song");
     EXPECT_EQ(Tones(child.Device.Rest()), (std::vector<std::int32_t>{440, 0, 21, 0, 32766, 0}));
     EXPECT_EQ(child.Wait(), 0);
@@ -50,7 +50,7 @@ TEST(EventSpeaker, KeepsTheLengthOfATone) {
     child.Device.Rest();
 }
 
-TEST(EventSpeaker, ReturnsNoSoonerThanTheToneHasPassedAndLeavesNoProcessBehind) {
+TEST(EventSpeaker, ReturnsAfterTheToneAndLeavesNoProcessBehind) {
     DevicePipe device;
     const std::int64_t start = MonotonicNs();
     {
@@ -70,7 +70,7 @@ TEST(EventSpeaker, ReturnsNoSoonerThanTheToneHasPassedAndLeavesNoProcessBehind) 
     EXPECT_EQ(errno, ECHILD);
 }
 
-TEST(EventSpeaker, EndsEachToneItsLengthAfterItsCallWhateverItTookToStart) {
+TEST(EventSpeaker, EndsEachToneItsLengthAfterTheCall) {
     std::vector<std::int64_t> deadlines;
     std::int64_t nowNs = NsPerSecond;
     ToneClock clock;
@@ -93,7 +93,7 @@ TEST(EventSpeaker, IsNotUsedWithoutItsGuard) {
     EXPECT_THAT(speaker.Status().Reason, HasSubstr("guard"));
 }
 
-TEST(EventSpeaker, WhoseDeviceFailsKeepsTimeAndSaysSo) {
+TEST(EventSpeaker, KeepsTimeAndReportsAFailedDevice) {
     const auto before = std::signal(SIGPIPE, SIG_IGN);  // a pipe's habit, not a device's
     {
         EventSpeaker speaker(DevicePipe().TakeWriteEnd(), FileDescriptor(), {});  // the reading end is gone
@@ -116,7 +116,7 @@ struct Ending {
 
 class EventSpeakerIsOffAfter : public testing::TestWithParam<Ending> {};
 
-TEST_P(EventSpeakerIsOffAfter, EveryWayOut) {
+TEST_P(EventSpeakerIsOffAfter, IsSilentAfterEveryKindOfExit) {
     SpeakerProcess child(GetParam().How);
     const auto on = child.Device.Next();
     ASSERT_TRUE(on);

@@ -68,7 +68,7 @@ class MidiDevices : public testing::Test {
     ModuleMidiDevices devices_{QUAVIX_MIDI_IO_MODULE, handles_, "jack"};
 };
 
-TEST_F(MidiDevices, TheVirtualPortSendsToWhoeverConnects) {
+TEST_F(MidiDevices, TheVirtualPortSendsToEveryConnectedProgram) {
     ASSERT_TRUE(server_.Start());
     MidiOutPort& out = devices_.Out();
     EXPECT_EQ(out.State(), MidiDeviceState::Closed);
@@ -107,7 +107,7 @@ TEST_F(MidiDevices, DevicesAreFoundByEverySearchAndOpenedByTheirNumber) {
     EXPECT_THAT(peer.Received(1), ElementsAre(Event{0x90, 60, 96}));
 }
 
-TEST_F(MidiDevices, TheProgramsOwnPortsAreNoDevices) {
+TEST_F(MidiDevices, TheProgramsOwnPortsAreNotListed) {
     ASSERT_TRUE(server_.Start());
     const JackMidiPeer peer("keyboard");
     ASSERT_TRUE(devices_.Out().Open(MidiOutPort::VirtualDevice));
@@ -198,7 +198,7 @@ TEST_F(MidiDevices, ClockSensingAndExclusiveMessagesInTheStreamDoNoHarm) {
                             MidiMessage{0x90, 62, 3}, MidiMessage{0x90, 63, 4}, MidiMessage{0x80, 60, 0}));
 }
 
-TEST_F(MidiDevices, MessagesThatNobodyTakesAreLostAndThatIsTold) {
+TEST_F(MidiDevices, UntakenMessagesAreLostAndTheLossIsReported) {
     ASSERT_TRUE(server_.Start());
     JackMidiPeer peer("keyboard");
     JackMidiPeer witness("witness");
@@ -263,7 +263,7 @@ TEST_F(MidiDevices, OtherPortsThatVanishChangeNothing) {
     EXPECT_EQ(devices_.Out().State(), MidiDeviceState::Open);
 }
 
-TEST_F(MidiDevices, AServerThatDiesTakesItsDevicesWithItAndANewOneIsFound) {
+TEST_F(MidiDevices, DevicesVanishWithADeadServerAndThoseOfANewOneAreFound) {
     ASSERT_TRUE(server_.Start());
     {
         const JackMidiPeer peer("keyboard");
@@ -403,7 +403,7 @@ TEST_F(MidiDevicesOfADeadServer, TheProgramCanEndWithBothDirectionsOpen) {
     ExpectANewServerToBeUsed();
 }
 
-TEST_F(MidiDevices, WithoutAServerThereAreNoDevicesAndNobodyIsHurt) {
+TEST_F(MidiDevices, WithoutAServerThereAreNoDevices) {
     EXPECT_EQ(devices_.Out().DeviceCount(), 0);
     EXPECT_EQ(devices_.In().DeviceCount(), 0);
     EXPECT_EQ(devices_.In().Problem(), "The JACK server does not run.");

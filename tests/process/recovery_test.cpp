@@ -29,7 +29,7 @@ std::ptrdiff_t Lines(const std::string& text) {
     return hasNotes ? lines : -1;
 }
 
-TEST(RecoveryCopy, IsAWholeSongThatIsFreeToBeOfferedWheneverItsProcessIsKilled) {
+TEST(RecoveryCopy, IsCompleteAndUnlockedWheneverItsProcessIsKilled) {
     constexpr int Kills = 50;
     constexpr int LatestMicroseconds = 20'000;
     std::minstd_rand random(21);
@@ -55,7 +55,7 @@ TEST(RecoveryCopy, IsAWholeSongThatIsFreeToBeOfferedWheneverItsProcessIsKilled) 
     }
 }
 
-TEST(RecoveryCopy, GivesItsPlaceToNobodyElseBeforeItIsDealtWith) {
+TEST(RecoveryCopy, KeepsItsPlaceUntilItIsDealtWith) {
     const test::TemporaryFolder folder;
     PosixFiles files;
     RecoverySlots slots(files, folder.Path());

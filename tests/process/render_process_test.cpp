@@ -119,7 +119,7 @@ TEST_F(RenderProgram, WritesTheLogAndTheToneCodeAnew) {
     EXPECT_TRUE(Folder.Content("code").starts_with("Beep         440,    450     'A4\r\n"));
 }
 
-TEST_F(RenderProgram, InterruptedItLeavesNothing) {
+TEST_F(RenderProgram, AnInterruptLeavesNoFile) {
     for (const char* signal : {"INT", "TERM", "HUP"}) {
         const int status =
             Run(fmt::format("$render --passes 1000000 song out.wav & child=$!; "
@@ -141,7 +141,7 @@ TEST_F(RenderProgram, InterruptedItLeavesNothingOfTheSoundEngine) {
     EXPECT_EQ(Folder.EntryCount(), 3) << "two songs and the errors";
 }
 
-TEST_F(RenderProgram, AReaderThatGoesAwayIsAnErrorOfWriting) {
+TEST_F(RenderProgram, AReaderThatGoesAwayIsAWriteError) {
     EXPECT_EQ(Run("{ $render --passes 200 song -; echo $? >status; } | head -c 10 >/dev/null; "
                   "exit $(cat status)"),
               3);

@@ -49,14 +49,14 @@ TEST_F(ShellBatchFilesTest, RegistersAControlAndErasesAFile) {
     EXPECT_FALSE(std::filesystem::exists(Folder.File("marker")));
 }
 
-TEST_F(ShellBatchFilesTest, ALineThatDiesDoesNotKeepTheNextOneFromRunning) {
+TEST_F(ShellBatchFilesTest, TheNextLineRunsAfterALineThatDies) {
     Folder.Put("batch", Register("/crash") + "erase \"/nowhere/at all\"\n" + Register("/last"));
     EXPECT_FALSE(Batches.Start(Folder.File("batch")));
     WaitForLastLine();
     EXPECT_EQ(Folder.Content("calls"), "--register\n/crash\n--register\n/last\n");
 }
 
-TEST_F(ShellBatchFilesTest, NamesAreTakenAsTheyAreWhateverStandsInThem) {
+TEST_F(ShellBatchFilesTest, NamesMayContainAnyCharacter) {
     const std::string name = "/a b/$HOME `id` \"quoted\" \\ 'single' * ?~;&|#!";
     Folder.Put("batch", Register(name) + Register("/last"));
     EXPECT_FALSE(Batches.Start(Folder.File("batch")));
@@ -76,7 +76,7 @@ TEST_F(ShellBatchFilesTest, AFileThatIsNotThereCannotBeStarted) {
     EXPECT_TRUE(Batches.Start(Folder.File("nothing")));
 }
 
-TEST_F(ShellBatchFilesTest, ByItselfItStartsTheProgramThatItIsIn) {
+TEST_F(ShellBatchFilesTest, WithoutAProgramNameItStartsTheRunningProgram) {
     EXPECT_NE(MakeBatchFiles()->RegisterCommand().find("quavix-process-tests\" --register "),
               std::string::npos);
 }

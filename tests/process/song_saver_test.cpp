@@ -29,7 +29,7 @@ bool IsWholeSong(const std::string& text) {
     return lines.size() == (song + 1) * LinesMore * lineLength + LastLine.size();
 }
 
-TEST(SongSaver, LeavesAWholeSongWheneverItIsKilled) {
+TEST(SongSaver, LeavesACompleteSongWheneverItIsKilled) {
     const test::TemporaryFolder folder;
     constexpr int Kills = 100;
     constexpr int LatestMicroseconds = 8000;
@@ -44,7 +44,7 @@ TEST(SongSaver, LeavesAWholeSongWheneverItIsKilled) {
     }
 }
 
-TEST(SongSaver, LeavesAWholeSongOfOneOfThemHoweverManySaveTheSameFile) {
+TEST(SongSaver, LeavesACompleteSongWhenSeveralProcessesSaveTheSameFile) {
     const test::TemporaryFolder folder;
     const std::string file = folder.File("song.QVX");
     test::KilledWriter one(QUAVIX_SONG_SAVER_CHILD, file);

@@ -136,7 +136,7 @@ TEST_F(SoundCardSpeakerOn, AServerThatDiesKeepsTimeSaysSoAndComesBack) {
     EXPECT_EQ(speaker.Status().Reason, "");
 }
 
-TEST_F(SoundCardSpeakerOn, ACardThatIsOpenedAgainIsLeftAloneForAWhileFirst) {
+TEST_F(SoundCardSpeakerOn, ReopeningACardWaitsFirst) {
     ASSERT_TRUE(server_.Start());
     SoundCard card;
     constexpr std::int32_t OpeningMs = 10'000;
@@ -150,7 +150,7 @@ TEST_F(SoundCardSpeakerOn, ACardThatIsOpenedAgainIsLeftAloneForAWhileFirst) {
     EXPECT_EQ(card.Now(), SoundCard::State::Open);
 }
 
-TEST_F(SoundCardSpeakerOn, NoDeviceAtAllGivesWayToSilenceThatKeepsTime) {
+TEST_F(SoundCardSpeakerOn, WithoutADeviceItIsSilentAndKeepsTime) {
     test::HideSoundDevices();
     SpeakerChoice choice;
     choice.Wanted = "soundcard";

@@ -139,7 +139,7 @@ TEST_F(SoundEngineOn, AServerIsHeardAsLateAsTheBufferSizeSays) {
     EXPECT_LE(most, expected + Period);
 }
 
-TEST_F(SoundEngineOn, AServerThatIsStoppedAndStartedAgainLosesNothingButTheGap) {
+TEST_F(SoundEngineOn, AServerThatIsStoppedAndContinuedLosesOnlyTheGap) {
     ASSERT_TRUE(server_.Start());
     EngineSystem engine;
     ASSERT_EQ(InitOnServer(engine), SOUND_OK);
@@ -234,7 +234,7 @@ TEST_F(SoundEngineOn, AServerPlaysTwoSystemsSideBySide) {
     }));
 }
 
-TEST_F(SoundEngineOn, NoDeviceAtAllIsToldAndAnotherTryIsPossible) {
+TEST_F(SoundEngineOn, AMissingDeviceIsReportedAndAnotherTryIsPossible) {
     HideSoundDevices();
     EngineSystem engine;
     EXPECT_EQ(Init(engine), SOUND_NO_OUTPUT);

@@ -33,7 +33,7 @@ TEST(RenderOptions, AreTakenInAnyOrder) {
     EXPECT_TRUE(options.Yes);
 }
 
-TEST(RenderOptions, BehindTwoHyphensEverythingIsAName) {
+TEST(RenderOptions, AllArgumentsAfterTwoHyphensAreNames) {
     EXPECT_EQ(Parse({"--", "--yes", "-x"}).Song, "--yes");
 }
 
@@ -42,7 +42,7 @@ TEST(RenderOptions, HelpAndVersionNeedNoNames) {
     EXPECT_EQ(Parse({"--version"}).What, RenderOptions::Request::Version);
 }
 
-TEST(RenderOptions, WhatMakesNoSenseIsSaid) {
+TEST(RenderOptions, WrongArgumentsAreRefusedWithAMessage) {
     for (const auto& arguments :
          std::vector<std::vector<const char*>>{{},
                                                {"a"},

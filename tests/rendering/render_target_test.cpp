@@ -14,7 +14,7 @@ class RenderTargetTest : public testing::Test {
     test::TemporaryFolder Folder;
 };
 
-TEST_F(RenderTargetTest, NothingIsInItsPlaceBeforeItIsComplete) {
+TEST_F(RenderTargetTest, TheFileAppearsOnlyWhenItIsComplete) {
     RenderTarget target(Folder.File("a.wav"));
     target.Stream() << "sound";
     EXPECT_FALSE(std::filesystem::exists(Folder.File("a.wav")));
@@ -23,7 +23,7 @@ TEST_F(RenderTargetTest, NothingIsInItsPlaceBeforeItIsComplete) {
     EXPECT_EQ(Folder.EntryCount(), 1);
 }
 
-TEST_F(RenderTargetTest, WhatIsNotCommittedLeavesNothingBehind) {
+TEST_F(RenderTargetTest, ATargetThatIsNotCommittedLeavesNoFile) {
     Folder.Put("a.wav", "old");
     {
         RenderTarget target(Folder.File("a.wav"));
@@ -33,7 +33,7 @@ TEST_F(RenderTargetTest, WhatIsNotCommittedLeavesNothingBehind) {
     EXPECT_EQ(Folder.EntryCount(), 1);
 }
 
-TEST_F(RenderTargetTest, ALinkStaysOneAndItsFileIsReplaced) {
+TEST_F(RenderTargetTest, ASymbolicLinkStaysAndTheFileBehindItIsReplaced) {
     Folder.Put("real.wav", "old");
     std::filesystem::create_symlink("real.wav", Folder.File("link.wav"));
     RenderTarget target(Folder.File("link.wav"));
@@ -56,7 +56,7 @@ TEST_F(RenderTargetTest, ADeviceThatIsFullIsSaid) {
     EXPECT_THROW(target.Commit(), RenderError);
 }
 
-TEST_F(RenderTargetTest, FoldersAndPlacesThatAreNotThereAreRefused) {
+TEST_F(RenderTargetTest, FoldersAndMissingPathsAreRefused) {
     EXPECT_THROW(RenderTarget(Folder.Path().string()), RenderError);
     EXPECT_THROW(RenderTarget(Folder.File("none/a.wav")), RenderError);
     EXPECT_THROW(RenderTarget(""), RenderError);

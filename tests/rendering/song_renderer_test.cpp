@@ -153,7 +153,7 @@ TEST_F(SongRendererTest, ASongThatCannotBeReadIsSaid) {
     EXPECT_THROW(Render(), SongError);
 }
 
-TEST_F(SongRendererTest, AFileThatIsNoSongIsNotPlayedAgainstTheAnswer) {
+TEST_F(SongRendererTest, AFileWithoutTheHeaderIsPlayedOnlyIfTheAnswerIsYes) {
     Disk.Put("song", "MUSICLISTSTART\nQuarter A4 - -\n");
     Boxes.AnswerNext(BoxAnswer::No);
     EXPECT_THROW(Render(), SongError);
@@ -250,7 +250,7 @@ TEST_F(SongRendererTest, AnEngineThatDoesNotStartIsToldOf) {
     EXPECT_EQ(Events.Text("fmod FMOD_System_SetOutput"), "0.0000 fmod FMOD_System_SetOutput(system1, 5)\n");
 }
 
-TEST_F(SongRendererTest, TellsHowFarItIsAndCanBeInterrupted) {
+TEST_F(SongRendererTest, ReportsItsProgressAndCanBeInterrupted) {
     PutSong("Whole A4 - -|Whole A4 - -|Whole A4 - -|Whole A4 - -");
     Render();
     ASSERT_GT(Shares.size(), 3U);

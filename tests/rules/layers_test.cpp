@@ -222,7 +222,7 @@ TEST(Layers, ThePlatformsSystemsAreChosenByTheBuildNotByThePreprocessor) {
     }
 }
 
-TEST(Layers, AModuleKnowsOfTheSourcesNothingButSound) {
+TEST(Layers, AModuleIncludesOnlyTheSoundFolders) {
     Links links;
     for (const char* module : {"modules/midi_file", "modules/midi_io", "modules/sound_engine"}) {
         for (const std::string& folder : links.Reached(module))
@@ -231,7 +231,7 @@ TEST(Layers, AModuleKnowsOfTheSourcesNothingButSound) {
     }
 }
 
-TEST(Layers, TheSoundEngineMeetsTheSystemWhereSoundGoesOut) {
+TEST(Layers, TheSoundEngineUsesTheSystemOnlyInItsOutputs) {
     const std::set<std::string> outputs = {"sound_engine/device_output.cpp",
                                            "sound_engine/soundless_output.cpp",
                                            "sound_engine/soundless_output.h"};

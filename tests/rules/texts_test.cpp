@@ -40,7 +40,7 @@ TEST(Files, EachNamesItsLicenceInItsFirstLine) {
             << file;
 }
 
-TEST(Files, AreShortEnoughToHaveOnePurpose) {
+TEST(Files, AreShort) {
     constexpr std::ptrdiff_t MostLines = 600;
     for (const fs::path& file : CodeFiles()) {
         const std::string content = Content(file);
@@ -48,7 +48,7 @@ TEST(Files, AreShortEnoughToHaveOnePurpose) {
     }
 }
 
-TEST(Documents, LinkOnlyToWhatIsThere) {
+TEST(Documents, LinkOnlyToExistingFiles) {
     const fs::path root = QUAVIX_SOURCE_DIR;
     const std::regex link(R"(\]\(([^)#:]+)(#[^)]*)?\))");
     std::size_t seen = 0;
@@ -68,7 +68,7 @@ TEST(Documents, LinkOnlyToWhatIsThere) {
     EXPECT_GT(seen, 5U);
 }
 
-TEST(Documents, TheArchitecturesFoldersAreTheSourcesFolders) {
+TEST(Documents, TheArchitectureListsEveryFolder) {
     const fs::path root = QUAVIX_SOURCE_DIR;
     const std::string architecture = Content(root / "ARCHITECTURE.md");
     for (const char* above : {"src/", "modules/"}) {

@@ -65,14 +65,14 @@ TEST_F(DebugLogTest, AnInnerLineIsIndentedAndItsEndIsFollowedByAnEmptyLine) {
     EXPECT_EQ(Content(), "9:05:07 -     A\r\n9:05:07 -     B\r\n\r\n9:05:07 - C\r\n");
 }
 
-TEST_F(DebugLogTest, IsAppendedToWhatEarlierRunsLeft) {
+TEST_F(DebugLogTest, IsAppendedToTheLogOfEarlierRuns) {
     Disk.Put("/p/debuglog.txt", "old\r\n");
     Log.Enable();
     Log.LogText("new");
     EXPECT_EQ(Content(), "old\r\n9:05:07 - new\r\n");
 }
 
-TEST_F(DebugLogTest, EndsBelowZeroAreIndentedNoFurtherLeftThanTheMargin) {
+TEST_F(DebugLogTest, ABlockEndBelowZeroIsWrittenAtTheMargin) {
     Log.Enable();
     Log.LogIndentDec("A");
     Log.LogText("B");
@@ -101,7 +101,7 @@ TEST_F(DebugLogTest, AFileThatCannotBeWrittenIsAnErrorOfTheCaller) {
     }
 }
 
-TEST_F(DebugLogTest, FileExistsReportsWhatItFinds) {
+TEST_F(DebugLogTest, FileExistsLogsItsResult) {
     Disk.Put("/p/song.QVX", "");
     Log.Enable();
     EXPECT_TRUE(FileExists("/p/song.QVX", Disk, Log));
@@ -111,7 +111,7 @@ TEST_F(DebugLogTest, FileExistsReportsWhatItFinds) {
         "9:05:07 - FileExists(\"/p/song.QVX\") = TRUE\r\n9:05:07 - FileExists(\"/p/other\") = FALSE\r\n");
 }
 
-TEST_F(DebugLogTest, FileExistsOfNothingOrAFolderNameIsFalseAndLogsNothing) {
+TEST_F(DebugLogTest, FileExistsOfAnEmptyNameOrAFolderIsFalseAndLogsNothing) {
     Disk.Put("/p/x", "");
     Log.Enable();
     EXPECT_FALSE(FileExists("", Disk, Log));
@@ -153,7 +153,7 @@ TEST_F(DebugLogTest, TheMarkerFileSwitchesItOnWithANotice) {
               "playback causes the log file to get very big very quickly.");
 }
 
-TEST_F(DebugLogTest, WithoutTheMarkerFileItStaysOffWithoutAWord) {
+TEST_F(DebugLogTest, WithoutTheMarkerFileItStaysOffWithoutAMessage) {
     EXPECT_FALSE(EnableDebugLogIfWanted("/p", Disk, Boxes, Log));
     EXPECT_FALSE(Log.Enabled());
     EXPECT_TRUE(Boxes.Shown().empty());

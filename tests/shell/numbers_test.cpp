@@ -49,7 +49,7 @@ TEST(WholeNumbers, OutOfRangeIsAnOverflow) {
     EXPECT_EQ(ErrorNumberOf([] { ToInt32(std::numeric_limits<double>::infinity()); }), 6);
 }
 
-TEST(Val, ReadsTheLeadingNumberElseZero) {
+TEST(Val, ReadsTheLeadingNumberOrZero) {
     EXPECT_EQ(Val("140"), 140);
     EXPECT_EQ(Val("140 bpm"), 140);
     EXPECT_EQ(Val("  1 2\t3"), 123);

@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::int32_t TimedOut = 258;
 
-TEST(MsgWaitObj, OfZeroIsUpAfterOnePass) {
+TEST(MsgWaitObj, OfZeroEndsAfterOnePass) {
     SimulatedTime time;
     bool handled = false;
     time.At(0, [&] { handled = true; });
@@ -31,7 +31,7 @@ TEST(MsgWaitObj, TakesItsTimeAlthoughInputIsHandledMeanwhile) {
     EXPECT_EQ(time.Now(), 1000 * SimulatedTime::CountsPerMs);
 }
 
-TEST(MsgWaitObj, AHandlerThatTakesLongMakesItLateButNotLonger) {
+TEST(MsgWaitObj, ALongHandlerDelaysTheEndButAddsNoTime) {
     SimulatedTime time;
     time.At(90, [&] { time.Block(50); });
     EXPECT_EQ(Waiting(time, time).MsgWaitObj(100), TimedOut);
@@ -54,7 +54,7 @@ TEST(MsgWaitObj, MayBeEnteredAgainFromAHandler) {
 /// A wait that starts shortly before the tick count passes a boundary.
 class MsgWaitObjAcross : public testing::TestWithParam<std::uint32_t> {};
 
-TEST_P(MsgWaitObjAcross, TheWrapTakesTheTimeAskedFor) {
+TEST_P(MsgWaitObjAcross, AWaitAcrossTheWrapTakesItsTime) {
     for (const std::uint32_t before : {0U, 1U, 15U, 999U, 1000U, 1001U}) {
         SimulatedTime time({.TickCount = GetParam() - before});
         bool handled = false;
@@ -67,7 +67,7 @@ TEST_P(MsgWaitObjAcross, TheWrapTakesTheTimeAskedFor) {
 
 INSTANTIATE_TEST_SUITE_P(BothWraps, MsgWaitObjAcross, testing::Values(0x80000000U, 0U));
 
-TEST(MsgWaitObj, AcrossAWrapIsUpEvenWhenAHandlerOverrunsIt) {
+TEST(MsgWaitObj, AWaitAcrossTheWrapEndsEvenIfAHandlerOverrunsIt) {
     for (const std::uint32_t boundary : {0x80000000U, 0U}) {
         SimulatedTime time({.TickCount = boundary - 50});
         time.At(10, [&] { time.Block(5000); });

@@ -16,7 +16,7 @@ class SimulatedMidi : public testing::Test {
     SimulatedMidiIn In{Time, Events};
 };
 
-TEST_F(SimulatedMidi, WhatIsSentGoesToTheTimeline) {
+TEST_F(SimulatedMidi, SentMessagesGoToTheTimeline) {
     Out.Devices = {"synthesizer"};
     EXPECT_FALSE(Out.Open(0)) << "not searched for yet";
     EXPECT_EQ(Out.DeviceCount(), 1);

@@ -34,7 +34,7 @@ TEST(SimulatedTime, ABlockingCallRunsNothingUntilSomebodyWaits) {
     EXPECT_EQ(handledAt, 50 * Ms);
 }
 
-TEST(SimulatedTime, WhatBecomesDueWhileHandlersRunBelongsToTheNextCall) {
+TEST(SimulatedTime, EventsDueWhileHandlersRunBelongToTheNextCall) {
     SimulatedTime time;
     int runs = 0;
     time.At(0, [&] {
@@ -64,7 +64,7 @@ TEST(SimulatedTime, TimersTickUntilTheyAreStoppedAlsoByThemselves) {
     time.Stop(12345);
 }
 
-TEST(SimulatedTime, MissedTicksAreNotMadeUp) {
+TEST(SimulatedTime, MissedTicksAreSkipped) {
     SimulatedTime time;
     int ticks = 0;
     time.Start(10, [&] { ++ticks; });
@@ -92,7 +92,7 @@ class TickingTimer : public testing::Test {
     std::function<void()> OnTick;
 };
 
-TEST_F(TickingTimer, AnIntervalOfZeroIsTheShortestThereIs) {
+TEST_F(TickingTimer, AnIntervalOfZeroBecomesTheShortestInterval) {
     Start(0);
     Time.RunUntil(3);
     EXPECT_EQ(Heard, "1 2 3 ");
@@ -109,7 +109,7 @@ TEST_F(TickingTimer, ANewIntervalCountsFromWhenTheLastTickWasDue) {
     EXPECT_EQ(Heard, "10 15 20 25 55 85 ");
 }
 
-TEST_F(TickingTimer, ANewIntervalThatIsOverAlreadyTicksAtOnce) {
+TEST_F(TickingTimer, ANewIntervalThatHasAlreadyPassedTicksAtOnce) {
     Start(1000);
     Time.At(50, [this] { Time.SetInterval(Id, 20); });
     Time.RunUntil(85);
@@ -147,7 +147,7 @@ TEST_F(TickingTimer, ATickWhileTheSameTimersTickWaitsComesOnceAfterwards) {
     EXPECT_EQ(Heard, "10 | 45 50 60 ");
 }
 
-TEST(SimulatedTime, AskingForTheTimeAgainAndAgainLetsItPass) {
+TEST(SimulatedTime, RepeatedReadingsOfTheClockAdvanceIt) {
     SimulatedTime time;
     const std::int64_t start = time.PerformanceCounter();
     for (int i = 0; i < 200'000; ++i)

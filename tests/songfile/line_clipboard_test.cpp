@@ -39,7 +39,7 @@ TEST(LineText, CountsTheLinesThatHaveFewerThanThreeFields) {
     EXPECT_EQ(read.Rejected, 3U);
 }
 
-TEST(LineText, ProseOfThreeWordsAndMoreIsNoMusic) {
+TEST(LineText, ProseOfThreeOrMoreWordsIsNotMusic) {
     for (const char* text :
          {"Thank you very much", "Half a pound of butter", "Half C4 - and more", "half C4 -", "1/32 C4 -",
           "Half H4 -", "Half E#4 -", "Half C -", "Half C4x -", "Half C4 - Dotted", "Half ERR12-4 -"}) {
@@ -67,7 +67,7 @@ TEST(LineText, BehindTheStartOfAListLinesAreTakenAsInASongFile) {
     EXPECT_EQ(read.Rejected, 1U);
 }
 
-TEST(LineText, OnlyOddCellsNeedTheStartOfAListInFront) {
+TEST(LineText, OnlyUnusualCellsAreCopiedWithAListHeader) {
     MusicList list;
     list.Append("Half", "C4", "", "Dot");
     list.Append("Half", "C4", "", "Dot and more");
@@ -212,7 +212,7 @@ TEST_F(LineClipboardTest, ErasingSeveralLinesSelectsTheOneBehindThem) {
     EXPECT_EQ(App.List.SelectedItem(), 3);
 }
 
-TEST_F(LineClipboardTest, ItIsKnownWhetherLinesAreSelected) {
+TEST_F(LineClipboardTest, LinesSelectedFollowsTheSelection) {
     EXPECT_FALSE(App.Editing.LineClipboard.LinesSelected);
     App.List.SetSelection(2, {2, 3});
     EXPECT_TRUE(App.Editing.LineClipboard.LinesSelected);

@@ -17,7 +17,7 @@ using test::Machine;
 using test::RecoveringProgram;
 using test::Song;
 
-TEST(RecoveryOffer, SaysNothingWhenNothingWasLeftBehind) {
+TEST(RecoveryOffer, ShowsNoMessageIfNoCopyWasLeft) {
     Machine m;
     RecoveringProgram p(m);
     p.Keeper.OfferLeftovers(false);
@@ -25,7 +25,7 @@ TEST(RecoveryOffer, SaysNothingWhenNothingWasLeftBehind) {
     EXPECT_TRUE(p.Boxes.Shown().empty());
 }
 
-TEST(RecoveryOffer, SaysWhichSongItIsAndWhenItWas) {
+TEST(RecoveryOffer, NamesTheSongAndItsTime) {
     Machine m;
     LeaveBehind(m, "C4", Song);
     RecoveringProgram p(m);
@@ -147,7 +147,7 @@ TEST(RecoveryOffer, ASecondOneThatIsLoadedPutsTheFirstAsideForTheNextStart) {
     EXPECT_EQ(loaded + p.Notes(), loaded == "C4 " ? "C4 D4 " : "D4 C4 ");
 }
 
-TEST(RecoveryOffer, ASongOnTheCommandLineIsNotReplacedAndTheRestIsToldAndKept) {
+TEST(RecoveryOffer, ASongOnTheCommandLineIsNotReplacedAndCopiesAreReportedAndKept) {
     Machine m;
     LeaveBehind(m, "C4", Song);
     RecoveringProgram p(m);
@@ -178,7 +178,7 @@ TEST(RecoveryOffer, TwoStartsAtOnceDoNotOfferTheSameSong) {
     EXPECT_TRUE(second.Boxes.Shown().empty());
 }
 
-TEST(RecoveryOffer, ACopyThatCantBeReadIsToldAndKept) {
+TEST(RecoveryOffer, ACopyThatCannotBeReadIsReportedAndKept) {
     Machine m;
     LeaveBehind(m, "C4");
     m.Disk.FailReading(Copy1, std::errc::io_error);

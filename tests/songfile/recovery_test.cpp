@@ -60,7 +60,7 @@ TEST(Recovery, WritesAgainFiveSecondsAfterTheNextChangeHoweverManyFollow) {
     EXPECT_NE(m.Disk.Content(Copy1).find("Quarter C8 "), std::string::npos);
 }
 
-TEST(Recovery, WritesNothingForAChangeThatWasTakenBack) {
+TEST(Recovery, WritesNothingForAChangeThatWasReverted) {
     Machine m;
     RecoveringProgram p(m);
     p.Append("C4");
@@ -156,7 +156,7 @@ TEST(Recovery, ACleanEndLeavesNothing) {
     EXPECT_TRUE(m.Disk.NormalFiles("/state/*").empty());
 }
 
-TEST(Recovery, AnEndThatNobodyWasAskedAboutKeepsTheLatestChanges) {
+TEST(Recovery, AnEndWithoutAQuestionKeepsTheLatestChanges) {
     Machine m;
     {
         RecoveringProgram p(m);
@@ -179,7 +179,7 @@ TEST(Recovery, AnUnchangedSongLeavesNothingHoweverItEnds) {
     EXPECT_TRUE(m.Disk.NormalFiles("/state/*").empty());
 }
 
-TEST(Recovery, SaysWhatKeepsItFromWritingAndTriesAgain) {
+TEST(Recovery, ReportsWhyItCannotWriteAndTriesAgain) {
     Machine m;
     RecoveringProgram p(m);
     p.App.Log.Enable();

@@ -218,7 +218,7 @@ TEST(SongDocument, ANewOneIsEmptyInTheTimingOfTheStart) {
     EXPECT_EQ(fields.Entry.NoteLengthCombo, 1);  // how notes are entered is no part of the song
 }
 
-TEST(SongDocument, ANewOneAsksWhatBecomesOfUnsavedChanges) {
+TEST(SongDocument, ANewOneAsksAboutUnsavedChanges) {
     for (const BoxAnswer answer : {BoxAnswer::Yes, BoxAnswer::No, BoxAnswer::Cancel}) {
         Documented p;
         p.LoadAndChange();
@@ -240,7 +240,7 @@ TEST(SongDocument, MayCloseWithoutAQuestionWhenNothingIsUnsaved) {
     EXPECT_TRUE(p.Boxes.Shown().empty());
 }
 
-TEST(SongDocument, MayNotCloseWhenSavingComesToNothing) {
+TEST(SongDocument, MayNotCloseIfSavingFails) {
     Documented p;
     p.App.List.Append("Quarter", "C4", "", "");
     p.Boxes.AnswerNext(BoxAnswer::Yes);

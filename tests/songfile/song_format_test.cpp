@@ -16,7 +16,7 @@ TEST(AtStartOfString, ComparesTheFirstCharactersExactly) {
     EXPECT_FALSE(AtStartOfString("Rev", "Revision"));
 }
 
-TEST(GetSettingName, IsWhatStandsBeforeTheFirstBlankInLowerCase) {
+TEST(GetSettingName, IsTheTextBeforeTheFirstBlankInLowerCase) {
     EXPECT_EQ(GetSettingName("BPM 120 3"), "bpm");
     EXPECT_EQ(GetSettingName(" BPM"), "");
     EXPECT_EQ(GetSettingName(""), "");
@@ -27,7 +27,7 @@ TEST(GetSettingName, LosesTheLastCharacterOfALineWithoutABlank) {
     EXPECT_EQ(GetSettingName("x"), "");
 }
 
-TEST(GetSettingValue, IsWhatStandsBehindTheFirstBlankOrTheWholeLine) {
+TEST(GetSettingValue, IsTheTextAfterTheFirstBlankOrTheWholeLine) {
     test::SongProgram p;
     p.App.Log.Enable();
     EXPECT_EQ(GetSettingValue("Key Some  Value ", p.App.Log), "Some  Value ");

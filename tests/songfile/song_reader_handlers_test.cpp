@@ -45,7 +45,7 @@ TEST(SongReader, ShowsAWholeListWhileTheQuestionOfALineIsOpen) {
     EXPECT_EQ(view.Rows, 3);
 }
 
-TEST(SongReader, AddsTheRestToWhatAHandlerMadeOfTheListMeanwhile) {
+TEST(SongReader, AddsTheRemainingLinesToAListThatAHandlerChanged) {
     SongProgram p;
     ListView view(p.App.List);
     p.Boxes.AnswerNext(BoxAnswer::Ok);
@@ -76,7 +76,7 @@ std::string ManyLines(std::int32_t count) {
     return lines;
 }
 
-TEST(SongReader, TellsItsProgressNowAndThenWithTheListWhole) {
+TEST(SongReader, ReportsItsProgressWhileTheListIsConsistent) {
     SongProgram p;
     ListView view(p.App.List);
     p.Loading.OnProgress = [&](double) {

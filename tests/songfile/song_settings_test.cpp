@@ -131,7 +131,7 @@ TEST(SongSettings, TakesEveryKeyboardOctaveAndShowsWhatTheFieldCanShow) {
     }
 }
 
-TEST(SongSettings, TellsTheKeyboardOctaveToThoseWhoShowIt) {
+TEST(SongSettings, NotifiesWatchersOfTheKeyboardOctave) {
     SongProgram p;
     int shown = -1;
     p.App.Fields.Entry.KeyboardOctave.State().Watch(
@@ -219,7 +219,7 @@ TEST(SongSettings, RaisesOverflowForNumbersThatASettingCannotHold) {
         EXPECT_EQ(ErrorOf(line), RuntimeError::Overflow) << line;
 }
 
-TEST(SongSettings, IgnoresWhatIsNoSetting) {
+TEST(SongSettings, IgnoresUnknownSettings) {
     SongProgram p;
     const std::string before = p.Saved();
     p.Load(

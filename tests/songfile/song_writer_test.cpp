@@ -174,7 +174,7 @@ TEST(SongWriter, RaisesDiskFullAndLeavesTheOldSongWhole) {
     }
 }
 
-TEST(SongWriter, RaisesWhatKeepsTheNewSongFromItsPlace) {
+TEST(SongWriter, RaisesTheErrorThatPreventsTheReplacement) {
     SongProgram p;
     p.Disk.Put(Song, "old");
     p.Disk.FailCommitting(Song, std::errc::io_error);

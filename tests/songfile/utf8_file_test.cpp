@@ -17,7 +17,7 @@ using namespace std::string_literals;
 constexpr std::size_t MiB = 1024 * 1024;
 const std::string MusicStart = Header + "MUSICLISTSTART\n";
 
-TEST(Utf8File, LoadsBytesThatAreNoUtf8AsLatin1AndSaysSo) {
+TEST(Utf8File, LoadsInvalidUtf8AsLatin1WithAMessage) {
     SongProgram p;
     p.App.Log.Enable();
     p.LoadFile(MusicStart + "Half C4 - caf\xE9 \xC3\xA9\n");
@@ -35,7 +35,7 @@ TEST(Utf8File, LoadsBytesThatAreNoUtf8AsLatin1AndSaysSo) {
     EXPECT_FALSE(p.Loading.InfoShown);
 }
 
-TEST(Utf8File, LoadsUtf8WithoutAWord) {
+TEST(Utf8File, LoadsUtf8WithoutAMessage) {
     SongProgram p;
     p.LoadFile(MusicStart + "Half C4 - \xF0\x9F\x8E\xB5\n");
     EXPECT_EQ(p.Rows(), "Half|C4||\xF0\x9F\x8E\xB5\n");
@@ -48,7 +48,7 @@ TEST(Utf8File, TakesNulBytesAsOrdinaryCharacters) {
     EXPECT_EQ(p.Rows(), "Half|C4||a\0b\nH\0|||\n"s);
 }
 
-TEST(Utf8File, MakesTheSameOfEveryReadSize) {
+TEST(Utf8File, GivesTheSameTextForEveryReadSize) {
     const std::string content = MusicStart + "H\xE9 C4 \xC3\xA9 \xFF\xC3\n\xF0\x9F\x8E\xB5 a b \xE2\x82";
     SongProgram whole;
     whole.LoadFile(content);
@@ -71,7 +71,7 @@ TEST(Utf8File, ReadsAGrowingFileToItsFirstLength) {
     EXPECT_EQ(p.Rows(), "Half|C4||\nHalf|D4||\n");
 }
 
-TEST(Utf8File, TakesWhatWasReadOfAShrinkingOrDeletedFile) {
+TEST(Utf8File, KeepsTheTextReadOfAShrinkingOrDeletedFile) {
     SongProgram p;
     p.Disk.SetReadSize(Header.size() + 8);
     p.Disk.BeforeRead([&](const std::string& name, std::uint64_t position) {

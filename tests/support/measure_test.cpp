@@ -49,14 +49,14 @@ TEST(Measuring, TellsTheFrequencyThroughNoise) {
     EXPECT_LT(std::abs(Cents(FrequencyHz(samples, Rate), 440)), 0.02);
 }
 
-TEST(Measuring, SoManySilentSamplesPartTwoTones) {
+TEST(Measuring, TonesAreSeparatedByTheGivenNumberOfSilentSamples) {
     const std::vector<float> three = {0.5F, 0.0F, 0.0F, 0.0F, 0.5F};
     const std::vector<float> two = {0.5F, 0.0F, 0.0F, 0.5F};
     EXPECT_EQ(FindTones(three, Rate).size(), 2U);
     EXPECT_EQ(FindTones(two, Rate).size(), 1U);
 }
 
-TEST(Measuring, WhatIsNoToneHasNoFrequency) {
+TEST(Measuring, NoiseAndSilenceHaveNoFrequency) {
     EXPECT_EQ(FrequencyHz({}, Rate), 0.0);
     EXPECT_EQ(FrequencyHz(std::vector<float>(1000, 0.5F), Rate), 0.0);
     EXPECT_EQ(FrequencyHz(Sine(40, 1200), Rate), 0.0);

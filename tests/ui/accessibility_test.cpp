@@ -57,7 +57,7 @@ QString SpokenNameOf(QWidget* widget) {
     return QAccessible::queryAccessibleInterface(widget)->text(QAccessible::Name);
 }
 
-TEST(Accessibility, LabelsSayWhatStandsInThem) {
+TEST(Accessibility, LabelsAreNamedByTheirText) {
     test::UiProgram p;
     const auto spoken = [&](const char* label) { return SpokenNameOf(&p.Find<QLabel>(label)); };
     p.App.Editing.PositionDisplay.lblPlayBar = "0002";

@@ -28,7 +28,7 @@ TEST(NoteEntryPanel, EntersNotesAsTheOptionsSay) {
     EXPECT_EQ(p.App.List.Count(), 1);
 }
 
-TEST(NoteEntryPanel, GreysOutWhatDependsOnAnotherOption) {
+TEST(NoteEntryPanel, GreysOutDependentOptions) {
     test::UiProgram p;
     const auto enabled = [&](const char* name) { return p.Find<QWidget>(name).isEnabled(); };
     EXPECT_FALSE(enabled("NoteLengthReplaceCheck"));

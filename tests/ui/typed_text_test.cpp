@@ -238,7 +238,7 @@ TEST(TypedText, LeavesTheOctaveAtLeastItsLowestAndTheLabelsRight) {
 }
 
 /// A field that comes into the window needs its rules here.
-TEST(TypedText, IsTriedInEveryTextFieldOfTheWindow) {
+TEST(TypedText, EveryTextFieldOfTheWindowIsTested) {
     test::UiProgram p;
     QStringList names;
     for (const auto* field : p.Form.findChildren<QLineEdit*>()) {

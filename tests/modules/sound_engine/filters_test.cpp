@@ -89,7 +89,7 @@ std::vector<float> Saw(Change change) {
     return engine.Finish();
 }
 
-TEST(EngineFilter, OfGainOneOrBypassedChangesNothingAtAll) {
+TEST(EngineFilter, OfGainOneOrBypassedLeavesTheSamplesUnchanged) {
     const std::vector<float> plain = Saw([](const EngineSystem&) {});
     ASSERT_GT(Peak(plain), 0.1);
     EXPECT_EQ(plain, Saw([](const EngineSystem& engine) {
@@ -107,7 +107,7 @@ TEST(EngineFilter, OfGainOneOrBypassedChangesNothingAtAll) {
     EXPECT_LT(Rms(lowPass(false)), 0.3 * Rms(plain));
 }
 
-TEST(EngineFilter, ThatIsNotActiveGivesSilence) {
+TEST(EngineFilter, InactiveGivesSilence) {
     EXPECT_EQ(Peak(Saw([](const EngineSystem& engine) {
                   SoundUnit* unit = engine.Unit(SOUND_LOW_PASS);
                   EXPECT_EQ(E().DSP_SetActive(unit, 0), SOUND_OK);

@@ -47,7 +47,7 @@ TEST(EngineSettings, KeepTheBufferSize) {
     EXPECT_EQ(E().System_SetDSPBufferSize(system, 65536, 16), SOUND_OK);
 }
 
-TEST(EngineSettings, AreOverWithInit) {
+TEST(EngineSettings, AreFixedAfterInit) {
     EngineSystem engine;
     engine.InitSilent();
     EXPECT_EQ(E().System_SetDSPBufferSize(engine.Handle(), 64, 4), SOUND_INITIALIZED);
@@ -140,7 +140,7 @@ TEST(EngineSettings, TellTheFormatOfEveryOutput) {
     }
 }
 
-TEST(EngineSettings, AFileThatDoesNotOpenCanBeFollowedByOneThatDoes) {
+TEST(EngineSettings, AfterAFileThatDoesNotOpenAnotherCanBeOpened) {
     const TemporaryFolder folder;
     EngineSystem engine;
     std::string nowhere = folder.File("no/such/folder.wav");
@@ -154,7 +154,7 @@ TEST(EngineSettings, AFileThatDoesNotOpenCanBeFollowedByOneThatDoes) {
     EXPECT_EQ(engine.Finish().size(), 160U);
 }
 
-TEST(EngineSettings, AFullDiskIsTold) {
+TEST(EngineSettings, AFullDiskIsReported) {
     EngineSystem engine;
     std::string full = "/dev/full";
     EXPECT_EQ(E().System_SetOutput(engine.Handle(), SOUND_OUTPUT_WAV_BY_UPDATE), SOUND_OK);

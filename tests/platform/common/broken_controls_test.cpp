@@ -45,7 +45,7 @@ std::string MessageAbout(const std::string& module) {
     return p.Boxes.Shown().front().Text;
 }
 
-TEST(BrokenControl, IsNamedWithWhatIsWrongWithItWhenItsBoxIsTicked) {
+TEST(BrokenControl, IsNamedWithItsFaultWhenItsBoxIsTicked) {
     const test::TemporaryFolder folder;
     const std::string text = folder.File("text.ocx");
     std::ofstream(text) << "not a library";
@@ -64,7 +64,7 @@ TEST(RegisterControl, AsksAControlOnceWhetherItCanBeUsed) {
     EXPECT_EQ(problem, "");
 }
 
-TEST(RegisterControl, SaysWhyAFileIsNoControl) {
+TEST(RegisterControl, TheReasonWhyAFileIsNoControlIsGiven) {
     const test::TemporaryFolder folder;
     std::string problem;
     EXPECT_FALSE(RegisterControl(folder.File("missing.ocx"), problem));

@@ -96,7 +96,7 @@ class NoWatch : public HandleWatch {
     Id watches = 0;
 };
 
-TEST(ModuleLoader, WithoutTheirModuleMidiDevicesAreNoneAndSayWhy) {
+TEST(ModuleLoader, WithoutTheModuleTheMidiDeviceListIsEmptyAndTheReasonIsGiven) {
     NoWatch watch;
     for (const std::string file :
          {"/nowhere/midiio32.ocx", QUAVIX_BROKEN_SYMBOLS_MODULE, QUAVIX_BROKEN_VERSION_MODULE,

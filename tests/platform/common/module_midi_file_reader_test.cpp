@@ -86,7 +86,7 @@ TEST_F(ModuleMidiFile, ReadingCanBeStopped) {
     EXPECT_THAT(content_.Tracks, IsEmpty());
 }
 
-TEST_F(ModuleMidiFile, WhatProgressThrowsComesOutBehindTheModule) {
+TEST_F(ModuleMidiFile, AnExceptionOfTheProgressFunctionPassesTheModule) {
     EXPECT_THROW(Read(File(0, {Track(NoteOn)}), [](double) -> bool { throw std::bad_alloc(); }),
                  std::bad_alloc);
     EXPECT_THAT(content_.Tracks, IsEmpty());

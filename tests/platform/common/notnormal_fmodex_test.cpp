@@ -76,7 +76,7 @@ TEST(SoundLibraryFile, MissingFunctionsAreNamedAndTheLibraryIsNotUsed) {
     EXPECT_THROW(library.FMOD_System_Create(&system), RuntimeError);
 }
 
-TEST(SoundLibraryFile, WhatIsNoLibraryIsSaid) {
+TEST(SoundLibraryFile, AFileThatIsNoLibraryIsReported) {
     test::TemporaryFolder folder;
     folder.Put("FMODex.dll", "not a library");
     NOTNORMALfmodex library;
@@ -84,7 +84,7 @@ TEST(SoundLibraryFile, WhatIsNoLibraryIsSaid) {
     EXPECT_NE(library.Load(folder.File("none.dll")), "");
 }
 
-TEST(SoundLibraryFile, CalledBeforeItIsLoadedItIsAFileThatWasNotFound) {
+TEST(SoundLibraryFile, ACallBeforeLoadingRaisesFileNotFound) {
     NOTNORMALfmodex library;
     try {
         library.FMOD_Channel_SetPaused(nullptr, true);

@@ -64,7 +64,7 @@ TEST(Lock, IsHeldByOneAtATimeAndItsFileGoesWithIt) {
     EXPECT_FALSE(error);
 }
 
-TEST(Lock, IsFreeWhereOnlyTheFileOfAProcessThatWasKilledStands) {
+TEST(Lock, IsFreeIfOnlyTheFileOfAKilledProcessIsLeft) {
     const TemporaryFolder folder;
     PosixFiles files;
     folder.Put("lock", "");
@@ -72,7 +72,7 @@ TEST(Lock, IsFreeWhereOnlyTheFileOfAProcessThatWasKilledStands) {
     EXPECT_TRUE(files.TryLock(folder.File("lock"), error));
 }
 
-TEST(Lock, SaysWhyThereIsNone) {
+TEST(Lock, TheReasonForAMissingLockIsGiven) {
     const TemporaryFolder folder;
     PosixFiles files;
     std::error_code error;

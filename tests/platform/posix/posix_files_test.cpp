@@ -117,7 +117,7 @@ TEST_F(PosixFilesTest, ReplacesAFileOnlyInCommit) {
     EXPECT_EQ(Folder.EntryCount(), 1);
 }
 
-TEST_F(PosixFilesTest, OfTwoThatReplaceAFileAtOnceTheLastToCommitHasIt) {
+TEST_F(PosixFilesTest, TheLastOfTwoCommitsWins) {
     Folder.Put("song", "old");
     std::error_code error;
     const auto one = Disk.OpenForOutput(Folder.File("song"), error);
@@ -262,7 +262,7 @@ TEST_F(PosixFilesTest, AppendsAndWritesInPlace) {
     EXPECT_EQ(Disk.WriteAt(Folder.File("missing/log"), 0, "x"), std::errc::no_such_file_or_directory);
 }
 
-TEST_F(PosixFilesTest, FindsOrdinaryFilesAndNothingElse) {
+TEST_F(PosixFilesTest, FindsOrdinaryFilesOnly) {
     Folder.Put("song.QVX", "x");
     Folder.Put(".hidden.QVX", "x");
     fs::create_directory(Folder.File("folder.QVX2"));

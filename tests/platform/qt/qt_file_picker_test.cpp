@@ -28,7 +28,7 @@ TEST(WithExtension, IsAddedToANameWithoutOneWhereTheFilterStandsForOneKind) {
     EXPECT_EQ(WithExtension("two words v1.2", own), "two words v1.2.QVX");
 }
 
-TEST(WithExtension, LeavesWhatTheUserSaidAlone) {
+TEST(WithExtension, LeavesAnExtensionThatTheUserTypedAlone) {
     const QString own = NameFilters("Songs (*.QVX)|*.QVX").first();
     EXPECT_EQ(WithExtension("song.qvx", own), "song.qvx");
     EXPECT_EQ(WithExtension("song.txt", own), "song.txt");

@@ -55,7 +55,7 @@ QPointer<QMessageBox> Told(const QString& title) {
     return nullptr;
 }
 
-TEST(QtMessageBoxes, WhatIsToldBeforeThereIsAWindowWaitsForIt) {
+TEST(QtMessageBoxes, AMessageBeforeTheFirstWindowWaitsForIt) {
     QtMessageBoxes boxes;
     boxes.Tell({.Title = "Early", .Text = "1"});
     EXPECT_FALSE(Told("Early")) << "the window would cover it";
@@ -69,7 +69,7 @@ TEST(QtMessageBoxes, WhatIsToldBeforeThereIsAWindowWaitsForIt) {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
-TEST(QtMessageBoxes, WhatIsOnlyToldHoldsNothingUp) {
+TEST(QtMessageBoxes, AMessageWithoutAQuestionDoesNotBlock) {
     QWidget window;
     window.show();
     window.activateWindow();
@@ -86,7 +86,7 @@ TEST(QtMessageBoxes, WhatIsOnlyToldHoldsNothingUp) {
     EXPECT_FALSE(told);
 }
 
-TEST(QtMessageBoxes, WhatIsToldAgainIsShownOnceUntilItIsClosed) {
+TEST(QtMessageBoxes, ARepeatedMessageIsShownOnceUntilItIsClosed) {
     QWidget window;
     window.show();
     window.activateWindow();
@@ -143,7 +143,7 @@ TEST(QtMessageBoxes, ABoxBelongsToAWindowThatStays) {
     });
 }
 
-TEST(QtMessageBoxes, WhatIsToldOutlivesAWindowThatCloses) {
+TEST(QtMessageBoxes, AMessageOutlivesAWindowThatCloses) {
     WindowWithPassingOne front;
     QtMessageBoxes boxes;
     boxes.Tell({.Title = "Over another", .Text = "1"});
@@ -175,7 +175,7 @@ TEST(QtMessageBoxes, ABoxOutlivesAMenuThatDeletesItself) {
     EXPECT_EQ(answer, BoxAnswer::Yes);
 }
 
-TEST(QtMessageBoxes, WhatIsToldOverADialogOutlivesIt) {
+TEST(QtMessageBoxes, AMessageOverADialogOutlivesTheDialog) {
     QWidget window;
     window.show();
     QtMessageBoxes boxes;
@@ -241,7 +241,7 @@ TEST(QtMessageBoxes, EnterAnswersTheFirstChoice) {
               BoxAnswer::Ok);
 }
 
-TEST(QtMessageBoxes, WhenNobodyIsThereAnyMoreBoxesAnswerThemselves) {
+TEST(QtMessageBoxes, AfterTheProgramsEndBeginsBoxesAnswerThemselves) {
     QtMessageBoxes boxes;
     boxes.AnswerThemselves();
     EXPECT_EQ(boxes.Show({.Title = "Title", .Text = "Text"}), BoxAnswer::Ok);

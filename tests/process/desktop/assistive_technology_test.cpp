@@ -171,7 +171,7 @@ TEST_F(AssistiveTechnology, FindsEachControlOfTheModsWindowsByItsName) {
     }
 }
 
-TEST_F(AssistiveTechnology, MeetsNoControlWithoutANameOrARole) {
+TEST_F(AssistiveTechnology, EveryControlHasANameAndARole) {
     Program.PutSoundEngine();
     OpenExample();
     const auto expectNames = [this](const QString& window, std::size_t fewest) {
@@ -261,7 +261,7 @@ TEST_F(AssistiveTechnology, PlaysTheSongReadsThePositionAndStops) {
     EXPECT_FALSE(stop.Has(AccessibleState::Enabled));
 }
 
-TEST_F(AssistiveTechnology, WorksWhatItFinds) {
+TEST_F(AssistiveTechnology, OperatesTheControlsThatItFinds) {
     Program.Start({});
     const Accessible dotted = Window.Find("check box", "Dotted");
     const Accessible triplet = Window.Find("check box", "Triplet");

@@ -233,7 +233,7 @@ TEST_F(MidiSong, ASynthesizerSoundsItsNotesAnOctaveBelowTheSpeakers) {
     EXPECT_EQ(note, 3u);
 }
 
-TEST_F(MidiSong, CopiesOfTheProgramThatInstallTheControlAtOnceDoEachOtherNoHarm) {
+TEST_F(MidiSong, CopiesOfTheProgramInstallTheControlAtTheSameTime) {
     std::vector<std::unique_ptr<DesktopProcess>> copies;
     for (int i = 0; i < 6; ++i)
         copies.push_back(

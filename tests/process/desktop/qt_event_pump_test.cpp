@@ -42,7 +42,7 @@ TEST(QtEventPump, AWaitThatTimesOutHasLastedItsTime) {
     }
 }
 
-TEST(QtEventPump, AWaitOfNothingTimesOut) {
+TEST(QtEventPump, AWaitOfZeroTimesOut) {
     QtEventPump pump;
     EXPECT_EQ(pump.WaitForInput({}, 0), EventPump::WaitTimedOut);
 }

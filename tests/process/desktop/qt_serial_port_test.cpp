@@ -38,7 +38,7 @@ TEST(QtSerialPort, IsSetTo115200BaudEightBitsNoParityOneStopBit) {
     EXPECT_EQ(settings.c_iflag & (IXON | IXOFF), 0u);
 }
 
-TEST(QtSerialPort, LeavesWhatTheDeviceSaysUnheard) {
+TEST(QtSerialPort, IgnoresInputFromTheDevice) {
     PseudoTerminal terminal;
     QtSerialPort port;
     bool lost = false;
@@ -85,7 +85,7 @@ TEST(QtSerialPort, APulledPortIsNoticedByTheEventLoopOnce) {
     EXPECT_EQ(lost, 1);
 }
 
-TEST(QtSerialPort, APulledPortIsNoticedByWhatIsWrittenToo) {
+TEST(QtSerialPort, APulledPortIsNoticedByAWrite) {
     PseudoTerminal terminal;
     QtSerialPort port;
     int lost = 0;
@@ -126,7 +126,7 @@ TEST(MotorOnAPort, SendsEachCommandAtItsTime) {
     EXPECT_EQ(p.Time.Now(), 280 * SimulatedTime::CountsPerMs);
 }
 
-TEST(MotorOnAPort, PulledInTheMiddleItIsSwitchedOffWithOneMessage) {
+TEST(MotorOnAPort, PullingThePortDuringMusicSwitchesTheMotorOffWithOneMessage) {
     MotorOnAPort p;
     EXPECT_TRUE(p.Fields.Mods.UseMotor.InUse);
     p.Time.At(100, [&] { p.Terminal.Pull(); });
@@ -150,7 +150,7 @@ TEST(MotorOnAPort, ABusyPortIsRefusedWithAMessageUntilItIsFree) {
     EXPECT_TRUE(p.Fields.Mods.UseMotor.InUse);
 }
 
-TEST(MotorOnAPort, UntickedItLeavesThePortFreeAndTheMotorStopped) {
+TEST(MotorOnAPort, UntickingStopsTheMotorAndFreesThePort) {
     MotorOnAPort p;
     p.Fields.Song.NoteSilenceRatio.Set(100);
     p.Motor.PlayNote("C1", 10);

@@ -48,7 +48,7 @@ TEST_F(QuavixProgram, AnswersVersionAndHelpWithoutADisplay) {
     EXPECT_TRUE(program_.Process().readAllStandardOutput().startsWith("Usage: quavix"));
 }
 
-TEST_F(QuavixProgram, SaysThatThereIsNoDisplay) {
+TEST_F(QuavixProgram, ReportsAMissingDisplay) {
     program_.Environment.insert("QT_QPA_PLATFORM", "xcb");
     program_.Environment.remove("WAYLAND_DISPLAY");
     program_.Environment.insert("DISPLAY", ":654321");
@@ -77,7 +77,7 @@ TEST_F(QuavixProgram, ATerminationSignalClosesItInOrder) {
     }
 }
 
-TEST_F(QuavixProgram, KeepsTheWorkThatItIsAskedAboutWhenItIsEndedMeanwhile) {
+TEST_F(QuavixProgram, KeepsUnsavedWorkWhenASignalComesDuringTheQuestion) {
     const QString copy = program_.File("state/quavix/unsaved-001.QVX");
     const QString lock = program_.File("state/quavix/unsaved-001.lock");
     ASSERT_TRUE(QDir(program_.File("state")).mkpath("quavix"));

@@ -25,7 +25,7 @@ TEST(TerminationSignals, EndASleepAtOnceAndStayKnown) {
     }
 }
 
-TEST(TerminationSignals, WithoutOneASleepEndsAtItsDeadline) {
+TEST(TerminationSignals, WithoutASignalASleepEndsAtItsDeadline) {
     TerminationSignals signals;
     const std::int64_t deadline = NsFromNow(2'000'000);
     EXPECT_FALSE(signals.SleepUntil(deadline));
@@ -33,7 +33,7 @@ TEST(TerminationSignals, WithoutOneASleepEndsAtItsDeadline) {
     EXPECT_FALSE(signals.SleepUntil(0)) << "a deadline in the past";
 }
 
-TEST(TerminationSignals, LeaveAnIgnoredSignalIgnoredAndGiveTheOthersBack) {
+TEST(TerminationSignals, LeaveIgnoredSignalsIgnoredAndRestoreTheOthers) {
     const auto earlier = std::signal(SIGHUP, SIG_IGN);
     {
         TerminationSignals signals;

@@ -70,7 +70,7 @@ void SavesAfterAll(OpenSong& open, const QString& file) {
     EXPECT_TRUE(Content(file).endsWith("Quarter C4 - -\r\n1/8 D4 - -\r\n"));
 }
 
-TEST(SavingFromTheWindow, SaysThatTheDiskIsFullAndSavesOnceItIsNot) {
+TEST(SavingFromTheWindow, ReportsAFullDiskAndSavesOnceItHasSpace) {
     const DesktopSession session;
     const TemporaryFolder folder;
     const QString file = QString::fromStdString(folder.File("song.QVX"));
@@ -103,7 +103,7 @@ TEST(SavingFromTheWindow, SaysThatAFolderCantBeWrittenTo) {
     SavesAfterAll(open, file);
 }
 
-TEST(SavingFromTheWindow, SaysThatAFolderHasTakenTheFilesPlace) {
+TEST(SavingFromTheWindow, ReportsAFolderAtTheFilesPath) {
     const DesktopSession session;
     const QTemporaryDir folder;
     const QString file = folder.filePath("song.QVX");
@@ -139,7 +139,7 @@ TEST(SavingFromTheWindow, WritesToNoDevice) {
     SavesAfterAll(open, file);
 }
 
-TEST(SavingFromTheWindow, TheLastOfTwoWindowsThatSaveASongHasItInTheFile) {
+TEST(SavingFromTheWindow, TheLastOfTwoWindowsThatSaveASongWins) {
     const DesktopSession session;
     const QTemporaryDir folder;
     const QString file = folder.filePath("song.QVX");

@@ -141,7 +141,7 @@ TEST(MainForm, LoadsASongThatIsDroppedOnIt) {
     EXPECT_TRUE(p.Form.windowTitle().endsWith(" BETA) - dropped.QVX")) << p.Form.windowTitle().toStdString();
 }
 
-TEST(MainForm, TakesNoDropOfWhatIsNoFile) {
+TEST(MainForm, RefusesADropThatIsNotAFile) {
     test::UiProgram p;
     QMimeData link;
     link.setUrls({QUrl("https://quavix.example/song.QVX")});
@@ -150,7 +150,7 @@ TEST(MainForm, TakesNoDropOfWhatIsNoFile) {
     EXPECT_FALSE(enter.isAccepted());
 }
 
-TEST(SaveLoadForm, HasTheFocusAgainWhenTheUserKeepsTheProgramOpenAfterAll) {
+TEST(SaveLoadForm, GetsTheFocusBackWhenClosingIsCancelled) {
     test::UiProgram p;
     p.SetSong({"Quarter C4 - -"});
     p.App.List.SetText(1, Cell::Note1, "D4");

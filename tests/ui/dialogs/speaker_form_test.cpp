@@ -37,7 +37,7 @@ TEST(SpeakerForm, ShowsTheRemedyAndCopiesIt) {
     EXPECT_FALSE(form.isVisible());
 }
 
-TEST(SpeakerForm, LeavesOutWhatThereIsNothingToSayAbout) {
+TEST(SpeakerForm, HidesEmptyTexts) {
     test::UiProgram p;
     OpenDetails(p);
     EXPECT_FALSE(p.Find<QWidget>("lblReason").isVisible());

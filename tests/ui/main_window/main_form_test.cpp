@@ -11,7 +11,7 @@ TEST(MainForm, TitleSaysTheVersion) {
     EXPECT_FALSE(p.Form.windowIcon().pixmap(32).isNull());
 }
 
-TEST(MainForm, ClosingInTheMiddleOfPlaybackEndsTheProcessThenAndThere) {
+TEST(MainForm, ClosingDuringPlaybackEndsTheProcessAtOnce) {
     test::UiProgram p;
     p.App.Log.Enable();
     p.SetSong({"Quarter C4 - -"});
@@ -52,7 +52,7 @@ TEST(MainForm, DebugLoggingIsAnnouncedOnlyWhileItIsOn) {
     EXPECT_EQ(label->text(), "DEBUG LOGGING ENABLED");
 }
 
-TEST(MainForm, ChecksSwitchWhatTheySay) {
+TEST(MainForm, CheckBoxesSwitchTheirOptions) {
     test::UiProgram p;
     p.Click("MuteTweebleCheck");
     EXPECT_TRUE(p.App.Fields.Output.MutePCSpeaker);
@@ -65,7 +65,7 @@ TEST(MainForm, ChecksSwitchWhatTheySay) {
     EXPECT_TRUE(p.App.Fields.Song.PlayNote2Check);
 }
 
-TEST(MainForm, DoNotUpdateStaysUntickedWhereTheUserSaysNo) {
+TEST(MainForm, DoNotUpdateStaysUntickedIfTheUserSaysNo) {
     test::UiProgram p;
     p.App.Fields.Mods.UseBeat.Ticked = true;
     p.Boxes.AnswerNext(BoxAnswer::No);

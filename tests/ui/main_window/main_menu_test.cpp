@@ -51,7 +51,7 @@ TEST(MainMenu, LinesGoThroughTheClipboardByTheirKeys) {
     EXPECT_EQ(p.Row(3), "Quarter,C4,E4,Dot");
 }
 
-TEST(MainMenu, KeysOfTheMenusStayWithAFieldThatIsTypedIn) {
+TEST(MainMenu, MenuShortcutsGoToTheFieldThatHasTheFocus) {
     test::UiProgram p;
     p.SetSong({"Quarter C4 - -"});
     p.App.List.Select(1);
@@ -63,7 +63,7 @@ TEST(MainMenu, KeysOfTheMenusStayWithAFieldThatIsTypedIn) {
     EXPECT_EQ(p.App.List.Count(), 1);
 }
 
-TEST(MainMenu, PastingWhatIsNoMusicSaysSo) {
+TEST(MainMenu, PastingOtherTextShowsAMessage) {
     test::UiProgram p;
     p.Clipboard.Put("Dear Quavix,\nthank you!");
     Choose(p, "PasteAction");
@@ -136,7 +136,7 @@ TEST(MainMenu, PlayItemsAreEnabledAsTheButtonsAre) {
     EXPECT_TRUE(ActionOf(p, "PlayAllAction").isEnabled());
 }
 
-TEST(MainForm, SpacePlaysAndEscapeStopsWhereNoControlWantsThem) {
+TEST(MainForm, SpacePlaysAndEscapeStopsIfTheFocusedControlIgnoresThem) {
     test::UiProgram p;
     p.SetSong({"Half C4 - -"});
     p.Click("MuteTweebleCheck");
@@ -152,7 +152,7 @@ TEST(MainForm, SpacePlaysAndEscapeStopsWhereNoControlWantsThem) {
     EXPECT_TRUE(played);
 }
 
-TEST(MainMenu, TheManualIsShownOrMissed) {
+TEST(MainMenu, TheManualIsShownOrReportedAsMissing) {
     test::UiProgram p;
     p.Disk.Put("/program/info.txt", "HOW TO USE IT");
     Choose(p, "ManualAction");
@@ -167,7 +167,7 @@ TEST(MainMenu, TheManualIsShownOrMissed) {
     EXPECT_EQ(without.Boxes.Shown()[0].Title, "Can't open the manual!");
 }
 
-TEST(MainMenu, WhatWorksOnSelectedLinesIsOnlyThereWhenSomeAre) {
+TEST(MainMenu, CommandsForSelectedLinesAreEnabledOnlyWithASelection) {
     test::UiProgram p;
     const auto enabled = [&] {
         std::string text;

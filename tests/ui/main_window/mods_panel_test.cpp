@@ -6,7 +6,7 @@
 namespace quavix {
 namespace {
 
-TEST(ModsPanel, EachCheckBoxIsItsModsOwn) {
+TEST(ModsPanel, EachCheckBoxSwitchesItsMod) {
     test::UiProgram p;
     for (const text::Mod* mod : text::Mods) {
         const auto& check = p.Find<QCheckBox>(mod->CheckName);

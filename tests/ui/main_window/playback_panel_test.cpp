@@ -26,7 +26,7 @@ TEST(PlaybackPanel, PlayFromSelectedLineStartsWithTheLineHighlighted) {
     EXPECT_EQ(p.Timeline.Text("speaker"), "0.0000 speaker 330 Hz 386 ms\n");
 }
 
-TEST(PlaybackPanel, OnlyStopCanBeClickedWhileTheMusicPlays) {
+TEST(PlaybackPanel, OnlyStopIsEnabledWhileTheMusicPlays) {
     test::UiProgram p;
     p.SetSong({"Quarter C4 - -"});
     const auto enabled = [&](const char* name) { return p.Find<QWidget>(name).isEnabled(); };

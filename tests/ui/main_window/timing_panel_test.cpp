@@ -139,7 +139,7 @@ void WriteAssisted(QLineEdit& field, const char* text) {
     interface->editableTextInterface()->insertText(0, text);
 }
 
-TEST(TimingPanel, WhatAssistiveTechnologyWritesIsCheckedAndTaken) {
+TEST(TimingPanel, TextFromAssistiveTechnologyIsCheckedAndUsed) {
     test::UiProgram p;
     auto& field = p.Find<QLineEdit>("BPMText");
     WriteAssisted(field, "200");
@@ -154,7 +154,7 @@ TEST(TimingPanel, WhatAssistiveTechnologyWritesIsCheckedAndTaken) {
     EXPECT_EQ(p.TextOf("OctLabel1"), "6");
 }
 
-TEST(KeyboardPanel, AnOctaveThatIsNoneIsMarkedOrangeWithoutAMessage) {
+TEST(KeyboardPanel, AnImpossibleOctaveIsMarkedOrangeWithoutAMessage) {
     test::UiProgram p;
     auto& field = p.Find<QLineEdit>("KeyboardOctaveText");
     const QColor ordinary = BackgroundOf(field);

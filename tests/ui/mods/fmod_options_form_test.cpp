@@ -25,7 +25,7 @@ TEST(FMODOptionsForm, TheCheckBoxIsGreyWithoutTheLibrary) {
     EXPECT_TRUE(with.Find<QCheckBox>("UseVoiceCheck").isEnabled());
 }
 
-TEST(FMODOptionsForm, IsMadeWhenFmodIsTickedAndShownAsLong) {
+TEST(FMODOptionsForm, IsCreatedWhenFmodIsTickedAndShownWhileItIsTicked) {
     FmodProgram p;
     EXPECT_EQ(p.Form.findChild<FMODOptionsForm*>(), nullptr);
     p.Click("UseFMODCheck");

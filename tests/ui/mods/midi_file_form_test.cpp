@@ -35,7 +35,7 @@ struct MidiFileWindow : test::UiProgram {
     }
 };
 
-TEST(MIDIFileForm, IsMadeAndShownWhenItsModIsTicked) {
+TEST(MIDIFileForm, IsCreatedAndShownWhenItsModIsTicked) {
     test::UiProgram p;
     p.Disk.Put("/windows/system32/midifl32.ocx", "the control");
     EXPECT_EQ(p.Form.findChild<MIDIFileForm*>("MIDIFileForm"), nullptr);

@@ -96,7 +96,7 @@ TEST(MIDIInForm, HeldNotesLightUpTheOneThatIsPulsedBrighter) {
     EXPECT_EQ(p.TextOf("lblHeldCount"), " (0)");
 }
 
-TEST(MIDIInForm, WhatTheGridHasNoRoomForIsCounted) {
+TEST(MIDIInForm, NotesBeyondTheGridAreCounted) {
     MidiInProgram p;
     p.Hold(33);
     EXPECT_TRUE(p.Find<QLabel>("lblMoreOnNotes").isVisible());
@@ -113,7 +113,7 @@ TEST(MIDIInForm, TheGridKeepsItsSizeHoweverManyNotesAreHeld) {
     EXPECT_EQ(p.Window().sizeHint().height(), before.height());
 }
 
-TEST(MIDIInForm, SavingTimeTheGridStaysEmpty) {
+TEST(MIDIInForm, WithTheSaveTimeBoxTheGridStaysEmpty) {
     MidiInProgram p;
     p.Find<QCheckBox>("SaveCPUCheck").click();
     p.Hold(3);
@@ -157,7 +157,7 @@ TEST(MIDIInForm, DevicesAreSearchedForWhenTheListIsOpenedAndChosenThere) {
     EXPECT_EQ(p.Timeline.Text("midi in"), "0.0000 midi in closes\n0.0000 midi in opens 0 \"Organ\"\n");
 }
 
-TEST(MIDIInForm, TheDeviceThatIsBackCanBeChosenOnceMore) {
+TEST(MIDIInForm, AReturnedDeviceCanBeChosenAgain) {
     MidiInProgram p;
     p.MidiIn.VanishAt(1);
     p.Time.RunUntil(2);
@@ -182,7 +182,7 @@ TEST(MIDIInForm, ClosingItSwitchesMidiInputOff) {
     EXPECT_TRUE(p.Window().isVisible()) << "it is still the same window";
 }
 
-TEST(MIDIInForm, WithoutADeviceTheWindowIsGoneAgainAndTheBoxGrey) {
+TEST(MIDIInForm, WithoutADeviceTheWindowIsHiddenAndTheBoxGrey) {
     test::UiProgram p;
     p.Disk.Put("/windows/system32/midiio32.ocx", "module");
     p.Find<QCheckBox>("UseMIDIInCheck").click();

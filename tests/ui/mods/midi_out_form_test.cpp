@@ -54,7 +54,7 @@ TEST(MIDIOutForm, ListsTheDevicesTheChannelsFromOneAndTheInstruments) {
     EXPECT_EQ(instruments.currentIndex(), 0);
 }
 
-TEST(MIDIOutForm, WhatIsChosenIsSent) {
+TEST(MIDIOutForm, TheChosenInstrumentIsSent) {
     MidiOutProgram p;
     p.Open();
     p.Timeline.Clear();
@@ -69,7 +69,7 @@ TEST(MIDIOutForm, WhatIsChosenIsSent) {
     EXPECT_EQ(p.Timeline.Lines().front(), "0.0000 midi out C1 01 00");
 }
 
-TEST(MIDIOutForm, SaysWhatItIsDoingEvenWhileItDoesIt) {
+TEST(MIDIOutForm, ShowsItsStatusWhileItSilencesNotes) {
     MidiOutProgram p;
     p.Open();
     auto& label = p.Find<QLabel>("lblInfoText");
@@ -96,7 +96,7 @@ TEST(MIDIOutForm, OpeningTheListFindsDevicesThatHaveCome) {
     p.Devices().hidePopup();
 }
 
-TEST(MIDIOutForm, WithoutADeviceTheBoxIsGreyAndTheWindowGone) {
+TEST(MIDIOutForm, WithoutADeviceTheBoxIsGreyAndTheWindowHidden) {
     MidiOutProgram p;
     p.MidiOut.Devices.clear();
     const MIDIOutForm& form = p.Open();

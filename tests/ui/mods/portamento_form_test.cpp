@@ -23,7 +23,7 @@ TEST(PortamentoForm, IsShownWhileItsModIsTickedAndUnticksItWhenClosed) {
     EXPECT_FALSE(p.App.Fields.Mods.UsePorta.InUse);
 }
 
-TEST(PortamentoForm, SaysWhatItsControlsAreWordForWord) {
+TEST(PortamentoForm, ItsTextsStandWordForWord) {
     test::UiProgram p;
     PortamentoForm& form = Open(p);
     EXPECT_EQ(p.TextOf("lblPitchMultipleCaption").remove('&'), "Speed of pitch change");

@@ -19,7 +19,7 @@ struct SynchroProgram : test::UiProgram {
     SynchroForm& Window() { return Find<SynchroForm>("SynchroForm"); }
 };
 
-TEST(SynchroForm, IsMadeAndShownWhenItsModIsTicked) {
+TEST(SynchroForm, IsCreatedAndShownWhenItsModIsTicked) {
     test::UiProgram p;
     EXPECT_EQ(p.Form.findChild<SynchroForm*>("SynchroForm"), nullptr);
     p.Find<QCheckBox>("UseSynchroCheck").click();
@@ -98,7 +98,7 @@ TEST(SynchroForm, StopWaitingStops) {
     EXPECT_EQ(p.Timeline.Text("speaker"), "");
 }
 
-TEST(SynchroForm, ClosedInTheMiddleItUnticksItsModAndWaitsNoLonger) {
+TEST(SynchroForm, ClosingItDuringTheWaitUnticksItsModAndEndsTheWait) {
     SynchroProgram p;
     p.Time.At(2'000, [&] { p.Window().close(); });
     p.Click("btnWait");
@@ -116,7 +116,7 @@ TEST(SynchroForm, TheMainWindowClosedInTheMiddleEndsTheProgramWithoutATone) {
     EXPECT_EQ(p.Timeline.Text("speaker"), "");
 }
 
-TEST(SynchroForm, TakesNothingButATimeOfDay) {
+TEST(SynchroForm, AcceptsOnlyATimeOfDay) {
     SynchroProgram p;
     p.Type("txtHour", "7x9");
     EXPECT_EQ(p.Find<QLineEdit>("txtHour").text(), "79");

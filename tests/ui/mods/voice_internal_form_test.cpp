@@ -92,7 +92,7 @@ TEST(VoiceInternalForm, VowelButtonsMoveTheSliders) {
     }
 }
 
-TEST(VoiceInternalForm, SlidersHoldWhatTheyStartWith) {
+TEST(VoiceInternalForm, SlidersHaveTheirStartValues) {
     VoiceProgram p;
     for (const auto& [slider, range] : {std::pair("VoiceVolSlider", parameter::VoiceVol),
                                         {"SawVolSlider", parameter::SawVol},

@@ -76,7 +76,7 @@ TEST(MusicListView, AClickThatExtendsTheSelectionPlaysNothing) {
     EXPECT_EQ(p.App.List.SelectedItem(), 1) << "the first of those that are highlighted";
 }
 
-TEST(MusicListView, RowsThatStayHighlightedWhenOneIsClickedOffStillCount) {
+TEST(MusicListView, RowsThatStayHighlightedAfterOneIsDeselectedStillCount) {
     test::UiProgram p;
     p.SetSong({"Quarter C4 - -", "Quarter E4 - -", "Quarter G4 - -", "Quarter A4 - -"});
     ClickRow(p, 1);
@@ -91,7 +91,7 @@ TEST(MusicListView, RowsThatStayHighlightedWhenOneIsClickedOffStillCount) {
     EXPECT_EQ(p.Row(3), "Quarter,A4,,");
 }
 
-TEST(MusicListView, EraseWholeLineAndUnSelectLineMeanAllThatIsHighlighted) {
+TEST(MusicListView, EraseWholeLineAndUnSelectLineApplyToAllHighlightedRows) {
     test::UiProgram p;
     p.SetSong({"Quarter C4 - -", "Quarter E4 - -", "Quarter G4 - -", "Quarter A4 - -"});
     ClickRow(p, 2);
@@ -176,7 +176,7 @@ TEST(MusicListView, AClickOnEmptySpaceTakesTheHighlightAwayButNotTheSelectedItem
     EXPECT_EQ(p.App.List.SelectedItem(), 2);
 }
 
-TEST(MusicListView, ShowsWhatTheProgramSelects) {
+TEST(MusicListView, ShowsTheSelectionMadeByTheProgram) {
     test::UiProgram p;
     p.SetSong({"Quarter C4 - -", "Quarter E4 - -", "Quarter G4 - -"});
     p.App.List.Select(3);

@@ -101,7 +101,7 @@ TEST(SpeakerChoice, IsSilentLastAndGivesEveryReason) {
     EXPECT_EQ(status.Remedy, "load it");
 }
 
-TEST(SpeakerChoice, ByHandTakesWhatIsAskedForAndNothingBeforeIt) {
+TEST(SpeakerChoice, ByHandTakesTheNamedSpeakerOrOneAfterIt) {
     const std::pair<const char*, const char*> expected[] = {
         {"evdev", "device \n"},
         {"evdev:/dev/input/event3", "device /dev/input/event3\n"},
@@ -116,14 +116,14 @@ TEST(SpeakerChoice, ByHandTakesWhatIsAskedForAndNothingBeforeIt) {
     }
 }
 
-TEST(SpeakerChoice, ByHandIsSaidUnlessItIsTheRealOne) {
+TEST(SpeakerChoice, ByHandIsGivenAsTheReasonUnlessItIsThePcSpeaker) {
     FakeMachine machine;
     EXPECT_EQ(machine.Choose("evdev")->Status().Reason, "");
     EXPECT_EQ(machine.Choose("soundcard")->Status().Reason, "Chosen with QUAVIX_SPEAKER=soundcard.");
     EXPECT_EQ(machine.Choose("wav:/a.wav")->Status().Reason, "Chosen with QUAVIX_SPEAKER=wav:/a.wav.");
 }
 
-TEST(SpeakerChoice, ThatCannotBeHadGoesOnToTheNext) {
+TEST(SpeakerChoice, ThatFailsGoesOnToTheNext) {
     FakeMachine machine;
     machine.NoDevice = "Not a speaker.";
     machine.NoCard = "No card.";
@@ -137,7 +137,7 @@ TEST(SpeakerChoice, ThatCannotBeHadGoesOnToTheNext) {
     EXPECT_THAT(file.Reason, HasSubstr("No space."));
 }
 
-TEST(SpeakerChoice, ThatIsNotUnderstoodIsSaidAndCountsAsAutomatic) {
+TEST(SpeakerChoice, ThatIsUnknownIsReportedAndCountsAsAutomatic) {
     for (const char* wanted : {"loud", "evdev:", "wav", "wav:", "soundcard:1", "silent:", "EVDEV", ":"}) {
         FakeMachine machine;
         const SpeakerStatus status = machine.Choose(wanted)->Status();
@@ -159,7 +159,7 @@ TEST(SpeakerChoice, GivesUpASpeakerThatFailsAfterTheToneAndSaysWhy) {
     EXPECT_EQ(speaker->Status().Reason, "The device broke.");
 }
 
-TEST(SpeakerChoice, ThatTurnsOutNotToBeThereIsReplacedBeforeTheFirstTone) {
+TEST(SpeakerChoice, ThatFailsBeforeTheFirstToneIsReplaced) {
     FakeMachine machine;
     machine.DeviceFails = true;
     EXPECT_EQ(machine.Choose("")->Status().InUse, "card");

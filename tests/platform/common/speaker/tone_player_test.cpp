@@ -101,7 +101,7 @@ TEST(TonePlayer, DoesNotFallFurtherBehindOnASlowCard) {
     EXPECT_LT(late, 150 * NsPerMs);
 }
 
-TEST(TonePlayer, DropsTonesThatNobodyTakes) {
+TEST(TonePlayer, DropsTonesThatTheCardDoesNotTake) {
     FakeCard card;
     int queued = 0;
     while (queued < 1000 && card.Player.Play(440, 1, card.Ms(queued)))

@@ -105,7 +105,7 @@ TEST_F(WavSpeakerFile, KeepsTheTimeOfTheTones) {
     EXPECT_EQ(time_.NowNs - start, 10 * NsPerSecond);
 }
 
-TEST_F(WavSpeakerFile, ThatCannotBeWrittenIsSaidAndTimeIsKept) {
+TEST_F(WavSpeakerFile, ThatCannotBeWrittenIsReportedAndTimeIsKept) {
     WavSpeaker speaker("/dev/full", time_.Clock());
     EXPECT_TRUE(speaker.Failed());
     EXPECT_THAT(speaker.Status().Reason, testing::HasSubstr("/dev/full can't be written: No space left"));

@@ -16,7 +16,7 @@ TEST(LinuxInputDevices, ListTheSpeakersOwnLinkFirst) {
     EXPECT_EQ(paths.front(), "/dev/input/by-path/platform-pcspkr-event-spkr");
 }
 
-TEST(LinuxInputDevices, TakeNothingElseForAnInputDevice) {
+TEST(LinuxInputDevices, IgnoreOtherFiles) {
     const LinuxInputDevices devices;
     for (const char* path : {"/dev/null", "/dev/tty", "/etc/passwd", "/tmp", "/nowhere/at/all"})
         EXPECT_FALSE(devices.LookAt(path).IsInputDevice) << path;

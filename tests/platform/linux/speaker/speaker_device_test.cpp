@@ -88,7 +88,7 @@ TEST(PcSpeakerDevice, IsNotThereWithoutCandidates) {
     EXPECT_TRUE(devices.Opened.empty());
 }
 
-TEST(PcSpeakerDevice, ThatMayNotBeOpenedIsTheUsersPermissionToSeeTo) {
+TEST(PcSpeakerDevice, WithoutPermissionAsksTheUserToGetIt) {
     for (const int error : {EACCES, EPERM}) {
         FakeInputDevices devices;
         devices.Add("/link", PcSpeaker, error);
@@ -106,7 +106,7 @@ TEST(PcSpeakerDevice, ThatFailsToOpenKeepsTheError) {
     EXPECT_EQ(found.Error, ENODEV);
 }
 
-TEST(PcSpeakerDevice, ThatTurnsOutToBeSomethingElseOnceOpenIsLetGo) {
+TEST(PcSpeakerDevice, ThatIsSomethingElseOnceOpenIsClosed) {
     FakeInputDevices devices;
     devices.Add("/link", PcSpeaker);
     devices.At("/link").Asked = Keyboard;
