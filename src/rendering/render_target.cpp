@@ -34,7 +34,7 @@ RenderTarget::RenderTarget(const std::string& out) : name_(out) {
     const bool isStandardOutput =
         out == "-" || (fs::is_fifo(status) && fs::equivalent(out, "/dev/stdout", error));
     if (isStandardOutput)
-        name_ = "-";
+        name_ = std::string("-");  // GCC 12 warns of an overlap if a char array is assigned
     else if (IsNamedPipe(out))
         throw RenderError(fmt::format("\"{}\" is a pipe; write to - instead", out));
     isPassedOn_ = isStandardOutput || fs::is_fifo(status);
