@@ -30,7 +30,7 @@ QString ReadOut(const MusicLine& line) {
     return text;
 }
 
-/// Returns true for consecutive rows, which are reported as such; others are reported as a reset.
+/// Returns true for consecutive rows.
 bool AreOneBlock(std::span<const std::int32_t> rows) {
     return static_cast<std::size_t>(rows.back() - rows.front()) + 1 == rows.size();
 }
@@ -72,56 +72,37 @@ QVariant MusicListModel::headerData(int section, Qt::Orientation orientation, in
     return QAbstractTableModel::headerData(section, orientation, role);
 }
 
-void MusicListModel::BeforeRowInserted(std::int32_t row) {
-    isChanging_ = true;
-    beginInsertRows({}, row - 1, row - 1);
-}
-
-void MusicListModel::RowInserted(std::int32_t) {
-    endInsertRows();
-    isChanging_ = false;
-}
-
-void MusicListModel::BeforeRowRemoved(std::int32_t row) {
-    isChanging_ = true;
-    beginRemoveRows({}, row - 1, row - 1);
-}
-
-void MusicListModel::RowRemoved(std::int32_t) {
-    endRemoveRows();
-    isChanging_ = false;
-}
-
 void MusicListModel::BeforeRowsInserted(std::span<const std::int32_t> rows) {
-    if (!AreOneBlock(rows)) {
-        BeforeReset();
-        return;
-    }
-    isChanging_ = true;
-    beginInsertRows({}, rows.front() - 1, rows.back() - 1);
+    Begin(rows, &MusicListModel::beginInsertRows);
 }
 
 void MusicListModel::RowsInserted(std::span<const std::int32_t> rows) {
-    if (AreOneBlock(rows))
-        RowInserted(rows.front());
-    else
-        Reset();
+    End(rows, &MusicListModel::endInsertRows);
 }
 
 void MusicListModel::BeforeRowsRemoved(std::span<const std::int32_t> rows) {
-    if (!AreOneBlock(rows)) {
-        BeforeReset();
-        return;
-    }
-    isChanging_ = true;
-    beginRemoveRows({}, rows.front() - 1, rows.back() - 1);
+    Begin(rows, &MusicListModel::beginRemoveRows);
 }
 
 void MusicListModel::RowsRemoved(std::span<const std::int32_t> rows) {
+    End(rows, &MusicListModel::endRemoveRows);
+}
+
+void MusicListModel::Begin(std::span<const std::int32_t> rows,
+                           void (MusicListModel::*begin)(const QModelIndex&, int, int)) {
+    isChanging_ = true;
     if (AreOneBlock(rows))
-        RowRemoved(rows.front());
+        (this->*begin)({}, rows.front() - 1, rows.back() - 1);
     else
-        Reset();
+        beginResetModel();
+}
+
+void MusicListModel::End(std::span<const std::int32_t> rows, void (MusicListModel::*end)()) {
+    if (AreOneBlock(rows))
+        (this->*end)();
+    else
+        endResetModel();
+    isChanging_ = false;
 }
 
 void MusicListModel::BeforeReset() {

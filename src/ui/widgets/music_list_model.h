@@ -38,10 +38,10 @@ class MusicListModel : public QAbstractTableModel, private MusicListObserver {
     bool IsChanging() const { return isChanging_; }
 
   private:
-    void BeforeRowInserted(std::int32_t row) override;
-    void RowInserted(std::int32_t row) override;
-    void BeforeRowRemoved(std::int32_t row) override;
-    void RowRemoved(std::int32_t row) override;
+    void BeforeRowInserted(std::int32_t row) override { BeforeRowsInserted({&row, 1}); }
+    void RowInserted(std::int32_t row) override { RowsInserted({&row, 1}); }
+    void BeforeRowRemoved(std::int32_t row) override { BeforeRowsRemoved({&row, 1}); }
+    void RowRemoved(std::int32_t row) override { RowsRemoved({&row, 1}); }
     void BeforeRowsInserted(std::span<const std::int32_t> rows) override;
     void RowsInserted(std::span<const std::int32_t> rows) override;
     void BeforeRowsRemoved(std::span<const std::int32_t> rows) override;
@@ -49,6 +49,12 @@ class MusicListModel : public QAbstractTableModel, private MusicListObserver {
     void BeforeReset() override;
     void Reset() override;
     void CellChanged(std::int32_t row, Cell cell) override;
+
+    /// Begins and ends a change of rows, which views are told as such if they are one block, as a reset
+    /// otherwise.
+    void Begin(std::span<const std::int32_t> rows,
+               void (MusicListModel::*begin)(const QModelIndex&, int, int));
+    void End(std::span<const std::int32_t> rows, void (MusicListModel::*end)());
 
     MusicList& list_;
     bool isChanging_ = false;
