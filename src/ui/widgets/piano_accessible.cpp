@@ -1,6 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "ui/widgets/piano_accessible.h"
-
 #include <array>
 
 #include <QAccessibleWidget>

@@ -10,7 +10,6 @@
 #include <QTouchEvent>
 
 #include "music/piano_layout.h"
-#include "ui/widgets/piano_accessible.h"
 #include "ui/widgets/piano_painter.h"
 
 namespace quavix {

@@ -9,6 +9,8 @@
 
 #include "ui/widgets/piano_plan.h"
 
+class QAccessibleInterface;
+
 namespace quavix {
 
 using PianoKeySet = std::bitset<PianoPlan::Keys>;
@@ -74,5 +76,9 @@ class PianoKeyboard : public QWidget {
     PianoKeySet pressed_;
     PianoKeySet sounding_;
 };
+
+/// Returns the accessible interface of a PianoKeyboard: a group of 36 buttons, named by their notes, that can
+/// be pressed. Null for any other object.
+QAccessibleInterface* PianoAccessible(const QString& className, QObject* object);
 
 }  // namespace quavix
