@@ -1,13 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include <map>
+#include <memory>
 #include <set>
 
 #include "ui/dialogs/manual_form.h"
 #include "ui/dialogs/save_load_form.h"
 #include "ui/dialogs/speaker_form.h"
-#include "ui/mods/mod_texts.h"
-#include "ui/mods/portamento_form.h"
-#include "ui/mods/voice_internal_form.h"
+#include "ui/texts.h"
 #include "ui/ui_program.h"
 #include "ui/widgets/piano_keyboard.h"
 
@@ -31,7 +30,7 @@ std::vector<QWidget*> ControlsOf(QWidget& window) {
 TEST(Accessibility, EveryControlHasANameAndATooltip) {
     test::UiProgram p;
     SpeakerForm speaker(p.App.Fields.View, p.Speaker, p.App.Handlers);
-    ManualForm manual("text");
+    const std::unique_ptr<QDialog> manual(MakeManualForm("text", nullptr));
     p.Disk.Put("/windows/system32/midiio32.ocx", "module");
     p.MidiIn.Devices = {"Keyboard"};
     for (Mod ModFields::*mod : {&ModFields::UseFMOD, &ModFields::UseVoice, &ModFields::UseBeat,
@@ -40,7 +39,7 @@ TEST(Accessibility, EveryControlHasANameAndATooltip) {
     p.App.Outputs.MidiOutput.Fields.MIDIOutFormVisible = true;
     p.App.Playing.MidiFilePlayback.MIDIFileFormVisible = true;
     for (QWidget* window : {static_cast<QWidget*>(&p.Form), static_cast<QWidget*>(&speaker),
-                            static_cast<QWidget*>(&p.SaveLoadWindow), static_cast<QWidget*>(&manual),
+                            static_cast<QWidget*>(&p.SaveLoadWindow), static_cast<QWidget*>(manual.get()),
                             &p.Find<QWidget>("FMODOptionsForm"), &p.Find<QWidget>("VoiceInternalForm"),
                             &p.Find<QWidget>("BeatForm"), &p.Find<QWidget>("PortamentoForm"),
                             &p.Find<QWidget>("SynchroForm"), &p.Find<QWidget>("MIDIOutForm"),

@@ -8,19 +8,19 @@
 
 namespace quavix {
 
-ManualForm::ManualForm(const QString& text, QWidget* parent)
-    : QDialog(parent), ui_(std::make_unique<Ui::ManualForm>()) {
-    ui_->setupUi(this);
-    ui_->ManualText->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    ui_->ManualText->setPlainText(text);
-    connect(ui_->ManualCloseButton, &QPushButton::clicked, this, &QDialog::close);
+QDialog* MakeManualForm(const QString& text, QWidget* parent) {
+    auto* form = new QDialog(parent);
+    Ui::ManualForm ui{};
+    ui.setupUi(form);
+    ui.ManualText->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    ui.ManualText->setPlainText(text);
+    QObject::connect(ui.ManualCloseButton, &QPushButton::clicked, form, &QDialog::close);
     constexpr int Columns = 88;
     constexpr int Rows = 34;
-    const QFontMetrics metrics = ui_->ManualText->fontMetrics();
-    resize(QSize(Columns * metrics.averageCharWidth(), Rows * metrics.lineSpacing())
-               .boundedTo(screen()->availableSize()));
+    const QFontMetrics metrics = ui.ManualText->fontMetrics();
+    form->resize(QSize(Columns * metrics.averageCharWidth(), Rows * metrics.lineSpacing())
+                     .boundedTo(form->screen()->availableSize()));
+    return form;
 }
-
-ManualForm::~ManualForm() = default;
 
 }  // namespace quavix

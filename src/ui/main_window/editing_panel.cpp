@@ -1,21 +1,21 @@
 // SPDX-License-Identifier: MIT
-#include "ui/main_window/editing_panel.h"
-
+#include "music/list_editing.h"
+#include "ui/main_window/panels.h"
 #include "ui/widgets/binding.h"
 #include "ui_editing_panel.h"
 
 namespace quavix {
 
-EditingPanel::EditingPanel(ListEditing& editing, EventBoundary& handlers, QWidget* parent)
-    : QWidget(parent), editing_(editing), ui_(std::make_unique<Ui::EditingPanel>()) {
-    ui_->setupUi(this);
-    BindButton(ui_->ClearNote1Button, handlers, [this] { editing_.ClearNote1Button_Click(); });
-    BindButton(ui_->ClearNote2Button, handlers, [this] { editing_.ClearNote2Button_Click(); });
-    BindButton(ui_->Command1, handlers, [this] { editing_.Command1_Click(); });
-    BindButton(ui_->SilentLineButton, handlers, [this] { editing_.SilentLineButton_Click(); });
-    BindButton(ui_->UnselectButton, handlers, [this] { editing_.UnselectButton_Click(); });
+QWidget* MakeEditingPanel(ListEditing& editing, EventBoundary& handlers, QWidget* parent) {
+    auto* panel = new QWidget(parent);
+    Ui::EditingPanel ui{};
+    ui.setupUi(panel);
+    BindButton(ui.ClearNote1Button, handlers, [&editing] { editing.ClearNote1Button_Click(); });
+    BindButton(ui.ClearNote2Button, handlers, [&editing] { editing.ClearNote2Button_Click(); });
+    BindButton(ui.Command1, handlers, [&editing] { editing.Command1_Click(); });
+    BindButton(ui.SilentLineButton, handlers, [&editing] { editing.SilentLineButton_Click(); });
+    BindButton(ui.UnselectButton, handlers, [&editing] { editing.UnselectButton_Click(); });
+    return panel;
 }
-
-EditingPanel::~EditingPanel() = default;
 
 }  // namespace quavix

@@ -1,29 +1,26 @@
 // SPDX-License-Identifier: MIT
-#include "ui/main_window/list_panel.h"
-
+#include "music/list_editing.h"
+#include "playback/playback_engine.h"
+#include "ui/main_window/panels.h"
 #include "ui/widgets/binding.h"
 #include "ui_list_panel.h"
 
 namespace quavix {
 
-ListPanel::ListPanel(MusicList& list, ListEditing& editing, PlaybackEngine& playback, EventBoundary& handlers,
-                     QWidget* parent)
-    : QWidget(parent),
-      list_(list),
-      editing_(editing),
-      playback_(playback),
-      handlers_(handlers),
-      ui_(std::make_unique<Ui::ListPanel>()) {
-    ui_->setupUi(this);
-    ui_->MainList->SetList(list_);
-    connect(ui_->MainList, &MusicListView::ItemClicked, this, [this](int row) {
-        RunHandler(*ui_->MainList, "ItemClick", handlers_, [&] { playback_.MainList_ItemClick(row); });
+QWidget* MakeListPanel(MusicList& list, ListEditing& editing, PlaybackEngine& playback,
+                       EventBoundary& handlers, QWidget* parent) {
+    auto* panel = new QWidget(parent);
+    Ui::ListPanel ui{};
+    ui.setupUi(panel);
+    MusicListView* const view = ui.MainList;
+    view->SetList(list);
+    QObject::connect(view, &MusicListView::ItemClicked, view, [&playback, &handlers, view](int row) {
+        RunHandler(*view, "ItemClick", handlers, [&] { playback.MainList_ItemClick(row); });
     });
-    connect(ui_->MainList, &MusicListView::SelectionMoved, this, [this] {
-        RunHandler(*ui_->MainList, "SelectionMoved", handlers_, [this] { editing_.FollowSelection(); });
+    QObject::connect(view, &MusicListView::SelectionMoved, view, [&editing, &handlers, view] {
+        RunHandler(*view, "SelectionMoved", handlers, [&] { editing.FollowSelection(); });
     });
+    return panel;
 }
-
-ListPanel::~ListPanel() = default;
 
 }  // namespace quavix

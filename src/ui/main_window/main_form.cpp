@@ -23,26 +23,9 @@
 #include "program/song_storage.h"
 #include "shell/program_info.h"
 #include "ui/dialogs/save_load_form.h"
-#include "ui/main_window/editing_panel.h"
-#include "ui/main_window/keyboard_panel.h"
-#include "ui/main_window/list_panel.h"
 #include "ui/main_window/main_menu.h"
-#include "ui/main_window/mods_panel.h"
-#include "ui/main_window/note_entry_panel.h"
-#include "ui/main_window/notes_to_play_panel.h"
-#include "ui/main_window/playback_panel.h"
-#include "ui/main_window/position_panel.h"
-#include "ui/main_window/speaker_panel.h"
-#include "ui/main_window/timing_panel.h"
-#include "ui/mods/beat_form.h"
-#include "ui/mods/fmod_options_form.h"
-#include "ui/mods/midi_file_form.h"
-#include "ui/mods/midi_in_form.h"
-#include "ui/mods/midi_out_form.h"
-#include "ui/mods/mod_window.h"
-#include "ui/mods/portamento_form.h"
-#include "ui/mods/synchro_form.h"
-#include "ui/mods/voice_internal_form.h"
+#include "ui/main_window/panels.h"
+#include "ui/mods/mod_forms.h"
 #include "ui/widgets/binding.h"
 #include "ui_main_form.h"
 
@@ -86,13 +69,13 @@ void PlaceModWindow(ModWindow& form, QWidget& owner) {
 }
 
 /// Makes the window of a mod when it is first needed, with `parts` as its dependencies.
-template <typename Form, typename... Parts>
-void MakeWhenTicked(QWidget* owner, const Watched<bool>& check, Parts&... parts) {
-    check.Watch([&parts..., guard = QPointer<QWidget>(owner), isMade = false](bool) mutable {
+template <typename Make, typename... Parts>
+void MakeWhenTicked(QWidget* owner, const Watched<bool>& check, Make make, Parts&... parts) {
+    check.Watch([make, &parts..., guard = QPointer<QWidget>(owner), isMade = false](bool) mutable {
         if (!guard || isMade)
             return;
         isMade = true;
-        PlaceModWindow(*new Form(parts..., guard), *guard);
+        PlaceModWindow(*make(parts..., guard), *guard);
     });
 }
 
@@ -159,16 +142,18 @@ void MainForm::AddModWindows() {
     SoundMods& sound = program_.Outputs.SoundMods;
     MidiOutput& midiOut = program_.Outputs.MidiOutput;
     Playing& playing = program_.Playing;
-    MakeWhenTicked<FMODOptionsForm>(this, sound.UseFmod.FMODOptionsFormVisible, mods, sound, handlers);
-    MakeWhenTicked<VoiceInternalForm>(this, sound.UseVoice.VoiceInternalFormVisible, mods,
-                                      program_.Fields.Output, sound, handlers);
-    MakeWhenTicked<MIDIOutForm>(this, midiOut.Fields.MIDIOutFormVisible, mods, midiOut, handlers);
-    MakeWhenTicked<MIDIInForm>(this, playing.MidiInput.MIDIInFormVisible, mods, playing.MidiInput, handlers);
-    MakeWhenTicked<BeatForm>(this, mods.UseBeat.Ticked, mods, playing.Beat, handlers);
-    MakeWhenTicked<PortamentoForm>(this, mods.UsePorta.Ticked, mods, program_.Outputs.PitchGlide, handlers);
-    MakeWhenTicked<MIDIFileForm>(this, playing.MidiFilePlayback.MIDIFileFormVisible, mods,
-                                 playing.MidiFilePlayback, handlers);
-    MakeWhenTicked<SynchroForm>(this, mods.UseSynchro.Ticked, mods, playing.SynchroPlay, handlers);
+    MakeWhenTicked(this, sound.UseFmod.FMODOptionsFormVisible, &MakeFMODOptionsForm, mods, sound, handlers);
+    MakeWhenTicked(this, sound.UseVoice.VoiceInternalFormVisible, &MakeVoiceInternalForm, mods,
+                   program_.Fields.Output, sound, handlers);
+    MakeWhenTicked(this, midiOut.Fields.MIDIOutFormVisible, &MakeMIDIOutForm, mods, midiOut, handlers);
+    MakeWhenTicked(this, playing.MidiInput.MIDIInFormVisible, &MakeMIDIInForm, mods, playing.MidiInput,
+                   handlers);
+    MakeWhenTicked(this, mods.UseBeat.Ticked, &MakeBeatForm, mods, playing.Beat, handlers);
+    MakeWhenTicked(this, mods.UsePorta.Ticked, &MakePortamentoForm, mods, program_.Outputs.PitchGlide,
+                   handlers);
+    MakeWhenTicked(this, playing.MidiFilePlayback.MIDIFileFormVisible, &MakeMIDIFileForm, mods,
+                   playing.MidiFilePlayback, handlers);
+    MakeWhenTicked(this, mods.UseSynchro.Ticked, &MakeSynchroForm, mods, playing.SynchroPlay, handlers);
 }
 
 /// Adds the panels in the order of the Tab key.
@@ -178,25 +163,25 @@ void MainForm::AddPanels() {
     SongEditing& editing = program_.Editing;
     Playing& playing = program_.Playing;
     Speaker& speaker = program_.Ports.PcSpeaker;
-    ui_->settingsColumn->addWidget(new NoteEntryPanel(fields.Entry, handlers, this));
-    ui_->settingsColumn->addWidget(new TimingPanel(fields.Song, playing.Metronome, handlers, this));
+    ui_->settingsColumn->addWidget(MakeNoteEntryPanel(fields.Entry, handlers, this));
+    ui_->settingsColumn->addWidget(MakeTimingPanel(fields.Song, playing.Metronome, handlers, this));
     ui_->settingsColumn->addStretch(1);
     AddDebugLogNotice();
-    ui_->listColumn->addWidget(new PlaybackPanel(fields.View, playing.PlaybackEngine, handlers, this));
+    ui_->listColumn->addWidget(MakePlaybackPanel(fields.View, playing.PlaybackEngine, handlers, this));
     ui_->listColumn->addWidget(
-        new ListPanel(program_.List, editing.ListEditing, playing.PlaybackEngine, handlers, this), 1);
-    ui_->listColumn->addWidget(new EditingPanel(editing.ListEditing, handlers, this));
+        MakeListPanel(program_.List, editing.ListEditing, playing.PlaybackEngine, handlers, this), 1);
+    ui_->listColumn->addWidget(MakeEditingPanel(editing.ListEditing, handlers, this));
     AddSaveLoadButton();
-    ui_->modsColumn->addWidget(new NotesToPlayPanel(fields.Song, handlers, this));
-    ui_->modsColumn->addWidget(new ModsPanel(fields.Mods, fields.Output, program_.Outputs.MotorModModule,
+    ui_->modsColumn->addWidget(MakeNotesToPlayPanel(fields.Song, handlers, this));
+    ui_->modsColumn->addWidget(MakeModsPanel(fields.Mods, fields.Output, program_.Outputs.MotorModModule,
                                              program_.Ports.Boxes, handlers, this));
     ui_->modsColumn->addStretch(1);
     ui_->keyboardRow->addWidget(
-        new KeyboardPanel(fields.Entry, fields.View, playing.PianoKeys, handlers, this));
-    ui_->bottomRow->addWidget(new SpeakerPanel(fields.Output, fields.State, fields.View,
+        MakeKeyboardPanel(fields.Entry, fields.View, playing.PianoKeys, handlers, this));
+    ui_->bottomRow->addWidget(MakeSpeakerPanel(fields.Output, fields.State, fields.View,
                                                program_.Outputs.ToneDispatcher, speaker, handlers, this),
                               1);
-    ui_->bottomRow->addWidget(new PositionPanel(editing.PositionDisplay, handlers, this));
+    ui_->bottomRow->addWidget(MakePositionPanel(editing.PositionDisplay, handlers, this));
 }
 
 void MainForm::AddSaveLoadButton() {

@@ -167,7 +167,7 @@ void MainMenu::ShowManual() {
                  .Icon = BoxIcon::Warning});
             return;
         }
-        manual_ = new ManualForm(QString::fromStdString(manual), &window_);
+        manual_ = MakeManualForm(QString::fromStdString(manual), &window_);
     }
     manual_->show();
     manual_->raise();

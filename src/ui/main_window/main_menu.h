@@ -8,14 +8,13 @@
 #include "program/program.h"
 
 class QAction;
+class QDialog;
 class QKeySequence;
 class QMainWindow;
 class QMenu;
 class QTableView;
 
 namespace quavix {
-
-class ManualForm;
 
 /// The menus of the main window.
 class MainMenu : public QObject {
@@ -46,7 +45,7 @@ class MainMenu : public QObject {
     Program& program_;
     std::function<void()> closeProgram_;
     QMainWindow& window_;
-    ManualForm* manual_ = nullptr;
+    QDialog* manual_ = nullptr;
 };
 
 }  // namespace quavix

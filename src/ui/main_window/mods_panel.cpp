@@ -1,15 +1,19 @@
 // SPDX-License-Identifier: MIT
-#include "ui/main_window/mods_panel.h"
-
 #include <QAbstractItemView>
 #include <QCheckBox>
+#include <QComboBox>
 #include <QGridLayout>
+#include <QGroupBox>
 #include <QLabel>
 #include <QSlider>
 #include <QToolButton>
 
+#include "music/main_fields.h"
+#include "playback/motor_mod_module.h"
+#include "ports/message_boxes.h"
+#include "ui/main_window/panels.h"
+#include "ui/texts.h"
 #include "ui/widgets/binding.h"
-#include "ui/widgets/port_combo.h"
 
 namespace quavix {
 namespace {
@@ -20,35 +24,83 @@ QString HelpButtonName(const text::Mod& mod) {
     return name + "HButton";
 }
 
-}  // namespace
+/// The choice of the motor's serial port. Opening the list searches for ports again.
+class PortCombo : public QComboBox {
+  public:
+    PortCombo(MotorModModule& motor, EventBoundary& handlers, QWidget* parent);
+
+    void showPopup() override;
+
+  private:
+    void ShowPorts();
+
+    MotorModModule& motor_;
+    EventBoundary& handlers_;
+};
+
+PortCombo::PortCombo(MotorModModule& motor, EventBoundary& handlers, QWidget* parent)
+    : QComboBox(parent), motor_(motor), handlers_(handlers) {
+    constexpr int ShortestWidth = 9;
+    setMinimumContentsLength(ShortestWidth);
+    setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
+    setPlaceholderText(tr("(none)"));
+    ShowIn(this, motor_.PortNames(), [this](const auto&) { ShowPorts(); });
+    ShowIn(this, motor_.PortName, [this](const auto&) { ShowPorts(); });
+    connect(this, &QComboBox::activated, this, [this](int entry) {
+        RunHandler(*this, "Click", handlers_, [&] { motor_.PortName = itemText(entry).toStdString(); });
+    });
+}
+
+void PortCombo::showPopup() {
+    RunHandler(*this, "DropDown", handlers_, [this] { motor_.FindPorts(); });
+    QComboBox::showPopup();
+}
+
+void PortCombo::ShowPorts() {
+    clear();
+    for (const std::string& name : motor_.PortNames().Get())
+        addItem(QString::fromStdString(name));
+    const QString chosen = QString::fromStdString(motor_.PortName);
+    // The port in use may be missing from the list.
+    if (!chosen.isEmpty() && findText(chosen) < 0)
+        addItem(chosen);
+    setCurrentIndex(findText(chosen));
+}
+
+class ModsPanel : public QGroupBox {
+  public:
+    ModsPanel(ModFields& mods, OutputOptions& output, MotorModModule& motor, MessageBoxes& boxes,
+              EventBoundary& handlers, QWidget* parent);
+
+  private:
+    void AddMod(const text::Mod& mod, quavix::Mod& values, MessageBoxes& boxes);
+    void AddMotorSettings(OutputOptions& output, MotorModModule& motor);
+
+    EventBoundary& handlers_;
+    QGridLayout* grid_;
+};
 
 ModsPanel::ModsPanel(ModFields& mods, OutputOptions& output, MotorModModule& motor, MessageBoxes& boxes,
                      EventBoundary& handlers, QWidget* parent)
-    : QGroupBox(tr("Mods"), parent),
-      mods_(mods),
-      output_(output),
-      motor_(motor),
-      boxes_(boxes),
-      handlers_(handlers),
-      grid_(new QGridLayout(this)) {
+    : QGroupBox(tr("Mods"), parent), handlers_(handlers), grid_(new QGridLayout(this)) {
     setObjectName("ModsPanel");
     grid_->setColumnStretch(0, 1);
     grid_->setVerticalSpacing(2);
     for (const text::Mod* mod : text::Mods) {
-        AddMod(*mod);
+        AddMod(*mod, mods.*mod->Switch, boxes);
         if (mod == &text::UseMotor)
-            AddMotorSettings();
+            AddMotorSettings(output, motor);
     }
 }
 
-void ModsPanel::AddMod(const text::Mod& mod) {
+void ModsPanel::AddMod(const text::Mod& mod, quavix::Mod& values, MessageBoxes& boxes) {
     const int row = grid_->rowCount();
     auto* check = new QCheckBox(mod.Caption, this);
     check->setObjectName(mod.CheckName);
     check->setAccessibleName(mod.Caption);
     check->setToolTip(mod.ToolTip);
-    BindCheck(check, (mods_.*mod.Switch).Ticked, handlers_);
-    BindEnabled(check, (mods_.*mod.Switch).Enabled);
+    BindCheck(check, values.Ticked, handlers_);
+    BindEnabled(check, values.Enabled);
     grid_->addWidget(check, row, 0);
 
     auto* help = new QToolButton(this);
@@ -57,11 +109,13 @@ void ModsPanel::AddMod(const text::Mod& mod) {
     help->setAccessibleName(tr("Help about '%1'").arg(mod.Caption));
     help->setToolTip(tr("What '%1' does").arg(mod.Caption));
     help->setFocusPolicy(Qt::StrongFocus);
-    BindButton(help, handlers_, [this, &mod] { ShowHelp(mod); });
+    BindButton(help, handlers_, [&boxes, &mod] {
+        boxes.Show({.Title = mod.HelpTitle, .Text = mod.HelpText, .Icon = BoxIcon::Information});
+    });
     grid_->addWidget(help, row, 1);
 }
 
-void ModsPanel::AddMotorSettings() {
+void ModsPanel::AddMotorSettings(OutputOptions& output, MotorModModule& motor) {
     constexpr int Gap = 8;
     constexpr int Indent = 20;
     auto* row = new QHBoxLayout;
@@ -78,16 +132,16 @@ void ModsPanel::AddMotorSettings() {
     slider->setToolTip(text::MotorOctaveTip);
     slider->setPageStep(1);
     label->setBuddy(slider);
-    BindSlider(slider, output_.MotorOct, parameter::MotorOct, "Change", handlers_);
+    BindSlider(slider, output.MotorOct, parameter::MotorOct, "Change", handlers_);
     row->addWidget(slider, 1);
     auto* value = new QLabel(this);
     value->setObjectName("lblMotorOctValue");
-    ShowIn(value, output_.MotorOct, [value](std::int32_t octaves) {
+    ShowIn(value, output.MotorOct, [value](std::int32_t octaves) {
         ShowReading(value, text::MotorOctaveCaption, QString::number(octaves));
     });
     row->addWidget(value);
 
-    auto* combo = new PortCombo(motor_, handlers_, this);
+    auto* combo = new PortCombo(motor, handlers_, this);
     combo->setObjectName("cmbMotorPort");
     combo->setAccessibleName(text::MotorPortCaption);
     combo->view()->setAccessibleName(text::MotorPortCaption);
@@ -101,8 +155,11 @@ void ModsPanel::AddMotorSettings() {
     grid_->addLayout(row, grid_->rowCount(), 0, 1, 2);
 }
 
-void ModsPanel::ShowHelp(const text::Mod& mod) {
-    boxes_.Show({.Title = mod.HelpTitle, .Text = mod.HelpText, .Icon = BoxIcon::Information});
+}  // namespace
+
+QWidget* MakeModsPanel(ModFields& mods, OutputOptions& output, MotorModModule& motor, MessageBoxes& boxes,
+                       EventBoundary& handlers, QWidget* parent) {
+    return new ModsPanel(mods, output, motor, boxes, handlers, parent);
 }
 
 }  // namespace quavix

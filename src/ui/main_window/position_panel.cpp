@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "ui/main_window/position_panel.h"
-
 #include <QFontDatabase>
 
+#include "playback/position_display.h"
+#include "ui/main_window/panels.h"
 #include "ui/widgets/binding.h"
 #include "ui/widgets/colours.h"
 #include "ui_position_panel.h"
@@ -19,23 +19,23 @@ void Prepare(QLabel* label, const QString& longest) {
 
 }  // namespace
 
-PositionPanel::PositionPanel(PositionDisplay& position, EventBoundary& handlers, QWidget* parent)
-    : QWidget(parent), position_(position), handlers_(handlers), ui_(std::make_unique<Ui::PositionPanel>()) {
-    ui_->setupUi(this);
-    Prepare(ui_->lblPlayBar, "0000");
-    Prepare(ui_->lblPlayPos, "00 00/00");
-    Prepare(ui_->lblPlaySig, "00.00");
-    BindLabel(ui_->lblPlayBar, position_.lblPlayBar);
-    BindLabel(ui_->lblPlayPos, position_.lblPlayPos);
-    BindLabel(ui_->lblPlaySig, position_.lblPlaySig);
-    ShowIn(ui_->lblPlayPos, position_.lblPlayPosBackColor,
-           [label = ui_->lblPlayPos](std::int32_t colour) { PaintLabel(label, colour); });
-    BindCheck(ui_->NoUpdateCheck, position_.NoUpdateCheck, handlers_,
-              [this] { position_.NoUpdateCheck_Click(); });
-    BindEnabled(ui_->NoUpdateCheck, position_.NoUpdateCheckEnabled);
-    BindButton(ui_->NoUpdateHButton, handlers_, [this] { position_.NoUpdateHButton_Click(); });
+QWidget* MakePositionPanel(PositionDisplay& position, EventBoundary& handlers, QWidget* parent) {
+    auto* panel = new QWidget(parent);
+    Ui::PositionPanel ui{};
+    ui.setupUi(panel);
+    Prepare(ui.lblPlayBar, "0000");
+    Prepare(ui.lblPlayPos, "00 00/00");
+    Prepare(ui.lblPlaySig, "00.00");
+    BindLabel(ui.lblPlayBar, position.lblPlayBar);
+    BindLabel(ui.lblPlayPos, position.lblPlayPos);
+    BindLabel(ui.lblPlaySig, position.lblPlaySig);
+    ShowIn(ui.lblPlayPos, position.lblPlayPosBackColor,
+           [label = ui.lblPlayPos](std::int32_t colour) { PaintLabel(label, colour); });
+    BindCheck(ui.NoUpdateCheck, position.NoUpdateCheck, handlers,
+              [&position] { position.NoUpdateCheck_Click(); });
+    BindEnabled(ui.NoUpdateCheck, position.NoUpdateCheckEnabled);
+    BindButton(ui.NoUpdateHButton, handlers, [&position] { position.NoUpdateHButton_Click(); });
+    return panel;
 }
-
-PositionPanel::~PositionPanel() = default;
 
 }  // namespace quavix

@@ -1,35 +1,50 @@
 // SPDX-License-Identifier: MIT
-#include "ui/main_window/speaker_panel.h"
-
+#include "music/main_fields.h"
+#include "playback/tone_dispatcher.h"
+#include "ports/speaker.h"
 #include "ui/dialogs/speaker_form.h"
+#include "ui/main_window/panels.h"
 #include "ui/widgets/binding.h"
 #include "ui_speaker_panel.h"
 
 namespace quavix {
+namespace {
+
+class SpeakerPanel : public QWidget {
+  public:
+    SpeakerPanel(OutputOptions& output, ProgramState& state, PlaybackView& view, ToneDispatcher& tones,
+                 Speaker& speaker, EventBoundary& handlers, QWidget* parent);
+
+  protected:
+    void resizeEvent(QResizeEvent* event) override;
+
+  private:
+    /// Queries the speaker's status again, because a device may have failed.
+    void Refresh();
+    void SpeakerDetailsButton_Click();
+
+    PlaybackView& view_;
+    Speaker& speaker_;
+    EventBoundary& handlers_;
+    Ui::SpeakerPanel ui_;
+    SpeakerForm* form_ = nullptr;
+    int shownWidth_ = -1;
+};
 
 SpeakerPanel::SpeakerPanel(OutputOptions& output, ProgramState& state, PlaybackView& view,
                            ToneDispatcher& tones, Speaker& speaker, EventBoundary& handlers, QWidget* parent)
-    : QWidget(parent),
-      output_(output),
-      state_(state),
-      view_(view),
-      tones_(tones),
-      speaker_(speaker),
-      handlers_(handlers),
-      ui_(std::make_unique<Ui::SpeakerPanel>()) {
-    ui_->setupUi(this);
-    ShowIn(this, state_.MusicIsPlaying, [this](bool) { Refresh(); });
+    : QWidget(parent), view_(view), speaker_(speaker), handlers_(handlers) {
+    ui_.setupUi(this);
+    ShowIn(this, state.MusicIsPlaying, [this](bool) { Refresh(); });
     // Refreshed after each tone, because a speaker may fail at any tone.
     ShowIn(this, view_.BeepTextLabelVisible, [this](bool visible) {
         if (!visible)
             Refresh();
     });
-    BindCheck(ui_->MuteTweebleCheck, output_.MuteTweebleCheck, handlers_,
-              [this] { tones_.MuteTweebleCheck_Click(); });
-    BindButton(ui_->SpeakerDetailsButton, handlers_, [this] { SpeakerDetailsButton_Click(); });
+    BindCheck(ui_.MuteTweebleCheck, output.MuteTweebleCheck, handlers_,
+              [&tones] { tones.MuteTweebleCheck_Click(); });
+    BindButton(ui_.SpeakerDetailsButton, handlers_, [this] { SpeakerDetailsButton_Click(); });
 }
-
-SpeakerPanel::~SpeakerPanel() = default;
 
 void SpeakerPanel::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
@@ -41,13 +56,13 @@ void SpeakerPanel::Refresh() {
     QString text = tr("Speaker: %1").arg(QString::fromStdString(status.InUse));
     if (!status.Reason.empty())
         text += QString::fromUtf8(" – ") + QString::fromStdString(status.Reason);
-    if (text == ui_->SpeakerLabel->toolTip() && shownWidth_ == ui_->SpeakerLabel->width())
+    if (text == ui_.SpeakerLabel->toolTip() && shownWidth_ == ui_.SpeakerLabel->width())
         return;
-    shownWidth_ = ui_->SpeakerLabel->width();
-    const QLabel& label = *ui_->SpeakerLabel;
-    ui_->SpeakerLabel->setText(label.fontMetrics().elidedText(text, Qt::ElideRight, label.width()));
-    ui_->SpeakerLabel->setToolTip(text);
-    ui_->SpeakerLabel->setAccessibleName(text);
+    shownWidth_ = ui_.SpeakerLabel->width();
+    const QLabel& label = *ui_.SpeakerLabel;
+    ui_.SpeakerLabel->setText(label.fontMetrics().elidedText(text, Qt::ElideRight, label.width()));
+    ui_.SpeakerLabel->setToolTip(text);
+    ui_.SpeakerLabel->setAccessibleName(text);
 }
 
 void SpeakerPanel::SpeakerDetailsButton_Click() {
@@ -60,6 +75,13 @@ void SpeakerPanel::SpeakerDetailsButton_Click() {
     form_->show();
     form_->raise();
     form_->activateWindow();
+}
+
+}  // namespace
+
+QWidget* MakeSpeakerPanel(OutputOptions& output, ProgramState& state, PlaybackView& view,
+                          ToneDispatcher& tones, Speaker& speaker, EventBoundary& handlers, QWidget* parent) {
+    return new SpeakerPanel(output, state, view, tones, speaker, handlers, parent);
 }
 
 }  // namespace quavix

@@ -1,18 +1,18 @@
 // SPDX-License-Identifier: MIT
-#include "ui/mods/beat_form.h"
-
+#include "music/main_fields.h"
+#include "playback/beat.h"
+#include "ui/mods/mod_forms.h"
 #include "ui/widgets/binding.h"
 #include "ui_beat_form.h"
 
 namespace quavix {
 
-BeatForm::BeatForm(ModFields& mods, Beat& beat, EventBoundary& handlers, QWidget* parent)
-    : ModWindow(mods.UseBeat.Ticked, mods.UseBeat.Ticked, handlers, parent),
-      ui_(std::make_unique<Ui::BeatForm>()) {
-    ui_->setupUi(this);
-    BindOptions(ui_->optBeatAll, beat.optBeatAll, ui_->optBeatEven, beat.optBeatEven, handlers);
+ModWindow* MakeBeatForm(ModFields& mods, Beat& beat, EventBoundary& handlers, QWidget* owner) {
+    auto* form = new ModWindow(mods.UseBeat.Ticked, mods.UseBeat.Ticked, handlers, owner);
+    Ui::BeatForm ui{};
+    ui.setupUi(form);
+    BindOptions(ui.optBeatAll, beat.optBeatAll, ui.optBeatEven, beat.optBeatEven, handlers);
+    return form;
 }
-
-BeatForm::~BeatForm() = default;
 
 }  // namespace quavix

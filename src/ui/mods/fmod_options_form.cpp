@@ -1,36 +1,37 @@
 // SPDX-License-Identifier: MIT
-#include "ui/mods/fmod_options_form.h"
-
 #include <QRadioButton>
 
+#include "fmod/sound_mods.h"
+#include "music/main_fields.h"
+#include "ui/mods/mod_forms.h"
 #include "ui/widgets/binding.h"
 #include "ui_fmod_options_form.h"
 
 namespace quavix {
 
-FMODOptionsForm::FMODOptionsForm(ModFields& mods, SoundMods& sound, EventBoundary& handlers, QWidget* owner)
-    : ModWindow(sound.UseFmod.FMODOptionsFormVisible, mods.UseFMOD.Ticked, handlers, owner),
-      ui_(std::make_unique<Ui::FMODOptionsForm>()) {
-    ui_->setupUi(this);
+ModWindow* MakeFMODOptionsForm(ModFields& mods, SoundMods& sound, EventBoundary& handlers, QWidget* owner) {
+    auto* form = new ModWindow(sound.UseFmod.FMODOptionsFormVisible, mods.UseFMOD.Ticked, handlers, owner);
+    Ui::FMODOptionsForm ui{};
+    ui.setupUi(form);
     FmodToneGenerator& generator = sound.Generator;
     for (const auto& [button, waveform] :
-         {std::pair{ui_->optSine, fmod_waveform::Sine}, std::pair{ui_->optSquare, fmod_waveform::Square},
-          std::pair{ui_->optTriangle, fmod_waveform::FallingSaw},
-          std::pair{ui_->optNoise, fmod_waveform::Noise}}) {
+         {std::pair{ui.optSine, fmod_waveform::Sine}, std::pair{ui.optSquare, fmod_waveform::Square},
+          std::pair{ui.optTriangle, fmod_waveform::FallingSaw},
+          std::pair{ui.optNoise, fmod_waveform::Noise}}) {
         ShowIn(button, generator.DSPType, [option = button, own = waveform](std::int32_t chosen) {
             if (chosen == own)
                 option->setChecked(true);
         });
         // Assistive technology toggles without a click.
-        connect(button, &QRadioButton::toggled, this,
-                [&generator, &handlers, option = button, own = waveform](bool chosen) {
-                    if (chosen && generator.DSPType != own)
-                        RunHandler(*option, "Click", handlers, [&] { generator.ChangeDSPType(own); });
-                });
+        QObject::connect(button, &QRadioButton::toggled, form,
+                         [&generator, &handlers, option = button, own = waveform](bool chosen) {
+                             if (chosen && generator.DSPType != own)
+                                 RunHandler(*option, "Click", handlers,
+                                            [&] { generator.ChangeDSPType(own); });
+                         });
     }
-    BindCheck(ui_->NeverSilentCheck, sound.UseFmod.NeverSilentCheck, handlers);
+    BindCheck(ui.NeverSilentCheck, sound.UseFmod.NeverSilentCheck, handlers);
+    return form;
 }
-
-FMODOptionsForm::~FMODOptionsForm() = default;
 
 }  // namespace quavix

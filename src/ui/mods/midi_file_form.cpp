@@ -1,66 +1,62 @@
 // SPDX-License-Identifier: MIT
-#include "ui/mods/midi_file_form.h"
-
 #include <QFile>
 #include <QSignalBlocker>
 
-#include "ui/mods/held_notes_panel.h"
+#include "midi/midi_file_playback.h"
+#include "music/main_fields.h"
+#include "ui/mods/mod_forms.h"
 #include "ui/widgets/binding.h"
 #include "ui_midi_file_form.h"
 
 namespace quavix {
-
-MIDIFileForm::MIDIFileForm(ModFields& mods, MidiFilePlayback& midiFile, EventBoundary& handlers,
-                           QWidget* owner)
-    : ModWindow(midiFile.MIDIFileFormVisible, mods.UseMIDIFile.Ticked, handlers, owner),
-      playback_(midiFile),
-      handlers_(handlers),
-      ui_(std::make_unique<Ui::MIDIFileForm>()) {
-    ui_->setupUi(this);
-    ShowIn(ui_->txtFile, playback_.txtFile, [edit = ui_->txtFile](const std::string& fileName) {
-        edit->setText(QFile::decodeName(fileName.c_str()));
-    });
-    BindButton(ui_->cmdBrowse, handlers_, [this] { playback_.cmdBrowse_Click(); });
-    BindEnabled(ui_->cmdBrowse, playback_.cmdBrowseEnabled);
-    BindEnabled(ui_->frmPlayback, playback_.frmPlaybackEnabled);
-    BindButton(ui_->cmdPlay, handlers_, [this] { playback_.cmdPlay_Click(); });
-    BindButton(ui_->cmdStop, handlers_, [this] { playback_.cmdStop_Click(); });
-    BindButton(ui_->cmdRewind, handlers_, [this] { playback_.cmdRewind_Click(); });
-    BindCheck(ui_->chkLoop, playback_.chkLoop, handlers_);
-    BindSlider();
-    BindLabel(ui_->lblPosPercent, playback_.lblPosPercent);
-    BindLabel(ui_->lblPosSecs, playback_.lblPosSecs);
-    KeepWidthOf(ui_->lblPosPercent, "100.00%");
-    KeepWidthOf(ui_->lblPosSecs, "000:00.00");
-    BindLabel(ui_->lblInfoText, playback_.lblInfoText);
-    ShowIn(ui_->frmInfoText, playback_.frmInfoTextVisible,
-           [frame = ui_->frmInfoText](bool visible) { frame->setVisible(visible); });
-    // Keeps the size of the window when the progress appears and disappears.
-    QSizePolicy policy = ui_->frmInfoText->sizePolicy();
-    policy.setRetainSizeWhenHidden(true);
-    ui_->frmInfoText->setSizePolicy(policy);
-    ui_->heldNotesLayout->addWidget(new HeldNotesPanel(
-        playback_,
-        tr("Try to make each cycle last 30 mS (with max alternating time capped to 15mS per note)"),
-        handlers_, this));
-    resize(sizeHint());
-}
-
-MIDIFileForm::~MIDIFileForm() = default;
+namespace {
 
 /// Binds the slider, which follows playback; only the user's moves count as changes.
-void MIDIFileForm::BindSlider() {
+void BindPosition(QSlider* slider, MidiFilePlayback& playback, EventBoundary& handlers) {
     constexpr int PagesPerRange = 20;
-    QSlider* slider = ui_->sldPosition;
     slider->setRange(0, MidiFilePlayback::SliderHighest);
     slider->setPageStep(MidiFilePlayback::SliderHighest / PagesPerRange);
-    ShowIn(slider, playback_.sldPosition, [slider](std::int32_t position) {
+    ShowIn(slider, playback.sldPosition, [slider](std::int32_t position) {
         const QSignalBlocker quiet(slider);
         slider->setValue(position);
     });
-    connect(slider, &QSlider::valueChanged, this, [this, slider](int position) {
-        RunHandler(*slider, "Change", handlers_, [&] { playback_.sldPosition_Change(position); });
+    QObject::connect(slider, &QSlider::valueChanged, slider, [&playback, &handlers, slider](int position) {
+        RunHandler(*slider, "Change", handlers, [&] { playback.sldPosition_Change(position); });
     });
+}
+
+}  // namespace
+
+ModWindow* MakeMIDIFileForm(ModFields& mods, MidiFilePlayback& playback, EventBoundary& handlers,
+                            QWidget* owner) {
+    auto* form = new ModWindow(playback.MIDIFileFormVisible, mods.UseMIDIFile.Ticked, handlers, owner);
+    Ui::MIDIFileForm ui{};
+    ui.setupUi(form);
+    ShowIn(ui.txtFile, playback.txtFile, [edit = ui.txtFile](const std::string& fileName) {
+        edit->setText(QFile::decodeName(fileName.c_str()));
+    });
+    BindButton(ui.cmdBrowse, handlers, [&playback] { playback.cmdBrowse_Click(); });
+    BindEnabled(ui.cmdBrowse, playback.cmdBrowseEnabled);
+    BindEnabled(ui.frmPlayback, playback.frmPlaybackEnabled);
+    BindButton(ui.cmdPlay, handlers, [&playback] { playback.cmdPlay_Click(); });
+    BindButton(ui.cmdStop, handlers, [&playback] { playback.cmdStop_Click(); });
+    BindButton(ui.cmdRewind, handlers, [&playback] { playback.cmdRewind_Click(); });
+    BindCheck(ui.chkLoop, playback.chkLoop, handlers);
+    BindPosition(ui.sldPosition, playback, handlers);
+    BindLabel(ui.lblPosPercent, playback.lblPosPercent);
+    BindLabel(ui.lblPosSecs, playback.lblPosSecs);
+    KeepWidthOf(ui.lblPosPercent, "100.00%");
+    KeepWidthOf(ui.lblPosSecs, "000:00.00");
+    BindLabel(ui.lblInfoText, playback.lblInfoText);
+    ShowIn(ui.frmInfoText, playback.frmInfoTextVisible,
+           [frame = ui.frmInfoText](bool visible) { frame->setVisible(visible); });
+    // Keeps the size of the window when the progress appears and disappears.
+    QSizePolicy policy = ui.frmInfoText->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    ui.frmInfoText->setSizePolicy(policy);
+    ui.heldNotesLayout->addWidget(MakeHeldNotesPanel(playback, 30, handlers, form));
+    form->resize(form->sizeHint());
+    return form;
 }
 
 }  // namespace quavix

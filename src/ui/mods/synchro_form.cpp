@@ -1,37 +1,37 @@
 // SPDX-License-Identifier: MIT
-#include "ui/mods/synchro_form.h"
-
+#include "music/main_fields.h"
+#include "playback/synchro_play.h"
+#include "ui/mods/mod_forms.h"
 #include "ui/widgets/binding.h"
 #include "ui/widgets/colours.h"
 #include "ui_synchro_form.h"
 
 namespace quavix {
 
-SynchroForm::SynchroForm(ModFields& mods, SynchroPlay& synchro, EventBoundary& handlers, QWidget* owner)
-    : ModWindow(mods.UseSynchro.Ticked, mods.UseSynchro.Ticked, handlers, owner),
-      ui_(std::make_unique<Ui::SynchroForm>()) {
-    ui_->setupUi(this);
+ModWindow* MakeSynchroForm(ModFields& mods, SynchroPlay& synchro, EventBoundary& handlers, QWidget* owner) {
+    auto* form = new ModWindow(mods.UseSynchro.Ticked, mods.UseSynchro.Ticked, handlers, owner);
+    Ui::SynchroForm ui{};
+    ui.setupUi(form);
     for (const auto& [edit, box] :
-         {std::pair{ui_->txtHour, &synchro.txtHour}, std::pair{ui_->txtMinute, &synchro.txtMinute},
-          std::pair{ui_->txtSecond, &synchro.txtSecond}}) {
+         {std::pair{ui.txtHour, &synchro.txtHour}, std::pair{ui.txtMinute, &synchro.txtMinute},
+          std::pair{ui.txtSecond, &synchro.txtSecond}}) {
         BindText(edit, *box, handlers);
         BindEnabled(edit, synchro.TimeBoxesEnabled);
     }
-    BindLabel(ui_->lblCurrentTime, synchro.lblCurrentTime);
-    BindOptions(ui_->optStart, synchro.optStart, ui_->optCurrent, synchro.optCurrent, handlers);
-    BindCheck(ui_->chkStartInDelay, synchro.chkStartInDelay, handlers);
-    BindEnabled(ui_->chkStartInDelay, synchro.chkStartInDelayEnabled);
-    BindEnabled(ui_->btnWait, synchro.btnWaitEnabled);
-    ShowIn(ui_->btnWait, synchro.btnWaitCaption, [button = ui_->btnWait](const std::string& caption) {
+    BindLabel(ui.lblCurrentTime, synchro.lblCurrentTime);
+    BindOptions(ui.optStart, synchro.optStart, ui.optCurrent, synchro.optCurrent, handlers);
+    BindCheck(ui.chkStartInDelay, synchro.chkStartInDelay, handlers);
+    BindEnabled(ui.chkStartInDelay, synchro.chkStartInDelayEnabled);
+    BindEnabled(ui.btnWait, synchro.btnWaitEnabled);
+    ShowIn(ui.btnWait, synchro.btnWaitCaption, [button = ui.btnWait](const std::string& caption) {
         button->setText(QString::fromStdString(caption));
         button->setAccessibleName(button->text());
     });
-    BindButton(ui_->btnWait, handlers, [&synchro] { synchro.btnWait_Click(); });
-    BindLabel(ui_->lblWaiting, synchro.lblWaiting);
-    ShowIn(ui_->lblWaiting, synchro.lblWaitingBackColor,
-           [label = ui_->lblWaiting](std::int32_t colour) { PaintLabel(label, colour); });
+    BindButton(ui.btnWait, handlers, [&synchro] { synchro.btnWait_Click(); });
+    BindLabel(ui.lblWaiting, synchro.lblWaiting);
+    ShowIn(ui.lblWaiting, synchro.lblWaitingBackColor,
+           [label = ui.lblWaiting](std::int32_t colour) { PaintLabel(label, colour); });
+    return form;
 }
-
-SynchroForm::~SynchroForm() = default;
 
 }  // namespace quavix

@@ -95,13 +95,19 @@ void BindSlider(QSlider* slider, Watched<std::int32_t>& value, const Parameter& 
                      });
 }
 
-void BindCombo(QComboBox* combo, Watched<std::int32_t>& value, EventBoundary& handlers) {
+void BindCombo(QComboBox* combo, const Watched<std::int32_t>& chosen, EventBoundary& handlers,
+               std::function<void(std::int32_t)> clicked) {
     // The opened list takes the keyboard focus, but lacks the combo box's name.
     combo->view()->setAccessibleName(combo->accessibleName());
-    ShowIn(combo, value, [combo](std::int32_t entry) { combo->setCurrentIndex(entry); });
-    QObject::connect(combo, &QComboBox::activated, combo, [combo, &value, &handlers](int entry) {
-        RunHandler(*combo, "Click", handlers, [&] { value = entry; });
-    });
+    ShowIn(combo, chosen, [combo](std::int32_t entry) { combo->setCurrentIndex(entry); });
+    QObject::connect(combo, &QComboBox::activated, combo,
+                     [combo, &handlers, clicked = std::move(clicked)](int entry) {
+                         RunHandler(*combo, "Click", handlers, [&] { clicked(entry); });
+                     });
+}
+
+void BindCombo(QComboBox* combo, Watched<std::int32_t>& value, EventBoundary& handlers) {
+    BindCombo(combo, value, handlers, [&value](std::int32_t entry) { value = entry; });
 }
 
 void BindOptions(QRadioButton* first, Watched<bool>& firstValue, QRadioButton* second,

@@ -59,7 +59,10 @@ void BindSlider(QSlider* slider, Setting& setting, std::string_view event, Event
 void BindSlider(QSlider* slider, Watched<std::int32_t>& value, const Parameter& range, std::string_view event,
                 EventBoundary& handlers);
 
-/// Sets the value to the index of the chosen entry, from 0.
+/// Shows the entry with this index, from 0; a choice by the user, even of the shown entry, runs `clicked`.
+void BindCombo(QComboBox* combo, const Watched<std::int32_t>& chosen, EventBoundary& handlers,
+               std::function<void(std::int32_t)> clicked);
+/// Sets the value to the index of the chosen entry.
 void BindCombo(QComboBox* combo, Watched<std::int32_t>& value, EventBoundary& handlers);
 
 /// Sets the clicked option and clears the other.

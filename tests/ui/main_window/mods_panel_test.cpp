@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ui/main_window/mods_panel.h"
-
+#include "ui/texts.h"
 #include "ui/ui_program.h"
 
 namespace quavix {

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ui/mods/beat_form.h"
-
+#include "ui/mods/mod_forms.h"
 #include "ui/ui_program.h"
 
 namespace quavix {
@@ -8,10 +7,10 @@ namespace {
 
 TEST(BeatForm, IsShownWhileTheBeatIsTickedAndUnticksItWhenClosed) {
     test::UiProgram p;
-    EXPECT_EQ(p.Form.findChild<BeatForm*>(), nullptr) << "not made before it is wanted";
+    EXPECT_EQ(p.Form.findChild<ModWindow*>("BeatForm"), nullptr) << "not made before it is wanted";
     auto& check = p.Find<QCheckBox>("UseBeatCheck");
     check.click();
-    auto& form = p.Find<BeatForm>("BeatForm");
+    auto& form = p.Find<ModWindow>("BeatForm");
     EXPECT_TRUE(form.isVisible());
     EXPECT_TRUE(p.App.Fields.Mods.UseBeat.InUse);
     check.click();
@@ -19,7 +18,7 @@ TEST(BeatForm, IsShownWhileTheBeatIsTickedAndUnticksItWhenClosed) {
     EXPECT_FALSE(p.App.Fields.Mods.UseBeat.InUse);
     check.click();
     EXPECT_TRUE(form.isVisible());
-    EXPECT_EQ(p.Form.findChildren<BeatForm*>().size(), 1);
+    EXPECT_EQ(p.Form.findChildren<ModWindow*>("BeatForm").size(), 1);
     form.close();
     EXPECT_FALSE(form.isVisible());
     EXPECT_FALSE(check.isChecked());
@@ -30,7 +29,7 @@ TEST(BeatForm, LeavesTheCheckBoxesFree) {
     test::UiProgram p;
     p.Find<QCheckBox>("UseBeatCheck").click();
     const auto& panel = p.Find<QWidget>("ModsPanel");
-    EXPECT_LE(p.Find<BeatForm>("BeatForm").frameGeometry().right(), panel.mapToGlobal(QPoint(0, 0)).x());
+    EXPECT_LE(p.Find<ModWindow>("BeatForm").frameGeometry().right(), panel.mapToGlobal(QPoint(0, 0)).x());
 }
 
 TEST(BeatForm, ChoosesTheBeats) {
@@ -50,7 +49,7 @@ TEST(BeatForm, TickedUnderDoNotUpdateTheCheckBoxAsksFirst) {
     p.Find<QCheckBox>("UseBeatCheck").click();
     EXPECT_EQ(p.Boxes.Shown().back().Title, "Info about playing a beat sound");
     EXPECT_FALSE(p.Find<QCheckBox>("NoUpdateCheck").isChecked());
-    EXPECT_TRUE(p.Find<BeatForm>("BeatForm").isVisible());
+    EXPECT_TRUE(p.Find<ModWindow>("BeatForm").isVisible());
 }
 
 }  // namespace

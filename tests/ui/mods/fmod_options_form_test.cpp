@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ui/mods/fmod_options_form.h"
-
+#include "ui/mods/mod_forms.h"
 #include "ui/ui_program.h"
 
 namespace quavix {
@@ -13,7 +12,7 @@ struct FmodProgram : test::UiProgram {
         App.Outputs.SoundMods.StartEngine();
         Timeline.Clear();
     }
-    FMODOptionsForm& Options() { return *Form.findChild<FMODOptionsForm*>(); }
+    ModWindow& Options() { return *Form.findChild<ModWindow*>("FMODOptionsForm"); }
 };
 
 TEST(FMODOptionsForm, TheCheckBoxIsGreyWithoutTheLibrary) {
@@ -27,7 +26,7 @@ TEST(FMODOptionsForm, TheCheckBoxIsGreyWithoutTheLibrary) {
 
 TEST(FMODOptionsForm, IsCreatedWhenFmodIsTickedAndShownWhileItIsTicked) {
     FmodProgram p;
-    EXPECT_EQ(p.Form.findChild<FMODOptionsForm*>(), nullptr);
+    EXPECT_EQ(p.Form.findChild<ModWindow*>("FMODOptionsForm"), nullptr);
     p.Click("UseFMODCheck");
     EXPECT_TRUE(p.Options().isVisible());
     EXPECT_FALSE(p.Options().isModal());

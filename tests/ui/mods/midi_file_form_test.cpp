@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "ui/mods/midi_file_form.h"
-
 #include <gmock/gmock.h>
 
+#include "ui/mods/mod_forms.h"
 #include "ui/ui_program.h"
 
 namespace quavix {
@@ -22,7 +21,7 @@ struct MidiFileWindow : test::UiProgram {
         Picker.AnswerNext("/music/song.mid");
         Click("cmdBrowse");
     }
-    MIDIFileForm& Window() { return Find<MIDIFileForm>("MIDIFileForm"); }
+    ModWindow& Window() { return Find<ModWindow>("MIDIFileForm"); }
     /// What the grid shows.
     std::string Grid() {
         std::string notes;
@@ -38,9 +37,9 @@ struct MidiFileWindow : test::UiProgram {
 TEST(MIDIFileForm, IsCreatedAndShownWhenItsModIsTicked) {
     test::UiProgram p;
     p.Disk.Put("/windows/system32/midifl32.ocx", "the control");
-    EXPECT_EQ(p.Form.findChild<MIDIFileForm*>("MIDIFileForm"), nullptr);
+    EXPECT_EQ(p.Form.findChild<ModWindow*>("MIDIFileForm"), nullptr);
     p.Find<QCheckBox>("UseMIDIFileCheck").click();
-    auto& window = p.Find<MIDIFileForm>("MIDIFileForm");
+    auto& window = p.Find<ModWindow>("MIDIFileForm");
     EXPECT_TRUE(window.isVisible());
     EXPECT_EQ(window.windowTitle(), "MIDI File Playback Settings");
     EXPECT_FALSE(p.Find<QCheckBox>("UseMIDIInCheck").isEnabled());
@@ -51,7 +50,7 @@ TEST(MIDIFileForm, IsCreatedAndShownWhenItsModIsTicked) {
 TEST(MIDIFileForm, IsNotShownWithoutItsControl) {
     test::UiProgram p;
     p.Find<QCheckBox>("UseMIDIFileCheck").click();
-    EXPECT_EQ(p.Form.findChild<MIDIFileForm*>("MIDIFileForm"), nullptr);
+    EXPECT_EQ(p.Form.findChild<ModWindow*>("MIDIFileForm"), nullptr);
     EXPECT_FALSE(p.Find<QCheckBox>("UseMIDIFileCheck").isChecked());
     ASSERT_EQ(p.Boxes.Shown().size(), 1U);
 }

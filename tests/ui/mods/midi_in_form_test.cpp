@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ui/mods/midi_in_form.h"
-
+#include "ui/mods/mod_forms.h"
 #include "ui/ui_program.h"
 
 namespace quavix {
@@ -13,7 +12,7 @@ struct MidiInProgram : test::UiProgram {
         Find<QCheckBox>("UseMIDIInCheck").click();
     }
 
-    MIDIInForm& Window() { return Find<MIDIInForm>("MIDIInForm"); }
+    ModWindow& Window() { return Find<ModWindow>("MIDIInForm"); }
     QCheckBox& Channel(int index) {
         return Find<QCheckBox>(("ListenChannelCheck" + std::to_string(index)).c_str());
     }
@@ -186,7 +185,7 @@ TEST(MIDIInForm, WithoutADeviceTheWindowIsHiddenAndTheBoxGrey) {
     test::UiProgram p;
     p.Disk.Put("/windows/system32/midiio32.ocx", "module");
     p.Find<QCheckBox>("UseMIDIInCheck").click();
-    EXPECT_FALSE(p.Find<MIDIInForm>("MIDIInForm").isVisible());
+    EXPECT_FALSE(p.Find<ModWindow>("MIDIInForm").isVisible());
     EXPECT_FALSE(p.Find<QCheckBox>("UseMIDIInCheck").isEnabled());
     EXPECT_FALSE(p.Find<QCheckBox>("UseMIDIInCheck").isChecked());
 }

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ui/mods/midi_out_form.h"
-
+#include "ui/mods/mod_forms.h"
 #include "ui/ui_program.h"
 #include "ui/widgets/device_combo.h"
 
@@ -12,9 +11,9 @@ struct MidiOutProgram : test::UiProgram {
         Disk.Put("/windows/system32/midiio32.ocx", "module");
         MidiOut.Devices = {"Keyboard", "Synthesizer"};
     }
-    MIDIOutForm& Open() {
+    ModWindow& Open() {
         Click("UseMIDIOutCheck");
-        return Find<MIDIOutForm>("MIDIOutForm");
+        return Find<ModWindow>("MIDIOutForm");
     }
     DeviceCombo& Devices() { return Find<DeviceCombo>("cmbMIDIOutDevice"); }
 };
@@ -22,7 +21,7 @@ struct MidiOutProgram : test::UiProgram {
 TEST(MIDIOutForm, IsShownWhileItsModIsTickedAndUnticksItWhenClosed) {
     MidiOutProgram p;
     EXPECT_TRUE(p.Find<QCheckBox>("UseMIDIOutCheck").isEnabled());
-    MIDIOutForm& form = p.Open();
+    ModWindow& form = p.Open();
     EXPECT_TRUE(form.isVisible());
     EXPECT_EQ(form.windowTitle(), "MIDI Output Settings");
     EXPECT_TRUE(p.App.Fields.Mods.UseMIDIOut.InUse);
@@ -99,7 +98,7 @@ TEST(MIDIOutForm, OpeningTheListFindsDevicesThatHaveCome) {
 TEST(MIDIOutForm, WithoutADeviceTheBoxIsGreyAndTheWindowHidden) {
     MidiOutProgram p;
     p.MidiOut.Devices.clear();
-    const MIDIOutForm& form = p.Open();
+    const ModWindow& form = p.Open();
     EXPECT_FALSE(form.isVisible());
     const auto& check = p.Find<QCheckBox>("UseMIDIOutCheck");
     EXPECT_FALSE(check.isChecked());

@@ -1,19 +1,18 @@
 // SPDX-License-Identifier: MIT
-#include "ui/mods/portamento_form.h"
-
+#include "ui/mods/mod_forms.h"
 #include "ui/ui_program.h"
 
 namespace quavix {
 namespace {
 
-PortamentoForm& Open(test::UiProgram& p) {
+ModWindow& Open(test::UiProgram& p) {
     p.Find<QCheckBox>("UsePortaCheck").click();
-    return p.Find<PortamentoForm>("PortamentoForm");
+    return p.Find<ModWindow>("PortamentoForm");
 }
 
 TEST(PortamentoForm, IsShownWhileItsModIsTickedAndUnticksItWhenClosed) {
     test::UiProgram p;
-    PortamentoForm& form = Open(p);
+    ModWindow& form = Open(p);
     EXPECT_TRUE(form.isVisible());
     EXPECT_EQ(form.windowTitle(), "Tweeble Portamento Settings");
     EXPECT_TRUE(p.App.Fields.Mods.UsePorta.InUse);
@@ -25,7 +24,7 @@ TEST(PortamentoForm, IsShownWhileItsModIsTickedAndUnticksItWhenClosed) {
 
 TEST(PortamentoForm, ItsTextsStandWordForWord) {
     test::UiProgram p;
-    PortamentoForm& form = Open(p);
+    ModWindow& form = Open(p);
     EXPECT_EQ(p.TextOf("lblPitchMultipleCaption").remove('&'), "Speed of pitch change");
     EXPECT_EQ(p.Find<QGroupBox>("SoundLengthFrame").title(), "Length of sound");
     EXPECT_EQ(p.Find<QRadioButton>("optSoundAlways").text().remove('&'), "Tweeble always produces sound");

@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "ui/mods/synchro_form.h"
-
+#include "ui/mods/mod_forms.h"
 #include "ui/ui_program.h"
 
 namespace quavix {
@@ -16,14 +15,14 @@ struct SynchroProgram : test::UiProgram {
         edit.selectAll();
         QTest::keyClicks(&edit, text);
     }
-    SynchroForm& Window() { return Find<SynchroForm>("SynchroForm"); }
+    ModWindow& Window() { return Find<ModWindow>("SynchroForm"); }
 };
 
 TEST(SynchroForm, IsCreatedAndShownWhenItsModIsTicked) {
     test::UiProgram p;
-    EXPECT_EQ(p.Form.findChild<SynchroForm*>("SynchroForm"), nullptr);
+    EXPECT_EQ(p.Form.findChild<ModWindow*>("SynchroForm"), nullptr);
     p.Find<QCheckBox>("UseSynchroCheck").click();
-    auto& window = p.Find<SynchroForm>("SynchroForm");
+    auto& window = p.Find<ModWindow>("SynchroForm");
     EXPECT_TRUE(window.isVisible());
     EXPECT_EQ(window.windowTitle(), "Synchronized Play Settings");
     p.Find<QCheckBox>("UseSynchroCheck").click();

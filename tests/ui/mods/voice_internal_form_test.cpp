@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "ui/mods/voice_internal_form.h"
-
 #include <map>
 #include <set>
 
+#include "ui/mods/mod_forms.h"
 #include "ui/ui_program.h"
 
 namespace quavix {
@@ -16,7 +15,7 @@ struct VoiceProgram : test::UiProgram {
         Click("UseVoiceCheck");
         Timeline.Clear();
     }
-    VoiceInternalForm& Controls() { return *Form.findChild<VoiceInternalForm*>(); }
+    ModWindow& Controls() { return *Form.findChild<ModWindow*>("VoiceInternalForm"); }
 };
 
 TEST(VoiceInternalForm, IsShownWhileTheVoiceIsInUse) {
