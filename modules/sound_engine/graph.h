@@ -5,8 +5,7 @@
 #include <memory>
 #include <vector>
 
-#include "modules/sound_engine/channel_strip.h"
-#include "modules/sound_engine/group_strip.h"
+#include "modules/sound_engine/strips.h"
 #include "modules/sound_engine/unit.h"
 
 namespace quavix::sound_engine {

@@ -5,8 +5,8 @@
 #include <span>
 #include <vector>
 
-#include "modules/sound_engine/channel_strip.h"
 #include "modules/sound_engine/processor.h"
+#include "modules/sound_engine/strips.h"
 
 namespace quavix::sound_engine {
 

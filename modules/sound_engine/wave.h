@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <span>
 
-#include "dsp/band_limited_step.h"
+#include "dsp/band_limiting.h"
 
 namespace quavix::sound_engine {
 

@@ -6,7 +6,7 @@
 #include <cstddef>
 #include <numbers>
 
-#include "dsp/kaiser_window.h"
+#include "dsp/band_limiting.h"
 
 namespace quavix {
 namespace {

@@ -5,7 +5,7 @@
 #include <array>
 #include <cstddef>
 
-#include "dsp/band_limited_step.h"
+#include "dsp/band_limiting.h"
 
 namespace quavix {
 namespace {

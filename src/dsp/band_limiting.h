@@ -5,6 +5,11 @@
 
 namespace quavix {
 
+/// Returns the Kaiser window at `place`, -1..1; outside, its value at the edge. A greater `beta` widens the
+/// main lobe and lowers the others: 9 is about 90 dB. Source: J. F. Kaiser, "Nonrecursive digital filter
+/// design using the I0-sinh window function", 1974.
+double KaiserWindow(double place, double beta);
+
 /// The correction of a hard step from 0 to 1: added to the step, it removes the parts above half the sample
 /// rate.
 ///

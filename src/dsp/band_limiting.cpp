@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "dsp/band_limited_step.h"
+#include "dsp/band_limiting.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstddef>
 #include <numbers>
 #include <vector>
-
-#include "dsp/kaiser_window.h"
 
 namespace quavix {
 namespace {
@@ -56,6 +55,11 @@ BandLimitedStep MakeTable() {
 }
 
 }  // namespace
+
+double KaiserWindow(double place, double beta) {
+    const double inside = std::max(0.0, 1.0 - place * place);
+    return std::cyl_bessel_i(0.0, beta * std::sqrt(inside)) / std::cyl_bessel_i(0.0, beta);
+}
 
 const BandLimitedStep& BandLimitedStepTable() {
     static const BandLimitedStep table = MakeTable();
