@@ -10,7 +10,7 @@
 #include <QCoreApplication>
 #include <fmt/format.h>
 
-#include "platform/qt/qt_timers.h"
+#include "platform/qt/qt_event_loop.h"
 
 namespace {
 

@@ -10,12 +10,10 @@
 #include "platform/common/system_clock.h"
 #include "platform/common/system_ports.h"
 #include "platform/qt/qt_clipboard.h"
-#include "platform/qt/qt_event_pump.h"
+#include "platform/qt/qt_event_loop.h"
 #include "platform/qt/qt_file_picker.h"
-#include "platform/qt/qt_handle_watch.h"
 #include "platform/qt/qt_message_boxes.h"
 #include "platform/qt/qt_serial_port.h"
-#include "platform/qt/qt_timers.h"
 #include "program/program_ports.h"
 #include "shell/seeded_random_numbers.h"
 

@@ -4,7 +4,6 @@
 #include <cmath>
 
 #include "music/lengths.h"
-#include "playback/nesting_limit.h"
 #include "shell/numbers.h"
 #include "shell/scoped.h"
 

@@ -5,7 +5,6 @@
 
 #include "music/lengths.h"
 #include "music/selection.h"
-#include "playback/nesting_limit.h"
 #include "shell/numbers.h"
 #include "shell/scoped.h"
 

@@ -5,7 +5,6 @@
 
 #include <fmt/format.h>
 
-#include "playback/nesting_limit.h"
 #include "shell/scoped.h"
 
 namespace quavix {

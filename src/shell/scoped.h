@@ -40,6 +40,10 @@ class ScopedCount {
     int& count_;
 };
 
+/// Greatest number of nested runs of one handler, each started in a wait of the one before. A run stays on
+/// the stack until the inner ones have ended, so clicks must not nest without limit.
+inline constexpr int MostNestedRuns = 8;
+
 /// Calls a function at the end of its scope, even after an error. The function must not raise errors.
 template <typename Function>
 class AtScopeEnd {

@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "ports/handle_watch.h"
+#include "ports/event_pump.h"
 
 namespace quavix {
 

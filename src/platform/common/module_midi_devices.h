@@ -5,7 +5,7 @@
 #include <memory>
 #include <string>
 
-#include "ports/handle_watch.h"
+#include "ports/event_pump.h"
 #include "ports/midi_devices.h"
 
 namespace quavix {

@@ -1,6 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "platform/qt/qt_event_pump.h"
-
 #include <chrono>
 #include <unistd.h>
 
@@ -8,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/common/system_clock.h"
+#include "platform/qt/qt_event_loop.h"
 #include "shell/waiting.h"
 
 namespace quavix {

@@ -1,12 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "platform/qt/qt_handle_watch.h"
-
 #include <thread>
 
 #include <QCoreApplication>
 #include <gtest/gtest.h>
 
 #include "platform/common/wait_handles.h"
+#include "platform/qt/qt_event_loop.h"
 
 namespace quavix {
 namespace {

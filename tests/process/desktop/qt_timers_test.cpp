@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "platform/qt/qt_timers.h"
-
 #include <QCoreApplication>
 #include <gtest/gtest.h>
+
+#include "platform/qt/qt_event_loop.h"
 
 namespace quavix {
 namespace {

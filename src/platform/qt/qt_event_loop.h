@@ -7,9 +7,34 @@
 #include <QSocketNotifier>
 
 #include "platform/common/wait_handles.h"
+#include "ports/event_pump.h"
 #include "ports/timers.h"
 
 namespace quavix {
+
+/// The event pump on Qt's event loop. Needs the application object; handles are file descriptors.
+class QtEventPump : public EventPump {
+  public:
+    std::uint32_t WaitForInput(std::span<const WaitHandle> handles, std::uint32_t timeoutMs) override;
+    void DoEvents() override;
+};
+
+/// Deletes a notifier later, because its own handler may end it.
+struct DeleteNotifierLater {
+    void operator()(QSocketNotifier* notifier) const;
+};
+using OwnedNotifier = std::unique_ptr<QSocketNotifier, DeleteNotifierLater>;
+
+/// Watches file descriptors for input in Qt's event loop.
+class QtHandleWatch : public HandleWatch {
+  public:
+    Id Watch(WaitHandle handle, std::function<void()> signalled) override;
+    void Unwatch(Id watch) override;
+
+  private:
+    std::map<Id, OwnedNotifier> notifiers_;
+    Id lastWatch_ = 0;
+};
 
 /// Timers of the system, watched by Qt's event loop. Qt's own timers are up to 1 ms late, which is the whole
 /// interval of a fast one.
@@ -21,10 +46,6 @@ class QtTimers : public Timers {
     void Stop(Id timer) override;
 
   private:
-    struct DeleteLater {
-        void operator()(QSocketNotifier* notifier) const;
-    };
-
     struct Timer {
         /// Declared before the notifier, which must be destroyed first.
         std::unique_ptr<TickTimer> Ticks;
@@ -32,7 +53,7 @@ class QtTimers : public Timers {
         /// Due time of the last tick, or the start of the timer.
         std::int64_t LastDueNs = 0;
         bool IsTicking = false;
-        std::unique_ptr<QSocketNotifier, DeleteLater> Notifier;
+        OwnedNotifier Notifier;
 
         void Arm();
         /// Returns false if there is no tick after all.
