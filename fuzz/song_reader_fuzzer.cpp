@@ -6,9 +6,8 @@
 
 #include <fmt/format.h>
 
-#include "program/common_parts.h"
 #include "program/program.h"
-#include "program/song_storage.h"
+#include "program/program_parts.h"
 #include "shell/runtime_error.h"
 #include "simulation/simulated_ports.h"
 

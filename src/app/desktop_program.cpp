@@ -6,10 +6,7 @@
 #include "app/command_line.h"
 #include "midi/midi_file_opening.h"
 #include "ports/speaker.h"
-#include "program/common_parts.h"
-#include "program/outputs.h"
-#include "program/playing.h"
-#include "program/song_storage.h"
+#include "program/program_parts.h"
 #include "shell/debug_log.h"
 #include "shell/file_access.h"
 #include "shell/process_priority.h"
@@ -17,21 +14,26 @@
 #include "shell/runtime_error.h"
 
 namespace quavix {
+namespace {
+
+template <typename Step>
+void Try(Step step) {
+    try {
+        step();
+    } catch (...) {
+        // The program still ends.
+    }
+}
+
+}  // namespace
 
 DesktopProgram::DesktopProgram(Program& program, DesktopFacts facts)
     : Recovery({program.Fields.Song, program.Fields.Entry, program.Fields.State, program.List,
                 program.Storage.SongChanges, program.Storage.SongDocument, program.Ports.Disk,
                 program.Ports.Ticks, program.Ports.Time, program.Ports.Boxes, program.Handlers, program.Log,
                 [&program] { return program.IsSounding(); }, facts.StateFolder}),
-      Shutdown(program.Fields.State, program.Log, facts.End),
       program_(program),
-      facts_(std::move(facts)) {
-    Shutdown.BeforeShutDown([this] { program_.Outputs.SoundMods.Singer.VoiceDoShutDownStuff(); });
-    Shutdown.OnShutDown([this] { program_.Outputs.MotorModModule.Stop(); });
-    Shutdown.OnShutDown([this] { Recovery.End(); });
-    Shutdown.OnShutDown([this] { program_.Outputs.SoundMods.Engine.Stop(); });
-    Shutdown.OnShutDown([this] { program_.ReleaseMidi(); });
-}
+      facts_(std::move(facts)) {}
 
 void DesktopProgram::BeforeMainForm() {
     program_.Handlers.Run("MainForm_Load", [this] {
@@ -143,7 +145,23 @@ void DesktopProgram::QueryUnload() {
 
 void DesktopProgram::CloseProgram() {
     facts_.AnswerBoxes();
-    Shutdown.CloseProgram();
+    if (program_.Fields.State.ShuttingDown)
+        return;
+    program_.Fields.State.ShuttingDown = true;
+    Try([this] { program_.Log.LogText("[REQUEST TO CLOSE PROGRAM]"); });
+    Try([this] { program_.Outputs.SoundMods.Singer.VoiceDoShutDownStuff(); });
+    DoShutDownStuff();
+    Try([this] { program_.Log.LogText("KILLING PROCESS (should be last line in log)"); });
+    facts_.EndProcess();
+}
+
+void DesktopProgram::DoShutDownStuff() {
+    Try([this] { program_.Log.LogIndentInc("DoShutDownStuff() - START"); });
+    Try([this] { program_.Outputs.MotorModModule.Stop(); });
+    Try([this] { Recovery.End(); });
+    Try([this] { program_.Outputs.SoundMods.Engine.Stop(); });
+    Try([this] { program_.ReleaseMidi(); });
+    Try([this] { program_.Log.LogIndentDec("DoShutDownStuff() - END"); });
 }
 
 }  // namespace quavix

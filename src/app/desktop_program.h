@@ -4,8 +4,6 @@
 #include <functional>
 #include <string>
 
-#include "app/shutdown.h"
-#include "ports/process_end.h"
 #include "ports/processes.h"
 #include "program/program.h"
 #include "songfile/recovery.h"
@@ -15,7 +13,8 @@ namespace quavix {
 /// Dependencies of DesktopProgram, besides its ports. All must outlive it.
 struct DesktopFacts {
     Processes& System;
-    ProcessEnd& End;
+    /// Ends the process at once, whatever is on the stack. Returns only in a simulation.
+    std::function<void()> EndProcess;
     /// Folder of the unsaved songs.
     std::string StateFolder;
     /// The command line behind the program's name.
@@ -44,17 +43,18 @@ class DesktopProgram {
     /// Asks about unsaved changes on the user's request to end the program, then ends the process.
     void QueryUnload();
 
-    /// Ends the process without a question. Failures to release an output are only logged.
+    /// Releases the outputs and ends the process without a question, even if an output can't be released or
+    /// the log can't be written. A second call during the first does nothing.
     void CloseProgram();
 
     quavix::Recovery Recovery;
-    quavix::Shutdown Shutdown;
 
   private:
     void StartLog();
     void SwitchToneCode();
     void LoadCommandLineFile();
     void StartFmod();
+    void DoShutDownStuff();
 
     Program& program_;
     DesktopFacts facts_;

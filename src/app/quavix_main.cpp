@@ -8,7 +8,6 @@
 #include "app/desktop_ports.h"
 #include "app/desktop_program.h"
 #include "platform/common/environment.h"
-#include "platform/common/immediate_end.h"
 #include "platform/common/module_loader.h"
 #include "platform/common/speaker/choose_speaker.h"
 #include "platform/common/system_ports.h"
@@ -53,9 +52,8 @@ int main(int argc, char** argv) {
     SaveLoadForm saveLoadForm(ports.Time);
     Program program(ports.All(*speaker, saveLoadForm));
     const std::unique_ptr<Processes> processes = MakeProcesses();
-    ImmediateEnd processEnd;
     DesktopProgram desktop(program, {.System = *processes,
-                                     .End = processEnd,
+                                     .EndProcess = EndProcess,
                                      .StateFolder = StateFolderFromEnvironment(),
                                      .CommandLine = CommandText(application.Arguments()),
                                      .AnswerBoxes = [&] { ports.Boxes.AnswerThemselves(); }});

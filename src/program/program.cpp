@@ -3,12 +3,8 @@
 
 #include <string>
 
-#include "program/common_parts.h"
-#include "program/outputs.h"
-#include "program/playing.h"
+#include "program/program_parts.h"
 #include "program/program_ports.h"
-#include "program/song_editing.h"
-#include "program/song_storage.h"
 
 namespace quavix {
 
@@ -119,7 +115,7 @@ struct Program::Parts {
 };
 
 Program::Program(const ProgramPorts& ports)
-    : parts_(new Parts(ports)),
+    : parts_(std::make_unique<Parts>(ports)),
       Ports(parts_->Common.Ports),
       Fields(parts_->Common.Fields),
       List(parts_->Common.List),
@@ -131,9 +127,7 @@ Program::Program(const ProgramPorts& ports)
       Playing(parts_->Players),
       Storage(parts_->Storage) {}
 
-Program::~Program() {
-    delete parts_;
-}
+Program::~Program() = default;
 
 bool Program::IsSounding() const {
     return Outputs.ToneDispatcher.IsSounding() || Playing.MidiInput.HoldsNotes() ||

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <memory>
+
 namespace quavix {
 
 class DebugLog;
@@ -14,8 +16,8 @@ struct ProgramPorts;
 struct SongEditing;
 struct SongStorage;
 
-/// The program behind its window: assembles its parts, on any implementation of the ports. Each group of
-/// parts has its own header.
+/// The program behind its window: assembles its parts, on any implementation of the ports. The groups of
+/// parts are in program_parts.h.
 class Program {
     struct Parts;
 
@@ -33,8 +35,7 @@ class Program {
     void ReleaseMidi();
 
   private:
-    /// Owned. A plain pointer: the header of a smart one would dominate the compile time of users.
-    Parts* const parts_;
+    const std::unique_ptr<Parts> parts_;
 
   public:
     const ProgramPorts& Ports;

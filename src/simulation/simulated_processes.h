@@ -8,7 +8,6 @@
 #include <fmt/format.h>
 
 #include "ports/batch_files.h"
-#include "ports/process_end.h"
 #include "ports/processes.h"
 #include "simulation/simulated_files.h"
 #include "simulation/simulated_time.h"
@@ -45,17 +44,6 @@ class SimulatedProcesses : public Processes {
 
   private:
     std::string calls_;
-};
-
-/// Writes the end of the process to the timeline, and goes on.
-class RecordedProcessEnd : public ProcessEnd {
-  public:
-    RecordedProcessEnd(SimulatedTime& time, Timeline& timeline) : time_(time), timeline_(timeline) {}
-    void EndProcess() override { timeline_.Record(time_.Now(), "process ends"); }
-
-  private:
-    SimulatedTime& time_;
-    Timeline& timeline_;
 };
 
 /// Runs batch files on simulated time, a line every `LineMs`. Commands go to the timeline; "erase" deletes.

@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include "shell/runtime_error.h"
 #include "songfile/song_format.h"
 #include "support/simulated_desktop.h"
 
@@ -212,6 +213,38 @@ TEST(DesktopProgram, ItsEndReleasesTheVoiceThenTheEngineThenMidi) {
               "    DoShutDownStuff() - END\n"
               "\n"
               "KILLING PROCESS (should be last line in log)\n");
+}
+
+TEST(DesktopProgram, EndsTheProcessEvenIfNothingCanBeLogged) {
+    Started p("");
+    p.App.Log.Enable();
+    p.App.List.Append("Quarter", "C4", "", "");
+    p.OpenMidiOut();
+    p.App.Outputs.MidiOutput.MIDIOutIsOpen = true;
+    p.Disk.FailWriting("/program/debuglog.txt", std::errc::no_space_on_device);
+    EXPECT_THROW(p.App.ReleaseMidi(), RuntimeError);
+    p.Desktop.CloseProgram();
+    EXPECT_TRUE(p.Disk.Has("/state/unsaved-001.QVX"));
+    EXPECT_NE(p.Timeline.Text("process ends"), "");
+}
+
+TEST(DesktopProgram, ASecondRequestDuringTheFirstDoesNothing) {
+    SimulatedProcesses system;
+    test::SimulatedProgram p;
+    int ends = 0;
+    std::function<void()> closeAgain;
+    DesktopProgram desktop(p.App, {.System = system,
+                                   .EndProcess =
+                                       [&] {
+                                           ++ends;
+                                           closeAgain();
+                                       },
+                                   .StateFolder = "/state",
+                                   .CommandLine = {}});
+    closeAgain = [&] { desktop.CloseProgram(); };
+    desktop.CloseProgram();
+    EXPECT_EQ(ends, 1);
+    EXPECT_TRUE(p.App.Fields.State.ShuttingDown);
 }
 
 }  // namespace

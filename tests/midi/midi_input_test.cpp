@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include "app/shutdown.h"
 #include "support/simulated_program.h"
 
 namespace quavix {

@@ -5,7 +5,8 @@
 
 #include <gtest/gtest.h>
 
-#include "app/shutdown.h"
+#include "app/desktop_program.h"
+#include "simulation/simulated_processes.h"
 #include "support/simulated_program.h"
 
 namespace quavix {
@@ -420,13 +421,11 @@ TEST_F(MidiOutputTest, ANoteThatBeginsOnOneChannelAndEndsOnAnotherIsEndedOnBoth)
 TEST_F(MidiOutputTest, TheProgramsEndEndsTheNotesAndClosesTheDevice) {
     SwitchOn();
     Fields.Output.MutePCSpeaker = true;
-    struct NoEnd : ProcessEnd {
-        void EndProcess() override {}
-    } end;
-    Shutdown shutdown(Fields.State, P.App.Log, end);
-    shutdown.OnShutDown([&] { P.App.ReleaseMidi(); });
+    SimulatedProcesses system;
+    DesktopProgram desktop(
+        P.App, {.System = system, .EndProcess = [] {}, .StateFolder = "/state", .CommandLine = {}});
     P.App.Log.Enable();
-    P.Time.At(50, [&] { shutdown.CloseProgram(); });
+    P.Time.At(50, [&] { desktop.CloseProgram(); });
     Beep("A4", 100);
     EXPECT_EQ(P.Timeline.Text("midi out 80") + P.Timeline.Text("midi out c"),
               "0.0500 midi out 80 39 00\n0.0500 midi out closes\n");

@@ -5,7 +5,8 @@
 
 #include <gtest/gtest.h>
 
-#include "app/shutdown.h"
+#include "app/desktop_program.h"
+#include "simulation/simulated_processes.h"
 #include "support/simulated_program.h"
 
 namespace quavix {
@@ -224,14 +225,14 @@ TEST_F(MetronomeTest, ATempoWithoutWaitsStillRunsHandlers) {
 }
 
 TEST_F(MetronomeTest, ClosingTheProgramEndsIt) {
-    struct : ProcessEnd {
-        void EndProcess() override { Ended = true; }
-        bool Ended = false;
-    } end;
-    Shutdown closing(Fields.State, P.App.Log, end);
-    P.Time.At(700, [&] { closing.CloseProgram(); });
+    SimulatedProcesses system;
+    bool ended = false;
+    DesktopProgram desktop(
+        P.App,
+        {.System = system, .EndProcess = [&] { ended = true; }, .StateFolder = "/state", .CommandLine = {}});
+    P.Time.At(700, [&] { desktop.CloseProgram(); });
     P.App.Playing.Metronome.MetronomeButton_Click();
-    EXPECT_TRUE(end.Ended);
+    EXPECT_TRUE(ended);
     EXPECT_EQ(P.Time.Now(), 700 * SimulatedTime::CountsPerMs);
     EXPECT_EQ(Tones(), "0.0000 speaker 1000 Hz 20 ms\n0.5000 speaker 500 Hz 20 ms\n");
 }

@@ -8,8 +8,8 @@
 #include "app/desktop_program.h"
 #include "platform/common/console_boxes.h"
 #include "platform/posix/posix_files.h"
-#include "program/common_parts.h"
 #include "program/program.h"
+#include "program/program_parts.h"
 #include "simulation/simulated_ports.h"
 #include "simulation/simulated_processes.h"
 
@@ -33,8 +33,8 @@ int main(int argumentCount, char** arguments) {
     Program app(ports);
     SimulatedTime& time = simulated.Time;
     SimulatedProcesses system;
-    RecordedProcessEnd end(time, simulated.Timeline);
-    DesktopProgram desktop(app, {.System = system, .End = end, .StateFolder = folder, .CommandLine = {}});
+    DesktopProgram desktop(app,
+                           {.System = system, .EndProcess = [] {}, .StateFolder = folder, .CommandLine = {}});
     for (std::int32_t pass = 1;; ++pass) {
         constexpr std::int32_t Songs = 40;
         constexpr std::int32_t LinesMore = 100;

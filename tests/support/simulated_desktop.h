@@ -25,9 +25,11 @@ struct SimulatedDesktop : SimulatedProgram {
 
     std::string CommandLine;
     SimulatedProcesses System;
-    RecordedProcessEnd End{Time, Timeline};
-    DesktopProgram Desktop{
-        App, {.System = System, .End = End, .StateFolder = "/state", .CommandLine = CommandLine}};
+    DesktopProgram Desktop{App,
+                           {.System = System,
+                            .EndProcess = [this] { Timeline.Record(Time.Now(), "process ends"); },
+                            .StateFolder = "/state",
+                            .CommandLine = CommandLine}};
 };
 
 }  // namespace quavix::test

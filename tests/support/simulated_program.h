@@ -4,12 +4,8 @@
 #include <initializer_list>
 #include <string>
 
-#include "program/common_parts.h"
-#include "program/outputs.h"
-#include "program/playing.h"
 #include "program/program.h"
-#include "program/song_editing.h"
-#include "program/song_storage.h"
+#include "program/program_parts.h"
 #include "simulation/simulated_ports.h"
 
 namespace quavix::test {

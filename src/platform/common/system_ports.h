@@ -9,7 +9,8 @@
 
 namespace quavix {
 
-// Makers of ports that are used through their interface only. Each system implements them.
+// Makers of ports that are used through their interface only, and the end of the process. Each system
+// implements them.
 
 /// Returns the machine's file system.
 std::unique_ptr<Files> MakeFiles();
@@ -19,5 +20,9 @@ std::unique_ptr<Processes> MakeProcesses();
 
 /// Returns batch files run by the system's interpreter. Controls are registered by this program itself.
 std::unique_ptr<BatchFiles> MakeBatchFiles();
+
+/// Ends the process with status 0, without destructors or exit handlers, because a tone or playback may be in
+/// progress on the stack.
+[[noreturn]] void EndProcess();
 
 }  // namespace quavix

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include <cerrno>
 #include <csignal>
+#include <cstdio>
+#include <cstdlib>
 #include <sys/resource.h>
 #include <unistd.h>
 
@@ -90,5 +92,10 @@ std::int32_t PosixProcesses::GetPriorityClass(ProcessHandle process) {
 }
 
 void PosixProcesses::Close(ProcessHandle) {}
+
+void EndProcess() {
+    std::fflush(nullptr);
+    std::_Exit(EXIT_SUCCESS);
+}
 
 }  // namespace quavix

@@ -16,11 +16,8 @@
 #include <QTableView>
 
 #include "midi/midi_file_opening.h"
-#include "program/outputs.h"
-#include "program/playing.h"
+#include "program/program_parts.h"
 #include "program/program_ports.h"
-#include "program/song_editing.h"
-#include "program/song_storage.h"
 #include "shell/program_info.h"
 #include "ui/dialogs/save_load_form.h"
 #include "ui/main_window/main_menu.h"

@@ -9,10 +9,8 @@
 #include <fmt/format.h>
 
 #include "ports/message_boxes.h"
-#include "program/playing.h"
+#include "program/program_parts.h"
 #include "program/program_ports.h"
-#include "program/song_editing.h"
-#include "program/song_storage.h"
 #include "shell/file_access.h"
 #include "shell/program_info.h"
 #include "ui/dialogs/manual_form.h"

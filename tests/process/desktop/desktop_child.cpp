@@ -23,18 +23,14 @@
 #include "app/desktop_program.h"
 #include "platform/common/console_boxes.h"
 #include "platform/common/environment.h"
-#include "platform/common/immediate_end.h"
 #include "platform/common/module_loader.h"
 #include "platform/common/system_ports.h"
 #include "platform/common/termination_signals.h"
 #include "platform/linux/speaker/event_speaker.h"
 #include "platform/qt/qt_application.h"
 #include "program/absent_ports.h"
-#include "program/common_parts.h"
-#include "program/outputs.h"
-#include "program/playing.h"
 #include "program/program.h"
-#include "program/song_storage.h"
+#include "program/program_parts.h"
 #include "wall_clock.h"
 
 namespace {
@@ -114,9 +110,8 @@ int main(int argc, char** argv) {
     ports.MidiOutDevices = midiOut;
     Program app(ports);
     const std::unique_ptr<Processes> processes = MakeProcesses();
-    ImmediateEnd processEnd;
     DesktopProgram desktop(app, {.System = *processes,
-                                 .End = processEnd,
+                                 .EndProcess = EndProcess,
                                  .StateFolder = StateFolderFromEnvironment(),
                                  .CommandLine = {}});
     application.WhenSignalled(signals.Handle(), [&] { desktop.CloseProgram(); });
