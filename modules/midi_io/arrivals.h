@@ -80,7 +80,7 @@ class Arrivals {
     /// Forgets an incomplete message. No input may be open.
     void StartOver() { stream_ = {}; }
 
-    /// Takes the oldest message. Returns QuavixMidiIoLost once after a loss.
+    /// Takes the oldest message. Returns QUAVIX_MIDI_IO_LOST once after a loss.
     std::int32_t Receive(QuavixMidiIoMessage& message) {
         if (queue_.TakeLost())
             return QUAVIX_MIDI_IO_LOST;

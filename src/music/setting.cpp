@@ -19,6 +19,11 @@ std::optional<std::int32_t> Setting::Typed() const {
 }
 
 void Setting::Type(const std::string& text) {
+    if (range_.Rule == InputRule::Nearest) {
+        if (IsNumeric(text))
+            Set(ToInt32(range_.Nearest(Val(text))));
+        return;
+    }
     SettingState state = state_;
     Write(state, text);
     state.OfSong = state.Value;
@@ -26,8 +31,7 @@ void Setting::Type(const std::string& text) {
 }
 
 void Setting::Step(std::int32_t direction) {
-    const double wanted = static_cast<double>(Get()) + direction * range_.Step;
-    Type(Shown(ToInt32(range_.Nearest(wanted))));
+    Set(ToInt32(range_.Nearest(static_cast<double>(Get()) + direction * range_.Step)));
 }
 
 void Setting::Set(std::int32_t value) {

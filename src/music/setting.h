@@ -51,7 +51,8 @@ class Setting {
     /// Returns the number in the text; none for an empty text, and for an ignored number.
     std::optional<std::int32_t> Typed() const;
 
-    /// Takes the content of the text field by the parameter's rule. An empty text changes the text only.
+    /// Takes the content of the text field by the parameter's rule. An empty text changes the text only. A
+    /// slider takes the nearest number of its range, and ignores other text.
     void Type(const std::string& text);
     /// Moves one step up (1) or down (-1), as an arrow beside the text field does, within the range.
     void Step(std::int32_t direction);

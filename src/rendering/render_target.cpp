@@ -8,13 +8,14 @@
 #include <fmt/format.h>
 
 #include "rendering/rendered_sound.h"
+#include "shell/utf8_path.h"
 
 namespace quavix {
 namespace {
 
-std::string UnusedName(const std::string& beginning) {
+std::filesystem::path UnusedName(std::filesystem::path beginning) {
     std::random_device random;
-    return fmt::format("{}.{:08x}{:08x}.part", beginning, random(), random());
+    return beginning += fmt::format(".{:08x}{:08x}.part", random(), random());
 }
 
 }  // namespace
@@ -22,7 +23,8 @@ std::string UnusedName(const std::string& beginning) {
 bool IsNamedPipe(const std::string& file) {
     std::error_code error;
     // Links to a process's own pipes lead to no file, so canonical() fails for them.
-    return std::filesystem::is_fifo(file, error) && !std::filesystem::canonical(file, error).empty();
+    const std::filesystem::path path = PathOf(file);
+    return std::filesystem::is_fifo(path, error) && !std::filesystem::canonical(path, error).empty();
 }
 
 RenderTarget::RenderTarget(const std::string& out) : name_(out) {
@@ -30,24 +32,25 @@ RenderTarget::RenderTarget(const std::string& out) : name_(out) {
     std::error_code error;
     if (out.empty())
         throw RenderError("a file without a name can't be written");
-    const fs::file_status status = fs::status(out, error);
+    const fs::path path = PathOf(out);
+    const fs::file_status status = fs::status(path, error);
     const bool isStandardOutput =
-        out == "-" || (fs::is_fifo(status) && fs::equivalent(out, "/dev/stdout", error));
+        out == "-" || (fs::is_fifo(status) && fs::equivalent(path, "/dev/stdout", error));
     if (isStandardOutput)
         name_ = std::string("-");  // GCC 12 warns of an overlap if a char array is assigned
     else if (IsNamedPipe(out))
         throw RenderError(fmt::format("\"{}\" is a pipe; write to - instead", out));
     isPassedOn_ = isStandardOutput || fs::is_fifo(status);
     if (isPassedOn_) {
-        aside_ = UnusedName((fs::temp_directory_path(error) / "quavix-render").string());
+        aside_ = UnusedName(fs::temp_directory_path(error) / "quavix-render");
     } else {
         if (fs::is_directory(status))
             throw RenderError(fmt::format("\"{}\" is a folder", out));
         if (fs::exists(status) && !fs::is_regular_file(status)) {
-            stream_.open(out, std::ios::binary | std::ios::out);
+            stream_.open(path, std::ios::binary | std::ios::out);
         } else {
-            place_ = fs::exists(status) ? fs::canonical(out, error) : fs::path(out);
-            aside_ = UnusedName(place_.string());
+            place_ = fs::exists(status) ? fs::canonical(path, error) : path;
+            aside_ = UnusedName(place_);
         }
     }
     if (!aside_.empty())
@@ -85,7 +88,7 @@ void RenderTarget::Commit() {
     if (name_ == "-") {
         good = PassOn(std::cout);
     } else if (isPassedOn_) {
-        std::ofstream out(name_, std::ios::binary);
+        std::ofstream out(PathOf(name_), std::ios::binary);
         good = PassOn(out);
     } else {
         stream_.close();

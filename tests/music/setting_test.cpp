@@ -227,6 +227,20 @@ TEST(Setting, ANumberSetForNowIsNotTheSongsUntilItIsKept) {
     EXPECT_EQ(time.OfSong(), 10) << "ignored, but by other means";
 }
 
+TEST(Setting, ASliderTakesTheNearestNumberAndIgnoresOtherText) {
+    Setting ratio(parameter::NoteSilenceRatio);
+    for (const char* text : {"abc", "", "90%"})
+        ratio.Type(text);
+    EXPECT_EQ(ratio, 90);
+    EXPECT_EQ(ratio.Text(), "90%");
+    ratio.Type("1e300");
+    EXPECT_EQ(ratio, 100);
+    ratio.Type("-5");
+    EXPECT_EQ(ratio.Text(), "00%");
+    ratio.Step(-1);
+    EXPECT_EQ(ratio, 0);
+}
+
 TEST(Setting, ANumberThatItsTypeDoesNotHoldChangesNothing) {
     Setting time(parameter::AlternateTime);
     const SettingState before = time.State();

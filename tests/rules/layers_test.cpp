@@ -142,7 +142,7 @@ TEST(Layers, LinksGoDownwardsOnly) {
     EXPECT_FALSE(links.Reached("src/ui").contains("src/platform/common"));
 }
 
-TEST(Layers, WhatIsCommonToAllSystemsAndTheToolkitsPartSeeNoSystem) {
+TEST(Layers, PortableFoldersReachNoSystemFolder) {
     Links links;
     for (const char* portable :
          {"src/platform/common", "src/platform/common/speaker", "src/platform/qt", "src/app"}) {
@@ -152,7 +152,7 @@ TEST(Layers, WhatIsCommonToAllSystemsAndTheToolkitsPartSeeNoSystem) {
     }
 }
 
-TEST(Layers, WhatIsPosixSeesNoKernel) {
+TEST(Layers, PosixFilesUseNothingOfLinux) {
     const std::regex kernel(
         R"(#\s*include\s+<(linux/|sys/(prctl|eventfd|timerfd|inotify|epoll)\.h)|/proc/|O_TMPFILE|O_PATH)");
     std::size_t seen = 0;
@@ -166,14 +166,24 @@ TEST(Layers, WhatIsPosixSeesNoKernel) {
     EXPECT_GT(seen, 5U);
 }
 
-TEST(Layers, OnlyTheWindowsAndThePlatformKnowTheToolkit) {
+TEST(Layers, OnlyTheWindowsAndThePlatformIncludeTheToolkit) {
     const std::regex toolkit(R"(#\s*include\s+<Q|\bQ(Object|String|Widget|Timer|Application)\b)");
     for (const Source& source : Sources()) {
-        // The desktop program's main wires the toolkit's application together.
-        if (source.Folder == "ui" || source.Name.starts_with("platform/qt/") || source.Folder == "app")
+        if (source.Folder == "ui" || source.Name.starts_with("platform/qt/"))
             continue;
         for (const std::string& line : source.Lines)
             EXPECT_FALSE(std::regex_search(line, toolkit)) << source.Name << ": " << line;
+    }
+}
+
+TEST(Layers, OfTheApplicationOnlyTheMainAndItsPortsKnowTheWindows) {
+    const std::regex windows(R"(#\s*include\s+"(ui|platform/qt)/)");
+    for (const Source& source : Sources()) {
+        if (source.Folder != "app" || source.Name == "app/quavix_main.cpp" ||
+            source.Name.starts_with("app/desktop_ports."))
+            continue;
+        for (const std::string& line : source.Lines)
+            EXPECT_FALSE(std::regex_search(line, windows)) << source.Name << ": " << line;
     }
 }
 
@@ -190,9 +200,9 @@ TEST(Layers, NoClockAndNoSleepOutsideThePlatform) {
     }
 }
 
-TEST(Layers, TheSystemIsMetInItsFoldersOnly) {
+TEST(Layers, SystemHeadersAreIncludedInTheSystemFoldersOnly) {
     const std::regex system(
-        R"(#\s*include\s+<(unistd\.h|sys/|fcntl\.h|linux/|poll\.h|dlfcn\.h|dirent\.h|signal\.h|spawn\.h|termios\.h|time\.h|windows\.h))");
+        R"(#\s*include\s+<(unistd\.h|pwd\.h|sys/|fcntl\.h|linux/|poll\.h|dlfcn\.h|dirent\.h|signal\.h|spawn\.h|termios\.h|time\.h|windows\.h))");
     std::size_t seen = 0;
     for (const Source& source : Sources()) {
         if (source.Name.starts_with("platform/posix/") || source.Name.starts_with("platform/linux/"))
@@ -204,7 +214,7 @@ TEST(Layers, TheSystemIsMetInItsFoldersOnly) {
     EXPECT_GT(seen, 100U);
 }
 
-TEST(Layers, TheSoundCardIsMetInItsFolderOnly) {
+TEST(Layers, SoundCardHeadersAreIncludedInOneFolderOnly) {
     const std::regex sound(R"(#\s*include\s+<(RtAudio|RtMidi|jack/|alsa/))");
     for (const Source& source : Sources()) {
         if (source.Folder == "sound_device")
@@ -236,7 +246,7 @@ TEST(Layers, TheSoundEngineUsesTheSystemOnlyInItsOutputs) {
                                            "sound_engine/soundless_output.cpp",
                                            "sound_engine/soundless_output.h"};
     const std::regex system(
-        R"(<chrono>|<ctime>|<thread>|#\s*include\s+<(unistd\.h|sys/|fcntl\.h|poll\.h|RtAudio|jack/|windows\.h|Q))");
+        R"(<chrono>|<ctime>|<thread>|#\s*include\s+<(unistd\.h|pwd\.h|sys/|fcntl\.h|poll\.h|RtAudio|jack/|windows\.h|Q))");
     const std::regex ladder(R"(#\s*(if|ifdef|ifndef|elif)\b)");
     for (const Source& source : Sources("modules")) {
         if (source.Folder != "sound_engine")
