@@ -67,99 +67,86 @@ void PortCombo::ShowPorts() {
     setCurrentIndex(findText(chosen));
 }
 
-class ModsPanel : public QGroupBox {
-  public:
-    ModsPanel(ModFields& mods, OutputOptions& output, MotorModModule& motor, MessageBoxes& boxes,
-              EventBoundary& handlers, QWidget* parent);
-
-  private:
-    void AddMod(const text::Mod& mod, quavix::Mod& values, MessageBoxes& boxes);
-    void AddMotorSettings(OutputOptions& output, MotorModModule& motor);
-
-    EventBoundary& handlers_;
-    QGridLayout* grid_;
-};
-
-ModsPanel::ModsPanel(ModFields& mods, OutputOptions& output, MotorModModule& motor, MessageBoxes& boxes,
-                     EventBoundary& handlers, QWidget* parent)
-    : QGroupBox(tr("Mods"), parent), handlers_(handlers), grid_(new QGridLayout(this)) {
-    setObjectName("ModsPanel");
-    grid_->setColumnStretch(0, 1);
-    grid_->setVerticalSpacing(2);
-    for (const text::Mod* mod : text::Mods) {
-        AddMod(*mod, mods.*mod->Switch, boxes);
-        if (mod == &text::UseMotor)
-            AddMotorSettings(output, motor);
-    }
-}
-
-void ModsPanel::AddMod(const text::Mod& mod, quavix::Mod& values, MessageBoxes& boxes) {
-    const int row = grid_->rowCount();
-    auto* check = new QCheckBox(mod.Caption, this);
+/// Adds a row to the panel with the check box of a mod and the button that explains it.
+void AddMod(QGroupBox* panel, QGridLayout* grid, const text::Mod& mod, Mod& values, MessageBoxes& boxes,
+            EventBoundary& handlers) {
+    const int row = grid->rowCount();
+    auto* check = new QCheckBox(mod.Caption, panel);
     check->setObjectName(mod.CheckName);
     check->setAccessibleName(mod.Caption);
     check->setToolTip(mod.ToolTip);
-    BindCheck(check, values.Ticked, handlers_);
+    BindCheck(check, values.Ticked, handlers);
     BindEnabled(check, values.Enabled);
-    grid_->addWidget(check, row, 0);
+    grid->addWidget(check, row, 0);
 
-    auto* help = new QToolButton(this);
+    auto* help = new QToolButton(panel);
     help->setObjectName(HelpButtonName(mod));
     help->setText("?");
-    help->setAccessibleName(tr("Help about '%1'").arg(mod.Caption));
-    help->setToolTip(tr("What '%1' does").arg(mod.Caption));
+    help->setAccessibleName(QObject::tr("Help about '%1'").arg(mod.Caption));
+    help->setToolTip(QObject::tr("What '%1' does").arg(mod.Caption));
     help->setFocusPolicy(Qt::StrongFocus);
-    BindButton(help, handlers_, [&boxes, &mod] {
+    BindButton(help, handlers, [&boxes, &mod] {
         boxes.Show({.Title = mod.HelpTitle, .Text = mod.HelpText, .Icon = BoxIcon::Information});
     });
-    grid_->addWidget(help, row, 1);
+    grid->addWidget(help, row, 1);
 }
 
-void ModsPanel::AddMotorSettings(OutputOptions& output, MotorModModule& motor) {
+void AddMotorSettings(QGroupBox* panel, QGridLayout* grid, OutputOptions& output, MotorModModule& motor,
+                      EventBoundary& handlers) {
     constexpr int Gap = 8;
     constexpr int Indent = 20;
     auto* row = new QHBoxLayout;
     row->setSpacing(Gap);
     row->setContentsMargins(Indent, 0, 0, 0);
 
-    auto* label = new QLabel(text::MotorOctaveCaption, this);
+    auto* label = new QLabel(text::MotorOctaveCaption, panel);
     label->setObjectName("lblMotorOct");
     label->setToolTip(text::MotorOctaveTip);
     row->addWidget(label);
-    auto* slider = new QSlider(Qt::Horizontal, this);
+    auto* slider = new QSlider(Qt::Horizontal, panel);
     slider->setObjectName("MotorOctSlider");
     slider->setAccessibleName(text::MotorOctaveCaption);
     slider->setToolTip(text::MotorOctaveTip);
     slider->setPageStep(1);
     label->setBuddy(slider);
-    BindSlider(slider, output.MotorOct, parameter::MotorOct, "Change", handlers_);
+    BindSlider(slider, output.MotorOct, parameter::MotorOct, "Change", handlers);
     row->addWidget(slider, 1);
-    auto* value = new QLabel(this);
+    auto* value = new QLabel(panel);
     value->setObjectName("lblMotorOctValue");
     ShowIn(value, output.MotorOct, [value](std::int32_t octaves) {
         ShowReading(value, text::MotorOctaveCaption, QString::number(octaves));
     });
     row->addWidget(value);
 
-    auto* combo = new PortCombo(motor, handlers_, this);
+    auto* combo = new PortCombo(motor, handlers, panel);
     combo->setObjectName("cmbMotorPort");
     combo->setAccessibleName(text::MotorPortCaption);
     combo->view()->setAccessibleName(text::MotorPortCaption);
     combo->setToolTip(text::MotorPortTip);
     row->addWidget(combo);
     // Screen readers read a combo box's entry and its label, which is hidden for lack of room.
-    auto* caption = new QLabel(text::MotorPortCaption, this);
+    auto* caption = new QLabel(text::MotorPortCaption, panel);
     caption->setObjectName("lblMotorPort");
     caption->setBuddy(combo);
     caption->hide();
-    grid_->addLayout(row, grid_->rowCount(), 0, 1, 2);
+    grid->addLayout(row, grid->rowCount(), 0, 1, 2);
 }
 
 }  // namespace
 
 QWidget* MakeModsPanel(ModFields& mods, OutputOptions& output, MotorModModule& motor, MessageBoxes& boxes,
                        EventBoundary& handlers, QWidget* parent) {
-    return new ModsPanel(mods, output, motor, boxes, handlers, parent);
+    auto* panel = new QGroupBox(QObject::tr("Mods"), parent);
+    panel->setObjectName("ModsPanel");
+    auto* grid = new QGridLayout(panel);
+    grid->setColumnStretch(0, 1);
+    grid->setVerticalSpacing(2);
+    for (const text::Mod* mod : text::Mods) {
+        AddMod(panel, grid, *mod, mods.*mod->Switch, boxes, handlers);
+        if (mod == &text::UseMotor)
+            AddMotorSettings(panel, grid, output, motor, handlers);
+    }
+    return panel;
 }
 
 }  // namespace quavix
