@@ -47,9 +47,12 @@ QAction* MainMenu::Add(QMenu* menu, const char* name, const QString& caption, co
 
 void MainMenu::AddFileMenu() {
     QMenu* menu = AddMenu("FileMenu", tr("&File"));
-    Add(menu, "NewAction", tr("&New"), QKeySequence::New, tr("Begin a new song"), [this] { NewSong(); });
-    Add(menu, "OpenAction", tr("&Open..."), QKeySequence::Open, tr("Load a song from a file"),
-        [this] { OpenSong(); });
+    Add(menu, "NewAction", tr("&New"), QKeySequence::New, tr("Begin a new song"),
+        [this] { program_.Storage.SongDocument.New(); });
+    Add(menu, "OpenAction", tr("&Open..."), QKeySequence::Open, tr("Load a song from a file"), [this] {
+        if (program_.Storage.SongDocument.MayClose())
+            program_.Storage.SongDocument.Load();
+    });
     menu->addSeparator();
     Add(menu, "SaveAction", tr("&Save"), QKeySequence::Save, tr("Save the song in its file"),
         [this] { program_.Storage.SongDocument.Save(); });
@@ -68,11 +71,11 @@ void MainMenu::AddEditMenu() {
                         tr("Make the change again that was taken back last"),
                         [this] { program_.Editing.EditHistory.Redo(); });
     redo->setShortcuts({QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Z), QKeySequence(Qt::CTRL | Qt::Key_Y)});
-    ShowIn(&window_, program_.Editing.EditHistory.CanUndo, [undo](bool can) { undo->setEnabled(can); });
-    ShowIn(&window_, program_.Editing.EditHistory.CanRedo, [redo](bool can) { redo->setEnabled(can); });
-    ShowIn(&window_, program_.Editing.EditHistory.UndoText,
+    BindEnabled(undo, program_.Editing.EditHistory.CanUndo);
+    BindEnabled(redo, program_.Editing.EditHistory.CanRedo);
+    ShowIn(undo, program_.Editing.EditHistory.UndoText,
            [undo](const std::string& caption) { undo->setText("&" + QString::fromStdString(caption)); });
-    ShowIn(&window_, program_.Editing.EditHistory.RedoText,
+    ShowIn(redo, program_.Editing.EditHistory.RedoText,
            [redo](const std::string& caption) { redo->setText("&" + QString::fromStdString(caption)); });
     menu->addSeparator();
     QAction* cut =
@@ -90,8 +93,7 @@ void MainMenu::AddEditMenu() {
         Add(menu, "EraseAction", tr("&Erase"), QKeySequence(Qt::Key_Delete), tr("Remove the selected lines"),
             [this] { program_.Editing.LineClipboard.EraseLines(); });
     for (QAction* action : {cut, copy, duplicate, erase})
-        ShowIn(&window_, program_.Editing.LineClipboard.LinesSelected,
-               [action](bool some) { action->setEnabled(some); });
+        BindEnabled(action, program_.Editing.LineClipboard.LinesSelected);
 }
 
 void MainMenu::AddPlayMenu() {
@@ -109,10 +111,9 @@ void MainMenu::AddPlayMenu() {
                         [this] { program_.Playing.PlaybackEngine.StopPlayButton_Click(); });
     for (QAction* action : {all, from, stop})
         action->setAutoRepeat(false);
-    ShowIn(&window_, program_.Fields.View.PlayAllButtonEnabled, [all](bool can) { all->setEnabled(can); });
-    ShowIn(&window_, program_.Fields.View.PlayFromLineButtonEnabled,
-           [from](bool can) { from->setEnabled(can); });
-    ShowIn(&window_, program_.Fields.View.StopPlayButtonEnabled, [stop](bool can) { stop->setEnabled(can); });
+    BindEnabled(all, program_.Fields.View.PlayAllButtonEnabled);
+    BindEnabled(from, program_.Fields.View.PlayFromLineButtonEnabled);
+    BindEnabled(stop, program_.Fields.View.StopPlayButtonEnabled);
 }
 
 void MainMenu::AddHelpMenu() {
@@ -128,15 +129,6 @@ void MainMenu::ServeList(QTableView& list) {
                              "DuplicateAction", "EraseAction"})
         list.addAction(window_.findChild<QAction*>(name));
     list.setContextMenuPolicy(Qt::ActionsContextMenu);
-}
-
-void MainMenu::NewSong() {
-    program_.Storage.SongDocument.New();
-}
-
-void MainMenu::OpenSong() {
-    if (program_.Storage.SongDocument.MayClose())
-        program_.Storage.SongDocument.Load();
 }
 
 void MainMenu::Paste() {

@@ -36,8 +36,6 @@ class MainMenu : public QObject {
     QAction* Add(QMenu* menu, const char* name, const QString& caption, const QKeySequence& keys,
                  const QString& tip, std::function<void()> triggered);
 
-    void NewSong();
-    void OpenSong();
     void Paste();
     void ShowManual();
     void ShowAbout();

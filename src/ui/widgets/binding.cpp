@@ -5,6 +5,7 @@
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
+#include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QKeyEvent>
@@ -156,6 +157,10 @@ void BindLabel(QLabel* label, const Setting& setting) {
 
 void BindEnabled(QWidget* widget, const Watched<bool>& enabled) {
     ShowIn(widget, enabled, [widget](bool isEnabled) { widget->setEnabled(isEnabled); });
+}
+
+void BindEnabled(QAction* action, const Watched<bool>& enabled) {
+    ShowIn(action, enabled, [action](bool isEnabled) { action->setEnabled(isEnabled); });
 }
 
 void KeepWidthOf(QLabel* label, const QString& longest) {

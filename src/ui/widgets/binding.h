@@ -14,6 +14,7 @@
 #include "shell/watched.h"
 
 class QAbstractButton;
+class QAction;
 class QCheckBox;
 class QComboBox;
 class QKeyEvent;
@@ -27,11 +28,11 @@ namespace quavix {
 // Bindings of controls to watched values: the control shows the value, and the user's changes set it. The
 // values must outlive the control's use, but not the control itself.
 
-/// Calls `show` with the value now and after every change, during the lifetime of `widget`.
+/// Calls `show` with the value now and after every change, during the lifetime of `shownIn`.
 template <typename T, typename Show>
-void ShowIn(QWidget* widget, const Watched<T>& value, Show show) {
+void ShowIn(QObject* shownIn, const Watched<T>& value, Show show) {
     show(value.Get());
-    value.Watch([guard = QPointer<QWidget>(widget), show = std::move(show)](const T& now) {
+    value.Watch([guard = QPointer<QObject>(shownIn), show = std::move(show)](const T& now) {
         if (guard)
             show(now);
     });
@@ -78,6 +79,7 @@ void BindLabel(QLabel* label, const Watched<std::string>& caption);
 void BindLabel(QLabel* label, const Setting& setting);
 
 void BindEnabled(QWidget* widget, const Watched<bool>& enabled);
+void BindEnabled(QAction* action, const Watched<bool>& enabled);
 
 /// Keeps a number label as wide as its longest text, so that the slider beside it does not move.
 void KeepWidthOf(QLabel* label, const QString& longest);
