@@ -25,14 +25,9 @@ void PlaybackEngine::PlayMusic(std::int32_t& startPoint, std::int32_t& endPoint,
         p_.State.MusicIsPlaying = true;
         BeforePlayMusic();
         if (PrepareRange(startPoint, endPoint)) {
-            Run run{.StartPoint = startPoint,
-                    .EndPoint = endPoint,
-                    .OnlyThisLine = onlyThisLine,
-                    .CurrentLine = startPoint - 1,
-                    .AlternationStep = {},
-                    .WaitingMargin = {},
-                    .PositionStoodStill = false};
-            PlayLines(run);
+            Run run{startPoint, endPoint, onlyThisLine, startPoint - 1};
+            while (p_.State.MusicIsPlaying && PlayLine(run)) {
+            }
         }
     } catch (const std::exception&) {
         // The window's controls must leave their playback state, even if the log has failed.
@@ -48,8 +43,7 @@ void PlaybackEngine::PlayMusic(std::int32_t& startPoint, std::int32_t& endPoint,
 bool PlaybackEngine::PrepareRange(std::int32_t startPoint, std::int32_t& endPoint) {
     p_.Log.Text("StartPoint = {}", startPoint);
     p_.Log.Text("EndPoint = {}", endPoint);
-    const Currency reading = ReadClock();
-    p_.Log.Text("QueryPerformanceCounter returned {}", reading.ToText());
+    ReadClockWithLog();
     startTickTime_ = currentTickTime_;
     p_.Log.Text("StartTickTime = {}", startTickTime_.ToText());
     playedBeats_ = {};
@@ -63,16 +57,8 @@ bool PlaybackEngine::PrepareRange(std::int32_t startPoint, std::int32_t& endPoin
         ShowEndPointMessages(endPoint);
         return false;
     }
-    p_.Position.WorkOutPlayPos(startPoint, position_);
-    p_.Position.ShowPosition(position_);
+    ShowStartOf(startPoint);
     return true;
-}
-
-void PlaybackEngine::PlayLines(Run& run) {
-    while (p_.State.MusicIsPlaying) {
-        if (!PlayLine(run))
-            return;
-    }
 }
 
 /// Plays the next line. Returns false if playback has to end.
@@ -98,8 +84,7 @@ bool PlaybackEngine::PlayLine(Run& run) {
         SetVoicePitch(line);
     CatchUpPosition(run);
     p_.LineStarts();
-    const Currency reading = ReadClock();
-    p_.Log.Text("QueryPerformanceCounter returned {}", reading.ToText());
+    ReadClockWithLog();
     p_.Log.Text("CurrentTickTime = {}", currentTickTime_.ToText());
     SoundLine(run, line);
     SilenceGeneratorInRest(line);
@@ -219,9 +204,7 @@ void PlaybackEngine::SilenceGeneratorInRest(const Line& line) {
         return;
     const bool play1 = p_.Song.PlayNote1Check;
     const bool play2 = p_.Song.PlayNote2Check;
-    const bool rest =
-        (play1 || play2) && (!play1 || line.Note1.Text.empty()) && (!play2 || line.Note2.Text.empty());
-    if (rest)
+    if ((play1 || play2) && (!play1 || line.Note1.Text.empty()) && (!play2 || line.Note2.Text.empty()))
         p_.Generator.FMODBeepStop();
 }
 
@@ -229,15 +212,20 @@ void PlaybackEngine::SilenceGeneratorInRest(const Line& line) {
 void PlaybackEngine::CatchUpPosition(Run& run) {
     if (p_.Position.NoUpdateCheck || !std::exchange(run.PositionStoodStill, false))
         return;
-    p_.Position.WorkOutPlayPos(run.CurrentLine, position_);
-    p_.Position.ShowPosition(position_);
+    ShowStartOf(run.CurrentLine);
 }
 
 void PlaybackEngine::UpdatePosition(const Run& run, const Line& line) {
-    if (line.IsTriplet)
-        p_.Position.WorkOutPlayPos(run.CurrentLine + 1, position_);  // avoids rounding errors of thirds
-    else
-        position_ += line.Length.ToDouble() / BeatsPerWholeNote;
+    if (line.IsTriplet) {
+        ShowStartOf(run.CurrentLine + 1);  // avoids rounding errors of thirds
+        return;
+    }
+    position_ += line.Length.ToDouble() / BeatsPerWholeNote;
+    p_.Position.ShowPosition(position_);
+}
+
+void PlaybackEngine::ShowStartOf(std::int32_t row) {
+    p_.Position.WorkOutPlayPos(row, position_);
     p_.Position.ShowPosition(position_);
 }
 
@@ -274,8 +262,7 @@ void PlaybackEngine::EndOfRange(Run& run) {
         return;
     }
     run.CurrentLine = run.StartPoint - 1;
-    p_.Position.WorkOutPlayPos(run.StartPoint, position_);
-    p_.Position.ShowPosition(position_);
+    ShowStartOf(run.StartPoint);
     if (OnRangeEnd)
         OnRangeEnd();
 }
@@ -284,6 +271,10 @@ Currency PlaybackEngine::ReadClock() {
     const Currency reading = Currency::FromUnits(p_.Time.PerformanceCounter());
     currentTickTime_ = Currency::FromDouble(reading / p_.State.TickFreq);
     return reading;
+}
+
+void PlaybackEngine::ReadClockWithLog() {
+    p_.Log.Text("QueryPerformanceCounter returned {}", ReadClock().ToText());
 }
 
 /// Returns the time of a beat, counted from the end of the finished lines.
@@ -380,24 +371,13 @@ void PlaybackEngine::Start(const Request& request) {
     }
 }
 
-void PlaybackEngine::Play(const Request& request) {
-    if (request.OnlyThisLine) {
-        std::int32_t row = request.StartPoint;
-        std::int32_t endPoint = row;
-        PlayMusic(row, endPoint, true);
-    } else {
-        PlayRange(request.StartPoint);
-    }
-}
-
-void PlaybackEngine::PlayRange(std::int32_t startPoint) {
-    if (p_.List.Count() == 0) {
+void PlaybackEngine::Play(Request request) {
+    std::int32_t endPoint = request.OnlyThisLine ? request.StartPoint : p_.List.Count();
+    if (!request.OnlyThisLine && endPoint == 0)
         AfterPlayMusic();
-    } else {
-        std::int32_t endPoint = p_.List.Count();
-        PlayMusic(startPoint, endPoint, false);
-    }
-    if (p_.Synchro.CurrentlyWaiting())
+    else
+        PlayMusic(request.StartPoint, endPoint, request.OnlyThisLine);
+    if (!request.OnlyThisLine && p_.Synchro.CurrentlyWaiting())
         p_.Synchro.btnWait_Click();
 }
 

@@ -92,10 +92,10 @@ class PlaybackEngine {
         std::int32_t& EndPoint;
         bool OnlyThisLine;
         std::int32_t CurrentLine;
-        Currency AlternationStep;
-        Currency WaitingMargin;
+        Currency AlternationStep = {};
+        Currency WaitingMargin = {};
         /// True while the position is not updated with every line.
-        bool PositionStoodStill;
+        bool PositionStoodStill = false;
     };
 
     void EnableCommonControls(bool enable);
@@ -103,9 +103,7 @@ class PlaybackEngine {
     void BeforePlayMusic();
     void AfterPlayMusic();
     void Start(const Request& request);
-    void Play(const Request& request);
-    void PlayRange(std::int32_t startPoint);
-    void PlayLines(Run& run);
+    void Play(Request request);
     bool PrepareRange(std::int32_t startPoint, std::int32_t& endPoint);
     bool PlayLine(Run& run);
     void ShowEndPointMessages(std::int32_t& endPoint);
@@ -118,11 +116,13 @@ class PlaybackEngine {
     void SilenceGeneratorInRest(const Line& line);
     void CatchUpPosition(Run& run);
     void UpdatePosition(const Run& run, const Line& line);
+    void ShowStartOf(std::int32_t row);
     bool WaitForNextLine(Run& run, const Line& line);
     void EndOfRange(Run& run);
 
     /// Reads the time into currentTickTime_; returns the counter reading.
     Currency ReadClock();
+    void ReadClockWithLog();
     Currency TimeAtBeat(Currency beatsAfterPlayed) const;
     Currency SoundingBeats(const Line& line) const;
     void Sound(Tone tone, double durationMs, bool continuous);
