@@ -7,7 +7,6 @@
 
 #include "midi/midi_file_opening.h"
 #include "music/lengths.h"
-#include "program/absent_ports.h"
 #include "program/program.h"
 #include "program/program_parts.h"
 #include "rendering/rendered_engine.h"
@@ -15,7 +14,7 @@
 #include "rendering/rendered_speaker.h"
 #include "shell/runtime_error.h"
 #include "shell/seeded_random_numbers.h"
-#include "simulation/simulated_time.h"
+#include "simulation/simulated_ports.h"
 
 namespace quavix {
 namespace {
@@ -159,7 +158,8 @@ void SongRenderer::ChooseOutput(Program& program, RenderedEngine& engine,
 }
 
 void SongRenderer::Render(const RenderOptions& options, std::ostream& out) {
-    SimulatedTime time;
+    SimulatedPorts simulated;
+    SimulatedTime& time = simulated.Time;
     SoundFile file(out, options.Rate);
     RenderedSpeaker speaker(time, file);
     RenderedEngine engine(sound_, time, file);
@@ -169,10 +169,16 @@ void SongRenderer::Render(const RenderOptions& options, std::ostream& out) {
     RenderPump pump(time, *sound, progress_);
     SeededRandomNumbers random(RandomSeed);
     RenderLoadingView loading(progress_);
-    AbsentPorts absent;
-    ProgramPorts ports = absent.Beside(time, pump, time, random, boxes_, files_, speaker, sound_);
+    ProgramPorts ports = simulated.All();
+    ports.Pump = pump;
+    ports.Random = random;
+    ports.Boxes = boxes_;
+    ports.Disk = files_;
+    ports.PcSpeaker = speaker;
+    ports.Sound = sound_;
     ports.MidiFiles = midiFiles_;
     ports.Loading = loading;
+    ports.ProgramFolder = ports.WinFolder = {};
     ports.LogFile = options.LogFile;
     ports.ToneCodeFile = options.ToneCodeFile;
     Program program(ports);

@@ -28,9 +28,9 @@
 #include "platform/common/termination_signals.h"
 #include "platform/linux/speaker/event_speaker.h"
 #include "platform/qt/qt_application.h"
-#include "program/absent_ports.h"
 #include "program/program.h"
 #include "program/program_parts.h"
+#include "simulation/simulated_ports.h"
 #include "wall_clock.h"
 
 namespace {
@@ -102,10 +102,10 @@ int main(int argc, char** argv) {
                        .WinFolder = folder + "/windows",
                        .SerialPort = arguments.size() > 1 && !withMidi ? arguments[1] : "",
                        .MidiSystem = "jack"});
-    AbsentPorts absent;
+    SimulatedPorts simulated;
     ConsoleBoxes boxes(false);
     TimedMidiOut midiOut(real.Midi.Out());
-    ProgramPorts ports = real.All(speaker, absent.Loading);
+    ProgramPorts ports = real.All(speaker, simulated.Loading);
     ports.Boxes = boxes;
     ports.MidiOutDevices = midiOut;
     Program app(ports);
