@@ -19,7 +19,7 @@ class QtEventPump : public EventPump {
     void DoEvents() override;
 };
 
-/// Deletes a notifier later, because its own handler may end it.
+/// The deleter of notifiers: deletes later, because the handler of a notifier may end it.
 struct DeleteNotifierLater {
     void operator()(QSocketNotifier* notifier) const;
 };
