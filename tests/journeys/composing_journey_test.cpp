@@ -24,7 +24,7 @@ struct Session : test::SimulatedDesktop, SaveLoadView {
     void EnableMainForm(bool) override {}
     void BringMainFormToFront() override {}
 
-    /// What is heard of the song, once through; without the moments, which depend on when it began.
+    /// Plays the song once, and returns its sounds without their times, which depend on the start.
     std::string Listen() {
         Timeline.Clear();
         App.Playing.PlaybackEngine.OnRangeEnd = [this] { App.Playing.PlaybackEngine.StopPlayButton_Click(); };

@@ -128,7 +128,7 @@ TEST_F(HeldNoteCyclerTest, ThirtyTwoNotesFillTheGrid) {
     EXPECT_TRUE(Form.lblOnNotes.Get().back().Visible);
 }
 
-TEST_F(HeldNoteCyclerTest, OfThirtyThreeNotesThirtyTwoAreShownAndAllPulsed) {
+TEST_F(HeldNoteCyclerTest, ThirtyTwoOfThirtyThreeNotesAreShownAndAllArePulsed) {
     Form.PressRange(36, 33);
     Step(32);
     P.Timeline.Clear();

@@ -117,7 +117,7 @@ TEST(MidiEventList, EventsOfSeveralTracksAreMergedByTime) {
     EXPECT_TRUE(std::ranges::is_sorted(events, {}, &TimedMidiEvent::AbsoluteMs));
 }
 
-TEST(MidiEventList, OfEventsAtTheSameTimeTheEarlierTrackComesFirst) {
+TEST(MidiEventList, TheEarlierTracksEventsComeFirstAtTheSameTime) {
     const Bytes first = Track(On(96, 60) + On(0, 61));
     const Bytes second = Track(On(96, 70) + On(0, 71));
     const Bytes third = Track(On(96, 80));

@@ -12,13 +12,13 @@
 
 namespace quavix::test {
 
-// MIDI files as bytes, put together from small pieces, and what the reader makes of them.
+// MIDI files as bytes, made of small pieces, and the results of reading them.
 
 using Bytes = std::vector<std::uint8_t>;
 
 Bytes operator+(Bytes first, const Bytes& second);
 Bytes Text(std::string_view text);
-/// Big-endian numbers, and one of seven bits per byte.
+/// Return a number as big-endian bytes, or with seven bits per byte.
 Bytes U16(std::uint32_t number);
 Bytes U32(std::uint32_t number);
 Bytes VarLen(std::uint32_t number);
@@ -43,7 +43,7 @@ struct ReadTrack {
     std::string Text() const;
 };
 
-/// What the module makes of a file, by its C interface.
+/// Result of reading a file through the module's C interface.
 struct Reading {
     std::int32_t Result = -1;
     std::string Detail;

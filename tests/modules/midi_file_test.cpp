@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What well-formed files give.
+// Results of reading well-formed files.
 #include <limits>
 
 #include <gmock/gmock.h>

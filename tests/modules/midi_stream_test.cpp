@@ -13,7 +13,7 @@ namespace {
 
 using Bytes = std::vector<std::uint8_t>;
 
-/// What a stream makes of bytes, "90 3C 60, ...".
+/// Feeds bytes to a stream, and returns its messages as "90 3C 60, ...".
 std::string Made(MidiStream& stream, const Bytes& bytes) {
     std::string made;
     stream.Feed(bytes, [&](const QuavixMidiIoMessage& message) {

@@ -22,7 +22,7 @@ TEST(Tone, ANoteIsTheSameFromItsTextAndFromItsNumbers) {
     }
 }
 
-TEST(Tone, OfAnOctaveOfTwoDigitsTheLastOneCounts) {
+TEST(Tone, TheLastDigitOfAnOctaveOfTwoDigitsCounts) {
     const Tone tone = Tone::OfNote(7, 10, 20);
     EXPECT_EQ(tone.Text, "G10");
     EXPECT_EQ(tone.Octave, 0);

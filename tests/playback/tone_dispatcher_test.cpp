@@ -128,7 +128,6 @@ TEST_F(UniBeepTest, ThePortamentoGetsThePitchWithoutAWait) {
     EXPECT_EQ(P.Timeline.Text(), "0.0150 speaker 440 Hz 30 ms\n");
 }
 
-/// Whether the generator is asked to keep sounding.
 TEST_F(UniBeepTest, TheSoundCardKeepsSoundingOnlyWithoutAStopRequest) {
     Fields.Mods.UseFMOD.InUse = true;
     const auto keeps = [this](const char* note, const ToneOptions& options) {

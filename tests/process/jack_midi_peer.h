@@ -25,10 +25,10 @@ class JackMidiPeer {
     /// Connects another's output to the input. What that sends from then on comes in.
     bool Listen(const std::string& source);
 
-    /// Waits until `count` events have come in, and gives all of them. Fewer: they never did.
+    /// Waits for `count` events, and returns all that have come in; fewer if the others never came.
     std::vector<Event> Received(std::size_t count);
 
-    /// Waits until all that was sent before has come in, and gives it.
+    /// Waits until all events sent before have come in, and returns them.
     std::vector<Event> ReceivedSoFar();
 
     /// How often the server has reported an xrun, lost its own time or come too late. It may lose events

@@ -12,8 +12,8 @@
 
 namespace quavix::test {
 
-/// A child that writes files without end, killed at the end of this. It says with a byte on its standard
-/// output that the first one is written.
+/// A child that writes files until it is killed, at the latest by the destructor. It writes a byte to its
+/// standard output when the first file is complete.
 class KilledWriter {
   public:
     /// Starts a program with one argument, and waits for its first file.
@@ -38,10 +38,10 @@ class KilledWriter {
     KilledWriter(const KilledWriter&) = delete;
     KilledWriter& operator=(const KilledWriter&) = delete;
 
-    /// Whether the first file has been written.
+    /// True once the first file has been written.
     bool HasWritten() const { return hasWritten_; }
 
-    /// Kills the child; whether it was still writing.
+    /// Kills the child. True: it was still writing.
     bool Kill() {
         if (pid_ == 0)
             return false;

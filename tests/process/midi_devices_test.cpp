@@ -40,7 +40,7 @@ class MidiDevices : public testing::Test {
         return opened;
     }
 
-    /// What arrives, until it is so many messages, taken by the handler.
+    /// Returns the messages that the handler takes until there are `count`.
     Messages Receive(std::size_t count) {
         Messages messages;
         const auto take = [&] {
@@ -144,7 +144,7 @@ TEST_F(MidiDevices, NoMessageIsLostHoweverManyAreSentAtOnce) {
     EXPECT_GT(busy, 0U) << "so many are more than are taken at once";
 }
 
-TEST_F(MidiDevices, WhatWasSentBeforeClosingGoesOut) {
+TEST_F(MidiDevices, MessagesSentBeforeClosingGoOut) {
     ASSERT_TRUE(server_.Start());
     JackMidiPeer peer("synthesizer");
     ASSERT_TRUE(OpenByName(devices_.Out(), "synthesizer:in"));
@@ -154,7 +154,7 @@ TEST_F(MidiDevices, WhatWasSentBeforeClosingGoesOut) {
     EXPECT_EQ(peer.Received(128).size(), 128U);
 }
 
-TEST_F(MidiDevices, ChordsThatArePlayedInArrive) {
+TEST_F(MidiDevices, PlayedChordsArrive) {
     ASSERT_TRUE(server_.Start());
     JackMidiPeer peer("keyboard");
     ASSERT_TRUE(OpenByName(devices_.In(), "keyboard:out"));

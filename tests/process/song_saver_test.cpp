@@ -12,7 +12,7 @@
 namespace quavix {
 namespace {
 
-/// Whether the text is one of the child's songs from the first byte to the last.
+/// True if the text is one complete song of the child.
 bool IsWholeSong(const std::string& text) {
     const std::size_t music = text.find("//Length Note1 Note2\r\n");
     if (!text.starts_with("Quavix by Dastrel-204 file format\r\n") || music == std::string::npos)
@@ -60,7 +60,7 @@ TEST(SongSaver, LeavesACompleteSongWhenSeveralProcessesSaveTheSameFile) {
             ++changes;
         last = std::move(now);
     }
-    // None has failed to save in between.
+    // Every child is still saving, so no save has failed.
     EXPECT_TRUE(one.Kill());
     EXPECT_TRUE(two.Kill());
     EXPECT_TRUE(three.Kill());

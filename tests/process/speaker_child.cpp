@@ -21,7 +21,7 @@ void RaiseAsUsual(int signal) {
     std::raise(signal);
 }
 
-// What happens in the middle of the first tone.
+// Endings in the middle of the first tone.
 const std::map<std::string, std::function<void()>> Endings{
     {"exception", [] { throw std::runtime_error("in the middle"); }},
     {"uncaught", [] { throw std::runtime_error("in the middle"); }},

@@ -50,7 +50,7 @@ class SpeakerProcess {
     /// Sends a signal to the whole process group, as a terminal does.
     void Signal(int signal) const;
 
-    /// Waits until it has stopped or ended; what waitpid() says.
+    /// Waits until it has stopped or ended, and returns the status of waitpid().
     int Wait();
 
     /// 'T' while it is stopped; see proc(5).

@@ -19,7 +19,7 @@ namespace {
 
 constexpr double Rate = 48000;
 
-/// What the program's numbers make of a note's frequency: 1.088 × 11.025 × 4000 / 48000.
+/// Factor between a note's frequency and the frequency that the program sets: 1.088 × 11.025 × 4000 / 48000.
 constexpr double Tuning = 0.9996;
 
 class EngineRendering : public testing::Test {

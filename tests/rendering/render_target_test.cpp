@@ -50,7 +50,7 @@ TEST_F(RenderTargetTest, ADeviceIsWrittenAndStaysADevice) {
     EXPECT_TRUE(std::filesystem::is_character_file("/dev/null"));
 }
 
-TEST_F(RenderTargetTest, ADeviceThatIsFullIsSaid) {
+TEST_F(RenderTargetTest, AFullDeviceIsReported) {
     RenderTarget target("/dev/full");
     target.Stream() << "sound";
     EXPECT_THROW(target.Commit(), RenderError);

@@ -73,8 +73,8 @@ std::vector<float> Sing(const Vowel& vowel) {
     return sound;
 }
 
-/// What the four filters make of each harmonic together, in dB: peaking equalisers of an octave with the
-/// highest gain that they take (R. Bristow-Johnson, "Audio EQ Cookbook").
+/// Returns the common gain of the four filters at each harmonic, in dB: they are peaking equalisers of an
+/// octave with the highest gain that they take (R. Bristow-Johnson, "Audio EQ Cookbook").
 std::vector<double> Envelope(const std::array<double, FormantCount>& formants) {
     constexpr double Gain = 3;
     std::vector<double> envelope;

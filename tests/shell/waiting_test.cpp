@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::int32_t TimedOut = 258;
 
-TEST(MsgWaitObj, OfZeroEndsAfterOnePass) {
+TEST(MsgWaitObj, AWaitOfZeroEndsAfterOnePass) {
     SimulatedTime time;
     bool handled = false;
     time.At(0, [&] { handled = true; });

@@ -53,7 +53,7 @@ TEST(LineText, AModIsTakenInAnyLetterCaseAndKeptAsItIs) {
     EXPECT_EQ(ReadLines("Half C4 - TRI").Lines.at(0).Mod, "TRI");
 }
 
-TEST(LineText, OfAWholeSongFileOnlyTheMusicIsTaken) {
+TEST(LineText, OnlyTheMusicOfAWholeSongFileIsTaken) {
     const LinesOfText read = ReadLines(
         "Quavix by Dastrel-204 file format\r\nRevision 148\r\n//When key is clicked,\r\nBPM 120\r\n"
         "MUSICLISTSTART\r\n//Length Note1 Note2\r\nHalf C4 - -\r\nwith best wishes, me\r\n");

@@ -14,13 +14,13 @@ inline const std::string Copy2 = "/state/unsaved-002.QVX";
 
 using Machine = SimulatedMachine;
 
-/// A program with recovery. Destroyed without its end, it is killed.
+/// A program with recovery. The destructor kills the program if it has not ended.
 struct RecoveringProgram : SimulatedDesktop {
     using SimulatedDesktop::SimulatedDesktop;
 
     void Append(const std::string& note) { App.List.Append("Quarter", note, "", ""); }
 
-    /// The notes of the first column.
+    /// Returns the notes of the first column, each followed by a blank.
     std::string Notes() const {
         std::string notes;
         for (std::int32_t row = 1; row <= App.List.Count(); ++row)
@@ -31,7 +31,7 @@ struct RecoveringProgram : SimulatedDesktop {
     quavix::Recovery& Keeper = Desktop.Recovery;
 };
 
-/// A program of one line with this note that is killed after its copy was written.
+/// Runs a program with a line of this note, and kills it after it has written its copy.
 inline void LeaveBehind(Machine& machine, const std::string& note, const std::string& fileName = {}) {
     RecoveringProgram p(machine);
     if (!fileName.empty()) {

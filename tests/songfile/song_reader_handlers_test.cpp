@@ -5,7 +5,7 @@
 
 #include "songfile/song_files.h"
 
-// What other handlers see, and may do, while a song is loaded.
+// Other handlers that run while a song is loaded.
 namespace quavix {
 namespace {
 

@@ -8,8 +8,8 @@
 
 namespace quavix::test {
 
-/// Holds back what is written to standard error, such as the complaints of libraries about a server that a
-/// test kills. Writes it at the end if the test has failed.
+/// A buffer for standard error, for example for the messages of libraries about a server that a test kills.
+/// The destructor writes the buffer out if the test has failed.
 class HeldErrors {
   public:
     HeldErrors() : held_(std::tmpfile()), errors_(::dup(STDERR_FILENO)) {

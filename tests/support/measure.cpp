@@ -42,7 +42,7 @@ double Slope(const std::vector<double>& values) {
     return weighted / squares;
 }
 
-// What the phase tells that the wave gained between an earlier and a later part of the samples.
+// Refines the frequency by the phase difference between an earlier and a later part of the samples.
 double Refined(std::span<const float> samples, double sampleRate, double roughHz) {
     const std::size_t shift = samples.size() / 4;
     const std::size_t length = samples.size() - shift;

@@ -24,7 +24,7 @@ double Rms(std::span<const float> samples);
 /// The highest absolute value; 0 for no samples.
 double Peak(std::span<const float> samples);
 
-/// Mean, that is, the part that stands still.
+/// Arithmetic mean of the samples, in other words their DC offset.
 double Mean(std::span<const float> samples);
 
 /// The biggest difference between two neighbours, and where: a click shows here.

@@ -9,7 +9,7 @@
 
 namespace quavix::test {
 
-/// A message of a track, so many milliseconds from the start.
+/// A message of a track, and its time in milliseconds from the start.
 struct At {
     std::uint32_t Ms;
     Bytes Message;

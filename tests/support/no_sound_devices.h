@@ -5,8 +5,7 @@
 
 namespace quavix::test {
 
-/// Keeps this process from the machine's own sound devices: ALSA opens none that its configuration does not
-/// name.
+/// Hides the machine's sound devices from this process: ALSA opens only devices that its configuration names.
 inline void HideSoundDevices() {
     ::setenv("ALSA_CONFIG_PATH", "/dev/null", 1);
 }

@@ -7,7 +7,7 @@
 
 namespace quavix::test {
 
-/// An ordinary user for as long as it lives: permissions say nothing to the superuser.
+/// Runs as an ordinary user while it exists, because permissions do not restrict the superuser.
 class OrdinaryUser {
   public:
     OrdinaryUser() {

@@ -10,7 +10,8 @@
 
 namespace quavix::test {
 
-/// The program on simulated ports with its start, recovery and end. Destroyed without its end, it is killed.
+/// The program on simulated ports with its start, recovery and end. The destructor kills the program if it
+/// has not ended.
 struct SimulatedDesktop : SimulatedProgram {
     explicit SimulatedDesktop(std::string commandLine = {}) : CommandLine(std::move(commandLine)) {}
     /// On a machine that outlives it.

@@ -10,7 +10,7 @@
 
 namespace quavix::test {
 
-/// A new folder of the real file system, removed with all that is in it at the end.
+/// A new folder of the real file system. The destructor removes it with its content.
 class TemporaryFolder {
   public:
     TemporaryFolder() {
@@ -36,7 +36,7 @@ class TemporaryFolder {
         std::ifstream file(path_ / name, std::ios::binary);
         return {std::istreambuf_iterator<char>(file), {}};
     }
-    /// How many entries the folder has, hidden ones among them.
+    /// Returns the number of entries of the folder, including hidden ones.
     std::ptrdiff_t EntryCount() const {
         return std::distance(std::filesystem::directory_iterator(path_),
                              std::filesystem::directory_iterator());

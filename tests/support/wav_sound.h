@@ -19,10 +19,10 @@ struct WavSound {
     std::size_t Frames() const { return Samples.size() / static_cast<std::size_t>(Channels); }
 };
 
-/// Returns all sound that WavReader finds in `bytes`, or nothing where it refuses them.
+/// Returns all sound that WavReader finds in `bytes`, or nothing if it rejects them.
 std::optional<WavSound> ReadWav(const std::string& bytes);
 
-/// The same from a file; nothing too when it cannot be read.
+/// Returns the sound of a file, or nothing if the file can't be read or is rejected.
 std::optional<WavSound> ReadWavFile(const std::string& fileName);
 
 }  // namespace quavix::test

@@ -17,7 +17,7 @@ std::vector<std::string> Rows(test::UiProgram& p) {
 
 const std::vector<std::string> Composed = {"1/8,C4,E4,", "Quarter,D4,,Dot", "1/8,G4,,"};
 
-/// What is heard of the song, once through.
+/// Plays the song once, and returns its sounds.
 std::string Listen(test::UiProgram& p, const std::function<void()>& play, const std::function<void()>& stop) {
     const std::int64_t start = p.Time.PerformanceCounter();
     p.Timeline.Clear();

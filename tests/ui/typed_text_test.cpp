@@ -37,7 +37,7 @@ QString Letter(Random& random) {
     return OneOf(kind < 7 ? Digits : kind < 9 ? Signs : Others, random);
 }
 
-/// What somebody might have in the clipboard.
+/// Returns a random text as users may have it in the clipboard.
 QString Pasted(Random& random) {
     QString text;
     switch (random() % 6) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What happens when: blocks, pauses, and that nothing clicks.
+// Changes during playback: they take effect at blocks, and nothing clicks.
 #include <algorithm>
 #include <cmath>
 #include <numbers>
@@ -110,7 +110,7 @@ SoundUnit* AnEqualiser(const EngineSystem& engine, SoundChannel*) {
     return unit;
 }
 
-TEST(EngineChanges, OfPauseAndVolumeDoNotClick) {
+TEST(EngineChanges, ChangesOfPauseAndVolumeDoNotClick) {
     EXPECT_LT(BiggestStep(Changed(ItsChannel, [](EngineSystem& e, SoundChannel* c) { e.Pause(c); })).Height,
               MostStep);
     EXPECT_LT(BiggestStep(Changed(ItsChannel,
@@ -138,7 +138,7 @@ TEST(EngineChanges, OfPauseAndVolumeDoNotClick) {
         MostStep);
 }
 
-TEST(EngineChanges, OfFiltersDoNotClick) {
+TEST(EngineChanges, ChangesOfFiltersDoNotClick) {
     const auto step = [](auto change) {
         return BiggestStep(Changed(AnEqualiser, [&](EngineSystem& e, SoundUnit* u) { change(e, u); })).Height;
     };

@@ -7,8 +7,8 @@
 
 namespace quavix::test {
 
-// What the filters of the Audio EQ Cookbook (R. Bristow-Johnson) do to a sine of `hz` at 48000 samples per
-// second: the analogue filter that the cookbook begins with, at the place to which its bilinear transform
+// Responses of the filters of the Audio EQ Cookbook (R. Bristow-Johnson) to a sine of `hz` at 48000 samples
+// per second: the analogue filter that the cookbook begins with, at the place to which its bilinear transform
 // takes the frequency.
 
 inline constexpr double CookbookRate = 48000.0;

@@ -188,7 +188,7 @@ TEST_F(EngineHandles, InvalidAreRefusedByEveryCall) {
     }
 }
 
-TEST_F(EngineHandles, OfAnotherKindAreRefusedByEveryCall) {
+TEST_F(EngineHandles, EveryCallRefusesHandlesOfAnotherKind) {
     for (const TheCall& call : Calls()) {
         for (const Kind kind : {Kind::System, Kind::Unit, Kind::Channel, Kind::Group}) {
             if (kind == call.Takes)
@@ -215,7 +215,7 @@ TEST_F(EngineHandles, ReleasedAreRefusedByEveryCall) {
     }
 }
 
-TEST_F(EngineHandles, OfAnotherSystemAreRefusedWhereTwoObjectsMeet) {
+TEST_F(EngineHandles, CallsWithTwoObjectsRefuseHandlesOfAnotherSystem) {
     SoundUnit* unit = other_.Unit(SOUND_OSCILLATOR);
     SoundChannel* channel = other_.Play(other_.Unit(SOUND_OSCILLATOR));
     SoundGroup* group = other_.Group();

@@ -155,7 +155,7 @@ TEST(EngineOscillator, MakesANoiseThatALowerFrequencyMakesDarker) {
         return sum / static_cast<double>(sound.size());
     };
     EXPECT_LT(highs(dark), 0.1 * highs(bright));
-    // Where the second difference is 0, the line goes on. Here every 24th sample is a new value.
+    // A second difference of 0 means a straight line. Here every 24th sample is a new value.
     std::ptrdiff_t bends = 0;
     for (std::size_t i = 2; i < dark.size(); ++i)
         bends += std::abs(dark[i] - 2.0F * dark[i - 1] + dark[i - 2]) > 0.0005F ? 1 : 0;

@@ -21,7 +21,7 @@ class NoHandles : public HandleWatch {
     void Unwatch(Id) override {}
 };
 
-/// What the user is told who ticks "Use MIDI output" with this file in place.
+/// Ticks "Use MIDI output" with this file as the control, and returns the message.
 std::string MessageAbout(const std::string& module) {
     test::SimulatedProgram p;
     p.Disk.Put("/windows/system32/midiio32.ocx", "as far as the installer can see");

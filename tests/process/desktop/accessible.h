@@ -12,7 +12,7 @@ class QDBusMessage;
 
 namespace quavix::test {
 
-/// The object, or its program, is not there any more, or can't do what is asked of it.
+/// Error for an object that is gone, whose program is gone, or that does not support the request.
 class AccessibleError : public std::runtime_error {
   public:
     explicit AccessibleError(const QString& what) : std::runtime_error(what.toStdString()) {}
@@ -29,7 +29,7 @@ class Accessible {
         : bus_(bus), service_(std::move(service)), path_(std::move(path)) {}
 
     QString Name() const;
-    /// In words, as "push button".
+    /// Returns the role in words, as "push button".
     QString Role() const;
     bool Has(AccessibleState state) const;
     std::vector<Accessible> Children() const;
@@ -37,9 +37,10 @@ class Accessible {
     std::vector<Accessible> Labelled() const { return Related(1); }
     std::vector<Accessible> Labels() const { return Related(2); }
 
-    /// What can be done with it, as "Press".
+    /// Returns the names of its actions, as "Press".
     QStringList Actions() const;
-    /// Doesn't wait for it to be done: the program may answer when the box that it leads to is closed.
+    /// Starts an action, and does not wait for its end: if the action opens a box, the program answers after
+    /// that is closed.
     void Do(const QString& action) const;
 
     /// The content of a field.

@@ -8,7 +8,7 @@
 namespace quavix::test {
 namespace {
 
-/// What a control has to be told apart by.
+/// The properties that distinguish a control from the others.
 struct Control {
     QString Role;
     QString Name;
@@ -30,7 +30,7 @@ class AssistiveTechnology : public testing::Test {
     QuavixWindow Window{Session, Program};
 };
 
-/// What the user is told it is. A combo box has its entry for a name, and a label that says what it is of.
+/// Returns the name that the user hears. A combo box's own name is its entry; its label names its purpose.
 QString NameOf(const Accessible& object) {
     if (object.Role() != "combo box")
         return object.Name();

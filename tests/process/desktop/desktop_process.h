@@ -16,7 +16,7 @@ namespace quavix {
 /// still runs.
 class DesktopProcess {
   public:
-    /// `timeZone` is the TZ of its environment, where one is given.
+    /// `timeZone` is the TZ of its environment; if it is empty, the TZ of this process applies.
     explicit DesktopProcess(const std::vector<std::string>& arguments, const std::string& timeZone = {});
     ~DesktopProcess();
     DesktopProcess(const DesktopProcess&) = delete;
@@ -24,7 +24,7 @@ class DesktopProcess {
 
     void Signal(int signal) const;
 
-    /// Waits until it has ended; what waitpid() says.
+    /// Waits until it has ended, and returns the status of waitpid().
     int Wait();
 
     /// A tone that its speaker was told to make: hertz, 0 for off, and the wall clock's nanoseconds then.
@@ -33,10 +33,10 @@ class DesktopProcess {
         std::int64_t AtNs = 0;
     };
 
-    /// What it has written to standard output, up to its end.
+    /// Returns all that the process has written to standard output, up to its end.
     std::string Output() const;
 
-    /// The next tone; none when it has ended, or half a minute has passed without one.
+    /// Returns the next tone; none if the process has ended, or half a minute has passed without a tone.
     std::optional<Tone> NextTone() const;
 
   private:

@@ -31,7 +31,7 @@ void End(QProcess& process) {
 }  // namespace
 
 DesktopSession::DesktopSession() : environment_(QProcessEnvironment::systemEnvironment()) {
-    // Nothing of the desktop that the tests may have been started from.
+    // Keeps the tests independent of the desktop that they were started from.
     for (const char* name : {"DISPLAY", "WAYLAND_DISPLAY", "XAUTHORITY", "DBUS_SESSION_BUS_ADDRESS",
                              "AT_SPI_BUS_ADDRESS", "XDG_CURRENT_DESKTOP", "QT_QPA_PLATFORMTHEME",
                              "QT_STYLE_OVERRIDE", "QT_ACCESSIBILITY", "QT_SCALE_FACTOR", "NO_AT_BRIDGE"})

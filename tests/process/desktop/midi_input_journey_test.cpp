@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
-// Keys that are held on a MIDI device, from the first tick of the box to what comes out of the speaker, in
-// the program that really runs.
+// Keys held on a MIDI device, from the tick of the box to the sound of the speaker, in the real program.
 #include <algorithm>
 #include <csignal>
 #include <optional>
@@ -49,8 +48,8 @@ class MidiInputJourney : public testing::Test {
         return window_.WaitUntil([&] { return Heard().find(notes) != std::string::npos; });
     }
 
-    /// Whether all of it comes to stand in the window, looked for as seldom as can be: while the speaker
-    /// sounds, the program answers once in a pulse only.
+    /// Waits until the window has all these texts. Asks rarely: while the speaker sounds, the program answers
+    /// only once in a pulse.
     bool Reads(const QStringList& readings) {
         return window_.WaitUntil([&] {
             QStringList names;

@@ -40,7 +40,7 @@ std::string SongText(int bpm, const std::vector<std::string>& lines) {
                        fmt::join(lines, "\n"));
 }
 
-/// What the program sends on simulated time, from the opening of the synthesizer on.
+/// Returns the messages that the program sends on simulated time after it has opened the synthesizer.
 std::vector<TimedEvent> Timetable(const std::string& song) {
     test::SimulatedProgram p;
     p.Disk.Put("song", song);

@@ -30,7 +30,7 @@ class PseudoTerminal {
 
     const std::string& PortName() const { return name_; }
 
-    /// What has arrived so far.
+    /// Returns all that has arrived so far.
     std::string Arrived() {
         for (pollfd waiting{device_.Get(), POLLIN, 0}; poll(&waiting, 1, 0) == 1 && Read();) {
         }
@@ -58,7 +58,7 @@ class PseudoTerminal {
         return settings;
     }
 
-    /// The adapter is pulled out.
+    /// Closes the device's end, as if the adapter were unplugged.
     void Pull() {
         port_.Close();
         device_.Close();

@@ -18,10 +18,10 @@ class QuavixProcess {
     QuavixProcess(const QuavixProcess&) = delete;
     QuavixProcess& operator=(const QuavixProcess&) = delete;
 
-    /// For the next start.
+    /// Environment of the next start.
     QProcessEnvironment Environment;
 
-    /// Throws std::runtime_error where it can't be started.
+    /// Throws std::runtime_error if it can't be started.
     void Start(const QStringList& arguments);
 
     /// Waits for its end. An end without an exit code fails the test.
@@ -40,15 +40,15 @@ class QuavixProcess {
 
     /// Lets no file of the program grow, as if its disk were full.
     void FillDisk() const;
-    /// Ends that.
+    /// Ends the effect of FillDisk().
     void FreeDisk() const;
 
     /// The path of a file in the program's own folder.
     QString File(const QString& name) const { return folder_.filePath(name); }
-    /// What is in a file there; empty where there is none.
+    /// Returns the content of a file in that folder; empty if there is none.
     QByteArray Content(const QString& name) const;
     void Put(const QString& name, const QByteArray& content) const;
-    /// The sound engine, which is not there otherwise.
+    /// Installs the sound engine.
     void PutSoundEngine() const;
 
   private:

@@ -9,9 +9,10 @@
 
 namespace quavix::test {
 
-/// The program's windows, worked from outside the way a screen reader works them.
+/// The program's windows, operated from another process as a screen reader does.
 ///
-/// What is looked for is waited for. Where it doesn't come, std::runtime_error tells what there is instead.
+/// Every function waits for its object. If none appears, it throws std::runtime_error with a list of what
+/// there is.
 class QuavixWindow {
   public:
     QuavixWindow(const DesktopSession& session, QuavixProcess& process)
@@ -33,10 +34,10 @@ class QuavixWindow {
     void Press(const QString& button, const QString& window = MainTitle);
     /// Chooses an item of the main window's menus.
     void Choose(const QString& menuItem);
-    /// The label whose name is "what: " and what it reads.
+    /// Returns the label whose name begins with "what: ".
     Accessible FindReading(const QString& what, const QString& window = MainTitle);
     QString Title() { return Main().Name(); }
-    /// Answers a message box, and says what stood in it.
+    /// Answers a message box, and returns its text.
     QString Answer(const QString& title, const QString& button);
     /// Gives a file dialog a file name.
     void GiveFileName(const QString& dialog, const QString& fileName, const QString& button);
@@ -46,10 +47,10 @@ class QuavixWindow {
     /// A row of the list of music as it is read out, counted from 1; empty where there is none.
     QString Row(int row);
 
-    /// Whether the condition comes true.
+    /// Waits for the condition. False: it never holds.
     bool WaitUntil(const std::function<bool()>& condition) { return process_.WaitUntil(condition); }
 
-    /// How the main window's title begins.
+    /// Beginning of the main window's title.
     static constexpr const char* MainTitle = "Quavix (v";
 
   private:

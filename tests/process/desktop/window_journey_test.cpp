@@ -15,7 +15,7 @@
 namespace quavix::test {
 namespace {
 
-/// What is heard of a line: the notes of one or several tones, and the length of each tone.
+/// Sound of a line: the notes of its tones, and the length of each tone.
 struct HeardLine {
     std::set<std::string> Notes;
     double ToneMs = 0;

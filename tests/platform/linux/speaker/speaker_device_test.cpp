@@ -72,7 +72,7 @@ TEST(PcSpeakerDevice, IsFoundByNameWithoutOpeningAnythingElse) {
     EXPECT_EQ(devices.Opened, std::vector<std::string>{"/dev/input/event7"});
 }
 
-TEST(PcSpeakerDevice, IsTakenFromTheFirstCandidateThatIsOne) {
+TEST(PcSpeakerDevice, TheFirstCandidateThatIsASpeakerIsTaken) {
     FakeInputDevices devices;
     devices.Add("/link", PcSpeaker);
     devices.Add("/dev/input/event7", PcSpeaker);
@@ -106,7 +106,7 @@ TEST(PcSpeakerDevice, ThatFailsToOpenKeepsTheError) {
     EXPECT_EQ(found.Error, ENODEV);
 }
 
-TEST(PcSpeakerDevice, ThatIsSomethingElseOnceOpenIsClosed) {
+TEST(PcSpeakerDevice, AnOpenedDeviceThatIsNoSpeakerIsClosed) {
     FakeInputDevices devices;
     devices.Add("/link", PcSpeaker);
     devices.At("/link").Asked = Keyboard;

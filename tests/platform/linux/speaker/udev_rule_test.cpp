@@ -11,7 +11,7 @@ namespace {
 
 const std::string FileName(PcSpeakerRulePath.substr(PcSpeakerRulePath.rfind('/') + 1));
 
-TEST(PcSpeakerRule, IsTheOneThatIsShipped) {
+TEST(PcSpeakerRule, EqualsTheShippedRule) {
     std::ifstream shipped(QUAVIX_SOURCE_DIR "/packaging/" + FileName);
     ASSERT_TRUE(shipped);
     std::string rules;
