@@ -13,11 +13,8 @@
 
 #include <benchmark/benchmark.h>
 
-#include "platform/posix/posix_files.h"
-#include "simulation/simulated_dialogs.h"
-#include "simulation/simulated_time.h"
 #include "songfile/song_format.h"
-#include "songfile/song_reader.h"
+#include "support/songs_on_disk.h"
 
 namespace quavix {
 namespace {
@@ -25,18 +22,7 @@ namespace {
 constexpr std::int32_t Lines = 1'000'000;
 
 /// Loads and saves with real files; questions have no answers.
-struct SongBench {
-    MainFields Fields;
-    MusicList List;
-    quavix::Timeline Timeline;
-    SimulatedTime Time;
-    SimulatedMessageBoxes Boxes{Time, Timeline};
-    SimulatedFilePicker Picker{Time, Timeline};
-    RecordedLoadingView Loading{Time, Timeline};
-    PosixFiles Disk;
-    DebugLog Log{Disk, Time, "unused"};
-    SongReader Reader{Fields.Song, Fields.Entry, List, Disk, Boxes, Picker, Loading, Log};
-
+struct SongBench : test::SongsOnDisk {
     void Save(const std::string& name) {
         std::error_code error;
         const auto file = Disk.OpenForOutput(name, error);

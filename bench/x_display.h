@@ -37,8 +37,6 @@ class XDisplay {
   public:
     XDisplay();
     ~XDisplay();
-    XDisplay(const XDisplay&) = delete;
-    XDisplay& operator=(const XDisplay&) = delete;
 
     /// Returns "DISPLAY=:7" or the like, for the programs to be shown.
     const std::string& Setting() const { return setting_; }

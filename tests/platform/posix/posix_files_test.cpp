@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include "support/file_size_limit.h"
 #include "support/ordinary_user.h"
 #include "support/temporary_folder.h"
 
@@ -45,6 +46,12 @@ class PosixFilesTest : public testing::Test {
         if (const auto writeError = file->Write(content))
             return writeError;
         return file->Commit();
+    }
+
+    /// Commits a file, and returns the content of "song".
+    std::string SongAfterCommitOf(FileWriter& file) const {
+        EXPECT_FALSE(file.Commit());
+        return Folder.Content("song");
     }
 
     std::error_code OpeningError(const std::string& name) {
@@ -112,8 +119,7 @@ TEST_F(PosixFilesTest, ReplacesAFileOnlyInCommit) {
     ASSERT_TRUE(file);
     EXPECT_FALSE(file->Write("new"));
     EXPECT_EQ(Folder.Content("song"), "old");
-    EXPECT_FALSE(file->Commit());
-    EXPECT_EQ(Folder.Content("song"), "new");
+    EXPECT_EQ(SongAfterCommitOf(*file), "new");
     EXPECT_EQ(Folder.EntryCount(), 1);
 }
 
@@ -126,10 +132,8 @@ TEST_F(PosixFilesTest, TheLastOfTwoCommitsWins) {
     EXPECT_FALSE(one->Write("first half, "));
     EXPECT_FALSE(other->Write("other"));
     EXPECT_FALSE(one->Write("second half"));
-    EXPECT_FALSE(other->Commit());
-    EXPECT_EQ(Folder.Content("song"), "other");
-    EXPECT_FALSE(one->Commit());
-    EXPECT_EQ(Folder.Content("song"), "first half, second half");
+    EXPECT_EQ(SongAfterCommitOf(*other), "other");
+    EXPECT_EQ(SongAfterCommitOf(*one), "first half, second half");
     EXPECT_EQ(Folder.EntryCount(), 1);
 }
 
@@ -150,8 +154,7 @@ TEST_F(PosixFilesTest, WritesAFileWithoutANameWhereTheFileSystemHasSuch) {
     const auto file = Disk.OpenForOutput(Folder.File("song"), error);
     EXPECT_FALSE(file->Write("new"));
     EXPECT_EQ(Folder.EntryCount(), unnamed >= 0 ? 0 : 1);
-    EXPECT_FALSE(file->Commit());
-    EXPECT_EQ(Folder.Content("song"), "new");
+    EXPECT_EQ(SongAfterCommitOf(*file), "new");
     EXPECT_EQ(Folder.EntryCount(), 1);
 }
 
@@ -234,15 +237,11 @@ TEST_F(PosixFilesTest, ReplacesAFileInAFolderThatMayNotBeListed) {
 
 TEST_F(PosixFilesTest, ReportsAWriteThatTheSystemRefusesAndLeavesTheOldFile) {
     Folder.Put("song", "old");
-    rlimit before{};
-    ::getrlimit(RLIMIT_FSIZE, &before);
-    rlimit small = before;
-    small.rlim_cur = 1000;
-    const auto ignored = std::signal(SIGXFSZ, SIG_IGN);
-    ::setrlimit(RLIMIT_FSIZE, &small);
-    const std::error_code error = Replace("song", std::string(2000, 'x'));
-    ::setrlimit(RLIMIT_FSIZE, &before);
-    std::signal(SIGXFSZ, ignored);
+    std::error_code error;
+    {
+        const test::FileSizeLimit limit(1000);
+        error = Replace("song", std::string(2000, 'x'));
+    }
     EXPECT_EQ(error, std::errc::file_too_large);
     EXPECT_EQ(Folder.Content("song"), "old");
     EXPECT_EQ(Folder.EntryCount(), 1);
@@ -271,16 +270,9 @@ TEST_F(PosixFilesTest, FindsOrdinaryFilesOnly) {
     EXPECT_TRUE(finds("song.QVX"));
     EXPECT_TRUE(finds("*.QVX"));
     EXPECT_TRUE(finds("s?ng.*"));
-    EXPECT_FALSE(finds("song"));
-    EXPECT_FALSE(finds("*.qvy"));
-    EXPECT_FALSE(finds(".hidden.QVX"));
-    EXPECT_FALSE(finds(".h*"));
-    EXPECT_FALSE(finds("*hidden*"));
-    EXPECT_FALSE(finds("folder.QVX2"));
-    EXPECT_FALSE(finds("*2"));
-    EXPECT_FALSE(finds("dangling"));
-    EXPECT_FALSE(finds("missing/*"));
-    EXPECT_FALSE(finds("folder.QVX2/"));
+    for (const char* name : {"song", "*.qvy", ".hidden.QVX", ".h*", "*hidden*", "folder.QVX2", "*2",
+                             "dangling", "missing/*", "folder.QVX2/"})
+        EXPECT_FALSE(finds(name)) << name;
     EXPECT_FALSE(Disk.FindsNormalFile(""));
 }
 

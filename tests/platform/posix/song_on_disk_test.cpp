@@ -1,16 +1,14 @@
 // SPDX-License-Identifier: MIT
 // Songs in files of the real file system, by the choice between saving and loading.
-#include <csignal>
-#include <sys/resource.h>
 #include <sys/stat.h>
 
 #include <gtest/gtest.h>
 
-#include "platform/posix/posix_files.h"
 #include "shell/runtime_error.h"
-#include "simulation/simulated_dialogs.h"
 #include "songfile/save_load.h"
+#include "support/file_size_limit.h"
 #include "support/ordinary_user.h"
+#include "support/songs_on_disk.h"
 #include "support/temporary_folder.h"
 
 namespace quavix {
@@ -28,7 +26,7 @@ class MainWindowEnabled : public SaveLoadView {
 };
 
 /// A song of a file, with a change that isn't saved.
-class SongOnDisk : public testing::Test {
+class SongOnDisk : public testing::Test, protected test::SongsOnDisk {
   protected:
     SongOnDisk() {
         fs::permissions(Folder.Path(), fs::perms::all);
@@ -73,16 +71,6 @@ class SongOnDisk : public testing::Test {
     }
 
     test::TemporaryFolder Folder;
-    MainFields Fields;
-    MusicList List;
-    quavix::Timeline Timeline;
-    SimulatedTime Time;
-    SimulatedMessageBoxes Boxes{Time, Timeline};
-    SimulatedFilePicker Picker{Time, Timeline};
-    RecordedLoadingView Loading{Time, Timeline};
-    PosixFiles Disk;
-    DebugLog Log{Disk, Time, Folder.File("debuglog.txt")};
-    SongReader Reader{Fields.Song, Fields.Entry, List, Disk, Boxes, Picker, Loading, Log};
     SongWriter Writer{Fields.Song, Fields.Entry, List, Disk, Boxes, Picker, Log};
     Watched<bool> Modified;
     SongDocument Document{{Fields.Song, Fields.State, List, Reader, Writer, Disk, Boxes, Modified,
@@ -151,20 +139,13 @@ TEST_F(SongOnDisk, LeavesAReadOnlyFolderAlone) {
 }
 
 TEST_F(SongOnDisk, IsSavedOnceTheDiskIsNotFullAnyMore) {
-    rlimit before{};
-    ::getrlimit(RLIMIT_FSIZE, &before);
-    rlimit full = before;
-    full.rlim_cur = 300;
-    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
-    ::setrlimit(RLIMIT_FSIZE, &full);
     std::int32_t number = 0;
     try {
+        const test::FileSizeLimit limit(300);
         ChooseSave("song.QVX");
     } catch (const RuntimeError& error) {
         number = error.Number();
     }
-    ::setrlimit(RLIMIT_FSIZE, &before);
-    std::signal(SIGXFSZ, handler);
     EXPECT_EQ(number, RuntimeError::DiskFull);
     ExpectUnharmed(1);
     EXPECT_TRUE(Document.Save());
