@@ -195,23 +195,26 @@ TEST(EventSpeaker, EndsItsToneItselfWhenTheGuardIsKilledAndGetsAnotherOne) {
     EXPECT_THAT(child.Device.Rest(), testing::AllOf(Each(0), testing::Not(testing::IsEmpty())));
 }
 
-TEST(EventSpeaker, HasAGuardThatOtherSignalsDoNotEnd) {
-    SpeakerProcess child("wait");
+/// Sends these signals to the guard of a program whose first tone sounds.
+void SendToGuard(SpeakerProcess& child, std::initializer_list<int> signals) {
     ASSERT_EQ(child.Device.Next()->Hz, 440);
     const auto guards = child.Children();
     ASSERT_EQ(guards.size(), 1u);
-    for (const int signal : {SIGINT, SIGTERM, SIGHUP, SIGTSTP, SIGPIPE, SIGQUIT, SIGUSR1, SIGALRM})
+    for (const int signal : signals)
         ASSERT_EQ(kill(guards[0], signal), 0);
+}
+
+TEST(EventSpeaker, HasAGuardThatOtherSignalsDoNotEnd) {
+    SpeakerProcess child("wait");
+    ASSERT_NO_FATAL_FAILURE(
+        SendToGuard(child, {SIGINT, SIGTERM, SIGHUP, SIGTSTP, SIGPIPE, SIGQUIT, SIGUSR1, SIGALRM}));
     child.Signal(SIGKILL);
     EXPECT_THAT(child.Device.Rest(), testing::AllOf(Each(0), testing::Not(testing::IsEmpty())));
 }
 
 TEST(EventSpeaker, EndsEvenWhenItsGuardIsStopped) {
     SpeakerProcess child("stop");
-    ASSERT_EQ(child.Device.Next()->Hz, 440);
-    const auto guards = child.Children();
-    ASSERT_EQ(guards.size(), 1u);
-    ASSERT_EQ(kill(guards[0], SIGSTOP), 0);
+    ASSERT_NO_FATAL_FAILURE(SendToGuard(child, {SIGSTOP}));
     EXPECT_EQ(Tones(child.Device.Rest()), (std::vector<std::int32_t>{550, 0}));
     EXPECT_EQ(child.Wait(), 0);
 }

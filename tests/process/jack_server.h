@@ -15,21 +15,19 @@
 
 namespace quavix {
 
-/// A JACK server of the test's own, on its dummy driver; JACK clients of this process find it and no other.
+/// A JACK server on its dummy driver. JACK clients of this process find no other server.
 class JackServer {
   public:
     JackServer();
     ~JackServer();
-    JackServer(const JackServer&) = delete;
-    JackServer& operator=(const JackServer&) = delete;
 
-    /// Whether clients can connect, after waiting for that as long as it takes within reason.
+    /// Starts the server and waits until clients can connect. False: they never could.
     bool Start(int sampleRate = 48000);
 
-    /// Ends it without a chance to say goodbye.
+    /// Kills the server.
     void Kill();
 
-    /// Stops it in its tracks, to the kill.
+    /// Suspends the server until it is killed.
     void Stop();
 
   private:
@@ -41,30 +39,28 @@ class JackServer {
     pid_t process_ = -1;
 };
 
-/// Records what arrives at the server's first loudspeaker.
+/// Recorder of the sound that arrives at the server's first loudspeaker.
 class JackRecorder {
   public:
     JackRecorder();
     ~JackRecorder();
-    JackRecorder(const JackRecorder&) = delete;
-    JackRecorder& operator=(const JackRecorder&) = delete;
 
-    /// Listens to what is connected to the loudspeaker now. False: nothing is.
+    /// Listens to the ports that are connected to the loudspeaker now. False: none is.
     bool Listen();
 
-    /// The same, after waiting for something to be connected for as long as it takes within reason.
+    /// Does the same, but waits first until some port is connected. False: none ever was.
     bool ListenWhenThereIsSomething();
 
     /// Samples recorded so far.
     std::size_t Size() const { return size_.load(std::memory_order_acquire); }
 
-    /// How often the server has gone on without this client, or lost its own time.
+    /// Number of times that the server has gone on without this client, or lost its own time.
     int Gaps() const { return gaps_.load(std::memory_order_acquire); }
 
     /// Frames from the loudspeaker's port to the loudspeaker.
     std::int64_t FramesToLoudspeaker() const;
 
-    /// Waits until `enough` says so about what was recorded so far. False: it never did.
+    /// Records until `enough` is true of the samples so far. False: it never was.
     bool RecordUntil(const std::function<bool(const std::vector<float>&)>& enough);
 
   private:

@@ -31,6 +31,14 @@ class RenderProgram : public testing::Test {
     }
     std::string Errors() const { return Folder.Content("errors"); }
     bool HasNothingHalfWritten() { return Run("! ls *.part") == 0; }
+    /// Runs a shell line that sends `$signal` to the program. Expects that the signal ends the program, and
+    /// that no file is left half written.
+    void ExpectInterruptible(const std::string& line) {
+        for (const char* signal : {"INT", "TERM", "HUP"}) {
+            EXPECT_GT(Run(fmt::format("signal={}; {}", signal, line)), 128) << signal;
+            EXPECT_TRUE(HasNothingHalfWritten()) << signal;
+        }
+    }
 
     test::TemporaryFolder Folder;
 };
@@ -94,12 +102,9 @@ TEST_F(RenderProgram, ExitsWith2WhenTheSongCannotBeRead) {
 }
 
 TEST_F(RenderProgram, ExitsWith3WhenTheResultCannotBeWritten) {
-    EXPECT_EQ(Run("$render song none/out.wav"), 3);
-    EXPECT_EQ(Run("$render song ."), 3);
-    EXPECT_EQ(Run("$render song /dev/full"), 3);
-    EXPECT_EQ(Run("$render song - >/dev/full"), 3);
-    EXPECT_EQ(Run("$render --log none/log song out.wav"), 3);
-    EXPECT_EQ(Run("$render --tone-code /dev/full song out.wav"), 3);
+    for (const char* arguments : {"song none/out.wav", "song .", "song /dev/full", "song - >/dev/full",
+                                  "--log none/log song out.wav", "--tone-code /dev/full song out.wav"})
+        EXPECT_EQ(Run(std::string("$render ") + arguments), 3) << arguments;
     EXPECT_TRUE(HasNothingHalfWritten());
 }
 
@@ -120,17 +125,15 @@ TEST_F(RenderProgram, WritesTheLogAndTheToneCodeAnew) {
 }
 
 TEST_F(RenderProgram, AnInterruptLeavesNoFile) {
-    for (const char* signal : {"INT", "TERM", "HUP"}) {
-        const int status =
-            Run(fmt::format("$render --passes 1000000 song out.wav & child=$!; "
+    ExpectInterruptible("$render --passes 1000000 song out.wav & child=$!; "
                             "until ls out.wav.*.part >/dev/null 2>&1; do :; done; "
-                            "kill -{} $child; wait $child",
+                            "kill -$signal $child; wait $child",
                             signal));
-        EXPECT_GT(status, 128) << signal;
-        EXPECT_TRUE(HasNothingHalfWritten()) << signal;
-        EXPECT_EQ(Run("test -e out.wav"), 1) << signal;
-    }
+    EXPECT_GT(status, 128) << signal;
+    EXPECT_TRUE(HasNothingHalfWritten()) << signal;
+    EXPECT_EQ(Run("test -e out.wav"), 1) << signal;
 }
+}  // namespace
 
 TEST_F(RenderProgram, InterruptedItLeavesNothingOfTheSoundEngine) {
     const int status =
@@ -174,12 +177,8 @@ TEST_F(RenderProgram, CanBeInterruptedWhileItsReaderDoesNotRead) {
         const int status =
             Run(fmt::format("rm -f pipe; mkfifo pipe; exec 3<>pipe; "
                             "$render --passes 200 song - >&3 & child=$!; "
-                            "head -c 1 <&3 >/dev/null; kill -{} $child; wait $child",
-                            signal));
-        EXPECT_GT(status, 128) << signal;
-        EXPECT_TRUE(HasNothingHalfWritten());
+                            "head -c 1 <&3 >/dev/null; kill -$signal $child; wait $child");
     }
-}
 
 }  // namespace
 }  // namespace quavix

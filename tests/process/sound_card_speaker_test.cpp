@@ -9,11 +9,10 @@
 
 #include "busy_machine.h"
 #include "dsp/square_wave.h"
-#include "jack_server.h"
 #include "platform/common/speaker/choose_speaker.h"
 #include "platform/common/speaker/sound_card.h"
 #include "platform/common/speaker/tone_player.h"
-#include "support/held_errors.h"
+#include "sound_server_test.h"
 #include "support/no_sound_devices.h"
 
 namespace quavix {
@@ -24,19 +23,13 @@ using Samples = std::vector<float>;
 
 constexpr std::int32_t Rate = 48000;
 
-/// Sound systems of this machine that a test has not started itself are out of reach.
-class SoundCardSpeakerOn : public testing::Test {
+class SoundCardSpeakerOn : public test::SoundServerTest {
   protected:
-    SoundCardSpeakerOn() { setenv("PULSE_SERVER", "unix:/nowhere/at/all", 1); }
-
     static void WaitUntilOpen(const Speaker& speaker) {
         for (int wait = 0; wait < 6000 && speaker.Status().InUse.find("not opened") != std::string::npos;
              ++wait)
             SleepUntil(MonotonicNs() + 10 * NsPerMs);
     }
-
-    test::HeldErrors errors_;
-    JackServer server_;
 };
 
 bool Loud(float sample) {
@@ -77,7 +70,7 @@ TEST_F(SoundCardSpeakerOn, AServerPlaysTheToneInTuneInItsLengthAndWithoutClicks)
         all = recorded;
         return last != recorded.rend() && last - recorded.rbegin() > Rate / 5;
     }));
-    // What was played, sample by sample: nothing added, lost or repeated.
+    // The server got the wave sample by sample: nothing was added, lost or repeated.
     SquareWave wave(Hz, Rate, Length);
     Samples expected(Length);
     wave.Render(expected);

@@ -7,10 +7,9 @@
 
 #include <gtest/gtest.h>
 
-#include "jack_server.h"
 #include "modules/sound_engine/engine_system.h"
 #include "platform/common/speaker/sound_card_speaker.h"
-#include "support/held_errors.h"
+#include "sound_server_test.h"
 #include "support/measure.h"
 #include "support/no_sound_devices.h"
 
@@ -21,18 +20,15 @@ using Samples = std::vector<float>;
 
 constexpr std::int64_t Period = 128;
 
-/// Sound systems of this machine that a test has not started itself are out of reach.
-class SoundEngineOn : public testing::Test {
+class SoundEngineOn : public SoundServerTest {
   protected:
-    SoundEngineOn() { setenv("PULSE_SERVER", "unix:/nowhere/at/all", 1); }
-
-    /// With the program's settings.
+    /// Opens the output with the program's settings.
     static SoundResult Init(const EngineSystem& engine) {
         EXPECT_EQ(E().System_SetDSPBufferSize(engine.Handle(), 16, 256), SOUND_OK);
         return E().System_Init(engine.Handle(), 2, 0, nullptr);
     }
 
-    /// The same where there is a server, which on a busy machine may turn a client away at first.
+    /// Does the same on a server that runs. On a busy machine, a server may refuse a client at first.
     static SoundResult InitOnServer(const EngineSystem& engine) {
         constexpr int MostTries = 5;
         SoundResult result = Init(engine);
@@ -40,9 +36,6 @@ class SoundEngineOn : public testing::Test {
             result = Init(engine);
         return result;
     }
-
-    HeldErrors errors_;
-    JackServer server_;
 };
 
 std::ptrdiff_t FirstSound(std::span<const float> sound) {
@@ -119,8 +112,7 @@ TEST_F(SoundEngineOn, AServerIsHeardAsLateAsTheBufferSizeSays) {
             return static_cast<std::size_t>(heard) < all.size();
         }));
         heard += recorder.FramesToLoudspeaker();
-        // What a busy machine has left out cannot be counted, nor is it known when a period began during the
-        // call.
+        // A delay is only known if the busy machine has lost no period and no period began during the call.
         if (recorder.Gaps() == gaps && after == before)
             delays.push_back(heard - before);
         engine.Pause(channel);

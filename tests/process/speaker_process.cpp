@@ -16,6 +16,7 @@
 
 #include <gtest/gtest.h>
 
+#include "childs_signals.h"
 #include "platform/common/monotonic.h"
 
 namespace quavix {
@@ -72,13 +73,8 @@ SpeakerProcess::SpeakerProcess(const std::string& how, const std::string& lockFo
     process_ = fork();
     if (process_ == 0) {
         setpgid(0, 0);
-        // Whatever this program's parents ignore, and the sound server's library blocks.
-        for (int number = 1; number < NSIG; ++number)
-            signal(number, SIG_DFL);
-        sigset_t none;
-        sigemptyset(&none);
-        sigprocmask(SIG_SETMASK, &none, nullptr);
-        // Crashes that a test provokes are nobody's concern.
+        ResetSignals();
+        // Tests provoke crashes.
         const rlimit noCore{};
         setrlimit(RLIMIT_CORE, &noCore);
         dup2(open("/dev/null", O_WRONLY | O_CLOEXEC), STDERR_FILENO);

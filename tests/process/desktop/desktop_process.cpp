@@ -11,6 +11,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "process/childs_signals.h"
 #include "wall_clock.h"
 
 namespace quavix {
@@ -43,11 +44,7 @@ DesktopProcess::DesktopProcess(const std::vector<std::string>& arguments, const 
     if (process_ != 0)
         return;
     setpgid(0, 0);
-    for (int number = 1; number < NSIG; ++number)
-        signal(number, SIG_DFL);
-    sigset_t none;
-    sigemptyset(&none);
-    sigprocmask(SIG_SETMASK, &none, nullptr);
+    ResetSignals();
     if (!timeZone.empty())
         setenv("TZ", timeZone.c_str(), 1);
     setenv("QT_QPA_PLATFORM", "offscreen", 1);

@@ -8,22 +8,20 @@
 
 namespace quavix::test {
 
-/// A desktop of the test's own: a display that nobody sees, a message bus, and on it the bus of assistive
-/// technology. All of it ends with this, and with the test, however that ends.
+/// A private desktop: an invisible display, a message bus, and on it the bus of assistive technology. All of
+/// them end with this object, and also if the test's process is killed.
 ///
-/// Needs the programs Xvfb, dbus-daemon and the services of at-spi2-core; throws std::runtime_error where
-/// they don't come up.
+/// Needs the programs Xvfb, dbus-daemon and the services of at-spi2-core; throws std::runtime_error if they
+/// can't be started.
 class DesktopSession {
   public:
     DesktopSession();
     ~DesktopSession();
-    DesktopSession(const DesktopSession&) = delete;
-    DesktopSession& operator=(const DesktopSession&) = delete;
 
-    /// What a program has to be started with to be on this desktop, and seen by assistive technology.
+    /// Returns the environment for programs to be shown on this desktop and seen by assistive technology.
     QProcessEnvironment Environment() const { return environment_; }
 
-    /// The bus on which programs show themselves to assistive technology.
+    /// Returns the bus on which programs show themselves to assistive technology.
     QDBusConnection AccessibilityBus() const { return QDBusConnection(accessibilityName_); }
 
   private:

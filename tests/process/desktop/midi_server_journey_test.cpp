@@ -15,17 +15,17 @@
 namespace quavix::test {
 namespace {
 
-constexpr const char* DeviceIsOpen = "State: The device is open (JACK).";
-
 class MidiServerJourney : public testing::Test {
   protected:
+    static constexpr const char* DeviceIsOpen = "State: The device is open (JACK).";
+
     void SetUp() override {
         ASSERT_TRUE(server_.Start());
         other_.emplace("other");
-        QFile::copy(QUAVIX_MIDI_IO_MODULE, process_.File("midiio32.ocx"));
         process_.Put("song.QVX",
                      "Quavix by Dastrel-204 file format\r\nBPM 240\r\nMUSICLISTSTART\r\n1/16 C4 - -\r\n1/16 "
                      "E4 - -\r\n");
+        QFile::copy(QUAVIX_MIDI_IO_MODULE, process_.File("midiio32.ocx"));
         process_.Environment.insert("windir", process_.File("windows"));
         process_.Environment.insert("QUAVIX_SPEAKER", "soundcard");
         process_.Environment.insert("PULSE_SERVER", "unix:/nowhere/at/all");
@@ -61,7 +61,7 @@ class MidiServerJourney : public testing::Test {
         ASSERT_NO_THROW(window_.Find("label", DeviceIsOpen, "Live MIDI Input Settings"));
     }
 
-    /// Waits until the notes arrive, time and again.
+    /// Expects that more notes arrive.
     void ExpectNotes() {
         constexpr std::size_t Some = 8;
         const std::size_t before = other_->Received(1).size();
@@ -82,6 +82,17 @@ class MidiServerJourney : public testing::Test {
         other_.emplace("other");
     }
 
+    /// Kills the server while music plays to its MIDI output, and has the notes on the next server.
+    void ReplaceServer() {
+        KillServer();
+        EXPECT_TRUE(window_.Answer("Can't use MIDI out", "OK").contains("The MIDI output device is gone."));
+        EXPECT_TRUE(SpeakerReads("could not be opened"));
+        ASSERT_NO_FATAL_FAILURE(StartServer());
+        EXPECT_TRUE(SpeakerReads("sound card (J"));
+        ASSERT_NO_FATAL_FAILURE(OpenOutput());
+        ExpectNotes();
+    }
+
     JackServer server_;
     std::optional<JackMidiPeer> other_;
     DesktopSession session_;
@@ -97,13 +108,7 @@ TEST_F(MidiServerJourney, PlayingGoesOnWithoutTheOutputAndOverANewServer) {
     ASSERT_NO_FATAL_FAILURE(OpenOutput());
     window_.Press("Play all");
     ExpectNotes();
-    KillServer();
-    EXPECT_TRUE(window_.Answer("Can't use MIDI out", "OK").contains("The MIDI output device is gone."));
-    EXPECT_TRUE(SpeakerReads("could not be opened"));
-    ASSERT_NO_FATAL_FAILURE(StartServer());
-    EXPECT_TRUE(SpeakerReads("sound card (J"));
-    ASSERT_NO_FATAL_FAILURE(OpenOutput());
-    ExpectNotes();
+    ReplaceServer();
 }
 
 TEST_F(MidiServerJourney, AServerThatStoppedFirstIsLostLikeAnyOther) {
@@ -112,13 +117,7 @@ TEST_F(MidiServerJourney, AServerThatStoppedFirstIsLostLikeAnyOther) {
     ExpectNotes();
     server_.Stop();
     EXPECT_TRUE(SpeakerReads("not opened yet")) << "the stream is given up, and opening another one hangs";
-    KillServer();
-    EXPECT_TRUE(window_.Answer("Can't use MIDI out", "OK").contains("The MIDI output device is gone."));
-    EXPECT_TRUE(SpeakerReads("could not be opened"));
-    ASSERT_NO_FATAL_FAILURE(StartServer());
-    EXPECT_TRUE(SpeakerReads("sound card (J"));
-    ASSERT_NO_FATAL_FAILURE(OpenOutput());
-    ExpectNotes();
+    ReplaceServer();
 }
 
 TEST_F(MidiServerJourney, AnInputIsClosedAndOpenedAgain) {

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the window does where a song can't be saved, and where two windows save the same one.
+// Saving from the window: songs that can't be saved, and two windows that save the same song.
 #include <filesystem>
 #include <functional>
 
@@ -29,6 +29,15 @@ void Put(const QString& name, const QByteArray& content) {
     ASSERT_TRUE(file.open(QIODevice::WriteOnly));
     ASSERT_EQ(file.write(content), content.size());
 }
+
+/// A desktop and the file of a song of one line.
+struct SavedSong {
+    SavedSong() { Put(File, Song("Quarter C4 - -\r\n")); }
+
+    const DesktopSession Session;
+    const QTemporaryDir Folder;
+    const QString File = Folder.filePath("song.QVX");
+};
 
 /// A program with a song in its window. `prepare` is called before its start.
 struct OpenSong {
@@ -104,19 +113,16 @@ TEST(SavingFromTheWindow, SaysThatAFolderCantBeWrittenTo) {
 }
 
 TEST(SavingFromTheWindow, ReportsAFolderAtTheFilesPath) {
-    const DesktopSession session;
-    const QTemporaryDir folder;
-    const QString file = folder.filePath("song.QVX");
-    Put(file, Song("Quarter C4 - -\r\n"));
-    OpenSong open(session, file);
+    const SavedSong song;
+    OpenSong open(song.Session, song.File);
     open.WaitForTitle(" - song.QVX");
     Change(open);
-    QFile::remove(file);
-    QDir().mkdir(file);
+    QFile::remove(song.File);
+    QDir().mkdir(song.File);
     ExpectThatSavingFails(open, "Can't save as this file!", "...can't be written to.");
-    EXPECT_TRUE(QDir(file).isEmpty());
-    QDir().rmdir(file);
-    SavesAfterAll(open, file);
+    EXPECT_TRUE(QDir(song.File).isEmpty());
+    QDir().rmdir(song.File);
+    SavesAfterAll(open, song.File);
 }
 
 TEST(SavingFromTheWindow, WritesToNoDevice) {
@@ -140,24 +146,21 @@ TEST(SavingFromTheWindow, WritesToNoDevice) {
 }
 
 TEST(SavingFromTheWindow, TheLastOfTwoWindowsThatSaveASongWins) {
-    const DesktopSession session;
-    const QTemporaryDir folder;
-    const QString file = folder.filePath("song.QVX");
-    Put(file, Song("Quarter C4 - -\r\n"));
-    OpenSong one(session, file);
-    OpenSong other(session, file);
+    const SavedSong song;
+    OpenSong one(song.Session, song.File);
+    OpenSong other(song.Session, song.File);
     one.Window.PressKey("D 4");
     other.Window.PressKey("E 4");
-    SavesAfterAll(one, file);
+    SavesAfterAll(one, song.File);
     other.WaitForTitle(" - song.QVX *");
     other.Window.Choose("Save");
     other.WaitForTitle(" - song.QVX");
-    const QByteArray saved = Content(file);
+    const QByteArray saved = Content(song.File);
     EXPECT_TRUE(saved.startsWith(Header));
     EXPECT_TRUE(saved.endsWith("\r\nQuarter C4 - -\r\n1/8 E4 - -\r\n")) << saved.toStdString();
     EXPECT_EQ(one.Window.Row(2), "1/8, D4");  // and can be saved anew
-    SavesAfterAll(one, file);
-    EXPECT_EQ(QDir(folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
+    SavesAfterAll(one, song.File);
+    EXPECT_EQ(QDir(song.Folder.path()).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot),
               QStringList("song.QVX"));
 }
 
