@@ -17,12 +17,6 @@ class FmodEngineTest : public testing::Test {
         P.App.Outputs.SoundMods.CheckAvailability("/program");
         P.App.Outputs.SoundMods.StartEngine();
     }
-    std::vector<std::string> BoxTexts() const {
-        std::vector<std::string> texts;
-        for (const MessageBox& box : P.Boxes.Shown())
-            texts.push_back(box.Text);
-        return texts;
-    }
 
     test::SimulatedProgram P;
 };
@@ -75,7 +69,7 @@ TEST_F(FmodEngineTest, ALibraryThatCannotBeLoadedIsToldOfAndNotUsed) {
     EXPECT_EQ(P.Timeline.Text("fmod"), "0.0000 fmod load /program/FMODex.dll\n");
     EXPECT_FALSE(P.App.Fields.Mods.UseFMOD.Enabled);
     EXPECT_FALSE(P.App.Fields.Mods.UseVoice.Enabled);
-    EXPECT_EQ(BoxTexts(),
+    EXPECT_EQ(P.BoxTexts(),
               std::vector<std::string>{"FMODex.dll can't be loaded:\nit lacks FMOD_System_Init.\n\n"
                                        "The program goes on without FMOD and without the voice."});
     EXPECT_NE(P.LogText().find("FMOD can NOT be used ('fmodex.dll' can't be loaded: it lacks "
@@ -135,7 +129,7 @@ TEST_F(FmodEngineTest, AnotherVersionIsReportedAndStillUsed) {
 TEST_F(FmodEngineTest, TheVersionIsShownInHexadecimalDigits) {
     P.Library.Version = 0xABCDEF;
     StartUp();
-    EXPECT_EQ(BoxTexts()[0],
+    EXPECT_EQ(P.BoxTexts()[0],
               "Error!  You are using an old Version of FMOD ABCDEF. This program requires 40621");
 }
 
@@ -144,7 +138,7 @@ TEST_F(FmodEngineTest, AFailedCallIsReportedAndTheRemainingCallsAreMade) {
     P.Library.Fail("FMOD_System_GetSoftwareFormat", 78);
     P.Library.Fail("FMOD_System_CreateDSPByType", 78);
     StartUp();
-    EXPECT_EQ(BoxTexts(),
+    EXPECT_EQ(P.BoxTexts(),
               (std::vector<std::string>{
                   "FMOD error! (61) Error initializing output device. ",
                   "FMOD error! (78) This command failed because System::init or System::setDriver "
@@ -172,7 +166,7 @@ TEST_F(FmodEngineTest, StopReportsFailedCalls) {
     StartUp();
     P.Library.Fail("FMOD_System_Close", 36);
     P.App.Outputs.SoundMods.Engine.Stop();
-    EXPECT_EQ(BoxTexts(), std::vector<std::string>{"FMOD error! (36) An invalid object handle was used. "});
+    EXPECT_EQ(P.BoxTexts(), std::vector<std::string>{"FMOD error! (36) An invalid object handle was used. "});
     EXPECT_NE(P.Timeline.Text("fmod FMOD_System_Release"), "");
 }
 

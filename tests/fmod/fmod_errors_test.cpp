@@ -12,13 +12,9 @@ namespace quavix {
 namespace {
 
 TEST(FmodErrors, TextsStandWordForWordWithTheBlanksAtTheirEnds) {
-    EXPECT_STREQ(FmodErrorText(0), "No errors.");
     EXPECT_STREQ(FmodErrorText(1), "Tried to call lock a second time before unlock was called. ");
     EXPECT_STREQ(FmodErrorText(3), "Neither NTSCSI nor ASPI could be initialised. ");
     EXPECT_STREQ(FmodErrorText(36), "An invalid object handle was used. ");
-    EXPECT_STREQ(FmodErrorText(37), "An invalid parameter was passed to this function. ");
-    EXPECT_STREQ(FmodErrorText(43), "Not enough memory or resources. ");
-    EXPECT_STREQ(FmodErrorText(61), "Error initializing output device. ");
     EXPECT_STREQ(FmodErrorText(66), "The number of allowed instances of a plugin has been exceeded ");
     EXPECT_STREQ(FmodErrorText(81), "The Version number of this file format is not supported. ");
 }
@@ -62,7 +58,7 @@ TEST(FmodErrors, AnErrorIsLoggedAndShownInAPlainBox) {
     EXPECT_EQ(p.Boxes.Shown()[1].Text, "FMOD error! (-5) Unknown error.");
 }
 
-/// Nobody is there to answer.
+/// Message boxes that count the messages told. Questions fail the test.
 struct OnlyTold : MessageBoxes {
     BoxAnswer Show(const MessageBox& box) override {
         ADD_FAILURE() << box.Text;

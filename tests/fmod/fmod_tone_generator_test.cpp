@@ -11,12 +11,7 @@ namespace {
 
 class ToneGeneratorTest : public testing::Test {
   protected:
-    ToneGeneratorTest() {
-        P.Disk.Put("/program/FMODex.dll", "a library");
-        P.App.Outputs.SoundMods.CheckAvailability("/program");
-        P.App.Outputs.SoundMods.StartEngine();
-        P.Timeline.Clear();
-    }
+    ToneGeneratorTest() { P.StartSound(); }
 
     test::SimulatedProgram P;
     MainFields& Fields = P.App.Fields;

@@ -76,12 +76,7 @@ TEST_F(NeverSilent, ARatioLoadedWithASongStays) {
 
 class UseFmodTest : public testing::Test {
   protected:
-    UseFmodTest() {
-        P.Disk.Put("/program/FMODex.dll", "");
-        P.App.Outputs.SoundMods.CheckAvailability("/program");
-        P.App.Outputs.SoundMods.StartEngine();
-        P.Timeline.Clear();
-    }
+    UseFmodTest() { P.StartSound(); }
 
     test::SimulatedProgram P;
     MainFields& Fields = P.App.Fields;

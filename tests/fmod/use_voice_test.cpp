@@ -10,14 +10,6 @@ namespace {
 
 class UseVoiceTest : public testing::Test {
   protected:
-    /// The calls since the last time, without their times.
-    std::string Calls() {
-        std::string calls;
-        for (const std::string& line : P.Timeline.Lines())
-            calls += line.substr(line.find("fmod ") + 5) + "\n";
-        P.Timeline.Clear();
-        return calls;
-    }
     void Tick() {
         P.App.Fields.Mods.UseVoice.Ticked = true;
         P.Timeline.Clear();
@@ -27,7 +19,7 @@ class UseVoiceTest : public testing::Test {
     UseVoice& Controls = P.App.Outputs.SoundMods.UseVoice;
 };
 
-/// What the four formants are set to.
+/// Returns the calls that set the four formants to a vowel.
 std::string FormantCalls(const Vowel& vowel) {
     std::string calls;
     for (std::size_t i = 0; i < FormantCount; ++i) {
@@ -41,7 +33,7 @@ std::string FormantCalls(const Vowel& vowel) {
 TEST_F(UseVoiceTest, TickingTheCheckBoxStartsTheVoiceSilently) {
     P.App.Fields.Output.VoiceVolSlider = 2500;
     P.App.Fields.Mods.UseVoice.Ticked = true;
-    const std::string calls = Calls();
+    const std::string calls = P.SoundCalls();
     EXPECT_TRUE(calls.starts_with("FMOD_System_Create()\n"));
     const std::size_t start = calls.find("FMOD_Channel_SetPaused");
     EXPECT_EQ(calls.substr(start),
@@ -59,12 +51,12 @@ TEST_F(UseVoiceTest, TickingTheCheckBoxStartsTheVoiceSilently) {
 TEST_F(UseVoiceTest, UntickingSilencesItAndTickingAgainUsesTheSameEngine) {
     Tick();
     P.App.Fields.Mods.UseVoice.Ticked = false;
-    EXPECT_EQ(Calls(), "FMOD_ChannelGroup_SetVolume(VoiceChannel1, 0)\n");
+    EXPECT_EQ(P.SoundCalls(), "FMOD_ChannelGroup_SetVolume(VoiceChannel1, 0)\n");
     EXPECT_FALSE(Controls.VoiceInternalFormVisible);
     P.Time.RunUntil(500);
-    EXPECT_EQ(Calls(), "") << "the formants rest";
+    EXPECT_EQ(P.SoundCalls(), "") << "the formants rest";
     P.App.Fields.Mods.UseVoice.Ticked = true;
-    const std::string calls = Calls();
+    const std::string calls = P.SoundCalls();
     EXPECT_TRUE(calls.starts_with("FMOD_Channel_SetPaused(channel1, 0)\n"));
     EXPECT_TRUE(Controls.VoiceInternalFormVisible);
 }
@@ -82,7 +74,7 @@ TEST_F(UseVoiceTest, SlidersChangeTheVoiceAtOnce) {
     Controls.CutoffFreqSlider = 3000;
     Controls.FormantDSPFreqSlider[2] = 2000;
     Controls.FormantDSPVolSlider[3] = 100;
-    EXPECT_EQ(Calls(),
+    EXPECT_EQ(P.SoundCalls(),
               "FMOD_ChannelGroup_SetVolume(SawChannel1, 0.5)\n"
               "FMOD_ChannelGroup_SetVolume(NoiseChannel1, 0.25)\n"
               "FMOD_ChannelGroup_SetVolume(VoiceChannel1, 0.75)\n"
@@ -97,7 +89,7 @@ TEST_F(UseVoiceTest, TimbreAndRandomMovementAreHeardFromTheNextTick) {
     Tick();
     Controls.FormantTimbreSlider = 100;
     Controls.FormantRandomFreqSlider = 0;
-    EXPECT_EQ(Calls(), "");
+    EXPECT_EQ(P.SoundCalls(), "");
     P.Time.RunUntil(50);
     EXPECT_EQ(P.Timeline.Text("fmod FMOD_DSP_SetParameter(unit1, 0"),
               "0.0500 fmod FMOD_DSP_SetParameter(unit1, 0, 1298)\n");
@@ -108,9 +100,9 @@ TEST_F(UseVoiceTest, SlidersMovedBeforehandTakeEffectAtTheStart) {
     Controls.FormantDSPFreqSlider[0] = 700;
     Controls.CutoffFreqSlider = 5000;
     Controls.FormantTimbreSlider = -100;
-    EXPECT_EQ(Calls(), "") << "there is no voice yet";
+    EXPECT_EQ(P.SoundCalls(), "") << "there is no voice yet";
     P.App.Fields.Mods.UseVoice.Ticked = true;
-    const std::string calls = Calls();
+    const std::string calls = P.SoundCalls();
     EXPECT_NE(calls.find("FMOD_ChannelGroup_SetVolume(SawChannel1, 0.4)\n"), std::string::npos);
     EXPECT_NE(calls.find("FMOD_DSP_SetParameter(unit5, 0, 5000)\n"), std::string::npos);
     EXPECT_NE(calls.find("FMOD_DSP_SetParameter(unit1, 0, 630)\n"), std::string::npos);
@@ -120,7 +112,7 @@ TEST_F(UseVoiceTest, VowelButtonsSetAllFormantsAndTheSlidersFollow) {
     Tick();
     for (const Vowel& vowel : {vowel::E, vowel::I, vowel::O, vowel::U, vowel::A}) {
         Controls.SpeechButton_Click(vowel);
-        EXPECT_EQ(Calls(), FormantCalls(vowel));
+        EXPECT_EQ(P.SoundCalls(), FormantCalls(vowel));
         for (std::size_t i = 0; i < FormantCount; ++i) {
             EXPECT_EQ(Controls.FormantDSPFreqSlider[i], vowel[i].Frequency);
             EXPECT_EQ(Controls.FormantDSPVolSlider[i], vowel[i].Volume);
@@ -134,7 +126,7 @@ TEST_F(UseVoiceTest, TheTimbreShiftsVowelsButNotTheirSliders) {
     Tick();
     Controls.FormantTimbreSlider = 100;
     Controls.SpeechButton_Click(vowel::U);
-    EXPECT_NE(Calls().find("FMOD_DSP_SetParameter(unit2, 0, 2222)\n"), std::string::npos);
+    EXPECT_NE(P.SoundCalls().find("FMOD_DSP_SetParameter(unit2, 0, 2222)\n"), std::string::npos);
     EXPECT_EQ(Controls.FormantDSPFreqSlider[1], 2020);
 }
 

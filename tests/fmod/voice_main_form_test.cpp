@@ -13,23 +13,9 @@ namespace {
 
 class VoiceTest : public testing::Test {
   protected:
-    /// The calls since the last time, without their times.
-    std::string Calls() {
-        std::string calls;
-        for (const std::string& line : P.Timeline.Lines())
-            calls += line.substr(line.find("fmod ") + 5) + "\n";
-        P.Timeline.Clear();
-        return calls;
-    }
     void Load() {
         Singer.Load();
         P.Timeline.Clear();
-    }
-    std::vector<std::string> BoxTexts() const {
-        std::vector<std::string> texts;
-        for (const MessageBox& box : P.Boxes.Shown())
-            texts.push_back(box.Text);
-        return texts;
     }
 
     test::SimulatedProgram P;
@@ -38,7 +24,7 @@ class VoiceTest : public testing::Test {
 
 TEST_F(VoiceTest, IsPutTogetherInThisOrder) {
     Singer.Load();
-    EXPECT_EQ(Calls(),
+    EXPECT_EQ(P.SoundCalls(),
               "FMOD_System_Create()\n"
               "FMOD_System_GetVersion(system1)\n"
               "FMOD_System_Create()\n"
@@ -111,13 +97,13 @@ TEST_F(VoiceTest, IsPutTogetherInThisOrder) {
 TEST_F(VoiceTest, IsPutTogetherOnce) {
     Load();
     Singer.Load();
-    EXPECT_EQ(Calls(), "");
+    EXPECT_EQ(P.SoundCalls(), "");
 }
 
 TEST_F(VoiceTest, AnotherVersionIsReportedAndStillUsed) {
     P.Library.Version = 0x40620;
     Singer.Load();
-    EXPECT_EQ(BoxTexts(),
+    EXPECT_EQ(P.BoxTexts(),
               std::vector<std::string>{
                   "Error!  You are using an old version of FMOD 40620. This program requires 40621"});
     EXPECT_NE(P.Timeline.Text("fmod FMOD_System_Init"), "");
@@ -127,7 +113,7 @@ TEST_F(VoiceTest, AFailedCallIsReportedAndTheRemainingCallsAreMade) {
     P.App.Log.Enable();
     P.Library.Fail("FMOD_System_Init", 61);
     Singer.Load();
-    EXPECT_EQ(BoxTexts(), std::vector<std::string>{"FMOD error! (61) Error initializing output device. "});
+    EXPECT_EQ(P.BoxTexts(), std::vector<std::string>{"FMOD error! (61) Error initializing output device. "});
     EXPECT_EQ(P.LogText(), "ERRCHECK() found FMOD error 61 (Error initializing output device. )\n");
     EXPECT_EQ(P.Timeline.Lines().back(), "0.0000 fmod FMOD_DSP_SetParameter(unit12, 0, 4)");
 }
@@ -135,7 +121,7 @@ TEST_F(VoiceTest, AFailedCallIsReportedAndTheRemainingCallsAreMade) {
 TEST_F(VoiceTest, StartingUnpausesTheSourcesAt100Hz) {
     Load();
     Singer.StartSources();
-    EXPECT_EQ(Calls(),
+    EXPECT_EQ(P.SoundCalls(),
               "FMOD_Channel_SetPaused(channel1, 0)\n"
               "FMOD_Channel_SetPaused(channel2, 0)\n"
               "FMOD_DSP_SetParameter(unit6, 1, 100)\n");
@@ -145,7 +131,7 @@ TEST_F(VoiceTest, ThePitchIsAWholeNumberOfHertz) {
     Load();
     Singer.ChangeBaseFreq(118.8);
     Singer.ChangeBaseFreq(70.5);
-    EXPECT_EQ(Calls(), "FMOD_DSP_SetParameter(unit6, 1, 119)\nFMOD_DSP_SetParameter(unit6, 1, 70)\n");
+    EXPECT_EQ(P.SoundCalls(), "FMOD_DSP_SetParameter(unit6, 1, 119)\nFMOD_DSP_SetParameter(unit6, 1, 70)\n");
 }
 
 TEST_F(VoiceTest, VolumesAndCutoffGoWhereTheyBelong) {
@@ -154,7 +140,7 @@ TEST_F(VoiceTest, VolumesAndCutoffGoWhereTheyBelong) {
     Singer.ChangeNoiseVol(0.25);
     Singer.ChangeVoiceVol(0.75);
     Singer.ChangeCutoffFreq(3000);
-    EXPECT_EQ(Calls(),
+    EXPECT_EQ(P.SoundCalls(),
               "FMOD_ChannelGroup_SetVolume(SawChannel1, 0.5)\n"
               "FMOD_ChannelGroup_SetVolume(NoiseChannel1, 0.25)\n"
               "FMOD_ChannelGroup_SetVolume(VoiceChannel1, 0.75)\n"
@@ -165,9 +151,9 @@ TEST_F(VoiceTest, TheVolumeOfAFormantBecomesAGain) {
     Load();
     for (const auto& [volume, gain] : {std::pair(100, "3.5"), {40, "0"}, {70, "1.75"}, {28, "-0.7"}}) {
         Singer.ChangeFormantFreqVol(1, 1000, volume, false);
-        EXPECT_EQ(Calls(), fmt::format("FMOD_DSP_SetParameter(unit2, 0, 1000)\n"
-                                       "FMOD_DSP_SetParameter(unit2, 2, {})\n",
-                                       gain));
+        EXPECT_EQ(P.SoundCalls(), fmt::format("FMOD_DSP_SetParameter(unit2, 0, 1000)\n"
+                                              "FMOD_DSP_SetParameter(unit2, 2, {})\n",
+                                              gain));
     }
 }
 
@@ -176,7 +162,7 @@ TEST_F(VoiceTest, TheTimbreShiftsTheFrequencyOfAFormant) {
     Singer.FormantTimbre = 100;
     Singer.ChangeFormantFreqVol(3, 1000, 100, true);
     Singer.ChangeFormantFreqVol(3, 1000, 100, false);
-    EXPECT_EQ(Calls(),
+    EXPECT_EQ(P.SoundCalls(),
               "FMOD_DSP_SetParameter(unit4, 0, 1100)\nFMOD_DSP_SetParameter(unit4, 2, 3.5)\n"
               "FMOD_DSP_SetParameter(unit4, 0, 1000)\nFMOD_DSP_SetParameter(unit4, 2, 3.5)\n");
 }
@@ -184,10 +170,10 @@ TEST_F(VoiceTest, TheTimbreShiftsTheFrequencyOfAFormant) {
 TEST_F(VoiceTest, OmittedValuesOfAFormantStay) {
     Load();
     Singer.ChangeFormantFreqVol(0, 500, 100, false);
-    Calls();
+    P.SoundCalls();
     Singer.ChangeFormantFreqVol(0, {}, 40, false);
     Singer.ChangeFormantFreqVol(0, 700, {}, false);
-    EXPECT_EQ(Calls(),
+    EXPECT_EQ(P.SoundCalls(),
               "FMOD_DSP_SetParameter(unit1, 0, 500)\nFMOD_DSP_SetParameter(unit1, 2, 0)\n"
               "FMOD_DSP_SetParameter(unit1, 0, 700)\nFMOD_DSP_SetParameter(unit1, 2, 0)\n");
     EXPECT_EQ(Singer.FormantFreq(0), 700);
@@ -202,7 +188,7 @@ TEST_F(VoiceTest, AFifthFormantIsOutOfBounds) {
     } catch (const RuntimeError& error) {
         EXPECT_EQ(error.Number(), RuntimeError::SubscriptOutOfRange);
     }
-    EXPECT_EQ(Calls(), "");
+    EXPECT_EQ(P.SoundCalls(), "");
 }
 
 /// Random numbers from a list.
@@ -248,7 +234,7 @@ TEST_F(VoiceTest, WithoutRandomMovementTheFormantsStandStill) {
     Singer.MaxRandomFormantFreq = 0;
     Singer.ChangeFormantFreqVol(0, 1180, 92, true);
     Singer.StartSources();
-    Calls();
+    P.SoundCalls();
     P.Time.RunUntil(100);
     EXPECT_EQ(P.Timeline.Text("fmod FMOD_DSP_SetParameter(unit1, 0"),
               "0.0500 fmod FMOD_DSP_SetParameter(unit1, 0, 1180)\n"
@@ -258,7 +244,7 @@ TEST_F(VoiceTest, WithoutRandomMovementTheFormantsStandStill) {
 TEST_F(VoiceTest, FormantsThatCannotMoveAreReportedOnceAndNotTriedAgain) {
     Load();
     Singer.StartSources();
-    Calls();
+    P.SoundCalls();
     P.Library.Fail("FMOD_DSP_SetParameter", 36);
     // Time goes on while the message stands open.
     P.Boxes.WhileOpen([this] { P.Time.RunUntil(200); });
@@ -275,22 +261,22 @@ TEST_F(VoiceTest, FormantsThatCannotMoveAreReportedOnceAndNotTriedAgain) {
 TEST_F(VoiceTest, ShuttingDownClosesAndReleasesIt) {
     Load();
     Singer.StartSources();
-    Calls();
+    P.SoundCalls();
     P.App.Log.Enable();
     Singer.VoiceDoShutDownStuff();
-    EXPECT_EQ(Calls(), "FMOD_System_Close(system2)\nFMOD_System_Release(system2)\n");
+    EXPECT_EQ(P.SoundCalls(), "FMOD_System_Close(system2)\nFMOD_System_Release(system2)\n");
     EXPECT_EQ(P.LogText(),
               "    VoiceMainForm.VoiceDoShutDownStuff() - START\n"
               "    Closing and releasing FMOD system 'VoiceSystem'\n"
               "    VoiceMainForm.VoiceDoShutDownStuff() - END\n\n");
     P.Time.RunUntil(200);
-    EXPECT_EQ(Calls(), "");
+    EXPECT_EQ(P.SoundCalls(), "");
 }
 
 TEST_F(VoiceTest, ShuttingDownAVoiceThatNeverSangClosesNothing) {
     P.App.Log.Enable();
     Singer.VoiceDoShutDownStuff();
-    EXPECT_EQ(Calls(), "");
+    EXPECT_EQ(P.SoundCalls(), "");
     EXPECT_EQ(P.LogText(),
               "    VoiceMainForm.VoiceDoShutDownStuff() - START\n"
               "    VoiceMainForm.VoiceDoShutDownStuff() - END\n\n");

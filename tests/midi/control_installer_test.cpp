@@ -8,6 +8,7 @@
 
 #include "shell/program_info.h"
 #include "shell/runtime_error.h"
+#include "support/shown_dialogs.h"
 #include "support/simulated_program.h"
 
 namespace quavix {
@@ -94,21 +95,21 @@ TEST_F(ControlInstallerTest, WithoutEitherCopyItSaysWhereToGetTheFileAndUnticksA
     TickAll();
     P.App.Log.Enable();
     EXPECT_FALSE(Controls.CopyFileToSystem32(Name));
-    ASSERT_EQ(P.Boxes.Shown().size(), 1u);
-    EXPECT_EQ(P.Boxes.Shown()[0].Icon, BoxIcon::Critical);
-    EXPECT_EQ(P.Boxes.Shown()[0].Title, "Can't see a needed file!");
-    EXPECT_EQ(P.Boxes.Shown()[0].Text,
-              "The first time you use this feature with this program, \r\n"
-              "the program needs 'midiio32.ocx' to be in the same folder as itself. \r\n"
-              "It will then copy that file to /windows/system32 so that you don't \r\n"
-              "need to worry about it in the future, on this computer.\r\n\r\n"
-              "However, the file can't be seen in the same folder as this program, \r\n"
-              "and it isn't in system32 yet either.\r\n\r\n"
-              "Please download the \r\n"
-              "latest version of Quavix from \r\n" +
-                  std::string(program::UpdateAddress) +
-                  "\r\n"
-                  " (URL copied to clipboard), where all needed files should be included in the download.");
+    test::ExpectOnlyBox(
+        P.Boxes,
+        {.Title = "Can't see a needed file!",
+         .Text = "The first time you use this feature with this program, \r\n"
+                 "the program needs 'midiio32.ocx' to be in the same folder as itself. \r\n"
+                 "It will then copy that file to /windows/system32 so that you don't \r\n"
+                 "need to worry about it in the future, on this computer.\r\n\r\n"
+                 "However, the file can't be seen in the same folder as this program, \r\n"
+                 "and it isn't in system32 yet either.\r\n\r\n"
+                 "Please download the \r\n"
+                 "latest version of Quavix from \r\n" +
+                 std::string(program::UpdateAddress) +
+                 "\r\n"
+                 " (URL copied to clipboard), where all needed files should be included in the download.",
+         .Icon = BoxIcon::Critical});
     EXPECT_EQ(P.Clipboard.Text(), program::UpdateAddress);
     for (const Watched<bool>* check : Checks)
         EXPECT_FALSE(*check);
@@ -132,19 +133,20 @@ TEST_F(ControlInstallerTest, AMissingCopyIsReportedAndUnticksAllMidiBoxes) {
         return true;
     };
     EXPECT_FALSE(Controls.CopyFileToSystem32(Name));
-    ASSERT_EQ(P.Boxes.Shown().size(), 1u);
-    EXPECT_EQ(P.Boxes.Shown()[0].Icon, BoxIcon::Critical);
-    EXPECT_EQ(P.Boxes.Shown()[0].Title, "Couldn't copy the file!");
-    EXPECT_EQ(P.Boxes.Shown()[0].Text,
-              "The program just tried to copy a needed file, 'midiio32.ocx'\r\n"
-              "to /windows/system32. The file is currently in the same folder as this program. \r\n\r\n"
-              "The copy failed. Perhaps your Windows installation directory is not /windows/system32.\r\n\r\n"
-              "The program needs the OCX file to be in system32, and info about it to be put into the "
-              "registry using 'regsvr32'.\r\n\r\n"
-              "Please see info.txt (included with this program) for info on how to do this yourself (it's "
-              "not too tricky), at the bottom of the section for the MIDI feature which you just tried to "
-              "use.\r\n\r\n"
-              "Sorry about the trouble.");
+    test::ExpectOnlyBox(
+        P.Boxes,
+        {.Title = "Couldn't copy the file!",
+         .Text =
+             "The program just tried to copy a needed file, 'midiio32.ocx'\r\n"
+             "to /windows/system32. The file is currently in the same folder as this program. \r\n\r\n"
+             "The copy failed. Perhaps your Windows installation directory is not /windows/system32.\r\n\r\n"
+             "The program needs the OCX file to be in system32, and info about it to be put into the "
+             "registry using 'regsvr32'.\r\n\r\n"
+             "Please see info.txt (included with this program) for info on how to do this yourself (it's "
+             "not too tricky), at the bottom of the section for the MIDI feature which you just tried to "
+             "use.\r\n\r\n"
+             "Sorry about the trouble.",
+         .Icon = BoxIcon::Critical});
     for (const Watched<bool>* check : Checks)
         EXPECT_FALSE(*check);
     EXPECT_TRUE(P.LogText().ends_with("    THE SourceFile TO DestFile COPY FAILED!\n")) << P.LogText();

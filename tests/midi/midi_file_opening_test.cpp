@@ -6,20 +6,14 @@
 
 #include "midi/midi_file_program.h"
 
-namespace quavix {
+namespace quavix::test {
 namespace {
 
-using test::MidiFileProgram;
-using test::MidiSong;
-using test::NoteOffOf;
-using test::NoteOnOf;
-using test::TwoNotes;
-using test::operator+;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-std::string AsText(const test::Bytes& bytes) {
+std::string AsText(const Bytes& bytes) {
     return {bytes.begin(), bytes.end()};
 }
 
@@ -167,7 +161,7 @@ TEST(MidiFileOpening, ARepairedFileIsPlayedAndTheLogListsTheRepairs) {
 }
 
 TEST(MidiFileOpening, TooManyEventsAreTheErrorOfArrayBounds) {
-    test::Bytes events = {0, 0x90, 60, 1};
+    Bytes events = {0, 0x90, 60, 1};
     for (int i = 0; i < 99'999; ++i)
         events.insert(events.end(), {0, 60, 1});
     MidiFileProgram p;
@@ -242,4 +236,4 @@ TEST(MidiFileOpening, MidiFilesAreKnownByTheirNames) {
 }
 
 }  // namespace
-}  // namespace quavix
+}  // namespace quavix::test

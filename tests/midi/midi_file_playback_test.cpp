@@ -5,15 +5,9 @@
 
 #include "midi/midi_file_program.h"
 
-namespace quavix {
+namespace quavix::test {
 namespace {
 
-using test::MidiFileProgram;
-using test::MidiSong;
-using test::NoteOffOf;
-using test::NoteOnOf;
-using test::TwoNotes;
-using test::operator+;
 using testing::ElementsAre;
 
 constexpr const char* PlayedTwoNotes =
@@ -250,11 +244,11 @@ TEST(MidiFilePlayback, ThePositionFollowsInPercentMinutesAndSeconds) {
 
 TEST(MidiFilePlayback, TimesBeyond32BitsCanBePlayedFrom) {
     MidiFileProgram p;
-    test::Bytes track;
+    Bytes track;
     for (int i = 0; i < 20; ++i)
         track = track + test::VarLen(0x0FFFFFFF) + NoteOffOf(1);
     track = track + test::VarLen(0) + NoteOnOf(60) + test::VarLen(20) + NoteOffOf(60);
-    const test::Bytes file = test::Header(0, 1, 500) + test::Track(track);
+    const Bytes file = test::Header(0, 1, 500) + test::Track(track);
     p.Open({file.begin(), file.end()});
     p.Form.sldPosition_Change(870);
     p.PlayAt(0);
@@ -267,8 +261,7 @@ TEST(MidiFilePlayback, ThePulsesGoToTheOutputThatIsInUse) {
     p.Open(TwoNotes);
     p.OpenMidiOut();
     p.PlayAt(0);
-    p.Time.RunUntil(100);
-    EXPECT_EQ(p.Timeline.Text("midi out"),
+    EXPECT_EQ(p.TonesUntil(100, "midi out"),
               "0.0020 midi out 90 3C 60\n"
               "0.0170 midi out 80 3C 00\n"
               "0.0170 midi out 90 3C 60\n"
@@ -320,4 +313,4 @@ TEST(MidiFilePlayback, AfterTheProgramIsClosedNoMoreTonesArePlayed) {
 }
 
 }  // namespace
-}  // namespace quavix
+}  // namespace quavix::test

@@ -31,10 +31,10 @@ struct MidiFileProgram : SimulatedProgram {
     void StopAt(double ms) {
         Time.At(ms, [this] { Form.cmdStop_Click(); });
     }
-    /// Runs to that time, and gives the tones since the last call.
-    std::string TonesUntil(double ms) {
+    /// Runs to this time, and returns the tones of an output since the last call.
+    std::string TonesUntil(double ms, const char* output = "speaker") {
         Time.RunUntil(ms);
-        const std::string tones = Timeline.Text("speaker");
+        const std::string tones = Timeline.Text(output);
         Timeline.Clear();
         return tones;
     }

@@ -4,18 +4,18 @@
 
 #include "midi/midi_file_program.h"
 
-namespace quavix {
+namespace quavix::test {
 namespace {
 
-using test::MidiFileProgram;
-using test::MidiSong;
-using test::NoteOffOf;
-using test::NoteOnOf;
-using test::SimulatedProgram;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
 constexpr const char* ControlFile = "/windows/system32/midifl32.ocx";
+
+/// The program with the control for MIDI files installed.
+struct InstalledProgram : SimulatedProgram {
+    InstalledProgram() { Disk.Put(ControlFile, "the control"); }
+};
 
 /// Without the blanks in front of the lines and without empty lines.
 std::string Unindented(const std::string& log) {
@@ -31,8 +31,7 @@ std::string Unindented(const std::string& log) {
 }
 
 TEST(MidiFileSwitch, TickingShowsTheWindowAndDisablesMidiInput) {
-    SimulatedProgram p;
-    p.Disk.Put(ControlFile, "the control");
+    InstalledProgram p;
     p.App.Log.Enable();
     p.App.Fields.Mods.UseMIDIFile.Ticked = true;
     EXPECT_TRUE(p.App.Playing.MidiFilePlayback.MIDIFileFormVisible);
@@ -132,8 +131,7 @@ TEST(MidiFileSwitch, UntickingWhileTheControlRegistersKeepsItOff) {
 }
 
 TEST(MidiFileSwitch, TickingItWhileMidiInputIsInstalledSwitchesMidiInputOff) {
-    SimulatedProgram p;
-    p.Disk.Put(ControlFile, "the control");
+    InstalledProgram p;
     p.Disk.Put("/program/midiio32.ocx", "the other control");
     p.MidiIn.Devices = {"Keyboard"};
     p.Time.At(50, [&] { p.App.Fields.Mods.UseMIDIFile.Ticked = true; });
@@ -161,8 +159,7 @@ TEST(MidiFileSwitch, TickingMidiInputWhileItIsInstalledSwitchesItOff) {
 }
 
 TEST(MidiFileSwitch, AFileOnTheCommandLineSwitchesMidiInputOff) {
-    SimulatedProgram p;
-    p.Disk.Put(ControlFile, "the control");
+    InstalledProgram p;
     p.Disk.Put("/windows/system32/midiio32.ocx", "the other control");
     p.MidiIn.Devices = {"Keyboard"};
     p.App.Fields.Mods.UseMIDIIn.Ticked = true;
@@ -204,4 +201,4 @@ TEST(MidiFileSwitch, AFileOnTheCommandLineIsNotOpenedIfTheModCannotBeSwitchedOn)
 }
 
 }  // namespace
-}  // namespace quavix
+}  // namespace quavix::test

@@ -47,16 +47,10 @@ TEST(MidiNotes, AnOverflowIsRaised) {
 }
 
 TEST(MidiNotes, ANumbersNoteStringHasItsOctave) {
-    EXPECT_EQ(MIDIToNoteString(0), "C0");
-    EXPECT_EQ(MIDIToNoteString(11), "B0");
-    EXPECT_EQ(MIDIToNoteString(12), "C1");
-    EXPECT_EQ(MIDIToNoteString(60), "C5");
-    EXPECT_EQ(MIDIToNoteString(69), "A5");
-    EXPECT_EQ(MIDIToNoteString(70), "A#5");
-    EXPECT_EQ(MIDIToNoteString(119), "B9");
-    EXPECT_EQ(MIDIToNoteString(120), "C10");
-    EXPECT_EQ(MIDIToNoteString(127), "G10");
-    EXPECT_EQ(MIDIToNoteString(131), "B10");
+    std::string notes;
+    for (const std::int32_t number : {0, 11, 12, 60, 69, 70, 119, 120, 127, 131})
+        notes += MIDIToNoteString(number) + " ";
+    EXPECT_EQ(notes, "C0 B0 C1 C5 A5 A#5 B9 C10 G10 B10 ");
 }
 
 TEST(MidiNotes, NegativeNumbersRoundTheirOctaveTowardsZero) {
@@ -77,15 +71,10 @@ TEST(MidiNotes, NumberAndNoteStringAreTheSameNote) {
 }
 
 TEST(MidiNotes, InstrumentsHaveTheirNames) {
-    EXPECT_EQ(MIDIInstrumentName(0), "Grand Piano");
     EXPECT_EQ(MIDIInstrumentName(3), "Honkey-Tonk");
     EXPECT_EQ(MIDIInstrumentName(21), "Accordian");
-    EXPECT_EQ(MIDIInstrumentName(43), "Contrabassoon");
     EXPECT_EQ(MIDIInstrumentName(44), "Tremelo Strings");
     EXPECT_EQ(MIDIInstrumentName(77), "Skakuhachi");
-    EXPECT_EQ(MIDIInstrumentName(87), "Lead 8 (Bass + Lead)");
-    EXPECT_EQ(MIDIInstrumentName(103), "Effect 8 (Sci-fi)");
-    EXPECT_EQ(MIDIInstrumentName(127), "Gunshot");
     std::string all;
     for (std::int32_t instrument = 0; instrument < 128; ++instrument)
         all += MIDIInstrumentName(instrument) + "\n";

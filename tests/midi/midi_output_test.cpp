@@ -14,10 +14,7 @@ namespace {
 
 class MidiOutputTest : public testing::Test {
   protected:
-    MidiOutputTest() {
-        P.Disk.Put("/windows/system32/midiio32.ocx", "module");
-        P.MidiOut.Devices = {"Keyboard", "Synthesizer"};
-    }
+    MidiOutputTest() { P.AttachMidiOutputs(); }
 
     void SwitchOn() {
         Fields.Mods.UseMIDIOut.Ticked = true;
@@ -27,8 +24,8 @@ class MidiOutputTest : public testing::Test {
     std::string Sent() const { return P.Timeline.Text("midi out"); }
 
     test::SimulatedProgram P;
-    MainFields& Fields = P.App.Fields;
     MidiOutput& Midi = P.App.Outputs.MidiOutput;
+    MainFields& Fields = P.App.Fields;
 };
 
 TEST_F(MidiOutputTest, TickingTheBoxShowsTheWindowListsTheDevicesAndOpensTheVirtualPort) {
@@ -192,8 +189,8 @@ TEST_F(MidiOutputTest, TheChosenInstrumentIsSentAtOnceAndAgainToEveryDeviceThatO
 TEST_F(MidiOutputTest, UntickingClosesTheDeviceAndHidesTheWindowAndTickingOpensTheChosenOneAgain) {
     SwitchOn();
     Midi.cmbMIDIOutDevice_Click(1);
-    P.Timeline.Clear();
     P.App.Log.Enable();
+    P.Timeline.Clear();
     Fields.Mods.UseMIDIOut.Ticked = false;
     EXPECT_FALSE(Fields.Mods.UseMIDIOut.InUse);
     EXPECT_FALSE(P.App.Outputs.MidiOutput.MIDIOutIsOpen);
@@ -208,8 +205,8 @@ TEST_F(MidiOutputTest, UntickingClosesTheDeviceAndHidesTheWindowAndTickingOpensT
 TEST_F(MidiOutputTest, ANoteOffForNoChannelGoesToTheCurrentOneAndIsLogged) {
     SwitchOn();
     Midi.cmbChannel_Click(2);
-    P.Timeline.Clear();
     P.App.Log.Enable();
+    P.Timeline.Clear();
     Midi.MIDINoteOff(60, 16);
     Midi.MIDINoteOff(61, -1);
     Midi.MIDINoteOff(62, 15);

@@ -13,14 +13,7 @@ namespace {
 class UsingFormTest : public testing::Test {
   protected:
     test::SimulatedProgram P;
-    std::string Held() const {
-        std::string text;
-        for (std::int32_t note = 0; note < HeldNotes::Count; ++note) {
-            if (Form.GetMIDINoteIsOn(note))
-                text += std::to_string(note) + " ";
-        }
-        return text;
-    }
+    std::string Held() const { return test::NotesHeldIn(Form); }
 
     test::CyclingForm Form{P.App.Handlers};
 };
@@ -32,22 +25,15 @@ TEST_F(UsingFormTest, ListensToAllChannelsAtFirst) {
 }
 
 TEST_F(UsingFormTest, ANoteOffReleasesTheNoteWhateverItsVelocity) {
-    Form.TakeMessage(0x90, 60, 100);
-    Form.TakeMessage(0x90, 61, 100);
-    Form.TakeMessage(0x80, 60, 127);
-    EXPECT_EQ(Held(), "61 ");
+    EXPECT_EQ(Form.HeldAfter({{0x90, 60, 100}, {0x90, 61, 100}, {0x80, 60, 127}}), "61 ");
 }
 
 TEST_F(UsingFormTest, ANoteOnOfVelocityZeroReleasesTheNoteLikeANoteOff) {
-    Form.TakeMessage(0x93, 60, 100);
-    Form.TakeMessage(0x93, 60, 0);
-    EXPECT_EQ(Held(), "");
+    EXPECT_EQ(Form.HeldAfter({{0x93, 60, 100}, {0x93, 60, 0}}), "");
 }
 
 TEST_F(UsingFormTest, ANoteIsReleasedOnWhicheverChannelItWasPressed) {
-    Form.TakeMessage(0x90, 60, 100);
-    Form.TakeMessage(0x8F, 60, 0);
-    EXPECT_EQ(Held(), "");
+    EXPECT_EQ(Form.HeldAfter({{0x90, 60, 100}, {0x8F, 60, 0}}), "");
 }
 
 TEST_F(UsingFormTest, AllOtherMessagesAreIgnored) {
@@ -64,12 +50,8 @@ TEST_F(UsingFormTest, AllOtherMessagesAreIgnored) {
 
 TEST_F(UsingFormTest, MessagesOnAnUntickedChannelChangeNothing) {
     Form.ListenChannelCheck[9] = false;
-    Form.TakeMessage(0x99, 60, 100);
-    EXPECT_EQ(Held(), "");
-    Form.TakeMessage(0x90, 60, 100);
-    Form.TakeMessage(0x89, 60, 0);
-    Form.TakeMessage(0x99, 60, 0);
-    EXPECT_EQ(Held(), "60 ");
+    EXPECT_EQ(Form.HeldAfter({{0x99, 60, 100}}), "");
+    EXPECT_EQ(Form.HeldAfter({{0x90, 60, 100}, {0x89, 60, 0}, {0x99, 60, 0}}), "60 ");
 }
 
 TEST_F(UsingFormTest, UntickingAnyChannelReleasesEveryHeldNote) {

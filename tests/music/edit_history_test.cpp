@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "music/edit_history.h"
 
+#include <functional>
+#include <iterator>
 #include <numeric>
 #include <random>
 
@@ -332,7 +334,7 @@ TEST_F(EditHistoryTest, TheOldestStepsAreForgottenBeforeTheyFillTheMemory) {
     EXPECT_TRUE(App.Editing.EditHistory.Modified) << "the way back to the start is forgotten";
 }
 
-/// What the song and its selection are, and whatever else undo restores.
+/// Returns all that undo restores: the song and its selection.
 std::string StateOf(const SimulatedProgram& program) {
     return program.SongText() + std::to_string(program.App.List.SelectedItem());
 }
@@ -351,61 +353,43 @@ void DoAnything(SimulatedProgram& program, std::mt19937& random) {
         }
         return rows;
     };
-    switch (below(16)) {
-        case 0:
-        case 1:
-        case 2:
-            app.Playing.PianoKeys.PianoKey_Click(below(36));
-            break;
-        case 3:
-            app.Editing.ListEditing.ClearNote1Button_Click();
-            break;
-        case 4:
-            app.Editing.ListEditing.ClearNote2Button_Click();
-            break;
-        case 5:
-            app.Editing.ListEditing.Command1_Click();
-            break;
-        case 6:
-            app.Editing.ListEditing.SilentLineButton_Click();
-            break;
-        case 7:
-            app.Fields.Entry.ModDottedCheck = !app.Fields.Entry.ModDottedCheck;
-            break;
-        case 8:
-            app.Fields.Entry.ModTripletCheck = !app.Fields.Entry.ModTripletCheck;
-            break;
-        case 9:
-            app.Fields.Entry.NoteReplaceCheck = !app.Fields.Entry.NoteReplaceCheck;
-            app.Fields.Entry.NoteLengthReplaceCheck = below(2) == 0;
-            app.Fields.Entry.NoteLengthCombo = below(5);
-            break;
-        case 10:
-            app.Editing.LineClipboard.CopyLines();
-            break;
-        case 11:
-            app.Editing.LineClipboard.CutLines();
-            break;
-        case 12:
-            app.Editing.LineClipboard.PasteLines();
-            break;
-        case 13:
-            if (app.List.Count() < 200)
-                app.Editing.LineClipboard.DuplicateLines();
-            break;
-        case 14:
-            app.Editing.LineClipboard.EraseLines();
-            break;
-        default: {
-            const std::vector<std::int32_t> rows = anyRows();
-            const bool several = below(3) == 0;
-            if (several)
-                app.List.SetSelection(rows.empty() ? -1 : rows[random() % rows.size()], rows);
-            else if (app.List.Count() > 0)
-                app.List.Select(1 + below(app.List.Count()));
-            break;
-        }
-    }
+    const auto selectAnything = [&] {
+        const std::vector<std::int32_t> rows = anyRows();
+        const bool several = below(3) == 0;
+        if (several)
+            app.List.SetSelection(rows.empty() ? -1 : rows[random() % rows.size()], rows);
+        else if (app.List.Count() > 0)
+            app.List.Select(1 + below(app.List.Count()));
+    };
+    const auto changeOptions = [&] {
+        app.Fields.Entry.NoteReplaceCheck = !app.Fields.Entry.NoteReplaceCheck;
+        app.Fields.Entry.NoteLengthReplaceCheck = below(2) == 0;
+        app.Fields.Entry.NoteLengthCombo = below(5);
+    };
+    const auto duplicate = [&] {
+        if (app.List.Count() < 200)
+            app.Editing.LineClipboard.DuplicateLines();
+    };
+    const auto enterNote = [&] { app.Playing.PianoKeys.PianoKey_Click(below(36)); };
+    const std::function<void()> edits[] = {
+        enterNote,
+        enterNote,
+        enterNote,
+        [&] { app.Editing.ListEditing.ClearNote1Button_Click(); },
+        [&] { app.Editing.ListEditing.ClearNote2Button_Click(); },
+        [&] { app.Editing.ListEditing.Command1_Click(); },
+        [&] { app.Editing.ListEditing.SilentLineButton_Click(); },
+        [&] { app.Fields.Entry.ModDottedCheck = !app.Fields.Entry.ModDottedCheck; },
+        [&] { app.Fields.Entry.ModTripletCheck = !app.Fields.Entry.ModTripletCheck; },
+        changeOptions,
+        [&] { app.Editing.LineClipboard.CopyLines(); },
+        [&] { app.Editing.LineClipboard.CutLines(); },
+        [&] { app.Editing.LineClipboard.PasteLines(); },
+        duplicate,
+        [&] { app.Editing.LineClipboard.EraseLines(); },
+        selectAnything,
+    };
+    edits[below(static_cast<std::int32_t>(std::size(edits)))]();
 }
 
 TEST(EditHistoryOfAnything, UndoesToTheStartAndRedoesToTheEnd) {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "music/list_editing.h"
 
+#include <tuple>
+
 #include <gtest/gtest.h>
 
 #include "support/simulated_program.h"
@@ -19,6 +21,13 @@ struct ListEditingTest : testing::Test, SimulatedProgram {
               fields.Entry.NoteReplaceCheckEnabled.Get(), fields.Entry.NoteLengthReplaceCheckEnabled.Get()})
             text += enabled ? "1" : "0";
         return text;
+    }
+    /// Undoes so many steps, which has to be all, and returns the song.
+    std::string SongAfterUndoing(int steps) {
+        for (int i = 0; i < steps; ++i)
+            App.Editing.EditHistory.Undo();
+        EXPECT_FALSE(App.Editing.EditHistory.CanUndo);
+        return SongText();
     }
 
     const std::string Start = "Whole C4 E4 Dot\nHalf D4 F4 -\nQuarter E4 - Tri\n1/8 F4 - -\n";
@@ -110,18 +119,14 @@ TEST_F(ListEditingTest, DottedWhileTripletIsTickedLeavesDotted) {
 
 TEST_F(ListEditingTest, TheOptionsOfEnteringNotesAreAvailableWithIt) {
     EXPECT_EQ(Enabled(), "1110") << "as the program starts";
-    App.Fields.Entry.NoteClickAddCheck = false;
-    EXPECT_EQ(Enabled(), "0000");
-    App.Fields.Entry.NoteClickAddCheck = true;
-    EXPECT_EQ(Enabled(), "1110");
-    App.Fields.Entry.NoteReplaceCheck = true;
-    EXPECT_EQ(Enabled(), "1111");
-    App.Fields.Entry.NoteClickAddCheck = false;
-    EXPECT_EQ(Enabled(), "0000");
-    App.Fields.Entry.NoteClickAddCheck = true;
-    EXPECT_EQ(Enabled(), "1111");
-    App.Fields.Entry.NoteReplaceCheck = false;
-    EXPECT_EQ(Enabled(), "1110");
+    const std::tuple<bool, bool, const char*> steps[] = {{false, false, "0000"}, {true, false, "1110"},
+                                                         {true, true, "1111"},   {false, true, "0000"},
+                                                         {true, true, "1111"},   {true, false, "1110"}};
+    for (const auto& [add, replace, enabled] : steps) {
+        App.Fields.Entry.NoteClickAddCheck = add;
+        App.Fields.Entry.NoteReplaceCheck = replace;
+        EXPECT_EQ(Enabled(), enabled) << add << replace;
+    }
 }
 
 TEST_F(ListEditingTest, ASongThatSwitchesNoteEntryOffGreysItsOptions) {
@@ -157,9 +162,7 @@ TEST_F(ListEditingTest, WithSeveralLinesSelectedEraseWholeLineErasesAllInOneStep
     App.Editing.ListEditing.Command1_Click();
     EXPECT_EQ(SongText(), "Half D4 F4 -\n> 1/8 F4 - -\n");
     EXPECT_EQ(App.Editing.EditHistory.UndoText.Get(), "Undo Erase lines");
-    App.Editing.EditHistory.Undo();
-    EXPECT_EQ(SongText(), "> Whole C4 E4 Dot\nHalf D4 F4 -\n> Quarter E4 - Tri\n1/8 F4 - -\n");
-    EXPECT_FALSE(App.Editing.EditHistory.CanUndo);
+    EXPECT_EQ(SongAfterUndoing(1), "> Whole C4 E4 Dot\nHalf D4 F4 -\n> Quarter E4 - Tri\n1/8 F4 - -\n");
 }
 
 TEST_F(ListEditingTest, WithSeveralLinesSelectedClearingMeansAllInOneStep) {
@@ -168,10 +171,7 @@ TEST_F(ListEditingTest, WithSeveralLinesSelectedClearingMeansAllInOneStep) {
     EXPECT_EQ(SongText(), "> Whole - E4 Dot\n> Half - F4 -\nQuarter E4 - Tri\n1/8 F4 - -\n");
     App.Editing.ListEditing.ClearNote2Button_Click();
     EXPECT_EQ(SongText(), "> Whole - - Dot\n> Half - - -\nQuarter E4 - Tri\n1/8 F4 - -\n");
-    App.Editing.EditHistory.Undo();
-    App.Editing.EditHistory.Undo();
-    EXPECT_EQ(SongText(), "> Whole C4 E4 Dot\n> Half D4 F4 -\nQuarter E4 - Tri\n1/8 F4 - -\n");
-    EXPECT_FALSE(App.Editing.EditHistory.CanUndo);
+    EXPECT_EQ(SongAfterUndoing(2), "> Whole C4 E4 Dot\n> Half D4 F4 -\nQuarter E4 - Tri\n1/8 F4 - -\n");
 }
 
 TEST_F(ListEditingTest, WithSeveralLinesSelectedTheModifierIsGivenToAllInOneStep) {
@@ -180,10 +180,7 @@ TEST_F(ListEditingTest, WithSeveralLinesSelectedTheModifierIsGivenToAllInOneStep
     EXPECT_EQ(SongText(), "Whole C4 E4 Dot\n> Half D4 F4 Dot\n> Quarter E4 - Dot\n1/8 F4 - -\n");
     App.Fields.Entry.ModTripletCheck = true;
     EXPECT_EQ(SongText(), "Whole C4 E4 Dot\n> Half D4 F4 Tri\n> Quarter E4 - Tri\n1/8 F4 - -\n");
-    App.Editing.EditHistory.Undo();
-    App.Editing.EditHistory.Undo();
-    EXPECT_EQ(SongText(), "Whole C4 E4 Dot\n> Half D4 F4 -\n> Quarter E4 - Tri\n1/8 F4 - -\n");
-    EXPECT_FALSE(App.Editing.EditHistory.CanUndo);
+    EXPECT_EQ(SongAfterUndoing(2), "Whole C4 E4 Dot\n> Half D4 F4 -\n> Quarter E4 - Tri\n1/8 F4 - -\n");
 }
 
 TEST_F(ListEditingTest, WithSeveralLinesSelectedABlankLineComesBeforeTheSelectedItemWhichAloneStaysSelected) {

@@ -102,13 +102,10 @@ TEST_F(NotesTest, ForTheMotorTheOctaveMovesTowardsItsRange) {
 }
 
 TEST(Lengths, TheFiveChoicesHaveTheirTexts) {
-    EXPECT_EQ(GetLengthAsWritten(0), "Whole");
-    EXPECT_EQ(GetLengthAsWritten(1), "Half");
-    EXPECT_EQ(GetLengthAsWritten(2), "Quarter");
-    EXPECT_EQ(GetLengthAsWritten(3), "1/8");
-    EXPECT_EQ(GetLengthAsWritten(4), "1/16");
-    EXPECT_EQ(GetLengthAsWritten(5), "");
-    EXPECT_EQ(GetLengthAsWritten(-1), "");
+    std::string lengths;
+    for (std::int32_t choice = -1; choice <= 5; ++choice)
+        lengths += std::string(GetLengthAsWritten(choice)) + "|";
+    EXPECT_EQ(lengths, "|Whole|Half|Quarter|1/8|1/16||");
 }
 
 double EquivalentLength(const char* length, std::string mod) {

@@ -101,9 +101,11 @@ TEST(Setting, TheRatioLabelHasAtLeastTwoDigits) {
 
 TEST(Setting, TheTimeSignatureSliderSetsTheBeatsPerBar) {
     Setting beats(parameter::TimeSig);
-    beats.Set(3);
-    EXPECT_EQ(beats, 3);
-    EXPECT_EQ(beats.Text(), "3");
+    for (const std::int32_t number : {3, 7}) {
+        beats.Set(number);
+        EXPECT_EQ(beats, number);
+        EXPECT_EQ(beats.Text(), std::to_string(number));
+    }
 }
 
 /// A text with one more letter, one fewer, or quite another one.

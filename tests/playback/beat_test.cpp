@@ -4,16 +4,14 @@
 #include <gtest/gtest.h>
 
 #include "support/recorded_playback.h"
+#include "support/shown_dialogs.h"
 
 namespace quavix {
 namespace {
 
 class BeatTest : public testing::Test {
   protected:
-    BeatTest() {
-        Fields.Song.BPM.Set(120);
-        Fields.Song.NoteSilenceRatio.Set(50);
-    }
+    BeatTest() { P.SetTempo(120, 50); }
 
     void PlayAllOnce() {
         P.App.Playing.PlaybackEngine.OnRangeEnd = [this] {
@@ -132,16 +130,16 @@ TEST_F(BeatTest, TickingItUnderDoNotUpdateAsksAndUnticksDoNotUpdate) {
     P.App.Editing.PositionDisplay.NoUpdateCheck_Click();
     P.Boxes.AnswerNext(BoxAnswer::Yes);
     Fields.Mods.UseBeat.Ticked = true;
-    ASSERT_EQ(P.Boxes.Shown().size(), 1U);
-    const MessageBox& box = P.Boxes.Shown()[0];
-    EXPECT_EQ(box.Title, "Info about playing a beat sound");
-    EXPECT_EQ(box.Text,
-              "This requires the green position indicators to be updated during playback. However, this can "
-              "use a LOT of CPU power and cause music to skip or stutter. Currently, 'Do not update' (in the "
-              "bottom-right corner) is ticked to prevent the position from being updated during playback."
-              "\r\n\r\nUn-tick it?");
-    EXPECT_EQ(box.Icon, BoxIcon::Question);
-    EXPECT_EQ(box.Buttons, BoxButtons::YesNo);
+    test::ExpectOnlyBox(
+        P.Boxes,
+        {.Title = "Info about playing a beat sound",
+         .Text =
+             "This requires the green position indicators to be updated during playback. However, this can "
+             "use a LOT of CPU power and cause music to skip or stutter. Currently, 'Do not update' (in the "
+             "bottom-right corner) is ticked to prevent the position from being updated during playback."
+             "\r\n\r\nUn-tick it?",
+         .Icon = BoxIcon::Question,
+         .Buttons = BoxButtons::YesNo});
     EXPECT_FALSE(P.App.Editing.PositionDisplay.NoUpdateCheck);
     EXPECT_TRUE(Fields.Mods.UseBeat.InUse);
     EXPECT_EQ(P.LogText(),

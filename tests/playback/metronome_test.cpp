@@ -16,6 +16,17 @@ class MetronomeTest : public testing::Test {
   protected:
     MetronomeTest() { Fields.Song.BPM.Set(120); }
 
+    /// Starts the metronome and returns the tones until it ends. Expects that its button is disabled at this
+    /// time, because the two can't have the thread at once, and enabled at the end.
+    std::string TonesOfOneDisabledAt(double ms) {
+        bool enabledDuring = true;
+        P.Time.At(ms, [&] { enabledDuring = P.App.Playing.Metronome.MetronomeButtonEnabled; });
+        P.App.Playing.Metronome.MetronomeButton_Click();
+        EXPECT_FALSE(enabledDuring);
+        EXPECT_TRUE(P.App.Playing.Metronome.MetronomeButtonEnabled);
+        return Tones();
+    }
+
     /// Runs from a click now to one at `offMs`.
     void ClickUntil(double offMs) {
         P.Time.At(offMs, [this] { P.App.Playing.Metronome.MetronomeButton_Click(); });
@@ -146,14 +157,9 @@ TEST_F(MetronomeTest, SwitchedOffAndOnWithoutEndItClicksOn) {
 TEST_F(MetronomeTest, PlayAllSwitchesItOffFirst) {
     P.SetSong({"Quarter A4 - -"});
     P.App.Playing.PlaybackEngine.OnRangeEnd = [this] { P.App.Playing.PlaybackEngine.StopPlayButton_Click(); };
-    bool enabledDuring = true;
     P.Time.At(700, [this] { P.App.Playing.PlaybackEngine.PlayAllButton_Click(); });
-    P.Time.At(1180, [&] { enabledDuring = P.App.Playing.Metronome.MetronomeButtonEnabled; });
-    P.App.Playing.Metronome.MetronomeButton_Click();
-    EXPECT_EQ(Tones(),
+    EXPECT_EQ(TonesOfOneDisabledAt(1180),
               "0.0000 speaker 1000 Hz 20 ms\n0.5000 speaker 500 Hz 20 ms\n0.7000 speaker 440 Hz 450 ms\n");
-    EXPECT_FALSE(enabledDuring) << "the two can't have the thread at once";
-    EXPECT_TRUE(P.App.Playing.Metronome.MetronomeButtonEnabled);
     EXPECT_FALSE(P.App.Playing.Metronome.MetronomeIsOn);
 }
 
@@ -163,14 +169,9 @@ TEST_F(MetronomeTest, WaitingForTheSynchronizedStartSwitchesItOffAtOnce) {
     P.App.Playing.SynchroPlay.txtHour.Type("12");
     P.App.Playing.SynchroPlay.txtMinute.Type("0");
     P.App.Playing.SynchroPlay.txtSecond.Type("2");
-    bool enabledDuring = true;
     P.Time.At(700, [this] { P.App.Playing.SynchroPlay.btnWait_Click(); });
-    P.Time.At(1500, [&] { enabledDuring = P.App.Playing.Metronome.MetronomeButtonEnabled; });
-    P.App.Playing.Metronome.MetronomeButton_Click();
-    EXPECT_EQ(Tones(),
+    EXPECT_EQ(TonesOfOneDisabledAt(1500),
               "0.0000 speaker 1000 Hz 20 ms\n0.5000 speaker 500 Hz 20 ms\n2.0000 speaker 440 Hz 450 ms\n");
-    EXPECT_FALSE(enabledDuring);
-    EXPECT_TRUE(P.App.Playing.Metronome.MetronomeButtonEnabled);
 }
 
 TEST_F(MetronomeTest, StoppingTheWaitEnablesTheButton) {

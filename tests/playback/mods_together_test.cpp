@@ -10,8 +10,7 @@ namespace {
 class ModsTogetherTest : public testing::Test {
   protected:
     ModsTogetherTest() {
-        Fields.Song.BPM.Set(120);
-        Fields.Song.NoteSilenceRatio.Set(50);
+        P.SetTempo(120, 50);
         App.Outputs.PitchGlide.Fields.PitchMultipleSlider = 5000;
     }
 

@@ -20,8 +20,10 @@ class PitchGlideTest : public testing::Test {
         P.Time.RunUntil(ms);
         P.App.Outputs.PitchGlide.Sound(Tone::OfFrequency(frequency, 0));
     }
-    /// The chunks of tone in between, "start:frequency " each, and checks that each lasts 30 ms.
-    std::string Chunks() {
+    /// Runs to this time and returns the chunks of tone since the last time, "start:frequency " each. Expects
+    /// that each lasts 30 ms.
+    std::string ChunksUntil(double ms) {
+        P.Time.RunUntil(ms);
         std::string chunks;
         std::istringstream lines(P.Timeline.Text("speaker"));
         for (std::string line; std::getline(lines, line);) {
@@ -45,15 +47,13 @@ TEST_F(PitchGlideTest, EachChunkCoversAShareOfTheDistanceAndFollowsWithoutAGap) 
     SoundAlways();
     NoteAt(0, 440);
     NoteAt(20, 880);  // in the middle of the first chunk
-    P.Time.RunUntil(150);
-    EXPECT_EQ(Chunks(), "15:440 45:440 75:660 105:770 135:825 165:852 ")
+    EXPECT_EQ(ChunksUntil(150), "15:440 45:440 75:660 105:770 135:825 165:852 ")
         << "852.5 is rounded to the even number";
 }
 
 TEST_F(PitchGlideTest, TheFirstNoteStartsAtItsPitch) {
     NoteAt(100, 880);
-    P.Time.RunUntil(160);
-    EXPECT_EQ(Chunks(), "115:880 145:880 175:880 ");
+    EXPECT_EQ(ChunksUntil(160), "115:880 145:880 175:880 ");
 }
 
 TEST_F(PitchGlideTest, EachGlideStartsWhereTheLastOneStopped) {
@@ -61,19 +61,16 @@ TEST_F(PitchGlideTest, EachGlideStartsWhereTheLastOneStopped) {
     NoteAt(0, 400);
     NoteAt(1000, 800);
     NoteAt(2000, 100);
-    P.Time.RunUntil(3000);
-    EXPECT_EQ(Chunks(), "15:400 45:400 1015:400 1045:600 2015:700 2045:400 ");
+    EXPECT_EQ(ChunksUntil(3000), "15:400 45:400 1015:400 1045:600 2015:700 2045:400 ");
 }
 
 TEST_F(PitchGlideTest, ADistanceOfExactlyFiveHertzFreezesThePitch) {
     SoundAlways();
     NoteAt(0, 440);
     NoteAt(20, 445);
-    P.Time.RunUntil(150);
-    EXPECT_EQ(Chunks(), "15:440 45:440 75:440 105:440 135:440 165:440 ");
+    EXPECT_EQ(ChunksUntil(150), "15:440 45:440 75:440 105:440 135:440 165:440 ");
     NoteAt(170, 450);
-    P.Time.RunUntil(250);
-    EXPECT_EQ(Chunks(), "195:440 225:445 255:445 ") << "five short again";
+    EXPECT_EQ(ChunksUntil(250), "195:440 225:445 255:445 ") << "five short again";
 }
 
 TEST_F(PitchGlideTest, AtFiveHertzAboveTheTargetTheGlideGoesOn) {
@@ -81,19 +78,16 @@ TEST_F(PitchGlideTest, AtFiveHertzAboveTheTargetTheGlideGoesOn) {
     Glide.PitchMultipleSlider = 10000;
     NoteAt(0, 445);
     NoteAt(20, 440);
-    P.Time.RunUntil(100);
-    EXPECT_EQ(Chunks(), "15:445 45:445 75:440 105:440 ");
+    EXPECT_EQ(ChunksUntil(100), "15:445 45:445 75:440 105:440 ");
 }
 
 TEST_F(PitchGlideTest, TheSoundStopsTheSlidersTimeAfterTheLastNote) {
     Glide.SoundLengthSlider = 100;
     NoteAt(0, 440);
-    P.Time.RunUntil(1000);
-    EXPECT_EQ(Chunks(), "15:440 45:440 75:440 105:440 ");
+    EXPECT_EQ(ChunksUntil(1000), "15:440 45:440 75:440 105:440 ");
     NoteAt(1000, 440);
     NoteAt(1080, 440);  // restarts the countdown, to 1180
-    P.Time.RunUntil(2000);
-    EXPECT_EQ(Chunks(), "1015:440 1045:440 1075:440 1105:440 1135:440 1165:440 1195:440 ");
+    EXPECT_EQ(ChunksUntil(2000), "1015:440 1045:440 1075:440 1105:440 1135:440 1165:440 1195:440 ");
 }
 
 TEST_F(PitchGlideTest, MovingTheSliderCountsTheNewTimeFromThatMoment) {
@@ -101,23 +95,19 @@ TEST_F(PitchGlideTest, MovingTheSliderCountsTheNewTimeFromThatMoment) {
     NoteAt(0, 440);
     P.Time.RunUntil(60);
     Glide.SoundLengthSlider = 40;
-    P.Time.RunUntil(1000);
-    EXPECT_EQ(Chunks(), "15:440 45:440 75:440 105:440 135:440 ")
+    EXPECT_EQ(ChunksUntil(1000), "15:440 45:440 75:440 105:440 135:440 ")
         << "the slider moved at the end of a chunk, at 75";
     Glide.SoundLengthSlider = 30;
-    P.Time.RunUntil(2000);
-    EXPECT_EQ(Chunks(), "") << "moved in silence, it starts nothing";
+    EXPECT_EQ(ChunksUntil(2000), "") << "moved in silence, it starts nothing";
 }
 
 TEST_F(PitchGlideTest, WithAlwaysSoundingItGoesOnUntilTheOptionIsChanged) {
     SoundAlways();
     NoteAt(0, 440);
-    P.Time.RunUntil(5000);
-    EXPECT_TRUE(Chunks().ends_with("4965:440 4995:440 "));
+    EXPECT_TRUE(ChunksUntil(5000).ends_with("4965:440 4995:440 "));
     Glide.optSoundAlways = false;
     Glide.optSoundStops = true;
-    P.Time.RunUntil(6000);
-    EXPECT_EQ(Chunks(), "");
+    EXPECT_EQ(ChunksUntil(6000), "");
 }
 
 TEST_F(PitchGlideTest, ChoosingAlwaysSoundingDuringTheRunOutSoundsOn) {
@@ -125,14 +115,12 @@ TEST_F(PitchGlideTest, ChoosingAlwaysSoundingDuringTheRunOutSoundsOn) {
     NoteAt(0, 440);
     P.Time.RunUntil(50);
     SoundAlways();
-    P.Time.RunUntil(500);
-    EXPECT_TRUE(Chunks().ends_with("435:440 465:440 495:440 "));
+    EXPECT_TRUE(ChunksUntil(500).ends_with("435:440 465:440 495:440 "));
 }
 
 TEST_F(PitchGlideTest, AlwaysSoundingIsSilentBeforeTheFirstNote) {
     SoundAlways();
-    P.Time.RunUntil(1000);
-    EXPECT_EQ(Chunks(), "");
+    EXPECT_EQ(ChunksUntil(1000), "");
 }
 
 TEST_F(PitchGlideTest, UntickingSilencesItAndTickingAgainSoundsAsTheOptionSays) {
@@ -141,18 +129,15 @@ TEST_F(PitchGlideTest, UntickingSilencesItAndTickingAgainSoundsAsTheOptionSays) 
     P.Time.RunUntil(100);
     P.App.Fields.Mods.UsePorta.Ticked = false;
     EXPECT_FALSE(P.App.Fields.Mods.UsePorta.InUse);
-    Chunks();
-    P.Time.RunUntil(1000);
-    EXPECT_EQ(Chunks(), "");
+    ChunksUntil(100);
+    EXPECT_EQ(ChunksUntil(1000), "");
     P.App.Fields.Mods.UsePorta.Ticked = true;
-    P.Time.RunUntil(1050);
-    EXPECT_EQ(Chunks(), "1015:440 1045:440 ");
+    EXPECT_EQ(ChunksUntil(1050), "1015:440 1045:440 ");
     P.App.Fields.Mods.UsePorta.Ticked = false;
     Glide.optSoundAlways = false;
     Glide.optSoundStops = true;
     P.App.Fields.Mods.UsePorta.Ticked = true;
-    P.Time.RunUntil(2000);
-    EXPECT_EQ(Chunks(), "");
+    EXPECT_EQ(ChunksUntil(2000), "");
 }
 
 TEST_F(PitchGlideTest, TheSlidersShowTheirValues) {
@@ -171,8 +156,7 @@ TEST_F(PitchGlideTest, NotesGlideOnlyWhileItIsTicked) {
     P.App.Log.Enable();
     std::string note = "A4";
     P.App.Outputs.ToneDispatcher.UniBeep(note, 100);
-    P.Time.RunUntil(30);
-    EXPECT_EQ(Chunks(), "15:440 45:440 ");
+    EXPECT_EQ(ChunksUntil(30), "15:440 45:440 ");
     P.App.Fields.Mods.UsePorta.Ticked = false;
     P.App.Outputs.ToneDispatcher.UniBeep(note, 100);
     EXPECT_EQ(P.Timeline.Text("speaker"), "0.0750 speaker 440 Hz 100 ms\n");

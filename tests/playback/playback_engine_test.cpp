@@ -11,10 +11,7 @@ namespace {
 
 class PlaybackTest : public testing::Test {
   protected:
-    PlaybackTest() {
-        Fields.Song.BPM.Set(120);
-        Fields.Song.NoteSilenceRatio.Set(50);
-    }
+    PlaybackTest() { P.SetTempo(120, 50); }
 
     /// Plays all until the range has ended `passes` times.
     void PlayAll(int passes = 1) {
@@ -28,6 +25,16 @@ class PlaybackTest : public testing::Test {
         P.Time.At(ms, [this] { Playback.StopPlayButton_Click(); });
     }
     std::string Tones() const { return P.Timeline.Text("speaker"); }
+    void SetAlternation(std::int32_t stepMs, std::int32_t ratio) {
+        Fields.Song.AlternateTime.Set(stepMs);
+        Fields.Song.NoteSilenceRatio.Set(ratio);
+    }
+    /// Plays this song once, and returns all tones so far.
+    std::string TonesOf(std::initializer_list<const char*> song) {
+        P.SetSong(song);
+        PlayAll();
+        return Tones();
+    }
 
     test::SimulatedProgram P;
     MainFields& Fields = P.App.Fields;
@@ -36,19 +43,17 @@ class PlaybackTest : public testing::Test {
 };
 
 TEST_F(PlaybackTest, AtHalfTheRatioAToneLastsHalfItsLine) {
-    P.SetSong({"Quarter A4 - -", "Quarter A4 - -"});
-    PlayAll();
-    EXPECT_EQ(Tones(), "0.0000 speaker 440 Hz 250 ms\n0.5050 speaker 440 Hz 245 ms\n")
+    EXPECT_EQ(TonesOf({"Quarter A4 - -", "Quarter A4 - -"}),
+              "0.0000 speaker 440 Hz 250 ms\n0.5050 speaker 440 Hz 245 ms\n")
         << "the second starts at the end of a waiting slice, and its end stays on the timetable";
 }
 
 TEST_F(PlaybackTest, ALineOfOneNotePlaysItAlone) {
-    P.SetSong({"Quarter C4 - -", "Quarter - A4 -"});
-    PlayAll();
-    EXPECT_EQ(Tones(), "0.0000 speaker 262 Hz 250 ms\n0.5050 speaker 440 Hz 245 ms\n");
+    EXPECT_EQ(TonesOf({"Quarter C4 - -", "Quarter - A4 -"}),
+              "0.0000 speaker 262 Hz 250 ms\n0.5050 speaker 440 Hz 245 ms\n");
 }
 
-TEST_F(PlaybackTest, OfTwoNotesOnlyTheOneThatIsTickedSounds) {
+TEST_F(PlaybackTest, OnlyTheTickedOneOfTwoNotesSounds) {
     P.SetSong({"Quarter C4 A4 -"});
     Fields.Song.PlayNote1Check = false;
     PlayAll();
@@ -109,8 +114,7 @@ TEST_F(PlaybackTest, AtRatio100TheStepKeepsItsLastValueInTheCall) {
 TEST_F(PlaybackTest, AlternatingNotesOfAGlideTakeTheirTimeToo) {
     P.SetSong({"1/8 C4 A4 -"});
     Fields.Mods.UsePorta.InUse = true;
-    Fields.Song.AlternateTime.Set(50);
-    Fields.Song.NoteSilenceRatio.Set(70);
+    SetAlternation(50, 70);
     PlayAll();
     EXPECT_EQ(P.Timeline.Text("portamento 2"), "0.0000 portamento 262 Hz\n0.1000 portamento 262 Hz\n");
     EXPECT_EQ(P.Timeline.Text("portamento 4"), "0.0500 portamento 440 Hz\n");
@@ -119,8 +123,7 @@ TEST_F(PlaybackTest, AlternatingNotesOfAGlideTakeTheirTimeToo) {
 TEST_F(PlaybackTest, AlternatingTonesKeepSoundingOnlyWhileAnotherFollows) {
     P.SetSong({"1/8 C4 A4 -"});
     Fields.Mods.UseFMOD.InUse = true;
-    Fields.Song.AlternateTime.Set(50);
-    Fields.Song.NoteSilenceRatio.Set(70);
+    SetAlternation(50, 70);
     PlayAll();
     // It is paused after the last one, and once more at the end of playback.
     EXPECT_EQ(P.Timeline.Text("fmod FMOD_Channel_SetPaused"),
@@ -411,9 +414,7 @@ TEST_F(PlaybackTest, ALogThatFailsInTheMiddleLeavesTheButtonsUsable) {
 }
 
 TEST_F(PlaybackTest, LinesOfUnknownLengthTakeNoTime) {
-    P.SetSong({"Long C4 - -", "1/8 A4 - -"});
-    PlayAll();
-    EXPECT_EQ(Tones(), "0.0000 speaker 440 Hz 125 ms\n");
+    EXPECT_EQ(TonesOf({"Long C4 - -", "1/8 A4 - -"}), "0.0000 speaker 440 Hz 125 ms\n");
 }
 
 TEST_F(PlaybackTest, ASongWithoutAnyTimeCanStillBeStopped) {
@@ -495,15 +496,16 @@ TEST_F(PlaybackTest, WritesTheToneCodeOfTonesAndWaits) {
     P.SetSong({"1/16 C4 - -"});
     P.App.Outputs.ToneCode.UseWriteCode = true;
     PlayAll();
-    EXPECT_EQ(P.Disk.Content("/program/tonecode.txt"),
-              "Beep         262,   62.5     'C4\r\nMsgWaitObj            15\r\nMsgWaitObj            15\r\n"
-              "MsgWaitObj            15\r\nMsgWaitObj            15\r\nMsgWaitObj            15\r\n");
+    std::string code = "Beep         262,   62.5     'C4\r\n";
+    for (int slice = 0; slice < 5; ++slice)
+        code += "MsgWaitObj            15\r\n";
+    EXPECT_EQ(P.Disk.Content("/program/tonecode.txt"), code);
 }
 
 TEST_F(PlaybackTest, LogsAPlaybackLineByLine) {
     P.SetSong({"1/16 C4 A4 -"});
-    Fields.Song.AlternateTime.Set(40);
     P.App.Log.Enable();
+    Fields.Song.AlternateTime.Set(40);
     PlayAll();
     EXPECT_EQ(P.LogText(),
               "    PlayMusic() - START\n"

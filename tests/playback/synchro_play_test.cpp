@@ -33,6 +33,13 @@ class SynchroTest : public testing::Test {
         });
         Synchro.btnWait_Click();
     }
+    /// Waits, and returns the tones until nothing waits or plays any more.
+    std::string TonesUntilIdle() {
+        Synchro.btnWait_Click();
+        P.Time.RunUntil(20'000);
+        EXPECT_EQ(Shown(), Idle);
+        return Tones();
+    }
     std::string Tones() const { return P.Timeline.Text("speaker"); }
     std::string Shown() const {
         return Synchro.lblWaiting.Get() + ", " + std::to_string(Synchro.lblWaitingBackColor.Get()) + ", " +
@@ -155,10 +162,7 @@ TEST_F(SynchroTest, StoppingAndStartingAgainWaitsForTheNewTimeOnly) {
         Synchro.btnWait_Click();
     });
     P.Time.At(5'100, [&] { P.App.Playing.PlaybackEngine.StopPlayButton_Click(); });
-    Synchro.btnWait_Click();
-    P.Time.RunUntil(20'000);
-    EXPECT_EQ(Tones(), "5.0000 speaker 262 Hz 386 ms\n");
-    EXPECT_EQ(Shown(), Idle);
+    EXPECT_EQ(TonesUntilIdle(), "5.0000 speaker 262 Hz 386 ms\n");
 }
 
 TEST_F(SynchroTest, StoppedAndStartedWithoutEndItPlaysAtTheTime) {
@@ -171,10 +175,7 @@ TEST_F(SynchroTest, StoppedAndStartedWithoutEndItPlaysAtTheTime) {
     };
     P.Time.At(1'000, click);
     P.Time.At(10'100, [&] { P.App.Playing.PlaybackEngine.StopPlayButton_Click(); });
-    Synchro.btnWait_Click();
-    P.Time.RunUntil(20'000);
-    EXPECT_EQ(Tones(), "10.0000 speaker 262 Hz 386 ms\n");
-    EXPECT_EQ(Shown(), Idle);
+    EXPECT_EQ(TonesUntilIdle(), "10.0000 speaker 262 Hz 386 ms\n");
 }
 
 TEST_F(SynchroTest, TheWindowStaysUsableMeanwhile) {
@@ -217,10 +218,7 @@ TEST_F(SynchroTest, PlayingByHandMeanwhileEndsTheWaiting) {
     SetTime("12", "0", "10");
     P.Time.At(1'000, [&] { P.App.Playing.PlaybackEngine.PlayAllButton_Click(); });
     P.Time.At(1'100, [&] { P.App.Playing.PlaybackEngine.StopPlayButton_Click(); });
-    Synchro.btnWait_Click();
-    P.Time.RunUntil(20'000);
-    EXPECT_EQ(Tones(), "1.0000 speaker 262 Hz 386 ms\n");
-    EXPECT_EQ(Shown(), Idle);
+    EXPECT_EQ(TonesUntilIdle(), "1.0000 speaker 262 Hz 386 ms\n");
 }
 
 TEST_F(SynchroTest, AClickedLineDoesNotEndTheWaiting) {

@@ -8,12 +8,9 @@
 
 #include "platform/common/module_midi_file_reader.h"
 #include "platform/common/notnormal_fmodex.h"
-#include "rendering/song_renderer.h"
-#include "simulation/simulated_dialogs.h"
-#include "simulation/simulated_files.h"
+#include "rendering/rendering_test.h"
 #include "support/measure.h"
 #include "support/midi_song.h"
-#include "support/wav_sound.h"
 
 namespace quavix {
 namespace {
@@ -23,31 +20,17 @@ using test::NoteOffOf;
 using test::NoteOnOf;
 using test::operator+;
 
-class MidiRendering : public testing::Test {
+class MidiRendering : public test::RenderingTest {
   protected:
     MidiRendering() {
         Options.Song = "tune.mid";
         Disk.Put(QUAVIX_SOUND_ENGINE_FOLDER "/FMODex.dll", "where the real one lies");
     }
 
-    test::WavSound Render() {
-        std::stringstream out;
-        SongRenderer(Disk, Boxes, Library, MidiFiles, QUAVIX_SOUND_ENGINE_FOLDER, [this](double share) {
-            Shares.push_back(share);
-            return Shares.size() < StopAfter;
-        }).Render(Options, out);
-        return test::ReadWav(out.str()).value();
-    }
+    test::WavSound Render() { return RenderWith(Library, MidiFiles, QUAVIX_SOUND_ENGINE_FOLDER); }
 
-    SimulatedFiles Disk;
-    Timeline Events;
-    SimulatedTime Time;
-    SimulatedMessageBoxes Boxes{Time, Events};
     NOTNORMALfmodex Library;
     ModuleMidiFileReader MidiFiles{QUAVIX_MIDI_FILE_MODULE};
-    RenderOptions Options;
-    std::vector<double> Shares;
-    std::size_t StopAfter = SIZE_MAX;
 };
 
 /// A4 for half a second, silence, then A5: the program's octaves are one higher than a synthesizer's.

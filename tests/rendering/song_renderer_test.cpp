@@ -8,18 +8,15 @@
 #include <gtest/gtest.h>
 
 #include "rendering/rendered_sound.h"
+#include "rendering/rendering_test.h"
 #include "simulation/recorded_sound_library.h"
-#include "simulation/simulated_dialogs.h"
-#include "simulation/simulated_files.h"
 #include "simulation/simulated_midi.h"
-#include "simulation/simulated_time.h"
 #include "support/measure.h"
-#include "support/wav_sound.h"
 
 namespace quavix {
 namespace {
 
-class SongRendererTest : public testing::Test {
+class SongRendererTest : public test::RenderingTest {
   protected:
     SongRendererTest() { Options.Song = "song"; }
 
@@ -32,24 +29,10 @@ class SongRendererTest : public testing::Test {
         Disk.Put("song", song);
     }
 
-    test::WavSound Render() {
-        std::stringstream out;
-        SongRenderer(Disk, Boxes, Library, MidiFiles, "/program", [this](double share) {
-            Shares.push_back(share);
-            return Shares.size() < StopAfter;
-        }).Render(Options, out);
-        return test::ReadWav(out.str()).value();
-    }
+    test::WavSound Render() { return RenderWith(Library, MidiFiles, "/program"); }
 
-    SimulatedFiles Disk;
-    Timeline Events;
-    SimulatedTime Time;
-    SimulatedMessageBoxes Boxes{Time, Events};
     RecordedSoundLibrary Library{Time, Events};
     SimulatedMidiFileReader MidiFiles;
-    RenderOptions Options;
-    std::vector<double> Shares;
-    std::size_t StopAfter = SIZE_MAX;
 };
 
 TEST_F(SongRendererTest, AToneThatStartsAt2500MsStartsAtFrame120000) {

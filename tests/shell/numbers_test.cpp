@@ -60,12 +60,8 @@ TEST(Val, ReadsTheLeadingNumberOrZero) {
     EXPECT_EQ(Val("5."), 5);
     EXPECT_EQ(Val("3e"), 3);
     EXPECT_EQ(Val("3e+"), 3);
-    EXPECT_EQ(Val("abc"), 0);
-    EXPECT_EQ(Val(""), 0);
-    EXPECT_EQ(Val("-"), 0);
-    EXPECT_EQ(Val("."), 0);
-    EXPECT_EQ(Val("+-1"), 0);
-    EXPECT_EQ(Val("inf"), 0);
+    for (const char* text : {"abc", "", "-", ".", "+-1", "inf"})
+        EXPECT_EQ(Val(text), 0) << text;
     EXPECT_EQ(Val("1e999"), std::numeric_limits<double>::infinity());
     EXPECT_EQ(Val("-1e999"), -std::numeric_limits<double>::infinity());
     EXPECT_EQ(Val("1e-999"), 0);

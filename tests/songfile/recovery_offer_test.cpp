@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-// What the next start does with the copies that were left behind.
+// Offers of the next start to load the copies that were left behind.
 #include <gtest/gtest.h>
 
 #include "shell/runtime_error.h"
@@ -17,6 +17,14 @@ using test::Machine;
 using test::RecoveringProgram;
 using test::Song;
 
+/// A program started after a kill, with this answer given to the offer of the copy.
+struct AnsweringProgram : RecoveringProgram {
+    AnsweringProgram(Machine& machine, BoxAnswer answer) : RecoveringProgram(machine) {
+        Boxes.AnswerNext(answer);
+        Keeper.OfferLeftovers(false);
+    }
+};
+
 TEST(RecoveryOffer, ShowsNoMessageIfNoCopyWasLeft) {
     Machine m;
     RecoveringProgram p(m);
@@ -28,9 +36,7 @@ TEST(RecoveryOffer, ShowsNoMessageIfNoCopyWasLeft) {
 TEST(RecoveryOffer, NamesTheSongAndItsTime) {
     Machine m;
     LeaveBehind(m, "C4", Song);
-    RecoveringProgram p(m);
-    p.Boxes.AnswerNext(BoxAnswer::Cancel);
-    p.Keeper.OfferLeftovers(false);
+    AnsweringProgram p(m, BoxAnswer::Cancel);
     ASSERT_EQ(p.Boxes.Shown().size(), 1U);
     EXPECT_EQ(p.Boxes.Shown()[0].Title, "There is unsaved work");
     EXPECT_EQ(p.Boxes.Shown()[0].Text,
@@ -44,9 +50,7 @@ TEST(RecoveryOffer, YesLoadsTheSongAsModifiedUnderItsOwnName) {
     Machine m;
     LeaveBehind(m, "C4", Song);
     const std::string saved = m.Disk.Content(Song);
-    RecoveringProgram p(m);
-    p.Boxes.AnswerNext(BoxAnswer::Yes);
-    p.Keeper.OfferLeftovers(false);
+    AnsweringProgram p(m, BoxAnswer::Yes);
     EXPECT_EQ(p.Notes(), "C4 ");
     EXPECT_EQ(p.App.Storage.SongDocument.FileName().Get(), Song);
     EXPECT_TRUE(p.App.Storage.SongDocument.Modified());
@@ -60,21 +64,13 @@ TEST(RecoveryOffer, YesLoadsTheSongAsModifiedUnderItsOwnName) {
 TEST(RecoveryOffer, ARecoveredSongSurvivesTheNextKillToo) {
     Machine m;
     LeaveBehind(m, "C4", Song);
+    { AnsweringProgram p(m, BoxAnswer::Yes); }
     {
-        RecoveringProgram p(m);
-        p.Boxes.AnswerNext(BoxAnswer::Yes);
-        p.Keeper.OfferLeftovers(false);
-    }
-    {
-        RecoveringProgram p(m);
-        p.Boxes.AnswerNext(BoxAnswer::Yes);
-        p.Keeper.OfferLeftovers(false);
+        AnsweringProgram p(m, BoxAnswer::Yes);
         p.Append("D4");
         m.Time.RunUntil(60'000);
     }
-    RecoveringProgram p(m);
-    p.Boxes.AnswerNext(BoxAnswer::Yes);
-    p.Keeper.OfferLeftovers(false);
+    AnsweringProgram p(m, BoxAnswer::Yes);
     EXPECT_EQ(p.Notes(), "C4 D4 ");
     EXPECT_EQ(p.App.Storage.SongDocument.FileName().Get(), Song);
     EXPECT_EQ(m.Disk.NormalFiles("/state/*.QVX").size(), 1U);
@@ -83,9 +79,7 @@ TEST(RecoveryOffer, ARecoveredSongSurvivesTheNextKillToo) {
 TEST(RecoveryOffer, NoDeletesIt) {
     Machine m;
     LeaveBehind(m, "C4");
-    RecoveringProgram p(m);
-    p.Boxes.AnswerNext(BoxAnswer::No);
-    p.Keeper.OfferLeftovers(false);
+    AnsweringProgram p(m, BoxAnswer::No);
     EXPECT_TRUE(m.Disk.NormalFiles("/state/*").empty());
     EXPECT_EQ(p.App.List.Count(), 0);
     EXPECT_FALSE(p.App.Storage.SongDocument.Modified());
@@ -95,9 +89,7 @@ TEST(RecoveryOffer, CancelKeepsItForTheNextStart) {
     Machine m;
     LeaveBehind(m, "C4");
     for (int start = 0; start < 2; ++start) {
-        RecoveringProgram p(m);
-        p.Boxes.AnswerNext(BoxAnswer::Cancel);
-        p.Keeper.OfferLeftovers(false);
+        AnsweringProgram p(m, BoxAnswer::Cancel);
         EXPECT_EQ(p.Boxes.Shown().size(), 1U);
         p.Keeper.End();
     }
@@ -141,9 +133,7 @@ TEST(RecoveryOffer, ASecondOneThatIsLoadedPutsTheFirstAsideForTheNextStart) {
         p.Keeper.End();
     }
     ASSERT_EQ(m.Disk.NormalFiles("/state/*.QVX").size(), 1U);
-    RecoveringProgram p(m);
-    p.Boxes.AnswerNext(BoxAnswer::Yes);
-    p.Keeper.OfferLeftovers(false);
+    AnsweringProgram p(m, BoxAnswer::Yes);
     EXPECT_EQ(loaded + p.Notes(), loaded == "C4 " ? "C4 D4 " : "D4 C4 ");
 }
 

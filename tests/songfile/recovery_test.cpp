@@ -19,9 +19,12 @@ using test::Song;
 
 const std::string Lock1 = "/state/unsaved-001.lock";
 
-TEST(Recovery, WritesACopyFiveSecondsAfterAChange) {
+struct RecoveryTest : testing::Test {
     Machine m;
-    RecoveringProgram p(m);
+    RecoveringProgram p{m};
+};
+
+TEST_F(RecoveryTest, WritesACopyFiveSecondsAfterAChange) {
     m.Time.RunUntil(1000);
     p.Append("C4");
     m.Time.RunUntil(5999);
@@ -32,9 +35,7 @@ TEST(Recovery, WritesACopyFiveSecondsAfterAChange) {
         "Quarter C4 - -\r\n//RecoveryFile \r\n//RecoveryTime 2001-02-03%20at%2012:00:06\r\n"));
 }
 
-TEST(Recovery, WritesNothingWhileNothingChanges) {
-    Machine m;
-    RecoveringProgram p(m);
+TEST_F(RecoveryTest, WritesNothingWhileNothingChanges) {
     m.Time.RunUntil(60'000);
     EXPECT_TRUE(m.Disk.NormalFiles("/state/*").empty());
     p.Append("C4");
@@ -47,9 +48,7 @@ TEST(Recovery, WritesNothingWhileNothingChanges) {
     EXPECT_NE(m.Disk.Content(Copy1).find("Quarter D4"), std::string::npos);
 }
 
-TEST(Recovery, WritesAgainFiveSecondsAfterTheNextChangeHoweverManyFollow) {
-    Machine m;
-    RecoveringProgram p(m);
+TEST_F(RecoveryTest, WritesAgainFiveSecondsAfterTheNextChangeHoweverManyFollow) {
     for (int second = 0; second < 9; ++second) {
         m.Time.RunUntil(second * 1000);
         p.Append(fmt::format("C{}", second));
@@ -60,18 +59,14 @@ TEST(Recovery, WritesAgainFiveSecondsAfterTheNextChangeHoweverManyFollow) {
     EXPECT_NE(m.Disk.Content(Copy1).find("Quarter C8 "), std::string::npos);
 }
 
-TEST(Recovery, WritesNothingForAChangeThatWasReverted) {
-    Machine m;
-    RecoveringProgram p(m);
+TEST_F(RecoveryTest, WritesNothingForAChangeThatWasReverted) {
     p.Append("C4");
     p.App.Editing.EditHistory.Undo();
     m.Time.RunUntil(60'000);
     EXPECT_FALSE(m.Disk.Has(Copy1));
 }
 
-TEST(Recovery, WritesNothingWhileTheMusicPlays) {
-    Machine m;
-    RecoveringProgram p(m);
+TEST_F(RecoveryTest, WritesNothingWhileTheMusicPlays) {
     p.App.Fields.State.MusicIsPlaying = true;
     p.Append("C4");
     m.Time.RunUntil(60'000);
@@ -81,9 +76,7 @@ TEST(Recovery, WritesNothingWhileTheMusicPlays) {
     EXPECT_TRUE(m.Disk.Has(Copy1));
 }
 
-TEST(Recovery, WritesNothingInTheMiddleOfATone) {
-    Machine m;
-    RecoveringProgram p(m);
+TEST_F(RecoveryTest, WritesNothingInTheMiddleOfATone) {
     p.App.Fields.Output.MutePCSpeaker = true;  // such a tone is a wait, in which handlers run
     p.Append("C4");
     m.Time.RunUntil(4000);
@@ -98,9 +91,7 @@ TEST(Recovery, WritesNothingInTheMiddleOfATone) {
     EXPECT_TRUE(m.Disk.Has(Copy1));
 }
 
-TEST(Recovery, WritesNothingWhileASongIsLoaded) {
-    Machine m;
-    RecoveringProgram p(m);
+TEST_F(RecoveryTest, WritesNothingWhileASongIsLoaded) {
     p.Append("C4");
     m.Disk.Put(Song, Header + "MUSICLISTSTART\r\nWhole\r\nQuarter D4 -\r\n");
     bool written = false;
@@ -115,9 +106,7 @@ TEST(Recovery, WritesNothingWhileASongIsLoaded) {
     EXPECT_FALSE(m.Disk.Has(Copy1));
 }
 
-TEST(Recovery, DeletesTheCopyWhenTheSongIsSaved) {
-    Machine m;
-    RecoveringProgram p(m);
+TEST_F(RecoveryTest, DeletesTheCopyWhenTheSongIsSaved) {
     p.Append("C4");
     m.Time.RunUntil(5000);
     EXPECT_TRUE(m.Disk.Has(Copy1));
@@ -143,9 +132,7 @@ TEST(Recovery, ARunningProcessKeepsItsCopyToItself) {
     EXPECT_NE(m.Disk.Content(Copy2).find("Quarter D4"), std::string::npos);
 }
 
-TEST(Recovery, ACleanEndLeavesNothing) {
-    Machine m;
-    RecoveringProgram p(m);
+TEST_F(RecoveryTest, ACleanEndLeavesNothing) {
     p.Append("C4");
     m.Time.RunUntil(5000);
     p.Keeper.GiveUpUnsaved();
@@ -169,9 +156,7 @@ TEST(Recovery, AnEndWithoutAQuestionKeepsTheLatestChanges) {
     EXPECT_NE(m.Disk.Content(Copy1).find("Quarter D4"), std::string::npos);
 }
 
-TEST(Recovery, AnUnchangedSongLeavesNothingHoweverItEnds) {
-    Machine m;
-    RecoveringProgram p(m);
+TEST_F(RecoveryTest, AnUnchangedSongLeavesNothingHoweverItEnds) {
     m.Disk.Put(Song, Header);
     p.App.Storage.SongDocument.LoadFile(Song);
     m.Time.RunUntil(60'000);
@@ -179,9 +164,7 @@ TEST(Recovery, AnUnchangedSongLeavesNothingHoweverItEnds) {
     EXPECT_TRUE(m.Disk.NormalFiles("/state/*").empty());
 }
 
-TEST(Recovery, ReportsWhyItCannotWriteAndTriesAgain) {
-    Machine m;
-    RecoveringProgram p(m);
+TEST_F(RecoveryTest, ReportsWhyItCannotWriteAndTriesAgain) {
     p.App.Log.Enable();
     m.Disk.FailWriting(Lock1, std::errc::permission_denied);
     p.Append("C4");
@@ -195,9 +178,7 @@ TEST(Recovery, ReportsWhyItCannotWriteAndTriesAgain) {
     EXPECT_TRUE(m.Disk.Has(Copy1));
 }
 
-TEST(Recovery, ADiskThatIsFullLeavesTheOldCopyWhole) {
-    Machine m;
-    RecoveringProgram p(m);
+TEST_F(RecoveryTest, ADiskThatIsFullLeavesTheOldCopyWhole) {
     p.Append("C4");
     m.Time.RunUntil(5000);
     const std::string old = m.Disk.Content(Copy1);

@@ -5,6 +5,7 @@
 
 #include "shell/runtime_error.h"
 #include "songfile/song_files.h"
+#include "support/shown_dialogs.h"
 
 namespace quavix {
 namespace {
@@ -75,13 +76,10 @@ TEST(SongReader, AsksForTheFileAndLoadsIt) {
     p.Picker.AnswerNext(Song);
     p.App.Storage.SongReader.LoadMusic();
     EXPECT_EQ(p.App.Fields.Song.BPM, 77);
-    ASSERT_EQ(p.Picker.Shown().size(), 1U);
-    const FileDialog& dialog = p.Picker.Shown()[0];
-    EXPECT_EQ(dialog.Title, "Loading music / config");
-    EXPECT_EQ(dialog.Filter, "This program's file type (*.QVX)|*.QVX|All files (*.*)|*.*");
-    EXPECT_TRUE(dialog.FileMustExist);
-    EXPECT_TRUE(dialog.HideReadOnly);
-    EXPECT_FALSE(dialog.PathMustExist);
+    test::ExpectOnlyDialog(p.Picker, {.Title = "Loading music / config",
+                                      .Filter = "This program's file type (*.QVX)|*.QVX|All files (*.*)|*.*",
+                                      .FileMustExist = true,
+                                      .HideReadOnly = true});
     EXPECT_TRUE(p.LogText().starts_with("FileExists(\"/songs/song.QVX\") = TRUE\n    ActuallyLoadMusic("));
 }
 
@@ -99,12 +97,10 @@ TEST(SongReader, TellsThatAChosenFileDoesNotExist) {
     SongProgram p;
     p.Picker.AnswerNext(Song);
     p.App.Storage.SongReader.LoadMusic();
-    ASSERT_EQ(p.Boxes.Shown().size(), 1U);
-    const MessageBox& box = p.Boxes.Shown()[0];
-    EXPECT_EQ(box.Title, "Can't open file!");
-    EXPECT_EQ(box.Text, "The file you want to open...\n/songs/song.QVX\n...can't be seen.");
-    EXPECT_EQ(box.Icon, BoxIcon::Warning);
-    EXPECT_EQ(box.Buttons, BoxButtons::Ok);
+    test::ExpectOnlyBox(p.Boxes, {.Title = "Can't open file!",
+                                  .Text = "The file you want to open...\n/songs/song.QVX\n...can't be seen.",
+                                  .Icon = BoxIcon::Warning,
+                                  .Buttons = BoxButtons::Ok});
     EXPECT_TRUE(p.Timeline.Text("loading").empty());
 }
 
@@ -136,16 +132,15 @@ TEST(SongReader, AsksAboutAFileWithoutTheHeaderAndLeavesEverythingOnNo) {
     p.App.Fields.Song.BeatsPerBar.Set(3);
     p.Boxes.AnswerNext(BoxAnswer::No);
     p.LoadFile("quavix by Dastrel-204 file format\r\nBPM 99\r\nMUSICLISTSTART\r\n");
-    ASSERT_EQ(p.Boxes.Shown().size(), 1U);
-    const MessageBox& box = p.Boxes.Shown()[0];
-    EXPECT_EQ(box.Title, "Probably weird file format");
-    EXPECT_EQ(
-        box.Text,
-        "This file doesn't contain this text at the start of it which says that it is in this program's "
-        "format: \nQuavix by Dastrel-204 file format\n\nOf course, apart from that it could still be in "
-        "this program's format.\nTry to load it?");
-    EXPECT_EQ(box.Icon, BoxIcon::Warning);
-    EXPECT_EQ(box.Buttons, BoxButtons::YesNo);
+    test::ExpectOnlyBox(
+        p.Boxes,
+        {.Title = "Probably weird file format",
+         .Text =
+             "This file doesn't contain this text at the start of it which says that it is in this program's "
+             "format: \nQuavix by Dastrel-204 file format\n\nOf course, apart from that it could still be in "
+             "this program's format.\nTry to load it?",
+         .Icon = BoxIcon::Warning,
+         .Buttons = BoxButtons::YesNo});
     EXPECT_EQ(p.Rows(), "Quarter|C4||\n");
     EXPECT_EQ(p.App.Fields.Song.BeatsPerBar, 3);
     EXPECT_EQ(p.App.Fields.Song.BPM, 140);
@@ -196,17 +191,16 @@ TEST(SongReader, TellsThatAFileIsFromANewerVersionAndGoesOn) {
     SongProgram p;
     p.App.Log.Enable();
     p.Load("Revision 999\r\nBPM 99\r\n");
-    ASSERT_EQ(p.Boxes.Shown().size(), 1U);
-    const MessageBox& box = p.Boxes.Shown()[0];
-    EXPECT_EQ(box.Title, "File was made with newer program version");
-    EXPECT_EQ(
-        box.Text,
-        "This file was made with a newer version of Quavix than you're using. As long as it doesn't contain "
-        "info about features only in a newer version, there should be no problem opening it with this "
-        "version.\r\n\r\nHowever, I'll have made the newer version for a reason, so I recommend that you "
-        "download and use it instead.\r\n\r\nYou can get it from https://quavix.example/download");
-    EXPECT_EQ(box.Icon, BoxIcon::None);
-    EXPECT_EQ(box.Buttons, BoxButtons::Ok);
+    test::ExpectOnlyBox(
+        p.Boxes,
+        {.Title = "File was made with newer program version",
+         .Text =
+             "This file was made with a newer version of Quavix than you're using. As long as it doesn't contain "
+             "info about features only in a newer version, there should be no problem opening it with this "
+             "version.\r\n\r\nHowever, I'll have made the newer version for a reason, so I recommend that you "
+             "download and use it instead.\r\n\r\nYou can get it from https://quavix.example/download",
+         .Icon = BoxIcon::None,
+         .Buttons = BoxButtons::Ok});
     EXPECT_EQ(p.App.Fields.Song.BPM, 99);
     EXPECT_NE(p.LogText().find("    File was made with newer program version\n"), std::string::npos);
 }
@@ -264,21 +258,20 @@ TEST(SongReader, TakesOneCarriageReturnFromALinesEndAndNoneFromItsMiddle) {
 
 TEST(SongReader, AsksAboutALineOfTwoFieldsAndKeepsItsLength) {
     SongProgram p;
-    p.App.Log.Enable();
     p.Boxes.AnswerNext(BoxAnswer::Ok);
+    p.App.Log.Enable();
     p.LoadMusic("Quarter c4\r\nHalf D4 -\r\n");
     EXPECT_EQ(p.Rows(), "Quarter|||\nHalf|D4||\n");
-    ASSERT_EQ(p.Boxes.Shown().size(), 1U);
-    const MessageBox& box = p.Boxes.Shown()[0];
-    EXPECT_EQ(box.Title, "Music list line error in save file");
-    EXPECT_EQ(
-        box.Text,
-        "After 'MUSICLISTSTART' in the save file, there should be only lines of \nLength Note1 Note2\r\n"
-        "OR:Length Note1 Note2 Mod\nHowever, there are less than 3 things on this line separated by a "
-        "space. \nThe line is: \nQuarter c4\nThis line will be skipped.\n\nCarry on trying to load the "
-        "file?");
-    EXPECT_EQ(box.Icon, BoxIcon::Warning);
-    EXPECT_EQ(box.Buttons, BoxButtons::OkCancel);
+    test::ExpectOnlyBox(
+        p.Boxes,
+        {.Title = "Music list line error in save file",
+         .Text =
+             "After 'MUSICLISTSTART' in the save file, there should be only lines of \nLength Note1 Note2\r\n"
+             "OR:Length Note1 Note2 Mod\nHowever, there are less than 3 things on this line separated by a "
+             "space. \nThe line is: \nQuarter c4\nThis line will be skipped.\n\nCarry on trying to load the "
+             "file?",
+         .Icon = BoxIcon::Warning,
+         .Buttons = BoxButtons::OkCancel});
     EXPECT_NE(p.LogText().find("    Loading music list\n    LoadMusicListLineError(ERRORLINE:Quarter c4)\n"
                                "    EndOfLoadMusic\n"),
               std::string::npos);

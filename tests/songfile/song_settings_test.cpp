@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "songfile/song_settings.h"
 
+#include <tuple>
+
 #include <gtest/gtest.h>
 
 #include "shell/runtime_error.h"
@@ -177,18 +179,15 @@ TEST(SongSettings, LeavesTheReplaceBoxAsItWas) {
 
 TEST(SongSettings, SelectsOneOfTheTwoOptions) {
     SongProgram p;
-    p.Load("AddNote2 1");
-    EXPECT_FALSE(p.App.Fields.Entry.AddNote1Option);
-    EXPECT_TRUE(p.App.Fields.Entry.AddNote2Option);
-    p.Load("AddNote1 1");
-    EXPECT_TRUE(p.App.Fields.Entry.AddNote1Option);
-    EXPECT_FALSE(p.App.Fields.Entry.AddNote2Option);
-    p.Load("AddNote1 0");
-    EXPECT_FALSE(p.App.Fields.Entry.AddNote1Option);
-    EXPECT_FALSE(p.App.Fields.Entry.AddNote2Option);
-    p.Load("AddNote1 1\nAddNote2 0");
-    EXPECT_TRUE(p.App.Fields.Entry.AddNote1Option);
-    EXPECT_FALSE(p.App.Fields.Entry.AddNote2Option);
+    const std::tuple<const char*, bool, bool> expected[] = {{"AddNote2 1", false, true},
+                                                            {"AddNote1 1", true, false},
+                                                            {"AddNote1 0", false, false},
+                                                            {"AddNote1 1\nAddNote2 0", true, false}};
+    for (const auto& [settings, first, second] : expected) {
+        p.Load(settings);
+        EXPECT_EQ(p.App.Fields.Entry.AddNote1Option, first) << settings;
+        EXPECT_EQ(p.App.Fields.Entry.AddNote2Option, second) << settings;
+    }
 }
 
 TEST(SongSettings, TakesTruthValuesForTheOptions) {

@@ -6,6 +6,7 @@
 #include "shell/runtime_error.h"
 #include "songfile/song_files.h"
 #include "songfile/song_format.h"
+#include "support/shown_dialogs.h"
 
 namespace quavix {
 namespace {
@@ -88,13 +89,9 @@ TEST(SongWriter, AsksForTheNameAndLogsWhatItDoes) {
     SongProgram p;
     p.App.Log.Enable();
     p.Saved();
-    ASSERT_EQ(p.Picker.Shown().size(), 1U);
-    const FileDialog& dialog = p.Picker.Shown()[0];
-    EXPECT_EQ(dialog.Title, "Saving music and config");
-    EXPECT_EQ(dialog.Filter, "This program's file type (*.QVX)|*.QVX|All files (*.*)|*.*");
-    EXPECT_TRUE(dialog.PathMustExist);
-    EXPECT_FALSE(dialog.FileMustExist);
-    EXPECT_FALSE(dialog.HideReadOnly);
+    test::ExpectOnlyDialog(p.Picker, {.Title = "Saving music and config",
+                                      .Filter = "This program's file type (*.QVX)|*.QVX|All files (*.*)|*.*",
+                                      .PathMustExist = true});
     EXPECT_EQ(p.LogText(),
               "    SaveMusic() - START\n"
               "    FileExists(\"/songs/saved.QVX\") = FALSE\n"
@@ -118,14 +115,12 @@ TEST(SongWriter, AsksBeforeItReplacesAFile) {
     p.Boxes.AnswerNext(BoxAnswer::No);
     p.App.Storage.SongWriter.SaveMusic();
     EXPECT_EQ(p.Disk.Content(Song), "old");
-    ASSERT_EQ(p.Boxes.Shown().size(), 1U);
-    const MessageBox& box = p.Boxes.Shown()[0];
-    EXPECT_EQ(box.Title, "File already exists");
-    EXPECT_EQ(box.Text,
-              "The file you want to save this as:\n/songs/song.QVX\n...already exists.\n\n"
-              "Should this file be replaced?");
-    EXPECT_EQ(box.Icon, BoxIcon::Warning);
-    EXPECT_EQ(box.Buttons, BoxButtons::YesNo);
+    test::ExpectOnlyBox(p.Boxes,
+                        {.Title = "File already exists",
+                         .Text = "The file you want to save this as:\n/songs/song.QVX\n...already exists.\n\n"
+                                 "Should this file be replaced?",
+                         .Icon = BoxIcon::Warning,
+                         .Buttons = BoxButtons::YesNo});
 
     p.Picker.AnswerNext(Song);
     p.Boxes.AnswerNext(BoxAnswer::Yes);
@@ -139,14 +134,13 @@ TEST(SongWriter, TellsThatAFileCannotBeOpenedForWriting) {
     p.Disk.FailWriting(Song, std::errc::permission_denied);
     p.Picker.AnswerNext(Song);
     p.App.Storage.SongWriter.SaveMusic();
-    ASSERT_EQ(p.Boxes.Shown().size(), 1U);
-    const MessageBox& box = p.Boxes.Shown()[0];
-    EXPECT_EQ(box.Title, "Can't save as this file!");
-    EXPECT_EQ(box.Text,
-              "The file you want to save this as...\r\n/songs/song.QVX\r\n...can't be written to.\r\n\r\n"
-              "It's probably currently being written to by some other program.");
-    EXPECT_EQ(box.Icon, BoxIcon::Warning);
-    EXPECT_EQ(box.Buttons, BoxButtons::Ok);
+    test::ExpectOnlyBox(
+        p.Boxes,
+        {.Title = "Can't save as this file!",
+         .Text = "The file you want to save this as...\r\n/songs/song.QVX\r\n...can't be written to.\r\n\r\n"
+                 "It's probably currently being written to by some other program.",
+         .Icon = BoxIcon::Warning,
+         .Buttons = BoxButtons::Ok});
     EXPECT_FALSE(p.Disk.Has(Song));
     EXPECT_EQ(p.LogText(),
               "    SaveMusic() - START\n"

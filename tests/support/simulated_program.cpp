@@ -22,6 +22,28 @@ void SimulatedProgram::SetSong(std::initializer_list<const char*> lines) {
     App.Editing.EditHistory.StartOver();
 }
 
+void SimulatedProgram::SetTempo(std::int32_t bpm, std::int32_t noteSilenceRatio) {
+    App.Fields.Song.BPM.Set(bpm);
+    App.Fields.Song.NoteSilenceRatio.Set(noteSilenceRatio);
+}
+
+void SimulatedProgram::StartSound() {
+    Disk.Put("/program/FMODex.dll", "a library");
+    App.Outputs.SoundMods.CheckAvailability("/program");
+    App.Outputs.SoundMods.StartEngine();
+    Timeline.Clear();
+}
+
+void SimulatedProgram::AttachMidiInputs() {
+    Disk.Put("/windows/system32/midiio32.ocx", "module");
+    MidiIn.Devices = {"Keyboard", "Drum pad"};
+}
+
+void SimulatedProgram::AttachMidiOutputs() {
+    Disk.Put("/windows/system32/midiio32.ocx", "module");
+    MidiOut.Devices = {"Keyboard", "Synthesizer"};
+}
+
 void SimulatedProgram::OpenMidiOut() {
     MidiOut.Devices = {"Synthesizer"};
     MidiOut.DeviceCount();
@@ -41,6 +63,21 @@ std::string SimulatedProgram::SongText() const {
         text += '\n';
     }
     return text;
+}
+
+std::string SimulatedProgram::SoundCalls() {
+    std::string calls;
+    for (const std::string& line : Timeline.Lines())
+        calls += line.substr(line.find("fmod ") + 5) + "\n";
+    Timeline.Clear();
+    return calls;
+}
+
+std::vector<std::string> SimulatedProgram::BoxTexts() const {
+    std::vector<std::string> texts;
+    for (const MessageBox& box : Boxes.Shown())
+        texts.push_back(box.Text);
+    return texts;
 }
 
 std::string SimulatedProgram::LogText() const {

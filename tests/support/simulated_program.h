@@ -3,6 +3,7 @@
 
 #include <initializer_list>
 #include <string>
+#include <vector>
 
 #include "program/program.h"
 #include "program/program_parts.h"
@@ -15,7 +16,7 @@ struct SimulatedProgram : SimulatedPorts {
     explicit SimulatedProgram(const SimulatedTime::Origin& start = {}) : SimulatedPorts(start) {
         App.Fields.State.TickFreq = ReadTickFreq(Time, App.Log);
     }
-    /// On a machine that outlives the program.
+    /// Runs on a machine that outlives the program.
     explicit SimulatedProgram(SimulatedMachine& machine) : SimulatedPorts(machine) {
         App.Fields.State.TickFreq = ReadTickFreq(Time, App.Log);
     }
@@ -23,14 +24,31 @@ struct SimulatedProgram : SimulatedPorts {
     /// Replaces the song; each line is "Length Note1 Note2 Mod" with "-" for an empty cell.
     void SetSong(std::initializer_list<const char*> lines);
 
+    void SetTempo(std::int32_t bpm, std::int32_t noteSilenceRatio);
+
+    /// Puts the sound library into the program's folder and starts the program's sound on it; only what
+    /// happens afterwards is in the timeline.
+    void StartSound();
+
+    /// Installs the MIDI control and attaches the inputs "Keyboard" and "Drum pad".
+    void AttachMidiInputs();
+    /// Installs the MIDI control and attaches the outputs "Keyboard" and "Synthesizer".
+    void AttachMidiOutputs();
+
     /// Opens a MIDI output device for the tones; only what happens afterwards is in the timeline.
     void OpenMidiOut();
 
-    /// The song, a line per row as in a song file; "> " stands before rows with their selected flag set, "* "
-    /// before a selected item that has lost it.
+    /// Returns the song, a line per row as in a song file; "> " stands before rows with their selected flag
+    /// set, "* " before a selected item that has lost it.
     std::string SongText() const;
 
-    /// What the debug log holds, without the times of day.
+    /// Returns the calls of the sound library since the last time, without their times.
+    std::string SoundCalls();
+
+    /// Returns the texts of all message boxes so far.
+    std::vector<std::string> BoxTexts() const;
+
+    /// Returns the content of the debug log, without the times of day.
     std::string LogText() const;
 
     Program App{All()};

@@ -5,6 +5,7 @@
 
 #include <QtTest>
 #include <QtWidgets>
+#include <gtest/gtest.h>
 
 #include "support/simulated_desktop.h"
 #include "ui/dialogs/save_load_form.h"
@@ -16,7 +17,7 @@ namespace quavix::test {
 inline constexpr const char* TwoRowSong =
     "Quavix by Dastrel-204 file format\r\nMUSICLISTSTART\r\nQuarter C4 E4 -\r\nHalf G4 - Dot\r\n";
 
-/// The repetition of a key that is held down.
+/// Sends the repetition of a key that is held down.
 inline void RepeatKey(QWidget& widget, Qt::Key key) {
     QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, {}, true);
     QApplication::sendEvent(&widget, &press);
@@ -30,7 +31,7 @@ struct UiProgram : SimulatedDesktop {
         QApplication::processEvents();
     }
 
-    /// A control by its name; there must be one.
+    /// Returns the control of this name; raises std::logic_error if there is none.
     template <typename Control>
     Control& Find(const char* name) {
         auto* control = Form.findChild<Control*>(name);
@@ -44,14 +45,30 @@ struct UiProgram : SimulatedDesktop {
         // A check box takes clicks on its indicator and its text.
         QTest::mouseClick(&control, Qt::LeftButton, {}, {8, control.height() / 2});
     }
-    /// The click comes in at this time; the middle of a tone on the speaker doesn't let it in.
+    /// Clicks at this time, or at the end of the speaker's tone that sounds then.
     void ClickAt(double ms, const char* button) {
         Time.At(ms, [this, button] { Click(button); });
     }
-    /// What stands in a row of the list.
+    /// Returns the cells of a row of the list, between commas.
     std::string Row(std::int32_t row) {
         const MusicLine line = App.List.Line(row);
         return line.Length + "," + line.Note1 + "," + line.Note2 + "," + line.Mod;
+    }
+    /// Drops a file on the main window, which has to accept it.
+    void Drop(const char* fileName) {
+        QMimeData data;
+        data.setUrls({QUrl::fromLocalFile(fileName)});
+        QDragEnterEvent enter({50, 50}, Qt::CopyAction, &data, Qt::LeftButton, {});
+        QApplication::sendEvent(&Form, &enter);
+        EXPECT_TRUE(enter.isAccepted());
+        QDropEvent drop(QPointF(50, 50), Qt::CopyAction, &data, Qt::LeftButton, {});
+        QApplication::sendEvent(&Form, &drop);
+        QApplication::processEvents();
+    }
+    /// Returns the text of a label after a key of a slider.
+    QString TextAfter(const char* slider, Qt::Key key, const char* label) {
+        QTest::keyClick(&Find<QSlider>(slider), key);
+        return TextOf(label);
     }
     QString TextOf(const char* label) { return Find<QLabel>(label).text(); }
 

@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <cstdio>
 #include <cstdlib>
+#include <functional>
+#include <iterator>
 #include <new>
 #include <random>
 #include <string>
@@ -57,77 +59,46 @@ class Caller {
     }
 
     void CallSomething() {
-        switch (Number(22)) {
-            case 0:
+        const std::function<void()> calls[] = {
+            [this] {
                 units_.push_back(nullptr);
                 FMOD_System_CreateDSPByType(system_, std::array{2, 2, 3, 10}[Number(4)], &units_.back());
-                break;
-            case 1:
+            },
+            [this] {
                 channels_.push_back(nullptr);
                 FMOD_System_PlayDSP(system_, SOUND_CHANNEL_FREE, Unit(), Flag(), &channels_.back());
-                break;
-            case 2:
+            },
+            [this] {
                 groups_.push_back(nullptr);
                 FMOD_System_CreateChannelGroup(system_, "group", &groups_.back());
-                break;
-            case 3:
-                FMOD_DSP_AddInput(Unit(), Unit());
-                break;
-            case 4:
-                FMOD_ChannelGroup_AddDSP(Group(), Unit());
-                break;
-            case 5:
-                FMOD_ChannelGroup_AddGroup(Group(), Group());
-                break;
-            case 6:
-                FMOD_Channel_SetChannelGroup(Channel(), Group());
-                break;
-            case 7:
-                FMOD_Channel_Stop(Channel());
-                break;
-            case 8:
-                FMOD_DSP_Remove(Unit());
-                break;
-            case 9:
+            },
+            [this] { FMOD_DSP_AddInput(Unit(), Unit()); },
+            [this] { FMOD_ChannelGroup_AddDSP(Group(), Unit()); },
+            [this] { FMOD_ChannelGroup_AddGroup(Group(), Group()); },
+            [this] { FMOD_Channel_SetChannelGroup(Channel(), Group()); },
+            [this] { FMOD_Channel_Stop(Channel()); },
+            [this] { FMOD_DSP_Remove(Unit()); },
+            [this] {
                 if (Number(4) == 0)
                     FMOD_DSP_Release(Unit());
-                break;
-            case 10:
+            },
+            [this] {
                 if (Number(8) == 0)
                     FMOD_ChannelGroup_Release(Group());
-                break;
-            case 11:
-                FMOD_ChannelGroup_SetVolume(Group(), Value(1.0F));
-                break;
-            case 12:
-                FMOD_Channel_SetVolume(Channel(), Value(1.0F));
-                break;
-            case 13:
-                FMOD_DSP_SetBypass(Unit(), Flag());
-                break;
-            case 14:
-                FMOD_DSP_SetActive(Unit(), Flag());
-                break;
-            case 15:
-            case 16:
-                FMOD_DSP_SetParameter(Unit(), static_cast<int>(Number(3)), Value(6000.0F));
-                break;
-            case 17:
-                FMOD_DSP_SetParameter(Unit(), 0, Value(6.0F));
-                break;
-            case 18:
-                FMOD_Channel_SetFrequency(Channel(), Value(90000.0F));
-                break;
-            case 19:
-                FMOD_Channel_SetPaused(Channel(), Flag());
-                break;
-            case 20:
-                FMOD_System_Update(system_);
-                break;
-            default:
-                AskForEverything();
-                break;
-        }
+            },
+            [this] { FMOD_ChannelGroup_SetVolume(Group(), Value(1.0F)); },
+            [this] { FMOD_Channel_SetVolume(Channel(), Value(1.0F)); },
+            [this] { FMOD_DSP_SetBypass(Unit(), Flag()); },
+            [this] { FMOD_DSP_SetActive(Unit(), Flag()); },
+            [this] { FMOD_DSP_SetParameter(Unit(), static_cast<int>(Number(3)), Value(6000.0F)); },
+            [this] { FMOD_DSP_SetParameter(Unit(), static_cast<int>(Number(3)), Value(6000.0F)); },
+            [this] { FMOD_DSP_SetParameter(Unit(), 0, Value(6.0F)); },
+            [this] { FMOD_Channel_SetFrequency(Channel(), Value(90000.0F)); },
+            [this] { FMOD_Channel_SetPaused(Channel(), Flag()); },
+            [this] { FMOD_System_Update(system_); },
+            [this] { AskForEverything(); },
+        };
+        calls[Number(std::size(calls))]();
     }
 
   private:

@@ -59,6 +59,13 @@ SoundChannel* EngineSystem::Play(SoundUnit* unit, bool paused) const {
     return channel;
 }
 
+SoundChannel* EngineSystem::PlaySine(double hz, float volume) const {
+    SoundChannel* channel = Play(Oscillator(SOUND_SINE, static_cast<float>(hz)));
+    Frequency(channel, Rate);
+    Volume(channel, volume);
+    return channel;
+}
+
 SoundGroup* EngineSystem::Master() const {
     SoundGroup* group = nullptr;
     EXPECT_EQ(E().System_GetMasterChannelGroup(system_, &group), SOUND_OK);

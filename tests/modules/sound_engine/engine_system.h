@@ -31,10 +31,12 @@ class EngineSystem {
     SoundUnit* Unit(int type) const;
     SoundUnit* Oscillator(SoundWaveform type, float rate) const;
     SoundUnit* Equaliser(float centre, float octaves, float gain) const;
-    /// On a free channel of the master group.
+    /// Plays a unit on a free channel of the master group.
     SoundChannel* Play(SoundUnit* unit, bool paused = false) const;
+    /// Plays a sine at this volume.
+    SoundChannel* PlaySine(double hz, float volume) const;
     SoundGroup* Master() const;
-    /// In the master group, unless it is put elsewhere.
+    /// Makes a group in the master group.
     SoundGroup* Group() const;
     void Set(SoundUnit* unit, int index, float value) const;
     float Get(SoundUnit* unit, int index) const;

@@ -15,7 +15,7 @@ namespace quavix::test {
 namespace {
 
 constexpr double ToleranceDb = 0.05;
-// What is weaker is inexact already in the 16 bits of the file.
+// The 16 bits of the file make weaker levels inexact.
 constexpr double LowestDb = -45.0;
 
 /// How much louder a sine comes out of a unit of the engine, in dB; the unit is made by `make`.
@@ -24,9 +24,7 @@ double MeasuredDb(double hz, float volume, Make make) {
     const TemporaryFolder folder;
     EngineSystem engine;
     engine.InitWav(folder.File("filter.wav"), 64);
-    SoundChannel* channel = engine.Play(engine.Oscillator(SOUND_SINE, static_cast<float>(hz)));
-    engine.Frequency(channel, 48000.0F);
-    engine.Volume(channel, volume);
+    engine.PlaySine(hz, volume);
     EXPECT_EQ(E().ChannelGroup_AddDSP(engine.Master(), make(engine)), SOUND_OK);
     constexpr std::int64_t Settling = 9600;
     engine.Mix(Settling + 16384);
@@ -89,7 +87,7 @@ std::vector<float> Saw(Change change) {
     return engine.Finish();
 }
 
-TEST(EngineFilter, OfGainOneOrBypassedLeavesTheSamplesUnchanged) {
+TEST(EngineFilter, AFilterOfGainOneOrBypassedLeavesTheSamplesUnchanged) {
     const std::vector<float> plain = Saw([](const EngineSystem&) {});
     ASSERT_GT(Peak(plain), 0.1);
     EXPECT_EQ(plain, Saw([](const EngineSystem& engine) {

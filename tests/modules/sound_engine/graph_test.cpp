@@ -22,9 +22,7 @@ std::vector<float> Recorded(double hz, const std::function<SoundGroup*(EngineSys
     const TemporaryFolder folder;
     EngineSystem engine;
     engine.InitWav(folder.File("graph.wav"), 64);
-    SoundChannel* channel = engine.Play(engine.Oscillator(SOUND_SINE, static_cast<float>(hz)));
-    engine.Frequency(channel, 48000.0F);
-    engine.Volume(channel, Volume);
+    SoundChannel* channel = engine.PlaySine(hz, Volume);
     EXPECT_EQ(E().Channel_SetChannelGroup(channel, place(engine)), SOUND_OK);
     engine.Mix(frames);
     return engine.Finish();

@@ -225,20 +225,18 @@ TEST(QtMessageBoxes, TextOfAnyLengthFitsOnTheScreen) {
 }
 
 TEST(QtMessageBoxes, ClosingABoxAnswersTheCautiousChoice) {
-    EXPECT_EQ(ShowAnd({.Title = "", .Text = "?", .Buttons = BoxButtons::YesNo}, PressEscape), BoxAnswer::No);
-    EXPECT_EQ(ShowAnd({.Title = "", .Text = "?", .Buttons = BoxButtons::OkCancel}, PressEscape),
-              BoxAnswer::Cancel);
-    EXPECT_EQ(ShowAnd({.Title = "", .Text = "?", .Buttons = BoxButtons::YesNoCancel}, PressEscape),
-              BoxAnswer::Cancel);
-    EXPECT_EQ(ShowAnd({.Title = "", .Text = "!"}, PressEscape), BoxAnswer::Ok);
+    for (const auto& [buttons, answer] : {std::pair{BoxButtons::YesNo, BoxAnswer::No},
+                                          {BoxButtons::OkCancel, BoxAnswer::Cancel},
+                                          {BoxButtons::YesNoCancel, BoxAnswer::Cancel},
+                                          {BoxButtons::Ok, BoxAnswer::Ok}})
+        EXPECT_EQ(ShowAnd({.Title = "", .Text = "?", .Buttons = buttons}, PressEscape), answer);
 }
 
 TEST(QtMessageBoxes, EnterAnswersTheFirstChoice) {
-    EXPECT_EQ(ShowAnd({.Title = "", .Text = "?", .Buttons = BoxButtons::YesNo}, PressEnter), BoxAnswer::Yes);
-    EXPECT_EQ(ShowAnd({.Title = "", .Text = "?", .Buttons = BoxButtons::YesNoCancel}, PressEnter),
-              BoxAnswer::Yes);
-    EXPECT_EQ(ShowAnd({.Title = "", .Text = "?", .Buttons = BoxButtons::OkCancel}, PressEnter),
-              BoxAnswer::Ok);
+    for (const auto& [buttons, answer] : {std::pair{BoxButtons::YesNo, BoxAnswer::Yes},
+                                          {BoxButtons::YesNoCancel, BoxAnswer::Yes},
+                                          {BoxButtons::OkCancel, BoxAnswer::Ok}})
+        EXPECT_EQ(ShowAnd({.Title = "", .Text = "?", .Buttons = buttons}, PressEnter), answer);
 }
 
 TEST(QtMessageBoxes, AfterTheProgramsEndBeginsBoxesAnswerThemselves) {

@@ -129,14 +129,7 @@ TEST(SaveLoadForm, HasItsButtonsAgainAfterALoad) {
 TEST(MainForm, LoadsASongThatIsDroppedOnIt) {
     test::UiProgram p;
     p.Disk.Put("/songs/dropped.QVX", test::TwoRowSong);
-    QMimeData song;
-    song.setUrls({QUrl::fromLocalFile("/songs/dropped.QVX")});
-    QDragEnterEvent enter({50, 50}, Qt::CopyAction, &song, Qt::LeftButton, {});
-    QApplication::sendEvent(&p.Form, &enter);
-    EXPECT_TRUE(enter.isAccepted());
-    QDropEvent drop(QPointF(50, 50), Qt::CopyAction, &song, Qt::LeftButton, {});
-    QApplication::sendEvent(&p.Form, &drop);
-    QApplication::processEvents();
+    p.Drop("/songs/dropped.QVX");
     EXPECT_EQ(p.App.List.Count(), 2);
     EXPECT_TRUE(p.Form.windowTitle().endsWith(" BETA) - dropped.QVX")) << p.Form.windowTitle().toStdString();
 }

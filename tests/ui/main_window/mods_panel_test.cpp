@@ -86,14 +86,14 @@ TEST(ModsPanel, HelpTextsStandWordForWord) {
     EXPECT_STREQ(text::UseCircuitBent.HelpTitle, "Acting as if circuit-bent");
     EXPECT_STREQ(text::UseCircuitBent.Caption, "Act as if circuit-bent");
     EXPECT_STREQ(text::UseCircuitBent.ToolTip, "Plays fast random notes all the time. Yeah, it's a waste.");
+    EXPECT_STREQ(text::UseBeat.HelpTitle, "Playing a beat sound");
+    EXPECT_STREQ(text::UseBeat.ToolTip, "Make a beat-like sound on quarter-notes or half-notes");
+    EXPECT_STREQ(text::UseBeat.Caption, "Play a beat sound");
     EXPECT_STREQ(
         text::UseBeat.HelpText,
         "This makes the tweeble play a kind of 'beat' sound on every beat (or on every other beat, if you "
         "don't want it to sound so crazy at fast tempos). It sounds like a kind of techno beat, which I "
         "suppose is what you'd expect from something as electronic as the system speaker. ;P");
-    EXPECT_STREQ(text::UseBeat.HelpTitle, "Playing a beat sound");
-    EXPECT_STREQ(text::UseBeat.Caption, "Play a beat sound");
-    EXPECT_STREQ(text::UseBeat.ToolTip, "Make a beat-like sound on quarter-notes or half-notes");
     EXPECT_STREQ(text::UsePorta.Caption, "Tweeble portamento");
     EXPECT_STREQ(text::UsePorta.ToolTip,
                  "Make the PC speaker gradually fade from one note to the next (clicked keys only)");

@@ -6,12 +6,7 @@ namespace quavix {
 namespace {
 
 struct FmodProgram : test::UiProgram {
-    FmodProgram() {
-        Disk.Put("/program/FMODex.dll", "a library");
-        App.Outputs.SoundMods.CheckAvailability("/program");
-        App.Outputs.SoundMods.StartEngine();
-        Timeline.Clear();
-    }
+    FmodProgram() { StartSound(); }
     ModWindow& Options() { return *Form.findChild<ModWindow*>("FMODOptionsForm"); }
 };
 

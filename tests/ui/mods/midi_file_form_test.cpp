@@ -22,7 +22,7 @@ struct MidiFileWindow : test::UiProgram {
         Click("cmdBrowse");
     }
     ModWindow& Window() { return Find<ModWindow>("MIDIFileForm"); }
-    /// What the grid shows.
+    /// Returns the notes in the grid.
     std::string Grid() {
         std::string notes;
         for (int i = 0; i < UsingForm::Labels; ++i) {
@@ -193,14 +193,7 @@ TEST(MIDIFileForm, TheHelpStandsWordForWord) {
 TEST(MIDIFileForm, AMidiFileDroppedOnTheMainWindowIsOpened) {
     MidiFileWindow p;
     p.Find<QCheckBox>("UseMIDIFileCheck").click();
-    QMimeData data;
-    data.setUrls({QUrl::fromLocalFile("/music/song.mid")});
-    QDragEnterEvent enter({50, 50}, Qt::CopyAction, &data, Qt::LeftButton, {});
-    QApplication::sendEvent(&p.Form, &enter);
-    EXPECT_TRUE(enter.isAccepted());
-    QDropEvent drop(QPointF(50, 50), Qt::CopyAction, &data, Qt::LeftButton, {});
-    QApplication::sendEvent(&p.Form, &drop);
-    QApplication::processEvents();
+    p.Drop("/music/song.mid");
     EXPECT_TRUE(p.Window().isVisible());
     EXPECT_EQ(p.Find<QLineEdit>("txtFile").text(), "/music/song.mid");
     EXPECT_FALSE(p.App.Playing.MidiFilePlayback.IsPlaying());

@@ -7,8 +7,7 @@ namespace {
 
 struct MidiInProgram : test::UiProgram {
     MidiInProgram() {
-        Disk.Put("/windows/system32/midiio32.ocx", "module");
-        MidiIn.Devices = {"Keyboard", "Drum pad"};
+        AttachMidiInputs();
         Find<QCheckBox>("UseMIDIInCheck").click();
     }
 
@@ -28,7 +27,7 @@ struct MidiInProgram : test::UiProgram {
         Time.RunUntil(now + 16);
     }
 
-    /// What the grid shows, the note that is being pulsed with a star.
+    /// Returns the notes in the grid, with a star before the note that is being pulsed.
     std::string Grid() {
         std::string grid;
         for (int index = 0; index < 32; ++index) {

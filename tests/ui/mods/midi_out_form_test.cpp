@@ -7,10 +7,7 @@ namespace quavix {
 namespace {
 
 struct MidiOutProgram : test::UiProgram {
-    MidiOutProgram() {
-        Disk.Put("/windows/system32/midiio32.ocx", "module");
-        MidiOut.Devices = {"Keyboard", "Synthesizer"};
-    }
+    MidiOutProgram() { AttachMidiOutputs(); }
     ModWindow& Open() {
         Click("UseMIDIOutCheck");
         return Find<ModWindow>("MIDIOutForm");

@@ -49,14 +49,12 @@ TEST(VoiceInternalForm, SlidersMoveTheVoiceAndTheNumbersBesideThem) {
               "0.0000 fmod FMOD_DSP_SetParameter(unit4, 2, 1.1666666)\n"
               "0.0000 fmod FMOD_DSP_SetParameter(unit1, 0, 1239)\n"
               "0.0000 fmod FMOD_DSP_SetParameter(unit1, 2, 3.5)\n");
-    EXPECT_EQ(p.TextOf("lblVoiceVol"), "50.0 %");
-    EXPECT_EQ(p.TextOf("lblSawVol"), "40.0 %");
-    EXPECT_EQ(p.TextOf("lblNoiseVol"), "3.0 %");
-    EXPECT_EQ(p.TextOf("lblCutoffFreq"), "2500 Hz");
-    EXPECT_EQ(p.TextOf("lblFormantTimbre"), "+5.0 %");
-    EXPECT_EQ(p.TextOf("lblFormantRandomFreq"), QString("± 0 Hz"));
-    EXPECT_EQ(p.TextOf("lblFormantDSPFreq3"), "4000 Hz");
-    EXPECT_EQ(p.TextOf("lblFormantDSPVol0"), "100");
+    QStringList texts;
+    for (const char* label : {"lblVoiceVol", "lblSawVol", "lblNoiseVol", "lblCutoffFreq", "lblFormantTimbre",
+                              "lblFormantRandomFreq", "lblFormantDSPFreq3", "lblFormantDSPVol0"})
+        texts += p.TextOf(label);
+    EXPECT_EQ(texts,
+              (QStringList{"50.0 %", "40.0 %", "3.0 %", "2500 Hz", "+5.0 %", "± 0 Hz", "4000 Hz", "100"}));
     p.Time.RunUntil(50);
     EXPECT_EQ(p.Timeline.Text("fmod FMOD_DSP_SetParameter(unit4, 0, 4200"),
               "0.0000 fmod FMOD_DSP_SetParameter(unit4, 0, 4200)\n"

@@ -71,12 +71,14 @@ struct FakeMachine {
     }
 };
 
+/// Returns the speaker in use, the reason for it and the remedy, each followed by a bar.
+std::string TextOf(const SpeakerStatus& status) {
+    return status.InUse + "|" + status.Reason + "|" + status.Remedy + "|";
+}
+
 TEST(SpeakerChoice, PrefersThePcSpeakerAndHasNothingToSayAboutIt) {
     FakeMachine machine;
-    const SpeakerStatus status = machine.Choose("")->Status();
-    EXPECT_EQ(status.InUse, "device");
-    EXPECT_EQ(status.Reason, "");
-    EXPECT_EQ(status.Remedy, "");
+    EXPECT_EQ(TextOf(machine.Choose("")->Status()), "device|||");
     EXPECT_EQ(machine.AskedFor, "device \n");
 }
 
@@ -84,10 +86,7 @@ TEST(SpeakerChoice, TakesTheSoundCardNextAndSaysWhyAndWhatToDo) {
     FakeMachine machine;
     machine.NoDevice = "No driver.";
     machine.DeviceRemedy = "load it";
-    const SpeakerStatus status = machine.Choose("")->Status();
-    EXPECT_EQ(status.InUse, "card");
-    EXPECT_EQ(status.Reason, "No driver.");
-    EXPECT_EQ(status.Remedy, "load it");
+    EXPECT_EQ(TextOf(machine.Choose("")->Status()), "card|No driver.|load it|");
 }
 
 TEST(SpeakerChoice, IsSilentLastAndGivesEveryReason) {
@@ -95,10 +94,7 @@ TEST(SpeakerChoice, IsSilentLastAndGivesEveryReason) {
     machine.NoDevice = "No driver.";
     machine.DeviceRemedy = "load it";
     machine.NoCard = "No card.";
-    const SpeakerStatus status = machine.Choose("")->Status();
-    EXPECT_EQ(status.InUse, "silent");
-    EXPECT_EQ(status.Reason, "No driver. No card.");
-    EXPECT_EQ(status.Remedy, "load it");
+    EXPECT_EQ(TextOf(machine.Choose("")->Status()), "silent|No driver. No card.|load it|");
 }
 
 TEST(SpeakerChoice, ByHandTakesTheNamedSpeakerOrOneAfterIt) {
@@ -137,7 +133,7 @@ TEST(SpeakerChoice, ThatFailsGoesOnToTheNext) {
     EXPECT_THAT(file.Reason, HasSubstr("No space."));
 }
 
-TEST(SpeakerChoice, ThatIsUnknownIsReportedAndCountsAsAutomatic) {
+TEST(SpeakerChoice, AnUnknownChoiceIsReportedAndCountsAsAutomatic) {
     for (const char* wanted : {"loud", "evdev:", "wav", "wav:", "soundcard:1", "silent:", "EVDEV", ":"}) {
         FakeMachine machine;
         const SpeakerStatus status = machine.Choose(wanted)->Status();
@@ -177,9 +173,8 @@ TEST(MachineSpeakers, KeepTimeSilentlyAndSaySo) {
     choice.Clock = time.Clock();
     const auto speaker = ChooseSpeaker(choice);
     const std::int64_t start = time.NowNs;
-    speaker->Beep(440, 250);
-    speaker->Beep(5, 250);
-    speaker->Beep(40000, 250);
+    for (const std::int32_t frequency : {440, 5, 40000})
+        speaker->Beep(frequency, 250);
     EXPECT_EQ(time.NowNs - start, 750 * NsPerMs);
     speaker->Beep(440, 0);
     speaker->Beep(440, -3);

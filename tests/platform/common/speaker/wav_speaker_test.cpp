@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
-#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <vector>
@@ -12,21 +11,13 @@
 #include <gmock/gmock.h>
 
 #include "fake_time.h"
+#include "support/temporary_folder.h"
 
 namespace quavix {
 namespace {
 
-namespace fs = std::filesystem;
-
 class WavSpeakerFile : public testing::Test {
   protected:
-    WavSpeakerFile() {
-        std::string pattern = fs::temp_directory_path() / "quavix-wav-XXXXXX";
-        folder_ = mkdtemp(pattern.data());
-        path_ = folder_ / "heard.wav";
-    }
-    ~WavSpeakerFile() override { fs::remove_all(folder_); }
-
     std::string Bytes() const {
         std::ifstream in(path_, std::ios::binary);
         return {std::istreambuf_iterator<char>(in), {}};
@@ -52,8 +43,8 @@ class WavSpeakerFile : public testing::Test {
     }
 
     FakeTime time_;
-    fs::path folder_;
-    fs::path path_;
+    test::TemporaryFolder folder_;
+    const std::string path_ = folder_.File("heard.wav");
 };
 
 TEST_F(WavSpeakerFile, IsWholeBeforeTheFirstTone) {
