@@ -125,15 +125,17 @@ TEST_F(RenderProgram, WritesTheLogAndTheToneCodeAnew) {
 }
 
 TEST_F(RenderProgram, AnInterruptLeavesNoFile) {
-    ExpectInterruptible("$render --passes 1000000 song out.wav & child=$!; "
+    for (const char* signal : {"INT", "TERM", "HUP"}) {
+        const int status =
+            Run(fmt::format("$render --passes 1000000 song out.wav & child=$!; "
                             "until ls out.wav.*.part >/dev/null 2>&1; do :; done; "
-                            "kill -$signal $child; wait $child",
+                            "kill -{} $child; wait $child",
                             signal));
-    EXPECT_GT(status, 128) << signal;
-    EXPECT_TRUE(HasNothingHalfWritten()) << signal;
-    EXPECT_EQ(Run("test -e out.wav"), 1) << signal;
+        EXPECT_GT(status, 128) << signal;
+        EXPECT_TRUE(HasNothingHalfWritten()) << signal;
+        EXPECT_EQ(Run("test -e out.wav"), 1) << signal;
+    }
 }
-}  // namespace
 
 TEST_F(RenderProgram, InterruptedItLeavesNothingOfTheSoundEngine) {
     const int status =
@@ -172,13 +174,12 @@ TEST_F(RenderProgram, WritesToDevicesAndToPipesThatAreOpen) {
 }
 
 TEST_F(RenderProgram, CanBeInterruptedWhileItsReaderDoesNotRead) {
-    for (const char* signal : {"INT", "TERM", "HUP"}) {
-        // The first byte says that the rest, more than a pipe holds, waits for its reader.
-        const int status =
-            Run(fmt::format("rm -f pipe; mkfifo pipe; exec 3<>pipe; "
-                            "$render --passes 200 song - >&3 & child=$!; "
-                            "head -c 1 <&3 >/dev/null; kill -$signal $child; wait $child");
-    }
+    // The first byte says that the rest, more than a pipe holds, waits for its reader.
+    ExpectInterruptible(
+        "rm -f pipe; mkfifo pipe; exec 3<>pipe; "
+        "$render --passes 200 song - >&3 & child=$!; "
+        "head -c 1 <&3 >/dev/null; kill -$signal $child; wait $child");
+}
 
 }  // namespace
 }  // namespace quavix
