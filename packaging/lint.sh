@@ -6,8 +6,9 @@ set -eu
 cd "$(dirname "$0")/.."
 build=${1:-build/asan}
 mkdir -p build/lint
-# clang-tidy can't read the compiler's precompiled headers.
-sed -E 's/-Winvalid-pch -include [^ ]*cmake_pch.hxx//' "$build/compile_commands.json" >build/lint/compile_commands.json
+# clang-tidy can't read the compiler's precompiled headers, and does not know all of its options.
+sed -E 's/-Winvalid-pch -include [^ ]*cmake_pch.hxx//; s/-Wno-maybe-uninitialized//' \
+    "$build/compile_commands.json" >build/lint/compile_commands.json
 # Generated code and the precompiled headers themselves are left out.
 sed -n 's/^ *"file": "\(.*\)",\{0,1\}$/\1/p' build/lint/compile_commands.json |
     grep -E '/(src|modules)/' | grep -vE '_autogen/|cmake_pch|/tests/|/fuzz/|/bench/' | sort -u |

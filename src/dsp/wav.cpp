@@ -96,7 +96,7 @@ bool WavWriter::WriteHeader(std::optional<std::int64_t> frames) {
     AppendNumber(header, sampleRate_, 4);
     AppendNumber(header, sampleRate_ * frameBytes, 4);
     AppendNumber(header, frameBytes, 2);
-    AppendNumber(header, WavBytesPerSample * 8, 2);
+    AppendNumber(header, std::int64_t{WavBytesPerSample} * 8, 2);
     header += "data";
     AppendNumber(header, isStated ? dataBytes : UnknownSize, 4);
     return static_cast<bool>(out_.write(header.data(), static_cast<std::streamsize>(header.size())));
@@ -248,7 +248,8 @@ bool WavReader::ReadFormat(std::uint64_t size) {
     const std::uint64_t frameBytes = channels * WavBytesPerSample;
     if (!in_ || size < FormatBytes || Number(bytes.first(2)) != Pcm || channels == 0 || rate == 0 ||
         rate > std::numeric_limits<std::int32_t>::max() || Number(bytes.subspan(8, 4)) != rate * frameBytes ||
-        Number(bytes.subspan(12, 2)) != frameBytes || Number(bytes.last(2)) != 8 * WavBytesPerSample)
+        Number(bytes.subspan(12, 2)) != frameBytes ||
+        Number(bytes.last(2)) != std::uint64_t{WavBytesPerSample} * 8)
         return false;
     channels_ = static_cast<std::int32_t>(channels);
     sampleRate_ = static_cast<std::int32_t>(rate);
