@@ -39,6 +39,14 @@ endfunction()
 add_library(quavix_module_interfaces INTERFACE)
 target_include_directories(quavix_module_interfaces INTERFACE ${PROJECT_SOURCE_DIR})
 
+# Hides everything of a module but its C interface. clang's AddressSanitizer exports functions of its own.
+function(quavix_export_interface_only name)
+    if(NOT QUAVIX_FUZZ)
+        target_link_options(${name} PRIVATE LINKER:--version-script=${PROJECT_SOURCE_DIR}/modules/exports.map)
+        set_property(TARGET ${name} APPEND PROPERTY LINK_DEPENDS ${PROJECT_SOURCE_DIR}/modules/exports.map)
+    endif()
+endfunction()
+
 # quavix_module(NAME FILE name.ocx SOURCES... LINK targets...): a module loaded at run time, built beside the programs.
 # All but its entry point for installers (registration.cpp) is also in the object library NAME_objects, for tests.
 function(quavix_module name)
@@ -51,8 +59,7 @@ function(quavix_module name)
     if(NOT QUAVIX_SANITIZE)
         target_link_options(${name} PRIVATE -Wl,--no-undefined)
     endif()
-    target_link_options(${name} PRIVATE LINKER:--version-script=${PROJECT_SOURCE_DIR}/modules/exports.map)
-    set_property(TARGET ${name} APPEND PROPERTY LINK_DEPENDS ${PROJECT_SOURCE_DIR}/modules/exports.map)
+    quavix_export_interface_only(${name})
     set_target_properties(${name}_objects ${name} PROPERTIES
         POSITION_INDEPENDENT_CODE ON CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON)
     set_target_properties(${name} PROPERTIES

@@ -6,7 +6,7 @@ compiler=$1
 source_dir=$2
 generated_dir=$3
 cd "$source_dir"
-find . ../modules -name '*.h' ! -path './ui/*' ! -path './platform/qt/*' | sort |
+find . ../modules -name '*.h' ! -path './ui/*' ! -path './platform/qt/*' ! -path './app/desktop_ports.h' | sort |
     xargs -P "$(nproc)" -I{} sh -c '
         printf "#include \"%s\"\n" "$4" | sed "s|\"\.*/|\"|" |
             "$1" -std=c++20 -fsyntax-only -DFMT_SHARED -I"$2" -I"$2/.." -I"$3" $5 -x c++ - ||
