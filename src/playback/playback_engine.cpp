@@ -360,7 +360,7 @@ void PlaybackEngine::Start(const Request& request) {
         while (!waiting_.empty()) {
             const Request next = waiting_.front();
             waiting_.pop_front();
-            // The next click that waits would have ended music without an end.
+            // "Play all" does not end by itself: the next waiting click ends it before it begins.
             const bool isEnded = !next.OnlyThisLine && !waiting_.empty();
             if (!isEnded && DoesIndexExist(p_.List, next.StartPoint))
                 Play(next);

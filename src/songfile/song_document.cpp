@@ -8,6 +8,7 @@
 #include "shell/scoped.h"
 
 namespace quavix {
+
 SongDocument::SongDocument(SongDocumentParts parts) : p_(std::move(parts)) {
     // Once the first setting is replaced, it is no longer the old file's song, even if loading fails.
     p_.Reader.OnReplace = [this] {

@@ -79,9 +79,10 @@ class MidiSong : public testing::Test {
         std::filesystem::create_directory(Folder.File("windows"));
     }
 
-    /// Plays the song in a process of its own and gives what the synthesizer has received. A run in which
-    /// the server was disturbed, and that `fault` finds fault with, is repeated. Empty: the test has failed,
-    /// or the machine is too busy for it, which the test then says.
+    /// Plays the song in a process of its own and returns the messages that the synthesizer has received.
+    /// JACK loses messages at its xruns: if `fault` returns a text and the server reported a disturbance, the
+    /// song is played again. Returns nothing if the test has failed, or, marked as skipped, if all runs were
+    /// disturbed. A fault without a disturbance always fails the test.
     std::vector<TimedEvent> Play(const std::string& song,
                                  const std::function<std::string(const std::vector<TimedEvent>&)>& fault) {
         constexpr int MostRuns = 5;
