@@ -15,10 +15,9 @@ constexpr std::uint64_t HeaderContentSize = 6;
 /// begin at even offsets, which some writers ignore.
 bool FindInWrapper(const FileBytes& bytes, Messages& messages, std::uint64_t& start, std::uint64_t& end) {
     constexpr std::uint64_t FirstChunk = 12;
-    if (!bytes.Is(ChunkHeadSize, "RMID")) {
-        messages.Fail(ChunkHeadSize, "a RIFF file, but not one that holds MIDI (\"RMID\").");
-        return false;
-    }
+    if (!bytes.Is(ChunkHeadSize, "RMID"))
+        return messages.Fail(Unreadable, ChunkHeadSize,
+                             "a RIFF file, but not one that holds MIDI (\"RMID\").");
     std::uint64_t at = FirstChunk;
     while (bytes.Has(at, ChunkHeadSize)) {
         const std::uint64_t content = at + ChunkHeadSize;
@@ -32,36 +31,31 @@ bool FindInWrapper(const FileBytes& bytes, Messages& messages, std::uint64_t& st
         const bool padded = size % 2 != 0 && !bytes.Is(contentEnd, "data");
         at = contentEnd + (padded ? 1 : 0);
     }
-    messages.Fail(std::min(at, bytes.Size()), "the RIFF file has no chunk \"data\".");
-    return false;
+    return messages.Fail(Unreadable, std::min(at, bytes.Size()), "the RIFF file has no chunk \"data\".");
 }
 
-/// Skips data that some programs put in front of the header, up to 1024 bytes.
-bool FindHeader(const FileBytes& bytes, Messages& messages, std::uint64_t start, std::uint64_t& found) {
+/// Moves `start` behind data that some programs put in front of the header, up to 1024 bytes.
+bool FindHeader(const FileBytes& bytes, Messages& messages, std::uint64_t& start) {
     constexpr std::string_view UsualBeginning{"MThd\0\0\0\6", ChunkHeadSize};
     constexpr std::uint64_t MostInFront = 1024;
-    if (bytes.Is(start, HeaderName)) {
-        found = start;
+    if (bytes.Is(start, HeaderName))
         return true;
-    }
     const auto later =
         bytes.Find(UsualBeginning, start, std::min(bytes.Size(), start + MostInFront + ChunkHeadSize));
     if (later) {
-        found = *later;
-        messages.Remark(start, "passed over %" PRIu64 " bytes in front of the header.", found - start);
+        messages.Remark(start, "passed over %" PRIu64 " bytes in front of the header.", *later - start);
+        start = *later;
         return true;
     }
-    if (bytes.Size() == 0) {
-        messages.Fail(0, "the file is empty.");
-    } else if (bytes.Has(start, ChunkNameSize)) {
-        const std::uint8_t* begin = bytes.At(start);
-        messages.Fail(start,
-                      "not a MIDI file, which begins with 4D 54 68 64 (\"MThd\"), not %02X %02X %02X %02X.",
-                      begin[0], begin[1], begin[2], begin[3]);
-    } else {
-        messages.Fail(start, "not a MIDI file, which begins with 4D 54 68 64 (\"MThd\").");
-    }
-    return false;
+    if (bytes.Size() == 0)
+        return messages.Fail(Unreadable, 0, "the file is empty.");
+    if (!bytes.Has(start, ChunkNameSize))
+        return messages.Fail(Unreadable, start, "not a MIDI file, which begins with 4D 54 68 64 (\"MThd\").");
+    const std::uint8_t* begin = bytes.At(start);
+    return messages.Fail(
+        Unreadable, start,
+        "not a MIDI file, which begins with 4D 54 68 64 (\"MThd\"), not %02X %02X %02X %02X.", begin[0],
+        begin[1], begin[2], begin[3]);
 }
 
 /// Returns the offset of the first track: behind the declared size, or if that is wrong, behind 6 bytes.
@@ -83,15 +77,13 @@ bool ReadSmpteDivision(std::uint32_t division, std::uint64_t at, Messages& messa
     constexpr std::uint32_t DropFrame = 29;
     const std::uint32_t frames = 0x100U - (division >> 8U);
     const std::uint32_t ticks = division & 0xFFU;
-    if (frames != 24 && frames != 25 && frames != DropFrame && frames != 30) {
-        messages.Fail(at, "the times are in %" PRIu32 " frames a second, which is not 24, 25, 29 or 30.",
-                      frames);
-        return false;
-    }
-    if (ticks == 0) {
-        messages.Fail(at + 1, "the division has 0 ticks in a frame, so no event has a time.");
-        return false;
-    }
+    if (frames != 24 && frames != 25 && frames != DropFrame && frames != 30)
+        return messages.Fail(Unreadable, at,
+                             "the times are in %" PRIu32 " frames a second, which is not 24, 25, 29 or 30.",
+                             frames);
+    if (ticks == 0)
+        return messages.Fail(Unreadable, at + 1,
+                             "the division has 0 ticks in a frame, so no event has a time.");
     // A rate of 29 means 30000 / 1001 frames per second (NTSC).
     says.TicksPerSecondNumerator = frames == DropFrame ? 30000 * ticks : frames * ticks;
     says.TicksPerSecondDenominator = frames == DropFrame ? 1001 : 1;
@@ -105,13 +97,11 @@ bool ReadHeader(const FileBytes& bytes, Messages& messages, FileHeader& header) 
     header.WrapperEnd = bytes.Size();
     if (bytes.Is(0, "RIFF") && !FindInWrapper(bytes, messages, start, header.WrapperEnd))
         return false;
-    if (!FindHeader(bytes, messages, start, start))
+    if (!FindHeader(bytes, messages, start))
         return false;
     const std::uint64_t content = start + ChunkHeadSize;
-    if (!bytes.Has(content, HeaderContentSize)) {
-        messages.Fail(bytes.Size(), "the file ends within its header.");
-        return false;
-    }
+    if (!bytes.Has(content, HeaderContentSize))
+        return messages.Fail(Unreadable, bytes.Size(), "the file ends within its header.");
     constexpr std::uint32_t LastKnownFormat = 2;
     const std::uint64_t divisionAt = content + 4;
     const std::uint32_t division = bytes.U16(divisionAt);
@@ -121,10 +111,9 @@ bool ReadHeader(const FileBytes& bytes, Messages& messages, FileHeader& header) 
     says.TicksPerSecondDenominator = 1;
     if (says.Format > LastKnownFormat)
         messages.Remark(content, "format %" PRIu32 " is none of 0, 1 and 2.", says.Format);
-    if (division == 0) {
-        messages.Fail(divisionAt, "the division is 0 ticks in a quarter note, so no event has a time.");
-        return false;
-    }
+    if (division == 0)
+        return messages.Fail(Unreadable, divisionAt,
+                             "the division is 0 ticks in a quarter note, so no event has a time.");
     if (division >= 0x8000) {
         if (!ReadSmpteDivision(division, divisionAt, messages, says))
             return false;

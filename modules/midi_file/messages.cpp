@@ -37,11 +37,13 @@ void Messages::Remark(std::uint64_t offset, const char* format, ...) {
     sink_.Remark(sink_.User, text);
 }
 
-void Messages::Fail(std::uint64_t offset, const char* format, ...) {
+bool Messages::Fail(std::int32_t result, std::uint64_t offset, const char* format, ...) {
+    result_ = result;
     va_list values;
     va_start(values, format);
     Compose(detail_, detailSize_, offset, format, values);
     va_end(values);
+    return false;
 }
 
 }  // namespace quavix::midi_file

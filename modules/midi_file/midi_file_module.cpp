@@ -12,14 +12,14 @@ namespace quavix::midi_file {
 namespace {
 
 /// Reads all chunks from offset `chunk` on.
-std::int32_t ReadChunks(const FileBytes& bytes, std::uint64_t chunk, std::uint32_t declaredTracks,
-                        TrackReader& tracks, Messages& messages) {
+bool ReadChunks(const FileBytes& bytes, std::uint64_t chunk, std::uint32_t declaredTracks,
+                TrackReader& tracks, Messages& messages) {
     while (tracks.Tracks() < QUAVIX_MIDI_FILE_TRACKS) {
-        if (const std::int32_t result = tracks.Progress(chunk); result != QUAVIX_MIDI_FILE_OK)
-            return result;
+        if (!tracks.Progress(chunk))
+            return false;
         if (bytes.Is(chunk, TrackName) && bytes.Has(chunk, ChunkHeadSize)) {
-            if (const std::int32_t result = tracks.Read(chunk); result != QUAVIX_MIDI_FILE_OK)
-                return result;
+            if (!tracks.Read(chunk))
+                return false;
             continue;
         }
         if (tracks.Tracks() >= declaredTracks || bytes.Is(chunk, "MThd"))
@@ -38,31 +38,19 @@ std::int32_t ReadChunks(const FileBytes& bytes, std::uint64_t chunk, std::uint32
         messages.Remark(chunk, "%" PRIu32 " tracks instead of %" PRIu32 ".", tracks.Tracks(), declaredTracks);
     if (chunk < bytes.Size())
         messages.Remark(chunk, "passed over what stands behind the last track.");
-    return QUAVIX_MIDI_FILE_OK;
+    return tracks.Finish();
 }
 
-std::int32_t Read(const FileBytes& bytes, const QuavixMidiFileSink& sink, Messages& messages) {
+bool Read(const FileBytes& bytes, const QuavixMidiFileSink& sink, Messages& messages) {
     FileHeader header;
     if (!ReadHeader(bytes, messages, header))
-        return QUAVIX_MIDI_FILE_UNREADABLE;
+        return false;
     if (sink.Header != nullptr && sink.Header(sink.User, &header.Says) != 0)
-        return QUAVIX_MIDI_FILE_STOPPED;
+        return messages.Stop();
     TrackReader tracks(bytes, header.WrapperEnd, sink, messages);
-    const std::int32_t result =
-        ReadChunks(bytes, header.ChunksBegin, header.Says.DeclaredTracks, tracks, messages);
-    if (result != QUAVIX_MIDI_FILE_OK)
-        return result;
-    if (tracks.Tracks() == 0) {
-        messages.Fail(header.ChunksBegin, "the file has no track.");
-        return QUAVIX_MIDI_FILE_UNREADABLE;
-    }
-    if (const char* damage = tracks.OnlyDamage()) {
-        messages.Fail(tracks.DamageOffset(),
-                      "track %" PRIu32 " has %s, and nothing else in the file can be played.",
-                      tracks.DamagedTrack(), damage);
-        return QUAVIX_MIDI_FILE_UNREADABLE;
-    }
-    return QUAVIX_MIDI_FILE_OK;
+    if (!ReadChunks(bytes, header.ChunksBegin, header.Says.DeclaredTracks, tracks, messages))
+        return false;
+    return tracks.Tracks() > 0 || messages.Fail(Unreadable, header.ChunksBegin, "the file has no track.");
 }
 
 }  // namespace
@@ -83,8 +71,6 @@ std::int32_t QuavixMidiFileRead(const std::uint8_t* bytes, std::size_t size, con
     if ((bytes == nullptr && size > 0) || sink == nullptr || sink->Events == nullptr)
         return QUAVIX_MIDI_FILE_BAD_ARGUMENT;
     Messages messages(*sink, detail, detailSize);
-    const std::int32_t result = Read(FileBytes(bytes == nullptr ? &Nothing : bytes, size), *sink, messages);
-    if (result == QUAVIX_MIDI_FILE_STOPPED)
-        messages.Fail(0, "the reading was stopped.");
-    return result;
+    Read(FileBytes(bytes == nullptr ? &Nothing : bytes, size), *sink, messages);
+    return messages.Result();
 }

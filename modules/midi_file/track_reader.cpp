@@ -7,13 +7,13 @@
 #include <utility>
 
 namespace quavix::midi_file {
-std::int32_t TrackReader::Progress(std::uint64_t offset) {
+
+bool TrackReader::Progress(std::uint64_t offset) {
     constexpr std::uint64_t ProgressStep = 0x10000;
     if (sink_.Progress == nullptr || offset < nextProgress_)
-        return QUAVIX_MIDI_FILE_OK;
+        return true;
     nextProgress_ = offset + ProgressStep;
-    return sink_.Progress(sink_.User, offset, bytes_.Size()) == 0 ? QUAVIX_MIDI_FILE_OK
-                                                                  : QUAVIX_MIDI_FILE_STOPPED;
+    return sink_.Progress(sink_.User, offset, bytes_.Size()) == 0 || messages_.Stop();
 }
 
 std::uint64_t TrackReader::NextTrack(std::uint64_t from) {
@@ -50,24 +50,21 @@ bool TrackReader::GoesOnToAnEnd(const EventParser& parser, std::uint64_t limit) 
     return false;
 }
 
-std::int32_t TrackReader::Flush(std::uint64_t offset) {
+bool TrackReader::Flush(std::uint64_t offset) {
     const std::size_t count = std::exchange(inBlock_, 0);
     if (count > 0 && sink_.Events(sink_.User, tracks_ - 1, block_.data(), count) != 0)
-        return QUAVIX_MIDI_FILE_STOPPED;
+        return messages_.Stop();
     return Progress(offset);
 }
 
-std::int32_t TrackReader::CountEvent(std::uint64_t offset) {
-    if (++eventsOfTrack_ > QUAVIX_MIDI_FILE_TRACK_EVENTS) {
-        messages_.Fail(offset, "track %" PRIu32 " has more than %u events.", tracks_,
-                       QUAVIX_MIDI_FILE_TRACK_EVENTS);
-        return QUAVIX_MIDI_FILE_TOO_MANY_EVENTS;
-    }
-    if (++events_ > QUAVIX_MIDI_FILE_EVENTS) {
-        messages_.Fail(offset, "the file has more than %u events.", QUAVIX_MIDI_FILE_EVENTS);
-        return QUAVIX_MIDI_FILE_TOO_MANY_EVENTS;
-    }
-    return QUAVIX_MIDI_FILE_OK;
+bool TrackReader::CountEvent(std::uint64_t offset) {
+    if (++eventsOfTrack_ > QUAVIX_MIDI_FILE_TRACK_EVENTS)
+        return messages_.Fail(QUAVIX_MIDI_FILE_TOO_MANY_EVENTS, offset,
+                              "track %" PRIu32 " has more than %u events.", tracks_,
+                              QUAVIX_MIDI_FILE_TRACK_EVENTS);
+    return ++events_ <= QUAVIX_MIDI_FILE_EVENTS ||
+           messages_.Fail(QUAVIX_MIDI_FILE_TOO_MANY_EVENTS, offset, "the file has more than %u events.",
+                          QUAVIX_MIDI_FILE_EVENTS);
 }
 
 void TrackReader::Damaged(const EventParser& parser) {
@@ -80,7 +77,7 @@ void TrackReader::Damaged(const EventParser& parser) {
     }
 }
 
-std::int32_t TrackReader::ReadEvents(const Extent& extent, std::uint64_t& next) {
+bool TrackReader::ReadEvents(const Extent& extent, std::uint64_t& next) {
     // An untrusted size still applies if an event ends there and no end-of-track event follows.
     bool atDeclaredEnd = !extent.Trusted && extent.DeclaredEnd < extent.Limit;
     const std::uint8_t* const declaredEnd = atDeclaredEnd ? bytes_.At(extent.DeclaredEnd) : nullptr;
@@ -90,7 +87,7 @@ std::int32_t TrackReader::ReadEvents(const Extent& extent, std::uint64_t& next) 
             atDeclaredEnd = false;
             if (parser.At() == declaredEnd && !GoesOnToAnEnd(parser, extent.Limit)) {
                 next = extent.DeclaredEnd;
-                return QUAVIX_MIDI_FILE_OK;
+                return true;
             }
             messages_.Remark(extent.DeclaredEnd, "track %" PRIu32 " should end here, but goes on.", tracks_);
         }
@@ -98,42 +95,47 @@ std::int32_t TrackReader::ReadEvents(const Extent& extent, std::uint64_t& next) 
         const EventParser::Step step = parser.Next(event);
         const std::uint64_t offset = OffsetOf(parser.At());
         if (step != EventParser::Step::Event) {
-            if (step == EventParser::Step::Damage)
+            next = extent.Limit;
+            if (step == EventParser::Step::Damage) {
                 Damaged(parser);
-            next =
-                step == EventParser::Step::Damage ? std::min(extent.Limit, NextTrack(offset)) : extent.Limit;
-            return QUAVIX_MIDI_FILE_OK;
+                next = std::min(next, NextTrack(offset));
+            }
+            return true;
         }
-        if (const std::int32_t result = CountEvent(offset); result != QUAVIX_MIDI_FILE_OK)
-            return result;
+        if (!CountEvent(offset))
+            return false;
         playable_ |= event.Status < 0xF0;
         const bool end = EventParser::IsEndOfTrack(event);
-        if (++inBlock_ == BlockSize) {
-            if (const std::int32_t result = Flush(offset); result != QUAVIX_MIDI_FILE_OK)
-                return result;
-        }
+        if (++inBlock_ == BlockSize && !Flush(offset))
+            return false;
         if (end) {
             next = extent.Trusted && !bytes_.Is(offset, TrackName) ? extent.Limit : offset;
             if (next != offset)
                 messages_.Remark(offset, "track %" PRIu32 " ends before its last byte.", tracks_);
-            return QUAVIX_MIDI_FILE_OK;
+            return true;
         }
     }
 }
 
-std::int32_t TrackReader::Read(std::uint64_t& chunk) {
+bool TrackReader::Read(std::uint64_t& chunk) {
     const Extent extent = ExtentOf(chunk);
     ++tracks_;
     eventsOfTrack_ = 0;
     if (sink_.Track != nullptr && sink_.Track(sink_.User, tracks_ - 1, extent.Begin) != 0)
-        return QUAVIX_MIDI_FILE_STOPPED;
+        return messages_.Stop();
     if (extent.DeclaredEnd > bytes_.Size()) {
         messages_.Remark(chunk + ChunkNameSize,
                          "track %" PRIu32 " should have %" PRIu64 " bytes, but the file ends.", tracks_,
                          extent.DeclaredEnd - extent.Begin);
     }
-    const std::int32_t result = ReadEvents(extent, chunk);
-    return result == QUAVIX_MIDI_FILE_OK ? Flush(chunk) : result;
+    return ReadEvents(extent, chunk) && Flush(chunk);
+}
+
+bool TrackReader::Finish() {
+    return playable_ || damage_ == nullptr ||
+           messages_.Fail(Unreadable, damageOffset_,
+                          "track %" PRIu32 " has %s, and nothing else in the file can be played.",
+                          damagedTrack_, damage_);
 }
 
 }  // namespace quavix::midi_file

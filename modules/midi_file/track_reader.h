@@ -23,22 +23,21 @@ class TrackReader {
                 Messages& messages)
         : bytes_(bytes), wrapperEnd_(wrapperEnd), sink_(sink), messages_(messages) {}
 
+    // Functions that return false have reported a failure, which ends the reading.
+
     /// Reads the track whose chunk begins at `chunk`, and sets `chunk` to the expected start of the next one.
-    /// Reading ends with any result but QUAVIX_MIDI_FILE_OK.
-    std::int32_t Read(std::uint64_t& chunk);
+    bool Read(std::uint64_t& chunk);
 
     /// Reports the reading position to the sink.
-    std::int32_t Progress(std::uint64_t offset);
+    bool Progress(std::uint64_t offset);
+
+    /// Ends the reading. Fails if there was damage and no track holds a channel message.
+    bool Finish();
 
     /// Returns the offset of the first track chunk at `from` or later; without one, the file's size.
     std::uint64_t NextTrack(std::uint64_t from);
 
     std::uint32_t Tracks() const { return tracks_; }
-
-    /// Returns the first fault if no track holds a channel message; otherwise null.
-    const char* OnlyDamage() const { return playable_ ? nullptr : damage_; }
-    std::uint64_t DamageOffset() const { return damageOffset_; }
-    std::uint32_t DamagedTrack() const { return damagedTrack_; }
 
   private:
     struct Extent {
@@ -54,9 +53,9 @@ class TrackReader {
     Extent ExtentOf(std::uint64_t chunk);
     bool CanStandBehindATrack(std::uint64_t offset) const;
     bool GoesOnToAnEnd(const EventParser& parser, std::uint64_t limit) const;
-    std::int32_t ReadEvents(const Extent& extent, std::uint64_t& next);
-    std::int32_t CountEvent(std::uint64_t offset);
-    std::int32_t Flush(std::uint64_t offset);
+    bool ReadEvents(const Extent& extent, std::uint64_t& next);
+    bool CountEvent(std::uint64_t offset);
+    bool Flush(std::uint64_t offset);
     std::uint64_t OffsetOf(const std::uint8_t* at) const {
         return static_cast<std::uint64_t>(at - bytes_.At(0));
     }
