@@ -9,7 +9,6 @@
 #include "modules/sound_engine/sound_engine.h"
 
 namespace quavix::sound_engine {
-
 namespace {
 
 // Closer to half the rate, poles and zeros of the formulas nearly coincide.
@@ -18,36 +17,6 @@ constexpr double HighestPart = 0.49;
 double Angle(double frequency, double framesPerSecond) {
     return 2.0 * std::numbers::pi * std::min(frequency / framesPerSecond, HighestPart);
 }
-
-}  // namespace
-
-Biquad LowPassDesign(double cutoff, double resonance, double framesPerSecond) {
-    const double angle = Angle(cutoff, framesPerSecond);
-    const double cosine = std::cos(angle);
-    const double alpha = std::sin(angle) / (2.0 * resonance);
-    const double a0 = 1.0 + alpha;
-    return {.B0 = (1.0 - cosine) / 2.0 / a0,
-            .B1 = (1.0 - cosine) / a0,
-            .B2 = (1.0 - cosine) / 2.0 / a0,
-            .A1 = -2.0 * cosine / a0,
-            .A2 = (1.0 - alpha) / a0};
-}
-
-Biquad EqualiserDesign(double centre, double octaves, double gain, double framesPerSecond) {
-    const double angle = Angle(centre, framesPerSecond);
-    const double cosine = std::cos(angle);
-    const double sine = std::sin(angle);
-    const double alpha = sine * std::sinh(std::numbers::ln2 / 2.0 * octaves * angle / sine);
-    const double a = std::sqrt(gain);
-    const double a0 = 1.0 + alpha / a;
-    return {.B0 = (1.0 + alpha * a) / a0,
-            .B1 = -2.0 * cosine / a0,
-            .B2 = (1.0 - alpha * a) / a0,
-            .A1 = -2.0 * cosine / a0,
-            .A2 = (1.0 - alpha / a) / a0};
-}
-
-namespace {
 
 constexpr std::array<Parameter, 2> LowPassParameters = {{
     {.Lowest = 1.0F, .Highest = 22000.0F, .Default = 5000.0F, .Unit = "Hz"},
@@ -65,10 +34,6 @@ constexpr std::array<Parameter, 3> EqualiserParameters = {{
 constexpr double Nothing = 1e-10;
 
 constexpr std::array<float, Processor::MostFrames> Silence{};
-
-bool operator==(const Biquad& a, const Biquad& b) {
-    return a.B0 == b.B0 && a.B1 == b.B1 && a.B2 == b.B2 && a.A1 == b.A1 && a.A2 == b.A2;
-}
 
 }  // namespace
 
@@ -130,7 +95,7 @@ void Filter::PassOn(const float* in, std::span<float> out) {
 
 void Filter::Run(const float* in, std::span<float> out) {
     // A change during a fade waits for its end, because it would cause a jump.
-    if (fadeLeft_ == 0 && !(now_.Is == wanted_)) {
+    if (fadeLeft_ == 0 && now_.Is != wanted_) {
         next_ = {.Is = wanted_, .Y1 = now_.Y1, .Y2 = now_.Y2};
         fadeLeft_ = fadeFrames_;
     }
@@ -168,17 +133,37 @@ std::size_t Filter::RunFading(const float* in, std::span<float> out) {
     return i;
 }
 
+// Source of both designs: R. Bristow-Johnson, Audio EQ Cookbook.
+
 LowPass::LowPass() : Filter(LowPassParameters) {}
 
 Biquad LowPass::Design(double framesPerSecond) const {
-    return LowPassDesign(Get(SOUND_LOW_PASS_CUTOFF), Get(SOUND_LOW_PASS_RESONANCE), framesPerSecond);
+    const double angle = Angle(Get(SOUND_LOW_PASS_CUTOFF), framesPerSecond);
+    const double cosine = std::cos(angle);
+    const double alpha = std::sin(angle) / (2.0 * Get(SOUND_LOW_PASS_RESONANCE));
+    const double a0 = 1.0 + alpha;
+    return {.B0 = (1.0 - cosine) / 2.0 / a0,
+            .B1 = (1.0 - cosine) / a0,
+            .B2 = (1.0 - cosine) / 2.0 / a0,
+            .A1 = -2.0 * cosine / a0,
+            .A2 = (1.0 - alpha) / a0};
 }
 
 Equaliser::Equaliser() : Filter(EqualiserParameters) {}
 
 Biquad Equaliser::Design(double framesPerSecond) const {
-    return EqualiserDesign(Get(SOUND_EQUALISER_CENTRE), Get(SOUND_EQUALISER_BANDWIDTH),
-                           Get(SOUND_EQUALISER_GAIN), framesPerSecond);
+    const double angle = Angle(Get(SOUND_EQUALISER_CENTRE), framesPerSecond);
+    const double cosine = std::cos(angle);
+    const double sine = std::sin(angle);
+    const double octaves = Get(SOUND_EQUALISER_BANDWIDTH);
+    const double alpha = sine * std::sinh(std::numbers::ln2 / 2.0 * octaves * angle / sine);
+    const double a = std::sqrt(static_cast<double>(Get(SOUND_EQUALISER_GAIN)));
+    const double a0 = 1.0 + alpha / a;
+    return {.B0 = (1.0 + alpha * a) / a0,
+            .B1 = -2.0 * cosine / a0,
+            .B2 = (1.0 - alpha * a) / a0,
+            .A1 = -2.0 * cosine / a0,
+            .A2 = (1.0 - alpha / a) / a0};
 }
 
 bool Equaliser::Neutral() const {

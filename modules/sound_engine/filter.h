@@ -16,17 +16,9 @@ struct Biquad {
     double B2 = 0.0;
     double A1 = 0.0;
     double A2 = 0.0;
+
+    bool operator==(const Biquad&) const = default;
 };
-
-// Source of both: R. Bristow-Johnson, Audio EQ Cookbook. Frequencies are in Hz, above 0; they are limited to
-// 0.49 of `framesPerSecond`.
-
-/// Returns a low-pass with Q `resonance`, above 0.
-Biquad LowPassDesign(double cutoff, double resonance, double framesPerSecond);
-
-/// Returns a peak or dip with the factor `gain`, above 0, at `centre`, and half the gain in dB at the ends of
-/// a band of `octaves` octaves.
-Biquad EqualiserDesign(double centre, double octaves, double gain, double framesPerSecond);
 
 /// A unit that filters its input. The sound fades from the old filter to the new one when settings change,
 /// and to or from the input or silence when the filter is bypassed or deactivated.
@@ -78,6 +70,7 @@ class Filter : public Unit {
     double x2_ = 0.0;
 };
 
+/// A low-pass with a resonance as Q.
 class LowPass final : public Filter {
   public:
     LowPass();
@@ -86,6 +79,7 @@ class LowPass final : public Filter {
     Biquad Design(double framesPerSecond) const override;
 };
 
+/// A peak or dip with a factor at its centre, and half the gain in dB at the ends of its band.
 class Equaliser final : public Filter {
   public:
     Equaliser();

@@ -26,7 +26,6 @@ class Ramp {
         left_ = 0;
     }
 
-    bool Settled() const { return left_ == 0; }
     /// Returns true if the factor rests at exactly this value.
     bool At(float value) const { return left_ == 0 && value_ == value; }
 

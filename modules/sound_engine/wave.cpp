@@ -7,29 +7,35 @@
 #include "modules/sound_engine/processor.h"
 
 namespace quavix::sound_engine {
+namespace {
 
-const Edges& Edges::Tables() {
-    static const Edges edges;
-    return edges;
-}
+using Rows = BandLimitedStep::Rows;
 
 // A corner is the integral of a jump, and so is its correction. Time runs in steps of one phase: from row
 // Phases down to row 0 of a tap, then on to the next tap. The two adjacent rows differ only at the jump.
-Edges::Edges() : jump_(BandLimitedStepTable().Correction) {
+Rows CornerRows(const Rows& jump) {
     constexpr std::size_t Phases = BandLimitedStep::Phases;
+    Rows corner;
     double sum = 0.0;
-    for (std::size_t tap = 0; tap < Taps; ++tap) {
-        corner_[Phases][tap] = static_cast<float>(sum);
+    for (std::size_t tap = 0; tap < BandLimitedStep::Taps; ++tap) {
+        corner[Phases][tap] = static_cast<float>(sum);
         for (std::size_t phase = Phases; phase-- > 0;) {
-            sum += 0.5 *
-                   (static_cast<double>(jump_[phase + 1][tap]) + static_cast<double>(jump_[phase][tap])) /
+            sum += 0.5 * (static_cast<double>(jump[phase + 1][tap]) + static_cast<double>(jump[phase][tap])) /
                    static_cast<double>(Phases);
-            corner_[phase][tap] = static_cast<float>(sum);
+            corner[phase][tap] = static_cast<float>(sum);
         }
     }
+    return corner;
 }
 
-void Edges::Add(const Rows& rows, float* samples, double place, float height) {
+const Rows& CornerTable() {
+    static const Rows corner = CornerRows(BandLimitedStepTable().Correction);
+    return corner;
+}
+
+// Adds the correction, times `height`, of an edge that lies `place` (0..1) samples after
+// samples[BandLimitedStep::Before]. `samples` has BandLimitedStep::Taps elements.
+void AddEdge(const Rows& rows, float* samples, double place, float height) {
     const double phase = place * BandLimitedStep::Phases;
     const std::size_t row = std::min(static_cast<std::size_t>(phase), rows.size() - 2);
     const auto between = static_cast<float>(phase - static_cast<double>(row));
@@ -37,20 +43,10 @@ void Edges::Add(const Rows& rows, float* samples, double place, float height) {
     const BandLimitedStep::Row& upper = rows[row + 1];
     // The local array tells the compiler that nothing overlaps.
     BandLimitedStep::Row sum;
-    for (std::size_t tap = 0; tap < Taps; ++tap)
+    for (std::size_t tap = 0; tap < sum.size(); ++tap)
         sum[tap] = samples[tap] + height * (lower[tap] + between * (upper[tap] - lower[tap]));
     std::copy(sum.begin(), sum.end(), samples);
 }
-
-void Edges::AddJump(float* samples, double place, float height) const {
-    Add(jump_, samples, place, height);
-}
-
-void Edges::AddCorner(float* samples, double place, float slope) const {
-    Add(corner_, samples, place, slope);
-}
-
-namespace {
 
 constexpr Phase HalfPeriod = Phase{1} << 63;
 constexpr Phase QuarterPeriod = Phase{1} << 62;
@@ -97,21 +93,21 @@ void AddAll(float* out, std::size_t frames, Phase phase, Phase step, Weight weig
     }
 }
 
-// Calls `edge(sample, place)` whenever the wave passes the phase `at`, which is `place` (0..1] samples after
-// `sample`. Integer arithmetic keeps an edge on the same side of a sample as the wave itself.
-template <class Function>
-void ForEachPassing(Phase at, std::size_t frames, Phase phase, Phase step, Function edge) {
+// Adds the correction of an edge whenever the wave passes the phase `at`. Integer arithmetic keeps an edge on
+// the same side of a sample as the wave itself.
+void AddEdges(const Rows& rows, float height, Phase at, float* out, std::size_t frames, Phase phase,
+              Phase step, Weight weight) {
     const Phase way = at - phase;
     if (step == 0 || (way - 1) / frames >= step)
         return;
-    Phase passed = 0;  // distance of a sample behind the edge
-    // First sample at or behind the edge. A distance of 0 is a whole period, because that edge was passed
-    // before.
+    // First sample at or behind the edge, and its distance behind it. A distance of 0 is a whole period,
+    // because that edge was passed before.
     Phase sample = (way - 1) / step + 1;
-    passed = sample * step - way;
+    Phase passed = sample * step - way;
     while (sample <= frames) {
-        edge(static_cast<std::size_t>(sample - 1),
-             1.0 - static_cast<double>(passed) / static_cast<double>(step));
+        const double place = 1.0 - static_cast<double>(passed) / static_cast<double>(step);
+        const float heard = weight.Start + weight.Step * static_cast<float>(sample);
+        AddEdge(rows, out + sample - 1, place, height * heard);
         // Distance to the next edge: never 0, because a step is at most half a period.
         const Phase rest = Phase{0} - passed;
         const Phase steps = (rest - 1) / step + 1;
@@ -122,6 +118,8 @@ void ForEachPassing(Phase at, std::size_t frames, Phase phase, Phase step, Funct
 
 }  // namespace
 
+Waves::Waves() : jump_(BandLimitedStepTable().Correction), corner_(CornerTable()) {}
+
 void Waves::AddSine(float* out, std::size_t frames, Phase phase, Phase step, Weight weight) {
     AddAll(out + Delay, frames, phase, step, weight, [](std::int32_t p) { return Sine(Folded(p)); });
 }
@@ -129,37 +127,22 @@ void Waves::AddSine(float* out, std::size_t frames, Phase phase, Phase step, Wei
 void Waves::AddSquare(float* out, std::size_t frames, Phase phase, Phase step, Weight weight) const {
     AddAll(out + Delay, frames, phase, step, weight,
            [](std::int32_t p) { return 1.0F + 2.0F * static_cast<float>(p >> 31); });
-    const auto jump = [&](float height) {
-        return [=, this](std::size_t sample, double place) {
-            const float heard = weight.Start + weight.Step * (static_cast<float>(sample) + 1.0F);
-            edges_.AddJump(out + sample, place, height * heard);
-        };
-    };
-    ForEachPassing(0, frames, phase, step, jump(2.0F));
-    ForEachPassing(HalfPeriod, frames, phase, step, jump(-2.0F));
+    AddEdges(jump_, 2.0F, 0, out, frames, phase, step, weight);
+    AddEdges(jump_, -2.0F, HalfPeriod, out, frames, phase, step, weight);
 }
 
 void Waves::AddRisingSaw(float* out, std::size_t frames, Phase phase, Phase step, Weight weight) const {
     AddAll(out + Delay, frames, phase, step, weight,
            [](std::int32_t p) { return static_cast<float>(p) * Unit31; });
-    ForEachPassing(HalfPeriod, frames, phase, step, [&](std::size_t sample, double place) {
-        const float heard = weight.Start + weight.Step * (static_cast<float>(sample) + 1.0F);
-        edges_.AddJump(out + sample, place, -2.0F * heard);
-    });
+    AddEdges(jump_, -2.0F, HalfPeriod, out, frames, phase, step, weight);
 }
 
 void Waves::AddTriangle(float* out, std::size_t frames, Phase phase, Phase step, Weight weight) const {
     AddAll(out + Delay, frames, phase, step, weight, [](std::int32_t p) { return 2.0F * Folded(p); });
     // At a corner the slope changes by 8 per period, from 4 to -4 or back.
     const float slope = 8.0F * static_cast<float>(step >> 32) / 4294967296.0F;
-    const auto corner = [&](float direction) {
-        return [=, this](std::size_t sample, double place) {
-            const float heard = weight.Start + weight.Step * (static_cast<float>(sample) + 1.0F);
-            edges_.AddCorner(out + sample, place, direction * slope * heard);
-        };
-    };
-    ForEachPassing(QuarterPeriod, frames, phase, step, corner(-1.0F));
-    ForEachPassing(QuarterPeriod + HalfPeriod, frames, phase, step, corner(1.0F));
+    AddEdges(corner_, -slope, QuarterPeriod, out, frames, phase, step, weight);
+    AddEdges(corner_, slope, QuarterPeriod + HalfPeriod, out, frames, phase, step, weight);
 }
 
 }  // namespace quavix::sound_engine

@@ -1,41 +1,12 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
-#include <span>
 
 #include "dsp/band_limiting.h"
 
 namespace quavix::sound_engine {
-
-/// Corrections for waves with jumps and corners: added to a wave, they remove its parts above half the sample
-/// rate.
-class Edges {
-  public:
-    /// Number of samples that one edge changes, and how many of them precede the last sample before the edge.
-    static constexpr std::size_t Taps = BandLimitedStep::Taps;
-    static constexpr std::size_t Before = BandLimitedStep::Before;
-
-    /// Returns the tables. Computed at the first call, from any thread.
-    static const Edges& Tables();
-
-    /// Adds the correction for a jump by `height` that lies `place` (0..1) samples after samples[Before].
-    /// `samples` has Taps elements.
-    void AddJump(float* samples, double place, float height) const;
-
-    /// Same for a corner, where the slope increases by `slope` per sample.
-    void AddCorner(float* samples, double place, float slope) const;
-
-  private:
-    Edges();
-    using Rows = std::array<BandLimitedStep::Row, BandLimitedStep::Phases + 1>;
-    static void Add(const Rows& rows, float* samples, double place, float height);
-
-    const Rows& jump_;
-    Rows corner_;
-};
 
 /// A phase: 2^64 is one period.
 using Phase = std::uint64_t;
@@ -47,13 +18,16 @@ struct Weight {
 };
 
 /// The waveforms, band-limited, as functions of the phase. They begin at 0 with a fundamental in phase with a
-/// sine; the falling saw is inverted.
+/// sine; the falling saw is inverted. Jumps and corners get a correction that removes the wave's parts above
+/// half the sample rate. The first object of the process computes the tables.
 class Waves {
   public:
     /// Delay of the output in samples: the correction of an edge begins before the edge.
-    static constexpr std::size_t Delay = Edges::Before;
+    static constexpr std::size_t Delay = BandLimitedStep::Before;
     /// Number of samples behind the last input that an edge can reach.
-    static constexpr std::size_t Tail = Edges::Taps - 1;
+    static constexpr std::size_t Tail = BandLimitedStep::Taps - 1;
+
+    Waves();
 
     // Each function adds `frames` samples of a wave to `out`, which holds `frames` + Tail, from out[Delay]
     // on, and the corrections around its edges. Sample i has the phase `phase` + i * `step`. Edges are found
@@ -64,7 +38,9 @@ class Waves {
     void AddTriangle(float* out, std::size_t frames, Phase phase, Phase step, Weight weight) const;
 
   private:
-    const Edges& edges_ = Edges::Tables();
+    // Corrections of a jump by 1, and of a slope that increases by 1 per sample.
+    const BandLimitedStep::Rows& jump_;
+    const BandLimitedStep::Rows& corner_;
 };
 
 }  // namespace quavix::sound_engine

@@ -24,7 +24,8 @@ struct BandLimitedStep {
     static constexpr int Phases = 128;
 
     using Row = std::array<float, Taps>;
-    std::array<Row, Phases + 1> Correction;
+    using Rows = std::array<Row, Phases + 1>;
+    Rows Correction;
 };
 
 /// Returns the table. Computed at the first call (about 1 ms), on any thread.
