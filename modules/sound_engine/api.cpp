@@ -5,6 +5,7 @@
 #include <memory>
 #include <mutex>
 #include <new>
+#include <utility>
 
 #include "modules/sound_engine/handles.h"
 #include "modules/sound_engine/sound_engine.h"
@@ -47,33 +48,63 @@ SoundResult Call(Function function) noexcept {
     }
 }
 
-/// The object behind a handle, and its system.
+/// Returns the object behind a handle, and its system. Runs within a call only.
 template <class Node>
-struct Known {
-    Node& Object;
-    System& Of;
-
-    Node* operator->() const { return &Object; }
-};
-
-template <class Node>
-Known<Node> Find(const Handles& handles, const void* handle) {
-    const Handles::Entry* entry = handles.Find(handle);
+std::pair<Node&, System&> Find(const void* handle) {
+    const Handles::Entry* entry = TheShared().Known.Find(handle);
     Require(entry != nullptr && std::holds_alternative<Node*>(entry->What), SOUND_INVALID_HANDLE);
     return {*std::get<Node*>(entry->What), *entry->Of};
 }
 
-/// Finds a second object, which must belong to the same system.
+/// Returns another object, which must belong to `system` too.
 template <class Node>
-Node& FindOf(const System& system, const Handles& handles, const void* handle) {
-    const Known<Node> known = Find<Node>(handles, handle);
-    Require(&known.Of == &system, SOUND_INVALID_HANDLE);
-    return known.Object;
+Node& FindOf(const System& system, const void* handle) {
+    const auto [node, of] = Find<Node>(handle);
+    Require(&of == &system, SOUND_INVALID_HANDLE);
+    return node;
+}
+
+/// Runs a call for the object behind a handle, as function(object, its system).
+template <class Node, class Function>
+SoundResult CallFor(const void* handle, Function function) noexcept {
+    return Call([&](const Handles&) {
+        const auto [node, system] = Find<Node>(handle);
+        function(node, system);
+    });
+}
+
+template <class Function>
+SoundResult CallFor(SoundSystem* handle, Function function) noexcept {
+    return CallFor<System>(handle, [&](System& system, System&) { function(system); });
+}
+
+/// Same for a system that must have been initialized.
+template <class Function>
+SoundResult CallForOpened(SoundSystem* handle, Function function) noexcept {
+    return CallFor(handle, [&](System& system) {
+        system.Opened();
+        function(system);
+    });
+}
+
+/// Runs a call that sets a value of an object, as set(object).
+template <class Node, class Function>
+SoundResult Set(const void* handle, Function set) noexcept {
+    return CallFor<Node>(handle, [&](Node& node, System& system) {
+        set(node);
+        system.Touch();
+    });
 }
 
 template <class Value>
 void RequirePlaceFor(const Value* result) {
     Require(result != nullptr, SOUND_INVALID_PARAMETER);
+}
+
+template <class Value>
+void Put(Value* place, Value value) {
+    RequirePlaceFor(place);
+    *place = value;
 }
 
 template <class Value>
@@ -117,42 +148,37 @@ SoundResult SOUND_CALL FMOD_System_Create(SoundSystem** system) {
 }
 
 SoundResult SOUND_CALL FMOD_System_GetVersion(SoundSystem* system, unsigned int* version) {
-    return Call([&](Handles& handles) {
-        Find<System>(handles, system);
-        RequirePlaceFor(version);
-        *version = SOUND_VERSION;
-    });
+    return CallFor(system, [&](System&) { Put<unsigned int>(version, SOUND_VERSION); });
 }
 
 SoundResult SOUND_CALL FMOD_System_SetDSPBufferSize(SoundSystem* system, unsigned int length, int count) {
-    return Call([&](Handles& handles) { Find<System>(handles, system)->SetBufferSize(length, count); });
+    return CallFor(system, [&](System& known) { known.SetBufferSize(length, count); });
 }
 
 SoundResult SOUND_CALL FMOD_System_GetDSPBufferSize(SoundSystem* system, unsigned int* length, int* count) {
-    return Call([&](Handles& handles) {
-        const auto known = Find<System>(handles, system);
-        PutIfWanted(length, known->BufferLength());
-        PutIfWanted(count, known->BufferCount());
+    return CallFor(system, [&](System& known) {
+        PutIfWanted(length, known.BufferLength());
+        PutIfWanted(count, known.BufferCount());
     });
 }
 
 SoundResult SOUND_CALL FMOD_System_SetSoftwareChannels(SoundSystem* system, int channels) {
-    return Call([&](Handles& handles) { Find<System>(handles, system)->SetChannels(channels); });
+    return CallFor(system, [&](System& known) { known.SetChannels(channels); });
 }
 
 SoundResult SOUND_CALL FMOD_System_SetOutput(SoundSystem* system, int output) {
-    return Call([&](Handles& handles) { Find<System>(handles, system)->SetOutput(output); });
+    return CallFor(system, [&](System& known) { known.SetOutput(output); });
 }
 
 SoundResult SOUND_CALL FMOD_System_Init(SoundSystem* system, int maxChannels, unsigned int, void* extra) {
-    return Call([&](Handles& handles) { Find<System>(handles, system)->Init(maxChannels, extra); });
+    return CallFor(system, [&](System& known) { known.Init(maxChannels, extra); });
 }
 
 SoundResult SOUND_CALL FMOD_System_GetSoftwareFormat(SoundSystem* system, int* rate, int* format,
                                                      int* outputs, int* maxInputs, int* resampler,
                                                      int* bits) {
-    return Call([&](Handles& handles) {
-        const Output& output = Find<System>(handles, system)->Opened();
+    return CallFor(system, [&](System& known) {
+        const Output& output = known.Opened();
         PutIfWanted(rate, output.Rate());
         PutIfWanted(format, output.Format());
         PutIfWanted(outputs, output.Channels());
@@ -163,209 +189,147 @@ SoundResult SOUND_CALL FMOD_System_GetSoftwareFormat(SoundSystem* system, int* r
 }
 
 SoundResult SOUND_CALL FMOD_System_CreateDSPByType(SoundSystem* system, int type, SoundUnit** unit) {
-    return Call([&](Handles& handles) {
-        const auto known = Find<System>(handles, system);
-        known->Opened();
+    return CallForOpened(system, [&](System& known) {
         RequirePlaceFor(unit);
-        *unit = static_cast<SoundUnit*>(known->CreateUnit(type));
+        *unit = static_cast<SoundUnit*>(known.CreateUnit(type));
     });
 }
 
 SoundResult SOUND_CALL FMOD_System_PlayDSP(SoundSystem* system, int channelIndex, SoundUnit* unit, int paused,
                                            SoundChannel** channel) {
-    return Call([&](Handles& handles) {
-        const auto known = Find<System>(handles, system);
-        known->Opened();
-        UnitNode& played = FindOf<UnitNode>(known.Object, handles, unit);
+    return CallForOpened(system, [&](System& known) {
+        UnitNode& played = FindOf<UnitNode>(known, unit);
         RequirePlaceFor(channel);
         ChannelNode* reused = nullptr;
         if (channelIndex == SOUND_CHANNEL_REUSE) {
             channelIndex = SOUND_CHANNEL_FREE;
             if (*channel != nullptr)
-                reused = &FindOf<ChannelNode>(known.Object, handles, *channel);
+                reused = &FindOf<ChannelNode>(known, *channel);
         }
-        *channel = static_cast<SoundChannel*>(known->Play(channelIndex, played, paused != 0, reused));
+        *channel = static_cast<SoundChannel*>(known.Play(channelIndex, played, paused != 0, reused));
     });
 }
 
 SoundResult SOUND_CALL FMOD_System_GetMasterChannelGroup(SoundSystem* system, SoundGroup** group) {
-    return Call([&](Handles& handles) {
-        const auto known = Find<System>(handles, system);
-        known->Opened();
-        RequirePlaceFor(group);
-        *group = static_cast<SoundGroup*>(known->MasterGroup());
-    });
+    return CallForOpened(system,
+                         [&](System& known) { Put(group, static_cast<SoundGroup*>(known.MasterGroup())); });
 }
 
 SoundResult SOUND_CALL FMOD_System_CreateChannelGroup(SoundSystem* system, const char*, SoundGroup** group) {
-    return Call([&](Handles& handles) {
-        const auto known = Find<System>(handles, system);
-        known->Opened();
+    return CallForOpened(system, [&](System& known) {
         RequirePlaceFor(group);
-        *group = static_cast<SoundGroup*>(known->CreateGroup());
+        *group = static_cast<SoundGroup*>(known.CreateGroup());
     });
 }
 
 SoundResult SOUND_CALL FMOD_System_Update(SoundSystem* system) {
-    return Call([&](Handles& handles) { Find<System>(handles, system)->Update(); });
+    return CallForOpened(system, [](System& known) { known.Update(); });
 }
 
 SoundResult SOUND_CALL FMOD_System_Close(SoundSystem* system) {
-    return Call([&](Handles& handles) { Find<System>(handles, system)->Close(); });
+    return CallForOpened(system, [](System& known) { known.Close(); });
 }
 
 SoundResult SOUND_CALL FMOD_System_Release(SoundSystem* system) {
-    return Call(
-        [&](Handles& handles) { const std::unique_ptr<System> last(&Find<System>(handles, system).Object); });
+    return CallFor(system, [](System& known) { const std::unique_ptr<System> last(&known); });
 }
 
 SoundResult SOUND_CALL FMOD_DSP_SetParameter(SoundUnit* unit, int index, float value) {
-    return Call([&](Handles& handles) {
-        const auto known = Find<UnitNode>(handles, unit);
-        const Parameter& parameter = ParameterAt(*known->Does, index);
+    return Set<UnitNode>(unit, [&](UnitNode& node) {
+        const Parameter& parameter = ParameterAt(*node.Does, index);
         const float set = InRange(value, parameter.Lowest, parameter.Highest);
-        known->Does->Set(static_cast<std::size_t>(index), parameter.Whole ? std::round(set) : set);
-        known.Of.Touch();
+        node.Does->Set(static_cast<std::size_t>(index), parameter.Whole ? std::round(set) : set);
     });
 }
 
 SoundResult SOUND_CALL FMOD_DSP_GetParameter(SoundUnit* unit, int index, float* value, char* text,
                                              int textLength) {
-    return Call([&](Handles& handles) {
-        const auto known = Find<UnitNode>(handles, unit);
-        const Parameter& parameter = ParameterAt(*known->Does, index);
-        const float now = known->Does->Get(static_cast<std::size_t>(index));
+    return CallFor<UnitNode>(unit, [&](UnitNode& node, System&) {
+        const Parameter& parameter = ParameterAt(*node.Does, index);
+        const float now = node.Does->Get(static_cast<std::size_t>(index));
         WriteText(parameter, now, text, textLength);
         PutIfWanted(value, now);
     });
 }
 
 SoundResult SOUND_CALL FMOD_DSP_AddInput(SoundUnit* unit, SoundUnit* input) {
-    return Call([&](Handles& handles) {
-        const auto known = Find<UnitNode>(handles, unit);
-        known.Of.Connect(known.Object, FindOf<UnitNode>(known.Of, handles, input));
-    });
+    return CallFor<UnitNode>(
+        unit, [&](UnitNode& node, System& system) { system.Connect(node, FindOf<UnitNode>(system, input)); });
 }
 
 SoundResult SOUND_CALL FMOD_DSP_SetBypass(SoundUnit* unit, int bypass) {
-    return Call([&](Handles& handles) {
-        const auto known = Find<UnitNode>(handles, unit);
-        known->Does->SetBypass(bypass != 0);
-        known.Of.Touch();
-    });
+    return Set<UnitNode>(unit, [&](UnitNode& node) { node.Does->SetBypass(bypass != 0); });
 }
 
 SoundResult SOUND_CALL FMOD_DSP_SetActive(SoundUnit* unit, int active) {
-    return Call([&](Handles& handles) {
-        const auto known = Find<UnitNode>(handles, unit);
-        known->Does->SetActive(active != 0);
-        known.Of.Touch();
-    });
+    return Set<UnitNode>(unit, [&](UnitNode& node) { node.Does->SetActive(active != 0); });
 }
 
 SoundResult SOUND_CALL FMOD_DSP_Release(SoundUnit* unit) {
-    return Call([&](Handles& handles) {
-        const auto known = Find<UnitNode>(handles, unit);
-        known.Of.Release(known.Object);
-    });
+    return CallFor<UnitNode>(unit, [](UnitNode& node, System& system) { system.Release(node); });
 }
 
 SoundResult SOUND_CALL FMOD_DSP_Remove(SoundUnit* unit) {
-    return Call([&](Handles& handles) {
-        const auto known = Find<UnitNode>(handles, unit);
-        known.Of.Remove(known.Object);
-    });
+    return CallFor<UnitNode>(unit, [](UnitNode& node, System& system) { system.Remove(node); });
 }
 
 SoundResult SOUND_CALL FMOD_Channel_SetFrequency(SoundChannel* channel, float frequency) {
-    return Call([&](Handles& handles) {
-        const auto known = Find<ChannelNode>(handles, channel);
-        known->Strip->SetFrequency(InRange(frequency, 0.0F, HighestFrequency));
-        known.Of.Touch();
+    return Set<ChannelNode>(channel, [&](ChannelNode& node) {
+        node.Strip->SetFrequency(InRange(frequency, 0.0F, HighestFrequency));
     });
 }
 
 SoundResult SOUND_CALL FMOD_Channel_GetFrequency(SoundChannel* channel, float* frequency) {
-    return Call([&](Handles& handles) {
-        const auto known = Find<ChannelNode>(handles, channel);
-        RequirePlaceFor(frequency);
-        *frequency = known->Strip->Frequency();
-    });
+    return CallFor<ChannelNode>(channel,
+                                [&](ChannelNode& node, System&) { Put(frequency, node.Strip->Frequency()); });
 }
 
 SoundResult SOUND_CALL FMOD_Channel_SetVolume(SoundChannel* channel, float volume) {
-    return Call([&](Handles& handles) {
-        const auto known = Find<ChannelNode>(handles, channel);
-        known->Strip->SetVolume(InRange(volume, 0.0F, HighestVolume));
-        known.Of.Touch();
-    });
+    return Set<ChannelNode>(
+        channel, [&](ChannelNode& node) { node.Strip->SetVolume(InRange(volume, 0.0F, HighestVolume)); });
 }
 
 SoundResult SOUND_CALL FMOD_Channel_GetVolume(SoundChannel* channel, float* volume) {
-    return Call([&](Handles& handles) {
-        const auto known = Find<ChannelNode>(handles, channel);
-        RequirePlaceFor(volume);
-        *volume = known->Strip->Volume();
-    });
+    return CallFor<ChannelNode>(channel,
+                                [&](ChannelNode& node, System&) { Put(volume, node.Strip->Volume()); });
 }
 
 SoundResult SOUND_CALL FMOD_Channel_SetPaused(SoundChannel* channel, int paused) {
-    return Call([&](Handles& handles) {
-        const auto known = Find<ChannelNode>(handles, channel);
-        known->Strip->SetPaused(paused != 0);
-        known.Of.Touch();
-    });
+    return Set<ChannelNode>(channel, [&](ChannelNode& node) { node.Strip->SetPaused(paused != 0); });
 }
 
 SoundResult SOUND_CALL FMOD_Channel_GetPaused(SoundChannel* channel, int* paused) {
-    return Call([&](Handles& handles) {
-        const auto known = Find<ChannelNode>(handles, channel);
-        RequirePlaceFor(paused);
-        *paused = known->Strip->Paused() ? 1 : 0;
-    });
+    return CallFor<ChannelNode>(
+        channel, [&](ChannelNode& node, System&) { Put(paused, node.Strip->Paused() ? 1 : 0); });
 }
 
 SoundResult SOUND_CALL FMOD_Channel_SetChannelGroup(SoundChannel* channel, SoundGroup* group) {
-    return Call([&](Handles& handles) {
-        const auto known = Find<ChannelNode>(handles, channel);
-        known.Of.Move(known.Object, FindOf<GroupNode>(known.Of, handles, group));
+    return CallFor<ChannelNode>(channel, [&](ChannelNode& node, System& system) {
+        system.Move(node, FindOf<GroupNode>(system, group));
     });
 }
 
 SoundResult SOUND_CALL FMOD_Channel_Stop(SoundChannel* channel) {
-    return Call([&](Handles& handles) {
-        const auto known = Find<ChannelNode>(handles, channel);
-        known.Of.Stop(known.Object);
-    });
+    return CallFor<ChannelNode>(channel, [](ChannelNode& node, System& system) { system.Stop(node); });
 }
 
 SoundResult SOUND_CALL FMOD_ChannelGroup_SetVolume(SoundGroup* group, float volume) {
-    return Call([&](Handles& handles) {
-        const auto known = Find<GroupNode>(handles, group);
-        known->Strip->SetVolume(InRange(volume, 0.0F, HighestVolume));
-        known.Of.Touch();
-    });
+    return Set<GroupNode>(
+        group, [&](GroupNode& node) { node.Strip->SetVolume(InRange(volume, 0.0F, HighestVolume)); });
 }
 
 SoundResult SOUND_CALL FMOD_ChannelGroup_AddGroup(SoundGroup* group, SoundGroup* child) {
-    return Call([&](Handles& handles) {
-        const auto known = Find<GroupNode>(handles, group);
-        known.Of.Move(FindOf<GroupNode>(known.Of, handles, child), known.Object);
-    });
+    return CallFor<GroupNode>(
+        group, [&](GroupNode& node, System& system) { system.Move(FindOf<GroupNode>(system, child), node); });
 }
 
 SoundResult SOUND_CALL FMOD_ChannelGroup_AddDSP(SoundGroup* group, SoundUnit* unit) {
-    return Call([&](Handles& handles) {
-        const auto known = Find<GroupNode>(handles, group);
-        known.Of.Move(FindOf<UnitNode>(known.Of, handles, unit), known.Object);
-    });
+    return CallFor<GroupNode>(
+        group, [&](GroupNode& node, System& system) { system.Move(FindOf<UnitNode>(system, unit), node); });
 }
 
 SoundResult SOUND_CALL FMOD_ChannelGroup_Release(SoundGroup* group) {
-    return Call([&](Handles& handles) {
-        const auto known = Find<GroupNode>(handles, group);
-        known.Of.Release(known.Object);
-    });
+    return CallFor<GroupNode>(group, [](GroupNode& node, System& system) { system.Release(node); });
 }
 
 // NOLINTEND(readability-identifier-naming)

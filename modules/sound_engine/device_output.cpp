@@ -1,16 +1,18 @@
 // SPDX-License-Identifier: MIT
-#include "modules/sound_engine/device_output.h"
-
 #include <atomic>
 #include <chrono>
 #include <condition_variable>
 #include <cstdint>
+#include <memory>
 #include <mutex>
 #include <optional>
+#include <span>
+#include <string>
 #include <thread>
 #include <utility>
 
 #include "modules/sound_engine/mixed_source.h"
+#include "modules/sound_engine/output.h"
 #include "modules/sound_engine/sound_engine.h"
 #include "sound_device/sound_stream.h"
 
@@ -58,9 +60,8 @@ class Watch {
     Clock::time_point movedAt_ = Clock::now();
 };
 
-}  // namespace
-
-struct DeviceOutput::Shared {
+/// State shared by the output and the thread that talks to the sound system.
+struct DeviceState {
     std::shared_ptr<Mixer> Mixing;
     int DelayFrames = 0;
     std::mutex Mutex;
@@ -73,80 +74,88 @@ struct DeviceOutput::Shared {
     std::atomic<int> Channels{0};
 };
 
-std::unique_ptr<Output> DeviceOutput::Open(const std::shared_ptr<Mixer>& mixer, int delayFrames) {
-    auto shared = std::make_shared<Shared>();
-    shared->Mixing = mixer;
-    shared->DelayFrames = delayFrames;
-    std::thread(&DeviceOutput::Work, shared).detach();
-    std::unique_ptr<Output> output(new DeviceOutput(shared));
-    std::unique_lock lock(shared->Mutex);
-    shared->Changed.wait_for(lock, OpeningPatience, [&] { return shared->Opened.has_value(); });
-    const bool opened = shared->Opened.value_or(false);
-    lock.unlock();
-    return opened ? std::move(output) : nullptr;
-}
+/// The best sound device. A separate thread talks to the sound system, so that an unresponsive one does not
+/// block the caller for long.
+class DeviceOutput final : public Output {
+  public:
+    explicit DeviceOutput(std::shared_ptr<DeviceState> state) : state_(std::move(state)) {}
 
-DeviceOutput::~DeviceOutput() {
-    std::unique_lock lock(shared_->Mutex);
-    shared_->End = true;
-    shared_->Changed.notify_all();
-    shared_->Changed.wait_for(lock, ClosingPatience, [this] { return shared_->Ended; });
-}
+    ~DeviceOutput() override {
+        std::unique_lock lock(state_->Mutex);
+        state_->End = true;
+        state_->Changed.notify_all();
+        state_->Changed.wait_for(lock, ClosingPatience, [this] { return state_->Ended; });
+    }
 
-int DeviceOutput::Rate() const {
-    return shared_->Rate.load(std::memory_order_relaxed);
-}
+    int Rate() const override { return state_->Rate.load(std::memory_order_relaxed); }
+    int Channels() const override { return state_->Channels.load(std::memory_order_relaxed); }
+    int Format() const override { return SOUND_FORMAT_FLOAT32; }
 
-int DeviceOutput::Channels() const {
-    return shared_->Channels.load(std::memory_order_relaxed);
-}
+  private:
+    std::shared_ptr<DeviceState> state_;
+};
 
-int DeviceOutput::Format() const {
-    return SOUND_FORMAT_FLOAT32;
-}
-
-std::unique_ptr<SoundStream> DeviceOutput::OpenStream(const Shared& shared) {
+std::unique_ptr<SoundStream> OpenStream(const DeviceState& state) {
     std::string problem;
     return SoundStream::Open(
-        MixedSource::Wish(shared.DelayFrames),
-        [&](const StreamFormat& device) {
-            return std::make_shared<MixedSource>(shared.Mixing, device, shared.DelayFrames);
+        MixedSource::Wish(state.DelayFrames),
+        [&](const StreamFormat& device) -> SoundStream::Fill {
+            return [source = std::make_shared<MixedSource>(state.Mixing, device, state.DelayFrames)](
+                       std::span<float> out) {
+                source->Fill(out);
+                return true;
+            };
         },
         problem);
 }
 
-void DeviceOutput::Work(const std::shared_ptr<Shared>& shared) {
+void Work(const std::shared_ptr<DeviceState>& state) {
     std::unique_ptr<SoundStream> stream;
     std::optional<Watch> watch;
-    std::unique_lock lock(shared->Mutex);
-    while (!shared->End) {
+    std::unique_lock lock(state->Mutex);
+    while (!state->End) {
         lock.unlock();
         if (watch && watch->Lost()) {
             watch.reset();
             SoundStream::Close(std::move(stream));
         } else if (!stream) {
-            stream = OpenStream(*shared);
+            stream = OpenStream(*state);
             if (stream) {
                 watch.emplace(*stream);
                 const StreamFormat& format = stream->Format();
-                shared->Rate.store(static_cast<int>(format.FramesPerSecond), std::memory_order_relaxed);
-                shared->Channels.store(static_cast<int>(format.Channels), std::memory_order_relaxed);
+                state->Rate.store(static_cast<int>(format.FramesPerSecond), std::memory_order_relaxed);
+                state->Channels.store(static_cast<int>(format.Channels), std::memory_order_relaxed);
             }
         }
         lock.lock();
-        if (!shared->Opened) {
-            shared->Opened = stream != nullptr;
-            shared->End = shared->End || !stream;
-            shared->Changed.notify_all();
+        if (!state->Opened) {
+            state->Opened = stream != nullptr;
+            state->End = state->End || !stream;
+            state->Changed.notify_all();
         }
-        shared->Changed.wait_for(lock, stream ? WatchInterval : SearchInterval, [&] { return shared->End; });
+        state->Changed.wait_for(lock, stream ? WatchInterval : SearchInterval, [&] { return state->End; });
     }
     lock.unlock();
     if (stream)
         SoundStream::Close(std::move(stream));
     lock.lock();
-    shared->Ended = true;
-    shared->Changed.notify_all();
+    state->Ended = true;
+    state->Changed.notify_all();
+}
+
+}  // namespace
+
+std::unique_ptr<Output> OpenDevice(const std::shared_ptr<Mixer>& mixer, int delayFrames) {
+    auto state = std::make_shared<DeviceState>();
+    state->Mixing = mixer;
+    state->DelayFrames = delayFrames;
+    std::thread(&Work, state).detach();
+    auto output = std::make_unique<DeviceOutput>(state);
+    std::unique_lock lock(state->Mutex);
+    state->Changed.wait_for(lock, OpeningPatience, [&] { return state->Opened.has_value(); });
+    const bool opened = state->Opened.value_or(false);
+    lock.unlock();
+    return opened ? std::move(output) : nullptr;
 }
 
 }  // namespace quavix::sound_engine

@@ -47,16 +47,14 @@ UnitNode* Graph::AddUnit(std::shared_ptr<Unit> unit) {
     return units_.back().get();
 }
 
-bool Graph::Connect(UnitNode& unit, UnitNode& input) {
-    if (Hears(input, unit))
-        return false;
+void Graph::Connect(UnitNode& unit, UnitNode& input) {
+    Require(!Hears(input, unit), SOUND_LOOP);
     ForgetEcho(unit);
     ForgetEcho(input);
     if (!Contains(unit.Inputs, input)) {
         unit.Inputs.push_back(&input);
         input.Users.push_back(&unit);
     }
-    return true;
 }
 
 void Graph::Isolate(UnitNode& unit) {
@@ -121,15 +119,12 @@ GroupNode* Graph::AddGroup() {
     return groups_.back().get();
 }
 
-bool Graph::Move(GroupNode& group, GroupNode& parent) {
-    for (const GroupNode* above = &parent; above != nullptr; above = above->Parent) {
-        if (above == &group)
-            return false;
-    }
+void Graph::Move(GroupNode& group, GroupNode& parent) {
+    for (const GroupNode* above = &parent; above != nullptr; above = above->Parent)
+        Require(above != &group, SOUND_LOOP);
     std::erase(group.Parent->Groups, &group);
     parent.Groups.push_back(&group);
     group.Parent = &parent;
-    return true;
 }
 
 // Ends the echo of a unit that is now heard elsewhere.

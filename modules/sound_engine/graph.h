@@ -5,10 +5,22 @@
 #include <memory>
 #include <vector>
 
+#include "modules/sound_engine/sound_engine.h"
 #include "modules/sound_engine/strips.h"
 #include "modules/sound_engine/unit.h"
 
 namespace quavix::sound_engine {
+
+/// Thrown to refuse a call. The interface functions catch it and return its result.
+struct Refusal {
+    SoundResult Result;
+};
+
+/// Throws Refusal with the result `otherwise` unless `holds`.
+inline void Require(bool holds, SoundResult otherwise) {
+    if (!holds)
+        throw Refusal{otherwise};
+}
 
 struct ChannelNode;
 struct GroupNode;
@@ -67,8 +79,8 @@ class Graph {
     const std::vector<Echo>& Echoes() const { return echoes_; }
 
     UnitNode* AddUnit(std::shared_ptr<Unit> unit);
-    /// Connects `input` to `unit`. Returns false if that would close a loop.
-    bool Connect(UnitNode& unit, UnitNode& input);
+    /// Connects `input` to `unit`. Refused if that would close a loop.
+    void Connect(UnitNode& unit, UnitNode& input);
     /// Removes the unit from its group and connections; its inputs become inputs of its users. A channel that
     /// plays it must have been stopped.
     void Isolate(UnitNode& unit);
@@ -86,8 +98,8 @@ class Graph {
     void Move(ChannelNode& channel, GroupNode& group);
 
     GroupNode* AddGroup();
-    /// Moves a group into another. Returns false if that would close a loop.
-    bool Move(GroupNode& group, GroupNode& parent);
+    /// Moves a group into another. Refused if that would close a loop.
+    void Move(GroupNode& group, GroupNode& parent);
     /// Moves a unit behind the other units of the group.
     void Move(UnitNode& unit, GroupNode& group);
     /// Erases a group, which must not be the master group.

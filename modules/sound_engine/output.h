@@ -28,14 +28,14 @@ class Output {
     virtual bool Update() { return true; }
 };
 
-/// The caller's choice of an output.
-struct OutputChoice {
-    /// A SoundOutput.
-    int Kind = 0;
-    /// Name of the WAV file; may be null.
-    const char* FileName = nullptr;
-    /// Wanted delay between a call and the loudspeaker, in frames.
-    int DelayFrames = 0;
-};
+/// Opens the best sound device; if it is lost, the best of the remaining ones takes its place. `delayFrames`
+/// is the wanted delay between a call and the loudspeaker. Returns null if no device can be opened.
+std::unique_ptr<Output> OpenDevice(const std::shared_ptr<Mixer>& mixer, int delayFrames);
+
+/// Opens an output without a device, which writes the sound to the WAV file `fileName` unless that is null.
+/// It mixes one block with each Update() if `byUpdate`, otherwise at the speed of a device. Returns null if
+/// the file cannot be opened.
+std::unique_ptr<Output> OpenSoundless(const std::shared_ptr<Mixer>& mixer, const char* fileName,
+                                      bool byUpdate);
 
 }  // namespace quavix::sound_engine

@@ -1,12 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "modules/sound_engine/system.h"
 
-#include "modules/sound_engine/device_output.h"
+#include <algorithm>
+
 #include "modules/sound_engine/filter.h"
-#include "modules/sound_engine/graph.h"
 #include "modules/sound_engine/oscillator.h"
-#include "modules/sound_engine/plan.h"
-#include "modules/sound_engine/soundless_output.h"
 
 namespace quavix::sound_engine {
 namespace {
@@ -28,40 +26,10 @@ std::shared_ptr<Unit> MakeUnit(int type, unsigned int serial) {
     }
 }
 
-/// Returns null if the output cannot be opened.
-std::unique_ptr<Output> OpenOutput(const OutputChoice& choice, const std::shared_ptr<Mixer>& mixer) {
-    std::unique_ptr<WavFile> file;
-    if (choice.FileName != nullptr) {
-        file = std::make_unique<WavFile>(choice.FileName, SoundlessOutput::FramesPerSecond,
-                                         mixer->BlockFrames());
-        if (!file->Good())
-            return nullptr;
-    }
-    switch (choice.Kind) {
-        case SOUND_OUTPUT_NONE:
-        case SOUND_OUTPUT_WAV:
-            return std::make_unique<TimedOutput>(mixer, std::move(file));
-        case SOUND_OUTPUT_NONE_BY_UPDATE:
-        case SOUND_OUTPUT_WAV_BY_UPDATE:
-            return std::make_unique<SteppedOutput>(mixer, std::move(file));
-        default:
-            return DeviceOutput::Open(mixer, choice.DelayFrames);
-    }
-}
-
 }  // namespace
-
-System::~System() {
-    output_.reset();
-    handles_.RemoveAll(*this, true);
-}
 
 void System::RequireBeforeInit() const {
     Require(output_ == nullptr, SOUND_INITIALIZED);
-}
-
-void System::RequireInit() const {
-    Require(output_ != nullptr, SOUND_UNINITIALIZED);
 }
 
 void System::SetBufferSize(unsigned int length, int count) {
@@ -97,14 +65,15 @@ void System::Init(int maxChannels, const void* extra) {
     RequireBeforeInit();
     Require(maxChannels >= 0 && maxChannels <= MostChannels, SOUND_INVALID_PARAMETER);
     const bool toFile = outputKind_ == SOUND_OUTPUT_WAV || outputKind_ == SOUND_OUTPUT_WAV_BY_UPDATE;
+    const bool byUpdate =
+        outputKind_ == SOUND_OUTPUT_NONE_BY_UPDATE || outputKind_ == SOUND_OUTPUT_WAV_BY_UPDATE;
     Require(!toFile || extra != nullptr, SOUND_INVALID_PARAMETER);
 
     auto graph = std::make_unique<Graph>(std::min(maxChannels, mostChannels_));
     auto mixer = std::make_shared<Mixer>(bufferLength_);
-    auto output = OpenOutput({.Kind = outputKind_,
-                              .FileName = toFile ? static_cast<const char*>(extra) : nullptr,
-                              .DelayFrames = static_cast<int>(bufferLength_) * bufferCount_},
-                             mixer);
+    auto output = outputKind_ == SOUND_OUTPUT_DEVICE
+                      ? OpenDevice(mixer, static_cast<int>(bufferLength_) * bufferCount_)
+                      : OpenSoundless(mixer, toFile ? static_cast<const char*>(extra) : nullptr, byUpdate);
     Require(output != nullptr, SOUND_NO_OUTPUT);
     graph->Master().Handle = handles_.Add(&graph->Master(), *this);
     graph_ = std::move(graph);
@@ -113,7 +82,6 @@ void System::Init(int maxChannels, const void* extra) {
 }
 
 void System::Close() {
-    RequireInit();
     output_.reset();
     mixer_.reset();
     graph_.reset();
@@ -121,26 +89,16 @@ void System::Close() {
 }
 
 const Output& System::Opened() const {
-    RequireInit();
+    Require(output_ != nullptr, SOUND_UNINITIALIZED);
     return *output_;
 }
 
 void System::Update() {
-    RequireInit();
     mixer_->Tidy();
     Require(output_->Update(), SOUND_UPDATE_FAILED);
 }
 
-void System::Touch() const {
-    mixer_->Touch();
-}
-
-void System::Replan() const {
-    mixer_->Replace(BuildPlan(*graph_));
-}
-
 void* System::CreateUnit(int type) {
-    RequireInit();
     auto unit = MakeUnit(type, unitsMade_);
     Require(unit != nullptr, SOUND_UNKNOWN_TYPE);
     ++unitsMade_;
@@ -150,7 +108,6 @@ void* System::CreateUnit(int type) {
 }
 
 void* System::Play(int number, UnitNode& unit, bool paused, ChannelNode* reused) {
-    RequireInit();
     Require(number >= SOUND_CHANNEL_FREE && number < graph_->ChannelCount(), SOUND_INVALID_PARAMETER);
     if (number < 0)
         number = reused != nullptr    ? reused->Number
@@ -183,20 +140,14 @@ void System::Silence(const UnitNode& unit) {
 }
 
 void* System::CreateGroup() {
-    RequireInit();
     GroupNode* group = graph_->AddGroup();
     group->Handle = handles_.Add(group, *this);
     Replan();
     return group->Handle;
 }
 
-void* System::MasterGroup() const {
-    RequireInit();
-    return graph_->Master().Handle;
-}
-
 void System::Connect(UnitNode& unit, UnitNode& input) {
-    Require(graph_->Connect(unit, input), SOUND_LOOP);
+    graph_->Connect(unit, input);
     Replan();
 }
 
@@ -208,29 +159,12 @@ void System::Remove(UnitNode& unit) {
 
 void System::Release(UnitNode& unit) {
     handles_.Remove(unit.Handle);
-    Silence(unit);
-    graph_->Isolate(unit);
+    Remove(unit);
     graph_->Erase(unit);
-    Replan();
 }
 
 void System::Stop(ChannelNode& channel) {
     Silence(*channel.Plays);
-    Replan();
-}
-
-void System::Move(ChannelNode& channel, GroupNode& group) {
-    graph_->Move(channel, group);
-    Replan();
-}
-
-void System::Move(GroupNode& group, GroupNode& parent) {
-    Require(graph_->Move(group, parent), SOUND_LOOP);
-    Replan();
-}
-
-void System::Move(UnitNode& unit, GroupNode& group) {
-    graph_->Move(unit, group);
     Replan();
 }
 

@@ -7,23 +7,14 @@
 #include "modules/sound_engine/handles.h"
 #include "modules/sound_engine/mixer.h"
 #include "modules/sound_engine/output.h"
+#include "modules/sound_engine/plan.h"
 #include "modules/sound_engine/sound_engine.h"
 
 namespace quavix::sound_engine {
 
-/// Thrown to refuse a call. The interface functions catch it and return its result.
-struct Refusal {
-    SoundResult Result;
-};
-
-/// Throws Refusal with the result `otherwise` unless `holds`.
-inline void Require(bool holds, SoundResult otherwise) {
-    if (!holds)
-        throw Refusal{otherwise};
-}
-
 /// One sound engine: its settings, its objects and its output. Its methods implement the functions of the
-/// interface, with handles already resolved; they throw Refusal.
+/// interface, with handles already resolved; they throw Refusal. The methods behind Opened() belong to an
+/// initialized system.
 ///
 /// Thread: the caller's side.
 class System {
@@ -32,7 +23,7 @@ class System {
 
     /// `handles` must outlive the system.
     explicit System(Handles& handles) : handles_(handles) {}
-    ~System();
+    ~System() { handles_.RemoveAll(*this, true); }
     System(const System&) = delete;
     System& operator=(const System&) = delete;
 
@@ -43,8 +34,10 @@ class System {
     void SetOutput(int output);
 
     void Init(int maxChannels, const void* extra);
-    void Close();
+    /// Refused before Init().
     const Output& Opened() const;
+
+    void Close();
     void Update();
 
     void* CreateUnit(int type);
@@ -52,24 +45,26 @@ class System {
     /// keeps its handle.
     void* Play(int number, UnitNode& unit, bool paused, ChannelNode* reused);
     void* CreateGroup();
-    void* MasterGroup() const;
+    void* MasterGroup() const { return graph_->Master().Handle; }
 
     void Connect(UnitNode& unit, UnitNode& input);
     void Remove(UnitNode& unit);
     void Release(UnitNode& unit);
     void Stop(ChannelNode& channel);
-    void Move(ChannelNode& channel, GroupNode& group);
-    void Move(GroupNode& group, GroupNode& parent);
-    void Move(UnitNode& unit, GroupNode& group);
+    /// Moves a unit, a channel or a group into a group.
+    template <class Node>
+    void Move(Node& node, GroupNode& group) {
+        graph_->Move(node, group);
+        Replan();
+    }
     void Release(GroupNode& group);
 
     /// Has to be called after every change of a unit, a channel or a group.
-    void Touch() const;
+    void Touch() const { mixer_->Touch(); }
 
   private:
     void RequireBeforeInit() const;
-    void RequireInit() const;
-    void Replan() const;
+    void Replan() const { mixer_->Replace(BuildPlan(*graph_)); }
     void Silence(const UnitNode& unit);
 
     Handles& handles_;

@@ -48,13 +48,13 @@ struct SoundStream::Device {
     RtAudio Audio;
 };
 
-std::unique_ptr<SoundStream> SoundStream::Open(const StreamWish& wish, const MakeSource& makeSource,
+std::unique_ptr<SoundStream> SoundStream::Open(const StreamWish& wish, const MakeFill& makeFill,
                                                std::string& problem) {
     const QuietAlsa quiet;
     problem = "there is no sound device";
     for (const RtAudio::Api api : {RtAudio::UNIX_JACK, RtAudio::LINUX_PULSE, RtAudio::LINUX_ALSA}) {
         std::unique_ptr<SoundStream> stream(new SoundStream(std::make_unique<Device>(api)));
-        if (stream->TryOpen(wish, makeSource, problem))
+        if (stream->TryOpen(wish, makeFill, problem))
             return stream;
         Close(std::move(stream));
     }
@@ -69,7 +69,7 @@ bool SoundStream::Opened() const {
     return device_->Audio.isStreamOpen();
 }
 
-bool SoundStream::TryOpen(const StreamWish& wish, const MakeSource& makeSource, std::string& problem) {
+bool SoundStream::TryOpen(const StreamWish& wish, const MakeFill& makeFill, std::string& problem) {
     RtAudio& audio = device_->Audio;
     try {
         if (audio.getDeviceCount() == 0)
@@ -94,7 +94,7 @@ bool SoundStream::TryOpen(const StreamWish& wish, const MakeSource& makeSource, 
                    .DelayFrames = told > 0 ? told : static_cast<long>(period) * options.numberOfBuffers,
                    .Description =
                        fmt::format("{}, {}", RtAudio::getApiDisplayName(audio.getCurrentApi()), device.name)};
-        source_ = makeSource(format_);
+        fill_ = makeFill(format_);
         audio.startStream();
         started_ = true;
         return true;
@@ -110,7 +110,7 @@ void SoundStream::Close(std::unique_ptr<SoundStream> stream) {
     stream->AwaitItsEnd();
     if (stream->device_->Audio.isStreamRunning() ? stream->Moves() : stream->Opened())
         stream->device_->Audio.closeStream();
-    else if (stream->source_)
+    else if (stream->fill_)
         Keep(std::move(stream));
 }
 
@@ -146,7 +146,7 @@ bool SoundStream::Play(float* out, std::size_t frames) {
     played_.fetch_add(frames, std::memory_order_relaxed);
     const std::span<float> samples(out, frames * format_.Channels);
     if (!silenced_.load())
-        return source_->Fill(samples);
+        return fill_(samples);
     std::fill(samples.begin(), samples.end(), 0.0F);
     return true;
 }

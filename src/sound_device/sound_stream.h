@@ -11,21 +11,6 @@
 
 namespace quavix {
 
-/// The source of the samples that a sound device plays.
-///
-/// Thread: the device's own. Nothing here may allocate, lock or wait.
-class SampleSource {
-  public:
-    SampleSource() = default;
-    virtual ~SampleSource() = default;
-    SampleSource(const SampleSource&) = delete;
-    SampleSource& operator=(const SampleSource&) = delete;
-
-    /// Fills `out` with any number of frames, one sample of -1 to 1 for each channel. Returns false to make
-    /// the device stop asking.
-    virtual bool Fill(std::span<float> out) = 0;
-};
-
 /// The stream that is wanted; the device gives the nearest to it that it can.
 struct StreamWish {
     /// The name under which the sound system shows it to the user.
@@ -53,7 +38,10 @@ struct StreamFormat {
 /// any time, depending on the sound system.
 class SoundStream {
   public:
-    using MakeSource = std::function<std::shared_ptr<SampleSource>(const StreamFormat&)>;
+    /// Fills `out` with any number of frames, one sample of -1 to 1 for each channel. Returns false to make
+    /// the device stop asking. Runs in the device's thread, and may not allocate, lock or wait.
+    using Fill = std::function<bool(std::span<float> out)>;
+    using MakeFill = std::function<Fill(const StreamFormat&)>;
 
     /// Shortest time between closing a lost stream and opening a new one: opening a client of a new JACK
     /// server frees the old server's clients in the whole process, while others may just be closing theirs.
@@ -61,7 +49,7 @@ class SoundStream {
 
     /// Opens the first sound system that has a device: JACK, PulseAudio, ALSA. Prints nothing. Returns null,
     /// with the reason in `problem`, if there is none.
-    static std::unique_ptr<SoundStream> Open(const StreamWish& wish, const MakeSource& makeSource,
+    static std::unique_ptr<SoundStream> Open(const StreamWish& wish, const MakeFill& makeFill,
                                              std::string& problem);
 
     /// Closes the device. A stream that has stopped asking for samples, or that the sound system has closed
@@ -87,7 +75,7 @@ class SoundStream {
 
     explicit SoundStream(std::unique_ptr<Device> device);
 
-    bool TryOpen(const StreamWish& wish, const MakeSource& makeSource, std::string& problem);
+    bool TryOpen(const StreamWish& wish, const MakeFill& makeFill, std::string& problem);
     void AwaitItsEnd() const;
     bool Moves() const;
     static void Keep(std::unique_ptr<SoundStream> stream);
@@ -95,7 +83,7 @@ class SoundStream {
 
     std::unique_ptr<Device> device_;
     StreamFormat format_{};
-    std::shared_ptr<SampleSource> source_;
+    Fill fill_;
     bool started_ = false;
     std::atomic<std::uint64_t> played_{0};
     std::atomic<bool> silenced_{false};

@@ -14,26 +14,16 @@
 namespace quavix {
 namespace {
 
-class ToneSource final : public SampleSource {
-  public:
-    ToneSource(std::shared_ptr<TonePlayer> player, unsigned int channels)
-        : player_(std::move(player)), channels_(static_cast<std::int32_t>(channels)) {}
-
-    bool Fill(std::span<float> out) override { return player_->Render(out, channels_, MonotonicNs()); }
-
-  private:
-    std::shared_ptr<TonePlayer> player_;
-    std::int32_t channels_;
-};
-
 std::unique_ptr<SoundStream> OpenStream(std::shared_ptr<TonePlayer>& player, std::string& problem) {
     constexpr StreamWish Wish{.Name = "Quavix speaker", .Period = 256, .Periods = 4};
     return SoundStream::Open(
         Wish,
-        [&](const StreamFormat& device) {
+        [&](const StreamFormat& device) -> SoundStream::Fill {
             player = std::make_shared<TonePlayer>(static_cast<std::int32_t>(device.FramesPerSecond),
                                                   static_cast<std::int32_t>(device.Period), MonotonicNs());
-            return std::make_shared<ToneSource>(player, device.Channels);
+            return [player, channels = static_cast<std::int32_t>(device.Channels)](std::span<float> out) {
+                return player->Render(out, channels, MonotonicNs());
+            };
         },
         problem);
 }
