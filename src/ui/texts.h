@@ -3,23 +3,8 @@
 
 #include "music/main_fields.h"
 
-// Texts that several controls use, or that are long. Lines of messages end in CR LF or LF.
+// The texts of the mods, in the order of their check boxes. Lines of messages end in CR LF or LF.
 namespace quavix::text {
-
-inline constexpr const char* PianoKeyTip =
-    "Click any of these keys on this keyboard to hear the note / add it to the list of music (depending on "
-    "the options on the left of this window)";
-inline constexpr const char* OctLabelTip =
-    "Says what octave (multiple of pitch) the notes will be made in when you click a key in the coloured "
-    "group below";
-inline constexpr const char* KeyboardOctaveTip =
-    "Changes the numbers above each coloured section of the keyboard which represent what octave (multiple "
-    "of pitch) of the note those keys make";
-inline constexpr const char* NoteLengthTip =
-    "The length of note to insert into the list of music when you click a key on the keyboard";
-
-/// Entries of NoteLengthCombo, in the order of the lengths.
-inline constexpr const char* NoteLengths[] = {"1 (Whole)", "1/2 (Half)", "1/4 (Quarter)", "1/8", "1/16"};
 
 /// One mod: the values of its check box, and the text of its help button.
 struct Mod {
@@ -150,13 +135,5 @@ inline constexpr Mod UseSynchro{
 
 inline constexpr const Mod* Mods[] = {&UseFMOD,  &UseVoice, &UseMIDIOut, &UseMIDIIn,      &UseMIDIFile,
                                       &UsePorta, &UseMotor, &UseBeat,    &UseCircuitBent, &UseSynchro};
-
-inline constexpr const char* MetronomeCaption = "Metronome";
-inline constexpr const char* MetronomeTip =
-    "Turn the metronome on or off, so you can hear the tempo (BPM) of the song";
-inline constexpr const char* MotorOctaveCaption = "Motor Octave";
-inline constexpr const char* MotorOctaveTip = "How many octaves lower than written the motor plays the music";
-inline constexpr const char* MotorPortCaption = "Serial port";
-inline constexpr const char* MotorPortTip = "The serial port that the motor's controller is connected to";
 
 }  // namespace quavix::text

@@ -1,11 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include <QAbstractItemView>
 #include <QCheckBox>
-#include <QComboBox>
 #include <QGridLayout>
 #include <QGroupBox>
-#include <QLabel>
-#include <QSlider>
 #include <QToolButton>
 
 #include "music/main_fields.h"
@@ -14,6 +10,7 @@
 #include "ui/main_window/panels.h"
 #include "ui/texts.h"
 #include "ui/widgets/binding.h"
+#include "ui_motor_settings.h"
 
 namespace quavix {
 namespace {
@@ -22,49 +19,6 @@ QString HelpButtonName(const text::Mod& mod) {
     QString name = mod.CheckName;
     name.chop(static_cast<qsizetype>(std::string_view("Check").size()));
     return name + "HButton";
-}
-
-/// The choice of the motor's serial port. Opening the list searches for ports again.
-class PortCombo : public QComboBox {
-  public:
-    PortCombo(MotorModModule& motor, EventBoundary& handlers, QWidget* parent);
-
-    void showPopup() override;
-
-  private:
-    void ShowPorts();
-
-    MotorModModule& motor_;
-    EventBoundary& handlers_;
-};
-
-PortCombo::PortCombo(MotorModModule& motor, EventBoundary& handlers, QWidget* parent)
-    : QComboBox(parent), motor_(motor), handlers_(handlers) {
-    constexpr int ShortestWidth = 9;
-    setMinimumContentsLength(ShortestWidth);
-    setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
-    setPlaceholderText(tr("(none)"));
-    ShowIn(this, motor_.PortNames(), [this](const auto&) { ShowPorts(); });
-    ShowIn(this, motor_.PortName, [this](const auto&) { ShowPorts(); });
-    connect(this, &QComboBox::activated, this, [this](int entry) {
-        RunHandler(*this, "Click", handlers_, [&] { motor_.PortName = itemText(entry).toStdString(); });
-    });
-}
-
-void PortCombo::showPopup() {
-    RunHandler(*this, "DropDown", handlers_, [this] { motor_.FindPorts(); });
-    QComboBox::showPopup();
-}
-
-void PortCombo::ShowPorts() {
-    clear();
-    for (const std::string& name : motor_.PortNames().Get())
-        addItem(QString::fromStdString(name));
-    const QString chosen = QString::fromStdString(motor_.PortName);
-    // The port in use may be missing from the list.
-    if (!chosen.isEmpty() && findText(chosen) < 0)
-        addItem(chosen);
-    setCurrentIndex(findText(chosen));
 }
 
 /// Adds a row to the panel with the check box of a mod and the button that explains it.
@@ -91,45 +45,32 @@ void AddMod(QGroupBox* panel, QGridLayout* grid, const text::Mod& mod, Mod& valu
     grid->addWidget(help, row, 1);
 }
 
-void AddMotorSettings(QGroupBox* panel, QGridLayout* grid, OutputOptions& output, MotorModModule& motor,
-                      EventBoundary& handlers) {
-    constexpr int Gap = 8;
-    constexpr int Indent = 20;
-    auto* row = new QHBoxLayout;
-    row->setSpacing(Gap);
-    row->setContentsMargins(Indent, 0, 0, 0);
+QWidget* MakeMotorSettings(OutputOptions& output, MotorModModule& motor, EventBoundary& handlers,
+                           QWidget* parent) {
+    auto* settings = new QWidget(parent);
+    Ui::MotorSettings ui{};
+    ui.setupUi(settings);
+    BindSlider(ui.MotorOctSlider, output.MotorOct, parameter::MotorOct, "Change", handlers);
+    ShowIn(ui.lblMotorOctValue, output.MotorOct,
+           [label = ui.lblMotorOctValue, what = ui.lblMotorOct->text()](std::int32_t octaves) {
+               ShowReading(label, what, QString::number(octaves));
+           });
 
-    auto* label = new QLabel(text::MotorOctaveCaption, panel);
-    label->setObjectName("lblMotorOct");
-    label->setToolTip(text::MotorOctaveTip);
-    row->addWidget(label);
-    auto* slider = new QSlider(Qt::Horizontal, panel);
-    slider->setObjectName("MotorOctSlider");
-    slider->setAccessibleName(text::MotorOctaveCaption);
-    slider->setToolTip(text::MotorOctaveTip);
-    slider->setPageStep(1);
-    label->setBuddy(slider);
-    BindSlider(slider, output.MotorOct, parameter::MotorOct, "Change", handlers);
-    row->addWidget(slider, 1);
-    auto* value = new QLabel(panel);
-    value->setObjectName("lblMotorOctValue");
-    ShowIn(value, output.MotorOct, [value](std::int32_t octaves) {
-        ShowReading(value, text::MotorOctaveCaption, QString::number(octaves));
-    });
-    row->addWidget(value);
-
-    auto* combo = new PortCombo(motor, handlers, panel);
-    combo->setObjectName("cmbMotorPort");
-    combo->setAccessibleName(text::MotorPortCaption);
-    combo->view()->setAccessibleName(text::MotorPortCaption);
-    combo->setToolTip(text::MotorPortTip);
-    row->addWidget(combo);
-    // Screen readers read a combo box's entry and its label, which is hidden for lack of room.
-    auto* caption = new QLabel(text::MotorPortCaption, panel);
-    caption->setObjectName("lblMotorPort");
-    caption->setBuddy(combo);
-    caption->hide();
-    grid->addLayout(row, grid->rowCount(), 0, 1, 2);
+    DeviceCombo* const ports = ui.cmbMotorPort;
+    const auto show = [ports, &motor](const auto&) {
+        ports->Show(motor.PortNames());
+        const QString chosen = QString::fromStdString(motor.PortName);
+        // The port in use may be missing from the list.
+        if (!chosen.isEmpty() && ports->findText(chosen) < 0)
+            ports->addItem(chosen);
+        ports->setCurrentIndex(ports->findText(chosen));
+    };
+    ShowIn(ports, motor.PortNames(), show);
+    ShowIn(ports, motor.PortName, show);
+    ports->Bind(
+        handlers, [&motor] { motor.FindPorts(); },
+        [ports, &motor](std::int32_t entry) { motor.PortName = ports->itemText(entry).toStdString(); });
+    return settings;
 }
 
 }  // namespace
@@ -144,7 +85,7 @@ QWidget* MakeModsPanel(ModFields& mods, OutputOptions& output, MotorModModule& m
     for (const text::Mod* mod : text::Mods) {
         AddMod(panel, grid, *mod, mods.*mod->Switch, boxes, handlers);
         if (mod == &text::UseMotor)
-            AddMotorSettings(panel, grid, output, motor, handlers);
+            grid->addWidget(MakeMotorSettings(output, motor, handlers, panel), grid->rowCount(), 0, 1, 2);
     }
     return panel;
 }

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "music/main_fields.h"
 #include "ui/main_window/panels.h"
-#include "ui/texts.h"
 #include "ui/widgets/binding.h"
 #include "ui_note_entry_panel.h"
 
@@ -11,11 +10,6 @@ QWidget* MakeNoteEntryPanel(EntryOptions& entry, EventBoundary& handlers, QWidge
     auto* panel = new QWidget(parent);
     Ui::NoteEntryPanel ui{};
     ui.setupUi(panel);
-    for (const char* length : text::NoteLengths)
-        ui.NoteLengthCombo->addItem(length);
-    ui.NoteLengthCombo->setToolTip(text::NoteLengthTip);
-    ui.lblNoteLength->setToolTip(text::NoteLengthTip);
-
     BindCheck(ui.NoteClickPlayCheck, entry.NoteClickPlayCheck, handlers);
     BindCheck(ui.NoteClickAddCheck, entry.NoteClickAddCheck, handlers);
     BindOptions(ui.AddNote1Option, entry.AddNote1Option, ui.AddNote2Option, entry.AddNote2Option, handlers);

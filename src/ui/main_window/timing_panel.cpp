@@ -2,7 +2,6 @@
 #include "music/main_fields.h"
 #include "playback/metronome.h"
 #include "ui/main_window/panels.h"
-#include "ui/texts.h"
 #include "ui/widgets/binding.h"
 #include "ui_timing_panel.h"
 
@@ -14,9 +13,6 @@ QWidget* MakeTimingPanel(SongFields& song, Metronome& metronome, EventBoundary& 
     ui.setupUi(panel);
     ui.BPMUpDown->SetBuddy(ui.BPMText, QObject::tr("BPM"));
     QAbstractButton* const button = ui.MetronomeButton;
-    button->setText(text::MetronomeCaption);
-    button->setAccessibleName(text::MetronomeCaption);
-    button->setToolTip(text::MetronomeTip);
     ui.BPMText->setMinimumWidth(ui.BPMText->fontMetrics().horizontalAdvance("000000"));
     KeepWidthOf(ui.lblTimeSig, "100%");
     KeepWidthOf(ui.NoteSilenceRatioLabel, "100%");

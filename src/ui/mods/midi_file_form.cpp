@@ -48,12 +48,8 @@ ModWindow* MakeMIDIFileForm(ModFields& mods, MidiFilePlayback& playback, EventBo
     KeepWidthOf(ui.lblPosPercent, "100.00%");
     KeepWidthOf(ui.lblPosSecs, "000:00.00");
     BindLabel(ui.lblInfoText, playback.lblInfoText);
-    ShowIn(ui.frmInfoText, playback.frmInfoTextVisible,
-           [frame = ui.frmInfoText](bool visible) { frame->setVisible(visible); });
-    // Keeps the size of the window when the progress appears and disappears.
-    QSizePolicy policy = ui.frmInfoText->sizePolicy();
-    policy.setRetainSizeWhenHidden(true);
-    ui.frmInfoText->setSizePolicy(policy);
+    BindVisible(ui.frmInfoText, playback.frmInfoTextVisible);
+    KeepPlaceWhenHidden(ui.frmInfoText);
     ui.heldNotesLayout->addWidget(MakeHeldNotesPanel(playback, 30, handlers, form));
     form->resize(form->sizeHint());
     return form;

@@ -14,9 +14,7 @@ ModWindow* MakeMIDIInForm(ModFields& mods, MidiInput& midi, EventBoundary& handl
     ui.cmbMIDIInDevice->Bind(
         midi.MIDIInDevices, midi.cmbMIDIInDevice, handlers, [&midi] { midi.FindDevices(); },
         [&midi](std::int32_t entry) { midi.cmbMIDIInDevice_Click(entry); });
-    ShowIn(ui.lblInfoText, midi.lblInfoText, [label = ui.lblInfoText](const std::string& text) {
-        ShowReading(label, QObject::tr("State"), QString::fromStdString(text));
-    });
+    BindLabel(ui.lblInfoText, midi.lblInfoText);
     ui.panelLayout->addWidget(MakeHeldNotesPanel(midi, 60, handlers, form));
     form->resize(form->sizeHint());
     return form;

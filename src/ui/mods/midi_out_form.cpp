@@ -23,10 +23,10 @@ ModWindow* MakeMIDIOutForm(ModFields& mods, MidiOutput& midi, EventBoundary& han
         ui.cmbInstrument->addItem(QString::fromStdString(MIDIInstrumentListText(instrument)));
     BindCombo(ui.cmbInstrument, midi.Fields.cmbInstrument, handlers,
               [&midi](std::int32_t entry) { midi.cmbInstrument_Click(entry); });
-    ShowIn(ui.lblInfoText, midi.Fields.lblInfoText, [label = ui.lblInfoText](const std::string& text) {
-        ShowReading(label, QObject::tr("State"), QString::fromStdString(text));
-        label->repaint();  // at once, because the announced action follows and may take a while
-    });
+    BindLabel(ui.lblInfoText, midi.Fields.lblInfoText);
+    // Repainted at once, because the announced action follows and may take a while.
+    ShowIn(ui.lblInfoText, midi.Fields.lblInfoText,
+           [label = ui.lblInfoText](const auto&) { label->repaint(); });
     form->resize(form->sizeHint());
     return form;
 }

@@ -5,7 +5,6 @@
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
-#include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QKeyEvent>
@@ -96,15 +95,19 @@ void BindSlider(QSlider* slider, Watched<std::int32_t>& value, const Parameter& 
                      });
 }
 
-void BindCombo(QComboBox* combo, const Watched<std::int32_t>& chosen, EventBoundary& handlers,
-               std::function<void(std::int32_t)> clicked) {
+void BindChoice(QComboBox* combo, EventBoundary& handlers, std::function<void(std::int32_t)> clicked) {
     // The opened list takes the keyboard focus, but lacks the combo box's name.
     combo->view()->setAccessibleName(combo->accessibleName());
-    ShowIn(combo, chosen, [combo](std::int32_t entry) { combo->setCurrentIndex(entry); });
     QObject::connect(combo, &QComboBox::activated, combo,
                      [combo, &handlers, clicked = std::move(clicked)](int entry) {
                          RunHandler(*combo, "Click", handlers, [&] { clicked(entry); });
                      });
+}
+
+void BindCombo(QComboBox* combo, const Watched<std::int32_t>& chosen, EventBoundary& handlers,
+               std::function<void(std::int32_t)> clicked) {
+    ShowIn(combo, chosen, [combo](std::int32_t entry) { combo->setCurrentIndex(entry); });
+    BindChoice(combo, handlers, std::move(clicked));
 }
 
 void BindCombo(QComboBox* combo, Watched<std::int32_t>& value, EventBoundary& handlers) {
@@ -155,12 +158,14 @@ void BindLabel(QLabel* label, const Setting& setting) {
     });
 }
 
-void BindEnabled(QWidget* widget, const Watched<bool>& enabled) {
-    ShowIn(widget, enabled, [widget](bool isEnabled) { widget->setEnabled(isEnabled); });
+void BindVisible(QWidget* widget, const Watched<bool>& visible) {
+    ShowIn(widget, visible, [widget](bool isVisible) { widget->setVisible(isVisible); });
 }
 
-void BindEnabled(QAction* action, const Watched<bool>& enabled) {
-    ShowIn(action, enabled, [action](bool isEnabled) { action->setEnabled(isEnabled); });
+void KeepPlaceWhenHidden(QWidget* widget) {
+    QSizePolicy policy = widget->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    widget->setSizePolicy(policy);
 }
 
 void KeepWidthOf(QLabel* label, const QString& longest) {

@@ -14,7 +14,6 @@
 #include "shell/watched.h"
 
 class QAbstractButton;
-class QAction;
 class QCheckBox;
 class QComboBox;
 class QKeyEvent;
@@ -60,7 +59,9 @@ void BindSlider(QSlider* slider, Setting& setting, std::string_view event, Event
 void BindSlider(QSlider* slider, Watched<std::int32_t>& value, const Parameter& range, std::string_view event,
                 EventBoundary& handlers);
 
-/// Shows the entry with this index, from 0; a choice by the user, even of the shown entry, runs `clicked`.
+/// Runs `clicked` with the index, from 0, of an entry that the user chooses, even of the shown one.
+void BindChoice(QComboBox* combo, EventBoundary& handlers, std::function<void(std::int32_t)> clicked);
+/// Same, and shows the entry with the index `chosen`.
 void BindCombo(QComboBox* combo, const Watched<std::int32_t>& chosen, EventBoundary& handlers,
                std::function<void(std::int32_t)> clicked);
 /// Sets the value to the index of the chosen entry.
@@ -78,8 +79,16 @@ void ShowReading(QLabel* label, const QString& what, const QString& text);
 void BindLabel(QLabel* label, const Watched<std::string>& caption);
 void BindLabel(QLabel* label, const Setting& setting);
 
-void BindEnabled(QWidget* widget, const Watched<bool>& enabled);
-void BindEnabled(QAction* action, const Watched<bool>& enabled);
+/// Enables a widget or an action while the value is true.
+template <typename Control>
+void BindEnabled(Control* control, const Watched<bool>& enabled) {
+    ShowIn(control, enabled, [control](bool isEnabled) { control->setEnabled(isEnabled); });
+}
+/// Shows a widget while the value is true.
+void BindVisible(QWidget* widget, const Watched<bool>& visible);
+
+/// Keeps the layout as it is when the widget is hidden.
+void KeepPlaceWhenHidden(QWidget* widget);
 
 /// Keeps a number label as wide as its longest text, so that the slider beside it does not move.
 void KeepWidthOf(QLabel* label, const QString& longest);

@@ -17,10 +17,16 @@ class DeviceCombo : public QComboBox {
     Q_OBJECT
 
   public:
-    explicit DeviceCombo(QWidget* parent = nullptr) : QComboBox(parent) {}
+    explicit DeviceCombo(QWidget* parent = nullptr) : QComboBox(parent) { setPlaceholderText(tr("(none)")); }
 
-    /// Shows the devices and the chosen entry. Opening the list runs `search`; a choice by the user, even of
-    /// the chosen entry, runs `clicked`. The values must outlive the combo's use.
+    /// Shows devices, none of them as chosen.
+    void Show(const std::vector<std::string>& devices);
+
+    /// Opening the list runs `search`; a choice by the user, even of the chosen entry, runs `clicked`.
+    void Bind(EventBoundary& handlers, std::function<void()> search,
+              std::function<void(std::int32_t)> clicked);
+
+    /// Same, and shows the devices and the chosen entry. The values must outlive the combo's use.
     void Bind(const Watched<std::vector<std::string>>& devices, const Watched<std::int32_t>& chosen,
               EventBoundary& handlers, std::function<void()> search,
               std::function<void(std::int32_t)> clicked);

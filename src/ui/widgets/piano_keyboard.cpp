@@ -2,6 +2,7 @@
 #include "ui/widgets/piano_keyboard.h"
 
 #include <algorithm>
+#include <utility>
 
 #include <QAccessible>
 #include <QKeyEvent>
@@ -51,9 +52,7 @@ QString PianoKeyboard::KeyName(int key) const {
 }
 
 void PianoKeyboard::ShowSounding(const PianoKeySet& keys) {
-    const PianoKeySet changed = sounding_ ^ keys;
-    sounding_ = keys;
-    RepaintKeys(changed);
+    RepaintKeys(std::exchange(sounding_, keys) ^ keys);
 }
 
 /// Repaints keys at once, because a tone may hold the thread afterwards.
@@ -69,11 +68,8 @@ void PianoKeyboard::RepaintKeys(const PianoKeySet& keys) {
 }
 
 void PianoKeyboard::SetCurrentKey(int key) {
-    PianoKeySet changed;
-    changed.set(Bit(current_));
-    current_ = std::clamp(key, 0, PianoPlan::Keys - 1);
-    changed.set(Bit(current_));
-    RepaintKeys(changed);
+    const int before = std::exchange(current_, std::clamp(key, 0, PianoPlan::Keys - 1));
+    RepaintKeys(PianoKeySet().set(Bit(before)).set(Bit(current_)));
     if (hasFocus())
         TellFocus();
 }
@@ -88,9 +84,7 @@ void PianoKeyboard::ShowPressed(int key, bool pressed) {
     if (IsPressed(key) == pressed)
         return;
     pressed_.set(Bit(key), pressed);
-    PianoKeySet changed;
-    changed.set(Bit(key));
-    RepaintKeys(changed);
+    RepaintKeys(PianoKeySet().set(Bit(key)));
 }
 
 void PianoKeyboard::Press(int key) {
@@ -109,9 +103,7 @@ void PianoKeyboard::ClickKey(int key) {
 void PianoKeyboard::ReleaseAll() {
     mouseKey_ = -1;
     touchKeys_.clear();
-    const PianoKeySet changed = pressed_;
-    pressed_.reset();
-    RepaintKeys(changed);
+    RepaintKeys(std::exchange(pressed_, {}));
 }
 
 void PianoKeyboard::mousePressEvent(QMouseEvent* event) {
@@ -235,17 +227,17 @@ void PianoKeyboard::changeEvent(QEvent* event) {
 void PianoKeyboard::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    const PianoPainter piano(painter, *this, Plan());
+    const PianoPlan plan = Plan();
     // White keys first, because the black ones lie on top of them.
     for (const bool black : {false, true}) {
         for (int key = 0; key < PianoPlan::Keys; ++key) {
             if (PianoPlan::IsBlack(key) == black &&
                 event->region().intersects(KeyRect(key).adjusted(-2, -2, 2, 2)))
-                piano.Draw(key);
+                DrawKey(painter, *this, key, plan.KeyRect(key));
         }
     }
     if (hasFocus())
-        piano.DrawFocus(current_);
+        DrawFocus(painter, plan.KeyRect(current_));
 }
 
 }  // namespace quavix

@@ -1,35 +1,21 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <QColor>
-#include <QPainter>
+#include <cstdint>
 
-#include "ui/widgets/piano_plan.h"
+#include <QPainter>
 
 namespace quavix {
 
 class PianoKeyboard;
 
-/// Returns the colour of an octave group: orange, blue, green from the left.
-QColor GroupColour(int group);
+/// Returns the colour value of an octave group: orange, blue, green from the left.
+std::int32_t GroupColour(int group);
 
-/// Draws the keys of the on-screen keyboard. Their ivory is the same in every palette.
-class PianoPainter {
-  public:
-    PianoPainter(QPainter& painter, const PianoKeyboard& piano, const PianoPlan& plan)
-        : painter_(painter), piano_(piano), plan_(plan) {}
+/// Draws a key of the on-screen keyboard in its place. The ivory is the same in every palette.
+void DrawKey(QPainter& painter, const PianoKeyboard& piano, int key, const QRectF& place);
 
-    void Draw(int key) const;
-    /// Draws the ring around the key that the space bar presses.
-    void DrawFocus(int key) const;
-
-  private:
-    void DrawWhite(int key) const;
-    void DrawBlack(int key) const;
-
-    QPainter& painter_;
-    const PianoKeyboard& piano_;
-    PianoPlan plan_;
-};
+/// Draws the ring around the key that the space bar presses.
+void DrawFocus(QPainter& painter, const QRectF& key);
 
 }  // namespace quavix
