@@ -4,6 +4,7 @@
 #include <QCoreApplication>
 #include <QWindow>
 
+#include "ui/widgets/binding.h"
 #include "ui_save_load_form.h"
 
 namespace quavix {
@@ -17,14 +18,17 @@ constexpr std::uint32_t EventsEveryMs = 30;
 SaveLoadForm::SaveLoadForm(Clock& time, QWidget* parent)
     : QDialog(parent), ui_(std::make_unique<Ui::SaveLoadForm>()), time_(time) {
     ui_->setupUi(this);
-    connect(ui_->SaveButton, &QPushButton::clicked, this, &SaveLoadForm::SaveClicked);
-    connect(ui_->LoadButton, &QPushButton::clicked, this, &SaveLoadForm::LoadClicked);
-    connect(ui_->CancelButton, &QPushButton::clicked, this, &SaveLoadForm::CancelClicked);
     connect(ui_->LoadingCancelButton, &QPushButton::clicked, this, &SaveLoadForm::reject);
     ShowHideInfoText(false);
 }
 
 SaveLoadForm::~SaveLoadForm() = default;
+
+void SaveLoadForm::Serve(SaveLoad& choice, EventBoundary& handlers) {
+    BindButton(ui_->SaveButton, handlers, [&choice] { choice.SaveButton_Click(); });
+    BindButton(ui_->LoadButton, handlers, [&choice] { choice.LoadButton_Click(); });
+    BindButton(ui_->CancelButton, handlers, [&choice] { choice.CancelButton_Click(); });
+}
 
 void SaveLoadForm::OpenAbove(QWidget& window) {
     setWindowModality(Qt::NonModal);
@@ -86,7 +90,7 @@ void SaveLoadForm::reject() {
     if (loading_)
         cancelled_ = true;
     else
-        Q_EMIT CancelClicked();
+        ui_->CancelButton->click();
 }
 
 }  // namespace quavix

@@ -6,7 +6,9 @@
 #include <QDialog>
 
 #include "ports/clock.h"
+#include "shell/event_boundary.h"
 #include "songfile/loading_view.h"
+#include "songfile/save_load.h"
 
 namespace quavix {
 
@@ -23,6 +25,9 @@ class SaveLoadForm : public QDialog, public LoadingView {
     explicit SaveLoadForm(Clock& time, QWidget* parent = nullptr);
     ~SaveLoadForm() override;
 
+    /// Passes the clicks of the choice on. `choice` must outlive the use of the form.
+    void Serve(SaveLoad& choice, EventBoundary& handlers);
+
     /// Shows the choice above a window, and returns at once.
     void OpenAbove(QWidget& window);
 
@@ -33,11 +38,6 @@ class SaveLoadForm : public QDialog, public LoadingView {
 
     /// Cancels the choice, or stops the load; for Escape and closing the window.
     void reject() override;
-
-  Q_SIGNALS:
-    void SaveClicked();
-    void LoadClicked();
-    void CancelClicked();
 
   private:
     std::unique_ptr<Ui::SaveLoadForm> ui_;

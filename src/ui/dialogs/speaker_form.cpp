@@ -11,17 +11,14 @@
 namespace quavix {
 
 SpeakerForm::SpeakerForm(PlaybackView& view, Speaker& speaker, EventBoundary& handlers, QWidget* parent)
-    : QDialog(parent),
-      view_(view),
-      speaker_(speaker),
-      handlers_(handlers),
-      ui_(std::make_unique<Ui::SpeakerForm>()) {
+    : QDialog(parent), speaker_(speaker), ui_(std::make_unique<Ui::SpeakerForm>()) {
     ui_->setupUi(this);
     ui_->RemedyText->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-    BindEnabled(ui_->SpeakerTestButton, view_.PlayAllButtonEnabled);
-    BindButton(ui_->SpeakerTestButton, handlers_, [this] { SpeakerTestButton_Click(); });
-    BindButton(ui_->RemedyCopyButton, handlers_, [this] { RemedyCopyButton_Click(); });
-    BindButton(ui_->SpeakerCloseButton, handlers_, [this] { hide(); });
+    BindEnabled(ui_->SpeakerTestButton, view.PlayAllButtonEnabled);
+    BindButton(ui_->SpeakerTestButton, handlers, [this] { SpeakerTestButton_Click(); });
+    BindButton(ui_->RemedyCopyButton, handlers,
+               [this] { QGuiApplication::clipboard()->setText(ui_->RemedyText->toPlainText()); });
+    BindButton(ui_->SpeakerCloseButton, handlers, [this] { hide(); });
     Refresh();
 }
 
@@ -49,10 +46,6 @@ void SpeakerForm::SpeakerTestButton_Click() {
     speaker_.Beep(ConcertPitchHz, DurationMs);
     Refresh();
     Q_EMIT Tested();
-}
-
-void SpeakerForm::RemedyCopyButton_Click() {
-    QGuiApplication::clipboard()->setText(ui_->RemedyText->toPlainText());
 }
 
 }  // namespace quavix

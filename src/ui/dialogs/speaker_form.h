@@ -34,11 +34,8 @@ class SpeakerForm : public QDialog {
 
   private:
     void SpeakerTestButton_Click();
-    void RemedyCopyButton_Click();
 
-    PlaybackView& view_;
     Speaker& speaker_;
-    EventBoundary& handlers_;
     std::unique_ptr<Ui::SpeakerForm> ui_;
 };
 

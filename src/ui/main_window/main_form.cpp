@@ -6,7 +6,6 @@
 #include <QDropEvent>
 #include <QFile>
 #include <QFileInfo>
-#include <QLabel>
 #include <QMimeData>
 #include <QPushButton>
 #include <QScreen>
@@ -102,10 +101,9 @@ MainForm::MainForm(Program& program, SaveLoadForm& saveLoadForm, std::function<v
                  .arg(program::MajorVersion)
                  .arg(program::MinorVersion)
                  .arg(program::Revision);
-    auto* menu = new MainMenu(program_, closeProgram_, *this);
     AddPanels();
-    menu->ServeList(*findChild<QTableView*>("MainList"));
-    ConnectSaveLoadForm();
+    AddMainMenu(program_, closeProgram_, *this, *findChild<QTableView*>("MainList"));
+    saveLoadForm_.Serve(saveLoad_, program_.Handlers);
     AddModWindows();
     ShowIn(this, program_.Storage.SongDocument.FileName(), [this](const std::string&) { ShowTitle(); });
     ShowIn(this, program_.Storage.SongDocument.Modified(), [this](bool) { ShowTitle(); });
@@ -160,10 +158,9 @@ void MainForm::AddPanels() {
     SongEditing& editing = program_.Editing;
     Playing& playing = program_.Playing;
     Speaker& speaker = program_.Ports.PcSpeaker;
-    ui_->settingsColumn->addWidget(MakeNoteEntryPanel(fields.Entry, handlers, this));
-    ui_->settingsColumn->addWidget(MakeTimingPanel(fields.Song, playing.Metronome, handlers, this));
-    ui_->settingsColumn->addStretch(1);
-    AddDebugLogNotice();
+    ui_->settingsColumn->insertWidget(0, MakeNoteEntryPanel(fields.Entry, handlers, this));
+    ui_->settingsColumn->insertWidget(1, MakeTimingPanel(fields.Song, playing.Metronome, handlers, this));
+    ui_->lblDebugLogging->setVisible(program_.Log.Enabled());
     ui_->listColumn->addWidget(MakePlaybackPanel(fields.View, playing.PlaybackEngine, handlers, this));
     ui_->listColumn->addWidget(
         MakeListPanel(program_.List, editing.ListEditing, playing.PlaybackEngine, handlers, this), 1);
@@ -188,31 +185,6 @@ void MainForm::AddSaveLoadButton() {
     button->setToolTip(tr("Save the song in a file, or load one"));
     BindButton(button, program_.Handlers, [this] { saveLoad_.SaveLoadButton_Click(); });
     ui_->modsColumn->addWidget(button);
-}
-
-void MainForm::AddDebugLogNotice() {
-    auto* notice = new QLabel("DEBUG LOGGING ENABLED", this);
-    notice->setObjectName("lblDebugLogging");
-    notice->setAccessibleName(notice->text());
-    notice->setToolTip(tr("The program writes what it does into debuglog.txt in its folder"));
-    QFont font = notice->font();
-    font.setBold(true);
-    notice->setFont(font);
-    notice->setVisible(program_.Log.Enabled());
-    ui_->settingsColumn->addWidget(notice);
-}
-
-void MainForm::ConnectSaveLoadForm() {
-    SaveLoadForm* form = &saveLoadForm_;
-    const auto run = [this](const char* handler, void (SaveLoad::*click)()) {
-        program_.Handlers.Run(handler, [&] { (saveLoad_.*click)(); });
-    };
-    connect(form, &SaveLoadForm::SaveClicked, this,
-            [run] { run("SaveButton_Click", &SaveLoad::SaveButton_Click); });
-    connect(form, &SaveLoadForm::LoadClicked, this,
-            [run] { run("LoadButton_Click", &SaveLoad::LoadButton_Click); });
-    connect(form, &SaveLoadForm::CancelClicked, this,
-            [run] { run("CancelButton_Click", &SaveLoad::CancelButton_Click); });
 }
 
 void MainForm::ShowSaveLoadForm(bool show) {

@@ -44,8 +44,6 @@ class MainForm : public QMainWindow, private SaveLoadView {
     void AddModWindows();
     void AddPanels();
     void AddSaveLoadButton();
-    void AddDebugLogNotice();
-    void ConnectSaveLoadForm();
     void ShowTitle();
     void LoadDropped(const std::string& fileName);
 

@@ -11,61 +11,48 @@ namespace {
 
 class PlaybackPanel : public QWidget {
   public:
-    PlaybackPanel(PlaybackView& view, PlaybackEngine& playback, EventBoundary& handlers, QWidget* parent);
+    PlaybackPanel(PlaybackView& view, PlaybackEngine& playback, EventBoundary& handlers, QWidget* parent)
+        : QWidget(parent) {
+        ui_.setupUi(this);
+        KeepPlaceWhenHidden(ui_.BeepTextLabel);
+        PaintLabel(ui_.BeepTextLabel, colour::Orange);
+
+        BindEnabled(ui_.PlayAllButton, view.PlayAllButtonEnabled);
+        BindEnabled(ui_.PlayFromLineButton, view.PlayFromLineButtonEnabled);
+        ShowIn(this, view.StopPlayButtonEnabled, [this](bool enabled) { EnableStopButton(enabled); });
+        ShowIn(this, view.BeepTextLabelVisible, [this](bool visible) { ShowBeep(visible); });
+
+        for (QAbstractButton* button : {ui_.PlayAllButton, ui_.PlayFromLineButton}) {
+            connect(button, &QAbstractButton::clicked, this, [this, button] {
+                focusAfterStop_ = window()->focusWidget() == button ? button : nullptr;
+            });
+        }
+        BindButton(ui_.PlayAllButton, handlers, [&playback] { playback.PlayAllButton_Click(); });
+        BindButton(ui_.PlayFromLineButton, handlers, [&playback] { playback.PlayFromLineButton_Click(); });
+        BindButton(ui_.StopPlayButton, handlers, [&playback] { playback.StopPlayButton_Click(); });
+    }
 
   private:
-    void BindPlayButton(QAbstractButton* button, std::function<void()> play);
-    void EnableStopButton(bool enabled);
-    void ShowBeep(bool visible);
+    /// Moves the keyboard focus to the stop button while a play button is disabled, and back.
+    void EnableStopButton(bool enabled) {
+        const bool hasFocus = window()->focusWidget() == ui_.StopPlayButton;
+        if (!enabled && hasFocus && focusAfterStop_ != nullptr)
+            focusAfterStop_->setFocus();
+        ui_.StopPlayButton->setEnabled(enabled);
+        if (enabled && focusAfterStop_ != nullptr)
+            ui_.StopPlayButton->setFocus();
+    }
 
-    EventBoundary& handlers_;
+    /// Paints the label at once, because the speaker then holds the thread.
+    void ShowBeep(bool visible) {
+        ui_.BeepTextLabel->setVisible(visible);
+        if (visible)
+            ui_.BeepTextLabel->repaint();
+    }
+
     Ui::PlaybackPanel ui_;
     QAbstractButton* focusAfterStop_ = nullptr;
 };
-
-PlaybackPanel::PlaybackPanel(PlaybackView& view, PlaybackEngine& playback, EventBoundary& handlers,
-                             QWidget* parent)
-    : QWidget(parent), handlers_(handlers) {
-    ui_.setupUi(this);
-
-    QSizePolicy keepsItsPlace = ui_.BeepTextLabel->sizePolicy();
-    keepsItsPlace.setRetainSizeWhenHidden(true);
-    ui_.BeepTextLabel->setSizePolicy(keepsItsPlace);
-    PaintLabel(ui_.BeepTextLabel, colour::Orange);
-
-    BindEnabled(ui_.PlayAllButton, view.PlayAllButtonEnabled);
-    BindEnabled(ui_.PlayFromLineButton, view.PlayFromLineButtonEnabled);
-    ShowIn(this, view.StopPlayButtonEnabled, [this](bool enabled) { EnableStopButton(enabled); });
-    ShowIn(this, view.BeepTextLabelVisible, [this](bool visible) { ShowBeep(visible); });
-
-    BindPlayButton(ui_.PlayAllButton, [&playback] { playback.PlayAllButton_Click(); });
-    BindPlayButton(ui_.PlayFromLineButton, [&playback] { playback.PlayFromLineButton_Click(); });
-    BindButton(ui_.StopPlayButton, handlers_, [&playback] { playback.StopPlayButton_Click(); });
-}
-
-void PlaybackPanel::BindPlayButton(QAbstractButton* button, std::function<void()> play) {
-    connect(button, &QAbstractButton::clicked, this, [this, button, play = std::move(play)] {
-        focusAfterStop_ = window()->focusWidget() == button ? button : nullptr;
-        RunHandler(*button, "Click", handlers_, play);
-    });
-}
-
-/// Moves the keyboard focus to the stop button while a play button is disabled, and back.
-void PlaybackPanel::EnableStopButton(bool enabled) {
-    const bool hasFocus = window()->focusWidget() == ui_.StopPlayButton;
-    if (!enabled && hasFocus && focusAfterStop_ != nullptr)
-        focusAfterStop_->setFocus();
-    ui_.StopPlayButton->setEnabled(enabled);
-    if (enabled && focusAfterStop_ != nullptr)
-        ui_.StopPlayButton->setFocus();
-}
-
-/// Paints the label at once, because the speaker then holds the thread.
-void PlaybackPanel::ShowBeep(bool visible) {
-    ui_.BeepTextLabel->setVisible(visible);
-    if (visible)
-        ui_.BeepTextLabel->repaint();
-}
 
 }  // namespace
 

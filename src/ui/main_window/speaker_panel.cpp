@@ -13,15 +13,53 @@ namespace {
 class SpeakerPanel : public QWidget {
   public:
     SpeakerPanel(OutputOptions& output, ProgramState& state, PlaybackView& view, ToneDispatcher& tones,
-                 Speaker& speaker, EventBoundary& handlers, QWidget* parent);
+                 Speaker& speaker, EventBoundary& handlers, QWidget* parent)
+        : QWidget(parent), view_(view), speaker_(speaker), handlers_(handlers) {
+        ui_.setupUi(this);
+        ShowIn(this, state.MusicIsPlaying, [this](bool) { Refresh(); });
+        // Refreshed after each tone, because a speaker may fail at any tone.
+        ShowIn(this, view_.BeepTextLabelVisible, [this](bool visible) {
+            if (!visible)
+                Refresh();
+        });
+        BindCheck(ui_.MuteTweebleCheck, output.MuteTweebleCheck, handlers_,
+                  [&tones] { tones.MuteTweebleCheck_Click(); });
+        BindButton(ui_.SpeakerDetailsButton, handlers_, [this] { SpeakerDetailsButton_Click(); });
+    }
 
   protected:
-    void resizeEvent(QResizeEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override {
+        QWidget::resizeEvent(event);
+        Refresh();
+    }
 
   private:
     /// Queries the speaker's status again, because a device may have failed.
-    void Refresh();
-    void SpeakerDetailsButton_Click();
+    void Refresh() {
+        const SpeakerStatus status = speaker_.Status();
+        QString text = tr("Speaker: %1").arg(QString::fromStdString(status.InUse));
+        if (!status.Reason.empty())
+            text += QString::fromUtf8(" – ") + QString::fromStdString(status.Reason);
+        QLabel& label = *ui_.SpeakerLabel;
+        if (text == label.toolTip() && shownWidth_ == label.width())
+            return;
+        shownWidth_ = label.width();
+        label.setText(label.fontMetrics().elidedText(text, Qt::ElideRight, label.width()));
+        label.setToolTip(text);
+        label.setAccessibleName(text);
+    }
+
+    void SpeakerDetailsButton_Click() {
+        if (form_ == nullptr) {
+            form_ = new SpeakerForm(view_, speaker_, handlers_, this);
+            connect(form_, &SpeakerForm::Tested, this, &SpeakerPanel::Refresh);
+        }
+        Refresh();
+        form_->Refresh();
+        form_->show();
+        form_->raise();
+        form_->activateWindow();
+    }
 
     PlaybackView& view_;
     Speaker& speaker_;
@@ -30,52 +68,6 @@ class SpeakerPanel : public QWidget {
     SpeakerForm* form_ = nullptr;
     int shownWidth_ = -1;
 };
-
-SpeakerPanel::SpeakerPanel(OutputOptions& output, ProgramState& state, PlaybackView& view,
-                           ToneDispatcher& tones, Speaker& speaker, EventBoundary& handlers, QWidget* parent)
-    : QWidget(parent), view_(view), speaker_(speaker), handlers_(handlers) {
-    ui_.setupUi(this);
-    ShowIn(this, state.MusicIsPlaying, [this](bool) { Refresh(); });
-    // Refreshed after each tone, because a speaker may fail at any tone.
-    ShowIn(this, view_.BeepTextLabelVisible, [this](bool visible) {
-        if (!visible)
-            Refresh();
-    });
-    BindCheck(ui_.MuteTweebleCheck, output.MuteTweebleCheck, handlers_,
-              [&tones] { tones.MuteTweebleCheck_Click(); });
-    BindButton(ui_.SpeakerDetailsButton, handlers_, [this] { SpeakerDetailsButton_Click(); });
-}
-
-void SpeakerPanel::resizeEvent(QResizeEvent* event) {
-    QWidget::resizeEvent(event);
-    Refresh();
-}
-
-void SpeakerPanel::Refresh() {
-    const SpeakerStatus status = speaker_.Status();
-    QString text = tr("Speaker: %1").arg(QString::fromStdString(status.InUse));
-    if (!status.Reason.empty())
-        text += QString::fromUtf8(" – ") + QString::fromStdString(status.Reason);
-    if (text == ui_.SpeakerLabel->toolTip() && shownWidth_ == ui_.SpeakerLabel->width())
-        return;
-    shownWidth_ = ui_.SpeakerLabel->width();
-    const QLabel& label = *ui_.SpeakerLabel;
-    ui_.SpeakerLabel->setText(label.fontMetrics().elidedText(text, Qt::ElideRight, label.width()));
-    ui_.SpeakerLabel->setToolTip(text);
-    ui_.SpeakerLabel->setAccessibleName(text);
-}
-
-void SpeakerPanel::SpeakerDetailsButton_Click() {
-    if (form_ == nullptr) {
-        form_ = new SpeakerForm(view_, speaker_, handlers_, this);
-        connect(form_, &SpeakerForm::Tested, this, &SpeakerPanel::Refresh);
-    }
-    Refresh();
-    form_->Refresh();
-    form_->show();
-    form_->raise();
-    form_->activateWindow();
-}
 
 }  // namespace
 

@@ -24,7 +24,7 @@ ModWindow::ModWindow(const Watched<bool>& visible, Watched<bool>& check, EventBo
 
 void ModWindow::closeEvent(QCloseEvent* event) {
     event->ignore();
-    Unload();
+    reject();
 }
 
 void ModWindow::keyPressEvent(QKeyEvent* event) {
@@ -32,7 +32,7 @@ void ModWindow::keyPressEvent(QKeyEvent* event) {
         QDialog::keyPressEvent(event);
 }
 
-void ModWindow::Unload() {
+void ModWindow::reject() {
     RunHandler(*this, "Unload", handlers_, [this] { check_ = false; });
 }
 

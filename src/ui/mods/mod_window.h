@@ -19,15 +19,13 @@ class ModWindow : public QDialog {
     ModWindow(const Watched<bool>& visible, Watched<bool>& check, EventBoundary& handlers, QWidget* owner);
 
     /// Handles Escape like closing.
-    void reject() override { Unload(); }
+    void reject() override;
 
   protected:
     void closeEvent(QCloseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
 
   private:
-    void Unload();
-
     Watched<bool>& check_;
     EventBoundary& handlers_;
 };
