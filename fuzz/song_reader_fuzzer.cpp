@@ -64,7 +64,8 @@ struct FuzzedProgram {
 
     FuzzedBoxes Boxes;
     SimulatedPorts Simulated;
-    Program App{Ports()};
+    ProgramParts Parts{Ports()};
+    Program App{Parts};
 };
 
 void LoadSaveLoad(std::uint8_t answers, std::uint8_t readSize, std::string song) {

@@ -13,6 +13,8 @@
 #include "platform/common/system_ports.h"
 #include "platform/common/termination_signals.h"
 #include "platform/qt/qt_application.h"
+#include "program/program.h"
+#include "program/program_parts.h"
 #include "shell/program_info.h"
 #include "ui/dialogs/save_load_form.h"
 #include "ui/main_window/main_form.h"
@@ -50,7 +52,8 @@ int main(int argc, char** argv) {
                         .SerialPort = SerialPortFromEnvironment(),
                         .MidiSystem = {}});
     SaveLoadForm saveLoadForm(ports.Time);
-    Program program(ports.All(*speaker, saveLoadForm));
+    ProgramParts parts(ports.All(*speaker, saveLoadForm));
+    Program program(parts);
     const std::unique_ptr<Processes> processes = MakeProcesses();
     DesktopProgram desktop(program, {.System = *processes,
                                      .EndProcess = EndProcess,

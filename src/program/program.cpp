@@ -94,40 +94,29 @@ SongStorage::SongStorage(CommonParts& common, SongEditing& editing)
                     [&editing] { editing.EditHistory.MarkSaved(); },
                     [&editing] { editing.EditHistory.MarkUnsaved(); }}) {}
 
-struct Program::Parts {
-    explicit Parts(const ProgramPorts& ports)
-        : Common(ports),
-          Editing(Common),
-          Output(Common),
-          Players(Common, Editing, Output),
-          Storage(Common, Editing) {
-        Storage.SongDocument.OnSongReplaced = [this] {
-            Players.PlaybackEngine.StopPlayButton_Click();
-            Editing.ShowPositionOfEdit();
-        };
-    }
+ProgramParts::ProgramParts(const ProgramPorts& ports)
+    : Common(ports),
+      Editing(Common),
+      Outputs(Common),
+      Playing(Common, Editing, Outputs),
+      Storage(Common, Editing) {
+    Storage.SongDocument.OnSongReplaced = [this] {
+        Playing.PlaybackEngine.StopPlayButton_Click();
+        Editing.ShowPositionOfEdit();
+    };
+}
 
-    CommonParts Common;
-    SongEditing Editing;
-    quavix::Outputs Output;
-    quavix::Playing Players;
-    SongStorage Storage;
-};
-
-Program::Program(const ProgramPorts& ports)
-    : parts_(std::make_unique<Parts>(ports)),
-      Ports(parts_->Common.Ports),
-      Fields(parts_->Common.Fields),
-      List(parts_->Common.List),
-      Log(parts_->Common.Log),
-      Handlers(parts_->Common.Handlers),
-      Wait(parts_->Common.Wait),
-      Editing(parts_->Editing),
-      Outputs(parts_->Output),
-      Playing(parts_->Players),
-      Storage(parts_->Storage) {}
-
-Program::~Program() = default;
+Program::Program(ProgramParts& parts)
+    : Ports(parts.Common.Ports),
+      Fields(parts.Common.Fields),
+      List(parts.Common.List),
+      Log(parts.Common.Log),
+      Handlers(parts.Common.Handlers),
+      Wait(parts.Common.Wait),
+      Editing(parts.Editing),
+      Outputs(parts.Outputs),
+      Playing(parts.Playing),
+      Storage(parts.Storage) {}
 
 bool Program::IsSounding() const {
     return Outputs.ToneDispatcher.IsSounding() || Playing.MidiInput.HoldsNotes() ||

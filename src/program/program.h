@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <memory>
-
 namespace quavix {
 
 class DebugLog;
@@ -12,21 +10,16 @@ class Waiting;
 struct MainFields;
 struct Outputs;
 struct Playing;
+struct ProgramParts;
 struct ProgramPorts;
 struct SongEditing;
 struct SongStorage;
 
-/// The program behind its window: assembles its parts, on any implementation of the ports. The groups of
-/// parts are in program_parts.h.
-class Program {
-    struct Parts;
-
-  public:
-    /// The ports must outlive the program.
-    explicit Program(const ProgramPorts& ports);
-    ~Program();
-    Program(const Program&) = delete;
-    Program& operator=(const Program&) = delete;
+/// The program behind its window: the groups of its parts, for what drives them all. Its users include
+/// program_parts.h for the groups that they use.
+struct Program {
+    /// The parts must outlive the program.
+    explicit Program(ProgramParts& parts);
 
     /// Returns true while a tone or held notes sound, which a pause of the program would disturb.
     bool IsSounding() const;
@@ -34,10 +27,6 @@ class Program {
     /// Closes the open MIDI devices at the program's end.
     void ReleaseMidi();
 
-  private:
-    const std::unique_ptr<Parts> parts_;
-
-  public:
     const ProgramPorts& Ports;
     MainFields& Fields;
     MusicList& List;

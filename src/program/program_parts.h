@@ -104,4 +104,16 @@ struct SongStorage {
     quavix::SongDocument SongDocument;
 };
 
+/// All parts of a program, on any implementation of the ports.
+struct ProgramParts {
+    /// The ports must outlive the parts.
+    explicit ProgramParts(const ProgramPorts& ports);
+
+    CommonParts Common;
+    SongEditing Editing;
+    quavix::Outputs Outputs;
+    quavix::Playing Playing;
+    SongStorage Storage;
+};
+
 }  // namespace quavix

@@ -181,7 +181,8 @@ void SongRenderer::Render(const RenderOptions& options, std::ostream& out) {
     ports.ProgramFolder = ports.WinFolder = {};
     ports.LogFile = options.LogFile;
     ports.ToneCodeFile = options.ToneCodeFile;
-    Program program(ports);
+    ProgramParts parts(ports);
+    Program program(parts);
     if (!options.LogFile.empty())
         program.Log.Enable();
     try {

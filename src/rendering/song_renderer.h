@@ -14,7 +14,7 @@
 
 namespace quavix {
 
-class Program;
+struct Program;
 class RenderedEngine;
 
 /// Raised if the song could not be read or played.

@@ -30,7 +30,8 @@ int main(int argumentCount, char** arguments) {
     ports.ProgramFolder = ports.WinFolder = {};
     ports.LogFile = folder + "/log";
     ports.ToneCodeFile = folder + "/code";
-    Program app(ports);
+    ProgramParts parts(ports);
+    Program app(parts);
     SimulatedTime& time = simulated.Time;
     SimulatedProcesses system;
     DesktopProgram desktop(app,

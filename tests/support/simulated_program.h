@@ -51,7 +51,8 @@ struct SimulatedProgram : SimulatedPorts {
     /// Returns the content of the debug log, without the times of day.
     std::string LogText() const;
 
-    Program App{All()};
+    ProgramParts Parts{All()};
+    Program App{Parts};
 };
 
 }  // namespace quavix::test

@@ -108,7 +108,8 @@ int main(int argc, char** argv) {
     ProgramPorts ports = real.All(speaker, simulated.Loading);
     ports.Boxes = boxes;
     ports.MidiOutDevices = midiOut;
-    Program app(ports);
+    ProgramParts parts(ports);
+    Program app(parts);
     const std::unique_ptr<Processes> processes = MakeProcesses();
     DesktopProgram desktop(app, {.System = *processes,
                                  .EndProcess = EndProcess,
