@@ -19,11 +19,13 @@
 #include <gtest/gtest.h>
 
 #include "platform/common/monotonic.h"
+#include "process/end_of_child.h"
+#include "process/patience.h"
 
 namespace quavix {
 namespace {
 
-constexpr std::int64_t PatienceNs = 60 * NsPerSecond;
+constexpr std::int64_t PatienceNs = test::PatienceMs * NsPerMs;
 constexpr std::size_t MostSamples = 48000 * 20;
 
 jack_client_t* OpenClient() {
@@ -97,9 +99,7 @@ bool JackServer::Answers() const {
         execlp("jack_lsp", "jack_lsp", nullptr);
         _exit(127);
     }
-    int status = -1;
-    while (waitpid(asking, &status, 0) < 0 && errno == EINTR) {
-    }
+    const int status = test::WaitForEnd(asking);
     return WIFEXITED(status) && WEXITSTATUS(status) == 0;
 }
 
@@ -116,9 +116,7 @@ void JackServer::End(int signal) {
     if (process_ <= 0)
         return;
     kill(process_, signal);
-    while (waitpid(process_, nullptr, 0) < 0 && errno == EINTR) {
-    }
-    process_ = -1;
+    test::WaitForEnd(std::exchange(process_, -1));
 }
 
 JackRecorder::JackRecorder()

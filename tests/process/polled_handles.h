@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "ports/event_pump.h"
+#include "process/patience.h"
 
 namespace quavix {
 
@@ -24,7 +25,6 @@ class PolledHandles : public HandleWatch {
 
     /// Runs handlers as their handles are signalled, until `done`. False: that never was.
     bool RunUntil(const std::function<bool()>& done) {
-        constexpr int PatienceMs = 60'000;
         while (!done()) {
             std::vector<pollfd> handles;
             std::vector<Id> ids;
@@ -32,7 +32,7 @@ class PolledHandles : public HandleWatch {
                 handles.push_back({static_cast<int>(watch.Handle), POLLIN, 0});
                 ids.push_back(id);
             }
-            if (poll(handles.data(), handles.size(), PatienceMs) <= 0)
+            if (poll(handles.data(), handles.size(), test::PatienceMs) <= 0)
                 return false;
             for (std::size_t i = 0; i < handles.size(); ++i) {
                 const auto found = watches_.find(ids[i]);

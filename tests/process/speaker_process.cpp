@@ -18,11 +18,11 @@
 
 #include "childs_signals.h"
 #include "platform/common/monotonic.h"
+#include "process/patience.h"
 
 namespace quavix {
 namespace {
 
-constexpr int PatienceMs = 60'000;
 constexpr int ChildsDevice = 3;
 
 // State and parent of a process, from the fields that follow its name.
@@ -47,7 +47,7 @@ DevicePipe::DevicePipe() {
 
 std::optional<ArrivedTone> DevicePipe::Next() {
     pollfd waiting{readEnd_.Get(), POLLIN, 0};
-    if (poll(&waiting, 1, PatienceMs) != 1) {
+    if (poll(&waiting, 1, test::PatienceMs) != 1) {
         ADD_FAILURE() << "nothing arrived";
         return std::nullopt;
     }

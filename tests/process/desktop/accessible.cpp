@@ -7,7 +7,7 @@
 #include <QDBusObjectPath>
 #include <QDBusVariant>
 
-#include "patience.h"
+#include "process/patience.h"
 
 namespace quavix::test {
 namespace {

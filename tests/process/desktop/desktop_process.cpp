@@ -2,16 +2,17 @@
 #include "desktop_process.h"
 
 #include <array>
-#include <cerrno>
 #include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
 #include <linux/input.h>
 #include <poll.h>
-#include <sys/wait.h>
 #include <unistd.h>
+#include <utility>
 
 #include "process/childs_signals.h"
+#include "process/end_of_child.h"
+#include "process/patience.h"
 #include "wall_clock.h"
 
 namespace quavix {
@@ -71,11 +72,7 @@ void DesktopProcess::Signal(int signal) const {
 }
 
 int DesktopProcess::Wait() {
-    int status = 0;
-    while (waitpid(process_, &status, 0) < 0 && errno == EINTR) {
-    }
-    process_ = -1;
-    return status;
+    return test::WaitForEnd(std::exchange(process_, -1));
 }
 
 std::string DesktopProcess::Output() const {
@@ -87,10 +84,9 @@ std::string DesktopProcess::Output() const {
 }
 
 std::optional<DesktopProcess::Tone> DesktopProcess::NextTone() const {
-    constexpr int PatienceMs = 60'000;
     pollfd waiting{device_.Get(), POLLIN, 0};
     input_event event{};
-    if (poll(&waiting, 1, PatienceMs) != 1 ||
+    if (poll(&waiting, 1, test::PatienceMs) != 1 ||
         read(device_.Get(), &event, sizeof event) != static_cast<ssize_t>(sizeof event))
         return std::nullopt;
     return Tone{event.value, WallClockNs()};

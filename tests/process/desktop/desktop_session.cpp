@@ -9,7 +9,7 @@
 #include <QElapsedTimer>
 #include <QUuid>
 
-#include "patience.h"
+#include "process/patience.h"
 
 namespace quavix::test {
 namespace {

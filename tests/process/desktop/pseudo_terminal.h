@@ -12,6 +12,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/posix/file_descriptor.h"
+#include "process/patience.h"
 
 namespace quavix {
 
@@ -37,12 +38,11 @@ class PseudoTerminal {
         return arrived_;
     }
 
-    /// Waits until that much has arrived, half a minute for each piece.
+    /// Waits until that much has arrived, PatienceMs for each piece.
     const std::string& WaitFor(std::string_view text) {
-        constexpr int PatienceMs = 60'000;
         while (arrived_.size() < text.size()) {
             pollfd waiting{device_.Get(), POLLIN, 0};
-            if (poll(&waiting, 1, PatienceMs) != 1 || !Read())
+            if (poll(&waiting, 1, test::PatienceMs) != 1 || !Read())
                 break;
         }
         return arrived_;

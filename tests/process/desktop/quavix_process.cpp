@@ -13,7 +13,7 @@
 #include <gtest/gtest.h>
 
 #include "accessible.h"
-#include "patience.h"
+#include "process/patience.h"
 
 namespace quavix::test {
 namespace {
