@@ -147,15 +147,8 @@ void VoiceMainForm::StartSources() {
     Check(p_.Library.FMOD_Channel_SetPaused(sawPlays_, false));
     Check(p_.Library.FMOD_Channel_SetPaused(noisePlays_, false));
     ChangeBaseFreq(StartFrequency);
-    if (randomFormantTimer_ == 0) {
-        randomFormantTimer_ = p_.Ticks.Start(
-            TimerMs, p_.Handlers.Wrap("RandomFormantTimer_Timer", [this] { RandomFormantTimer_Timer(); }));
-    }
-}
-
-void VoiceMainForm::StopMoving() {
-    p_.Ticks.Stop(randomFormantTimer_);
-    randomFormantTimer_ = 0;
+    if (!randomFormantTimer_.IsRunning())
+        randomFormantTimer_.Start(TimerMs);
 }
 
 void VoiceMainForm::ChangeVoiceVol(double newVoiceVol) {

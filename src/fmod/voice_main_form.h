@@ -8,8 +8,7 @@
 #include "fmod/fmod_engine.h"
 #include "fmod/voice_parameters.h"
 #include "ports/random_numbers.h"
-#include "ports/timers.h"
-#include "shell/event_boundary.h"
+#include "shell/event_timer.h"
 
 namespace quavix {
 
@@ -28,9 +27,10 @@ struct VoiceParts {
 /// and the next steps are still tried.
 class VoiceMainForm {
   public:
-    explicit VoiceMainForm(VoiceParts parts) : p_(parts) {}
-    VoiceMainForm(const VoiceMainForm&) = delete;
-    VoiceMainForm& operator=(const VoiceMainForm&) = delete;
+    explicit VoiceMainForm(const VoiceParts& parts)
+        : p_(parts), randomFormantTimer_(parts.Ticks, parts.Handlers, "RandomFormantTimer_Timer", [this] {
+              RandomFormantTimer_Timer();
+          }) {}
 
     /// Creates the engine, with its sources paused; a second call does nothing. The library must be loaded.
     void Load(const FmodOutput& output = {});
@@ -39,7 +39,7 @@ class VoiceMainForm {
     /// Un-pauses the sources, at 100 Hz, and starts the random movement of the formants.
     void StartSources();
     /// Stops the movement of the formants until the next StartSources().
-    void StopMoving();
+    void StopMoving() { randomFormantTimer_.Stop(); }
 
     /// Sets the volume, 0 (silent) to 1.
     void ChangeVoiceVol(double newVoiceVol);
@@ -103,7 +103,7 @@ class VoiceMainForm {
     SoundUnit* sybNoiseDsp_ = nullptr;
     std::array<double, FormantCount> formantFreq_{};
     std::array<std::int32_t, FormantCount> formantVol_{};
-    Timers::Id randomFormantTimer_ = 0;
+    EventTimer randomFormantTimer_;
     bool inTimer_ = false;
 };
 

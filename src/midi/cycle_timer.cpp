@@ -8,13 +8,9 @@
 #include "shell/numbers.h"
 
 namespace quavix {
-namespace {
 
-constexpr std::int32_t FirstIntervalMs = 2;
-
-}  // namespace
-
-CycleTimer::CycleTimer(CycleTimerParts parts) : p_(std::move(parts)), intervalMs_(FirstIntervalMs) {
+CycleTimer::CycleTimer(CycleTimerParts parts)
+    : p_(std::move(parts)), timer_(p_.Ticks, p_.Handlers, "cTmr_Timer", [this] { cTmr_Timer(); }) {
     // A mistyped interval must not run to its end, which may be days away.
     p_.Song.AlternateTime.State().Watch(
         [this, before = p_.Song.AlternateTime.Text()](const SettingState& now) mutable {
@@ -24,29 +20,23 @@ CycleTimer::CycleTimer(CycleTimerParts parts) : p_(std::move(parts)), intervalMs
 }
 
 void CycleTimer::SetEnabled(bool enabled) {
-    if (enabled == Enabled())
-        return;
-    if (enabled)
-        timer_ = p_.Ticks.Start(intervalMs_, p_.Handlers.Wrap("cTmr_Timer", [this] { cTmr_Timer(); }));
-    else
-        p_.Ticks.Stop(std::exchange(timer_, 0));
+    if (!enabled)
+        timer_.Stop();
+    else if (!Enabled())
+        timer_.Start(intervalMs_);
 }
 
 void CycleTimer::cTmr_Timer() {
     // Continuous pulses would leave no gap for a start that waits until all tones have ended.
     if (p_.State.StartIsHeldUp)
         return;
-    Step();
-    FollowAlternateTime();
-}
-
-void CycleTimer::Step() {
     try {
         p_.Step();
     } catch (const std::exception&) {
         p_.SwitchOff();
         throw;
     }
+    FollowAlternateTime();
 }
 
 void CycleTimer::FollowAlternateTime() {
@@ -55,7 +45,7 @@ void CycleTimer::FollowAlternateTime() {
     if (!IsNumeric(text) || std::abs(interval) > std::numeric_limits<std::int32_t>::max())
         return;
     intervalMs_ = static_cast<std::int32_t>(interval);
-    p_.Ticks.SetInterval(timer_, intervalMs_);
+    timer_.SetInterval(intervalMs_);
 }
 
 }  // namespace quavix

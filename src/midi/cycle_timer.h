@@ -5,8 +5,7 @@
 #include <functional>
 
 #include "music/main_fields.h"
-#include "ports/timers.h"
-#include "shell/event_boundary.h"
+#include "shell/event_timer.h"
 
 namespace quavix {
 
@@ -28,25 +27,20 @@ struct CycleTimerParts {
 class CycleTimer {
   public:
     explicit CycleTimer(CycleTimerParts parts);
-    ~CycleTimer() { SetEnabled(false); }
-    CycleTimer(const CycleTimer&) = delete;
-    CycleTimer& operator=(const CycleTimer&) = delete;
 
     /// Enables or disables the timer. When enabled again, it starts a full interval.
     void SetEnabled(bool enabled);
-    bool Enabled() const { return timer_ != 0; }
+    bool Enabled() const { return timer_.IsRunning(); }
     /// Returns the interval in ms; 0 stands for the shortest.
     std::int32_t Interval() const { return intervalMs_; }
 
   private:
     void cTmr_Timer();
-    void Step();
     void FollowAlternateTime();
 
     CycleTimerParts p_;
-    std::int32_t intervalMs_;
-    /// Running only while this is enabled.
-    Timers::Id timer_ = 0;
+    std::int32_t intervalMs_ = 2;
+    EventTimer timer_;
 };
 
 }  // namespace quavix

@@ -15,26 +15,19 @@ CircuitBent::CircuitBent(ModFields& mods, const ProgramState& state, ToneDispatc
       state_(state),
       tones_(tones),
       random_(random),
-      timers_(timers),
-      handlers_(handlers),
-      log_(log) {
+      log_(log),
+      bendTimer_(timers, handlers, "BendTimer_Timer", [this] { BendTimer_Timer(); }) {
     mods_.UseCircuitBent.Ticked.Watch(
-        handlers_.Wrap("UseCircuitBentCheck_Click", [this] { UseCircuitBentCheck_Click(); }));
-}
-
-CircuitBent::~CircuitBent() {
-    timers_.Stop(bendTimer_);
+        handlers.Wrap("UseCircuitBentCheck_Click", [this] { UseCircuitBentCheck_Click(); }));
 }
 
 void CircuitBent::UseCircuitBentCheck_Click() {
     constexpr std::int32_t IntervalMs = 15;
     mods_.UseCircuitBent.InUse = mods_.UseCircuitBent.Ticked;
-    timers_.Stop(bendTimer_);
-    bendTimer_ = 0;
-    if (mods_.UseCircuitBent.InUse) {
-        bendTimer_ =
-            timers_.Start(IntervalMs, handlers_.Wrap("BendTimer_Timer", [this] { BendTimer_Timer(); }));
-    }
+    if (mods_.UseCircuitBent.InUse)
+        bendTimer_.Start(IntervalMs);
+    else
+        bendTimer_.Stop();
     log_.Text("UseCircuitBentCheck clicked - UseCircuitBent -> {}", LogFlag(mods_.UseCircuitBent.InUse));
 }
 

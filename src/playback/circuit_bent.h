@@ -4,9 +4,8 @@
 #include "music/main_fields.h"
 #include "playback/tone_dispatcher.h"
 #include "ports/random_numbers.h"
-#include "ports/timers.h"
 #include "shell/debug_log.h"
-#include "shell/event_boundary.h"
+#include "shell/event_timer.h"
 
 namespace quavix {
 
@@ -16,9 +15,6 @@ class CircuitBent {
   public:
     CircuitBent(ModFields& mods, const ProgramState& state, ToneDispatcher& tones, RandomNumbers& random,
                 Timers& timers, EventBoundary& handlers, DebugLog& log);
-    ~CircuitBent();
-    CircuitBent(const CircuitBent&) = delete;
-    CircuitBent& operator=(const CircuitBent&) = delete;
 
   private:
     void UseCircuitBentCheck_Click();
@@ -29,11 +25,8 @@ class CircuitBent {
     const ProgramState& state_;
     ToneDispatcher& tones_;
     RandomNumbers& random_;
-    Timers& timers_;
-    EventBoundary& handlers_;
     DebugLog& log_;
-    /// Runs only while the mode is on, so that the program can sleep otherwise.
-    Timers::Id bendTimer_ = 0;
+    EventTimer bendTimer_;
     bool inBurst_ = false;
 };
 

@@ -8,9 +8,8 @@
 #include "music/main_fields.h"
 #include "music/tone.h"
 #include "ports/speaker.h"
-#include "ports/timers.h"
 #include "shell/debug_log.h"
-#include "shell/event_boundary.h"
+#include "shell/event_timer.h"
 #include "shell/watched.h"
 
 namespace quavix {
@@ -32,9 +31,6 @@ struct PortamentoFields {
 class PitchGlide final : public ToneOutput {
   public:
     PitchGlide(ModFields& mods, Speaker& speaker, Timers& timers, EventBoundary& handlers, DebugLog& log);
-    ~PitchGlide() override;
-    PitchGlide(const PitchGlide&) = delete;
-    PitchGlide& operator=(const PitchGlide&) = delete;
 
     /// Starts a glide to the tone's pitch and returns at once; the caller has to wait for the duration.
     void Sound(const Tone& tone) override;
@@ -42,28 +38,22 @@ class PitchGlide final : public ToneOutput {
     PortamentoFields Fields;
 
   private:
-    void StartSound();
     void StartSoundIfNeeded();
     void UsePortaCheck_Click();
     void PitchMultipleSlider_Change();
     void SoundLengthSlider_Change();
     void EachToneTimer_Timer();
-    void FinishTimer_Timer();
-
-    void EnableEachToneTimer(bool enable);
-    void EnableFinishTimer(bool enable);
+    void StopSound();
+    void StartChunks();
 
     ModFields& mods_;
     Speaker& speaker_;
-    Timers& timers_;
-    EventBoundary& handlers_;
     DebugLog& log_;
     std::int32_t wantedPitch_ = 0;
     /// Current pitch in Hz; none before the first note.
     std::optional<double> currentPitch_;
-    double pitchMultiple_ = 0;
-    Timers::Id eachToneTimer_ = 0;
-    Timers::Id finishTimer_ = 0;
+    EventTimer eachToneTimer_;
+    EventTimer finishTimer_;
 };
 
 }  // namespace quavix

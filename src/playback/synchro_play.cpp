@@ -28,7 +28,10 @@ TimeOfDay NextFullMinute(const TimeOfDay& now) {
 
 }  // namespace
 
-SynchroPlay::SynchroPlay(SynchroParts parts) : p_(std::move(parts)) {
+SynchroPlay::SynchroPlay(SynchroParts parts)
+    : p_(std::move(parts)),
+      startTimer_(p_.Ticks, p_.Handlers, "btnWait_Click", [this] { StartOnceFree(); }),
+      currentUpdateTimer_(p_.Ticks, p_.Handlers, "CurrentUpdateTimer_Timer", [this] { ShowCurrentTime(); }) {
     p_.Mods.UseSynchro.Ticked.Watch(
         p_.Handlers.Wrap("UseSynchroCheck_Click", [this](bool ticked) { UseSynchroCheck_Click(ticked); }));
     p_.State.MusicIsPlaying.Watch([this](bool) { EnableWaitButton(); });
@@ -38,18 +41,18 @@ SynchroPlay::SynchroPlay(SynchroParts parts) : p_(std::move(parts)) {
 }
 
 void SynchroPlay::UseSynchroCheck_Click(bool ticked) {
-    p_.Ticks.Stop(std::exchange(currentUpdateTimer_, 0));
     if (ticked) {
         const auto wanted = WantedTime();
         if (!p_.State.StartIsAwaited && (!wanted || TimeKey(*wanted) <= TimeKey(p_.Time.LocalTime())))
             SuggestTime();
         ShowCurrentTime();
         constexpr std::int32_t UpdateMs = 100;
-        currentUpdateTimer_ = p_.Ticks.Start(
-            UpdateMs, p_.Handlers.Wrap("CurrentUpdateTimer_Timer", [this] { ShowCurrentTime(); }));
-    } else if (p_.State.StartIsAwaited && shouldBeNotWaiting_) {
-        StopWaiting();  // its window is closed; music that already plays continues
+        currentUpdateTimer_.Start(UpdateMs);
+        return;
     }
+    currentUpdateTimer_.Stop();
+    if (p_.State.StartIsAwaited && shouldBeNotWaiting_)
+        StopWaiting();  // its window is closed; music that already plays continues
 }
 
 void SynchroPlay::SuggestTime() {
@@ -94,12 +97,14 @@ void SynchroPlay::StartWaiting() {
         return;
     }
     p_.State.StartIsHeldUp = true;
-    startTimer_ = p_.Ticks.Start(SliceMs, [this] {
-        if (!MayWait() || p_.State.MusicIsPlaying)
-            return;
-        EndHoldUp();
-        p_.Handlers.Run("btnWait_Click", [this] { WaitAndPlay(); });
-    });
+    startTimer_.Start(SliceMs);
+}
+
+void SynchroPlay::StartOnceFree() {
+    if (!MayWait() || p_.State.MusicIsPlaying)
+        return;
+    EndHoldUp();
+    WaitAndPlay();
 }
 
 /// Returns false during a tone, which could end only after the music: a motor or a MIDI note would sound on.
@@ -121,7 +126,7 @@ void SynchroPlay::StopWaiting() {
 }
 
 void SynchroPlay::EndHoldUp() {
-    p_.Ticks.Stop(std::exchange(startTimer_, 0));
+    startTimer_.Stop();
     p_.State.StartIsHeldUp = false;
 }
 

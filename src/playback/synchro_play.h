@@ -9,9 +9,8 @@
 #include "music/main_fields.h"
 #include "ports/clock.h"
 #include "ports/message_boxes.h"
-#include "ports/timers.h"
 #include "shell/currency.h"
-#include "shell/event_boundary.h"
+#include "shell/event_timer.h"
 #include "shell/waiting.h"
 
 namespace quavix {
@@ -76,6 +75,7 @@ class SynchroPlay {
     void ShowCurrentTime();
     void StartWaiting();
     bool MayWait() const;
+    void StartOnceFree();
     void StopWaiting();
     void EndHoldUp();
     void WaitAndPlay();
@@ -92,8 +92,8 @@ class SynchroPlay {
     bool shouldBeNotWaiting_ = true;
     /// Number of the current wait, so that a stopped wait does not mistake the next one for its own.
     std::int64_t waitNumber_ = 0;
-    Timers::Id startTimer_ = 0;
-    Timers::Id currentUpdateTimer_ = 0;
+    EventTimer startTimer_;
+    EventTimer currentUpdateTimer_;
 };
 
 }  // namespace quavix
