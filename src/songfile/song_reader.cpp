@@ -13,6 +13,7 @@
 #include "shell/runtime_error.h"
 #include "shell/scoped.h"
 #include "songfile/song_format.h"
+#include "songfile/song_settings.h"
 #include "songfile/utf8_file.h"
 
 namespace quavix {
@@ -68,7 +69,7 @@ LoadResult SongReader::LoadFile(const std::string& fileName) {
         return {};
     if (OnReplace)
         OnReplace();
-    settings_.ResetTimeSig();
+    song_.BeatsPerBar.Reset();
     TextLines lines(*text);
     // The carriage returns are removed when each line is taken.
     log_.LogText("Removing new-line chars from value of each index in SplitFile()");
@@ -102,7 +103,7 @@ bool SongReader::LoadSettings(TextLines& lines) {
             known = false;
         if (IsMusicListStart(line))
             break;
-        settings_.Apply(line);
+        ApplySetting(line, song_, entry_, log_);
     }
     return known;
 }

@@ -12,7 +12,6 @@
 #include "ports/message_boxes.h"
 #include "shell/debug_log.h"
 #include "songfile/loading_view.h"
-#include "songfile/song_settings.h"
 
 namespace quavix {
 
@@ -36,13 +35,14 @@ class SongReader {
   public:
     SongReader(SongFields& song, EntryOptions& entry, MusicList& list, Files& files, MessageBoxes& boxes,
                FilePicker& picker, LoadingView& view, DebugLog& log)
-        : list_(list),
+        : song_(song),
+          entry_(entry),
+          list_(list),
           files_(files),
           boxes_(boxes),
           picker_(picker),
           view_(view),
-          log_(log),
-          settings_(song, entry, log) {}
+          log_(log) {}
 
     /// Asks for a file name and loads the file; shows a box if it does not exist.
     LoadResult LoadMusic();
@@ -69,13 +69,14 @@ class SongReader {
     bool LoadLines(TextLines& lines, std::size_t textSize);
     BoxAnswer LoadMusicListLineError(std::string_view line);
 
+    SongFields& song_;
+    EntryOptions& entry_;
     MusicList& list_;
     Files& files_;
     MessageBoxes& boxes_;
     FilePicker& picker_;
     LoadingView& view_;
     DebugLog& log_;
-    SongSettings settings_;
 };
 
 }  // namespace quavix
