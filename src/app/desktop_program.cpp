@@ -29,7 +29,7 @@ void Try(Step step) {
 
 DesktopProgram::DesktopProgram(Program& program, DesktopFacts facts)
     : Recovery({program.Fields.Song, program.Fields.Entry, program.Fields.State, program.List,
-                program.Storage.SongChanges, program.Storage.SongDocument, program.Ports.Disk,
+                program.Editing.EditHistory.Changes, program.Storage.SongDocument, program.Ports.Disk,
                 program.Ports.Ticks, program.Ports.Time, program.Ports.Boxes, program.Handlers, program.Log,
                 [&program] { return program.IsSounding(); }, facts.StateFolder}),
       program_(program),

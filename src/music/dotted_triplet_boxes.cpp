@@ -42,18 +42,12 @@ void DottedTripletBoxes::UpdateModButtons() {
     if (!HasRealSelection(list_))
         return;
     const ScopedFlag following(following_);
-    if (SelectedLineModContains(list_, "dot")) {
-        log_.Text("UpdateModButtons() - Dotted");
-        entry_.ModDottedCheck = true;
-        entry_.ModTripletCheck = false;
-    } else if (SelectedLineModContains(list_, "tri")) {
-        log_.Text("UpdateModButtons() - Triplet");
-        entry_.ModDottedCheck = false;
-        entry_.ModTripletCheck = true;
-    } else {
-        entry_.ModDottedCheck = false;
-        entry_.ModTripletCheck = false;
-    }
+    const bool isDotted = SelectedLineModContains(list_, "dot");
+    const bool isTriplet = !isDotted && SelectedLineModContains(list_, "tri");
+    if (isDotted || isTriplet)
+        log_.Text("UpdateModButtons() - {}", isDotted ? "Dotted" : "Triplet");
+    entry_.ModDottedCheck = isDotted;
+    entry_.ModTripletCheck = isTriplet;
 }
 
 }  // namespace quavix

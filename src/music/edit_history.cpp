@@ -3,6 +3,7 @@
 
 #include <utility>
 
+#include "music/selection.h"
 #include "shell/scoped.h"
 
 namespace quavix {
@@ -14,9 +15,14 @@ std::string Caption(const char* command, const EditStep* step) {
 
 }  // namespace
 
-EditHistory::EditHistory(SongFields& song, MusicList& list) : song_(song), list_(list) {
+EditHistory::EditHistory(SongFields& song, MusicList& list)
+    : song_(song), list_(list), settings_(PresentSettings()) {
     list_.AddObserver(*this);
-    SoundSettings::Watch(song_, [this] { ShowState(); });
+    for (const Setting* setting :
+         {&song_.BPM, &song_.AlternateTime, &song_.BeatsPerBar, &song_.NoteSilenceRatio})
+        setting->State().Watch([this](const SettingState&) { SettingsChanged(); });
+    for (const Watched<bool>* box : {&song_.PlayNote1Check, &song_.PlayNote2Check})
+        box->Watch([this](bool) { SettingsChanged(); });
     StartOver();
 }
 
@@ -24,34 +30,39 @@ EditHistory::~EditHistory() {
     list_.RemoveObserver(*this);
 }
 
-void EditHistory::Undo() {
-    if (depth_ > 0 || applied_ == 0)
+EditHistory::SoundSettings EditHistory::PresentSettings() const {
+    return {song_.BPM.OfSong(),         song_.AlternateTime.OfSong(),
+            song_.BeatsPerBar.OfSong(), song_.NoteSilenceRatio.OfSong(),
+            song_.PlayNote1Check,       song_.PlayNote2Check};
+}
+
+void EditHistory::SettingsChanged() {
+    const SoundSettings before = std::exchange(settings_, PresentSettings());
+    if (settings_ == before)
         return;
-    const EditStep& step = steps_[applied_ - 1];
-    {
-        const ScopedFlag restoring(restoring_);
-        step.TakeBack(list_, texts_);
-    }
-    --applied_;
-    Restored(step);
+    Changes = Changes + 1;
+    ShowState();
+}
+
+void EditHistory::Undo() {
+    if (depth_ == 0 && applied_ > 0)
+        Restore(steps_[--applied_], true);
 }
 
 void EditHistory::Redo() {
-    if (depth_ > 0 || applied_ == steps_.size())
-        return;
-    const EditStep& step = steps_[applied_];
-    {
-        const ScopedFlag restoring(restoring_);
-        step.DoAgain(list_, texts_);
-    }
-    ++applied_;
-    Restored(step);
+    if (depth_ == 0 && applied_ < steps_.size())
+        Restore(steps_[applied_++], false);
 }
 
-void EditHistory::Restored(const EditStep& step) {
+/// Applies a step, or undoes it if `back`.
+void EditHistory::Restore(const EditStep& step, bool back) {
+    {
+        const ScopedFlag restoring(restoring_);
+        step.Apply(list_, texts_, back);
+    }
     looseStep_ = false;
     const bool onlyMods = step.ChangesOnlyMods();
-    if (list_.SelectedItem() != -1 && list_.IsSelected(list_.SelectedItem()))
+    if (HasRealSelection(list_))
         list_.EnsureVisible(list_.SelectedItem());
     else if (step.Changes.front().Rows.front() <= list_.Count())
         list_.EnsureVisible(step.Changes.front().Rows.front());
@@ -75,7 +86,7 @@ void EditHistory::MarkSaved() {
     looseStep_ = false;  // so that Undo() can return to this state
     savedState_ = State();
     song_.AlternateTime.Keep();  // the file contains the time in use
-    savedSettings_ = SoundSettings::Of(song_);
+    savedSettings_ = PresentSettings();
     ShowState();
 }
 
@@ -103,6 +114,7 @@ void EditHistory::BeforeChange() {
 
 /// Makes a change outside a gesture a step, or joins it to the step before.
 void EditHistory::Changed() {
+    Changes = Changes + 1;
     if (restoring_ || depth_ > 0)
         return;
     if (looseStep_) {
@@ -159,18 +171,9 @@ void EditHistory::ForgetOldest() {
     }
 }
 
-void EditHistory::RowInserted(std::int32_t row) {
-    RowsInserted({&row, 1});
-}
-
-void EditHistory::BeforeRowRemoved(std::int32_t row) {
-    BeforeRowsRemoved({&row, 1});
-}
-
 void EditHistory::RowsInserted(std::span<const std::int32_t> rows) {
-    if (restoring_)
-        return;
-    open_.Add(RowsChange(EditChange::Kind::Inserted, rows));
+    if (!restoring_)
+        open_.Add(RowsChange(EditChange::Kind::Inserted, rows));
     Changed();
 }
 
@@ -182,6 +185,7 @@ void EditHistory::BeforeRowsRemoved(std::span<const std::int32_t> rows) {
 
 void EditHistory::Reset() {
     StartOver();
+    Changes = Changes + 1;
 }
 
 void EditHistory::BeforeCellChanged(std::int32_t row, Cell cell) {
@@ -191,13 +195,13 @@ void EditHistory::BeforeCellChanged(std::int32_t row, Cell cell) {
 }
 
 void EditHistory::CellChanged(std::int32_t row, Cell cell) {
-    if (restoring_)
-        return;
-    open_.Add({.What = EditChange::Kind::CellWritten,
-               .Rows = {row},
-               .Written = cell,
-               .Before = {cellBefore_},
-               .After = texts_.IdOf(list_.Text(row, cell))});
+    if (!restoring_) {
+        open_.Add({.What = EditChange::Kind::CellWritten,
+                   .Rows = {row},
+                   .Written = cell,
+                   .Before = {cellBefore_},
+                   .After = texts_.IdOf(list_.Text(row, cell))});
+    }
     Changed();
 }
 
@@ -223,7 +227,7 @@ void EditHistory::ShowState() {
     CanRedo = redo != nullptr;
     UndoText = Caption("Undo", undo);
     RedoText = Caption("Redo", redo);
-    Modified = savedState_ != State() || savedSettings_ != SoundSettings::Of(song_);
+    Modified = savedState_ != State() || savedSettings_ != PresentSettings();
 }
 
 }  // namespace quavix

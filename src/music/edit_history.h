@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <deque>
@@ -13,7 +14,6 @@
 #include "music/edit_step.h"
 #include "music/main_fields.h"
 #include "music/music_list.h"
-#include "music/song_changes.h"
 #include "music/text_pool.h"
 
 namespace quavix {
@@ -32,8 +32,6 @@ class EditHistory : private MusicListObserver {
     /// Watches the fields during their whole lifetime, and must live as long; must not outlive the list.
     EditHistory(SongFields& song, MusicList& list);
     ~EditHistory() override;
-    EditHistory(const EditHistory&) = delete;
-    EditHistory& operator=(const EditHistory&) = delete;
 
     // State of undo and redo, with the captions of the commands ("Undo Erase line").
     Watched<bool> CanUndo;
@@ -43,6 +41,9 @@ class EditHistory : private MusicListObserver {
     /// True if the list or the sound settings differ from those of the last save or load. Undoing back to it,
     /// or restoring a value, makes the song unmodified again.
     Watched<bool> Modified;
+    /// Number of changes of the list and of the sound settings so far. Watchers run during the change, and
+    /// must not change the song.
+    Watched<std::uint64_t> Changes;
 
     /// Undoes or redoes a step: restores rows and selection, and scrolls the selected line into view. Does
     /// nothing if there is no such step, or inside a gesture.
@@ -62,10 +63,11 @@ class EditHistory : private MusicListObserver {
   private:
     friend class EditGesture;
 
-    void BeforeRowInserted(std::int32_t) override { BeforeChange(); }
-    void RowInserted(std::int32_t row) override;
-    void BeforeRowRemoved(std::int32_t row) override;
-    void RowRemoved(std::int32_t) override { Changed(); }
+    /// The song's settings that are heard, or seen in its bars: changing one changes the song. Excluded are
+    /// the entry options, the notes played by a click on a line, and an alternate time that held notes have
+    /// set.
+    using SoundSettings = std::array<std::int32_t, 6>;
+
     void BeforeRowsInserted(std::span<const std::int32_t>) override { BeforeChange(); }
     void RowsInserted(std::span<const std::int32_t> rows) override;
     void BeforeRowsRemoved(std::span<const std::int32_t> rows) override;
@@ -74,6 +76,8 @@ class EditHistory : private MusicListObserver {
     void BeforeCellChanged(std::int32_t row, Cell cell) override;
     void CellChanged(std::int32_t row, Cell cell) override;
 
+    SoundSettings PresentSettings() const;
+    void SettingsChanged();
     void BeginGesture(std::string name);
     void EndGesture();
     void BeforeChange();
@@ -83,7 +87,7 @@ class EditHistory : private MusicListObserver {
     void Push(EditStep step);
     void ForgetRedo();
     void ForgetOldest();
-    void Restored(const EditStep& step);
+    void Restore(const EditStep& step, bool back);
     std::uint64_t State() const;
     void ShowState();
 
@@ -96,7 +100,8 @@ class EditHistory : private MusicListObserver {
     std::uint64_t lastState_ = 0;
     std::uint64_t firstState_ = 0;  // before the oldest step
     std::optional<std::uint64_t> savedState_;
-    SoundSettings savedSettings_;
+    SoundSettings settings_;
+    SoundSettings savedSettings_{};
     int depth_ = 0;
     bool restoring_ = false;
     bool looseStep_ = false;  // changes outside a gesture join the last step

@@ -16,20 +16,14 @@ void InsertLines(MusicList& list, const EditChange& change, const TextPool& text
 }
 
 /// Makes the change, or undoes it if `back`.
-void Apply(MusicList& list, const EditChange& change, const TextPool& texts, bool back) {
-    switch (change.What) {
-        case EditChange::Kind::CellWritten:
-            for (std::size_t i = 0; i < change.Rows.size(); ++i)
-                list.SetText(change.Rows[i], change.Written,
-                             texts.Text(back ? change.Before[i] : change.After));
-            break;
-        case EditChange::Kind::Inserted:
-        case EditChange::Kind::Removed:
-            if ((change.What == EditChange::Kind::Inserted) != back)
-                InsertLines(list, change, texts);
-            else
-                list.RemoveRows(change.Rows);
-            break;
+void ApplyChange(MusicList& list, const EditChange& change, const TextPool& texts, bool back) {
+    if (change.What == EditChange::Kind::CellWritten) {
+        for (std::size_t i = 0; i < change.Rows.size(); ++i)
+            list.SetText(change.Rows[i], change.Written, texts.Text(back ? change.Before[i] : change.After));
+    } else if ((change.What == EditChange::Kind::Inserted) != back) {
+        InsertLines(list, change, texts);
+    } else {
+        list.RemoveRows(change.Rows);
     }
 }
 
@@ -39,20 +33,11 @@ ListSelection ListSelection::Of(const MusicList& list) {
     return {.Item = list.SelectedItem(), .Rows = list.SelectedRuns()};
 }
 
-void ListSelection::Restore(MusicList& list) const {
-    list.SetSelectedRuns(Item, Rows);
-}
-
-void EditStep::TakeBack(MusicList& list, const TextPool& texts) const {
-    for (auto change = Changes.rbegin(); change != Changes.rend(); ++change)
-        Apply(list, *change, texts, true);
-    SelectionBefore.Restore(list);
-}
-
-void EditStep::DoAgain(MusicList& list, const TextPool& texts) const {
-    for (const EditChange& change : Changes)
-        Apply(list, change, texts, false);
-    SelectionAfter.Restore(list);
+void EditStep::Apply(MusicList& list, const TextPool& texts, bool back) const {
+    for (std::size_t i = 0; i < Changes.size(); ++i)
+        ApplyChange(list, Changes[back ? Changes.size() - 1 - i : i], texts, back);
+    const ListSelection& selection = back ? SelectionBefore : SelectionAfter;
+    list.SetSelectedRuns(selection.Item, selection.Rows);
 }
 
 void EditStep::Add(EditChange change) {

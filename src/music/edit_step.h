@@ -34,7 +34,6 @@ struct ListSelection {
     RowRuns Rows{};
 
     static ListSelection Of(const MusicList& list);
-    void Restore(MusicList& list) const;
 };
 
 /// The changes of one gesture, and the selection before and after it.
@@ -48,8 +47,8 @@ struct EditStep {
     /// Size of the step, as counted by CountSize().
     std::size_t Size = 0;
 
-    void TakeBack(MusicList& list, const TextPool& texts) const;
-    void DoAgain(MusicList& list, const TextPool& texts) const;
+    /// Makes the changes again, or takes them back if `back`.
+    void Apply(MusicList& list, const TextPool& texts, bool back) const;
 
     /// Adds a change and joins it to the last one if possible: the same cell written twice (dropped if it
     /// holds its old text again), rows inserted one below the other, or rows given the same text.

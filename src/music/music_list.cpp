@@ -33,22 +33,18 @@ void MusicList::Notify(Notification notification, Args... args) {
         (observer->*notification)(args...);
 }
 
-const MusicList::Row& MusicList::At(std::int32_t row) const {
+std::size_t MusicList::IndexOf(std::int32_t row) const {
     if (row < 1 || row > Count())
         throw RuntimeError(RuntimeError::IndexOutOfBounds);
-    return rows_[Index(row)];
-}
-
-MusicList::Row& MusicList::At(std::int32_t row) {
-    return const_cast<Row&>(std::as_const(*this).At(row));
+    return Index(row);
 }
 
 std::string_view MusicList::Text(std::int32_t row, Cell cell) const {
-    return texts_.Text(At(row)[static_cast<std::size_t>(cell)]);
+    return texts_.Text(TextId(row, cell));
 }
 
 TextPool::Id MusicList::TextId(std::int32_t row, Cell cell) const {
-    return At(row)[static_cast<std::size_t>(cell)];
+    return rows_[IndexOf(row)][static_cast<std::size_t>(cell)];
 }
 
 MusicLine MusicList::Line(std::int32_t row) const {
@@ -57,7 +53,7 @@ MusicLine MusicList::Line(std::int32_t row) const {
 }
 
 void MusicList::SetText(std::int32_t row, Cell cell, std::string_view text) {
-    TextPool::Id& id = At(row)[static_cast<std::size_t>(cell)];
+    TextPool::Id& id = rows_[IndexOf(row)][static_cast<std::size_t>(cell)];
     const TextPool::Id newId = texts_.IdOf(text);
     if (newId == id)
         return;
@@ -67,16 +63,7 @@ void MusicList::SetText(std::int32_t row, Cell cell, std::string_view text) {
 }
 
 void MusicList::Insert(std::int32_t row, const MusicLine& line) {
-    if (row < 1 || row > Count() + 1)
-        throw RuntimeError(RuntimeError::IndexOutOfBounds);
-    Notify(&MusicListObserver::BeforeRowInserted, row);
-    const Row added = {texts_.IdOf(line.Length), texts_.IdOf(line.Note1), texts_.IdOf(line.Note2),
-                       texts_.IdOf(line.Mod)};
-    rows_.insert(rows_.begin() + static_cast<std::ptrdiff_t>(Index(row)), added);
-    selected_.RowsInserted({&row, 1});
-    if (selectedItem_ >= row)
-        ++selectedItem_;
-    Notify(&MusicListObserver::RowInserted, row);
+    InsertRows({&row, 1}, [&line](std::size_t) { return line.Cells(); });
 }
 
 void MusicList::Append(std::string_view length, std::string_view note1, std::string_view note2,
@@ -84,24 +71,9 @@ void MusicList::Append(std::string_view length, std::string_view note1, std::str
     if (Count() == std::numeric_limits<std::int32_t>::max())
         throw RuntimeError(RuntimeError::Overflow);
     const std::int32_t row = Count() + 1;
-    Notify(&MusicListObserver::BeforeRowInserted, row);
+    Notify(&MusicListObserver::BeforeRowsInserted, std::span(&row, 1));
     rows_.push_back({texts_.IdOf(length), texts_.IdOf(note1), texts_.IdOf(note2), texts_.IdOf(mod)});
-    Notify(&MusicListObserver::RowInserted, row);
-}
-
-void MusicList::Remove(std::int32_t row) {
-    const bool wasSelected = IsSelected(row);
-    Notify(&MusicListObserver::BeforeRowRemoved, row);
-    rows_.erase(rows_.begin() + static_cast<std::ptrdiff_t>(Index(row)));
-    const bool wasSelectedItem = selectedItem_ == row;
-    selected_.RowsRemoved({&row, 1});
-    if (wasSelectedItem)
-        selectedItem_ = -1;
-    else if (selectedItem_ > row)
-        --selectedItem_;
-    Notify(&MusicListObserver::RowRemoved, row);
-    if (wasSelected || wasSelectedItem)
-        Notify(&MusicListObserver::SelectionChanged);
+    Notify(&MusicListObserver::RowsInserted, std::span(&row, 1));
 }
 
 void MusicList::InsertRows(std::span<const std::int32_t> rows, const LineSource& line) {
@@ -115,7 +87,6 @@ void MusicList::InsertRows(std::span<const std::int32_t> rows, const LineSource&
     std::size_t from = rows_.size();
     std::size_t to = from + rows.size();
     rows_.resize(to);
-    const std::int32_t itemBefore = selectedItem_;
     for (std::size_t left = rows.size(); left > 0;) {
         --to;
         if (to == Index(rows[left - 1])) {
@@ -126,11 +97,9 @@ void MusicList::InsertRows(std::span<const std::int32_t> rows, const LineSource&
                 rows_[to][cell] = texts_.IdOf(texts[cell]);
         } else {
             rows_[to] = rows_[--from];
-            if (itemBefore >= 1 && Index(itemBefore) == from)
-                selectedItem_ = static_cast<std::int32_t>(to) + 1;
         }
     }
-    selected_.RowsInserted(rows);
+    MoveSelection(&RowRuns::RowsInserted, rows);
     Notify(&MusicListObserver::RowsInserted, rows);
 }
 
@@ -142,24 +111,26 @@ void MusicList::RemoveRows(std::span<const std::int32_t> rows) {
     const std::int32_t itemBefore = selectedItem_;
     const std::int32_t selectedBefore = SelectedCount();
     std::size_t to = Index(rows.front());
-    std::size_t next = 0;
+    auto next = rows.begin();
     for (std::size_t from = to; from < rows_.size(); ++from) {
-        const bool isItem = itemBefore >= 1 && Index(itemBefore) == from;
-        if (next < rows.size() && from == Index(rows[next])) {
+        if (next != rows.end() && from == Index(*next))
             ++next;
-            if (isItem)
-                selectedItem_ = -1;
-            continue;
-        }
-        if (isItem)
-            selectedItem_ = static_cast<std::int32_t>(to) + 1;
-        rows_[to++] = rows_[from];
+        else
+            rows_[to++] = rows_[from];
     }
     rows_.resize(to);
-    selected_.RowsRemoved(rows);
+    MoveSelection(&RowRuns::RowsRemoved, rows);
     Notify(&MusicListObserver::RowsRemoved, rows);
     if (SelectedCount() != selectedBefore || (itemBefore != -1 && selectedItem_ == -1))
         Notify(&MusicListObserver::SelectionChanged);
+}
+
+void MusicList::MoveSelection(void (RowRuns::*move)(std::span<const std::int32_t>),
+                              std::span<const std::int32_t> rows) {
+    RowRuns item = selectedItem_ == -1 ? RowRuns() : RowRuns({{selectedItem_, selectedItem_}});
+    (item.*move)(rows);
+    (selected_.*move)(rows);
+    selectedItem_ = item.Count() == 0 ? -1 : item.Runs().front().First;
 }
 
 void MusicList::Clear() {
@@ -172,7 +143,7 @@ void MusicList::Clear() {
 }
 
 bool MusicList::IsSelected(std::int32_t row) const {
-    At(row);
+    IndexOf(row);
     return selected_.Contains(row);
 }
 
@@ -204,10 +175,10 @@ void MusicList::SetSelection(std::int32_t selectedItem, const std::vector<std::i
 
 void MusicList::SetSelectedRuns(std::int32_t selectedItem, RowRuns rows) {
     if (selectedItem != -1)
-        At(selectedItem);
+        IndexOf(selectedItem);
     if (rows.Count() > 0) {
-        At(rows.Runs().front().First);
-        At(rows.Runs().back().Last);
+        IndexOf(rows.Runs().front().First);
+        IndexOf(rows.Runs().back().Last);
     }
     selected_ = std::move(rows);
     selectedItem_ = selectedItem;
@@ -215,7 +186,7 @@ void MusicList::SetSelectedRuns(std::int32_t selectedItem, RowRuns rows) {
 }
 
 void MusicList::EnsureVisible(std::int32_t row) {
-    At(row);
+    IndexOf(row);
     Notify(&MusicListObserver::EnsureVisible, row);
 }
 

@@ -22,6 +22,8 @@ struct MusicLine {
     std::string Note2;
     std::string Mod;
 
+    std::array<std::string_view, 4> Cells() const { return {Length, Note1, Note2, Mod}; }
+
     friend bool operator==(const MusicLine&, const MusicLine&) = default;
 };
 
@@ -32,12 +34,11 @@ enum class Cell { Length, Note1, Note2, Mod };
 /// The list must not be changed during a notification.
 class MusicListObserver {
   public:
+    MusicListObserver() = default;
+    MusicListObserver(const MusicListObserver&) = delete;
+    MusicListObserver& operator=(const MusicListObserver&) = delete;
     virtual ~MusicListObserver() = default;
-    virtual void BeforeRowInserted(std::int32_t /*row*/) {}
-    virtual void RowInserted(std::int32_t /*row*/) {}
-    virtual void BeforeRowRemoved(std::int32_t /*row*/) {}
-    virtual void RowRemoved(std::int32_t /*row*/) {}
-    /// Several rows at once, in ascending order, by their numbers in the longer list. By default these are
+    /// `rows` are at least one, in ascending order, by their numbers in the longer list. By default these are
     /// handled as a reset.
     virtual void BeforeRowsInserted(std::span<const std::int32_t> /*rows*/) { BeforeReset(); }
     virtual void RowsInserted(std::span<const std::int32_t> /*rows*/) { Reset(); }
@@ -61,10 +62,6 @@ class MusicListObserver {
 /// highlight is gone); HasRealSelection() requires both.
 class MusicList {
   public:
-    MusicList() = default;
-    MusicList(const MusicList&) = delete;
-    MusicList& operator=(const MusicList&) = delete;
-
     std::int32_t Count() const { return static_cast<std::int32_t>(rows_.size()); }
 
     /// Returns a cell's text; the view is valid until the list is cleared.
@@ -87,7 +84,7 @@ class MusicList {
     using LineSource = std::function<std::array<std::string_view, 4>(std::size_t index)>;
     void InsertRows(std::span<const std::int32_t> rows, const LineSource& line);
     /// Removes a row; later rows move up by one. If it was the selected item, there is none afterwards.
-    void Remove(std::int32_t row);
+    void Remove(std::int32_t row) { RemoveRows({&row, 1}); }
     /// Removes several rows at once; their numbers must ascend.
     void RemoveRows(std::span<const std::int32_t> rows);
     void Clear();
@@ -127,8 +124,11 @@ class MusicList {
   private:
     using Row = std::array<TextPool::Id, 4>;
 
-    Row& At(std::int32_t row);
-    const Row& At(std::int32_t row) const;
+    /// Returns the index of an existing row.
+    std::size_t IndexOf(std::int32_t row) const;
+    /// Renumbers the selection by RowRuns::RowsInserted or RowRuns::RowsRemoved.
+    void MoveSelection(void (RowRuns::*move)(std::span<const std::int32_t>),
+                       std::span<const std::int32_t> rows);
     template <typename Notification, typename... Args>
     void Notify(Notification notification, Args... args);
 

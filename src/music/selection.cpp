@@ -38,10 +38,7 @@ void SetSelectedLineMod(MusicList& list, std::string_view text) {
 }
 
 void RemoveAndSelectNext(MusicList& list, std::span<const std::int32_t> rows) {
-    if (rows.size() == 1)
-        list.Remove(rows.front());
-    else
-        list.RemoveRows(rows);
+    list.RemoveRows(rows);
     const std::int32_t next = rows.back() + 1 - static_cast<std::int32_t>(rows.size());
     if (DoesIndexExist(list, next))
         list.Select(next);

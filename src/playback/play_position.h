@@ -26,15 +26,11 @@ class PlayPosition : private MusicListObserver {
   public:
     PlayPosition(MusicList& list, DebugLog& log);
     ~PlayPosition() override;
-    PlayPosition(const PlayPosition&) = delete;
-    PlayPosition& operator=(const PlayPosition&) = delete;
 
     /// Returns the sum of the lengths of lines 1 to `currentLine` - 1, in whole notes; missing lines add 0.
     double SumBefore(std::int32_t currentLine);
 
   private:
-    void RowInserted(std::int32_t row) override { KeepBefore(row); }
-    void RowRemoved(std::int32_t row) override { KeepBefore(row); }
     void RowsInserted(std::span<const std::int32_t> rows) override { KeepBefore(rows.front()); }
     void RowsRemoved(std::span<const std::int32_t> rows) override { KeepBefore(rows.front()); }
     void Reset() override { KeepBefore(1); }

@@ -83,28 +83,23 @@ Playing::Playing(CommonParts& common, SongEditing& editing, Outputs& outputs)
                       outputs.SoundMods.Singer, [this] { Beat.LineStarts(); }, SynchroPlay, common.Ports.Time,
                       common.Wait, common.Ports.Boxes, common.Log}) {}
 
-SongStorage::SongStorage(CommonParts& common, SongEditing& editing)
+SongStorage::SongStorage(CommonParts& common, SongEditing& editing, Playing& playing)
     : SongReader(common.Fields.Song, common.Fields.Entry, common.List, common.Ports.Disk, common.Ports.Boxes,
                  common.Ports.Picker, common.Ports.Loading, common.Log),
       SongWriter(common.Fields.Song, common.Fields.Entry, common.List, common.Ports.Disk, common.Ports.Boxes,
                  common.Ports.Picker, common.Log),
-      SongChanges(common.Fields.Song, common.List),
       SongDocument({common.Fields.Song, common.Fields.State, common.List, SongReader, SongWriter,
-                    common.Ports.Disk, common.Ports.Boxes, editing.EditHistory.Modified,
-                    [&editing] { editing.EditHistory.MarkSaved(); },
-                    [&editing] { editing.EditHistory.MarkUnsaved(); }}) {}
+                    common.Ports.Disk, common.Ports.Boxes, editing.EditHistory, [&editing, &playing] {
+                        playing.PlaybackEngine.StopPlayButton_Click();
+                        editing.ShowPositionOfEdit();
+                    }}) {}
 
 ProgramParts::ProgramParts(const ProgramPorts& ports)
     : Common(ports),
       Editing(Common),
       Outputs(Common),
       Playing(Common, Editing, Outputs),
-      Storage(Common, Editing) {
-    Storage.SongDocument.OnSongReplaced = [this] {
-        Playing.PlaybackEngine.StopPlayButton_Click();
-        Editing.ShowPositionOfEdit();
-    };
-}
+      Storage(Common, Editing, Playing) {}
 
 Program::Program(ProgramParts& parts)
     : Ports(parts.Common.Ports),

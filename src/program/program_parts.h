@@ -13,7 +13,6 @@
 #include "music/main_fields.h"
 #include "music/music_list.h"
 #include "music/note_entry.h"
-#include "music/song_changes.h"
 #include "playback/beat.h"
 #include "playback/circuit_bent.h"
 #include "playback/metronome.h"
@@ -96,11 +95,10 @@ struct Playing {
 
 /// The parts of a program that load and save songs.
 struct SongStorage {
-    SongStorage(CommonParts& common, SongEditing& editing);
+    SongStorage(CommonParts& common, SongEditing& editing, Playing& playing);
 
     quavix::SongReader SongReader;
     quavix::SongWriter SongWriter;
-    quavix::SongChanges SongChanges;
     quavix::SongDocument SongDocument;
 };
 

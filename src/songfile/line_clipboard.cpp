@@ -35,20 +35,12 @@ void LineClipboard::CopyLines() {
 }
 
 void LineClipboard::CutLines() {
-    const std::vector<std::int32_t> rows = list_.SelectedRows();
-    if (rows.empty())
-        return;
-    clipboard_.SetText(TextOfLines(list_, rows));
-    const EditGesture gesture(history_, GestureName("Cut", rows.size()));
-    Remove(rows);
+    CopyLines();
+    Remove("Cut");
 }
 
 void LineClipboard::EraseLines() {
-    const std::vector<std::int32_t> rows = list_.SelectedRows();
-    if (rows.empty())
-        return;
-    const EditGesture gesture(history_, GestureName("Erase", rows.size()));
-    Remove(rows);
+    Remove("Erase");
 }
 
 LineClipboard::PasteResult LineClipboard::PasteLines() {
@@ -75,14 +67,18 @@ void LineClipboard::DuplicateLines() {
         lines.push_back(list_.Line(row));
     const std::int32_t first = selected.back() + 1;
     InsertBlock(first, lines);
-    std::vector<std::int32_t> copies(lines.size());
-    std::iota(copies.begin(), copies.end(), first);
-    list_.SetSelection(first, copies);
+    const std::int32_t last = selected.back() + static_cast<std::int32_t>(selected.size());
+    list_.SetSelectedRuns(first, RowRuns({{first, last}}));
     list_.EnsureVisible(first);
     showPosition_();
 }
 
-void LineClipboard::Remove(const std::vector<std::int32_t>& rows) {
+/// Removes the selected lines; the name of the gesture begins with the verb.
+void LineClipboard::Remove(const char* verb) {
+    const std::vector<std::int32_t> rows = list_.SelectedRows();
+    if (rows.empty())
+        return;
+    const EditGesture gesture(history_, GestureName(verb, rows.size()));
     RemoveAndSelectNext(list_, rows);
     showPosition_();
 }
@@ -94,10 +90,7 @@ void LineClipboard::SelectionChanged() {
 void LineClipboard::InsertBlock(std::int32_t row, const std::vector<MusicLine>& lines) {
     std::vector<std::int32_t> rows(lines.size());
     std::iota(rows.begin(), rows.end(), row);
-    list_.InsertRows(rows, [&lines](std::size_t index) {
-        const MusicLine& line = lines[index];
-        return std::array<std::string_view, 4>{line.Length, line.Note1, line.Note2, line.Mod};
-    });
+    list_.InsertRows(rows, [&lines](std::size_t index) { return lines[index].Cells(); });
 }
 
 }  // namespace quavix

@@ -22,8 +22,6 @@ class LineClipboard : private MusicListObserver {
     LineClipboard(MusicList& list, Clipboard& clipboard, EditHistory& history,
                   std::function<void()> showPosition);
     ~LineClipboard() override;
-    LineClipboard(const LineClipboard&) = delete;
-    LineClipboard& operator=(const LineClipboard&) = delete;
 
     /// True if any line is selected, so that the commands for selected lines have an effect.
     Watched<bool> LinesSelected;
@@ -47,7 +45,7 @@ class LineClipboard : private MusicListObserver {
   private:
     void SelectionChanged() override;
     void Reset() override { SelectionChanged(); }
-    void Remove(const std::vector<std::int32_t>& rows);
+    void Remove(const char* verb);
     void InsertBlock(std::int32_t row, const std::vector<MusicLine>& lines);
 
     MusicList& list_;

@@ -19,42 +19,32 @@ std::string Described(const RecoveryNotes& notes) {
 }  // namespace
 
 Recovery::Recovery(RecoveryParts parts)
-    : p_(std::move(parts)), slots_(p_.Disk, p_.Folder), copied_(p_.Changes.Count) {
-    p_.Changes.Count.Watch([this](std::uint64_t) { SongChanged(); });
+    : p_(std::move(parts)),
+      slots_(p_.Disk, p_.Folder),
+      copied_(p_.Changes),
+      timer_(p_.Ticks, p_.Handlers, "RecoveryTimer_Timer", [this] { Tick(); }) {
+    p_.Changes.Watch([this](std::uint64_t) { SongChanged(); });
     p_.Document.Modified().Watch([this](bool modified) {
         if (!modified)
             DeleteCopy();
     });
 }
 
-Recovery::~Recovery() {
-    StopTicking();
-}
-
 void Recovery::SongChanged() {
-    if (timer_ == 0 && !ended_)
-        TickIn(DelayMs);
-}
-
-void Recovery::TickIn(std::int32_t ms) {
-    StopTicking();
-    timer_ = p_.Ticks.Start(ms, p_.Handlers.Wrap("RecoveryTimer_Timer", [this] { Tick(); }));
-}
-
-void Recovery::StopTicking() {
-    p_.Ticks.Stop(std::exchange(timer_, 0));
+    if (!timer_.IsRunning() && !ended_)
+        timer_.Start(DelayMs);
 }
 
 bool Recovery::HasUncopiedChanges() const {
-    return p_.Document.Modified() && p_.Changes.Count != copied_;
+    return p_.Document.Modified() && p_.Changes != copied_;
 }
 
 void Recovery::Tick() {
-    StopTicking();
+    timer_.Stop();
     if (!HasUncopiedChanges())
         return;
     if (p_.State.MusicIsPlaying || p_.ToneSounds() || p_.Document.IsLoading())
-        TickIn(RetryMs);
+        timer_.Start(RetryMs);
     else
         Write();
 }
@@ -63,7 +53,7 @@ void Recovery::Write() {
     const std::error_code error = WriteCopy();
     const std::string problem = error ? error.message() : "";
     if (error)
-        TickIn(RetryAfterErrorMs);
+        timer_.Start(RetryAfterErrorMs);
     if (error && problem != problem_.Get())
         p_.Log.Text("The recovery copy can't be written in \"{}\": {}", p_.Folder, problem);
     problem_ = problem;
@@ -85,7 +75,7 @@ std::error_code Recovery::WriteCopy() {
     if (!error)
         error = file->Commit();
     if (!error)
-        copied_ = p_.Changes.Count;
+        copied_ = p_.Changes;
     return error;
 }
 
@@ -99,13 +89,13 @@ void Recovery::DeleteCopy() {
 }
 
 void Recovery::End() {
-    StopTicking();
+    timer_.Stop();
     ended_ = true;
     if (givenUp_ || !p_.Document.Modified())
         DeleteCopy();
     else if (HasUncopiedChanges())
         Write();
-    StopTicking();
+    timer_.Stop();
     slot_.reset();
 }
 
@@ -175,7 +165,7 @@ void Recovery::Load(RecoverySlot leftover, const std::string& fileName) {
     } else if (loaded.Whole) {
         // The loaded copy becomes this process's copy, so that a copy exists at all times.
         slot_ = std::move(leftover);
-        copied_ = p_.Changes.Count;
+        copied_ = p_.Changes;
         hasRecovered_ = true;
     }
 }

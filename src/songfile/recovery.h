@@ -8,12 +8,10 @@
 
 #include "music/main_fields.h"
 #include "music/music_list.h"
-#include "music/song_changes.h"
 #include "ports/clock.h"
 #include "ports/files.h"
 #include "ports/message_boxes.h"
-#include "ports/timers.h"
-#include "shell/event_boundary.h"
+#include "shell/event_timer.h"
 #include "shell/watched.h"
 #include "songfile/recovery_copies.h"
 #include "songfile/song_document.h"
@@ -26,7 +24,8 @@ struct RecoveryParts {
     const EntryOptions& Entry;
     const ProgramState& State;
     const MusicList& List;
-    SongChanges& Changes;
+    /// Count of the song's changes.
+    const Watched<std::uint64_t>& Changes;
     SongDocument& Document;
     Files& Disk;
     Timers& Ticks;
@@ -58,11 +57,8 @@ class Recovery {
     /// Delay until the next attempt if the copy could not be written, in ms.
     static constexpr std::int32_t RetryAfterErrorMs = 30'000;
 
+    /// The destructor leaves the copy behind, as a killed process does.
     explicit Recovery(RecoveryParts parts);
-    /// Leaves the copy behind, as a killed process does.
-    ~Recovery();
-    Recovery(const Recovery&) = delete;
-    Recovery& operator=(const Recovery&) = delete;
 
     /// Offers the left-over copies one after another; skips those of running processes. Yes loads a copy as a
     /// modified song under its own name, No deletes it, Cancel keeps it for the next start. If a second one
@@ -87,8 +83,6 @@ class Recovery {
     void Write();
     std::error_code WriteCopy();
     void DeleteCopy();
-    void TickIn(std::int32_t ms);
-    void StopTicking();
     void Offer(const std::string& copyName);
     void Load(RecoverySlot leftover, const std::string& fileName);
     void TellLeftovers(const std::vector<std::string>& copies);
@@ -99,7 +93,7 @@ class Recovery {
     std::optional<RecoverySlot> slot_;
     /// Count of changes at the time of the copy.
     std::uint64_t copied_;
-    Timers::Id timer_ = 0;
+    EventTimer timer_;
     bool hasRecovered_ = false;
     bool givenUp_ = false;
     bool ended_ = false;

@@ -25,22 +25,13 @@ bool SongDocument::New() {
         const MusicListReset reset(p_.List);
         p_.List.Clear();
     }
-    ResetTiming();
-    fileName_ = std::string();
-    p_.MarkSaved();
-    TellReplaced();
-    return true;
-}
-
-void SongDocument::TellReplaced() const {
-    if (OnSongReplaced)
-        OnSongReplaced();
-}
-
-void SongDocument::ResetTiming() {
     SongFields& song = p_.Song;
     for (Setting* setting : {&song.BPM, &song.BeatsPerBar, &song.NoteSilenceRatio, &song.AlternateTime})
         setting->Reset();
+    fileName_ = std::string();
+    p_.History.MarkSaved();
+    p_.SongReplaced();
+    return true;
 }
 
 bool SongDocument::Save() {
@@ -49,7 +40,7 @@ bool SongDocument::Save() {
         return SaveAs();
     if (!p_.Writer.SaveAs(name))
         return false;
-    p_.MarkSaved();
+    p_.History.MarkSaved();
     return true;
 }
 
@@ -58,22 +49,18 @@ bool SongDocument::SaveAs() {
     if (!name)
         return false;
     fileName_ = p_.Disk.FullName(*name);
-    p_.MarkSaved();
+    p_.History.MarkSaved();
     return true;
 }
 
-template <typename LoadSong>
-LoadResult SongDocument::WhileLoading(LoadSong load) {
-    const ScopedFlag loading(loading_);
-    return load();
-}
-
 bool SongDocument::Load() {
-    return Take(WhileLoading([this] { return p_.Reader.LoadMusic(); }));
+    const ScopedFlag loading(loading_);
+    return Take(p_.Reader.LoadMusic());
 }
 
 bool SongDocument::LoadFile(const std::string& fileName) {
-    return Take(WhileLoading([&] { return p_.Reader.ActuallyLoadMusic(fileName); }));
+    const ScopedFlag loading(loading_);
+    return Take(p_.Reader.ActuallyLoadMusic(fileName));
 }
 
 bool SongDocument::Take(const LoadResult& loaded) {
@@ -81,17 +68,18 @@ bool SongDocument::Take(const LoadResult& loaded) {
         return false;
     // The full name, so that a later save does not depend on the program's start folder.
     fileName_ = loaded.Whole ? p_.Disk.FullName(loaded.FileName) : std::string();
-    p_.MarkSaved();
-    TellReplaced();
+    p_.History.MarkSaved();
+    p_.SongReplaced();
     return true;
 }
 
 LoadResult SongDocument::Recover(const std::string& copy, const std::string& fileName) {
-    LoadResult loaded = WhileLoading([&] { return p_.Reader.ActuallyLoadMusic(copy); });
+    const ScopedFlag loading(loading_);
+    LoadResult loaded = p_.Reader.ActuallyLoadMusic(copy);
     if (loaded) {
         fileName_ = loaded.Whole ? fileName : std::string();
-        p_.MarkModified();
-        TellReplaced();
+        p_.History.MarkUnsaved();
+        p_.SongReplaced();
     }
     return loaded;
 }
@@ -99,7 +87,7 @@ LoadResult SongDocument::Recover(const std::string& copy, const std::string& fil
 bool SongDocument::MayClose() {
     if (asking_)
         return false;
-    if (!p_.Modified)
+    if (!p_.History.Modified)
         return true;
     const ScopedFlag asking(asking_);
     const std::string& name = fileName_;

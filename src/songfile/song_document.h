@@ -4,6 +4,7 @@
 #include <functional>
 #include <string>
 
+#include "music/edit_history.h"
 #include "music/main_fields.h"
 #include "music/music_list.h"
 #include "ports/files.h"
@@ -23,11 +24,9 @@ struct SongDocumentParts {
     SongWriter& Writer;
     Files& Disk;
     MessageBoxes& Boxes;
-    /// True while the song differs from its last saved or loaded state; kept by the edit history.
-    const Watched<bool>& Modified;
-    /// Make the edit history set Modified to false or true.
-    std::function<void()> MarkSaved;
-    std::function<void()> MarkModified;
+    EditHistory& History;
+    /// Called after the song was replaced: after New() and every load.
+    std::function<void()> SongReplaced;
 };
 
 /// The song as a document: its file, and the protection of unsaved changes.
@@ -42,7 +41,7 @@ class SongDocument {
     /// altered something: saving then asks for a name, so that the file is not overwritten without a
     /// question.
     const Watched<std::string>& FileName() const { return fileName_; }
-    const Watched<bool>& Modified() const { return p_.Modified; }
+    const Watched<bool>& Modified() const { return p_.History.Modified; }
 
     /// Asks about unsaved changes, then makes an empty song without a name, with the default tempo and
     /// timing. Stops playing music, as loading does. Returns false, with nothing changed, if the user keeps
@@ -71,18 +70,11 @@ class SongDocument {
     /// false if the user cancels, if saving fails, and while the question is already open.
     bool MayClose();
 
-    /// Called after the song was replaced: after New() and every load.
-    std::function<void()> OnSongReplaced;
-
     /// Returns true while a file is being loaded, for handlers that run meanwhile.
     bool IsLoading() const { return loading_; }
 
   private:
-    template <typename LoadSong>
-    LoadResult WhileLoading(LoadSong load);
     bool Take(const LoadResult& loaded);
-    void TellReplaced() const;
-    void ResetTiming();
 
     SongDocumentParts p_;
     Watched<std::string> fileName_;

@@ -270,16 +270,16 @@ TEST_F(HeldNoteCyclerTest, ATimeBelowTheFieldsRangeTakesEffect) {
 }
 
 TEST_F(HeldNoteCyclerTest, TheAutomaticTimeDoesNotModifyTheSong) {
-    const std::uint64_t changes = P.App.Storage.SongChanges.Count;
+    const std::uint64_t changes = P.App.Editing.EditHistory.Changes;
     Form.AutoTimeCheck = true;
     Form.Press({60, 64});
     Step();
     EXPECT_EQ(Fields.Song.AlternateTime.Text(), "15");
     EXPECT_FALSE(P.App.Editing.EditHistory.Modified);
-    EXPECT_EQ(P.App.Storage.SongChanges.Count, changes);
+    EXPECT_EQ(P.App.Editing.EditHistory.Changes, changes);
     Fields.Song.AlternateTime.Type("33");
     EXPECT_TRUE(P.App.Editing.EditHistory.Modified);
-    EXPECT_GT(P.App.Storage.SongChanges.Count, changes);
+    EXPECT_GT(P.App.Editing.EditHistory.Changes, changes);
     Step();
     EXPECT_TRUE(P.App.Editing.EditHistory.Modified) << "the user's change is one";
     Fields.Song.AlternateTime.Type("20");

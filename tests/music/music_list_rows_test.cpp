@@ -96,7 +96,7 @@ TEST(MusicListRows, AreTheSameAtOnceAsOneByOne) {
     }
 }
 
-TEST(MusicListRows, AreAResetForObserversWithoutRowRuns) {
+TEST(MusicListRows, AreAResetForObserversThatDoNotFollowThem) {
     MusicList list;
     Fill(list, 4);
     list.Select(2);

@@ -16,10 +16,10 @@ class Listener : public MusicListObserver {
     explicit Listener(MusicList& list) : list_(list) { list_.AddObserver(*this); }
     ~Listener() override { list_.RemoveObserver(*this); }
 
-    void BeforeRowInserted(std::int32_t row) override { Note("before insert", row); }
-    void RowInserted(std::int32_t row) override { Note("inserted", row); }
-    void BeforeRowRemoved(std::int32_t row) override { Note("before remove", row); }
-    void RowRemoved(std::int32_t row) override { Note("removed", row); }
+    void BeforeRowsInserted(std::span<const std::int32_t> rows) override { Note("before insert", rows[0]); }
+    void RowsInserted(std::span<const std::int32_t> rows) override { Note("inserted", rows[0]); }
+    void BeforeRowsRemoved(std::span<const std::int32_t> rows) override { Note("before remove", rows[0]); }
+    void RowsRemoved(std::span<const std::int32_t> rows) override { Note("removed", rows[0]); }
     void BeforeReset() override { Note("before reset", 0); }
     void Reset() override { Note("reset", 0); }
     void CellChanged(std::int32_t row, Cell cell) override { Note(cell == Cell::Mod ? "mod" : "cell", row); }

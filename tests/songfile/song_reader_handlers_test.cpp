@@ -17,8 +17,9 @@ class ListView : public MusicListObserver {
   public:
     explicit ListView(MusicList& list) : list_(list) { list_.AddObserver(*this); }
     ~ListView() override { list_.RemoveObserver(*this); }
-    void RowInserted(std::int32_t) override { ++Rows; }
-    void RowRemoved(std::int32_t) override { --Rows; }
+    void RowsInserted(std::span<const std::int32_t> rows) override {
+        Rows += static_cast<std::int32_t>(rows.size());
+    }
     void BeforeReset() override { InReset = true; }
     void Reset() override {
         InReset = false;

@@ -38,10 +38,6 @@ class MusicListModel : public QAbstractTableModel, private MusicListObserver {
     bool IsChanging() const { return isChanging_; }
 
   private:
-    void BeforeRowInserted(std::int32_t row) override { BeforeRowsInserted({&row, 1}); }
-    void RowInserted(std::int32_t row) override { RowsInserted({&row, 1}); }
-    void BeforeRowRemoved(std::int32_t row) override { BeforeRowsRemoved({&row, 1}); }
-    void RowRemoved(std::int32_t row) override { RowsRemoved({&row, 1}); }
     void BeforeRowsInserted(std::span<const std::int32_t> rows) override;
     void RowsInserted(std::span<const std::int32_t> rows) override;
     void BeforeRowsRemoved(std::span<const std::int32_t> rows) override;

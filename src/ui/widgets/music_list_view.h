@@ -38,7 +38,6 @@ class MusicListView : public QTableView, private MusicListObserver {
 
   private:
     // MusicListObserver: changes of the list's selection.
-    void RowRemoved(std::int32_t) override { ShowSelection(); }
     void Reset() override { ShowSelection(); }
     void SelectionChanged() override { ShowSelection(); }
     void EnsureVisible(std::int32_t row) override;

@@ -35,7 +35,6 @@ class SongOnDisk : public testing::Test, protected test::SongsOnDisk {
         Document.SaveAs();
         Saved = Folder.Content("song.QVX");
         List.Append("Half", "D4", "", "");
-        Modified = true;
     }
 
     /// Chooses to save under this name, replacing what is there.
@@ -72,9 +71,8 @@ class SongOnDisk : public testing::Test, protected test::SongsOnDisk {
 
     test::TemporaryFolder Folder;
     SongWriter Writer{Fields.Song, Fields.Entry, List, Disk, Boxes, Picker, Log};
-    Watched<bool> Modified;
-    SongDocument Document{{Fields.Song, Fields.State, List, Reader, Writer, Disk, Boxes, Modified,
-                           [this] { Modified = false; }, [this] { Modified = true; }}};
+    EditHistory History{Fields.Song, List};
+    SongDocument Document{{Fields.Song, Fields.State, List, Reader, Writer, Disk, Boxes, History, [] {}}};
     MainWindowEnabled View;
     SaveLoad Window{View, Document};
     std::string Saved;

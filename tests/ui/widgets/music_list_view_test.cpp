@@ -208,8 +208,8 @@ TEST(MusicListView, TheSelectionStaysWithItsRowWhenRowsComeAndGo) {
 
 /// Notes selections that are written to the list while a row is on its way out of it.
 struct RemovalWatcher : MusicListObserver {
-    void BeforeRowRemoved(std::int32_t) override { Removing = true; }
-    void RowRemoved(std::int32_t) override { Removing = false; }
+    void BeforeRowsRemoved(std::span<const std::int32_t>) override { Removing = true; }
+    void RowsRemoved(std::span<const std::int32_t>) override { Removing = false; }
     void SelectionChanged() override { WrittenMeanwhile = WrittenMeanwhile || Removing; }
     bool Removing = false;
     bool WrittenMeanwhile = false;
