@@ -130,9 +130,9 @@ void PlaybackEngine::SetVoicePitch(const Line& line) {
         p_.Log.LogText("VoiceMainForm.ChangeVoiceVol 0");
         p_.Singer.ChangeVoiceVol(0);
     } else {
-        constexpr double SliderScale = 10000;
+        constexpr double VolumeScale = 10000;
         constexpr double Tuning = 1.08;
-        const double volume = p_.Output.VoiceVolSlider / SliderScale;
+        const double volume = p_.Output.VoiceVolSlider / VolumeScale;
         p_.Log.Text("VoiceMainForm.ChangeVoiceVol {}", NumberText(volume));
         p_.Singer.ChangeVoiceVol(volume);
         line.Note2.WarnIfUnknown(p_.Boxes);
