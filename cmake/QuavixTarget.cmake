@@ -14,10 +14,11 @@ endif()
 if(QUAVIX_FUZZ)
     target_compile_options(quavix_options INTERFACE -fsanitize=fuzzer-no-link)
 endif()
-# gold takes a third of the default linker's time, and a build links three dozen programs.
+# gold takes a third of the default linker's time, and a build links three dozen programs. It warns about every function
+# that clang's sanitizers export.
 include(CheckLinkerFlag)
 check_linker_flag(CXX -fuse-ld=gold QUAVIX_LINKS_WITH_GOLD)
-if(QUAVIX_LINKS_WITH_GOLD)
+if(QUAVIX_LINKS_WITH_GOLD AND NOT QUAVIX_FUZZ)
     target_link_options(quavix_options INTERFACE -fuse-ld=gold)
 endif()
 target_include_directories(quavix_options INTERFACE ${PROJECT_SOURCE_DIR}/src)
@@ -39,12 +40,10 @@ endfunction()
 add_library(quavix_module_interfaces INTERFACE)
 target_include_directories(quavix_module_interfaces INTERFACE ${PROJECT_SOURCE_DIR})
 
-# Hides everything of a module but its C interface. clang's AddressSanitizer exports functions of its own.
+# Hides everything of a module but its C interface.
 function(quavix_export_interface_only name)
-    if(NOT QUAVIX_FUZZ)
-        target_link_options(${name} PRIVATE LINKER:--version-script=${PROJECT_SOURCE_DIR}/modules/exports.map)
-        set_property(TARGET ${name} APPEND PROPERTY LINK_DEPENDS ${PROJECT_SOURCE_DIR}/modules/exports.map)
-    endif()
+    target_link_options(${name} PRIVATE LINKER:--version-script=${PROJECT_SOURCE_DIR}/modules/exports.map)
+    set_property(TARGET ${name} APPEND PROPERTY LINK_DEPENDS ${PROJECT_SOURCE_DIR}/modules/exports.map)
 endfunction()
 
 # quavix_module(NAME FILE name.ocx SOURCES... LINK targets...): a module loaded at run time, built beside the programs.
