@@ -23,19 +23,16 @@ class PlatformSpeaker : public Speaker {
 
 /// Result of setting a speaker up: the speaker, or the reason why there is none and a remedy.
 struct SpeakerAttempt {
-    std::unique_ptr<PlatformSpeaker> Made;
-    std::string Reason;
-    std::string Remedy;
+    std::unique_ptr<PlatformSpeaker> Made{};
+    std::string Reason{};
+    std::string Remedy{};
 };
 
 /// Returns the speaker, or its own reason if it has failed.
 inline SpeakerAttempt UnlessFailed(std::unique_ptr<PlatformSpeaker> speaker) {
-    SpeakerAttempt attempt;
     if (speaker->Failed())
-        attempt.Reason = speaker->Status().Reason;
-    else
-        attempt.Made = std::move(speaker);
-    return attempt;
+        return {.Reason = speaker->Status().Reason};
+    return {.Made = std::move(speaker)};
 }
 
 }  // namespace quavix

@@ -63,38 +63,32 @@ bool SoundCardSpeaker::Lost(const TonePlayer& player) const {
 }
 
 SpeakerStatus SoundCardSpeaker::Status() const {
-    SpeakerStatus status;
-    if (refused_) {
-        status.InUse = "silent (no sound card)";
-        status.Reason = fmt::format("No sound card could be opened: {}.", card_.Description());
-        status.Silent = true;
-        return status;
-    }
     const auto player = card_.Player();
-    switch (card_.Now()) {
+    const SoundCard::State state = card_.Now();
+    const std::string description = card_.Description();
+    if (refused_)
+        return {.InUse = "silent (no sound card)",
+                .Reason = fmt::format("No sound card could be opened: {}.", description),
+                .Silent = true};
+    switch (state) {
+        case SoundCard::State::Open:
+            if (!player || !Lost(*player))
+                return {.InUse = fmt::format("sound card ({})", description)};
+            return {.InUse = "silent (sound card lost)",
+                    .Reason = fmt::format(
+                        "The sound card ({}) does not answer any more; later tones try to get it back.",
+                        description),
+                    .Silent = true};
+        case SoundCard::State::Unavailable:
+            return {.InUse = "silent (no sound card)",
+                    .Reason = fmt::format("The sound card could not be opened ({}); later tones try again.",
+                                          description),
+                    .Silent = true};
         case SoundCard::State::NotOpened:
         case SoundCard::State::Opening:
-            status.InUse = "sound card (not opened yet)";
-            status.Silent = true;
-            break;
-        case SoundCard::State::Open:
-            status.InUse = fmt::format("sound card ({})", card_.Description());
-            status.Silent = player && Lost(*player);
-            if (status.Silent) {
-                status.InUse = "silent (sound card lost)";
-                status.Reason = fmt::format(
-                    "The sound card ({}) does not answer any more; later tones try to get it back.",
-                    card_.Description());
-            }
-            break;
-        case SoundCard::State::Unavailable:
-            status.InUse = "silent (no sound card)";
-            status.Reason = fmt::format("The sound card could not be opened ({}); later tones try again.",
-                                        card_.Description());
-            status.Silent = true;
             break;
     }
-    return status;
+    return {.InUse = "sound card (not opened yet)", .Silent = true};
 }
 
 }  // namespace quavix

@@ -63,11 +63,9 @@ void WavSpeaker::SetFailure() {
 }
 
 SpeakerStatus WavSpeaker::Status() const {
-    SpeakerStatus status;
-    status.InUse = Failed() ? "silent" : fmt::format("sound file ({})", path_);
-    status.Reason = failure_;
-    status.Silent = true;
-    return status;
+    return {.InUse = Failed() ? "silent" : fmt::format("sound file ({})", path_),
+            .Reason = failure_,
+            .Silent = true};
 }
 
 }  // namespace quavix

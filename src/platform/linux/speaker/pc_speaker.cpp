@@ -12,28 +12,23 @@
 namespace quavix {
 
 SpeakerAttempt ExplainDevice(const FoundDevice& found) {
-    SpeakerAttempt attempt;
     switch (found.Problem) {
+        case DeviceProblem::NotThere:
+            return {.Reason = "This machine shows no PC speaker: its driver is not loaded, or there is none.",
+                    .Remedy = "sudo modprobe pcspkr"};
+        case DeviceProblem::NoPermission:
+            return {.Reason = fmt::format("You have no permission to sound the PC speaker ({}).", found.Path),
+                    .Remedy = fmt::format("echo '{}' | sudo tee {}\n{}", PcSpeakerRule, PcSpeakerRulePath,
+                                          PcSpeakerRuleReload)};
+        case DeviceProblem::NotASpeaker:
+            return {.Reason = fmt::format("{} is not a PC speaker.", found.Path)};
+        case DeviceProblem::CannotOpen:
+            return {.Reason = fmt::format("The PC speaker ({}) can't be opened: {}.", found.Path,
+                                          std::strerror(found.Error))};
         case DeviceProblem::None:
             break;
-        case DeviceProblem::NotThere:
-            attempt.Reason = "This machine shows no PC speaker: its driver is not loaded, or there is none.";
-            attempt.Remedy = "sudo modprobe pcspkr";
-            break;
-        case DeviceProblem::NoPermission:
-            attempt.Reason = fmt::format("You have no permission to sound the PC speaker ({}).", found.Path);
-            attempt.Remedy = fmt::format("echo '{}' | sudo tee {}\n{}", PcSpeakerRule, PcSpeakerRulePath,
-                                         PcSpeakerRuleReload);
-            break;
-        case DeviceProblem::NotASpeaker:
-            attempt.Reason = fmt::format("{} is not a PC speaker.", found.Path);
-            break;
-        case DeviceProblem::CannotOpen:
-            attempt.Reason = fmt::format("The PC speaker ({}) can't be opened: {}.", found.Path,
-                                         std::strerror(found.Error));
-            break;
     }
-    return attempt;
+    return {};
 }
 
 SpeakerAttempt MakePcSpeaker(const SpeakerChoice& choice, const std::string& path) {
@@ -41,11 +36,8 @@ SpeakerAttempt MakePcSpeaker(const SpeakerChoice& choice, const std::string& pat
     if (found.Problem != DeviceProblem::None)
         return ExplainDevice(found);
     SpeakerLock lock = TakeSpeakerLock(choice.RuntimeFolder, choice.TempFolder);
-    if (!lock.File) {
-        SpeakerAttempt attempt;
-        attempt.Reason = std::move(lock.Reason);
-        return attempt;
-    }
+    if (!lock.File)
+        return {.Reason = lock.Reason};
     return UnlessFailed(
         std::make_unique<EventSpeaker>(std::move(found.Device), std::move(lock.File), choice.Clock));
 }

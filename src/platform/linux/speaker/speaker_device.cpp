@@ -36,10 +36,7 @@ FoundDevice FindPcSpeaker(const InputDevices& devices, const std::string& path) 
     if (!path.empty()) {
         if (IsPcSpeaker(devices.LookAt(path)))
             return OpenSpeaker(devices, path);
-        FoundDevice none;
-        none.Path = path;
-        none.Problem = DeviceProblem::NotASpeaker;
-        return none;
+        return {.Path = path, .Problem = DeviceProblem::NotASpeaker};
     }
     FoundDevice best;
     for (const std::string& candidate : devices.Candidates()) {

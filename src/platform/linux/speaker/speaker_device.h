@@ -61,8 +61,8 @@ enum class DeviceProblem { None, NotThere, NoPermission, NotASpeaker, CannotOpen
 
 /// The speaker's descriptor, or the reason why there is none.
 struct FoundDevice {
-    FileDescriptor Device;
-    std::string Path;
+    FileDescriptor Device{};
+    std::string Path{};
     DeviceProblem Problem = DeviceProblem::NotThere;
     int Error = 0;  // the system's error number, for NoPermission and CannotOpen
 };
