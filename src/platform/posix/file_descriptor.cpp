@@ -20,30 +20,22 @@ FileDescriptor& FileDescriptor::operator=(FileDescriptor&& other) noexcept {
 }
 
 FileDescriptor FileDescriptor::Open(int folder, const char* name, int flags, mode_t mode) {
-    int fd = -1;
-    do {
-        fd = ::openat(folder, name, flags | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, mode);
-    } while (fd < 0 && errno == EINTR);
-    return FileDescriptor(fd);
+    return FileDescriptor(Uninterrupted(
+        [&] { return ::openat(folder, name, flags | O_CLOEXEC | O_NONBLOCK | O_NOCTTY, mode); }));
 }
 
 std::error_code FileDescriptor::WriteAll(std::string_view bytes) const {
     while (!bytes.empty()) {
-        const ssize_t written = ::write(fd_, bytes.data(), bytes.size());
-        if (written >= 0)
-            bytes.remove_prefix(static_cast<std::size_t>(written));
-        else if (errno != EINTR)
+        const ssize_t written = Uninterrupted([&] { return ::write(fd_, bytes.data(), bytes.size()); });
+        if (written < 0)
             return LastError();
+        bytes.remove_prefix(static_cast<std::size_t>(written));
     }
     return {};
 }
 
 std::error_code FileDescriptor::Sync() const {
-    while (::fsync(fd_) != 0) {
-        if (errno != EINTR)
-            return LastError();
-    }
-    return {};
+    return Uninterrupted([this] { return ::fsync(fd_); }) == 0 ? std::error_code() : LastError();
 }
 
 std::error_code FileDescriptor::Close() {

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cerrno>
 #include <cstdint>
 #include <string_view>
 #include <sys/stat.h>
@@ -14,6 +15,16 @@ inline constexpr mode_t ReadWriteForAll = 0666;
 
 /// Returns the error of the last system call.
 std::error_code LastError();
+
+/// Repeats a system call as long as a signal interrupts it, and returns its result.
+template <typename Call>
+auto Uninterrupted(Call call) {
+    for (;;) {
+        const auto result = call();
+        if (result >= 0 || errno != EINTR)
+            return result;
+    }
+}
 
 /// Owns one file descriptor and closes it; -1 is none. After a move it holds none. Interrupted calls are
 /// repeated.

@@ -88,12 +88,21 @@ bool ForkedGuard::Start(const char* name, int device, const Duty& duty) {
 bool ForkedGuard::Ready() const {
     constexpr int PatienceMs = 2000;
     pollfd waiting{channel_.Get(), POLLIN, 0};
-    int ready;
-    do {
-        ready = poll(&waiting, 1, PatienceMs);
-    } while (ready < 0 && errno == EINTR);
+    const int ready = Uninterrupted([&] { return poll(&waiting, 1, PatienceMs); });
     char byte = 0;
     return ready > 0 && recv(channel_.Get(), &byte, 1, MSG_DONTWAIT) == 1;
+}
+
+bool ForkedGuard::Send(std::int64_t message) {
+    if (!channel_)
+        return false;
+    const auto sent = Uninterrupted(
+        [&] { return send(channel_.Get(), &message, sizeof message, MSG_NOSIGNAL | MSG_DONTWAIT); });
+    if (sent == static_cast<ssize_t>(sizeof message))
+        return true;
+    problem_ = std::strerror(errno);
+    End();
+    return false;
 }
 
 void ForkedGuard::End() {
@@ -101,8 +110,7 @@ void ForkedGuard::End() {
         // First the kill, because the end of the channel would start the guard's work. A kill also ends a
         // stopped guard.
         kill(process_, SIGKILL);
-        while (waitpid(process_, nullptr, 0) < 0 && errno == EINTR) {
-        }
+        Uninterrupted([this] { return waitpid(process_, nullptr, 0); });
         process_ = -1;
     }
     channel_.Close();

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <string>
 #include <sys/types.h>
@@ -27,12 +28,14 @@ class ForkedGuard {
     /// Returns false, with the reason in Problem(), if that fails.
     bool Start(const char* name, int device, const Duty& duty);
 
-    /// Returns the program's end of the channel; -1 if there is no guard.
-    int Channel() const { return channel_.Get(); }
+    /// Sends the guard a message without waiting, so that a stopped guard does not stop the program. Returns
+    /// false if the guard is gone, with the reason in Problem() if that is new.
+    bool Send(std::int64_t message);
 
     /// Ends the guard without its work, and waits for its end.
     void End();
 
+    /// Returns the reason of the last failure of Start() or Send().
     const std::string& Problem() const { return problem_; }
 
   private:

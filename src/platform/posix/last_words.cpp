@@ -14,10 +14,8 @@ namespace {
 
 void WaitForEnd(int channel) {
     char byte = 0;
-    ssize_t got;
-    do {
-        got = recv(channel, &byte, 1, 0);
-    } while (got > 0 || (got < 0 && errno == EINTR));
+    while (Uninterrupted([&] { return recv(channel, &byte, 1, 0); }) > 0) {
+    }
 }
 
 void WriteAll(int device, std::string_view bytes) {
@@ -37,28 +35,25 @@ void WriteAll(int device, std::string_view bytes) {
 
 }  // namespace
 
-struct LastWords::Guard {
-    ForkedGuard Process;
-};
+struct LastWords::Guard : ForkedGuard {};
 
 LastWords::LastWords() : guard_(std::make_unique<Guard>()) {}
 
 LastWords::~LastWords() = default;
 
 void LastWords::Withdraw() {
-    guard_->Process.End();
+    guard_->End();
 }
 
 const std::string& LastWords::Problem() const {
-    return guard_->Process.Problem();
+    return guard_->Problem();
 }
 
 bool LastWords::Leave(WaitHandle device, const std::string& words) {
-    return guard_->Process.Start("quavix-words", static_cast<int>(device),
-                                 [&words](int guardsDevice, int channel) {
-                                     WaitForEnd(channel);
-                                     WriteAll(guardsDevice, words);
-                                 });
+    return guard_->Start("quavix-words", static_cast<int>(device), [&words](int guardsDevice, int channel) {
+        WaitForEnd(channel);
+        WriteAll(guardsDevice, words);
+    });
 }
 
 }  // namespace quavix

@@ -60,16 +60,10 @@ class PosixFileReader : public FileReader {
     std::uint64_t Size() const override { return size_; }
 
     std::size_t Read(std::span<char> buffer, std::error_code& error) override {
-        error.clear();
-        for (;;) {
-            const ssize_t count = ::read(file_.Get(), buffer.data(), buffer.size());
-            if (count >= 0)
-                return static_cast<std::size_t>(count);
-            if (errno != EINTR) {
-                error = LastError();
-                return 0;
-            }
-        }
+        const ssize_t count =
+            Uninterrupted([&] { return ::read(file_.Get(), buffer.data(), buffer.size()); });
+        error = count < 0 ? LastError() : std::error_code();
+        return static_cast<std::size_t>(std::max<ssize_t>(count, 0));
     }
 
   private:
@@ -111,42 +105,18 @@ bool StandsUnderItsName(const std::string& name, int file) {
 /// could be reused.
 class LockFile : public FileLock {
   public:
-    /// Returns null with `error` set if the file can't be created or the lock is held.
-    static std::unique_ptr<LockFile> Take(const std::string& name, std::error_code& error);
-
-    ~LockFile() override;
+    LockFile(std::string name, FileDescriptor file) : name_(std::move(name)), file_(std::move(file)) {}
+    ~LockFile() override {
+        // Deleted while the lock is held, so that no other process can hold a file of this name.
+        ::unlink(name_.c_str());
+    }
     LockFile(const LockFile&) = delete;
     LockFile& operator=(const LockFile&) = delete;
 
   private:
-    LockFile(std::string name, FileDescriptor file) : name_(std::move(name)), file_(std::move(file)) {}
-
     std::string name_;
     FileDescriptor file_;
 };
-
-std::unique_ptr<LockFile> LockFile::Take(const std::string& name, std::error_code& error) {
-    error.clear();
-    if (name.find('\0') != std::string::npos) {
-        error = std::make_error_code(std::errc::no_such_file_or_directory);
-        return nullptr;
-    }
-    for (;;) {
-        FileDescriptor file =
-            FileDescriptor::Open(AT_FDCWD, name.c_str(), O_RDWR | O_CREAT | O_NOFOLLOW, S_IRUSR | S_IWUSR);
-        if (!file || ::flock(file.Get(), LOCK_EX | LOCK_NB) != 0) {
-            error = LastError();
-            return nullptr;
-        }
-        if (StandsUnderItsName(name, file.Get()))
-            return std::unique_ptr<LockFile>(new LockFile(name, std::move(file)));
-    }
-}
-
-LockFile::~LockFile() {
-    // Deleted while the lock is held, so that no other process can hold a file of this name.
-    ::unlink(name_.c_str());
-}
 
 }  // namespace
 
@@ -204,7 +174,21 @@ std::error_code PosixFiles::CreateFolder(const std::string& name) {
 }
 
 std::unique_ptr<FileLock> PosixFiles::TryLock(const std::string& name, std::error_code& error) {
-    return LockFile::Take(name, error);
+    error.clear();
+    if (HasNul(name)) {
+        error = std::make_error_code(std::errc::no_such_file_or_directory);
+        return nullptr;
+    }
+    for (;;) {
+        FileDescriptor file =
+            FileDescriptor::Open(AT_FDCWD, name.c_str(), O_RDWR | O_CREAT | O_NOFOLLOW, S_IRUSR | S_IWUSR);
+        if (!file || ::flock(file.Get(), LOCK_EX | LOCK_NB) != 0) {
+            error = LastError();
+            return nullptr;
+        }
+        if (StandsUnderItsName(name, file.Get()))
+            return std::make_unique<LockFile>(name, std::move(file));
+    }
 }
 
 std::uint64_t PosixFiles::Length(const std::string& name, std::error_code& error) {
@@ -246,7 +230,7 @@ std::unique_ptr<FileReader> PosixFiles::OpenForInput(const std::string& name, st
 }
 
 std::unique_ptr<FileWriter> PosixFiles::OpenForOutput(const std::string& name, std::error_code& error) {
-    return ReplacedFile::Open(name, error);
+    return OpenReplacedFile(name, error);
 }
 
 }  // namespace quavix

@@ -32,13 +32,47 @@ id_t IdOf(ProcessHandle process) {
 /// consists of the process's id and the rights it was opened with, so it needs no closing.
 class PosixProcesses : public Processes {
   public:
-    std::int32_t CurrentProcessId() override;
+    std::int32_t CurrentProcessId() override { return getpid(); }
     /// Returns 0: the windows of other processes are unknown here.
-    std::int32_t WindowProcessId(std::intptr_t window) override;
-    ProcessHandle Open(std::uint32_t access, std::int32_t processId) override;
-    bool SetPriorityClass(ProcessHandle process, std::int32_t priorityClass) override;
-    std::int32_t GetPriorityClass(ProcessHandle process) override;
-    void Close(ProcessHandle process) override;
+    std::int32_t WindowProcessId(std::intptr_t) override { return 0; }
+
+    ProcessHandle Open(std::uint32_t access, std::int32_t processId) override {
+        constexpr std::int32_t FirstProcess = 1;
+        if (processId <= FirstProcess)
+            return 0;
+        const bool exists = kill(processId, 0) == 0;
+        const bool isOthers = !exists && errno == EPERM;
+        if (!exists && !(isOthers && (access & SetInformation) == 0))
+            return 0;
+        return ProcessHandle{processId} * Rights + ((access & SetInformation) != 0 ? MaySet : 0) +
+               ((access & QueryInformation) != 0 ? MayQuery : 0);
+    }
+
+    bool SetPriorityClass(ProcessHandle process, std::int32_t priorityClass) override {
+        if ((process & MaySet) == 0)
+            return false;
+        for (const PriorityClass& entry : Classes) {
+            if (entry.Class == priorityClass)
+                return setpriority(PRIO_PROCESS, IdOf(process), entry.Nice) == 0;
+        }
+        return false;
+    }
+
+    std::int32_t GetPriorityClass(ProcessHandle process) override {
+        if ((process & MayQuery) == 0)
+            return 0;
+        errno = 0;
+        const int nice = getpriority(PRIO_PROCESS, IdOf(process));
+        if (nice == -1 && errno != 0)
+            return 0;
+        for (const PriorityClass& entry : Classes) {
+            if (nice >= entry.Nice)
+                return entry.Class;
+        }
+        return 0;
+    }
+
+    void Close(ProcessHandle) override {}
 };
 
 }  // namespace
@@ -46,52 +80,6 @@ class PosixProcesses : public Processes {
 std::unique_ptr<Processes> MakeProcesses() {
     return std::make_unique<PosixProcesses>();
 }
-
-std::int32_t PosixProcesses::CurrentProcessId() {
-    return getpid();
-}
-
-std::int32_t PosixProcesses::WindowProcessId(std::intptr_t) {
-    return 0;
-}
-
-ProcessHandle PosixProcesses::Open(std::uint32_t access, std::int32_t processId) {
-    constexpr std::int32_t FirstProcess = 1;
-    if (processId <= FirstProcess)
-        return 0;
-    const bool exists = kill(processId, 0) == 0;
-    const bool isOthers = !exists && errno == EPERM;
-    if (!exists && !(isOthers && (access & SetInformation) == 0))
-        return 0;
-    return ProcessHandle{processId} * Rights + ((access & SetInformation) != 0 ? MaySet : 0) +
-           ((access & QueryInformation) != 0 ? MayQuery : 0);
-}
-
-bool PosixProcesses::SetPriorityClass(ProcessHandle process, std::int32_t priorityClass) {
-    if (process == 0 || (process & MaySet) == 0)
-        return false;
-    for (const PriorityClass& entry : Classes) {
-        if (entry.Class == priorityClass)
-            return setpriority(PRIO_PROCESS, IdOf(process), entry.Nice) == 0;
-    }
-    return false;
-}
-
-std::int32_t PosixProcesses::GetPriorityClass(ProcessHandle process) {
-    if (process == 0 || (process & MayQuery) == 0)
-        return 0;
-    errno = 0;
-    const int nice = getpriority(PRIO_PROCESS, IdOf(process));
-    if (nice == -1 && errno != 0)
-        return 0;
-    for (const PriorityClass& entry : Classes) {
-        if (nice >= entry.Nice)
-            return entry.Class;
-    }
-    return 0;
-}
-
-void PosixProcesses::Close(ProcessHandle) {}
 
 void EndProcess() {
     std::fflush(nullptr);

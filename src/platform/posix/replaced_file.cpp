@@ -10,6 +10,7 @@
 #include <random>
 #include <unistd.h>
 
+#include "platform/posix/file_descriptor.h"
 #include "platform/posix/kernel_calls.h"
 
 namespace quavix {
@@ -36,36 +37,34 @@ std::string UnpredictableName() {
     return name.data();
 }
 
-}  // namespace
+class ReplacedFile : public FileWriter {
+  public:
+    /// `name` is that of the file itself, links resolved.
+    ReplacedFile(FileDescriptor folder, std::string name)
+        : folder_(std::move(folder)), name_(std::move(name)) {}
+    ~ReplacedFile() override {
+        if (!temporaryName_.empty())
+            ::unlinkat(folder_.Get(), temporaryName_.c_str(), 0);
+    }
+    ReplacedFile(const ReplacedFile&) = delete;
+    ReplacedFile& operator=(const ReplacedFile&) = delete;
 
-std::unique_ptr<ReplacedFile> ReplacedFile::Open(const std::string& name, std::error_code& error) {
-    error.clear();
-    if (name.empty() || name.find('\0') != std::string::npos) {
-        error = std::make_error_code(std::errc::no_such_file_or_directory);
-        return nullptr;
-    }
-    const std::filesystem::path path = FollowLinks(name, error);
-    if (error)
-        return nullptr;
-    const std::string folder = path.parent_path().empty() ? "." : path.parent_path().string();
-    FileDescriptor opened = OpenFolder(folder.c_str());
-    if (!opened) {
-        error = LastError();
-        return nullptr;
-    }
-    if (!path.has_filename() || path.filename() == "." || path.filename() == "..") {
-        error = std::make_error_code(std::errc::is_a_directory);
-        return nullptr;
-    }
-    std::unique_ptr<ReplacedFile> file(new ReplacedFile(std::move(opened), path.filename().string()));
-    error = file->Prepare();
-    return error ? nullptr : std::move(file);
-}
+    /// Checks that the file can be written, and creates the new one.
+    std::error_code Prepare();
 
-ReplacedFile::~ReplacedFile() {
-    if (!temporaryName_.empty())
-        ::unlinkat(folder_.Get(), temporaryName_.c_str(), 0);
-}
+    std::error_code Write(std::string_view bytes) override { return file_.WriteAll(bytes); }
+    std::error_code Commit() override;
+
+  private:
+    std::error_code CreateBeside();
+    template <typename Create>
+    std::error_code TakeTemporaryName(Create create);
+
+    FileDescriptor folder_;  // all names are relative to it, so that a renamed folder does no harm
+    std::string name_;
+    std::string temporaryName_;  // empty while it has none
+    FileDescriptor file_;
+};
 
 std::error_code ReplacedFile::Prepare() {
     struct stat old {};
@@ -111,16 +110,13 @@ std::error_code ReplacedFile::TakeTemporaryName(Create create) {
     return LastError();
 }
 
-/// Gives the nameless file a temporary name, because it can't be linked over an existing file.
-std::error_code ReplacedFile::Name() {
-    return TakeTemporaryName([this](const char* name) { return GiveName(file_, folder_, name); });
-}
-
 std::error_code ReplacedFile::Commit() {
     if (const auto error = file_.Sync())
         return error;
     if (temporaryName_.empty()) {
-        if (const auto error = Name())
+        // A nameless file can't be linked over an existing one.
+        const auto give = [this](const char* name) { return GiveName(file_, folder_, name); };
+        if (const auto error = TakeTemporaryName(give))
             return error;
     }
     if (const auto error = file_.Close())
@@ -132,6 +128,32 @@ std::error_code ReplacedFile::Commit() {
     // Some file systems can't sync a folder, and an unlisted folder can't be synced either.
     const bool cannotSync = error == std::errc::invalid_argument || error == std::errc::bad_file_descriptor;
     return cannotSync ? std::error_code() : error;
+}
+
+}  // namespace
+
+std::unique_ptr<FileWriter> OpenReplacedFile(const std::string& name, std::error_code& error) {
+    error.clear();
+    if (name.empty() || name.find('\0') != std::string::npos) {
+        error = std::make_error_code(std::errc::no_such_file_or_directory);
+        return nullptr;
+    }
+    const std::filesystem::path path = FollowLinks(name, error);
+    if (error)
+        return nullptr;
+    const std::string folder = path.parent_path().empty() ? "." : path.parent_path().string();
+    FileDescriptor opened = OpenFolder(folder.c_str());
+    if (!opened) {
+        error = LastError();
+        return nullptr;
+    }
+    if (!path.has_filename() || path.filename() == "." || path.filename() == "..") {
+        error = std::make_error_code(std::errc::is_a_directory);
+        return nullptr;
+    }
+    auto file = std::make_unique<ReplacedFile>(std::move(opened), path.filename().string());
+    error = file->Prepare();
+    return error ? nullptr : std::move(file);
 }
 
 }  // namespace quavix

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/posix/shell_batch_files.h"
 
-#include <cerrno>
 #include <csignal>
 #include <spawn.h>
 #include <string_view>
@@ -10,6 +9,7 @@
 
 #include "platform/common/environment.h"
 #include "platform/common/system_ports.h"
+#include "platform/posix/file_descriptor.h"
 
 namespace quavix {
 namespace {
@@ -61,10 +61,8 @@ std::error_code ShellBatchFiles::Start(const std::string& fileName) {
     if (error != 0)
         return {error, std::generic_category()};
     int status = 0;
-    while (waitpid(child, &status, 0) < 0) {
-        if (errno != EINTR)
-            return {};  // other code has waited for all children
-    }
+    if (Uninterrupted([&] { return waitpid(child, &status, 0); }) < 0)
+        return {};  // other code has waited for all children
     return WIFEXITED(status) && WEXITSTATUS(status) == 0
                ? std::error_code()
                : std::make_error_code(std::errc::no_such_file_or_directory);

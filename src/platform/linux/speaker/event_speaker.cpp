@@ -7,14 +7,21 @@
 
 #include <fmt/format.h>
 
+#include "platform/linux/speaker/speaker_guard.h"
+
 namespace quavix {
 
 EventSpeaker::EventSpeaker(FileDescriptor device, FileDescriptor lock, ToneClock clock)
-    : lock_(std::move(lock)), device_(std::move(device)), guard_(device_.Get()), clock_(std::move(clock)) {
-    if (!guard_.Start())
+    : lock_(std::move(lock)), device_(std::move(device)), clock_(std::move(clock)) {
+    if (!StartGuard())
         failure_ =
             fmt::format("The guard that keeps the PC speaker from sounding on could not be started ({}).",
                         guard_.Problem());
+}
+
+/// Starts the guard, replacing an earlier one.
+bool EventSpeaker::StartGuard() {
+    return guard_.Start("quavix-guard", device_.Get(), GuardSpeaker);
 }
 
 EventSpeaker::~EventSpeaker() {
@@ -38,7 +45,7 @@ void EventSpeaker::Beep(std::int32_t frequency, std::int32_t durationMs) {
 }
 
 bool EventSpeaker::SwitchOn(std::int32_t frequency, std::int64_t deadlineNs) {
-    if (!guard_.Announce(deadlineNs) && !(guard_.Start() && guard_.Announce(deadlineNs))) {
+    if (!guard_.Send(deadlineNs) && !(StartGuard() && guard_.Send(deadlineNs))) {
         failure_ = fmt::format(
             "The guard that keeps the PC speaker from sounding on is gone and could not be "
             "started again ({}).",
@@ -54,15 +61,13 @@ bool EventSpeaker::SwitchOn(std::int32_t frequency, std::int64_t deadlineNs) {
 void EventSpeaker::SwitchOff() {
     if (!WriteTone(device_.Get(), 0) && failure_.empty())
         failure_ = fmt::format("The PC speaker's device fails: {}.", std::strerror(errno));
-    guard_.TellOff();
+    // A missing guard is not reported before the next tone.
+    constexpr std::int64_t IsOff = 0;
+    guard_.Send(IsOff);
 }
 
 SpeakerStatus EventSpeaker::Status() const {
-    SpeakerStatus status;
-    status.InUse = Failed() ? "silent" : "PC speaker";
-    status.Reason = failure_;
-    status.Silent = Failed();
-    return status;
+    return {.InUse = Failed() ? "silent" : "PC speaker", .Reason = failure_, .Silent = Failed()};
 }
 
 }  // namespace quavix

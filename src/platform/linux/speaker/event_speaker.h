@@ -5,8 +5,8 @@
 
 #include "platform/common/monotonic.h"
 #include "platform/common/speaker/platform_speaker.h"
-#include "platform/linux/speaker/speaker_guard.h"
 #include "platform/posix/file_descriptor.h"
+#include "platform/posix/forked_guard.h"
 
 namespace quavix {
 
@@ -26,12 +26,13 @@ class EventSpeaker : public PlatformSpeaker {
     bool Failed() const override { return !failure_.empty(); }
 
   private:
+    bool StartGuard();
     bool SwitchOn(std::int32_t frequency, std::int64_t deadlineNs);
     void SwitchOff();
 
     FileDescriptor lock_;
     FileDescriptor device_;
-    SpeakerGuard guard_;
+    ForkedGuard guard_;
     ToneClock clock_;
     std::string failure_;
 };

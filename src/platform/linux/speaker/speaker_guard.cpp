@@ -4,21 +4,16 @@
 #include <algorithm>
 #include <cerrno>
 #include <climits>
-#include <cstring>
 #include <linux/input.h>
 #include <poll.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
 #include "platform/common/monotonic.h"
+#include "platform/posix/file_descriptor.h"
 
 namespace quavix {
 namespace {
-
-/// Message to the guard: a tone may sound until this time of the monotonic clock; 0: it is off.
-struct GuardMessage {
-    std::int64_t DeadlineNs = 0;
-};
 
 /// Time after a tone's end that the program has to switch it off before the guard does, in ns.
 constexpr std::int64_t GuardGraceNs = 5 * NsPerMs;
@@ -38,10 +33,10 @@ void Watch(int device, int channel) {
         pollfd waiting{channel, POLLIN, 0};
         const int ready = poll(&waiting, 1, offAtNs == 0 ? -1 : MsUntil(offAtNs));
         if (ready > 0) {
-            GuardMessage message;
-            if (recv(channel, &message, sizeof message, 0) != static_cast<ssize_t>(sizeof message))
+            std::int64_t deadlineNs = 0;
+            if (recv(channel, &deadlineNs, sizeof deadlineNs, 0) != static_cast<ssize_t>(sizeof deadlineNs))
                 return;
-            offAtNs = message.DeadlineNs == 0 ? 0 : message.DeadlineNs + GuardGraceNs;
+            offAtNs = deadlineNs == 0 ? 0 : deadlineNs + GuardGraceNs;
         } else if (ready == 0) {
             WriteTone(device, 0);
             offAtNs = MonotonicNs() + AgainAfterNs;
@@ -51,55 +46,20 @@ void Watch(int device, int channel) {
     }
 }
 
-/// Runs the guard in its own process: switches the device off whenever a tone is overdue, and again when the
-/// program is gone. Makes system calls only.
+}  // namespace
+
 void GuardSpeaker(int device, int channel) {
     Watch(device, channel);
     WriteTone(device, 0);
 }
-
-}  // namespace
 
 bool WriteTone(int device, std::int32_t hz) {
     input_event event{};
     event.type = EV_SND;
     event.code = SND_TONE;
     event.value = hz;
-    ssize_t written;
-    do {
-        written = write(device, &event, sizeof event);
-    } while (written < 0 && errno == EINTR);
+    const ssize_t written = Uninterrupted([&] { return write(device, &event, sizeof event); });
     return written == static_cast<ssize_t>(sizeof event);
-}
-
-bool SpeakerGuard::Start() {
-    const bool started = guard_.Start("quavix-guard", device_, GuardSpeaker);
-    problem_ = guard_.Problem();
-    return started;
-}
-
-bool SpeakerGuard::Announce(std::int64_t deadlineNs) {
-    return Send(deadlineNs);
-}
-
-void SpeakerGuard::TellOff() {
-    Send(0);
-}
-
-bool SpeakerGuard::Send(std::int64_t deadlineNs) {
-    if (guard_.Channel() < 0)
-        return false;
-    const GuardMessage message{deadlineNs};
-    ssize_t sent;
-    do {
-        // Never waits, so that a stopped guard does not stop the music.
-        sent = send(guard_.Channel(), &message, sizeof message, MSG_NOSIGNAL | MSG_DONTWAIT);
-    } while (sent < 0 && errno == EINTR);
-    if (sent == static_cast<ssize_t>(sizeof message))
-        return true;
-    problem_ = std::strerror(errno);
-    guard_.End();
-    return false;
 }
 
 }  // namespace quavix
