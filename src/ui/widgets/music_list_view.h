@@ -1,6 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <cstdint>
+#include <span>
+
 #include <QTableView>
 
 #include "ui/widgets/music_list_model.h"
@@ -38,6 +41,11 @@ class MusicListView : public QTableView, private MusicListObserver {
 
   private:
     // MusicListObserver: changes of the list's selection.
+    // The toolkit itself moves the selection by one row, which a load inserts a million times.
+    void RowsInserted(std::span<const std::int32_t> rows) override {
+        if (rows.size() > 1)
+            ShowSelection();
+    }
     void Reset() override { ShowSelection(); }
     void SelectionChanged() override { ShowSelection(); }
     void EnsureVisible(std::int32_t row) override;
