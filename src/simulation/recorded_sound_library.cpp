@@ -10,13 +10,13 @@
 namespace quavix {
 
 RecordedSoundLibrary::RecordedSoundLibrary(SimulatedTime& time, Timeline& timeline)
-    : time_(time), timeline_(timeline) {
+    : Recorder(time, timeline) {
     Answer();
-    ForEachFunction([this](const char* name, auto& function) { Record(name, function); });
+    ForEachFunction([this](const char* name, auto& function) { RecordCalls(name, function); });
 }
 
 std::string RecordedSoundLibrary::Load(const std::string& fileName) {
-    timeline_.Record(time_.Now(), fmt::format("fmod load {}", fileName));
+    Record(fmt::format("fmod load {}", fileName));
     return LoadError;
 }
 
@@ -31,7 +31,7 @@ std::string RecordedSoundLibrary::NameOf(const void* object) const {
 /// Records calls before the function runs. Output arguments are not shown, except a channel that may be
 /// reused.
 template <typename... Arguments>
-void RecordedSoundLibrary::Record(const char* name, std::function<Result(Arguments...)>& function) {
+void RecordedSoundLibrary::RecordCalls(const char* name, std::function<Result(Arguments...)>& function) {
     function = [this, name, answer = std::move(function)](Arguments... arguments) -> Result {
         std::string text;
         [[maybe_unused]] const auto add = [&](const auto& argument) {
@@ -53,8 +53,8 @@ void RecordedSoundLibrary::Record(const char* name, std::function<Result(Argumen
         (add(arguments), ...);
         const auto failure = failures_.find(name);
         const Result result = failure == failures_.end() ? 0 : failure->second;
-        timeline_.Record(time_.Now(), fmt::format("fmod {}({}){}", name, text,
-                                                  result == 0 ? "" : fmt::format(" fails with {}", result)));
+        Record(fmt::format("fmod {}({}){}", name, text,
+                           result == 0 ? "" : fmt::format(" fails with {}", result)));
         return result == 0 && answer ? answer(arguments...) : result;
     };
 }

@@ -12,7 +12,7 @@ namespace quavix {
 
 /// A silent sound library that is always loaded. Writes each call with its arguments to the timeline, as
 /// "fmod FMOD_Channel_SetPaused(channel1, 1)". Objects are named by their kind and counted from 1.
-class RecordedSoundLibrary : public SoundLibrary {
+class RecordedSoundLibrary : public SoundLibrary, private Recorder {
   public:
     RecordedSoundLibrary(SimulatedTime& time, Timeline& timeline);
     RecordedSoundLibrary(const RecordedSoundLibrary&) = delete;
@@ -33,14 +33,12 @@ class RecordedSoundLibrary : public SoundLibrary {
 
   private:
     template <typename... Arguments>
-    void Record(const char* name, std::function<Result(Arguments...)>& function);
+    void RecordCalls(const char* name, std::function<Result(Arguments...)>& function);
     std::string NameOf(const void* object) const;
     template <typename Object>
     void Make(const std::string& kind, Object** made);
     void Answer();
 
-    SimulatedTime& time_;
-    Timeline& timeline_;
     std::map<std::string, Result> failures_;
     /// The names of the objects. An object is the address of its name.
     std::deque<std::string> objects_;

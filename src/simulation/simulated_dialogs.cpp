@@ -8,7 +8,7 @@
 namespace quavix {
 
 BoxAnswer SimulatedMessageBoxes::Show(const MessageBox& box) {
-    timeline_.Record(time_.Now(), fmt::format("box \"{}\" {}", box.Title, box.Text));
+    Record(fmt::format("box \"{}\" {}", box.Title, box.Text));
     shown_.push_back(box);
     if (const auto action = std::exchange(whileOpen_, nullptr))
         action();
@@ -22,7 +22,7 @@ BoxAnswer SimulatedMessageBoxes::Show(const MessageBox& box) {
 }
 
 std::string SimulatedFilePicker::Ask(const char* kind, const FileDialog& dialog) {
-    timeline_.Record(time_.Now(), fmt::format("file dialog {} \"{}\"", kind, dialog.Title));
+    Record(fmt::format("file dialog {} \"{}\"", kind, dialog.Title));
     shown_.push_back(dialog);
     if (answers_.empty())
         throw UnexpectedCall{"nobody expected the file dialog: " + dialog.Title};

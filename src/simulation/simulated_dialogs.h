@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <algorithm>
 #include <deque>
 #include <functional>
 #include <string>
@@ -22,9 +23,9 @@ struct UnexpectedCall {
 
 /// Message boxes answered from a list. Messages with only an OK button answer themselves; a question without
 /// a remaining answer raises UnexpectedCall.
-class SimulatedMessageBoxes : public MessageBoxes {
+class SimulatedMessageBoxes : public MessageBoxes, private Recorder {
   public:
-    SimulatedMessageBoxes(SimulatedTime& time, Timeline& timeline) : time_(time), timeline_(timeline) {}
+    using Recorder::Recorder;
 
     BoxAnswer Show(const MessageBox& box) override;
 
@@ -36,17 +37,15 @@ class SimulatedMessageBoxes : public MessageBoxes {
     const std::vector<MessageBox>& Shown() const { return shown_; }
 
   private:
-    SimulatedTime& time_;
-    Timeline& timeline_;
     std::deque<BoxAnswer> answers_;
     std::function<void()> whileOpen_;
     std::vector<MessageBox> shown_;
 };
 
 /// A file picker answered from a list; without a remaining answer it raises UnexpectedCall.
-class SimulatedFilePicker : public FilePicker {
+class SimulatedFilePicker : public FilePicker, private Recorder {
   public:
-    SimulatedFilePicker(SimulatedTime& time, Timeline& timeline) : time_(time), timeline_(timeline) {}
+    using Recorder::Recorder;
 
     std::string AskForSaveName(const FileDialog& dialog) override { return Ask("save", dialog); }
     std::string AskForOpenName(const FileDialog& dialog) override { return Ask("open", dialog); }
@@ -59,22 +58,19 @@ class SimulatedFilePicker : public FilePicker {
   private:
     std::string Ask(const char* kind, const FileDialog& dialog);
 
-    SimulatedTime& time_;
-    Timeline& timeline_;
     std::deque<std::string> answers_;
     std::vector<FileDialog> shown_;
 };
 
 /// A private clipboard. Texts that the program sets are written to the timeline, with "|" for line ends.
-class SimulatedClipboard : public Clipboard {
+class SimulatedClipboard : public Clipboard, private Recorder {
   public:
-    SimulatedClipboard(SimulatedTime& time, Timeline& timeline) : time_(time), timeline_(timeline) {}
+    using Recorder::Recorder;
 
     void SetText(const std::string& text) override {
         std::string line = text;
-        for (char& c : line)
-            c = c == '\n' ? '|' : c;
-        timeline_.Record(time_.Now(), "clipboard " + line);
+        std::replace(line.begin(), line.end(), '\n', '|');
+        Record("clipboard " + line);
         text_ = text;
     }
     std::string Text() override { return text_; }
@@ -83,24 +79,22 @@ class SimulatedClipboard : public Clipboard {
     void Put(std::string text) { text_ = std::move(text); }
 
   private:
-    SimulatedTime& time_;
-    Timeline& timeline_;
     std::string text_;
 };
 
 /// Writes the texts of the information mode to the timeline.
-class RecordedLoadingView : public LoadingView {
+class RecordedLoadingView : public LoadingView, private Recorder {
   public:
-    RecordedLoadingView(SimulatedTime& time, Timeline& timeline) : time_(time), timeline_(timeline) {}
+    using Recorder::Recorder;
 
     void ShowHideInfoText(bool show) override {
         InfoShown = show;
-        timeline_.Record(time_.Now(), show ? "loading shown" : "loading hidden");
+        Record(show ? "loading shown" : "loading hidden");
     }
 
     void SetInfoText(const std::string& text) override {
         InfoText = text;
-        timeline_.Record(time_.Now(), "loading text " + text);
+        Record("loading text " + text);
     }
 
     bool Progress(double ratio) override {
@@ -114,10 +108,6 @@ class RecordedLoadingView : public LoadingView {
     std::vector<double> Ratios;
     /// Called for each progress report; if it returns false, the load stops. If empty, the load goes on.
     std::function<bool(double)> OnProgress;
-
-  private:
-    SimulatedTime& time_;
-    Timeline& timeline_;
 };
 
 }  // namespace quavix

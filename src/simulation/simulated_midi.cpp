@@ -41,6 +41,17 @@ void SimulatedMidiPort<Port>::Close() {
     state_ = MidiDeviceState::Closed;
 }
 
+template <typename Port>
+void SimulatedMidiPort<Port>::VanishAt(double ms) {
+    time_.At(ms, [this] {
+        if (state_ != MidiDeviceState::Open)
+            return;
+        Record("vanishes");
+        state_ = MidiDeviceState::Gone;
+        Vanished();
+    });
+}
+
 template class SimulatedMidiPort<MidiOutPort>;
 template class SimulatedMidiPort<MidiInPort>;
 
@@ -59,20 +70,6 @@ MidiSendResult SimulatedMidiOut::Send(const MidiMessage& message) {
     }
     Record(fmt::format("{:02X} {:02X} {:02X}", message.Status, message.Data1, message.Data2));
     return MidiSendResult::Sent;
-}
-
-void SimulatedMidiOut::BeSlow(int messagesAtATime, std::int64_t busyMs) {
-    atATime_ = messagesAtATime;
-    busyMs_ = busyMs;
-}
-
-void SimulatedMidiOut::VanishAt(double ms) {
-    time_.At(ms, [this] {
-        if (State() != MidiDeviceState::Open)
-            return;
-        Record("vanishes");
-        SetState(MidiDeviceState::Gone);
-    });
 }
 
 void SimulatedMidiIn::Close() {
@@ -105,16 +102,6 @@ void SimulatedMidiIn::LoseAt(double ms) {
         lost_ = State() == MidiDeviceState::Open;
         if (lost_)
             Notify();
-    });
-}
-
-void SimulatedMidiIn::VanishAt(double ms) {
-    time_.At(ms, [this] {
-        if (State() != MidiDeviceState::Open)
-            return;
-        Record("vanishes");
-        SetState(MidiDeviceState::Gone);
-        Notify();
     });
 }
 

@@ -16,7 +16,7 @@ namespace quavix {
 
 /// The common part of the simulated directions. Opening and closing go to the timeline.
 template <typename Port>
-class SimulatedMidiPort : public Port {
+class SimulatedMidiPort : public Port, private Recorder {
   public:
     std::string Prepare() override { return LoadProblem; }
     std::string SystemName() override { return "simulated"; }
@@ -27,6 +27,9 @@ class SimulatedMidiPort : public Port {
     MidiDeviceState State() override { return state_; }
     std::string Problem() override { return OpenProblem; }
 
+    /// Makes the device vanish `ms` milliseconds after the start.
+    void VanishAt(double ms);
+
     /// The devices that a search finds.
     std::vector<std::string> Devices;
     /// Reason why Prepare() fails; empty if it succeeds.
@@ -36,15 +39,13 @@ class SimulatedMidiPort : public Port {
 
   protected:
     SimulatedMidiPort(SimulatedTime& time, Timeline& timeline, std::string name)
-        : time_(time), timeline_(timeline), name_(std::move(name)) {}
+        : Recorder(time, timeline), name_(std::move(name)) {}
 
-    void Record(const std::string& event) { timeline_.Record(time_.Now(), name_ + " " + event); }
-    void SetState(MidiDeviceState state) { state_ = state; }
-
-    SimulatedTime& time_;
+    using Recorder::time_;
+    void Record(const std::string& event) { Recorder::Record(name_ + " " + event); }
+    virtual void Vanished() {}
 
   private:
-    Timeline& timeline_;
     std::string name_;
     std::vector<std::string> found_;
     MidiDeviceState state_ = MidiDeviceState::Closed;
@@ -59,10 +60,10 @@ class SimulatedMidiOut : public SimulatedMidiPort<MidiOutPort> {
     MidiSendResult Send(const MidiMessage& message) override;
 
     /// Accepts this many messages at a time; then the device is busy for `busyMs` milliseconds.
-    void BeSlow(int messagesAtATime, std::int64_t busyMs);
-
-    /// Makes the device vanish `ms` milliseconds after the start.
-    void VanishAt(double ms);
+    void BeSlow(int messagesAtATime, std::int64_t busyMs) {
+        atATime_ = messagesAtATime;
+        busyMs_ = busyMs;
+    }
 
   private:
     int atATime_ = 0;
@@ -84,10 +85,9 @@ class SimulatedMidiIn : public SimulatedMidiPort<MidiInPort> {
     void ArriveAt(double ms, std::vector<MidiMessage> messages);
     /// Makes messages get lost `ms` milliseconds after the start.
     void LoseAt(double ms);
-    /// Makes the device vanish `ms` milliseconds after the start.
-    void VanishAt(double ms);
 
   private:
+    void Vanished() override { Notify(); }
     void Notify() {
         if (const auto handler = handler_)
             handler();

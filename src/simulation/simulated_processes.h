@@ -47,15 +47,15 @@ class SimulatedProcesses : public Processes {
 };
 
 /// Runs batch files on simulated time, a line every `LineMs`. Commands go to the timeline; "erase" deletes.
-class SimulatedBatchFiles : public BatchFiles {
+class SimulatedBatchFiles : public BatchFiles, private Recorder {
   public:
     SimulatedBatchFiles(SimulatedTime& time, Timeline& timeline, SimulatedFiles& files)
-        : time_(time), timeline_(timeline), files_(files) {}
+        : Recorder(time, timeline), files_(files) {}
 
     std::string RegisterCommand() override { return "register "; }
     std::string Quoted(const std::string& fileName) override { return '"' + fileName + '"'; }
     std::error_code Start(const std::string& fileName) override {
-        timeline_.Record(time_.Now(), "batch " + fileName);
+        Record("batch " + fileName);
         if (!StartError)
             RunLines(files_.Content(fileName));
         return StartError;
@@ -77,7 +77,7 @@ class SimulatedBatchFiles : public BatchFiles {
             const std::string line = lines.substr(0, end);
             if (OnLine && !OnLine(line))
                 return;
-            timeline_.Record(time_.Now(), "batch line " + line);
+            Record("batch line " + line);
             const std::string erase = "erase \"";
             if (line.starts_with(erase))
                 files_.Delete(line.substr(erase.size(), line.size() - erase.size() - 1));
@@ -85,8 +85,6 @@ class SimulatedBatchFiles : public BatchFiles {
         });
     }
 
-    SimulatedTime& time_;
-    Timeline& timeline_;
     SimulatedFiles& files_;
 };
 

@@ -12,7 +12,7 @@ std::string SimulatedSerialPort::Open(const std::string& name, const std::string
         return "no such device";
     if (Busy.contains(name))
         return "in use by another program";
-    Record("open " + name);
+    Record("serial open " + name);
     open_ = name;
     lastWords_ = lastWords;
     isGone_ = false;
@@ -22,7 +22,7 @@ std::string SimulatedSerialPort::Open(const std::string& name, const std::string
 void SimulatedSerialPort::Close() {
     if (open_.empty())
         return;
-    Record("close");
+    Record("serial close");
     open_.clear();
 }
 
@@ -36,11 +36,11 @@ void SimulatedSerialPort::Write(const std::string& bytes) {
     std::string text;
     for (const char byte : bytes)
         text += byte == '\r' ? std::string("\\r") : std::string(1, byte);
-    Record(text);
+    Record("serial " + text);
 }
 
 void SimulatedSerialPort::Pull() {
-    Record("lost");
+    Record("serial lost");
     std::erase(Present, open_);
     open_.clear();
     if (whenLost_)

@@ -12,9 +12,9 @@
 namespace quavix {
 
 /// Serial ports that write all calls to the timeline. A carriage return is written as "\r".
-class SimulatedSerialPort : public SerialPort {
+class SimulatedSerialPort : public SerialPort, private Recorder {
   public:
-    SimulatedSerialPort(SimulatedTime& time, Timeline& timeline) : time_(time), timeline_(timeline) {}
+    using Recorder::Recorder;
 
     std::vector<std::string> Names() override { return Present; }
     std::string Open(const std::string& name, const std::string& lastWords) override;
@@ -38,10 +38,6 @@ class SimulatedSerialPort : public SerialPort {
     std::set<std::string> Busy;
 
   private:
-    void Record(const std::string& event) { timeline_.Record(time_.Now(), "serial " + event); }
-
-    SimulatedTime& time_;
-    Timeline& timeline_;
     std::function<void(const std::string&)> whenLost_;
     std::string open_;
     std::string lastWords_;

@@ -9,12 +9,12 @@
 namespace quavix {
 
 /// A speaker that writes its tones to the timeline and advances the time by their length.
-class SimulatedSpeaker : public Speaker {
+class SimulatedSpeaker : public Speaker, private Recorder {
   public:
-    SimulatedSpeaker(SimulatedTime& time, Timeline& timeline) : time_(time), timeline_(timeline) {}
+    using Recorder::Recorder;
 
     void Beep(std::int32_t frequency, std::int32_t durationMs) override {
-        timeline_.Record(time_.Now(), fmt::format("speaker {} Hz {} ms", frequency, durationMs));
+        Record(fmt::format("speaker {} Hz {} ms", frequency, durationMs));
         if (durationMs > 0)
             time_.Block(durationMs);
     }
@@ -22,10 +22,6 @@ class SimulatedSpeaker : public Speaker {
 
     /// Status that the speaker reports.
     SpeakerStatus Now{.InUse = "PC speaker"};
-
-  private:
-    SimulatedTime& time_;
-    Timeline& timeline_;
 };
 
 }  // namespace quavix

@@ -126,4 +126,19 @@ class SimulatedTime : public Clock, public EventPump, public Timers {
     Id lastTimer_ = 0;
 };
 
+/// The common part of the ports that write to the timeline.
+class Recorder {
+  public:
+    Recorder(SimulatedTime& time, Timeline& timeline) : time_(time), timeline_(timeline) {}
+
+  protected:
+    /// Writes an event at the current time.
+    void Record(std::string_view event) { timeline_.Record(time_.Now(), event); }
+
+    SimulatedTime& time_;
+
+  private:
+    Timeline& timeline_;
+};
+
 }  // namespace quavix
