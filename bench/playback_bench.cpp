@@ -48,7 +48,7 @@ void Render(benchmark::State& state) {
     RecordedSoundLibrary library(time, timeline);
     SimulatedMidiFileReader midiFiles;
     files.Put("song", MelodySong(Lines));
-    SongRenderer renderer(files, boxes, library, midiFiles, "", [](double) { return true; });
+    SongRenderer renderer{files, boxes, library, midiFiles, "", [](double) { return true; }};
     RenderOptions options;
     options.Song = "song";
     NullStream nothing;

@@ -19,6 +19,8 @@
 #include "shell/program_info.h"
 #include "shell/utf8_path.h"
 
+using namespace quavix;
+
 namespace {
 
 enum ExitStatus { Written = 0, BadUsage = 1, SongNotRead = 2, NotWritten = 3 };
@@ -49,51 +51,51 @@ class ProgressLine {
     }
 
   private:
-    bool isTerminal_ = quavix::StandardErrorIsTerminal();
+    bool isTerminal_ = StandardErrorIsTerminal();
     int shown_ = -1;
 };
 
 /// Raises an error if a file would be overwritten while it is read, or written twice.
-void CheckNames(const quavix::RenderOptions& options) {
+void CheckNames(const RenderOptions& options) {
     const std::string* names[] = {&options.Song, &options.Out, &options.LogFile, &options.ToneCodeFile};
     for (std::size_t i = 0; i < std::size(names); ++i) {
         for (std::size_t j = 0; j < i; ++j) {
             std::error_code error;
             if (!names[i]->empty() &&
                 (*names[i] == *names[j] ||
-                 std::filesystem::equivalent(quavix::PathOf(*names[i]), quavix::PathOf(*names[j]), error)))
-                throw quavix::RenderError(fmt::format("\"{}\" is named twice", *names[i]));
+                 std::filesystem::equivalent(PathOf(*names[i]), PathOf(*names[j]), error)))
+                throw RenderError(fmt::format("\"{}\" is named twice", *names[i]));
         }
     }
 }
 
 /// Empties the log or the tone code before a rendering.
 void StartAnew(const std::string& file) {
-    if (!file.empty() && (quavix::IsNamedPipe(file) || !std::ofstream(quavix::PathOf(file), std::ios::trunc)))
-        throw quavix::RenderError(fmt::format("\"{}\" can't be written", file));
+    if (!file.empty() && (IsNamedPipe(file) || !std::ofstream(PathOf(file), std::ios::trunc)))
+        throw RenderError(fmt::format("\"{}\" can't be written", file));
 }
 
-void Render(const quavix::RenderOptions& options) {
-    const std::unique_ptr<quavix::Files> files = quavix::MakeFiles();
-    quavix::ConsoleBoxes boxes(options.Yes);
-    quavix::NOTNORMALfmodex sound;
-    const std::string folder = quavix::FolderOfProgram();
-    quavix::ModuleMidiFileReader midiFiles(quavix::FileInFolder(folder, "midifl32.ocx"));
+void Render(const RenderOptions& options) {
+    const std::unique_ptr<Files> files = MakeFiles();
+    ConsoleBoxes boxes(options.Yes);
+    NOTNORMALfmodex sound;
+    const std::string folder = FolderOfProgram();
+    ModuleMidiFileReader midiFiles(FileInFolder(folder, "midifl32.ocx"));
     CheckNames(options);
     StartAnew(options.LogFile);
     StartAnew(options.ToneCodeFile);
-    quavix::RenderTarget target(options.Out);
+    RenderTarget target(options.Out);
     {
         ProgressLine line;
-        quavix::SongRenderer(*files, boxes, sound, midiFiles, folder, [&line](double share) {
-            return line.Show(share);
-        }).Render(options, target.Stream());
+        const SongRenderer renderer{*files,    boxes,  sound,
+                                    midiFiles, folder, [&line](double share) { return line.Show(share); }};
+        renderer.Render(options, target.Stream());
     }
     if (target.IsPassedOn()) {
         // From here on a signal ends the process, because the reader may block it for ever.
         OnSignals(SIG_DFL);
         if (interruptedBy != 0)
-            throw quavix::RenderInterrupted();
+            throw RenderInterrupted();
     }
     target.Commit();
 }
@@ -101,20 +103,19 @@ void Render(const quavix::RenderOptions& options) {
 }  // namespace
 
 int main(int argc, char** argv) {
-    quavix::RenderOptions options;
+    RenderOptions options;
     try {
-        options =
-            quavix::ParseRenderOptions(std::span<const char* const>(argv, argc).subspan(argc > 0 ? 1 : 0));
+        options = ParseRenderOptions(std::span<const char* const>(argv, argc).subspan(argc > 0 ? 1 : 0));
     } catch (const std::invalid_argument& error) {
-        fmt::print(stderr, "quavix-render: {}\n\n{}", error.what(), quavix::RenderUsage);
+        fmt::print(stderr, "quavix-render: {}\n\n{}", error.what(), RenderUsage);
         return BadUsage;
     }
-    if (options.What == quavix::RenderOptions::Request::Help) {
-        fmt::print("{}", quavix::RenderUsage);
+    if (options.What == RenderOptions::Request::Help) {
+        fmt::print("{}", RenderUsage);
         return Written;
     }
-    if (options.What == quavix::RenderOptions::Request::Version) {
-        fmt::print("quavix-render {}\n", quavix::program::VersionText);
+    if (options.What == RenderOptions::Request::Version) {
+        fmt::print("quavix-render {}\n", program::VersionText);
         return Written;
     }
     OnSignals(Interrupt);
@@ -122,10 +123,10 @@ int main(int argc, char** argv) {
     try {
         Render(options);
         return Written;
-    } catch (const quavix::RenderInterrupted&) {
+    } catch (const RenderInterrupted&) {
         std::signal(interruptedBy, SIG_DFL);
         std::raise(interruptedBy);
-    } catch (const quavix::SongError& error) {
+    } catch (const SongError& error) {
         fmt::print(stderr, "quavix-render: {}: {}\n", options.Song, error.what());
         return SongNotRead;
     } catch (const std::exception& error) {

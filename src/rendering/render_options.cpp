@@ -48,11 +48,6 @@ std::int32_t WaveformOf(std::string_view name) {
     throw std::invalid_argument(fmt::format("there is no waveform \"{}\"", name));
 }
 
-void CheckWaveform(const RenderOptions& options) {
-    if (options.Sounds != RenderOptions::Output::Fmod && options.Waveform != fmod_waveform::Square)
-        throw std::invalid_argument("only the fmod output has other waveforms than its own");
-}
-
 }  // namespace
 
 const char* const RenderUsage =
@@ -114,7 +109,8 @@ RenderOptions ParseRenderOptions(std::span<const char* const> arguments) {
     }
     if (options.What != RenderOptions::Request::Render)
         return options;
-    CheckWaveform(options);
+    if (options.Sounds != RenderOptions::Output::Fmod && options.Waveform != fmod_waveform::Square)
+        throw std::invalid_argument("only the fmod output has other waveforms than its own");
     if (names.size() != 2)
         throw std::invalid_argument("a song and the file to write are needed");
     options.Song = names[0];

@@ -49,10 +49,7 @@ std::int64_t FrameAt(std::int64_t counts, std::int64_t rate);
 /// The sound source of a rendering, on simulated time. Raises RenderError on failure.
 class RenderedSound {
   public:
-    RenderedSound() = default;
     virtual ~RenderedSound() = default;
-    RenderedSound(const RenderedSound&) = delete;
-    RenderedSound& operator=(const RenderedSound&) = delete;
 
     /// Makes the sound up to the current time. Has to be called before any change of the sound.
     virtual void CatchUp() = 0;

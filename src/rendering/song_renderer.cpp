@@ -126,57 +126,58 @@ void PlayMidi(Program& program, RenderPump& pump, std::int32_t passes) {
     }
 }
 
-}  // namespace
-
-void SongRenderer::LoadEngine(Program& program) const {
-    program.Outputs.SoundMods.CheckAvailability(programFolder_);
-    if (!program.Outputs.SoundMods.FmodAvailable)
+void LoadEngine(SoundMods& mods, const std::string& programFolder) {
+    mods.CheckAvailability(programFolder);
+    if (!mods.FmodAvailable)
         throw RenderError("this output needs the sound engine FMODex.dll in the program's folder");
 }
 
 /// Makes only the chosen output audible.
-void SongRenderer::ChooseOutput(Program& program, RenderedEngine& engine,
-                                const RenderOptions& options) const {
+void ChooseOutput(Program& program, RenderedEngine& engine, const RenderOptions& options,
+                  const std::string& programFolder) {
+    SoundMods& mods = program.Outputs.SoundMods;
     switch (options.Sounds) {
         case RenderOptions::Output::Speaker:
             break;
         case RenderOptions::Output::Fmod:
-            LoadEngine(program);
-            program.Outputs.SoundMods.StartEngine(engine.Output());
-            engine.Begin(program.Outputs.SoundMods.Engine.System());
-            program.Outputs.SoundMods.Generator.ChangeDSPType(options.Waveform);
+            LoadEngine(mods, programFolder);
+            mods.StartEngine(engine.Output());
+            engine.Begin(mods.Engine.System());
+            mods.Generator.ChangeDSPType(options.Waveform);
             program.Fields.Mods.UseFMOD.Ticked = true;
             break;
         case RenderOptions::Output::Voice:
-            LoadEngine(program);
-            program.Outputs.SoundMods.Singer.Load(engine.Output());
-            engine.Begin(program.Outputs.SoundMods.Singer.VoiceSystem());
+            LoadEngine(mods, programFolder);
+            mods.Singer.Load(engine.Output());
+            engine.Begin(mods.Singer.VoiceSystem());
             program.Fields.Mods.UseVoice.Ticked = true;
             program.Fields.Output.MutePCSpeaker = true;
             break;
     }
 }
 
-void SongRenderer::Render(const RenderOptions& options, std::ostream& out) {
+}  // namespace
+
+void SongRenderer::Render(const RenderOptions& options, std::ostream& out) const {
     SimulatedPorts simulated;
     SimulatedTime& time = simulated.Time;
     SoundFile file(out, options.Rate);
     RenderedSpeaker speaker(time, file);
-    RenderedEngine engine(sound_, time, file);
+    RenderedEngine engine(Sound, time, file);
     RenderedSound* sound = &engine;
     if (options.Sounds == RenderOptions::Output::Speaker)
         sound = &speaker;
-    RenderPump pump(time, *sound, progress_);
+    RenderPump pump(time, *sound, Progress);
     SeededRandomNumbers random(RandomSeed);
-    RenderLoadingView loading(progress_);
+    RenderLoadingView loading(Progress);
     ProgramPorts ports = simulated.All();
     ports.Pump = pump;
     ports.Random = random;
-    ports.Boxes = boxes_;
-    ports.Disk = files_;
+    ports.Boxes = Boxes;
+    ports.Disk = Disk;
     ports.PcSpeaker = speaker;
-    ports.Sound = sound_;
-    ports.MidiFiles = midiFiles_;
+    ports.Sound = Sound;
+    ports.MidiFiles = MidiFiles;
     ports.Loading = loading;
     ports.ProgramFolder = ports.WinFolder = {};
     ports.LogFile = options.LogFile;
@@ -196,7 +197,7 @@ void SongRenderer::Render(const RenderOptions& options, std::ostream& out) {
         pump.TotalSeconds =
             (isMidiFile ? SecondsOfMidiFile(program) : SecondsOfSong(program)) * options.Passes;
         file.Expect(pump.TotalSeconds);
-        ChooseOutput(program, engine, options);
+        ChooseOutput(program, engine, options, ProgramFolder);
         if (isMidiFile)
             PlayMidi(program, pump, options.Passes);
         else

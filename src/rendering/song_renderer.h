@@ -14,9 +14,6 @@
 
 namespace quavix {
 
-struct Program;
-class RenderedEngine;
-
 /// Raised if the song could not be read or played.
 class SongError : public std::runtime_error {
   public:
@@ -27,33 +24,20 @@ class SongError : public std::runtime_error {
 class RenderInterrupted : public std::exception {};
 
 /// Renders songs and MIDI files on simulated time.
-class SongRenderer {
-  public:
-    /// `sound` is loaded from the program's folder if an output needs it; `midiFiles` reads MIDI files,
-    /// recognised by name. `progress` is called from time to time with the finished share, 0 to 1; if it
-    /// returns false, rendering ends with RenderInterrupted.
-    SongRenderer(Files& files, MessageBoxes& boxes, SoundLibrary& sound, MidiFileReader& midiFiles,
-                 std::string programFolder, std::function<bool(double)> progress)
-        : files_(files),
-          boxes_(boxes),
-          sound_(sound),
-          midiFiles_(midiFiles),
-          programFolder_(std::move(programFolder)),
-          progress_(std::move(progress)) {}
+struct SongRenderer {
+    Files& Disk;
+    MessageBoxes& Boxes;
+    /// Loaded from the program's folder if an output needs it.
+    SoundLibrary& Sound;
+    /// Reads MIDI files, recognised by name.
+    MidiFileReader& MidiFiles;
+    std::string ProgramFolder;
+    /// Called from time to time with the finished share, 0 to 1; if it returns false, rendering ends with
+    /// RenderInterrupted.
+    std::function<bool(double)> Progress;
 
     /// Plays the song and writes its sound to `out` as a WAV file. Raises SongError or RenderError.
-    void Render(const RenderOptions& options, std::ostream& out);
-
-  private:
-    void LoadEngine(Program& program) const;
-    void ChooseOutput(Program& program, RenderedEngine& engine, const RenderOptions& options) const;
-
-    Files& files_;
-    MessageBoxes& boxes_;
-    SoundLibrary& sound_;
-    MidiFileReader& midiFiles_;
-    std::string programFolder_;
-    std::function<bool(double)> progress_;
+    void Render(const RenderOptions& options, std::ostream& out) const;
 };
 
 }  // namespace quavix

@@ -39,7 +39,7 @@ auto Rendered(const std::string& song) {
     RenderOptions options;
     options.Song = song;
     std::stringstream out;
-    SongRenderer(files, boxes, library, midiFiles, "", [](double) { return true; }).Render(options, out);
+    SongRenderer{files, boxes, library, midiFiles, "", [](double) { return true; }}.Render(options, out);
     EXPECT_EQ(events.Text(), "");
     return test::ReadWav(out.str());
 }

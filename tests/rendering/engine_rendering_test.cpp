@@ -41,9 +41,9 @@ class EngineRendering : public testing::Test {
         NOTNORMALfmodex library;
         ModuleMidiFileReader midiFiles(QUAVIX_MIDI_FILE_MODULE);
         std::stringstream out;
-        SongRenderer(Disk, Boxes, library, midiFiles, QUAVIX_SOUND_ENGINE_FOLDER, [](double) {
-            return true;
-        }).Render(Options, out);
+        const auto progress = [](double) { return true; };
+        SongRenderer{Disk, Boxes, library, midiFiles, QUAVIX_SOUND_ENGINE_FOLDER, progress}.Render(Options,
+                                                                                                   out);
         return out.str();
     }
     std::vector<float> Render(RenderOptions::Output output, std::int32_t waveform = 1) {

@@ -21,10 +21,11 @@ class RenderingTest : public testing::Test {
   protected:
     WavSound RenderWith(SoundLibrary& library, MidiFileReader& midiFiles, const std::string& programFolder) {
         std::stringstream out;
-        SongRenderer(Disk, Boxes, library, midiFiles, programFolder, [this](double share) {
+        const auto progress = [this](double share) {
             Shares.push_back(share);
             return Shares.size() < StopAfter;
-        }).Render(Options, out);
+        };
+        SongRenderer{Disk, Boxes, library, midiFiles, programFolder, progress}.Render(Options, out);
         return ReadWav(out.str()).value();
     }
 

@@ -167,7 +167,7 @@ TEST_F(SongRendererTest, AResultTooLongForAWavFileIsSaid) {
         std::streamsize xsputn(const char*, std::streamsize count) override { return count; }
     } nothing;
     std::ostream out(&nothing);
-    SongRenderer renderer(Disk, Boxes, Library, MidiFiles, "/program", [](double) { return true; });
+    SongRenderer renderer{Disk, Boxes, Library, MidiFiles, "/program", [](double) { return true; }};
     EXPECT_THROW(renderer.Render(Options, out), RenderError);
 }
 
@@ -198,9 +198,8 @@ TEST_F(SongRendererTest, OnlyAFileBeyond4GiBHas64BitSizes) {
         CountedBytes bytes;
         std::ostream out(&bytes);
         Options.Passes = passes;
-        SongRenderer(Disk, Boxes, Library, MidiFiles, "/program", [](double) {
-            return true;
-        }).Render(Options, out);
+        SongRenderer renderer{Disk, Boxes, Library, MidiFiles, "/program", [](double) { return true; }};
+        renderer.Render(Options, out);
         const std::int64_t soundBytes = 192000LL * 2 * 720 * passes;
         if (passes == 1) {
             EXPECT_EQ(bytes.Size, 44 + soundBytes);
