@@ -117,11 +117,8 @@ std::uint8_t ToByte(double value) {
 }
 
 double Val(std::string_view text) {
-    std::string packed;
-    for (const char c : text) {
-        if (!IsBlank(c))
-            packed += c;
-    }
+    std::string packed(text);
+    std::erase_if(packed, IsBlank);
     return ReadNumber(std::move(packed)).Value;
 }
 

@@ -4,29 +4,16 @@
 #include <span>
 
 namespace quavix {
-namespace {
-
-/// Tick counts are unsigned 32-bit values that wrap; signed arithmetic here uses the same bits.
-std::int32_t WrappingAdd(std::int32_t a, std::int32_t b) {
-    return static_cast<std::int32_t>(static_cast<std::uint32_t>(a) + static_cast<std::uint32_t>(b));
-}
-
-std::int32_t WrappingSubtract(std::int32_t a, std::int32_t b) {
-    return static_cast<std::int32_t>(static_cast<std::uint32_t>(a) - static_cast<std::uint32_t>(b));
-}
-
-}  // namespace
 
 std::int32_t Waiting::MsgWaitObj(std::int32_t interval, WaitHandle handle, std::int32_t handleCount) {
     constexpr std::int32_t Forever = -1;
     const std::span<const WaitHandle> handles(&handle, handleCount > 0 ? 1 : 0);
-    std::int32_t end = 0;
+    // Tick counts wrap, and so do sums and differences of unsigned numbers.
+    const std::uint32_t end = clock_.TickCount() + static_cast<std::uint32_t>(interval);
     std::int32_t remaining = Forever;
-    if (interval != Forever)
-        end = WrappingAdd(static_cast<std::int32_t>(clock_.TickCount()), interval);
     for (;;) {
         if (interval != Forever) {
-            remaining = WrappingSubtract(end, static_cast<std::int32_t>(clock_.TickCount()));
+            remaining = static_cast<std::int32_t>(end - clock_.TickCount());
             // If more time is left than requested, the end has passed and the subtraction has wrapped.
             const bool sameSign = (remaining ^ interval) > 0;
             if (sameSign ? remaining > interval : remaining < 0)

@@ -4,7 +4,6 @@
 #include <QWidget>
 
 class QLineEdit;
-class QToolButton;
 
 namespace quavix {
 
@@ -14,21 +13,15 @@ class UpDown : public QWidget {
     Q_OBJECT
 
   public:
-    explicit UpDown(QWidget* parent = nullptr);
+    using QWidget::QWidget;
 
-    /// Takes over the field's arrow keys, and uses its tooltip for the buttons. `what` names the value for
-    /// screen readers ("Tempo").
+    /// Makes the buttons, with the field's tooltip, and takes over the field's arrow keys. `what` names the
+    /// value for screen readers ("Tempo"). Called once.
     void SetBuddy(QLineEdit* field, const QString& what);
 
   Q_SIGNALS:
     /// Emitted for a step: 1 up, -1 down.
     void Stepped(int direction);
-
-  private:
-    QToolButton* AddButton(Qt::ArrowType arrow, int direction);
-
-    QToolButton* up_;
-    QToolButton* down_;
 };
 
 }  // namespace quavix
