@@ -11,10 +11,6 @@ namespace {
 constexpr const char* OutputPortName = "Quavix";
 constexpr const char* InputPortName = "Quavix input";
 
-bool IsOneByteMessage(std::uint8_t status) {
-    return (status & 0xE0U) == 0xC0;
-}
-
 /// `arrivals` must outlive `input`.
 void DeliverTo(const std::shared_ptr<Arrivals>& arrivals, RtMidiIn& input) {
     constexpr bool Ignore = true;
@@ -57,42 +53,49 @@ bool MidiIo::Connect() {
         problem_ = alsaProblem + (alsaProblem.empty() || jackProblem.empty() ? "" : " ") + jackProblem;
         return false;
     }
-    devices_.reset(new Devices{
-        {*system_, OutputPortName, {}},
-        {*system_, InputPortName, [arrivals = arrivals_](RtMidiIn& input) { DeliverTo(arrivals, input); }}});
+    output_.Device = std::make_unique<RtDevice<RtMidiOut>>(*system_, OutputPortName);
+    input_.Device = std::make_unique<RtDevice<RtMidiIn>>(
+        *system_, InputPortName, [arrivals = arrivals_](RtMidiIn& input) { DeliverTo(arrivals, input); });
     return true;
 }
 
 void MidiIo::Disconnect() {
-    if (devices_) {
-        output_.Gone |= devices_->Output.IsOpen();
-        input_.Gone |= devices_->Input.IsOpen();
-    }
+    output_.Gone |= output_.IsOpen();
+    input_.Gone |= input_.IsOpen();
     if (system_ && !system_->IsAlive()) {
-        Keep(std::move(devices_));
+        Keep(std::move(output_.Device));
+        Keep(std::move(input_.Device));
         Keep(std::move(system_));
     }
-    devices_.reset();
+    output_.Device.reset();
+    input_.Device.reset();
     system_.reset();
 }
 
-template <typename Device, typename Other>
-std::int32_t MidiIo::Search(Device Devices::*device, Other Devices::*other, Direction& direction) {
+template <typename Rt, typename Other>
+std::int32_t MidiIo::Count(Direction<Rt>& direction, const Direction<Other>& other, std::int32_t& count) {
+    count = 0;
     direction.Names.clear();
     if (!Connect())
         return QUAVIX_MIDI_IO_NO_SYSTEM;
-    direction.Names = ((*devices_).*device).Search(((*devices_).*other).Own());
+    direction.Names = direction.Device->Search(other.Device->Own());
+    count = static_cast<std::int32_t>(direction.Names.size());
     return QUAVIX_MIDI_IO_OK;
 }
 
-template <typename Device>
-std::int32_t MidiIo::Open(Device Devices::*device, Direction& direction, const std::string& name) {
-    if (devices_)
-        ((*devices_).*device).Close();
+template <typename Rt>
+void MidiIo::Close(Direction<Rt>& direction) {
+    if (direction.Device)
+        direction.Device->Close();
     direction.Gone = false;
+}
+
+template <typename Rt>
+std::int32_t MidiIo::Open(Direction<Rt>& direction, const std::string& name) {
+    Close(direction);
     if (!Connect())
         return QUAVIX_MIDI_IO_NO_SYSTEM;
-    auto& opened = (*devices_).*device;
+    RtDevice<Rt>& opened = *direction.Device;
     const std::int32_t result = opened.Open(name);
     if (result == QUAVIX_MIDI_IO_NO_DEVICE)
         problem_ = "The device " + name + " is not there any more.";
@@ -102,13 +105,13 @@ std::int32_t MidiIo::Open(Device Devices::*device, Direction& direction, const s
     return result;
 }
 
-template <typename Device>
-std::int32_t MidiIo::State(Device Devices::*device, Direction& direction) {
+template <typename Rt>
+std::int32_t MidiIo::State(Direction<Rt>& direction) {
     if (direction.Gone)
         return QUAVIX_MIDI_IO_GONE;
-    if (!devices_ || !((*devices_).*device).IsOpen())
+    if (!direction.IsOpen())
         return QUAVIX_MIDI_IO_CLOSED;
-    if (system_->IsAlive() && ((*devices_).*device).IsThere())
+    if (system_->IsAlive() && direction.Device->IsThere())
         return QUAVIX_MIDI_IO_OK;
     direction.Gone = true;
     problem_ = system_->IsAlive() ? "The device has gone."
@@ -116,24 +119,24 @@ std::int32_t MidiIo::State(Device Devices::*device, Direction& direction) {
     return QUAVIX_MIDI_IO_GONE;
 }
 
-std::int32_t MidiIo::SearchOutputs() {
-    return Search(&Devices::Output, &Devices::Input, output_);
+std::int32_t MidiIo::CountOutputs(std::int32_t& count) {
+    return Count(output_, input_, count);
 }
 
-std::int32_t MidiIo::SearchInputs() {
-    return Search(&Devices::Input, &Devices::Output, input_);
+std::int32_t MidiIo::CountInputs(std::int32_t& count) {
+    return Count(input_, output_, count);
 }
 
 std::int32_t MidiIo::OutputState() {
-    return State(&Devices::Output, output_);
+    return State(output_);
 }
 
 std::int32_t MidiIo::InputState() {
-    return State(&Devices::Input, input_);
+    return State(input_);
 }
 
-bool MidiIo::HasNumber(const Direction& direction, std::int32_t device) {
-    if (device >= 0 && static_cast<std::size_t>(device) < direction.Names.size())
+bool MidiIo::HasNumber(const std::vector<std::string>& names, std::int32_t device) {
+    if (device >= 0 && static_cast<std::size_t>(device) < names.size())
         return true;
     problem_ = "There is no device with that number.";
     return false;
@@ -141,41 +144,35 @@ bool MidiIo::HasNumber(const Direction& direction, std::int32_t device) {
 
 std::int32_t MidiIo::OpenOutput(std::int32_t device) {
     if (device == QUAVIX_MIDI_IO_VIRTUAL_PORT)
-        return Open(&Devices::Output, output_, "");
-    if (!HasNumber(output_, device))
+        return Open(output_, "");
+    if (!HasNumber(output_.Names, device))
         return QUAVIX_MIDI_IO_BAD_ARGUMENT;
-    return Open(&Devices::Output, output_, output_.Names[static_cast<std::size_t>(device)]);
+    return Open(output_, output_.Names[static_cast<std::size_t>(device)]);
 }
 
 std::int32_t MidiIo::OpenInput(std::int32_t device) {
-    if (!HasNumber(input_, device))
+    if (!HasNumber(input_.Names, device))
         return QUAVIX_MIDI_IO_BAD_ARGUMENT;
-    const std::string name = input_.Names[static_cast<std::size_t>(device)];
-    CloseInputDevice();
-    return Open(&Devices::Input, input_, name);
-}
-
-void MidiIo::CloseOutput() {
-    if (devices_)
-        devices_->Output.Close();
-    output_.Gone = false;
-    LeaveIfUnused();
-}
-
-void MidiIo::CloseInput() {
-    CloseInputDevice();
-    LeaveIfUnused();
-}
-
-void MidiIo::CloseInputDevice() {
-    if (devices_)
-        devices_->Input.Close();
-    input_.Gone = false;
+    Close(input_);
     arrivals_->Drop();
+    return Open(input_, input_.Names[static_cast<std::size_t>(device)]);
+}
+
+std::int32_t MidiIo::CloseOutput() {
+    Close(output_);
+    LeaveIfUnused();
+    return QUAVIX_MIDI_IO_OK;
+}
+
+std::int32_t MidiIo::CloseInput() {
+    Close(input_);
+    arrivals_->Drop();
+    LeaveIfUnused();
+    return QUAVIX_MIDI_IO_OK;
 }
 
 void MidiIo::LeaveIfUnused() {
-    if (devices_ && !devices_->Output.IsOpen() && !devices_->Input.IsOpen())
+    if (!output_.IsOpen() && !input_.IsOpen())
         Disconnect();
 }
 
@@ -188,16 +185,12 @@ std::int32_t MidiIo::Send(const QuavixMidiIoMessage& message) {
     if (const std::int32_t state = OutputState(); state != QUAVIX_MIDI_IO_OK)
         return state;
     const std::array<std::uint8_t, 3> bytes = {message.Status, message.Data1, message.Data2};
-    const std::size_t size = IsOneByteMessage(message.Status) ? 2 : 3;
+    const std::size_t size = MidiStream::HasOneDataByte(message.Status) ? 2 : 3;
     if (!system_->TakesMessage(size))
         return QUAVIX_MIDI_IO_BUSY;
-    devices_->Output.TakeFailure();
-    devices_->Output.Object().sendMessage(bytes.data(), size);
-    return devices_->Output.TakeFailure() ? QUAVIX_MIDI_IO_BUSY : QUAVIX_MIDI_IO_OK;
-}
-
-std::int32_t MidiIo::Receive(QuavixMidiIoMessage& message) {
-    return arrivals_->Receive(message);
+    output_.Device->TakeFailure();
+    output_.Device->Object().sendMessage(bytes.data(), size);
+    return output_.Device->TakeFailure() ? QUAVIX_MIDI_IO_BUSY : QUAVIX_MIDI_IO_OK;
 }
 
 }  // namespace quavix::midi_io

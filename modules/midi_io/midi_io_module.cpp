@@ -83,21 +83,11 @@ std::int32_t QuavixMidiIoProblem(QuavixMidiIo* io, char* text, std::size_t size)
 }
 
 std::int32_t QuavixMidiIoOutputCount(QuavixMidiIo* io, std::int32_t* count) {
-    return Run(io, count != nullptr, [&] {
-        *count = 0;
-        const std::int32_t result = io->SearchOutputs();
-        *count = static_cast<std::int32_t>(io->OutputNames().size());
-        return result;
-    });
+    return Run(io, count != nullptr, [&] { return io->CountOutputs(*count); });
 }
 
 std::int32_t QuavixMidiIoInputCount(QuavixMidiIo* io, std::int32_t* count) {
-    return Run(io, count != nullptr, [&] {
-        *count = 0;
-        const std::int32_t result = io->SearchInputs();
-        *count = static_cast<std::int32_t>(io->InputNames().size());
-        return result;
-    });
+    return Run(io, count != nullptr, [&] { return io->CountInputs(*count); });
 }
 
 std::int32_t QuavixMidiIoOutputName(QuavixMidiIo* io, std::int32_t device, char* name, std::size_t size) {
@@ -121,17 +111,11 @@ std::int32_t QuavixMidiIoOpenInput(QuavixMidiIo* io, std::int32_t device) {
 }
 
 std::int32_t QuavixMidiIoCloseOutput(QuavixMidiIo* io) {
-    return Run(io, true, [&]() -> std::int32_t {
-        io->CloseOutput();
-        return QUAVIX_MIDI_IO_OK;
-    });
+    return Run(io, true, [&] { return io->CloseOutput(); });
 }
 
 std::int32_t QuavixMidiIoCloseInput(QuavixMidiIo* io) {
-    return Run(io, true, [&]() -> std::int32_t {
-        io->CloseInput();
-        return QUAVIX_MIDI_IO_OK;
-    });
+    return Run(io, true, [&] { return io->CloseInput(); });
 }
 
 std::int32_t QuavixMidiIoOutputState(QuavixMidiIo* io) {

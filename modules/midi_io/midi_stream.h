@@ -22,6 +22,9 @@ class MidiStream {
         }
     }
 
+    /// Returns true for the status of program changes and channel pressure.
+    static bool HasOneDataByte(std::uint8_t status) { return (status & 0xE0U) == 0xC0; }
+
   private:
     static constexpr std::uint8_t FirstStatus = 0x80;
     static constexpr std::uint8_t FirstSystemStatus = 0xF0;
@@ -39,7 +42,7 @@ class MidiStream {
         // Data bytes of system messages, and those before the first status byte, are ignored.
         if (message_.Status < FirstStatus || message_.Status >= FirstSystemStatus)
             return false;
-        const bool oneByte = (message_.Status & 0xE0U) == 0xC0;
+        const bool oneByte = HasOneDataByte(message_.Status);
         if (oneByte || !hasData1_) {
             message_.Data1 = byte;
             message_.Data2 = 0;
