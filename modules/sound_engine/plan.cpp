@@ -13,14 +13,12 @@ namespace quavix::sound_engine {
 
 int Plan::Add(std::shared_ptr<Processor> processor, std::span<const int> inputs,
               std::shared_ptr<ChannelStrip> clock, std::shared_ptr<ChannelStrip> strip) {
-    Step step;
-    step.Does = std::move(processor);
-    step.Clock = std::move(clock);
-    step.Strip = std::move(strip);
-    step.FirstInput = inputs_.size();
-    step.Inputs = inputs.size();
+    steps_.push_back({.Does = std::move(processor),
+                      .Clock = std::move(clock),
+                      .Strip = std::move(strip),
+                      .FirstInput = inputs_.size(),
+                      .Inputs = inputs.size()});
     inputs_.insert(inputs_.end(), inputs.begin(), inputs.end());
-    steps_.push_back(std::move(step));
     samples_.resize(steps_.size() * Processor::MostFrames);
     return static_cast<int>(steps_.size()) - 1;
 }

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "modules/sound_engine/wave.h"
 
-#include <algorithm>
 #include <array>
 
 #include "modules/sound_engine/processor.h"
@@ -31,21 +30,6 @@ Rows CornerRows(const Rows& jump) {
 const Rows& CornerTable() {
     static const Rows corner = CornerRows(BandLimitedStepTable().Correction);
     return corner;
-}
-
-// Adds the correction, times `height`, of an edge that lies `place` (0..1) samples after
-// samples[BandLimitedStep::Before]. `samples` has BandLimitedStep::Taps elements.
-void AddEdge(const Rows& rows, float* samples, double place, float height) {
-    const double phase = place * BandLimitedStep::Phases;
-    const std::size_t row = std::min(static_cast<std::size_t>(phase), rows.size() - 2);
-    const auto between = static_cast<float>(phase - static_cast<double>(row));
-    const BandLimitedStep::Row& lower = rows[row];
-    const BandLimitedStep::Row& upper = rows[row + 1];
-    // The local array tells the compiler that nothing overlaps.
-    BandLimitedStep::Row sum;
-    for (std::size_t tap = 0; tap < sum.size(); ++tap)
-        sum[tap] = samples[tap] + height * (lower[tap] + between * (upper[tap] - lower[tap]));
-    std::copy(sum.begin(), sum.end(), samples);
 }
 
 constexpr Phase HalfPeriod = Phase{1} << 63;
@@ -107,7 +91,12 @@ void AddEdges(const Rows& rows, float height, Phase at, float* out, std::size_t 
     while (sample <= frames) {
         const double place = 1.0 - static_cast<double>(passed) / static_cast<double>(step);
         const float heard = weight.Start + weight.Step * static_cast<float>(sample);
-        AddEdge(rows, out + sample - 1, place, height * heard);
+        // The local array tells the compiler that nothing overlaps.
+        const BandLimitedStep::Row correction =
+            BandLimitedStep::Between(rows, place * BandLimitedStep::Phases, height * heard);
+        float* const samples = out + sample - 1;
+        for (std::size_t tap = 0; tap < correction.size(); ++tap)
+            samples[tap] += correction[tap];
         // Distance to the next edge: never 0, because a step is at most half a period.
         const Phase rest = Phase{0} - passed;
         const Phase steps = (rest - 1) / step + 1;

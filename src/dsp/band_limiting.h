@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <algorithm>
 #include <array>
+#include <cstddef>
 
 namespace quavix {
 
@@ -26,6 +28,16 @@ struct BandLimitedStep {
     using Row = std::array<float, Taps>;
     using Rows = std::array<Row, Phases + 1>;
     Rows Correction;
+
+    /// Returns the correction for an edge of `height` at `phase`, 0..Phases.
+    static Row Between(const Rows& rows, double phase, float height) {
+        const std::size_t row = std::min<std::size_t>(static_cast<std::size_t>(phase), Phases - 1);
+        const auto between = static_cast<float>(phase - static_cast<double>(row));
+        Row correction;
+        for (std::size_t tap = 0; tap < correction.size(); ++tap)
+            correction[tap] = height * (rows[row][tap] + between * (rows[row + 1][tap] - rows[row][tap]));
+        return correction;
+    }
 };
 
 /// Returns the table. Computed at the first call (about 1 ms), on any thread.

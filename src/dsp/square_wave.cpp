@@ -71,18 +71,10 @@ void DrawLevels(Edges edge, std::span<float> block) {
 void SoftenEdges(Edges edge, std::span<float> block, const BandLimitedStep& step, double phasesPerRest) {
     const auto size = static_cast<std::int64_t>(block.size());
     for (; edge.Whole - Before < size; edge.Next()) {
-        const double phase = static_cast<double>(edge.Rest) * phasesPerRest;
-        const auto row = static_cast<std::size_t>(phase);
-        const auto between = static_cast<float>(phase - static_cast<double>(row));
-        const BandLimitedStep::Row& lower = step.Correction[row];
-        const BandLimitedStep::Row& upper = step.Correction[row + 1];
-        const float height = 2.0F * SquareWave::Level * edge.Direction;
-
         // The local array tells the compiler that nothing overlaps.
-        BandLimitedStep::Row correction;
-        for (std::size_t tap = 0; tap < correction.size(); tap++)
-            correction[tap] = height * (lower[tap] + between * (upper[tap] - lower[tap]));
-
+        const BandLimitedStep::Row correction =
+            BandLimitedStep::Between(step.Correction, static_cast<double>(edge.Rest) * phasesPerRest,
+                                     2.0F * SquareWave::Level * edge.Direction);
         const std::int64_t start = edge.Whole - Before;
         if (start >= 0 && start + Taps <= size) {
             float* samples = block.data() + start;
