@@ -47,9 +47,9 @@ int main(int argc, char** argv) {
     const std::unique_ptr<Speaker> speaker = ChooseSpeaker(speakerChoice);
     QtApplication application(argc, argv, program::Title, program::VersionText);
 
-    DesktopPorts ports({.ProgramFolder = application.ProgramFolder(),
+    DesktopPorts ports({.ProgramFolder = FolderOfProgram(),
                         .WinFolder = WinFolderFromEnvironment(),
-                        .SerialPort = SerialPortFromEnvironment(),
+                        .SerialPort = FromEnvironment("QUAVIX_SERIAL_PORT"),
                         .MidiSystem = {}});
     SaveLoadForm saveLoadForm(ports.Time);
     ProgramParts parts(ports.All(*speaker, saveLoadForm));

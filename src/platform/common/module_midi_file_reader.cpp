@@ -3,6 +3,7 @@
 
 #include <array>
 #include <exception>
+#include <span>
 #include <utility>
 
 #include "modules/midi_file/midi_file_module.h"
@@ -24,38 +25,33 @@ class Sink {
         return {.User = this,
                 .Header =
                     [](void* user, const QuavixMidiFileHeader* header) {
-                        return Guard(user, [&](Sink& sink) { return sink.TakeHeader(*header); });
+                        return Guard(user, [&](Sink& sink) { sink.TakeHeader(*header); });
                     },
                 .Track =
                     [](void* user, std::uint32_t track, std::uint64_t) {
                         return Guard(user, [&](Sink& sink) {
                             sink.FinishTrack();
                             sink.content_.Tracks.resize(track + std::size_t{1});
-                            return true;
                         });
                     },
                 .Events =
                     [](void* user, std::uint32_t, const QuavixMidiFileEvent* events, std::size_t count) {
                         return Guard(user, [&](Sink& sink) {
-                            for (const QuavixMidiFileEvent* event = events; event != events + count; ++event)
+                            for (const QuavixMidiFileEvent& event : std::span(events, count))
                                 sink.track_.push_back(
-                                    {event->Tick, event->Value, event->Status, event->Data1, event->Data2});
-                            return true;
+                                    {event.Tick, event.Value, event.Status, event.Data1, event.Data2});
                         });
                     },
                 .Progress =
                     [](void* user, std::uint64_t done, std::uint64_t total) {
                         return Guard(user, [&](Sink& sink) {
-                            return !sink.goOn_ ||
-                                   sink.goOn_(static_cast<double>(done) / static_cast<double>(total));
+                            sink.stopped_ = sink.goOn_ && !sink.goOn_(static_cast<double>(done) /
+                                                                      static_cast<double>(total));
                         });
                     },
                 .Remark =
                     [](void* user, const char* text) {
-                        Guard(user, [&](Sink& sink) {
-                            sink.content_.Remarks.emplace_back(text);
-                            return true;
-                        });
+                        Guard(user, [&](Sink& sink) { sink.content_.Remarks.emplace_back(text); });
                     }};
     }
 
@@ -72,23 +68,23 @@ class Sink {
     }
 
   private:
-    bool TakeHeader(const QuavixMidiFileHeader& header) {
+    void TakeHeader(const QuavixMidiFileHeader& header) {
         content_.Format = header.Format;
         content_.TicksPerQuarter = header.TicksPerQuarter;
         content_.TicksPerSecondNumerator = header.TicksPerSecondNumerator;
         content_.TicksPerSecondDenominator = header.TicksPerSecondDenominator;
-        return true;
     }
 
+    /// Returns 1 to stop the module.
     template <typename Call>
     static std::int32_t Guard(void* user, Call call) noexcept {
         auto& sink = *static_cast<Sink*>(user);
         try {
-            return call(sink) ? 0 : 1;
+            call(sink);
         } catch (...) {
             sink.thrown_ = std::current_exception();
-            return 1;
         }
+        return sink.stopped_ || sink.thrown_ ? 1 : 0;
     }
 
     MidiFileContent& content_;
@@ -97,6 +93,7 @@ class Sink {
     /// very many events.
     std::vector<MidiFileEvent> track_;
     std::exception_ptr thrown_;
+    bool stopped_ = false;
 };
 
 MidiFileResult ResultOf(std::int32_t result) {
@@ -115,8 +112,6 @@ MidiFileResult ResultOf(std::int32_t result) {
 }  // namespace
 
 ModuleMidiFileReader::ModuleMidiFileReader(std::string fileName) : fileName_(std::move(fileName)) {}
-
-ModuleMidiFileReader::~ModuleMidiFileReader() = default;
 
 std::string ModuleMidiFileReader::Prepare() {
     std::string problem;

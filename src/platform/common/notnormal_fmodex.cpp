@@ -5,14 +5,6 @@
 #include "shell/runtime_error.h"
 
 namespace quavix {
-namespace {
-
-template <typename Type>
-void Find(const DynamicLibrary& library, const char* name, std::function<Type>& function) {
-    function = library.Function<Type>(name);
-}
-
-}  // namespace
 
 NOTNORMALfmodex::NOTNORMALfmodex() {
     ForEachFunction([](const char*, auto& function) {
@@ -33,7 +25,9 @@ std::string NOTNORMALfmodex::Load(const std::string& fileName) {
     if (!missing.empty())
         return "it lacks " + missing;
     library->Keep();
-    ForEachFunction([&](const char* name, auto& function) { Find(*library, name, function); });
+    ForEachFunction([&]<typename Type>(const char* name, std::function<Type>& function) {
+        function = library->Function<Type>(name);
+    });
     return {};
 }
 

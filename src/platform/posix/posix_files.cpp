@@ -36,10 +36,14 @@ bool IsFolder(const std::string& name) {
     return isFolder;
 }
 
-/// Returns the matching files of a folder, given with its separator; at most `most`.
-std::vector<std::string> Matching(const std::string& folder, const std::string& namePattern,
-                                  std::size_t most) {
+/// Returns the files that match; at most `most`.
+std::vector<std::string> Matching(const std::string& pattern, std::size_t most) {
     std::vector<std::string> names;
+    if (HasNul(pattern))
+        return names;
+    const std::size_t nameStart = pattern.rfind('/') + 1;  // npos + 1 is 0
+    const std::string folder = pattern.substr(0, nameStart);
+    const std::string namePattern = pattern.substr(nameStart);
     const std::unique_ptr<DIR, int (*)(DIR*)> listing(::opendir(folder.empty() ? "." : folder.c_str()),
                                                       ::closedir);
     while (const dirent* entry = listing ? ::readdir(listing.get()) : nullptr) {
@@ -125,22 +129,14 @@ std::unique_ptr<Files> MakeFiles() {
 }
 
 bool PosixFiles::FindsNormalFile(const std::string& pattern) {
-    const std::size_t nameStart = pattern.rfind('/') + 1;  // npos + 1 is 0
-    const std::string folder = pattern.substr(0, nameStart);
-    const std::string namePattern = pattern.substr(nameStart);
-    if (namePattern.empty() || HasNul(pattern))
-        return false;
-    if (namePattern.find_first_of("*?") == std::string::npos)
-        return !namePattern.starts_with('.') && IsNoFolder(pattern);
-    return !Matching(folder, namePattern, 1).empty();
+    const std::string name = pattern.substr(pattern.rfind('/') + 1);  // npos + 1 is 0
+    if (name.find_first_of("*?") != std::string::npos)
+        return !Matching(pattern, 1).empty();
+    return !name.empty() && !name.starts_with('.') && !HasNul(pattern) && IsNoFolder(pattern);
 }
 
 std::vector<std::string> PosixFiles::NormalFiles(const std::string& pattern) {
-    const std::size_t nameStart = pattern.rfind('/') + 1;  // npos + 1 is 0
-    if (HasNul(pattern))
-        return {};
-    std::vector<std::string> names =
-        Matching(pattern.substr(0, nameStart), pattern.substr(nameStart), SIZE_MAX);
+    std::vector<std::string> names = Matching(pattern, SIZE_MAX);
     std::sort(names.begin(), names.end());
     return names;
 }

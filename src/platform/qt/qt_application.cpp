@@ -5,8 +5,6 @@
 #include <cstdlib>
 
 #include <QApplication>
-#include <QFile>
-#include <QFileInfo>
 #include <QSocketNotifier>
 
 namespace quavix {
@@ -54,16 +52,10 @@ QtApplication::QtApplication(int& argc, char** argv, const std::string& name, co
     QApplication::setDesktopFileName("quavix");
 }
 
-QtApplication::~QtApplication() {
-    parts_->Notifiers.clear();
-}
+QtApplication::~QtApplication() = default;
 
 std::vector<std::string> QtApplication::Arguments() const {
     return parts_->Arguments;
-}
-
-std::string QtApplication::ProgramFolder() const {
-    return QFile::encodeName(QApplication::applicationDirPath()).toStdString();
 }
 
 void QtApplication::WhenSignalled(WaitHandle handle, std::function<void()> handler) {

@@ -23,9 +23,6 @@ class QtApplication {
     /// Returns the rest of the command line, without the program's own name.
     std::vector<std::string> Arguments() const;
 
-    /// Returns the folder of the executable, as the file system spells it.
-    std::string ProgramFolder() const;
-
     /// Calls `handler` once from the event loop when a handle is signalled.
     void WhenSignalled(WaitHandle handle, std::function<void()> handler);
 

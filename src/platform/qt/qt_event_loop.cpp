@@ -79,12 +79,6 @@ void QtTimers::Timer::Arm() {
     Ticks->Start(LastDueNs + IntervalNs, IntervalNs);
 }
 
-bool QtTimers::Timer::TakeTick() {
-    const std::int64_t ticks = Ticks->Take();
-    LastDueNs += ticks * IntervalNs;
-    return ticks > 0;
-}
-
 Timers::Id QtTimers::Start(std::int32_t intervalMs, std::function<void()> tick) {
     Timer timer{.Ticks = std::make_unique<TickTimer>(),
                 .IntervalNs = NsOf(intervalMs),
@@ -103,14 +97,16 @@ void QtTimers::RunTick(Id timer, const std::function<void()>& tick) {
     auto found = timers_.find(timer);
     if (found == timers_.end())
         return;
-    if (found->second.IsTicking) {
-        found->second.Notifier->setEnabled(
-            false);  // the kernel keeps the tick until the current one has ended
+    Timer& due = found->second;
+    if (due.IsTicking) {
+        due.Notifier->setEnabled(false);  // the kernel keeps the tick until the current one has ended
         return;
     }
-    if (!found->second.TakeTick())
+    const std::int64_t ticks = due.Ticks->Take();
+    if (ticks == 0)
         return;
-    found->second.IsTicking = true;
+    due.LastDueNs += ticks * due.IntervalNs;
+    due.IsTicking = true;
     tick();
     found = timers_.find(timer);
     if (found == timers_.end())

@@ -56,8 +56,6 @@ class QtTimers : public Timers {
         OwnedNotifier Notifier;
 
         void Arm();
-        /// Returns false if there is no tick after all.
-        bool TakeTick();
     };
 
     void RunTick(Id timer, const std::function<void()>& tick);

@@ -8,10 +8,7 @@
 #include <QSerialPort>
 #include <QSerialPortInfo>
 
-#include "platform/common/environment.h"
-
 namespace quavix {
-
 namespace {
 
 std::vector<std::string> FindPorts() {
@@ -102,10 +99,6 @@ void QtSerialPort::Lost(const std::string& reason) {
     lastWords_.Withdraw();
     if (whenLost_)
         whenLost_(reason);
-}
-
-std::string SerialPortFromEnvironment() {
-    return FromEnvironment("QUAVIX_SERIAL_PORT");
 }
 
 }  // namespace quavix

@@ -44,7 +44,4 @@ class QtSerialPort : public SerialPort {
     std::function<void(const std::string&)> whenLost_;
 };
 
-/// Returns the port in QUAVIX_SERIAL_PORT; empty if it is not set.
-std::string SerialPortFromEnvironment();
-
 }  // namespace quavix

@@ -44,10 +44,9 @@ bool ListedBit(const std::string& file, unsigned bit) {
     return ((bits >> bit) & 1) != 0;
 }
 
-template <std::size_t Size>
 bool AskedBit(int device, unsigned type, unsigned bit) {
-    std::array<unsigned long, Size> bits{};
-    return ioctl(device, EVIOCGBIT(type, sizeof bits), bits.data()) >= 0 && ((bits[0] >> bit) & 1) != 0;
+    unsigned long bits = 0;
+    return ioctl(device, EVIOCGBIT(type, sizeof bits), &bits) >= 0 && ((bits >> bit) & 1) != 0;
 }
 
 }  // namespace
@@ -97,7 +96,7 @@ InputDeviceFacts LinuxInputDevices::Ask(const FileDescriptor& device) const {
     text.fill('\0');
     if (ioctl(device.Get(), EVIOCGPHYS(text.size() - 1), text.data()) >= 0)
         facts.PhysicalPath = text.data();
-    facts.HasTones = AskedBit<1>(device.Get(), 0, EV_SND) && AskedBit<1>(device.Get(), EV_SND, SND_TONE);
+    facts.HasTones = AskedBit(device.Get(), 0, EV_SND) && AskedBit(device.Get(), EV_SND, SND_TONE);
     return facts;
 }
 

@@ -35,18 +35,15 @@ SpeakerLock TakeSpeakerLock(const std::string& runtimeFolder, const std::string&
             return {{},
                     fmt::format("There is no safe folder for its lock: {} is not a private folder.", own)};
     }
-    SpeakerLock lock;
-    lock.File = FileDescriptor(openat(folder.Get(), "quavix-speaker.lock",
-                                      O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC, S_IRUSR | S_IWUSR));
-    if (!lock.File)
-        lock.Reason = fmt::format("Its lock can't be made: {}.", std::strerror(errno));
-    else if (flock(lock.File.Get(), LOCK_EX | LOCK_NB) != 0) {
-        lock.Reason = errno == EWOULDBLOCK
-                          ? "Another copy of Quavix is using the PC speaker."
-                          : fmt::format("Its lock can't be taken: {}.", std::strerror(errno));
-        lock.File.Close();
-    }
-    return lock;
+    FileDescriptor file(openat(folder.Get(), "quavix-speaker.lock", O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC,
+                               S_IRUSR | S_IWUSR));
+    if (!file)
+        return {{}, fmt::format("Its lock can't be made: {}.", std::strerror(errno))};
+    if (flock(file.Get(), LOCK_EX | LOCK_NB) == 0)
+        return {std::move(file), {}};
+    if (errno == EWOULDBLOCK)
+        return {{}, "Another copy of Quavix is using the PC speaker."};
+    return {{}, fmt::format("Its lock can't be taken: {}.", std::strerror(errno))};
 }
 
 }  // namespace quavix
