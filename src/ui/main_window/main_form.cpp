@@ -64,14 +64,25 @@ void PlaceModWindow(ModWindow& form, QWidget& owner) {
     form.move(corner + QPoint(-Step, Step) * steps);
 }
 
-/// Makes the window of a mod when it is first needed, with `parts` as its dependencies.
-template <typename Make, typename... Parts>
-void MakeWhenTicked(QWidget* owner, const Watched<bool>& check, Make make, Parts&... parts) {
-    check.Watch([make, &parts..., guard = QPointer<QWidget>(owner), isMade = false](bool) mutable {
-        if (!guard || isMade)
+/// Shows the window of a mod in front while `visible` is true. When it is first needed, it is made and filled
+/// by `setUp`, with `parts` as its dependencies.
+template <typename SetUp, typename... Parts>
+void AddModWindow(QWidget* owner, Mod& mod, const Watched<bool>& visible, EventBoundary& handlers,
+                  SetUp setUp, Parts&... parts) {
+    visible.Watch([&mod, &handlers, setUp, &parts..., guard = QPointer<QWidget>(owner),
+                   form = static_cast<ModWindow*>(nullptr)](bool show) mutable {
+        if (!guard)
             return;
-        isMade = true;
-        PlaceModWindow(*make(parts..., guard), *guard);
+        if (form == nullptr) {
+            form = new ModWindow(mod.Ticked, handlers, guard);
+            setUp(*form, parts..., handlers);
+            PlaceModWindow(*form, *guard);
+        }
+        form->setVisible(show);
+        if (show) {
+            form->raise();
+            form->activateWindow();
+        }
     });
 }
 
@@ -137,18 +148,21 @@ void MainForm::AddModWindows() {
     SoundMods& sound = program_.Outputs.SoundMods;
     MidiOutput& midiOut = program_.Outputs.MidiOutput;
     Playing& playing = program_.Playing;
-    MakeWhenTicked(this, sound.UseFmod.FMODOptionsFormVisible, &MakeFMODOptionsForm, mods, sound, handlers);
-    MakeWhenTicked(this, sound.UseVoice.VoiceInternalFormVisible, &MakeVoiceInternalForm, mods,
-                   program_.Fields.Output, sound, handlers);
-    MakeWhenTicked(this, midiOut.Fields.MIDIOutFormVisible, &MakeMIDIOutForm, mods, midiOut, handlers);
-    MakeWhenTicked(this, playing.MidiInput.MIDIInFormVisible, &MakeMIDIInForm, mods, playing.MidiInput,
-                   handlers);
-    MakeWhenTicked(this, mods.UseBeat.Ticked, &MakeBeatForm, mods, playing.Beat, handlers);
-    MakeWhenTicked(this, mods.UsePorta.Ticked, &MakePortamentoForm, mods, program_.Outputs.PitchGlide,
-                   handlers);
-    MakeWhenTicked(this, playing.MidiFilePlayback.MIDIFileFormVisible, &MakeMIDIFileForm, mods,
-                   playing.MidiFilePlayback, handlers);
-    MakeWhenTicked(this, mods.UseSynchro.Ticked, &MakeSynchroForm, mods, playing.SynchroPlay, handlers);
+    AddModWindow(this, mods.UseFMOD, sound.UseFmod.FMODOptionsFormVisible, handlers, &SetUpFMODOptionsForm,
+                 sound);
+    AddModWindow(this, mods.UseVoice, sound.UseVoice.VoiceInternalFormVisible, handlers,
+                 &SetUpVoiceInternalForm, program_.Fields.Output, sound);
+    AddModWindow(this, mods.UseMIDIOut, midiOut.Fields.MIDIOutFormVisible, handlers, &SetUpMIDIOutForm,
+                 midiOut);
+    AddModWindow(this, mods.UseMIDIIn, playing.MidiInput.MIDIInFormVisible, handlers, &SetUpMIDIInForm,
+                 playing.MidiInput);
+    AddModWindow(this, mods.UseBeat, mods.UseBeat.Ticked, handlers, &SetUpBeatForm, playing.Beat);
+    AddModWindow(this, mods.UsePorta, mods.UsePorta.Ticked, handlers, &SetUpPortamentoForm,
+                 program_.Outputs.PitchGlide);
+    AddModWindow(this, mods.UseMIDIFile, playing.MidiFilePlayback.MIDIFileFormVisible, handlers,
+                 &SetUpMIDIFileForm, playing.MidiFilePlayback);
+    AddModWindow(this, mods.UseSynchro, mods.UseSynchro.Ticked, handlers, &SetUpSynchroForm,
+                 playing.SynchroPlay);
 }
 
 /// Adds the panels in the order of the Tab key.

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "music/main_fields.h"
 #include "playback/beat.h"
 #include "ui/mods/mod_forms.h"
 #include "ui/widgets/binding.h"
@@ -7,12 +6,10 @@
 
 namespace quavix {
 
-ModWindow* MakeBeatForm(ModFields& mods, Beat& beat, EventBoundary& handlers, QWidget* owner) {
-    auto* form = new ModWindow(mods.UseBeat.Ticked, mods.UseBeat.Ticked, handlers, owner);
+void SetUpBeatForm(ModWindow& form, Beat& beat, EventBoundary& handlers) {
     Ui::BeatForm ui{};
-    ui.setupUi(form);
+    ui.setupUi(&form);
     BindOptions(ui.optBeatAll, beat.optBeatAll, ui.optBeatEven, beat.optBeatEven, handlers);
-    return form;
 }
 
 }  // namespace quavix

@@ -2,17 +2,15 @@
 #include <QRadioButton>
 
 #include "fmod/sound_mods.h"
-#include "music/main_fields.h"
 #include "ui/mods/mod_forms.h"
 #include "ui/widgets/binding.h"
 #include "ui_fmod_options_form.h"
 
 namespace quavix {
 
-ModWindow* MakeFMODOptionsForm(ModFields& mods, SoundMods& sound, EventBoundary& handlers, QWidget* owner) {
-    auto* form = new ModWindow(sound.UseFmod.FMODOptionsFormVisible, mods.UseFMOD.Ticked, handlers, owner);
+void SetUpFMODOptionsForm(ModWindow& form, SoundMods& sound, EventBoundary& handlers) {
     Ui::FMODOptionsForm ui{};
-    ui.setupUi(form);
+    ui.setupUi(&form);
     FmodToneGenerator& generator = sound.Generator;
     for (const auto& [button, waveform] :
          {std::pair{ui.optSine, fmod_waveform::Sine}, std::pair{ui.optSquare, fmod_waveform::Square},
@@ -23,7 +21,7 @@ ModWindow* MakeFMODOptionsForm(ModFields& mods, SoundMods& sound, EventBoundary&
                 option->setChecked(true);
         });
         // Assistive technology toggles without a click.
-        QObject::connect(button, &QRadioButton::toggled, form,
+        QObject::connect(button, &QRadioButton::toggled, &form,
                          [&generator, &handlers, option = button, own = waveform](bool chosen) {
                              if (chosen && generator.DSPType != own)
                                  RunHandler(*option, "Click", handlers,
@@ -31,7 +29,6 @@ ModWindow* MakeFMODOptionsForm(ModFields& mods, SoundMods& sound, EventBoundary&
                          });
     }
     BindCheck(ui.NeverSilentCheck, sound.UseFmod.NeverSilentCheck, handlers);
-    return form;
 }
 
 }  // namespace quavix

@@ -3,7 +3,6 @@
 #include <QSignalBlocker>
 
 #include "midi/midi_file_playback.h"
-#include "music/main_fields.h"
 #include "ui/mods/mod_forms.h"
 #include "ui/widgets/binding.h"
 #include "ui_midi_file_form.h"
@@ -27,11 +26,9 @@ void BindPosition(QSlider* slider, MidiFilePlayback& playback, EventBoundary& ha
 
 }  // namespace
 
-ModWindow* MakeMIDIFileForm(ModFields& mods, MidiFilePlayback& playback, EventBoundary& handlers,
-                            QWidget* owner) {
-    auto* form = new ModWindow(playback.MIDIFileFormVisible, mods.UseMIDIFile.Ticked, handlers, owner);
+void SetUpMIDIFileForm(ModWindow& form, MidiFilePlayback& playback, EventBoundary& handlers) {
     Ui::MIDIFileForm ui{};
-    ui.setupUi(form);
+    ui.setupUi(&form);
     ShowIn(ui.txtFile, playback.txtFile, [edit = ui.txtFile](const std::string& fileName) {
         edit->setText(QFile::decodeName(fileName.c_str()));
     });
@@ -50,9 +47,8 @@ ModWindow* MakeMIDIFileForm(ModFields& mods, MidiFilePlayback& playback, EventBo
     BindLabel(ui.lblInfoText, playback.lblInfoText);
     BindVisible(ui.frmInfoText, playback.frmInfoTextVisible);
     KeepPlaceWhenHidden(ui.frmInfoText);
-    ui.heldNotesLayout->addWidget(MakeHeldNotesPanel(playback, 30, handlers, form));
-    form->resize(form->sizeHint());
-    return form;
+    ui.heldNotesLayout->addWidget(MakeHeldNotesPanel(playback, 30, handlers, &form));
+    form.resize(form.sizeHint());
 }
 
 }  // namespace quavix

@@ -1,17 +1,15 @@
 // SPDX-License-Identifier: MIT
 #include "midi/midi_notes.h"
 #include "midi/midi_output.h"
-#include "music/main_fields.h"
 #include "ui/mods/mod_forms.h"
 #include "ui/widgets/binding.h"
 #include "ui_midi_out_form.h"
 
 namespace quavix {
 
-ModWindow* MakeMIDIOutForm(ModFields& mods, MidiOutput& midi, EventBoundary& handlers, QWidget* owner) {
-    auto* form = new ModWindow(midi.Fields.MIDIOutFormVisible, mods.UseMIDIOut.Ticked, handlers, owner);
+void SetUpMIDIOutForm(ModWindow& form, MidiOutput& midi, EventBoundary& handlers) {
     Ui::MIDIOutForm ui{};
-    ui.setupUi(form);
+    ui.setupUi(&form);
     ui.cmbMIDIOutDevice->Bind(
         midi.Fields.MIDIOutDevices, midi.Fields.cmbMIDIOutDevice, handlers, [&midi] { midi.FindDevices(); },
         [&midi](std::int32_t entry) { midi.cmbMIDIOutDevice_Click(entry); });
@@ -27,8 +25,7 @@ ModWindow* MakeMIDIOutForm(ModFields& mods, MidiOutput& midi, EventBoundary& han
     // Repainted at once, because the announced action follows and may take a while.
     ShowIn(ui.lblInfoText, midi.Fields.lblInfoText,
            [label = ui.lblInfoText](const auto&) { label->repaint(); });
-    form->resize(form->sizeHint());
-    return form;
+    form.resize(form.sizeHint());
 }
 
 }  // namespace quavix

@@ -13,40 +13,38 @@ class PitchGlide;
 class SoundMods;
 class SynchroPlay;
 class UsingForm;
-struct ModFields;
 struct OutputOptions;
 
-// The windows of the mods. Each function makes one, owned by `owner`. What the window is bound to must
-// outlive its use.
+// The windows of the mods. Each function fills one with its controls. What they are bound to must outlive
+// their use.
 
 /// The waveform of the sound card's tones, and the never-silent option.
-ModWindow* MakeFMODOptionsForm(ModFields& mods, SoundMods& sound, EventBoundary& handlers, QWidget* owner);
+void SetUpFMODOptionsForm(ModWindow& form, SoundMods& sound, EventBoundary& handlers);
 
 /// The sliders and the vowel buttons of the voice.
-ModWindow* MakeVoiceInternalForm(ModFields& mods, OutputOptions& output, SoundMods& sound,
-                                 EventBoundary& handlers, QWidget* owner);
+void SetUpVoiceInternalForm(ModWindow& form, OutputOptions& output, SoundMods& sound,
+                            EventBoundary& handlers);
 
 /// The MIDI device for output, with its channel and instrument.
-ModWindow* MakeMIDIOutForm(ModFields& mods, MidiOutput& midi, EventBoundary& handlers, QWidget* owner);
+void SetUpMIDIOutForm(ModWindow& form, MidiOutput& midi, EventBoundary& handlers);
 
 /// The MIDI device for input, and the notes held on it.
-ModWindow* MakeMIDIInForm(ModFields& mods, MidiInput& midi, EventBoundary& handlers, QWidget* owner);
+void SetUpMIDIInForm(ModWindow& form, MidiInput& midi, EventBoundary& handlers);
 
 /// The window of MIDI file playback: the file, the playback controls, and the held notes.
-ModWindow* MakeMIDIFileForm(ModFields& mods, MidiFilePlayback& playback, EventBoundary& handlers,
-                            QWidget* owner);
+void SetUpMIDIFileForm(ModWindow& form, MidiFilePlayback& playback, EventBoundary& handlers);
 
 /// The common part of the windows whose notes go through the cycler: the channels to listen to, the grid of
 /// held notes, and the playing options. The caption of AutoTimeCheck names `cycleMs` and its half.
 QWidget* MakeHeldNotesPanel(UsingForm& form, int cycleMs, EventBoundary& handlers, QWidget* parent);
 
 /// The speed of the tweeble portamento's glides, and its duration.
-ModWindow* MakePortamentoForm(ModFields& mods, PitchGlide& glide, EventBoundary& handlers, QWidget* owner);
+void SetUpPortamentoForm(ModWindow& form, PitchGlide& glide, EventBoundary& handlers);
 
 /// The choice of the beats that the beat sound plays on.
-ModWindow* MakeBeatForm(ModFields& mods, Beat& beat, EventBoundary& handlers, QWidget* owner);
+void SetUpBeatForm(ModWindow& form, Beat& beat, EventBoundary& handlers);
 
 /// The window of the synchronized start: the time, the place in the music, and the wait button.
-ModWindow* MakeSynchroForm(ModFields& mods, SynchroPlay& synchro, EventBoundary& handlers, QWidget* owner);
+void SetUpSynchroForm(ModWindow& form, SynchroPlay& synchro, EventBoundary& handlers);
 
 }  // namespace quavix

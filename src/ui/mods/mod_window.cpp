@@ -8,20 +8,6 @@
 
 namespace quavix {
 
-ModWindow::ModWindow(const Watched<bool>& visible, Watched<bool>& check, EventBoundary& handlers,
-                     QWidget* owner)
-    : QDialog(owner), check_(check), handlers_(handlers) {
-    visible.Watch([guard = QPointer<QWidget>(this)](bool show) {
-        if (!guard)
-            return;
-        guard->setVisible(show);
-        if (show) {
-            guard->raise();
-            guard->activateWindow();
-        }
-    });
-}
-
 void ModWindow::closeEvent(QCloseEvent* event) {
     event->ignore();
     reject();

@@ -14,9 +14,9 @@ class ModWindow : public QDialog {
     Q_OBJECT
 
   public:
-    /// Shows the window in front while `visible` is true. Closing it sets `check` to false. Both values must
-    /// outlive its use.
-    ModWindow(const Watched<bool>& visible, Watched<bool>& check, EventBoundary& handlers, QWidget* owner);
+    /// Closing the window sets `check` to false, which must outlive its use.
+    ModWindow(Watched<bool>& check, EventBoundary& handlers, QWidget* owner)
+        : QDialog(owner), check_(check), handlers_(handlers) {}
 
     /// Handles Escape like closing.
     void reject() override;

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "music/main_fields.h"
 #include "playback/pitch_glide.h"
 #include "ui/mods/mod_forms.h"
 #include "ui/texts.h"
@@ -8,10 +7,9 @@
 
 namespace quavix {
 
-ModWindow* MakePortamentoForm(ModFields& mods, PitchGlide& glide, EventBoundary& handlers, QWidget* owner) {
-    auto* form = new ModWindow(mods.UsePorta.Ticked, mods.UsePorta.Ticked, handlers, owner);
+void SetUpPortamentoForm(ModWindow& form, PitchGlide& glide, EventBoundary& handlers) {
     Ui::PortamentoForm ui{};
-    ui.setupUi(form);
+    ui.setupUi(&form);
     KeepWidthOf(ui.lblPitchMultiple, "00.00%");
     KeepWidthOf(ui.lblSoundLength, "00.00%");  // aligns the ends of both sliders
     ui.lblNote->setText(text::UsePorta.HelpText);
@@ -23,8 +21,7 @@ ModWindow* MakePortamentoForm(ModFields& mods, PitchGlide& glide, EventBoundary&
     BindOptions(ui.optSoundAlways, fields.optSoundAlways, ui.optSoundStops, fields.optSoundStops, handlers);
     BindSlider(ui.SoundLengthSlider, fields.SoundLengthSlider, parameter::SoundLength, "Change", handlers);
     BindLabel(ui.lblSoundLength, fields.lblSoundLength);
-    form->resize(form->sizeHint());
-    return form;
+    form.resize(form.sizeHint());
 }
 
 }  // namespace quavix

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "music/main_fields.h"
 #include "playback/synchro_play.h"
 #include "ui/mods/mod_forms.h"
 #include "ui/widgets/binding.h"
@@ -8,10 +7,9 @@
 
 namespace quavix {
 
-ModWindow* MakeSynchroForm(ModFields& mods, SynchroPlay& synchro, EventBoundary& handlers, QWidget* owner) {
-    auto* form = new ModWindow(mods.UseSynchro.Ticked, mods.UseSynchro.Ticked, handlers, owner);
+void SetUpSynchroForm(ModWindow& form, SynchroPlay& synchro, EventBoundary& handlers) {
     Ui::SynchroForm ui{};
-    ui.setupUi(form);
+    ui.setupUi(&form);
     for (const auto& [edit, box] :
          {std::pair{ui.txtHour, &synchro.txtHour}, std::pair{ui.txtMinute, &synchro.txtMinute},
           std::pair{ui.txtSecond, &synchro.txtSecond}}) {
@@ -31,7 +29,6 @@ ModWindow* MakeSynchroForm(ModFields& mods, SynchroPlay& synchro, EventBoundary&
     BindLabel(ui.lblWaiting, synchro.lblWaiting);
     ShowIn(ui.lblWaiting, synchro.lblWaitingBackColor,
            [label = ui.lblWaiting](std::int32_t colour) { PaintLabel(label, colour); });
-    return form;
 }
 
 }  // namespace quavix

@@ -12,12 +12,11 @@
 
 namespace quavix {
 
-ModWindow* MakeVoiceInternalForm(ModFields& mods, OutputOptions& output, SoundMods& sound,
-                                 EventBoundary& handlers, QWidget* owner) {
+void SetUpVoiceInternalForm(ModWindow& form, OutputOptions& output, SoundMods& sound,
+                            EventBoundary& handlers) {
     UseVoice& controls = sound.UseVoice;
-    auto* form = new ModWindow(controls.VoiceInternalFormVisible, mods.UseVoice.Ticked, handlers, owner);
     Ui::VoiceInternalForm ui{};
-    ui.setupUi(form);
+    ui.setupUi(&form);
 
     const auto bind = [&handlers](QSlider* slider, Watched<std::int32_t>& value, const Parameter& range,
                                   QLabel* label, const Watched<std::string>& words) {
@@ -57,7 +56,6 @@ ModWindow* MakeVoiceInternalForm(ModFields& mods, OutputOptions& output, SoundMo
           std::pair{ui.SpeechIButton, &vowel::I}, std::pair{ui.SpeechOButton, &vowel::O},
           std::pair{ui.SpeechUButton, &vowel::U}})
         BindButton(button, handlers, [&controls, wanted = vowel] { controls.SpeechButton_Click(*wanted); });
-    return form;
 }
 
 }  // namespace quavix

@@ -6,16 +6,12 @@
 namespace quavix {
 namespace {
 
-QString WithoutSigns(const std::string& note) {
-    return QString::fromStdString(note).replace("#", " sharp ");
-}
-
 /// Returns a row for screen readers: "Quarter, C4 and E4, dotted".
 QString ReadOut(const MusicLine& line) {
     QStringList notes;
     for (const std::string& note : {line.Note1, line.Note2}) {
         if (!note.empty())
-            notes += WithoutSigns(note);
+            notes += QString::fromStdString(note).replace("#", " sharp ");
     }
     QString text = QString::fromStdString(line.Length) + ", " +
                    (notes.isEmpty() ? QCoreApplication::translate("MusicList", "silent")

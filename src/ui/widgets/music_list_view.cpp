@@ -100,13 +100,6 @@ void MusicListView::Click(int row) {
     Q_EMIT ItemClicked(row);
 }
 
-void MusicListView::TellSelectionMoved() {
-    if (clicking_)
-        movedInClick_ = true;
-    else
-        Q_EMIT SelectionMoved();
-}
-
 void MusicListView::keyPressEvent(QKeyEvent* event) {
     const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     if (isEnter && currentIndex().isValid() && selectionModel()->isSelected(currentIndex())) {
@@ -158,7 +151,10 @@ void MusicListView::WriteSelection() {
         const QScopedValueRollback syncing(syncing_, true);
         list_->SetSelectedRuns(item, std::move(rows));
     }
-    TellSelectionMoved();
+    if (clicking_)
+        movedInClick_ = true;
+    else
+        Q_EMIT SelectionMoved();
 }
 
 /// Shows the list's selection in the view.

@@ -52,7 +52,6 @@ class MusicListView : public QTableView, private MusicListObserver {
 
     void ShowSelection();
     void WriteSelection();
-    void TellSelectionMoved();
     void Click(int row);
     RowRuns SelectedRuns() const;
 
