@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <random>
 #include <string>
 
 #include "platform/common/module_midi_devices.h"
@@ -49,7 +50,7 @@ struct DesktopPorts {
     QtFilePicker Picker;
     QtClipboard Clipboard;
     QtTimers Ticks;
-    SystemRandomNumbers Random;
+    SeededRandomNumbers Random{std::random_device{}()};
     QtSerialPort Comm;
     NOTNORMALfmodex Sound;
     QtHandleWatch HandleWatch;

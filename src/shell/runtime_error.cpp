@@ -1,13 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include "shell/runtime_error.h"
 
+#include <fmt/format.h>
+
 namespace quavix {
 namespace {
 
 const char* ErrorText(RuntimeError::Code code) {
     switch (code) {
-        case RuntimeError::InvalidProcedureCall:
-            return "Invalid procedure call or argument";
         case RuntimeError::Overflow:
             return "Overflow";
         case RuntimeError::SubscriptOutOfRange:
@@ -30,8 +30,6 @@ const char* ErrorText(RuntimeError::Code code) {
             return "Path/File access error";
         case RuntimeError::PathNotFound:
             return "Path not found";
-        case RuntimeError::InvalidPropertyValue:
-            return "Invalid property value";
         case RuntimeError::IndexOutOfBounds:
             return "Index out of bounds";
     }
@@ -39,10 +37,7 @@ const char* ErrorText(RuntimeError::Code code) {
 }
 
 std::string Message(RuntimeError::Code code, const std::string& detail) {
-    std::string message = ErrorText(code);
-    if (!detail.empty())
-        message += " (" + detail + ")";
-    return message;
+    return detail.empty() ? ErrorText(code) : fmt::format("{} ({})", ErrorText(code), detail);
 }
 
 }  // namespace

@@ -13,7 +13,6 @@ namespace quavix {
 class RuntimeError : public std::runtime_error {
   public:
     enum Code : std::int32_t {
-        InvalidProcedureCall = 5,
         Overflow = 6,
         SubscriptOutOfRange = 9,
         DivisionByZero = 11,
@@ -25,7 +24,6 @@ class RuntimeError : public std::runtime_error {
         PermissionDenied = 70,
         PathFileAccessError = 75,
         PathNotFound = 76,
-        InvalidPropertyValue = 380,
         IndexOutOfBounds = 35600,
     };
 

@@ -22,10 +22,4 @@ class SeededRandomNumbers : public RandomNumbers {
     std::mt19937 generator_;
 };
 
-/// A source of random numbers that differ at every start.
-class SystemRandomNumbers : public SeededRandomNumbers {
-  public:
-    SystemRandomNumbers() : SeededRandomNumbers(std::random_device{}()) {}
-};
-
 }  // namespace quavix
