@@ -16,12 +16,13 @@ void FmodEngine::Start(const FmodOutput& output) {
     errors_.ERRCHECK(library_.FMOD_System_GetVersion(system_, &version));
     errors_.RequireVersion(version, "Version");
     errors_.ERRCHECK(library_.FMOD_System_SetDSPBufferSize(system_, BufferLength, BufferCount));
-    if (output.Output != FmodOutput::BestDevice)
+    if (output.Output != SOUND_OUTPUT_DEVICE)
         errors_.ERRCHECK(library_.FMOD_System_SetOutput(system_, output.Output));
     errors_.ERRCHECK(library_.FMOD_System_Init(system_, MaxChannels, NormalFlags, output.Extra()));
     GetFMODBufferLength();
-    errors_.ERRCHECK(library_.FMOD_System_CreateDSPByType(system_, fmod_unit::Oscillator, &oscillator_));
-    errors_.ERRCHECK(library_.FMOD_System_PlayDSP(system_, FmodChannelReuse, oscillator_, true, &channel_));
+    errors_.ERRCHECK(library_.FMOD_System_CreateDSPByType(system_, SOUND_OSCILLATOR, &oscillator_));
+    errors_.ERRCHECK(
+        library_.FMOD_System_PlayDSP(system_, SOUND_CHANNEL_REUSE, oscillator_, true, &channel_));
 }
 
 void FmodEngine::Stop() {

@@ -2,7 +2,6 @@
 #include "fmod/fmod_errors.h"
 
 #include <array>
-#include <cstddef>
 
 #include "shell/program_info.h"
 

@@ -2,19 +2,16 @@
 #include "fmod/fmod_tone_generator.h"
 
 #include <algorithm>
-#include <utility>
 
 #include "shell/numbers.h"
 
 namespace quavix {
 namespace {
 
+/// Rate of the oscillator in Hz from which the pitch is computed.
 constexpr double ReferenceRate = 4000;
 
 }  // namespace
-
-FmodToneGenerator::FmodToneGenerator(FmodToneParts parts)
-    : p_(std::move(parts)), referenceRate_(ReferenceRate) {}
 
 void FmodToneGenerator::Sound(const Tone& tone) {
     const bool mustStop = tone.Options.NoteIsFrequency || tone.Options.SpecificStop;
@@ -29,7 +26,7 @@ void FmodToneGenerator::FMODBeep(double frequency, double durationMs, bool noSto
                          NumberText(frequency), NumberText(durationMs), LogFlag(noStop));
     // Convert first: an overflow after un-pausing would leave the tone sounding.
     const std::int32_t milliseconds = ToInt32(durationMs);
-    const double channelFrequency = static_cast<float>(frequency) * Tuning * (ChannelRate / referenceRate_);
+    const double channelFrequency = static_cast<float>(frequency) * Tuning * (ChannelRate / ReferenceRate);
     p_.Errors.ERRCHECK(
         p_.Library.FMOD_Channel_SetFrequency(p_.Engine.Channel(), static_cast<float>(channelFrequency)));
     SetPaused(false);
@@ -44,7 +41,7 @@ void FmodToneGenerator::FMODBeep(double frequency, double durationMs, bool noSto
 void FmodToneGenerator::FMODBeepStop() {
     if (p_.Mods.UseFMOD.InUse)
         SetPaused(true);
-    if (p_.Mods.UseMotor.InUse && p_.SendString)
+    if (p_.Mods.UseMotor.InUse)
         p_.SendString("#0p1470");
 }
 
@@ -52,13 +49,11 @@ void FmodToneGenerator::ChangeDSPType(std::int32_t newDspType) {
     constexpr float Volume = 0.18F;
     // The library's square wave sounds at half its rate.
     constexpr float SquareRate = 8000;
-    referenceRate_ = ReferenceRate;
-    const float rate = newDspType == fmod_waveform::Square ? SquareRate : static_cast<float>(ReferenceRate);
-    p_.Errors.ERRCHECK(
-        p_.Library.FMOD_DSP_SetParameter(p_.Engine.Oscillator(), fmod_parameter::OscillatorRate, rate));
+    const float rate = newDspType == SOUND_SQUARE ? SquareRate : static_cast<float>(ReferenceRate);
+    p_.Errors.ERRCHECK(p_.Library.FMOD_DSP_SetParameter(p_.Engine.Oscillator(), SOUND_OSCILLATOR_RATE, rate));
     p_.Errors.ERRCHECK(p_.Library.FMOD_Channel_SetVolume(p_.Engine.Channel(), Volume));
-    p_.Errors.ERRCHECK(p_.Library.FMOD_DSP_SetParameter(
-        p_.Engine.Oscillator(), fmod_parameter::OscillatorType, static_cast<float>(newDspType)));
+    p_.Errors.ERRCHECK(p_.Library.FMOD_DSP_SetParameter(p_.Engine.Oscillator(), SOUND_OSCILLATOR_TYPE,
+                                                        static_cast<float>(newDspType)));
     DSPType = newDspType;
 }
 

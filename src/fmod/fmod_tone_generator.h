@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <functional>
 #include <string>
+#include <utility>
 
 #include "fmod/fmod_engine.h"
 #include "music/main_fields.h"
@@ -29,9 +30,7 @@ struct FmodToneParts {
 /// pauses it for silence.
 class FmodToneGenerator final : public ToneOutput {
   public:
-    explicit FmodToneGenerator(FmodToneParts parts);
-    FmodToneGenerator(const FmodToneGenerator&) = delete;
-    FmodToneGenerator& operator=(const FmodToneGenerator&) = delete;
+    explicit FmodToneGenerator(FmodToneParts parts) : p_(std::move(parts)) {}
 
     /// Sounds a tone. It keeps sounding afterwards if its options or the never-silent option ask for it; a
     /// bare frequency always stops.
@@ -44,18 +43,16 @@ class FmodToneGenerator final : public ToneOutput {
     /// Silences the generator if it is in use, and stops the motor if that is.
     void FMODBeepStop();
 
-    /// Sets the waveform, one of fmod_waveform. "Triangle" on the options window is FallingSaw.
+    /// Sets the waveform, a SoundWaveform. "Triangle" on the options window is SOUND_FALLING_SAW.
     void ChangeDSPType(std::int32_t newDspType);
 
     /// The current waveform.
-    Watched<std::int32_t> DSPType{fmod_waveform::Square};
+    Watched<std::int32_t> DSPType{SOUND_SQUARE};
 
   private:
     void SetPaused(bool paused);
 
     FmodToneParts p_;
-    /// Rate of the oscillator in Hz from which the pitch is computed.
-    double referenceRate_;
 };
 
 }  // namespace quavix

@@ -50,7 +50,7 @@ void SoundMods::StartEngine(const FmodOutput& output) {
     }
     p_.Log.LogText("FMOD can be used ('fmodex.dll' seen)");
     Engine.Start(output);
-    Generator.ChangeDSPType(fmod_waveform::Square);
+    Generator.ChangeDSPType(SOUND_SQUARE);
 }
 
 }  // namespace quavix

@@ -11,11 +11,13 @@ UseFmod::UseFmod(SongFields& song, ModFields& mods, OutputOptions& output, FmodT
       mods_(mods),
       output_(output),
       generator_(generator),
-      handlers_(handlers),
       previousRatio_(song.NoteSilenceRatio) {
-    mods_.UseFMOD.Ticked.Watch(handlers_.Wrap("UseFMODCheck_Click", [this] { UseFMODCheck_Click(); }));
-    NeverSilentCheck.Watch(handlers_.Wrap("NeverSilentCheck_Click", [this] { NeverSilentCheck_Click(); }));
-    song_.NoteSilenceRatio.State().Watch([this](const SettingState&) { NoteSilenceRatioSlider_Change(); });
+    mods_.UseFMOD.Ticked.Watch(handlers.Wrap("UseFMODCheck_Click", [this] { UseFMODCheck_Click(); }));
+    NeverSilentCheck.Watch(handlers.Wrap("NeverSilentCheck_Click", [this] { NeverSilentCheck_Click(); }));
+    song_.NoteSilenceRatio.State().Watch([this](const SettingState&) {
+        if (NeverSilentCheck && !manuallySettingCheck_)
+            ratioManuallyChanged_ = true;
+    });
 }
 
 void UseFmod::UseFMODCheck_Click() {
@@ -35,11 +37,6 @@ void UseFmod::NeverSilentCheck_Click() {
     } else if (!ratioManuallyChanged_) {
         song_.NoteSilenceRatio.Set(previousRatio_);
     }
-}
-
-void UseFmod::NoteSilenceRatioSlider_Change() {
-    if (NeverSilentCheck && !manuallySettingCheck_)
-        ratioManuallyChanged_ = true;
 }
 
 }  // namespace quavix

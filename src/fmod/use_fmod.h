@@ -15,8 +15,6 @@ class UseFmod {
   public:
     UseFmod(SongFields& song, ModFields& mods, OutputOptions& output, FmodToneGenerator& generator,
             EventBoundary& handlers);
-    UseFmod(const UseFmod&) = delete;
-    UseFmod& operator=(const UseFmod&) = delete;
 
     /// True while FMOD is in use: the options window is shown.
     Watched<bool> FMODOptionsFormVisible;
@@ -28,13 +26,11 @@ class UseFmod {
   private:
     void UseFMODCheck_Click();
     void NeverSilentCheck_Click();
-    void NoteSilenceRatioSlider_Change();
 
     SongFields& song_;
     ModFields& mods_;
     OutputOptions& output_;
     FmodToneGenerator& generator_;
-    EventBoundary& handlers_;
     /// The ratio before the option was ticked.
     std::int32_t previousRatio_;
     /// True if the ratio was changed by other means since then; it is not restored then.

@@ -36,7 +36,7 @@ void Describe(Watched<std::int32_t>& slider, Watched<std::string>& label, Text t
 
 UseVoice::UseVoice(ModFields& mods, OutputOptions& output, VoiceMainForm& voice, FmodErrors& errors,
                    EventBoundary& handlers)
-    : mods_(mods), output_(output), voice_(voice), errors_(errors), handlers_(handlers) {
+    : mods_(mods), output_(output), voice_(voice), errors_(errors) {
     for (std::size_t i = 0; i < FormantCount; ++i) {
         FormantDSPFreqSlider[i] = vowel::A[i].Frequency;
         FormantDSPVolSlider[i] = vowel::A[i].Volume;
@@ -55,28 +55,23 @@ UseVoice::UseVoice(ModFields& mods, OutputOptions& output, VoiceMainForm& voice,
     voice_.MaxRandomFormantFreq = FormantRandomFreqSlider;
     WatchSliders();
     WatchFormantSliders();
-    mods_.UseVoice.Ticked.Watch(handlers_.Wrap("UseVoiceCheck_Click", [this] { UseVoiceCheck_Click(); }));
+    mods_.UseVoice.Ticked.Watch(handlers.Wrap("UseVoiceCheck_Click", [this] { UseVoiceCheck_Click(); }));
 }
 
 void UseVoice::WatchSliders() {
     FormantTimbreSlider.Watch([this](std::int32_t thousandths) { voice_.FormantTimbre = thousandths; });
     FormantRandomFreqSlider.Watch([this](std::int32_t hertz) { voice_.MaxRandomFormantFreq = hertz; });
-    SawVolSlider.Watch([this](std::int32_t volume) {
-        if (voice_.IsLoaded())
-            voice_.ChangeSawVol(VolumeOf(volume));
-    });
-    NoiseVolSlider.Watch([this](std::int32_t volume) {
-        if (voice_.IsLoaded())
-            voice_.ChangeNoiseVol(VolumeOf(volume));
-    });
-    output_.VoiceVolSlider.Watch([this](std::int32_t volume) {
-        if (voice_.IsLoaded())
-            voice_.ChangeVoiceVol(VolumeOf(volume));
-    });
-    CutoffFreqSlider.Watch([this](std::int32_t) {
-        if (voice_.IsLoaded())
-            ApplyCutoffSlider();
-    });
+    const auto applyIfLoaded = [this](Watched<std::int32_t>& slider, auto apply) {
+        slider.Watch([this, apply](std::int32_t position) {
+            if (voice_.IsLoaded())
+                apply(position);
+        });
+    };
+    applyIfLoaded(SawVolSlider, [this](std::int32_t volume) { voice_.ChangeSawVol(VolumeOf(volume)); });
+    applyIfLoaded(NoiseVolSlider, [this](std::int32_t volume) { voice_.ChangeNoiseVol(VolumeOf(volume)); });
+    applyIfLoaded(output_.VoiceVolSlider,
+                  [this](std::int32_t volume) { voice_.ChangeVoiceVol(VolumeOf(volume)); });
+    applyIfLoaded(CutoffFreqSlider, [this](std::int32_t hertz) { voice_.ChangeCutoffFreq(hertz); });
 }
 
 /// Applies the sliders to the voice. A slider that merely follows the voice changes nothing.
@@ -113,15 +108,7 @@ void UseVoice::StartVoice() {
     voice_.ChangeSawVol(VolumeOf(SawVolSlider));
     voice_.ChangeNoiseVol(VolumeOf(NoiseVolSlider));
     voice_.ChangeVoiceVol(VolumeOf(output_.VoiceVolSlider));
-    ApplyCutoffSlider();
-    ApplyFormantSliders();
-}
-
-void UseVoice::ApplyCutoffSlider() {
     voice_.ChangeCutoffFreq(CutoffFreqSlider);
-}
-
-void UseVoice::ApplyFormantSliders() {
     for (std::size_t i = 0; i < FormantCount; ++i)
         voice_.ChangeFormantFreqVol(i, FormantDSPFreqSlider[i], FormantDSPVolSlider[i], true);
 }

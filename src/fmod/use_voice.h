@@ -18,8 +18,6 @@ class UseVoice {
   public:
     UseVoice(ModFields& mods, OutputOptions& output, VoiceMainForm& voice, FmodErrors& errors,
              EventBoundary& handlers);
-    UseVoice(const UseVoice&) = delete;
-    UseVoice& operator=(const UseVoice&) = delete;
 
     /// The slider of the voice's own volume is in OutputOptions.
     Watched<std::int32_t> SawVolSlider{parameter::SawVol.Default};
@@ -54,14 +52,11 @@ class UseVoice {
     void WatchFormantSliders();
     void UseVoiceCheck_Click();
     void StartVoice();
-    void ApplyCutoffSlider();
-    void ApplyFormantSliders();
 
     ModFields& mods_;
     OutputOptions& output_;
     VoiceMainForm& voice_;
     FmodErrors& errors_;
-    EventBoundary& handlers_;
 };
 
 }  // namespace quavix

@@ -60,26 +60,26 @@ void VoiceMainForm::CreateSystem(const FmodOutput& output) {
     // Drops the first system, which is free of cost until it is initialised.
     Check(p_.Library.FMOD_System_Create(&voiceSystem_));
     Check(p_.Library.FMOD_System_SetSoftwareChannels(voiceSystem_, Channels));
-    if (output.Output != FmodOutput::BestDevice)
+    if (output.Output != SOUND_OUTPUT_DEVICE)
         Check(p_.Library.FMOD_System_SetOutput(voiceSystem_, output.Output));
     Check(p_.Library.FMOD_System_Init(voiceSystem_, Channels, NormalFlags, output.Extra()));
 }
 
 void VoiceMainForm::CreateFormants() {
     for (SoundUnit*& formant : formants_) {
-        formant = CreateUnit(fmod_unit::Equaliser);
-        SetParameter(formant, fmod_parameter::EqualiserBandwidth, FormantBandwidthOctaves);
+        formant = CreateUnit(SOUND_EQUALISER);
+        SetParameter(formant, SOUND_EQUALISER_BANDWIDTH, FormantBandwidthOctaves);
     }
     voiceChannel_ = CreateGroup("VoiceChannel");
     for (SoundUnit* formant : formants_)
         Check(p_.Library.FMOD_ChannelGroup_AddDSP(voiceChannel_, formant));
     Check(p_.Library.FMOD_ChannelGroup_AddGroup(finalChannel_, voiceChannel_));
 
-    cutoffDsp_ = CreateUnit(fmod_unit::LowPass);
+    cutoffDsp_ = CreateUnit(SOUND_LOW_PASS);
     for (SoundUnit* formant : formants_)
         Check(p_.Library.FMOD_DSP_AddInput(formant, cutoffDsp_));
-    SetParameter(cutoffDsp_, fmod_parameter::LowPassCutoff, StartCutoff);
-    SetParameter(cutoffDsp_, fmod_parameter::LowPassResonance, StartResonance);
+    SetParameter(cutoffDsp_, SOUND_LOW_PASS_CUTOFF, StartCutoff);
+    SetParameter(cutoffDsp_, SOUND_LOW_PASS_RESONANCE, StartResonance);
     Check(p_.Library.FMOD_DSP_SetBypass(cutoffDsp_, true));
     Check(p_.Library.FMOD_ChannelGroup_AddDSP(voiceChannel_, cutoffDsp_));
 }
@@ -89,34 +89,34 @@ void VoiceMainForm::CreateSources() {
     noiseChannel_ = CreateGroup("NoiseChannel");
     Check(p_.Library.FMOD_ChannelGroup_AddGroup(voiceChannel_, sawChannel_));
     Check(p_.Library.FMOD_ChannelGroup_AddGroup(voiceChannel_, noiseChannel_));
-    saw_ = CreateUnit(fmod_unit::Oscillator);
-    noise_ = CreateUnit(fmod_unit::Oscillator);
-    SetParameter(saw_, fmod_parameter::OscillatorRate, StartSawFrequency);
+    saw_ = CreateUnit(SOUND_OSCILLATOR);
+    noise_ = CreateUnit(SOUND_OSCILLATOR);
+    SetParameter(saw_, SOUND_OSCILLATOR_RATE, StartSawFrequency);
     sawPlays_ = PlayPaused(saw_);
     noisePlays_ = PlayPaused(noise_);
     Check(p_.Library.FMOD_Channel_SetChannelGroup(sawPlays_, sawChannel_));
     Check(p_.Library.FMOD_Channel_SetChannelGroup(noisePlays_, noiseChannel_));
     Check(p_.Library.FMOD_ChannelGroup_SetVolume(sawChannel_, StartSawVolume));
     Check(p_.Library.FMOD_ChannelGroup_SetVolume(noiseChannel_, StartNoiseVolume));
-    SetParameter(saw_, fmod_parameter::OscillatorType, fmod_waveform::FallingSaw);
-    SetParameter(noise_, fmod_parameter::OscillatorType, fmod_waveform::Noise);
+    SetParameter(saw_, SOUND_OSCILLATOR_TYPE, SOUND_FALLING_SAW);
+    SetParameter(noise_, SOUND_OSCILLATOR_TYPE, SOUND_NOISE);
     Check(p_.Library.FMOD_ChannelGroup_SetVolume(voiceChannel_, StartVoiceVolume));
 }
 
 void VoiceMainForm::CreateSibilance() {
     constexpr std::size_t SybFilters = 4;
-    sybChannel_ = CreateGroup("SybChannel");
+    SoundGroup* const sybChannel = CreateGroup("SybChannel");
     std::array<SoundUnit*, SybFilters> filters{};
     for (SoundUnit*& filter : filters)
-        filter = CreateUnit(fmod_unit::Equaliser);
-    Check(p_.Library.FMOD_ChannelGroup_AddDSP(sybChannel_, filters[0]));
+        filter = CreateUnit(SOUND_EQUALISER);
+    Check(p_.Library.FMOD_ChannelGroup_AddDSP(sybChannel, filters[0]));
     for (std::size_t i = 1; i < SybFilters; ++i)
         Check(p_.Library.FMOD_DSP_AddInput(filters[i], filters[i - 1]));
-    Check(p_.Library.FMOD_ChannelGroup_AddGroup(finalChannel_, sybChannel_));
-    sybNoiseDsp_ = CreateUnit(fmod_unit::Oscillator);
-    Check(p_.Library.FMOD_Channel_SetChannelGroup(PlayPaused(sybNoiseDsp_), sybChannel_));
-    Check(p_.Library.FMOD_ChannelGroup_SetVolume(sybChannel_, StartSybVolume));
-    SetParameter(sybNoiseDsp_, fmod_parameter::OscillatorType, fmod_waveform::Triangle);
+    Check(p_.Library.FMOD_ChannelGroup_AddGroup(finalChannel_, sybChannel));
+    SoundUnit* const sybNoise = CreateUnit(SOUND_OSCILLATOR);
+    Check(p_.Library.FMOD_Channel_SetChannelGroup(PlayPaused(sybNoise), sybChannel));
+    Check(p_.Library.FMOD_ChannelGroup_SetVolume(sybChannel, StartSybVolume));
+    SetParameter(sybNoise, SOUND_OSCILLATOR_TYPE, SOUND_TRIANGLE);
 }
 
 SoundUnit* VoiceMainForm::CreateUnit(std::int32_t type) {
@@ -133,7 +133,7 @@ SoundGroup* VoiceMainForm::CreateGroup(const char* name) {
 
 SoundChannel* VoiceMainForm::PlayPaused(SoundUnit* unit) {
     SoundChannel* channel = nullptr;
-    Check(p_.Library.FMOD_System_PlayDSP(voiceSystem_, FmodChannelReuse, unit, true, &channel));
+    Check(p_.Library.FMOD_System_PlayDSP(voiceSystem_, SOUND_CHANNEL_REUSE, unit, true, &channel));
     return channel;
 }
 
@@ -156,7 +156,7 @@ void VoiceMainForm::ChangeVoiceVol(double newVoiceVol) {
 }
 
 void VoiceMainForm::ChangeBaseFreq(double newFreq) {
-    SetParameter(saw_, fmod_parameter::OscillatorRate, ToInt32(newFreq));
+    SetParameter(saw_, SOUND_OSCILLATOR_RATE, ToInt32(newFreq));
 }
 
 void VoiceMainForm::ChangeSawVol(double newSawVol) {
@@ -168,7 +168,7 @@ void VoiceMainForm::ChangeNoiseVol(double newNoiseVol) {
 }
 
 void VoiceMainForm::ChangeCutoffFreq(double newCutoffFreq) {
-    SetParameter(cutoffDsp_, fmod_parameter::LowPassCutoff, newCutoffFreq);
+    SetParameter(cutoffDsp_, SOUND_LOW_PASS_CUTOFF, newCutoffFreq);
 }
 
 void VoiceMainForm::ChangeFormantFreqVol(std::size_t formantIndex, std::optional<double> newFormantFreq,
@@ -184,8 +184,8 @@ void VoiceMainForm::ChangeFormantFreqVol(std::size_t formantIndex, std::optional
     const double applied = cutenessCompensate ? ShiftedByTimbre(frequency) : frequency;
     // Below SilentVolume the gain is negative; the library limits it to its lowest gain.
     const double gain = ((volume - SilentVolume) / VolumeRange * 100) / 100 * HighestGain;
-    SetParameter(formants_[formantIndex], fmod_parameter::EqualiserCentre, applied);
-    SetParameter(formants_[formantIndex], fmod_parameter::EqualiserGain, gain);
+    SetParameter(formants_[formantIndex], SOUND_EQUALISER_CENTRE, applied);
+    SetParameter(formants_[formantIndex], SOUND_EQUALISER_GAIN, gain);
 }
 
 double VoiceMainForm::FormantFreq(std::size_t formantIndex) const {
@@ -230,8 +230,8 @@ bool VoiceMainForm::MoveFormants() {
     bool good = true;
     for (std::size_t i = 0; i < FormantCount; ++i) {
         const double frequency = PlusMinusRandom(ShiftedByTimbre(formantFreq_[i]), MaxRandomFormantFreq);
-        good = SetParameter(formants_[i], fmod_parameter::EqualiserCentre, frequency) && good;
-        good = SetParameter(formants_[i], fmod_parameter::EqualiserGain, formantVol_[i]) && good;
+        good = SetParameter(formants_[i], SOUND_EQUALISER_CENTRE, frequency) && good;
+        good = SetParameter(formants_[i], SOUND_EQUALISER_GAIN, formantVol_[i]) && good;
     }
     return good;
 }

@@ -93,14 +93,12 @@ class VoiceMainForm {
     SoundGroup* voiceChannel_ = nullptr;
     SoundGroup* sawChannel_ = nullptr;
     SoundGroup* noiseChannel_ = nullptr;
-    SoundGroup* sybChannel_ = nullptr;
     std::array<SoundUnit*, FormantCount> formants_{};
     SoundUnit* cutoffDsp_ = nullptr;
     SoundUnit* saw_ = nullptr;
     SoundUnit* noise_ = nullptr;
     SoundChannel* sawPlays_ = nullptr;
     SoundChannel* noisePlays_ = nullptr;
-    SoundUnit* sybNoiseDsp_ = nullptr;
     std::array<double, FormantCount> formantFreq_{};
     std::array<std::int32_t, FormantCount> formantVol_{};
     EventTimer randomFormantTimer_;

@@ -38,13 +38,13 @@ RenderOptions::Output OutputOf(std::string_view name) {
 /// Converts a name into the number of its button in the options window.
 std::int32_t WaveformOf(std::string_view name) {
     if (name == "sine")
-        return fmod_waveform::Sine;
+        return SOUND_SINE;
     if (name == "square")
-        return fmod_waveform::Square;
+        return SOUND_SQUARE;
     if (name == "triangle")
-        return fmod_waveform::FallingSaw;
+        return SOUND_FALLING_SAW;
     if (name == "noise")
-        return fmod_waveform::Noise;
+        return SOUND_NOISE;
     throw std::invalid_argument(fmt::format("there is no waveform \"{}\"", name));
 }
 
@@ -109,7 +109,7 @@ RenderOptions ParseRenderOptions(std::span<const char* const> arguments) {
     }
     if (options.What != RenderOptions::Request::Render)
         return options;
-    if (options.Sounds != RenderOptions::Output::Fmod && options.Waveform != fmod_waveform::Square)
+    if (options.Sounds != RenderOptions::Output::Fmod && options.Waveform != SOUND_SQUARE)
         throw std::invalid_argument("only the fmod output has other waveforms than its own");
     if (names.size() != 2)
         throw std::invalid_argument("a song and the file to write are needed");

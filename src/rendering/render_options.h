@@ -18,7 +18,7 @@ struct RenderOptions {
     std::string Out;
     std::int32_t Passes = 1;
     Output Sounds = Output::Speaker;
-    /// Waveform of the fmod output, one of fmod_waveform.
+    /// Waveform of the fmod output, a SoundWaveform.
     std::int32_t Waveform = 1;
     /// Samples per second, 8000 to 192000.
     std::int32_t Rate = 48000;

@@ -19,7 +19,7 @@ class RenderedEngine : public RenderedSound {
     ~RenderedEngine() override;
 
     /// Returns the output to initialise the engine with.
-    FmodOutput Output() const { return {FmodOutput::WavFileByUpdate, fileName_}; }
+    FmodOutput Output() const { return {SOUND_OUTPUT_WAV_BY_UPDATE, fileName_}; }
 
     /// Begins to record, at the current time, an engine initialised for this; releases it at the end.
     void Begin(SoundSystem* system);

@@ -104,7 +104,7 @@ TEST(Accessibility, AssistiveTechnologyCanWorkTheControls) {
     EXPECT_FALSE(fields.Entry.AddNote1Option);
     fields.Mods.UseFMOD.Ticked = true;
     toggle("optTriangle");
-    EXPECT_EQ(p.App.Outputs.SoundMods.Generator.DSPType, fmod_waveform::FallingSaw);
+    EXPECT_EQ(p.App.Outputs.SoundMods.Generator.DSPType, std::int32_t{SOUND_FALLING_SAW});
     fields.Mods.UseFMOD.Ticked = false;
     p.Time.At(500, [&] {
         toggle("MetronomeButton");

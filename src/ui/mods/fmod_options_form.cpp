@@ -13,9 +13,10 @@ void SetUpFMODOptionsForm(ModWindow& form, SoundMods& sound, EventBoundary& hand
     ui.setupUi(&form);
     FmodToneGenerator& generator = sound.Generator;
     for (const auto& [button, waveform] :
-         {std::pair{ui.optSine, fmod_waveform::Sine}, std::pair{ui.optSquare, fmod_waveform::Square},
-          std::pair{ui.optTriangle, fmod_waveform::FallingSaw},
-          std::pair{ui.optNoise, fmod_waveform::Noise}}) {
+         std::initializer_list<std::pair<QRadioButton*, std::int32_t>>{{ui.optSine, SOUND_SINE},
+                                                                       {ui.optSquare, SOUND_SQUARE},
+                                                                       {ui.optTriangle, SOUND_FALLING_SAW},
+                                                                       {ui.optNoise, SOUND_NOISE}}) {
         ShowIn(button, generator.DSPType, [option = button, own = waveform](std::int32_t chosen) {
             if (chosen == own)
                 option->setChecked(true);
