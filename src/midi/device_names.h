@@ -8,17 +8,10 @@
 #include <vector>
 
 #include "ports/midi_devices.h"
+#include "shell/debug_log.h"
 #include "shell/watched.h"
 
 namespace quavix {
-
-/// Returns the names of the devices `first` to `count` - 1; none if `count` is 0.
-inline std::vector<std::string> DeviceNames(MidiPort& port, std::int32_t first, std::int32_t count) {
-    std::vector<std::string> names;
-    for (std::int32_t device = first; count > 0 && device < count; ++device)
-        names.emplace_back(port.DeviceName(device));
-    return names;
-}
 
 /// Returns the place in the list `now` of the device at `chosen` in the list `before`, or -1 if it is gone.
 /// Among devices with the same name, prefers the same place, else the first.
@@ -33,14 +26,37 @@ inline std::int32_t PlaceOfDevice(const std::vector<std::string>& before, std::i
     return found == now.end() ? -1 : static_cast<std::int32_t>(found - now.begin());
 }
 
-/// Searches again for the devices from `first` on, for a list that shows them: `chosen` stays with its
-/// device, or becomes -1 if the device is gone.
+/// Searches for the devices from `first` on, for a list that shows them: `chosen` stays with its device, or
+/// becomes -1 if the device is gone. Without any device from 0 on, the list is empty.
 inline void FindDevicesAgain(MidiPort& port, std::int32_t first, Watched<std::vector<std::string>>& devices,
                              Watched<std::int32_t>& chosen) {
     const std::vector<std::string> before = devices;
     const std::int32_t chosenBefore = chosen;
-    devices = DeviceNames(port, first, port.DeviceCount());
-    chosen = PlaceOfDevice(before, chosenBefore, devices);
+    std::vector<std::string> names;
+    const std::int32_t count = port.DeviceCount();
+    for (std::int32_t device = first; count > 0 && device < count; ++device)
+        names.push_back(port.DeviceName(device));
+    devices = names;
+    chosen = PlaceOfDevice(before, chosenBefore, names);
+}
+
+/// Same for a list that is shown for the first time: chooses the first device, and logs all. `direction` is
+/// "input" or "output". Returns false if there is no device.
+inline bool FindFirstDevices(MidiPort& port, std::int32_t first, const char* direction,
+                             Watched<std::vector<std::string>>& devices, Watched<std::int32_t>& chosen,
+                             DebugLog& log) {
+    FindDevicesAgain(port, first, devices, chosen);
+    if (devices.Get().empty()) {
+        log.Text("No MIDI {} devices - exiting sub", direction);
+        return false;
+    }
+    // The text says -1, even if devices begin at 0.
+    log.Text("Scanning {} devices - -1 to {}", direction,
+             static_cast<std::int32_t>(devices.Get().size()) + first - 1);
+    for (std::int32_t device = first; const std::string& name : devices.Get())
+        log.Text("DEVICEID:{}, PRODUCTNAME:{}", device++, name);
+    chosen = 0;
+    return true;
 }
 
 }  // namespace quavix

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <array>
-#include <string>
 
 #include <fmt/format.h>
 
@@ -19,9 +18,9 @@ void HeldNoteCycler::PlayLiveMIDIInput(UsingForm& usingForm) {
     for (OnNoteLabel& label : labels)
         label.Visible = false;
 
-    std::array<std::int32_t, HeldNotes::Count> held{};
+    std::array<std::int32_t, UsingForm::Notes> held{};
     std::int32_t count = 0;
-    for (std::int32_t note = 0; note < HeldNotes::Count; ++note) {
+    for (std::int32_t note = 0; note < UsingForm::Notes; ++note) {
         if (!usingForm.GetMIDINoteIsOn(note))
             continue;
         if (!saveCPU && count < UsingForm::Labels)

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <bit>
-#include <iterator>
 #include <limits>
 #include <utility>
 
@@ -13,7 +12,6 @@ namespace quavix {
 namespace {
 
 using TimedTrack = std::vector<TimedMidiEvent>;
-using Tracks = std::vector<std::vector<MidiFileEvent>>;
 
 constexpr std::uint32_t TracksOfTheirOwn = 2;
 
@@ -31,20 +29,40 @@ class TempoMap {
     };
 
     /// Takes the time division of the file; ignores its tracks.
-    explicit TempoMap(const MidiFileContent& file);
+    explicit TempoMap(const MidiFileContent& file) : ticksPerQuarter_(file.TicksPerQuarter) {
+        constexpr double MsPerSecond = 1000;
+        const double msPerTick = ticksPerQuarter_ != 0 ? MsPerTick(DefaultMicroseconds)
+                                                       : MsPerSecond * file.TicksPerSecondDenominator /
+                                                             file.TicksPerSecondNumerator;
+        segments_.push_back({0, 0, msPerTick});
+    }
 
     /// Sets the length of a quarter note from `tick` on. Changes may come in any order; of several at one
     /// tick, the last one applies. Has no effect if the file's times are in frames.
-    void Add(std::uint64_t tick, std::uint32_t microsecondsPerQuarter);
+    void Add(std::uint64_t tick, std::uint32_t microsecondsPerQuarter) {
+        if (ticksPerQuarter_ != 0)
+            segments_.push_back({tick, 0, MsPerTick(microsecondsPerQuarter)});
+    }
 
     /// Has to be called once after the last change, before times are queried.
-    void Finish();
+    void Finish() {
+        if (!std::ranges::is_sorted(segments_, {}, &Segment::Tick))
+            std::ranges::stable_sort(segments_, {}, &Segment::Tick);
+        for (std::size_t i = 1; i < segments_.size(); ++i) {
+            const Segment& before = segments_[i - 1];
+            segments_[i].Ms =
+                before.Ms + static_cast<double>(segments_[i].Tick - before.Tick) * before.MsPerTick;
+        }
+    }
 
     /// Returns the segments in order of their ticks; the first one begins at tick 0.
     const std::vector<Segment>& Segments() const { return segments_; }
 
   private:
-    double MsPerTick(std::uint32_t microsecondsPerQuarter) const;
+    double MsPerTick(std::uint32_t microsecondsPerQuarter) const {
+        constexpr double MicrosecondsPerMs = 1000;
+        return microsecondsPerQuarter / MicrosecondsPerMs / ticksPerQuarter_;
+    }
 
     std::uint32_t ticksPerQuarter_;
     std::vector<Segment> segments_;
@@ -53,7 +71,7 @@ class TempoMap {
 /// A cursor over a track's ticks, which never decrease. The map must outlive it.
 class TempoCursor {
   public:
-    explicit TempoCursor(const TempoMap& map);
+    explicit TempoCursor(const TempoMap& map) : segments_(map.Segments()) { Use(0); }
 
     double MsAt(std::uint64_t tick) {
         if (tick >= nextChange_)
@@ -64,66 +82,31 @@ class TempoCursor {
   private:
     static constexpr std::uint64_t NoFurtherChange = std::numeric_limits<std::uint64_t>::max();
 
-    void GoTo(std::uint64_t tick);
-    void Use(std::size_t segment);
+    /// Searches in growing steps: the next change is usually near, but a track may have few events and a file
+    /// very many changes.
+    void GoTo(std::uint64_t tick) {
+        std::size_t step = 1;
+        while (at_ + step < segments_.size() && segments_[at_ + step].Tick <= tick)
+            step *= 2;
+        const auto begin = segments_.begin();
+        const auto found = std::ranges::upper_bound(
+            begin + static_cast<std::ptrdiff_t>(at_ + step / 2),
+            begin + static_cast<std::ptrdiff_t>(std::min(at_ + step, segments_.size())), tick, {},
+            &TempoMap::Segment::Tick);
+        Use(static_cast<std::size_t>(found - begin) - 1);
+    }
+
+    void Use(std::size_t segment) {
+        at_ = segment;
+        segment_ = segments_[segment];
+        nextChange_ = segment + 1 < segments_.size() ? segments_[segment + 1].Tick : NoFurtherChange;
+    }
 
     const std::vector<TempoMap::Segment>& segments_;
     std::size_t at_ = 0;
     TempoMap::Segment segment_{};
     std::uint64_t nextChange_ = NoFurtherChange;
 };
-
-TempoMap::TempoMap(const MidiFileContent& file) : ticksPerQuarter_(file.TicksPerQuarter) {
-    constexpr double MsPerSecond = 1000;
-    const double msPerTick =
-        ticksPerQuarter_ != 0 ? MsPerTick(DefaultMicroseconds)
-                              : MsPerSecond * file.TicksPerSecondDenominator / file.TicksPerSecondNumerator;
-    segments_.push_back({0, 0, msPerTick});
-}
-
-double TempoMap::MsPerTick(std::uint32_t microsecondsPerQuarter) const {
-    constexpr double MicrosecondsPerMs = 1000;
-    return microsecondsPerQuarter / MicrosecondsPerMs / ticksPerQuarter_;
-}
-
-void TempoMap::Add(std::uint64_t tick, std::uint32_t microsecondsPerQuarter) {
-    if (ticksPerQuarter_ != 0)
-        segments_.push_back({tick, 0, MsPerTick(microsecondsPerQuarter)});
-}
-
-void TempoMap::Finish() {
-    const auto isEarlier = [](const Segment& a, const Segment& b) { return a.Tick < b.Tick; };
-    if (!std::ranges::is_sorted(segments_, isEarlier))
-        std::ranges::stable_sort(segments_, isEarlier);
-    for (std::size_t i = 1; i < segments_.size(); ++i) {
-        const Segment& before = segments_[i - 1];
-        segments_[i].Ms = before.Ms + static_cast<double>(segments_[i].Tick - before.Tick) * before.MsPerTick;
-    }
-}
-
-TempoCursor::TempoCursor(const TempoMap& map) : segments_(map.Segments()) {
-    Use(0);
-}
-
-/// Searches in growing steps: the next change is usually near, but a track may have few events and a file
-/// very many changes.
-void TempoCursor::GoTo(std::uint64_t tick) {
-    std::size_t step = 1;
-    while (at_ + step < segments_.size() && segments_[at_ + step].Tick <= tick)
-        step *= 2;
-    const auto begin = segments_.begin();
-    const auto found = std::upper_bound(
-        begin + static_cast<std::ptrdiff_t>(at_ + step / 2),
-        begin + static_cast<std::ptrdiff_t>(std::min(at_ + step, segments_.size())), tick,
-        [](std::uint64_t wanted, const TempoMap::Segment& one) { return wanted < one.Tick; });
-    Use(static_cast<std::size_t>(found - begin) - 1);
-}
-
-void TempoCursor::Use(std::size_t segment) {
-    at_ = segment;
-    segment_ = segments_[segment];
-    nextChange_ = segment + 1 < segments_.size() ? segments_[segment + 1].Tick : NoFurtherChange;
-}
 
 /// Merges lists of events, each in ascending order of time, into one; at equal times, events of the earlier
 /// list come first. The lists must outlive it and stay unchanged.
@@ -132,7 +115,16 @@ void TempoCursor::Use(std::size_t segment) {
 /// children. An event costs one step per level, without unpredictable branches.
 class TimedEventMerge {
   public:
-    explicit TimedEventMerge(const std::vector<std::vector<TimedMidiEvent>>& lists);
+    explicit TimedEventMerge(const std::vector<TimedTrack>& lists)
+        : leaves_(std::bit_ceil(lists.size())), nodes_(2 * leaves_, Node{NoMore, 0}) {
+        heads_.reserve(lists.size());
+        for (const auto& list : lists) {
+            heads_.push_back({list.data(), list.data() + list.size()});
+            nodes_[leaves_ + heads_.size() - 1] = {KeyOf(heads_.back()), heads_.size() - 1};
+        }
+        for (std::size_t node = leaves_ - 1; node > 0; --node)
+            nodes_[node] = Earlier(node);
+    }
 
     /// Returns the next event; null behind the last one.
     const TimedMidiEvent* Next() {
@@ -174,17 +166,6 @@ class TimedEventMerge {
     /// Node n is the parent of 2n and 2n + 1; index 0 is unused.
     std::vector<Node> nodes_;
 };
-
-TimedEventMerge::TimedEventMerge(const std::vector<std::vector<TimedMidiEvent>>& lists)
-    : leaves_(std::bit_ceil(lists.size())), nodes_(2 * leaves_, Node{NoMore, 0}) {
-    heads_.reserve(lists.size());
-    for (const auto& list : lists) {
-        heads_.push_back({list.data(), list.data() + list.size()});
-        nodes_[leaves_ + heads_.size() - 1] = {KeyOf(heads_.back()), heads_.size() - 1};
-    }
-    for (std::size_t node = leaves_ - 1; node > 0; --node)
-        nodes_[node] = Earlier(node);
-}
 
 class Decoding {
   public:

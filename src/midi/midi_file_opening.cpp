@@ -7,6 +7,7 @@
 
 #include <fmt/format.h>
 
+#include "shell/lower_case.h"
 #include "shell/runtime_error.h"
 
 namespace quavix {
@@ -14,14 +15,6 @@ namespace {
 
 /// Far more bytes than the most events need; a larger file is no MIDI file.
 constexpr std::uint64_t MostBytes = std::uint64_t{1} << 28U;
-
-bool EndsIn(std::string_view name, std::string_view ending) {
-    if (name.size() <= ending.size())
-        return false;
-    return std::ranges::equal(name.substr(name.size() - ending.size()), ending, [](char a, char b) {
-        return a == b || (a >= 'A' && a <= 'Z' && a - 'A' + 'a' == b);
-    });
-}
 
 std::string CanNotBeRead(const std::error_code& error) {
     return fmt::format("The file can't be read: {}.", error.message());
@@ -63,7 +56,11 @@ bool ReadBytes(const std::string& fileName, Files& disk, const std::function<boo
 }  // namespace
 
 bool IsMidiFileName(std::string_view fileName) {
-    return EndsIn(fileName, ".mid") || EndsIn(fileName, ".midi");
+    const std::string name = LowerCase(fileName);
+    const auto endsIn = [&name](std::string_view ending) {
+        return name.size() > ending.size() && name.ends_with(ending);
+    };
+    return endsIn(".mid") || endsIn(".midi");
 }
 
 OpenedMidiFile OpenMidiFile(const std::string& fileName, Files& disk, MidiFileReader& reader,

@@ -5,8 +5,6 @@
 #include <cmath>
 #include <utility>
 
-#include <fmt/format.h>
-
 #include "midi/midi_file_opening.h"
 #include "shell/numbers.h"
 #include "shell/scoped.h"
@@ -148,7 +146,7 @@ void MidiFilePlayback::cmdPlay_Click() {
         return;
     if (playPosition_ >= events_.size())
         playPosition_ = 0;
-    startTime_ = WholeClockMs() - ToInt64(events_[playPosition_].AbsoluteMs);
+    startTime_ = ToInt64(ClockMs()) - ToInt64(events_[playPosition_].AbsoluteMs);
     playing_ = true;
     cTmr_.SetEnabled(true);
 }
@@ -236,30 +234,22 @@ bool MidiFilePlayback::EndCheck() {
     return true;
 }
 
+/// Returns the share of the events that have been played, 0..1; 1 without events.
+double MidiFilePlayback::PlayedShare() const {
+    return events_.empty() ? 1 : static_cast<double>(playPosition_) / static_cast<double>(events_.size());
+}
+
 void MidiFilePlayback::ShowPosition() {
-    const double share =
-        events_.empty() ? 1 : static_cast<double>(playPosition_) / static_cast<double>(events_.size());
-    sldPosition = ToInt32(share * SliderHighest);
+    sldPosition = ToInt32(PlayedShare() * SliderHighest);
     ShowPositionTexts();
 }
 
 void MidiFilePlayback::ShowPositionTexts() {
     constexpr double Percent = 100;
-    if (playPosition_ >= events_.size()) {
-        lblPosPercent = "100.00%";
-        ShowSeconds(Length());
-        return;
-    }
-    lblPosPercent =
-        FormatNumber(static_cast<double>(playPosition_) / static_cast<double>(events_.size()) * Percent, 1,
-                     2) +
-        "%";
-    ShowSeconds(events_[playPosition_].AbsoluteMs);
-}
-
-void MidiFilePlayback::ShowSeconds(double ms) {
     constexpr double SecondsPerMinute = 60;
     constexpr double MsPerSecond = 1000;
+    lblPosPercent = FormatNumber(PlayedShare() * Percent, 1, 2) + "%";
+    const double ms = playPosition_ < events_.size() ? events_[playPosition_].AbsoluteMs : Length();
     const double seconds = ms / MsPerSecond;
     const double minutes = std::floor(std::trunc(seconds) / SecondsPerMinute);
     lblPosSecs = FormatNumber(minutes, 2) + ":" + FormatNumber(seconds - minutes * SecondsPerMinute, 2, 2);
@@ -268,10 +258,6 @@ void MidiFilePlayback::ShowSeconds(double ms) {
 double MidiFilePlayback::ClockMs() const {
     constexpr double MsPerSecond = 1000;
     return Currency::FromUnits(p_.Time.PerformanceCounter()) / p_.State.TickFreq * MsPerSecond;
-}
-
-std::int64_t MidiFilePlayback::WholeClockMs() const {
-    return ToInt64(ClockMs());
 }
 
 }  // namespace quavix

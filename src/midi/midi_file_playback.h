@@ -102,12 +102,11 @@ class MidiFilePlayback final : public UsingForm {
     /// Returns true if playback has reached its end.
     bool EndCheck();
     void MoveTo(std::size_t position);
+    double PlayedShare() const;
     void ShowPosition();
     void ShowPositionTexts();
-    void ShowSeconds(double ms);
     bool ShowInfoText(const std::string& text);
     double ClockMs() const;
-    std::int64_t WholeClockMs() const;
 
     MidiFileParts p_;
     CycleTimer cTmr_;

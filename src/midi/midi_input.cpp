@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "midi/midi_input.h"
 
+#include <utility>
+
 #include <fmt/format.h>
 
 #include "midi/device_names.h"
@@ -41,35 +43,22 @@ void MidiInput::UseMIDIInCheck_Click(bool ticked) {
     p_.Mods.UseMIDIFile.Enabled = false;
     MIDIInFormVisible = true;
     cTmr_.SetEnabled(true);
-    if (!loaded_)
-        Form_Load();
-    else
+    if (!std::exchange(loaded_, true)) {
+        AutoTimeCheck = true;
+        SetUpComboBox();
+    } else {
         FindDevices();
+    }
     if (cmbMIDIInDevice < 0 && !MIDIInDevices.Get().empty())
         cmbMIDIInDevice = 0;
     OpenInputDevice();
-}
-
-void MidiInput::Form_Load() {
-    loaded_ = true;
-    AutoTimeCheck = true;
-    SetUpComboBox();
 }
 
 void MidiInput::SetUpComboBox() {
     const LogBlock block(p_.Log, "MIDIInForm.SetUpComboBox()");
     if (p_.State.ShuttingDown || MIDIInIsOpen) {
         p_.Log.LogText("Shutting down, or MIDI In already open - exiting sub");
-    } else if (const std::int32_t count = p_.Device.DeviceCount(); count < 1) {
-        p_.Log.LogText("No MIDI input devices - exiting sub");
-    } else {
-        // The text says -1, but devices begin at 0 here.
-        p_.Log.Text("Scanning input devices - -1 to {}", count - 1);
-        const std::vector<std::string> names = DeviceNames(p_.Device, 0, count);
-        for (std::size_t device = 0; device < names.size(); ++device)
-            p_.Log.Text("DEVICEID:{}, PRODUCTNAME:{}", device, names[device]);
-        MIDIInDevices = names;
-        cmbMIDIInDevice = 0;
+    } else if (FindFirstDevices(p_.Device, 0, "input", MIDIInDevices, cmbMIDIInDevice, p_.Log)) {
         OpenInputDevice();
     }
 }

@@ -74,7 +74,6 @@ class MidiInput : public UsingForm {
 
   private:
     void UseMIDIInCheck_Click(bool ticked);
-    void Form_Load();
     void TellNoDevice();
     void DeviceIsGone();
     std::string ChosenName() const;

@@ -4,7 +4,7 @@
 #include <array>
 
 #include "music/notes.h"
-#include "shell/runtime_error.h"
+#include "shell/numbers.h"
 
 namespace quavix {
 namespace {
@@ -49,18 +49,11 @@ constexpr std::array<const char*, 128> InstrumentNames = {
 };
 // clang-format on
 
-std::int32_t ToNumber(std::int64_t value) {
-    const auto number = static_cast<std::int32_t>(value);
-    if (number != value)
-        throw RuntimeError(RuntimeError::Overflow);
-    return number;
-}
-
 }  // namespace
 
 std::int32_t NoteToMIDI(std::int32_t noteNum, std::int32_t octaveNum) {
-    const std::int32_t octave = ToNumber(std::int64_t{octaveNum} * NotesPerOctave);
-    return ToNumber(std::int64_t{octave} + noteNum);
+    const double octave = ToInt32(static_cast<double>(octaveNum) * NotesPerOctave);
+    return ToInt32(octave + noteNum);
 }
 
 std::string MIDIToNoteString(std::int32_t midiNoteNum) {

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "midi/midi_output.h"
 
+#include <utility>
+
 #include "midi/device_names.h"
 #include "midi/midi_notes.h"
 
@@ -80,9 +82,10 @@ void MidiOutput::UseMIDIOutCheck_Click(bool ticked) {
                                [this] { return p_.Device.Prepare(); }))
         return;
     Fields.MIDIOutFormVisible = true;
-    if (!loaded_) {
-        loaded_ = true;
-        Form_Load();
+    if (!std::exchange(loaded_, true)) {
+        SetUpComboBox();
+        Fields.cmbChannel = midiChannel_;
+        cmbInstrument_Click(0);
     } else {
         FindDevices();
     }
@@ -93,27 +96,13 @@ void MidiOutput::UseMIDIOutCheck_Click(bool ticked) {
     p_.Mods.UseMIDIOut.InUse = p_.Mods.UseMIDIOut.Ticked;
 }
 
-void MidiOutput::Form_Load() {
-    SetUpComboBox();
-    Fields.cmbChannel = midiChannel_;
-    cmbInstrument_Click(0);
-}
-
 void MidiOutput::SetUpComboBox() {
     const LogBlock block(p_.Log, "MIDIOutForm.SetUpComboBox()");
     Fields.lblInfoText = "Scanning for output devices, just a sec...";
     if (p_.State.ShuttingDown || MIDIOutIsOpen) {
         p_.Log.LogText("Shutting down, or MIDI Out already open - exiting sub");
-    } else if (const std::int32_t count = p_.Device.DeviceCount(); count < 1) {
-        p_.Log.LogText("No MIDI output devices - exiting sub");
-    } else {
-        p_.Log.Text("Scanning output devices - -1 to {}", count - 1);
-        const std::vector<std::string> names = DeviceNames(p_.Device, MidiOutPort::VirtualDevice, count);
-        for (std::size_t entry = 0; entry < names.size(); ++entry)
-            p_.Log.Text("DEVICEID:{}, PRODUCTNAME:{}",
-                        static_cast<std::int32_t>(entry) + MidiOutPort::VirtualDevice, names[entry]);
-        Fields.MIDIOutDevices = names;
-        Fields.cmbMIDIOutDevice = 0;
+    } else if (FindFirstDevices(p_.Device, MidiOutPort::VirtualDevice, "output", Fields.MIDIOutDevices,
+                                Fields.cmbMIDIOutDevice, p_.Log)) {
         OpenOutputDevice();
     }
     Fields.lblInfoText = StatusText();

@@ -48,8 +48,6 @@ class MidiOutput {
     static constexpr std::int32_t Notes = 128;
 
     explicit MidiOutput(const MidiOutputParts& parts);
-    MidiOutput(const MidiOutput&) = delete;
-    MidiOutput& operator=(const MidiOutput&) = delete;
 
     /// Send the note-on before a tone and the note-off after it, on the selected channel. Both show a warning
     /// if the text names no note.
@@ -90,7 +88,6 @@ class MidiOutput {
   private:
     std::int32_t MidiNoteOf(const Tone& tone);
     void UseMIDIOutCheck_Click(bool ticked);
-    void Form_Load();
     void SendInstrument();
     bool SilenceChannel(std::int32_t channel, std::int32_t silencing);
     void EndSoundingNotes();

@@ -10,30 +10,6 @@
 
 namespace quavix {
 
-/// The table of held notes by MIDI note number. A number outside 0..127 raises SubscriptOutOfRange.
-class HeldNotes {
-  public:
-    static constexpr std::int32_t Count = 128;
-
-    enum State : std::uint8_t {
-        NotHeld = 0,
-        Held = 1,
-        /// Held, but already played once and left out from now on.
-        HasPlayed = 2
-    };
-
-    State At(std::int32_t note) const;
-
-    /// Marks a note as held. A note that is already held, played or not, stays unchanged.
-    void Press(std::int32_t note);
-    void Release(std::int32_t note);
-    void SetHasPlayed(std::int32_t note);
-    void ReleaseAll() { states_.fill(NotHeld); }
-
-  private:
-    std::array<State, Count> states_{};
-};
-
 /// A label in the grid of held notes.
 struct OnNoteLabel {
     /// Colours, as red + green × 256 + blue × 65536.
@@ -47,29 +23,28 @@ struct OnNoteLabel {
     friend bool operator==(const OnNoteLabel&, const OnNoteLabel&) = default;
 };
 
-/// The base of the forms that play held notes through the cycler: the table of held notes, the rule by
-/// which messages change it, and the controls. It watches its own check boxes.
+/// The base of the forms that play held notes through the cycler: the table of held notes by MIDI note
+/// number, the rule by which messages change it, and the controls. A note outside 0..127 raises
+/// SubscriptOutOfRange.
 class UsingForm {
   public:
+    static constexpr std::int32_t Notes = 128;
     static constexpr std::int32_t Channels = 16;
     static constexpr std::int32_t Labels = 32;
     using OnNoteLabels = std::array<OnNoteLabel, Labels>;
 
     explicit UsingForm(EventBoundary& handlers);
-    UsingForm(const UsingForm&) = delete;
-    UsingForm& operator=(const UsingForm&) = delete;
 
     /// Returns true if the note is held and in the cycle.
-    bool GetMIDINoteIsOn(std::int32_t checkIndex) const { return notes_.At(checkIndex) == HeldNotes::Held; }
+    bool GetMIDINoteIsOn(std::int32_t checkIndex) const;
     /// Removes the note from the cycle until it is released and struck again.
-    void SetMIDINoteHasPlayed(std::int32_t setIndex) { notes_.SetHasPlayed(setIndex); }
+    void SetMIDINoteHasPlayed(std::int32_t setIndex);
     /// Returns true if any note is held and in the cycle.
     bool HoldsNotes() const;
-    void ReleaseAllNotes() { notes_.ReleaseAll(); }
+    void ReleaseAllNotes() { notes_.fill(NoteState::NotHeld); }
 
-    /// Applies a message to the table: a note-on holds its note; a note-off, or a note-on of velocity 0,
-    /// releases it. Other messages, and those on unticked channels, are ignored. A `data1` outside 0..127
-    /// raises SubscriptOutOfRange.
+    /// Applies a message to the table: a note-on holds its note, unless it is held already; a note-off, or a
+    /// note-on of velocity 0, releases it. Other messages, and those on unticked channels, are ignored.
     void TakeMessage(std::int32_t status, std::int32_t data1, std::int32_t data2);
 
     /// Same, but also ignores messages with a `data1` outside 0..127.
@@ -94,10 +69,14 @@ class UsingForm {
     ~UsingForm() = default;
 
   private:
-    void ListenChannelCheck_Click(std::int32_t index);
-    void OnlyOnceCheck_Click();
+    enum class NoteState : std::uint8_t {
+        NotHeld = 0,
+        Held = 1,
+        /// Held, but already played once and left out from now on.
+        HasPlayed = 2
+    };
 
-    HeldNotes notes_;
+    std::array<NoteState, Notes> notes_{};
 };
 
 }  // namespace quavix

@@ -13,7 +13,7 @@ namespace quavix::test {
 /// Returns the numbers of the notes that are held, each followed by a blank.
 inline std::string NotesHeldIn(const UsingForm& form) {
     std::string text;
-    for (std::int32_t note = 0; note < HeldNotes::Count; ++note) {
+    for (std::int32_t note = 0; note < UsingForm::Notes; ++note) {
         if (form.GetMIDINoteIsOn(note))
             text += std::to_string(note) + " ";
     }
