@@ -17,8 +17,6 @@ class Beat {
   public:
     Beat(ModFields& mods, PositionDisplay& position, ToneDispatcher& tones, MessageBoxes& boxes,
          EventBoundary& handlers, DebugLog& log);
-    Beat(const Beat&) = delete;
-    Beat& operator=(const Beat&) = delete;
 
     // Beats on which the sound plays.
     Watched<bool> optBeatAll{true};

@@ -21,8 +21,6 @@ class Metronome {
   public:
     Metronome(const SongFields& song, const ProgramState& state, PlaybackView& view, ToneDispatcher& tones,
               ToneCode& code, Clock& time, Waiting& wait, DebugLog& log);
-    Metronome(const Metronome&) = delete;
-    Metronome& operator=(const Metronome&) = delete;
 
     Watched<bool> MetronomeIsOn{false};
     Watched<bool> MetronomeButtonEnabled{true};

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <exception>
+#include <iterator>
 #include <utility>
 
 #include "music/notes.h"
@@ -32,11 +33,8 @@ constexpr const char* BoxTitle = "Motor-speed mod";
 }  // namespace
 
 std::int32_t PulseOfNote(std::string_view noteName) {
-    for (const MotorNote& note : MotorNotes) {
-        if (note.Name == noteName)
-            return note.Pulse;
-    }
-    return 0;
+    const auto note = std::ranges::find(MotorNotes, noteName, &MotorNote::Name);
+    return note == std::end(MotorNotes) ? 0 : note->Pulse;
 }
 
 MotorModModule::MotorModModule(const MotorParts& parts) : p_(parts) {

@@ -38,8 +38,6 @@ std::int32_t PulseOfNote(std::string_view noteName);
 class MotorModModule final : public ToneOutput {
   public:
     explicit MotorModModule(const MotorParts& parts);
-    MotorModModule(const MotorModModule&) = delete;
-    MotorModModule& operator=(const MotorModModule&) = delete;
 
     /// Moves the note into the motor's octaves and plays it. Shows a warning if the text names no note.
     void Sound(const Tone& tone) override;

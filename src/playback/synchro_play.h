@@ -38,8 +38,6 @@ struct SynchroParts {
 class SynchroPlay {
   public:
     explicit SynchroPlay(SynchroParts parts);
-    SynchroPlay(const SynchroPlay&) = delete;
-    SynchroPlay& operator=(const SynchroPlay&) = delete;
 
     // The window's controls.
     Setting txtHour{parameter::Hour};

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "songfile/recovery_copies.h"
 
-#include <algorithm>
 #include <string_view>
 #include <vector>
 

@@ -56,13 +56,6 @@ std::span<char> WithoutBlanksAtEnd(std::span<char> line) {
     return line;
 }
 
-// Captions of frames in the main window; comments in the file.
-constexpr std::string_view NoteClickFrame = "When key is clicked,";
-constexpr std::string_view AddingNoteFrame = "Adding note";
-constexpr std::string_view NotesToPlayFrame = "Which notes in list to play";
-constexpr std::string_view LineClickFrame = "When a line is clicked,";
-constexpr std::string_view MusicPlayFrame = "When the music is being played,";
-
 constexpr std::size_t WriteSize = std::size_t{64} * 1024;
 
 /// Collects lines into large pieces. After an error all further lines are dropped.
@@ -70,18 +63,13 @@ class LineWriter {
   public:
     explicit LineWriter(FileWriter& file) : file_(file) { buffer_.reserve(2 * WriteSize); }
 
-    LineWriter& Add(std::string_view text) {
-        buffer_ += text;
-        return *this;
-    }
-
-    void EndLine() {
+    void Line(std::string_view key, std::string_view value = {}) {
+        buffer_ += key;
+        buffer_ += value;
         buffer_ += "\r\n";
         if (buffer_.size() >= WriteSize)
             Flush();
     }
-
-    void Line(std::string_view key, std::string_view value) { Add(key).Add(value).EndLine(); }
     void NumberLine(std::string_view key, std::int32_t value) { Line(key, std::to_string(value)); }
     void CheckLine(std::string_view key, bool value) { Line(key, value ? "1" : "0"); }
 
@@ -105,42 +93,43 @@ class LineWriter {
 };
 
 void WriteSettings(const SongFields& song, const EntryOptions& entry, LineWriter& lines) {
-    lines.Line(SongHeader, "");
+    lines.Line(SongHeader);
     lines.NumberLine("Revision ", program::Revision);
-    lines.Line("//", "Pitch and timing settings");
+    // The comments are the captions in the main window.
+    lines.Line("//Pitch and timing settings");
     lines.NumberLine("KeyboardOctave ", entry.KeyboardOctave);
     lines.NumberLine("BPM ", song.BPM);
     lines.NumberLine("TimeSig ", song.BeatsPerBar);
     lines.NumberLine("NoteSilenceRatio ", song.NoteSilenceRatio);
     lines.NumberLine("NoteLength ", entry.NoteLengthCombo.Get());
     lines.Line("AlternateTime ", song.AlternateTime.Text());
-    lines.Line("//", "Editing settings");
-    lines.Line("//", NoteClickFrame);
+    lines.Line("//Editing settings");
+    lines.Line("//When key is clicked,");
     lines.CheckLine("NoteClickPlay ", entry.NoteClickPlayCheck.Get());
-    lines.Line("//", AddingNoteFrame);
+    lines.Line("//Adding note");
     lines.CheckLine("NoteClickAdd ", entry.NoteClickAddCheck.Get());
     lines.CheckLine("AddNote1 ", entry.AddNote1Option.Get());
     lines.CheckLine("AddNote2 ", entry.AddNote2Option.Get());
     lines.CheckLine("NoteReplace ", entry.NoteReplaceCheck.Get());
     lines.CheckLine("NoteLengthReplace ", entry.NoteLengthReplaceCheck.Get());
-    lines.Line("//", NotesToPlayFrame);
-    lines.Line("//", LineClickFrame);
+    lines.Line("//Which notes in list to play");
+    lines.Line("//When a line is clicked,");
     lines.CheckLine("ClickPlayNote1 ", song.ClickPlayNote1Check.Get());
     lines.CheckLine("ClickPlayNote2 ", song.ClickPlayNote2Check.Get());
-    lines.Line("//", MusicPlayFrame);
+    lines.Line("//When the music is being played,");
     lines.CheckLine("PlayNote1 ", song.PlayNote1Check.Get());
     lines.CheckLine("PlayNote2 ", song.PlayNote2Check.Get());
 }
 
 void WriteMusic(const MusicList& list, LineWriter& lines) {
-    lines.Line(MusicListStart, "");
-    lines.Line("//", "Length Note1 Note2");
+    lines.Line(MusicListStart);
+    lines.Line("//Length Note1 Note2");
     const std::int32_t count = list.Count();
     std::string line;
     for (std::int32_t row = 1; row <= count && !lines.Failed(); ++row) {
         line.clear();
         AppendLineText(line, list, row);
-        lines.Line(line, "");
+        lines.Line(line);
     }
 }
 

@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <memory>
 #include <optional>
 
 #include "shell/file_access.h"
@@ -18,11 +17,6 @@
 
 namespace quavix {
 namespace {
-
-/// Returns true if a line begins with a lower-case word, in any letter case.
-bool BeginsWith(std::string_view line, std::string_view word) {
-    return AtStartOfString(LowerCase(line.substr(0, word.size())), word);
-}
 
 /// Shorter than the usual line "Quarter C4 - -": used to estimate the number of lines in a text.
 constexpr std::size_t ShortUsualLine = 10;
@@ -48,18 +42,14 @@ LoadResult SongReader::LoadMusic() {
 LoadResult SongReader::ActuallyLoadMusic(const std::string& fileToLoad) {
     LogBlock block(log_, "ActuallyLoadMusic()", "ActuallyLoadMusic(\"{}\") - START", fileToLoad);
     block.CloseOnError();
-    return LoadFile(fileToLoad);
-}
-
-LoadResult SongReader::LoadFile(const std::string& fileName) {
     std::error_code error;
-    auto file = files_.OpenForInput(fileName, error);
-    RaiseFileError(error, fileName);
+    auto file = files_.OpenForInput(fileToLoad, error);
+    RaiseFileError(error, fileToLoad);
     view_.ShowHideInfoText(true);
     const AtScopeEnd hide([this] { view_.ShowHideInfoText(false); });
     view_.SetInfoText("Loading...");
     Utf8File reading(files_, view_, log_);
-    std::optional<std::string> text = reading.Read(std::move(file), fileName);
+    std::optional<std::string> text = reading.Read(std::move(file), fileToLoad);
     if (!text) {
         log_.LogText("Loading was stopped");
         return {};
@@ -67,8 +57,7 @@ LoadResult SongReader::LoadFile(const std::string& fileName) {
     const bool hasHeader = AtStartOfString(*text, SongHeader);
     if (!hasHeader && !AskWhetherToLoadAnyway())
         return {};
-    if (OnReplace)
-        OnReplace();
+    OnReplace();
     song_.BeatsPerBar.Reset();
     TextLines lines(*text);
     // The carriage returns are removed when each line is taken.
@@ -79,7 +68,7 @@ LoadResult SongReader::LoadFile(const std::string& fileName) {
     log_.LogText("EndOfLoadMusic");
     return {.Loaded = true,
             .Whole = hasHeader && allSettings && allLines && !reading.Repaired(),
-            .FileName = fileName};
+            .FileName = fileToLoad};
 }
 
 bool SongReader::AskWhetherToLoadAnyway() {
@@ -110,9 +99,10 @@ bool SongReader::LoadSettings(TextLines& lines) {
 
 bool SongReader::IsOfNewerRevision(std::string_view line) {
     static constexpr std::string_view Key = "revision";
-    if (!BeginsWith(line, Key) || !IsNumeric(line.substr(Key.size())))
+    if (LowerCase(line.substr(0, Key.size())) != Key)
         return false;
-    if (ToInt32(Val(line.substr(Key.size()))) <= program::Revision)
+    const std::string_view revision = line.substr(Key.size());
+    if (!IsNumeric(revision) || ToInt32(Val(revision)) <= program::Revision)
         return false;
     constexpr const char* Title = "File was made with newer program version";
     log_.LogText(Title);

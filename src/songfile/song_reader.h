@@ -58,7 +58,6 @@ class SongReader {
     std::function<void()> OnReplace;
 
   private:
-    LoadResult LoadFile(const std::string& fileName);
     bool AskWhetherToLoadAnyway();
     /// Loads settings up to the first music line or the end of the text. Returns true if the file needs no
     /// newer version of the program.

@@ -23,7 +23,11 @@ bool SongWriter::SaveAs(const std::string& fileName) {
     std::error_code error;
     const auto file = files_.OpenForOutput(fileName, error);
     if (!file) {
-        TellNotWritable(fileName);
+        boxes_.Show({.Title = "Can't save as this file!",
+                     .Text = "The file you want to save this as...\r\n" + fileName +
+                             "\r\n...can't be written to.\r\n\r\n"
+                             "It's probably currently being written to by some other program.",
+                     .Icon = BoxIcon::Warning});
         return false;
     }
     error = WriteSong(song_, entry_, list_, *file);
@@ -41,14 +45,6 @@ bool SongWriter::MayReplace(const std::string& fileName) {
                                 "\n...already exists.\n\nShould this file be replaced?",
                         .Icon = BoxIcon::Warning,
                         .Buttons = BoxButtons::YesNo}) == BoxAnswer::Yes;
-}
-
-void SongWriter::TellNotWritable(const std::string& fileName) {
-    boxes_.Show({.Title = "Can't save as this file!",
-                 .Text = "The file you want to save this as...\r\n" + fileName +
-                         "\r\n...can't be written to.\r\n\r\n"
-                         "It's probably currently being written to by some other program.",
-                 .Icon = BoxIcon::Warning});
 }
 
 }  // namespace quavix

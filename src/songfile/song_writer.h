@@ -31,7 +31,6 @@ class SongWriter {
 
   private:
     bool MayReplace(const std::string& fileName);
-    void TellNotWritable(const std::string& fileName);
 
     const SongFields& song_;
     const EntryOptions& entry_;
