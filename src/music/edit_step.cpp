@@ -8,10 +8,8 @@ namespace {
 
 void InsertLines(MusicList& list, const EditChange& change, const TextPool& texts) {
     list.InsertRows(change.Rows, [&](std::size_t index) {
-        std::array<std::string_view, 4> cells;
-        std::transform(change.Lines[index].begin(), change.Lines[index].end(), cells.begin(),
-                       [&texts](TextPool::Id id) { return texts.Text(id); });
-        return cells;
+        const EditChange::Line& line = change.Lines[index];
+        return std::array{texts.Text(line[0]), texts.Text(line[1]), texts.Text(line[2]), texts.Text(line[3])};
     });
 }
 

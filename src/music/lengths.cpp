@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "music/lengths.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 
@@ -10,7 +11,7 @@ namespace quavix {
 namespace {
 
 struct Length {
-    const char* AsWritten;
+    std::string_view AsWritten;
     double WholeNotes;
 };
 
@@ -26,15 +27,12 @@ constexpr double TripletFactor = 0.333333333333333;
 std::string GetLengthAsWritten(std::int32_t indexOfLength) {
     if (indexOfLength < 0 || indexOfLength >= static_cast<std::int32_t>(Lengths.size()))
         return {};
-    return Lengths[static_cast<std::size_t>(indexOfLength)].AsWritten;
+    return std::string(Lengths[static_cast<std::size_t>(indexOfLength)].AsWritten);
 }
 
 double GetEquivalentLength(std::string_view lengthAsWritten, std::string& modText) {
-    double wholeNotes = 0;
-    for (const Length& length : Lengths) {
-        if (lengthAsWritten == length.AsWritten)
-            wholeNotes = length.WholeNotes;
-    }
+    const auto length = std::ranges::find(Lengths, lengthAsWritten, &Length::AsWritten);
+    const double wholeNotes = length == Lengths.end() ? 0 : length->WholeNotes;
     modText = LowerCase(modText);
     if (modText.find("dot") != std::string::npos)
         return wholeNotes * DottedFactor;

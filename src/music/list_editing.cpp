@@ -16,8 +16,11 @@ ListEditing::ListEditing(EntryOptions& options, const ProgramState& state, Music
       boxes_(boxes),
       history_(history),
       showPosition_(std::move(showPosition)) {
-    options_.NoteClickAddCheck.Watch([this](bool) { NoteClickAddCheck_Click(); });
-    options_.NoteReplaceCheck.Watch([this](bool) { NoteReplaceCheck_Click(); });
+    for (const Watched<bool>* box : {&options_.NoteClickAddCheck, &options_.NoteReplaceCheck}) {
+        box->Watch([this](bool) {
+            options_.NoteLengthReplaceCheckEnabled = options_.NoteClickAddCheck && options_.NoteReplaceCheck;
+        });
+    }
     // Option buttons of one group: selecting one clears the other.
     options_.AddNote1Option.Watch([this](bool selected) {
         if (selected)
@@ -27,7 +30,6 @@ ListEditing::ListEditing(EntryOptions& options, const ProgramState& state, Music
         if (selected)
             options_.AddNote1Option = false;
     });
-    NoteClickAddCheck_Click();
 }
 
 void ListEditing::ClearNote1Button_Click() {
@@ -72,21 +74,6 @@ void ListEditing::FollowSelection() {
 void ListEditing::ShowPositionUnlessPlaying() {
     if (!state_.MusicIsPlaying)
         showPosition_();
-}
-
-void ListEditing::NoteClickAddCheck_Click() {
-    const bool adds = options_.NoteClickAddCheck;
-    options_.AddNote1OptionEnabled = adds;
-    options_.AddNote2OptionEnabled = adds;
-    options_.NoteReplaceCheckEnabled = adds;
-    if (adds)
-        NoteReplaceCheck_Click();
-    else
-        options_.NoteLengthReplaceCheckEnabled = false;
-}
-
-void ListEditing::NoteReplaceCheck_Click() {
-    options_.NoteLengthReplaceCheckEnabled = options_.NoteReplaceCheck.Get();
 }
 
 }  // namespace quavix

@@ -11,9 +11,9 @@
 
 namespace quavix {
 
-/// The commands that change the selected line, and the enabling of entry options. Clearing and erasing apply
-/// to all selected lines. Without a real selection only the blank line has an effect. Watches the options
-/// during the whole lifetime of the fields, and must live as long.
+/// The commands that change the selected line, and the links between entry options. Clearing and erasing
+/// apply to all selected lines. Without a real selection only the blank line has an effect. Watches the
+/// options during the whole lifetime of the fields, and must live as long.
 class ListEditing {
   public:
     /// `showPosition` updates the position display to the selection.
@@ -33,10 +33,6 @@ class ListEditing {
     /// Updates the Dotted and Triplet boxes and the position after the user has changed the selection without
     /// playing a line.
     void FollowSelection();
-
-    /// Enable the entry options that have an effect.
-    void NoteClickAddCheck_Click();
-    void NoteReplaceCheck_Click();
 
   private:
     void ClearNote(Cell note, const char* gesture);

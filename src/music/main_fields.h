@@ -40,9 +40,7 @@ struct EntryOptions {
     Watched<bool> AddNote2Option{false};
     Watched<bool> NoteReplaceCheck{false};
     Watched<bool> NoteLengthReplaceCheck{false};
-    Watched<bool> AddNote1OptionEnabled{true};
-    Watched<bool> AddNote2OptionEnabled{true};
-    Watched<bool> NoteReplaceCheckEnabled{true};
+    /// The other options are enabled with NoteClickAddCheck; this one also depends on NoteReplaceCheck.
     Watched<bool> NoteLengthReplaceCheckEnabled{false};
 };
 

@@ -138,7 +138,7 @@ void MusicList::Clear() {
     rows_.clear();
     texts_.Clear();
     selectedItem_ = -1;
-    selected_.Clear();
+    selected_ = {};
     Notify(&MusicListObserver::Reset);
 }
 
@@ -155,22 +155,11 @@ void MusicList::Select(std::int32_t row) {
     Notify(&MusicListObserver::SelectionChanged);
 }
 
-void MusicList::Unselect(std::int32_t row) {
-    if (!IsSelected(row))
-        return;
-    selected_.Remove(row);
-    Notify(&MusicListObserver::SelectionChanged);
-}
-
 void MusicList::UnselectAll() {
     if (SelectedCount() == 0)
         return;
-    selected_.Clear();
+    selected_ = {};
     Notify(&MusicListObserver::SelectionChanged);
-}
-
-void MusicList::SetSelection(std::int32_t selectedItem, const std::vector<std::int32_t>& rows) {
-    SetSelectedRuns(selectedItem, RowRuns::Of(rows));
 }
 
 void MusicList::SetSelectedRuns(std::int32_t selectedItem, RowRuns rows) {

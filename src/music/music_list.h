@@ -99,14 +99,10 @@ class MusicList {
     std::vector<std::int32_t> SelectedRows() const { return selected_.Rows(); }
     /// Makes a row the selected item, sets its flag and clears all others.
     void Select(std::int32_t row);
-    /// Clears a row's flag; the selected item stays.
-    void Unselect(std::int32_t row);
     /// Clears all flags; the selected item stays.
     void UnselectAll();
     /// Sets the selected item (-1: none) and the rows with their flag set, as in a view with several selected
-    /// rows. `rows` may be in any order.
-    void SetSelection(std::int32_t selectedItem, const std::vector<std::int32_t>& rows);
-    /// Same for rows given as runs.
+    /// rows.
     void SetSelectedRuns(std::int32_t selectedItem, RowRuns rows);
 
     /// Asks the views to scroll a row into view.

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "music/notes.h"
 
+#include <algorithm>
 #include <array>
 
 #include <fmt/format.h>
@@ -11,8 +12,8 @@
 namespace quavix {
 namespace {
 
-constexpr std::array<const char*, 12> Names = {"C",  "C#", "D",  "D#", "E",  "F",
-                                               "F#", "G",  "G#", "A",  "A#", "B"};
+constexpr std::array<std::string_view, 12> Names = {"C",  "C#", "D",  "D#", "E",  "F",
+                                                    "F#", "G",  "G#", "A",  "A#", "B"};
 
 // Frequencies of octave 7 in whole hertz; fractions are left out on purpose.
 constexpr std::array<std::int16_t, 12> Octave7 = {2093, 2217, 2349, 2489, 2637, 2794,
@@ -20,11 +21,8 @@ constexpr std::array<std::int16_t, 12> Octave7 = {2093, 2217, 2349, 2489, 2637, 
 
 /// Returns the index of a name, or -1 if it is unknown.
 std::int16_t NumberOfName(std::string_view name) {
-    for (std::size_t i = 0; i < Names.size(); ++i) {
-        if (name == Names[i])
-            return static_cast<std::int16_t>(i);
-    }
-    return -1;
+    const auto found = std::ranges::find(Names, name);
+    return static_cast<std::int16_t>(found == Names.end() ? -1 : found - Names.begin());
 }
 
 }  // namespace
@@ -32,8 +30,7 @@ std::int16_t NumberOfName(std::string_view name) {
 std::int16_t FindNoteNum(std::string_view letterAndOctave) {
     // Two characters first, so that "C#4" is not taken for C.
     for (const std::size_t length : {2, 1}) {
-        const std::string_view name = letterAndOctave.substr(0, length);
-        const std::int16_t number = name.size() == length ? NumberOfName(name) : std::int16_t{-1};
+        const std::int16_t number = NumberOfName(letterAndOctave.substr(0, length));
         if (number >= 0)
             return number;
     }
@@ -58,7 +55,7 @@ std::string NoteNumToLetter(std::int32_t noteNum) {
         return "-";
     if (noteNum < 0 || noteNum >= static_cast<std::int32_t>(Names.size()))
         return {};
-    return Names[static_cast<std::size_t>(noteNum)];
+    return std::string(Names[static_cast<std::size_t>(noteNum)]);
 }
 
 std::int32_t OctaveOf(std::string_view noteString) {
@@ -87,9 +84,7 @@ std::string NoteNumToNoteString(std::int32_t noteNum, std::int32_t octaveNum, bo
     constexpr std::int32_t HighestNoteInHighestOctave = 5;  // F
     std::int32_t octave = octaveNum;
     if (!ignoreMotorOct) {
-        octave = ToInt32(static_cast<double>(octaveNum) - motorOct);
-        if (octave < LowestMotorOctave)
-            octave = LowestMotorOctave;
+        octave = std::max(ToInt32(static_cast<double>(octaveNum) - motorOct), LowestMotorOctave);
         if (octave > HighestMotorOctave && noteNum <= HighestNoteInHighestOctave)
             octave = HighestMotorOctave;
         if (octave == HighestMotorOctave && noteNum > HighestNoteInHighestOctave)

@@ -7,22 +7,10 @@
 namespace quavix {
 
 RowRuns::RowRuns(std::vector<RowRun> runs) {
-    const auto byFirst = [](const RowRun& a, const RowRun& b) { return a.First < b.First; };
-    if (!std::is_sorted(runs.begin(), runs.end(), byFirst))
-        std::sort(runs.begin(), runs.end(), byFirst);
+    if (!std::ranges::is_sorted(runs, {}, &RowRun::First))
+        std::ranges::sort(runs, {}, &RowRun::First);
     for (const RowRun& run : runs)
         Append(runs_.empty() ? run : RowRun{std::max(run.First, runs_.back().Last + 1), run.Last});
-}
-
-RowRuns RowRuns::Of(std::span<const std::int32_t> rows) {
-    std::vector<RowRun> runs;
-    for (const std::int32_t row : rows) {
-        if (!runs.empty() && runs.back().Last == row - 1)
-            runs.back().Last = row;
-        else
-            runs.push_back({row, row});
-    }
-    return RowRuns(std::move(runs));
 }
 
 void RowRuns::Append(RowRun run) {
@@ -36,9 +24,7 @@ void RowRuns::Append(RowRun run) {
 }
 
 bool RowRuns::Contains(std::int32_t row) const {
-    const auto behind =
-        std::upper_bound(runs_.begin(), runs_.end(), row,
-                         [](std::int32_t wanted, const RowRun& run) { return wanted < run.First; });
+    const auto behind = std::ranges::upper_bound(runs_, row, {}, &RowRun::First);
     return behind != runs_.begin() && std::prev(behind)->Last >= row;
 }
 
@@ -50,24 +36,6 @@ std::vector<std::int32_t> RowRuns::Rows() const {
             rows.push_back(row);
     }
     return rows;
-}
-
-void RowRuns::Remove(std::int32_t row) {
-    RowRuns left;
-    for (const RowRun& run : runs_) {
-        if (row < run.First || row > run.Last) {
-            left.Append(run);
-        } else {
-            left.Append({run.First, row - 1});
-            left.Append({row + 1, run.Last});
-        }
-    }
-    *this = std::move(left);
-}
-
-void RowRuns::Clear() {
-    runs_.clear();
-    count_ = 0;
 }
 
 void RowRuns::RowsInserted(std::span<const std::int32_t> rows) {

@@ -22,8 +22,6 @@ class RowRuns {
     RowRuns() = default;
     /// Makes a set of runs in any order, which may overlap.
     explicit RowRuns(std::vector<RowRun> runs);
-    /// Makes a set of rows in any order, which may be repeated.
-    static RowRuns Of(std::span<const std::int32_t> rows);
 
     /// Returns the runs in ascending order, with at least one row between neighbours.
     const std::vector<RowRun>& Runs() const { return runs_; }
@@ -32,9 +30,6 @@ class RowRuns {
     bool Contains(std::int32_t row) const;
     /// Returns every row, in ascending order.
     std::vector<std::int32_t> Rows() const;
-
-    void Remove(std::int32_t row);
-    void Clear();
 
     /// Renumber the set after a change of the list, so that it holds the same rows. `rows` ascend, as numbers
     /// of the longer list; inserted rows are not in the set.

@@ -8,6 +8,7 @@
 
 #include <gtest/gtest.h>
 
+#include "support/selection.h"
 #include "support/simulated_program.h"
 
 namespace quavix::test {
@@ -317,7 +318,7 @@ TEST_F(EditHistoryTest, TheOldestStepsAreForgottenBeforeTheyFillTheMemory) {
     std::iota(all.begin(), all.end(), 1);
     int done = 0;
     for (; done < 3; ++done) {
-        App.List.SetSelection(1, all);
+        SetSelection(App.List, 1, all);
         App.Editing.LineClipboard.EraseLines();
         EXPECT_EQ(App.List.Count(), 0);
         {
@@ -357,7 +358,7 @@ void DoAnything(SimulatedProgram& program, std::mt19937& random) {
         const std::vector<std::int32_t> rows = anyRows();
         const bool several = below(3) == 0;
         if (several)
-            app.List.SetSelection(rows.empty() ? -1 : rows[random() % rows.size()], rows);
+            SetSelection(app.List, rows.empty() ? -1 : rows[random() % rows.size()], rows);
         else if (app.List.Count() > 0)
             app.List.Select(1 + below(app.List.Count()));
     };

@@ -1,10 +1,11 @@
 // SPDX-License-Identifier: MIT
 #include "music/list_editing.h"
 
-#include <tuple>
+#include <utility>
 
 #include <gtest/gtest.h>
 
+#include "support/selection.h"
 #include "support/simulated_program.h"
 
 namespace quavix::test {
@@ -13,15 +14,6 @@ namespace {
 struct ListEditingTest : testing::Test, SimulatedProgram {
     ListEditingTest() { SetSong({"Whole C4 E4 Dot", "Half D4 F4 -", "Quarter E4 - Tri", "1/8 F4 - -"}); }
 
-    std::string Enabled() const {
-        const MainFields& fields = App.Fields;
-        std::string text;
-        for (const bool enabled :
-             {fields.Entry.AddNote1OptionEnabled.Get(), fields.Entry.AddNote2OptionEnabled.Get(),
-              fields.Entry.NoteReplaceCheckEnabled.Get(), fields.Entry.NoteLengthReplaceCheckEnabled.Get()})
-            text += enabled ? "1" : "0";
-        return text;
-    }
     /// Undoes so many steps, which has to be all, and returns the song.
     std::string SongAfterUndoing(int steps) {
         for (int i = 0; i < steps; ++i)
@@ -65,7 +57,7 @@ TEST_F(ListEditingTest, WithoutARealSelectionNothingIsChanged) {
     for (const bool lostHighlight : {false, true}) {
         if (lostHighlight) {
             App.List.Select(2);
-            App.List.Unselect(2);
+            App.List.UnselectAll();
         }
         App.Editing.ListEditing.ClearNote1Button_Click();
         App.Editing.ListEditing.ClearNote2Button_Click();
@@ -117,22 +109,23 @@ TEST_F(ListEditingTest, DottedWhileTripletIsTickedLeavesDotted) {
     EXPECT_EQ(App.List.Line(3).Mod, "Dot");
 }
 
-TEST_F(ListEditingTest, TheOptionsOfEnteringNotesAreAvailableWithIt) {
-    EXPECT_EQ(Enabled(), "1110") << "as the program starts";
-    const std::tuple<bool, bool, const char*> steps[] = {{false, false, "0000"}, {true, false, "1110"},
-                                                         {true, true, "1111"},   {false, true, "0000"},
-                                                         {true, true, "1111"},   {true, false, "1110"}};
-    for (const auto& [add, replace, enabled] : steps) {
+TEST_F(ListEditingTest, ReplacingTheLengthIsAvailableWithReplacingNotesThatAreAdded) {
+    const Watched<bool>& enabled = App.Fields.Entry.NoteLengthReplaceCheckEnabled;
+    EXPECT_FALSE(enabled) << "as the program starts";
+    const std::pair<bool, bool> steps[] = {{false, false}, {true, false}, {true, true},
+                                           {false, true},  {true, true},  {true, false}};
+    for (const auto& [add, replace] : steps) {
         App.Fields.Entry.NoteClickAddCheck = add;
         App.Fields.Entry.NoteReplaceCheck = replace;
-        EXPECT_EQ(Enabled(), enabled) << add << replace;
+        EXPECT_EQ(enabled, add && replace) << add << replace;
     }
 }
 
 TEST_F(ListEditingTest, ASongThatSwitchesNoteEntryOffGreysItsOptions) {
+    App.Fields.Entry.NoteReplaceCheck = true;
     Disk.Put("song", "Quavix by Dastrel-204 file format\r\nNoteClickAdd 0\r\nMUSICLISTSTART\r\n");
     App.Storage.SongReader.ActuallyLoadMusic("song");
-    EXPECT_EQ(Enabled(), "0000");
+    EXPECT_FALSE(App.Fields.Entry.NoteLengthReplaceCheckEnabled);
 }
 
 TEST_F(ListEditingTest, OnlyOneOfTheTwoNoteColumnsIsChosen) {
@@ -158,7 +151,7 @@ TEST_F(ListEditingTest, ErasingTheSoundingLineLetsPlaybackGoOn) {
 }
 
 TEST_F(ListEditingTest, WithSeveralLinesSelectedEraseWholeLineErasesAllInOneStep) {
-    App.List.SetSelection(1, {1, 3});
+    SetSelection(App.List, 1, {1, 3});
     App.Editing.ListEditing.Command1_Click();
     EXPECT_EQ(SongText(), "Half D4 F4 -\n> 1/8 F4 - -\n");
     EXPECT_EQ(App.Editing.EditHistory.UndoText.Get(), "Undo Erase lines");
@@ -166,7 +159,7 @@ TEST_F(ListEditingTest, WithSeveralLinesSelectedEraseWholeLineErasesAllInOneStep
 }
 
 TEST_F(ListEditingTest, WithSeveralLinesSelectedClearingMeansAllInOneStep) {
-    App.List.SetSelection(1, {1, 2});
+    SetSelection(App.List, 1, {1, 2});
     App.Editing.ListEditing.ClearNote1Button_Click();
     EXPECT_EQ(SongText(), "> Whole - E4 Dot\n> Half - F4 -\nQuarter E4 - Tri\n1/8 F4 - -\n");
     App.Editing.ListEditing.ClearNote2Button_Click();
@@ -175,7 +168,7 @@ TEST_F(ListEditingTest, WithSeveralLinesSelectedClearingMeansAllInOneStep) {
 }
 
 TEST_F(ListEditingTest, WithSeveralLinesSelectedTheModifierIsGivenToAllInOneStep) {
-    App.List.SetSelection(2, {2, 3});
+    SetSelection(App.List, 2, {2, 3});
     App.Fields.Entry.ModDottedCheck = true;
     EXPECT_EQ(SongText(), "Whole C4 E4 Dot\n> Half D4 F4 Dot\n> Quarter E4 - Dot\n1/8 F4 - -\n");
     App.Fields.Entry.ModTripletCheck = true;
@@ -184,13 +177,13 @@ TEST_F(ListEditingTest, WithSeveralLinesSelectedTheModifierIsGivenToAllInOneStep
 }
 
 TEST_F(ListEditingTest, WithSeveralLinesSelectedABlankLineComesBeforeTheSelectedItemWhichAloneStaysSelected) {
-    App.List.SetSelection(2, {2, 3});
+    SetSelection(App.List, 2, {2, 3});
     App.Editing.ListEditing.SilentLineButton_Click();
     EXPECT_EQ(SongText(), "Whole C4 E4 Dot\n1/8 - - -\n> Half D4 F4 -\nQuarter E4 - Tri\n1/8 F4 - -\n");
 }
 
 TEST_F(ListEditingTest, UnselectingClearsEveryHighlight) {
-    App.List.SetSelection(2, {1, 2, 4});
+    SetSelection(App.List, 2, {1, 2, 4});
     App.Editing.ListEditing.UnselectButton_Click();
     EXPECT_EQ(App.List.SelectedCount(), 0);
     EXPECT_EQ(App.List.SelectedItem(), 2);

@@ -11,6 +11,7 @@
 #include "simulation/simulated_files.h"
 #include "simulation/simulated_time.h"
 #include "songfile/song_format.h"
+#include "support/selection.h"
 
 namespace quavix {
 namespace {
@@ -65,7 +66,7 @@ TEST(MusicListRows, AreTheSameAtOnceAsOneByOne) {
                     ? -1
                     : static_cast<std::int32_t>(random() % static_cast<std::uint32_t>(rowCount)) + 1;
             for (MusicList* list : {&atOnce, &oneByOne})
-                list->SetSelection(item, selected);
+                test::SetSelection(*list, item, selected);
             EXPECT_EQ(atOnce.SelectedRows(), selected);
             position.SumBefore(rowCount + 1);
             std::vector<std::int32_t> rows;

@@ -6,6 +6,7 @@
 
 #include "music/selection.h"
 #include "shell/runtime_error.h"
+#include "support/selection.h"
 
 namespace quavix {
 namespace {
@@ -96,7 +97,7 @@ TEST(MusicList, InsertingAndRemovingMovesLaterRowsAndTheSelectionWithThem) {
 TEST(MusicList, SelectingARowClearsTheOthers) {
     MusicList list;
     FillWithC(list, 3);
-    list.SetSelection(2, {1, 2, 3});
+    test::SetSelection(list, 2, {1, 2, 3});
     list.Select(3);
     EXPECT_FALSE(list.IsSelected(1));
     EXPECT_FALSE(list.IsSelected(2));
@@ -109,7 +110,7 @@ TEST(MusicList, AnItemWhoseFlagIsClearIsNoRealSelection) {
     FillWithC(list, 3);
     list.Select(3);
     EXPECT_TRUE(HasRealSelection(list));
-    list.Unselect(3);
+    list.UnselectAll();
     EXPECT_EQ(GetSelectedIndex(list), 3);
     EXPECT_FALSE(HasRealSelection(list));
     SetSelectedLineMod(list, "Dot");
@@ -135,8 +136,8 @@ TEST(MusicList, ObserversHearEachChangeBeforeAndAfter) {
     list.Select(1);
     list.Select(1);
     list.EnsureVisible(1);
-    list.Unselect(1);
-    list.Unselect(1);
+    list.UnselectAll();
+    list.UnselectAll();
     list.Remove(1);
     list.Clear();
     EXPECT_THAT(
@@ -170,11 +171,11 @@ TEST(MusicList, TextsSurviveWhateverIsAddedAfterThem) {
 TEST(MusicList, SelectionSetFromOutsideMustNameRowsThatExist) {
     MusicList list;
     FillWithC(list, 2);
-    EXPECT_THROW(list.SetSelection(3, {}), RuntimeError);
-    EXPECT_THROW(list.SetSelection(1, {0}), RuntimeError);
-    list.SetSelection(-1, {2, 2, 1});
+    EXPECT_THROW(test::SetSelection(list, 3, {}), RuntimeError);
+    EXPECT_THROW(test::SetSelection(list, 1, {0}), RuntimeError);
+    test::SetSelection(list, -1, {2, 2, 1});
     EXPECT_TRUE(list.IsSelected(1));
-    list.SetSelection(1, {});
+    test::SetSelection(list, 1, {});
     EXPECT_FALSE(list.IsSelected(1));
     EXPECT_EQ(list.SelectedItem(), 1);
 }

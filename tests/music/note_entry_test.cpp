@@ -3,6 +3,7 @@
 
 #include <gmock/gmock.h>
 
+#include "support/selection.h"
 #include "support/simulated_program.h"
 
 namespace quavix::test {
@@ -55,7 +56,7 @@ TEST_F(NoteEntryTest, ALineIsInsertedBeforeTheSelectedOneWhichStaysSelected) {
 TEST_F(NoteEntryTest, AnItemThatHasLostItsHighlightIsNoInsertPoint) {
     SetSong({"Whole C4 - -", "Half D4 - -"});
     App.List.Select(1);
-    App.List.Unselect(1);
+    App.List.UnselectAll();
     App.Fields.Entry.NoteReplaceCheck = true;
     EXPECT_THAT(LogOf(2, 4, 2), HasSubstr("    It's not - inserting at end of list.\n"
                                           "    InsertPoint = 3\n"
@@ -144,7 +145,7 @@ TEST_F(NoteEntryTest, AnOctaveOfTwoDigitsIsWrittenAsItIs) {
 
 TEST_F(NoteEntryTest, InsertingAmongSeveralSelectedLinesLeavesOneSelected) {
     SetSong({"Whole C4 - -", "Half D4 - -", "Quarter E4 - -"});
-    App.List.SetSelection(2, {1, 2, 3});
+    SetSelection(App.List, 2, {1, 2, 3});
     App.Editing.NoteEntry.AddNote(0, 5, 2);
     EXPECT_EQ(SongText(), "Whole C4 - -\nQuarter C5 - -\n> Half D4 - -\nQuarter E4 - -\n");
 }
@@ -178,7 +179,7 @@ TEST_F(NoteEntryTest, TheNewLineAndTheOneThatIsSelectedNextAreScrolledIntoView) 
 TEST_F(NoteEntryTest, ReplacingTheLastOfSeveralSelectedLinesLeavesNoneHighlighted) {
     SetSong({"Whole C4 - -", "Half D4 - -"});
     App.Fields.Entry.NoteReplaceCheck = true;
-    App.List.SetSelection(2, {1, 2});
+    SetSelection(App.List, 2, {1, 2});
     App.Editing.NoteEntry.AddNote(9, 4, 0);
     EXPECT_EQ(SongText(), "Whole C4 - -\n* Half A4 - -\n");
 }

@@ -192,7 +192,7 @@ TEST_F(PlaybackTest, PlayFromSelectedLineStartsThereAndRepeatsFromThere) {
 TEST_F(PlaybackTest, PlayFromSelectedLineWithoutOneStartsAtTheFirst) {
     P.SetSong({"1/8 C4 - -", "1/8 E4 - -"});
     P.App.List.Select(2);
-    P.App.List.Unselect(2);
+    P.App.List.UnselectAll();
     StopAt(100);
     Playback.PlayFromLineButton_Click();
     EXPECT_EQ(Tones(), "0.0000 speaker 262 Hz 125 ms\n");

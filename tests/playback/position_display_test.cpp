@@ -186,7 +186,7 @@ TEST_F(PositionTest, WhileEditingTheSelectedLineOrTheEndOfTheSongIsShown) {
     P.App.List.Select(3);
     P.App.Editing.PositionDisplay.ShowSelectedLine();
     EXPECT_EQ(P.App.Editing.PositionDisplay.lblPlayPos.Get(), "01 01/02");
-    P.App.List.Unselect(3);
+    P.App.List.UnselectAll();
     P.App.Editing.PositionDisplay.ShowSelectedLine();
     EXPECT_EQ(P.App.Editing.PositionDisplay.lblPlayPos.Get(), "01 03/04");
 }

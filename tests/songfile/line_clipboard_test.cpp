@@ -6,6 +6,7 @@
 
 #include <gtest/gtest.h>
 
+#include "support/selection.h"
 #include "support/simulated_program.h"
 
 namespace quavix::test {
@@ -107,7 +108,7 @@ TEST(LineText, ComesBackAsItWas) {
 }
 
 TEST_F(LineClipboardTest, CopyingPutsTheSelectedLinesOnTheClipboardAndChangesNothing) {
-    App.List.SetSelection(3, {3, 1});
+    SetSelection(App.List, 3, {3, 1});
     App.Editing.LineClipboard.CopyLines();
     EXPECT_EQ(Clipboard.Text(), "Whole C4 E4 Dot\nQuarter - - Tri\n");
     EXPECT_EQ(Timeline.Text("clipboard"), "0.0000 clipboard Whole C4 E4 Dot|Quarter - - Tri|\n");
@@ -127,7 +128,7 @@ TEST_F(LineClipboardTest, WithoutASelectedLineTheClipboardStaysAsItIs) {
 }
 
 TEST_F(LineClipboardTest, CuttingIsOneStep) {
-    App.List.SetSelection(1, {1, 2});
+    SetSelection(App.List, 1, {1, 2});
     App.Editing.LineClipboard.CutLines();
     EXPECT_EQ(Clipboard.Text(), "Whole C4 E4 Dot\nHalf D4 - -\n");
     EXPECT_EQ(SongText(), "> Quarter - - Tri\n1/8 F4 - -\n");
@@ -171,7 +172,7 @@ TEST_F(LineClipboardTest, TextThatIsNoMusicIsCountedAndChangesNothing) {
 }
 
 TEST_F(LineClipboardTest, CopiesStandBehindTheLastSelectedLineAndAreSelected) {
-    App.List.SetSelection(1, {1, 3});
+    SetSelection(App.List, 1, {1, 3});
     App.Editing.LineClipboard.DuplicateLines();
     EXPECT_EQ(SongText(),
               "Whole C4 E4 Dot\nHalf D4 - -\nQuarter - - Tri\n> Whole C4 E4 Dot\n> Quarter - - Tri\n"
@@ -199,10 +200,10 @@ TEST_F(LineClipboardTest, ErasingOneSelectedLineIsTheSameAsEraseWholeLine) {
 }
 
 TEST_F(LineClipboardTest, ErasingSeveralLinesSelectsTheOneBehindThem) {
-    App.List.SetSelection(3, {1, 3});
+    SetSelection(App.List, 3, {1, 3});
     App.Editing.LineClipboard.EraseLines();
     EXPECT_EQ(SongText(), "Half D4 - -\n> 1/8 F4 - -\n");
-    App.List.SetSelection(1, {1, 2});
+    SetSelection(App.List, 1, {1, 2});
     App.Editing.LineClipboard.EraseLines();
     EXPECT_EQ(SongText(), "");
     EXPECT_EQ(App.List.SelectedItem(), -1);
@@ -214,7 +215,7 @@ TEST_F(LineClipboardTest, ErasingSeveralLinesSelectsTheOneBehindThem) {
 
 TEST_F(LineClipboardTest, LinesSelectedFollowsTheSelection) {
     EXPECT_FALSE(App.Editing.LineClipboard.LinesSelected);
-    App.List.SetSelection(2, {2, 3});
+    SetSelection(App.List, 2, {2, 3});
     EXPECT_TRUE(App.Editing.LineClipboard.LinesSelected);
     App.Editing.LineClipboard.EraseLines();
     EXPECT_TRUE(App.Editing.LineClipboard.LinesSelected) << "the line behind them";
@@ -226,7 +227,7 @@ TEST_F(LineClipboardTest, LinesSelectedFollowsTheSelection) {
 }
 
 TEST_F(LineClipboardTest, LinesGoFromOneCopyOfTheProgramToAnother) {
-    App.List.SetSelection(1, {1, 2, 3, 4});
+    SetSelection(App.List, 1, {1, 2, 3, 4});
     App.Editing.LineClipboard.CopyLines();
     SimulatedProgram other;
     other.Clipboard.Put(Clipboard.Text());

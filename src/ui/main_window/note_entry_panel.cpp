@@ -18,9 +18,9 @@ QWidget* MakeNoteEntryPanel(EntryOptions& entry, EventBoundary& handlers, QWidge
     BindCombo(ui.NoteLengthCombo, entry.NoteLengthCombo, handlers);
     BindCheck(ui.ModDottedCheck, entry.ModDottedCheck, handlers);
     BindCheck(ui.ModTripletCheck, entry.ModTripletCheck, handlers);
-    BindEnabled(ui.AddNote1Option, entry.AddNote1OptionEnabled);
-    BindEnabled(ui.AddNote2Option, entry.AddNote2OptionEnabled);
-    BindEnabled(ui.NoteReplaceCheck, entry.NoteReplaceCheckEnabled);
+    BindEnabled(ui.AddNote1Option, entry.NoteClickAddCheck);
+    BindEnabled(ui.AddNote2Option, entry.NoteClickAddCheck);
+    BindEnabled(ui.NoteReplaceCheck, entry.NoteClickAddCheck);
     BindEnabled(ui.NoteLengthReplaceCheck, entry.NoteLengthReplaceCheckEnabled);
     return panel;
 }

@@ -3,6 +3,7 @@
 
 #include <QAbstractItemModelTester>
 
+#include "support/selection.h"
 #include "ui/ui_program.h"
 
 namespace quavix {
@@ -181,10 +182,9 @@ TEST(MusicListView, ShowsTheSelectionMadeByTheProgram) {
     p.SetSong({"Quarter C4 - -", "Quarter E4 - -", "Quarter G4 - -"});
     p.App.List.Select(3);
     EXPECT_THAT(Highlighted(ListOf(p)), ElementsAre(3));
-    p.App.List.SetSelection(1, {1, 2});
+    test::SetSelection(p.App.List, 1, {1, 2});
     EXPECT_THAT(Highlighted(ListOf(p)), ElementsAre(1, 2));
-    p.App.List.Unselect(1);
-    p.App.List.Unselect(2);
+    p.App.List.UnselectAll();
     EXPECT_THAT(Highlighted(ListOf(p)), IsEmpty());
     EXPECT_EQ(p.App.List.SelectedItem(), 1);
     EXPECT_EQ(p.Timeline.Text("speaker"), "");
@@ -294,7 +294,7 @@ TEST(MusicListView, ShowsSeveralRowsThatGoAtOnceAndComeBack) {
         p.SetSong({"Quarter C4 - -", "Quarter E4 - -", "Quarter G4 - -", "Quarter A4 - -"});
         const QAbstractItemModelTester tester(ListOf(p).model());
         const std::vector<int> highlighted(rows.begin(), rows.end());
-        p.App.List.SetSelection(rows.back(), rows);
+        test::SetSelection(p.App.List, rows.back(), rows);
         p.App.Editing.LineClipboard.EraseLines();
         EXPECT_EQ(ListOf(p).model()->rowCount(), p.App.List.Count());
         EXPECT_EQ(Highlighted(ListOf(p)).size(), p.App.List.Count() > 1 ? 1U : 0U);
