@@ -46,40 +46,25 @@ bool IsBelowOne(std::string_view number) {
 }
 
 Reading ReadNumber(std::string text) {
-    std::size_t at = 0;
-    if (at < text.size() && (text[at] == '+' || text[at] == '-'))
-        ++at;
-    const std::size_t start = text.starts_with('+') ? 1 : 0;
-    std::size_t digits = 0;
-    for (; at < text.size() && IsDigit(text[at]); ++at)
-        ++digits;
-    if (at < text.size() && text[at] == '.') {
-        ++at;
-        for (; at < text.size() && IsDigit(text[at]); ++at)
-            ++digits;
-    }
-    if (digits == 0)
+    std::replace_if(
+        text.begin(), text.end(), [](char c) { return c == 'E' || c == 'd' || c == 'D'; }, 'e');
+    const bool isNegative = text.starts_with('-');
+    const std::size_t first = isNegative || text.starts_with('+') ? 1 : 0;
+    // from_chars also reads a second sign, and words for infinity.
+    if (first == text.size() || (!IsDigit(text[first]) && text[first] != '.'))
         return {};
-    if (at < text.size() && std::string_view("eEdD").find(text[at]) != std::string_view::npos) {
-        std::size_t after = at + 1;
-        if (after < text.size() && (text[after] == '+' || text[after] == '-'))
-            ++after;
-        if (after < text.size() && IsDigit(text[after])) {
-            text[at] = 'e';
-            for (at = after; at < text.size() && IsDigit(text[at]);)
-                ++at;
-        }
-    }
-    Reading reading{.Length = at};
-    const auto [end, error] = std::from_chars(text.data() + start, text.data() + at, reading.Value);
+    Reading reading;
+    const auto [end, error] = std::from_chars(text.data() + first, text.data() + text.size(), reading.Value);
+    if (error == std::errc::invalid_argument)
+        return {};
+    reading.Length = static_cast<std::size_t>(end - text.data());
     // If the value is out of range, from_chars does not set it.
-    if (error == std::errc::result_out_of_range) {
-        const double infinity = std::numeric_limits<double>::infinity();
-        const bool negative = text.starts_with('-');
-        reading.Value = IsBelowOne(std::string_view(text).substr(0, at)) ? 0
-                        : negative                                       ? -infinity
-                                                                         : infinity;
-    }
+    if (error == std::errc::result_out_of_range)
+        reading.Value = IsBelowOne(std::string_view(text).substr(first, reading.Length - first))
+                            ? 0
+                            : std::numeric_limits<double>::infinity();
+    if (isNegative)
+        reading.Value = -reading.Value;
     return reading;
 }
 
