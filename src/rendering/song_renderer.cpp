@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <span>
-#include <utility>
 
 #include "midi/midi_file_opening.h"
 #include "music/lengths.h"

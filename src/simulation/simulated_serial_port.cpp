@@ -2,7 +2,6 @@
 #include "simulation/simulated_serial_port.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace quavix {
 

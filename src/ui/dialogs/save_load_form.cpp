@@ -8,12 +8,6 @@
 #include "ui_save_load_form.h"
 
 namespace quavix {
-namespace {
-
-constexpr std::uint32_t ShowAfterMs = 500;
-constexpr std::uint32_t EventsEveryMs = 30;
-
-}  // namespace
 
 SaveLoadForm::SaveLoadForm(Clock& time, QWidget* parent)
     : QDialog(parent), ui_(std::make_unique<Ui::SaveLoadForm>()), time_(time) {
@@ -70,6 +64,8 @@ void SaveLoadForm::SetInfoText(const std::string& text) {
 
 bool SaveLoadForm::Progress(double ratio) {
     constexpr int Percent = 100;
+    constexpr std::uint32_t ShowAfterMs = 500;
+    constexpr std::uint32_t EventsEveryMs = 30;
     const std::uint32_t now = time_.TickCount();
     if (!isVisible() && now - startTicks_ < ShowAfterMs)
         return true;

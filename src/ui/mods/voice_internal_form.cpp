@@ -1,6 +1,5 @@
 // SPDX-License-Identifier: MIT
 #include <QLabel>
-#include <QPushButton>
 #include <QSlider>
 
 #include "fmod/sound_mods.h"

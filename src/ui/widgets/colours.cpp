@@ -7,7 +7,7 @@
 #include <QLineEdit>
 #include <QPalette>
 
-#include "music/main_fields.h"
+#include "music/setting.h"
 
 namespace quavix {
 namespace {
