@@ -8,8 +8,6 @@
 // sibilance -> four filters, one after the other -> SybChannel ------------------+
 #include "fmod/voice_main_form.h"
 
-#include <exception>
-
 #include "shell/numbers.h"
 #include "shell/runtime_error.h"
 #include "shell/scoped.h"
@@ -212,16 +210,13 @@ void VoiceMainForm::RandomFormantTimer_Timer() {
     if (inTimer_)
         return;
     bool good = false;
-    try {
-        const ScopedFlag inTimer(inTimer_);
-        p_.Errors.ShowTogether([&] { good = MoveFormants(); });
-    } catch (const std::exception&) {
-        StopMoving();
-        throw;
-    }
-    // The error has been shown. Repeating it 20 times a second would prevent switching the voice off.
-    if (!good)
-        StopMoving();
+    // An error has been shown. Repeating it 20 times a second would prevent switching the voice off.
+    const AtScopeEnd stopAfterErrors([&] {
+        if (!good)
+            StopMoving();
+    });
+    const ScopedFlag inTimer(inTimer_);
+    p_.Errors.ShowTogether([&] { good = MoveFormants(); });
 }
 
 /// Moves each formant randomly around its set frequency. The gain is the formant's raw volume, unlike the one

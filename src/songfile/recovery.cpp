@@ -6,6 +6,7 @@
 #include <fmt/format.h>
 
 #include "shell/runtime_error.h"
+#include "shell/scoped.h"
 #include "songfile/song_format.h"
 
 namespace quavix {
@@ -154,15 +155,12 @@ void Recovery::Load(RecoverySlot leftover, const std::string& fileName) {
     // Set aside, so that loading does not touch the present song's copy, which stays.
     std::optional<RecoverySlot> present = std::exchange(slot_, std::nullopt);
     LoadResult loaded;
-    try {
-        loaded = p_.Document.Recover(leftover.CopyName, fileName);
-    } catch (...) {
-        slot_ = std::move(present);
-        throw;
-    }
-    if (!loaded) {
-        slot_ = std::move(present);
-    } else if (loaded.Whole) {
+    const AtScopeEnd takeBack([&] {
+        if (!loaded)
+            slot_ = std::move(present);
+    });
+    loaded = p_.Document.Recover(leftover.CopyName, fileName);
+    if (loaded.Whole) {
         // The loaded copy becomes this process's copy, so that a copy exists at all times.
         slot_ = std::move(leftover);
         copied_ = p_.Changes;

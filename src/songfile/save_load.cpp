@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "songfile/save_load.h"
 
+#include "shell/scoped.h"
+
 namespace quavix {
 
 void SaveLoad::SaveLoadButton_Click() {
@@ -9,28 +11,17 @@ void SaveLoad::SaveLoadButton_Click() {
 }
 
 void SaveLoad::SaveButton_Click() {
-    CloseAfter([this] { document_.SaveAs(); });
+    const AtScopeEnd close([this] { Close(); });
+    document_.SaveAs();
 }
 
 void SaveLoad::LoadButton_Click() {
-    CloseAfter([this] {
-        if (document_.MayClose())
-            document_.Load();
-    });
+    const AtScopeEnd close([this] { Close(); });
+    if (document_.MayClose())
+        document_.Load();
 }
 
 void SaveLoad::CancelButton_Click() {
-    Close();
-}
-
-template <typename Action>
-void SaveLoad::CloseAfter(Action action) {
-    try {
-        action();
-    } catch (...) {
-        Close();
-        throw;
-    }
     Close();
 }
 

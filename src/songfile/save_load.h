@@ -35,8 +35,6 @@ class SaveLoad {
 
   private:
     void Close();
-    template <typename Action>
-    void CloseAfter(Action action);
 
     SaveLoadView& view_;
     SongDocument& document_;

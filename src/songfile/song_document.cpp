@@ -21,10 +21,7 @@ bool SongDocument::New() {
     if (!MayClose())
         return false;
     p_.State.MusicIsPlaying = false;
-    {
-        const MusicListReset reset(p_.List);
-        p_.List.Clear();
-    }
+    p_.List.Clear();
     SongFields& song = p_.Song;
     for (Setting* setting : {&song.BPM, &song.BeatsPerBar, &song.NoteSilenceRatio, &song.AlternateTime})
         setting->Reset();
