@@ -3,7 +3,6 @@
 
 #include <algorithm>
 #include <cinttypes>
-#include <string_view>
 #include <utility>
 
 namespace quavix::midi_file {

@@ -4,7 +4,6 @@
 #include <algorithm>
 #include <cstring>
 #include <exception>
-#include <new>
 
 #include "modules/midi_io/midi_io.h"
 

@@ -2,7 +2,6 @@
 #include "dsp/square_wave.h"
 
 #include <algorithm>
-#include <array>
 #include <cstddef>
 
 #include "dsp/band_limiting.h"

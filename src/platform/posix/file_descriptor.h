@@ -2,7 +2,6 @@
 #pragma once
 
 #include <cerrno>
-#include <cstdint>
 #include <string_view>
 #include <sys/stat.h>
 #include <system_error>

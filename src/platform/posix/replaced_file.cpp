@@ -3,7 +3,6 @@
 
 #include <array>
 #include <cerrno>
-#include <cstdint>
 #include <cstdio>
 #include <fcntl.h>
 #include <filesystem>

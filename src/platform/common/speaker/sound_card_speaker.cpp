@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "platform/common/speaker/sound_card_speaker.h"
 
-#include <algorithm>
 #include <utility>
 
 #include <fmt/format.h>
