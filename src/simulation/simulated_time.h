@@ -59,8 +59,6 @@ class SimulatedTime : public Clock, public EventPump, public Timers {
         std::int64_t Counter = 0;
         std::uint32_t TickCount = 0;
         TimeOfDay Time = {12, 0, 0};
-        /// The constant date.
-        Date Today = {2001, 2, 3};
     };
 
     SimulatedTime() : SimulatedTime(Origin{}) {}
@@ -71,7 +69,7 @@ class SimulatedTime : public Clock, public EventPump, public Timers {
     std::int64_t PerformanceFrequency() override { return CountsPerSecond; }
     std::uint32_t TickCount() override;
     TimeOfDay LocalTime() override;
-    Date LocalDate() override { return start_.Today; }
+    Date LocalDate() override { return {2001, 2, 3}; }
 
     // EventPump. An endless wait without any scheduled event raises std::logic_error.
     std::uint32_t WaitForInput(std::span<const WaitHandle> handles, std::uint32_t timeoutMs) override;

@@ -14,7 +14,6 @@ QDialog* MakeManualForm(const QString& text, QWidget* parent) {
     ui.setupUi(form);
     ui.ManualText->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     ui.ManualText->setPlainText(text);
-    QObject::connect(ui.ManualCloseButton, &QPushButton::clicked, form, &QDialog::close);
     constexpr int Columns = 88;
     constexpr int Rows = 34;
     const QFontMetrics metrics = ui.ManualText->fontMetrics();

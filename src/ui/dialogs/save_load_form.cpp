@@ -12,7 +12,6 @@ namespace quavix {
 SaveLoadForm::SaveLoadForm(Clock& time, QWidget* parent)
     : QDialog(parent), ui_(std::make_unique<Ui::SaveLoadForm>()), time_(time) {
     ui_->setupUi(this);
-    connect(ui_->LoadingCancelButton, &QPushButton::clicked, this, &SaveLoadForm::reject);
     ShowHideInfoText(false);
 }
 

@@ -15,12 +15,6 @@
 namespace quavix {
 namespace {
 
-QString HelpButtonName(const text::Mod& mod) {
-    QString name = mod.CheckName;
-    name.chop(static_cast<qsizetype>(std::string_view("Check").size()));
-    return name + "HButton";
-}
-
 /// Adds a row to the panel with the check box of a mod and the button that explains it.
 void AddMod(QGroupBox* panel, QGridLayout* grid, const text::Mod& mod, Mod& values, MessageBoxes& boxes,
             EventBoundary& handlers) {
@@ -34,7 +28,7 @@ void AddMod(QGroupBox* panel, QGridLayout* grid, const text::Mod& mod, Mod& valu
     grid->addWidget(check, row, 0);
 
     auto* help = new QToolButton(panel);
-    help->setObjectName(HelpButtonName(mod));
+    help->setObjectName(QString(mod.CheckName).replace("Check", "HButton"));
     help->setText("?");
     help->setAccessibleName(QObject::tr("Help about '%1'").arg(mod.Caption));
     help->setToolTip(QObject::tr("What '%1' does").arg(mod.Caption));
