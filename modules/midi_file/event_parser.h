@@ -23,7 +23,7 @@ class EventParser {
     /// the bytes are no event.
     Step Next(QuavixMidiFileEvent& event);
 
-    /// Returns the position behind the last event; after damage, the position of the faulty byte.
+    /// Returns the position after the last event; after damage, the position of the faulty byte.
     const std::uint8_t* At() const { return at_; }
     const char* Fault() const { return fault_; }
 

@@ -34,7 +34,7 @@ bool FindInWrapper(const FileBytes& bytes, Messages& messages, std::uint64_t& st
     return messages.Fail(Unreadable, std::min(at, bytes.Size()), "the RIFF file has no chunk \"data\".");
 }
 
-/// Moves `start` behind data that some programs put in front of the header, up to 1024 bytes.
+/// Moves `start` after data that some programs put in front of the header, up to 1024 bytes.
 bool FindHeader(const FileBytes& bytes, Messages& messages, std::uint64_t& start) {
     constexpr std::string_view UsualBeginning{"MThd\0\0\0\6", ChunkHeadSize};
     constexpr std::uint64_t MostInFront = 1024;
@@ -58,7 +58,7 @@ bool FindHeader(const FileBytes& bytes, Messages& messages, std::uint64_t& start
         begin[1], begin[2], begin[3]);
 }
 
-/// Returns the offset of the first track: behind the declared size, or if that is wrong, behind 6 bytes.
+/// Returns the offset of the first track: after the declared size, or if that is wrong, after 6 bytes.
 std::uint64_t BehindHeader(const FileBytes& bytes, Messages& messages, std::uint64_t content) {
     const std::uint32_t size = bytes.U32(content - ChunkNameSize);
     const std::uint64_t usual = content + HeaderContentSize;

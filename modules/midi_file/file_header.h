@@ -9,10 +9,10 @@
 
 namespace quavix::midi_file {
 
-/// The header of a file and the position of the chunks behind it.
+/// The header of a file and the position of the chunks after it.
 struct FileHeader {
     QuavixMidiFileHeader Says{};
-    /// Expected offset of the first chunk behind the header.
+    /// Expected offset of the first chunk after the header.
     std::uint64_t ChunksBegin = 0;
     /// End of the chunks according to the RIFF file around them; the file's size if there is none.
     std::uint64_t WrapperEnd = 0;

@@ -100,7 +100,7 @@ class Graph {
     GroupNode* AddGroup();
     /// Moves a group into another. Refused if that would close a loop.
     void Move(GroupNode& group, GroupNode& parent);
-    /// Moves a unit behind the other units of the group.
+    /// Moves a unit after the other units of the group.
     void Move(UnitNode& unit, GroupNode& group);
     /// Erases a group, which must not be the master group.
     void Erase(GroupNode& group);

@@ -281,7 +281,7 @@ SOUND_EXPORT SoundResult SOUND_CALL FMOD_ChannelGroup_SetVolume(SoundGroup* grou
 /** Moves `child` into the group. If `child` contains the group: SOUND_LOOP. */
 SOUND_EXPORT SoundResult SOUND_CALL FMOD_ChannelGroup_AddGroup(SoundGroup* group, SoundGroup* child);
 
-/** Moves the unit into the group, behind its other units. */
+/** Moves the unit into the group, after its other units. */
 SOUND_EXPORT SoundResult SOUND_CALL FMOD_ChannelGroup_AddDSP(SoundGroup* group, SoundUnit* unit);
 
 /**

@@ -84,7 +84,7 @@ void AddEdges(const Rows& rows, float height, Phase at, float* out, std::size_t 
     const Phase way = at - phase;
     if (step == 0 || (way - 1) / frames >= step)
         return;
-    // First sample at or behind the edge, and its distance behind it. A distance of 0 is a whole period,
+    // First sample at or after the edge, and its distance after it. A distance of 0 is a whole period,
     // because that edge was passed before.
     Phase sample = (way - 1) / step + 1;
     Phase passed = sample * step - way;

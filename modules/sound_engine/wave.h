@@ -24,7 +24,7 @@ class Waves {
   public:
     /// Delay of the output in samples: the correction of an edge begins before the edge.
     static constexpr std::size_t Delay = BandLimitedStep::Before;
-    /// Number of samples behind the last input that an edge can reach.
+    /// Number of samples after the last input that an edge can reach.
     static constexpr std::size_t Tail = BandLimitedStep::Taps - 1;
 
     Waves();

@@ -13,7 +13,7 @@ std::optional<std::string> AnswerToOption(const std::vector<std::string>& argume
 /// Returns the FILE of `quavix --register FILE`; nothing for any other command line.
 std::optional<std::string> ControlToRegister(const std::vector<std::string>& arguments);
 
-/// Returns the arguments behind the program's name, joined by blanks.
+/// Returns the arguments after the program's name, joined by blanks.
 std::string CommandText(const std::vector<std::string>& arguments);
 
 /// Returns the file name in a command line: all of it, without its double quotes.

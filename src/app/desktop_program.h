@@ -17,7 +17,7 @@ struct DesktopFacts {
     std::function<void()> EndProcess;
     /// Folder of the unsaved songs.
     std::string StateFolder;
-    /// The command line behind the program's name.
+    /// The command line after the program's name.
     std::string CommandLine;
     /// Makes message boxes answer themselves from now on; called when the program ends.
     std::function<void()> AnswerBoxes = [] {};

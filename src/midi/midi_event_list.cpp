@@ -126,7 +126,7 @@ class TimedEventMerge {
             nodes_[node] = Earlier(node);
     }
 
-    /// Returns the next event; null behind the last one.
+    /// Returns the next event; null after the last one.
     const TimedMidiEvent* Next() {
         const Node winner = nodes_[1];
         if (winner.Key == NoMore)

@@ -24,7 +24,7 @@ class ListEditing {
 
     void ClearNote1Button_Click();
     void ClearNote2Button_Click();
-    /// "Erase whole line": selects the line that takes its place, so that it can be erased next; behind the
+    /// "Erase whole line": selects the line that takes its place, so that it can be erased next; after the
     /// last line, none.
     void Command1_Click();
     /// "Blank line": enters a line without a note, see NoteEntry.

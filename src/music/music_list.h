@@ -79,7 +79,7 @@ class MusicList {
     /// Reserves room for this many rows in total, to save time when very many are added.
     void Reserve(std::size_t rows) { rows_.reserve(rows); }
     /// Adds several rows at once, which get the numbers `rows`. The numbers must ascend and leave no gap
-    /// behind the list's end. `line` returns the four cells of the row `rows[index]`; it is called once for
+    /// after the list's end. `line` returns the four cells of the row `rows[index]`; it is called once for
     /// each, in any order.
     using LineSource = std::function<std::array<std::string_view, 4>(std::size_t index)>;
     void InsertRows(std::span<const std::int32_t> rows, const LineSource& line);

@@ -39,7 +39,7 @@ class RowRuns {
     friend bool operator==(const RowRuns&, const RowRuns&) = default;
 
   private:
-    /// Adds a run behind all others, joined to the last one if they touch; does nothing if it is empty.
+    /// Adds a run after all others, joined to the last one if they touch; does nothing if it is empty.
     void Append(RowRun run);
 
     std::vector<RowRun> runs_;

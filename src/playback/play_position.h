@@ -41,7 +41,7 @@ class PlayPosition : private MusicListObserver {
     /// Number of lines per kept sum.
     static constexpr std::int32_t Block = 64;
 
-    /// Start of the line behind a block, and the number of fixed sums up to there.
+    /// Start of the line after a block, and the number of fixed sums up to there.
     struct Sum {
         double Position = 0;
         std::int32_t Mended = 0;

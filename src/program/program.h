@@ -15,8 +15,8 @@ struct ProgramPorts;
 struct SongEditing;
 struct SongStorage;
 
-/// The program behind its window: the groups of its parts, for what drives them all. Its users include
-/// program_parts.h for the groups that they use.
+/// The program without its window: refers to the groups of its parts, for code that uses several of them.
+/// Such code includes program_parts.h for the members of the groups.
 struct Program {
     /// The parts must outlive the program.
     explicit Program(ProgramParts& parts);

@@ -37,9 +37,9 @@ class LineClipboard : private MusicListObserver {
     /// Inserts the clipboard's lines at the note-entry position: before the first selected line, which stays
     /// selected, or at the end. A clipboard without music changes nothing.
     PasteResult PasteLines();
-    /// Inserts copies behind the last selected line, and selects the copies instead.
+    /// Inserts copies after the last selected line, and selects the copies instead.
     void DuplicateLines();
-    /// Removes the selected lines. Selects the line behind the last of them, if there is one.
+    /// Removes the selected lines. Selects the line after the last of them, if there is one.
     void EraseLines();
 
   private:

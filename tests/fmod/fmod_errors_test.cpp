@@ -11,7 +11,7 @@
 namespace quavix {
 namespace {
 
-TEST(FmodErrors, TextsStandWordForWordWithTheBlanksAtTheirEnds) {
+TEST(FmodErrors, TextsMatchTheTableWithTheBlanksAtTheirEnds) {
     EXPECT_STREQ(FmodErrorText(1), "Tried to call lock a second time before unlock was called. ");
     EXPECT_STREQ(FmodErrorText(3), "Neither NTSCSI nor ASPI could be initialised. ");
     EXPECT_STREQ(FmodErrorText(36), "An invalid object handle was used. ");

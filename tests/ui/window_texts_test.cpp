@@ -121,7 +121,7 @@ void ExpectTexts(const QWidget& window, std::span<const WindowText> texts) {
     }
 }
 
-TEST(WindowTexts, StandWordForWord) {
+TEST(WindowTexts, MatchExactly) {
     test::UiProgram p;
     ExpectTexts(p.Form, Texts);
     ExpectTexts(p.SaveLoadWindow, SaveLoadTexts);

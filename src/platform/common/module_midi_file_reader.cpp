@@ -55,7 +55,7 @@ class Sink {
                     }};
     }
 
-    /// Ends the current track. Called at the beginning of each track, and behind the last one.
+    /// Ends the current track. Called at the beginning of each track, and after the last one.
     void FinishTrack() {
         if (!content_.Tracks.empty())
             content_.Tracks.back().assign(track_.begin(), track_.end());

@@ -152,7 +152,7 @@ TEST(EngineChanges, ChangesOfFiltersDoNotClick) {
               MostStep);
 }
 
-TEST(EngineChanges, AreThereAfterTwoMilliseconds) {
+TEST(EngineChanges, AreCompleteAfterTwoMilliseconds) {
     const auto settled = [](const std::vector<float>& sound) {
         return Peak(std::span(sound).subspan(9600 + 240 + RampFrames));
     };

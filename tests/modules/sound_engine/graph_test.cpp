@@ -74,7 +74,7 @@ std::complex<double> PeaksSideBySide(double hz) {
     return sum;
 }
 
-TEST(EngineGraph, AnInputOfSeveralStandsBeforeThemAndTheyStandSideBySide) {
+TEST(EngineGraph, UnitsWithACommonInputRunAfterItSideBySide) {
     for (const double hz : {300.0, 814.0, 1300.0, 2623.0, 6000.0, 9000.0}) {
         const double expected = Db(std::abs(PeaksSideBySide(hz) * CookbookLowPass(hz, Cutoff, Resonance)));
         EXPECT_NEAR(LevelBehind(hz, [](EngineSystem& engine) { return ConnectVoice(engine).Group; }),

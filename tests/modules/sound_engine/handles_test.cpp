@@ -166,7 +166,7 @@ class EngineHandles : public testing::Test {
     SoundGroup* group_ = nullptr;
 };
 
-TEST_F(EngineHandles, InvalidAreRefusedByEveryCall) {
+TEST_F(EngineHandles, EveryCallRefusesInvalidHandles) {
     int here = 0;
     const auto onTheHeap = std::make_unique<std::uint64_t[]>(64);
     std::vector<void*> bad = {nullptr,
@@ -198,7 +198,7 @@ TEST_F(EngineHandles, EveryCallRefusesHandlesOfAnotherKind) {
     }
 }
 
-TEST_F(EngineHandles, ReleasedAreRefusedByEveryCall) {
+TEST_F(EngineHandles, EveryCallRefusesReleasedHandles) {
     void* unit = unit_;
     void* channel = channel_;
     void* group = group_;
@@ -230,7 +230,7 @@ TEST_F(EngineHandles, CallsWithTwoObjectsRefuseHandlesOfAnotherSystem) {
     EXPECT_EQ(E().ChannelGroup_AddDSP(group_, unit), SOUND_INVALID_HANDLE);
 }
 
-TEST_F(EngineHandles, ValidAreAccepted) {
+TEST_F(EngineHandles, EveryCallAcceptsValidHandles) {
     for (const TheCall& call : Calls()) {
         if (std::string(call.Name) == "system Release")
             continue;  // the systems release themselves

@@ -73,7 +73,7 @@ TEST(ModsPanel, EveryQuestionMarkExplainsItsMod) {
     EXPECT_EQ(p.Boxes.Shown().size(), std::size(text::Mods));
 }
 
-TEST(ModsPanel, HelpTextsStandWordForWord) {
+TEST(ModsPanel, HelpTextsMatchExactly) {
     EXPECT_STREQ(text::UseVoice.HelpText,
                  "Makes the program use a voice system for 'singing' one of the note columns.\n"
                  "This uses FMOD (See the question-mark button above this one).");

@@ -55,7 +55,7 @@ TEST(MIDIFileForm, IsNotShownWithoutItsControl) {
     ASSERT_EQ(p.Boxes.Shown().size(), 1U);
 }
 
-TEST(MIDIFileForm, ItsTextsStandWordForWord) {
+TEST(MIDIFileForm, ItsTextsMatchExactly) {
     MidiFileWindow p;
     EXPECT_EQ(p.TextOf("lblFileInstruction"), "Please choose the MIDI file to play MIDI data from.");
     EXPECT_EQ(p.TextOf("lblClosing"), "Closing this window will disable MIDI file playback.");
@@ -171,7 +171,7 @@ TEST(MIDIFileForm, TheMainWindowClosedInTheMiddleEndsTheProgram) {
     EXPECT_EQ(p.Timeline.Text("speaker"), "");
 }
 
-TEST(MIDIFileForm, TheHelpStandsWordForWord) {
+TEST(MIDIFileForm, TheHelpTextMatchesExactly) {
     test::UiProgram p;
     p.Click("UseMIDIFileHButton");
     ASSERT_EQ(p.Boxes.Shown().size(), 1U);

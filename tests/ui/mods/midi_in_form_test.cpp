@@ -53,7 +53,7 @@ TEST(MIDIInForm, IsShownWhileItsModIsTicked) {
     EXPECT_FALSE(p.Window().isVisible());
 }
 
-TEST(MIDIInForm, ItsTextsStandWordForWord) {
+TEST(MIDIInForm, ItsTextsMatchExactly) {
     MidiInProgram p;
     EXPECT_EQ(p.TextOf("lblDeviceInstruction"),
               "Please choose the MIDI input device to listen to the MIDI data from.");
@@ -83,7 +83,7 @@ TEST(MIDIInForm, StartsWithAllChannelsAndTheAutomaticTime) {
     EXPECT_EQ(p.Grid(), "");
 }
 
-TEST(MIDIInForm, HeldNotesLightUpTheOneThatIsPulsedBrighter) {
+TEST(MIDIInForm, HeldNotesAreLitAndThePulsedOneIsBrighter) {
     MidiInProgram p;
     p.Hold(3);
     EXPECT_EQ(p.Grid(), "C3 *C#3 D3 ");

@@ -22,7 +22,7 @@ TEST(PortamentoForm, IsShownWhileItsModIsTickedAndUnticksItWhenClosed) {
     EXPECT_FALSE(p.App.Fields.Mods.UsePorta.InUse);
 }
 
-TEST(PortamentoForm, ItsTextsStandWordForWord) {
+TEST(PortamentoForm, ItsTextsMatchExactly) {
     test::UiProgram p;
     ModWindow& form = Open(p);
     EXPECT_EQ(p.TextOf("lblPitchMultipleCaption").remove('&'), "Speed of pitch change");

@@ -29,7 +29,7 @@ TEST(SynchroForm, IsCreatedAndShownWhenItsModIsTicked) {
     EXPECT_FALSE(window.isVisible());
 }
 
-TEST(SynchroForm, ItsTextsStandWordForWord) {
+TEST(SynchroForm, ItsTextsMatchExactly) {
     SynchroProgram p;
     EXPECT_EQ(p.Find<QGroupBox>("fraTime").title(), "Time to start playing at");
     EXPECT_EQ(p.TextOf("lblHour"), "Hour:");

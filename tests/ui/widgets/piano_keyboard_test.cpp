@@ -155,7 +155,7 @@ TEST(PianoKeyboard, IsAGroupOfNamedButtonsToAssistiveTechnology) {
     EXPECT_TRUE(key->state().disabled);
 }
 
-TEST(PianoKeyboard, HasItsTooltipWordForWord) {
+TEST(PianoKeyboard, HasTheExactTooltip) {
     test::UiProgram p;
     EXPECT_EQ(PianoOf(p).toolTip(),
               "Click any of these keys on this keyboard to hear the note / add it to the list of music "
