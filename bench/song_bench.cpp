@@ -25,7 +25,7 @@ constexpr std::int32_t Lines = 1'000'000;
 struct SongBench : test::SongsOnDisk {
     void Save(const std::string& name) {
         std::error_code error;
-        const auto file = Disk.OpenForOutput(name, error);
+        const auto file = Disk->OpenForOutput(name, error);
         if (!file || WriteSong(Fields.Song, Fields.Entry, List, *file) || file->Commit())
             std::abort();
     }

@@ -2,12 +2,13 @@
 // The songs that come with the program: each loads without a word and sounds as written.
 #include <cmath>
 #include <filesystem>
+#include <memory>
 #include <sstream>
 
 #include <gtest/gtest.h>
 
 #include "platform/common/module_midi_file_reader.h"
-#include "platform/posix/posix_files.h"
+#include "platform/common/system_ports.h"
 #include "rendering/song_renderer.h"
 #include "simulation/recorded_sound_library.h"
 #include "simulation/simulated_dialogs.h"
@@ -30,7 +31,7 @@ std::vector<std::string> Examples() {
 
 /// A song or MIDI file as the speaker sounds it; nothing was said or asked meanwhile.
 auto Rendered(const std::string& song) {
-    PosixFiles files;
+    const std::unique_ptr<Files> files = MakeFiles();
     Timeline events;
     SimulatedTime time;
     SimulatedMessageBoxes boxes(time, events);
@@ -39,7 +40,7 @@ auto Rendered(const std::string& song) {
     RenderOptions options;
     options.Song = song;
     std::stringstream out;
-    SongRenderer{files, boxes, library, midiFiles, "", [](double) { return true; }}.Render(options, out);
+    SongRenderer{*files, boxes, library, midiFiles, "", [](double) { return true; }}.Render(options, out);
     EXPECT_EQ(events.Text(), "");
     return test::ReadWav(out.str());
 }

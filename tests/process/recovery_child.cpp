@@ -1,13 +1,14 @@
 // SPDX-License-Identifier: MIT
 #include <cstdint>
 #include <cstdio>
+#include <memory>
 #include <numeric>
 #include <string>
 #include <vector>
 
 #include "app/desktop_program.h"
 #include "platform/common/console_boxes.h"
-#include "platform/posix/posix_files.h"
+#include "platform/common/system_ports.h"
 #include "program/program.h"
 #include "program/program_parts.h"
 #include "simulation/simulated_ports.h"
@@ -23,10 +24,10 @@ int main(int argumentCount, char** arguments) {
     const std::string folder = arguments[1];
     SimulatedPorts simulated;
     ConsoleBoxes boxes(false);
-    PosixFiles files;
+    const std::unique_ptr<Files> files = MakeFiles();
     ProgramPorts ports = simulated.All();
     ports.Boxes = boxes;
-    ports.Disk = files;
+    ports.Disk = *files;
     ports.ProgramFolder = ports.WinFolder = {};
     ports.LogFile = folder + "/log";
     ports.ToneCodeFile = folder + "/code";

@@ -1,12 +1,13 @@
 // SPDX-License-Identifier: MIT
 #include <chrono>
+#include <memory>
 #include <random>
 #include <thread>
 
 #include <gtest/gtest.h>
 
 #include "killed_writer.h"
-#include "platform/posix/posix_files.h"
+#include "platform/common/system_ports.h"
 #include "songfile/recovery_copies.h"
 #include "support/temporary_folder.h"
 
@@ -37,8 +38,8 @@ TEST(RecoveryCopy, IsCompleteAndUnlockedWheneverItsProcessIsKilled) {
         const test::TemporaryFolder folder;
         test::KilledWriter writer(QUAVIX_RECOVERY_CHILD, folder.Path());
         ASSERT_TRUE(writer.HasWritten());
-        PosixFiles files;
-        RecoverySlots slots(files, folder.Path());
+        const std::unique_ptr<Files> files = MakeFiles();
+        RecoverySlots slots(*files, folder.Path());
         const std::vector<std::string> running = slots.Copies();
         ASSERT_EQ(running.size(), 1U);
         EXPECT_FALSE(slots.TakeLeftBehind(running[0])) << "the copy of a running process";
@@ -57,8 +58,8 @@ TEST(RecoveryCopy, IsCompleteAndUnlockedWheneverItsProcessIsKilled) {
 
 TEST(RecoveryCopy, KeepsItsPlaceUntilItIsDealtWith) {
     const test::TemporaryFolder folder;
-    PosixFiles files;
-    RecoverySlots slots(files, folder.Path());
+    const std::unique_ptr<Files> files = MakeFiles();
+    RecoverySlots slots(*files, folder.Path());
     test::KilledWriter first(QUAVIX_RECOVERY_CHILD, folder.Path());
     ASSERT_TRUE(first.HasWritten());
     EXPECT_TRUE(first.Kill());

@@ -1,11 +1,12 @@
 // SPDX-License-Identifier: MIT
 #include <cstdint>
 #include <cstdio>
+#include <memory>
 #include <string>
 
 #include "music/main_fields.h"
 #include "music/music_list.h"
-#include "platform/posix/posix_files.h"
+#include "platform/common/system_ports.h"
 #include "songfile/song_format.h"
 
 // Saves songs of different lengths into one file, again and again, until it is killed or saving fails. Writes
@@ -15,7 +16,7 @@ int main(int argumentCount, char** arguments) {
     if (argumentCount != 2)
         return 2;
     const MainFields fields;
-    PosixFiles files;
+    const std::unique_ptr<Files> files = MakeFiles();
     for (std::int32_t pass = 0;; ++pass) {
         MusicList list;
         constexpr std::int32_t Songs = 7;
@@ -25,7 +26,7 @@ int main(int argumentCount, char** arguments) {
             list.Append("Quarter", note, "", "");
         list.Append("Whole", "", "", "");
         std::error_code error;
-        const auto file = files.OpenForOutput(arguments[1], error);
+        const auto file = files->OpenForOutput(arguments[1], error);
         if (!file || WriteSong(fields.Song, fields.Entry, list, *file) || file->Commit())
             return 1;
         if (pass == 0 && (std::fputc('.', stdout) == EOF || std::fflush(stdout) != 0))

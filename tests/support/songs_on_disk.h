@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "platform/posix/posix_files.h"
+#include <memory>
+
+#include "platform/common/system_ports.h"
 #include "simulation/simulated_dialogs.h"
 #include "simulation/simulated_time.h"
 #include "songfile/song_reader.h"
@@ -17,9 +19,9 @@ struct SongsOnDisk {
     SimulatedMessageBoxes Boxes{Time, Timeline};
     SimulatedFilePicker Picker{Time, Timeline};
     RecordedLoadingView Loading{Time, Timeline};
-    PosixFiles Disk;
-    DebugLog Log{Disk, Time, "unused"};
-    SongReader Reader{Fields.Song, Fields.Entry, List, Disk, Boxes, Picker, Loading, Log};
+    const std::unique_ptr<Files> Disk = MakeFiles();
+    DebugLog Log{*Disk, Time, "unused"};
+    SongReader Reader{Fields.Song, Fields.Entry, List, *Disk, Boxes, Picker, Loading, Log};
 };
 
 }  // namespace quavix::test

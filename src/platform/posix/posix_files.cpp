@@ -1,6 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "platform/posix/posix_files.h"
-
 #include <algorithm>
 #include <cerrno>
 #include <cstdint>
@@ -122,111 +120,121 @@ class LockFile : public FileLock {
     FileDescriptor file_;
 };
 
+/// The machine's file system. Only ordinary files are accepted: folders, devices, pipes and sockets are
+/// refused, and no call waits for them. Hidden files are those with a leading dot in their name.
+///
+/// A replaced file keeps its permissions, and a symbolic link to it stays a link. Until Commit(), the new
+/// content is in a hidden file of the same folder; a killed process may leave that file behind, but never
+/// half a song.
+class PosixFiles : public Files {
+  public:
+    bool FindsNormalFile(const std::string& pattern) override {
+        const std::string name = pattern.substr(pattern.rfind('/') + 1);  // npos + 1 is 0
+        if (name.find_first_of("*?") != std::string::npos)
+            return !Matching(pattern, 1).empty();
+        return !name.empty() && !name.starts_with('.') && !HasNul(pattern) && IsNoFolder(pattern);
+    }
+
+    std::vector<std::string> NormalFiles(const std::string& pattern) override {
+        std::vector<std::string> names = Matching(pattern, SIZE_MAX);
+        std::sort(names.begin(), names.end());
+        return names;
+    }
+
+    std::string FullName(const std::string& name) override {
+        std::error_code error;
+        const std::filesystem::path full = std::filesystem::absolute(name, error);
+        return error || name.empty() ? name : full.lexically_normal().string();
+    }
+
+    std::error_code Delete(const std::string& name) override {
+        std::error_code error;
+        Length(name, error);
+        if (!error && ::unlink(name.c_str()) != 0)
+            error = LastError();
+        return error;
+    }
+
+    std::error_code CreateFolder(const std::string& name) override {
+        if (HasNul(name))
+            return std::make_error_code(std::errc::no_such_file_or_directory);
+        for (std::size_t end = 0; end != std::string::npos;) {
+            end = name.find('/', end + 1);
+            const std::string folder = name.substr(0, end);
+            // mkdir() may refuse a folder that exists for another reason than that.
+            if (::mkdir(folder.c_str(), S_IRWXU) == 0 || IsFolder(folder))
+                continue;
+            return errno == EEXIST ? std::make_error_code(std::errc::not_a_directory) : LastError();
+        }
+        return {};
+    }
+
+    std::unique_ptr<FileLock> TryLock(const std::string& name, std::error_code& error) override {
+        error.clear();
+        if (HasNul(name)) {
+            error = std::make_error_code(std::errc::no_such_file_or_directory);
+            return nullptr;
+        }
+        for (;;) {
+            FileDescriptor file = FileDescriptor::Open(AT_FDCWD, name.c_str(), O_RDWR | O_CREAT | O_NOFOLLOW,
+                                                       S_IRUSR | S_IWUSR);
+            if (!file || ::flock(file.Get(), LOCK_EX | LOCK_NB) != 0) {
+                error = LastError();
+                return nullptr;
+            }
+            if (StandsUnderItsName(name, file.Get()))
+                return std::make_unique<LockFile>(name, std::move(file));
+        }
+    }
+
+    std::uint64_t Length(const std::string& name, std::error_code& error) override {
+        struct stat status {};
+        error.clear();
+        if (HasNul(name))
+            error = std::make_error_code(std::errc::no_such_file_or_directory);
+        else if (::stat(name.c_str(), &status) != 0)
+            error = LastError();
+        else
+            error = UnlessOrdinary(status);
+        return error ? 0 : static_cast<std::uint64_t>(status.st_size);
+    }
+
+    std::error_code WriteAt(const std::string& name, std::uint64_t offset, std::string_view bytes) override {
+        struct stat status {};
+        std::error_code error;
+        FileDescriptor file = OpenOrdinary(name, O_WRONLY | O_CREAT, ReadWriteForAll, status, error);
+        if (error)
+            return error;
+        if (::lseek(file.Get(), static_cast<off_t>(offset), SEEK_SET) < 0)
+            return LastError();
+        return WriteAndClose(std::move(file), bytes);
+    }
+
+    std::error_code Append(const std::string& name, std::string_view bytes) override {
+        struct stat status {};
+        std::error_code error;
+        FileDescriptor file =
+            OpenOrdinary(name, O_WRONLY | O_CREAT | O_APPEND, ReadWriteForAll, status, error);
+        return error ? error : WriteAndClose(std::move(file), bytes);
+    }
+
+    std::unique_ptr<FileReader> OpenForInput(const std::string& name, std::error_code& error) override {
+        struct stat status {};
+        FileDescriptor file = OpenOrdinary(name, O_RDONLY, 0, status, error);
+        if (error)
+            return nullptr;
+        return std::make_unique<PosixFileReader>(std::move(file), static_cast<std::uint64_t>(status.st_size));
+    }
+
+    std::unique_ptr<FileWriter> OpenForOutput(const std::string& name, std::error_code& error) override {
+        return OpenReplacedFile(name, error);
+    }
+};
+
 }  // namespace
 
 std::unique_ptr<Files> MakeFiles() {
     return std::make_unique<PosixFiles>();
-}
-
-bool PosixFiles::FindsNormalFile(const std::string& pattern) {
-    const std::string name = pattern.substr(pattern.rfind('/') + 1);  // npos + 1 is 0
-    if (name.find_first_of("*?") != std::string::npos)
-        return !Matching(pattern, 1).empty();
-    return !name.empty() && !name.starts_with('.') && !HasNul(pattern) && IsNoFolder(pattern);
-}
-
-std::vector<std::string> PosixFiles::NormalFiles(const std::string& pattern) {
-    std::vector<std::string> names = Matching(pattern, SIZE_MAX);
-    std::sort(names.begin(), names.end());
-    return names;
-}
-
-std::string PosixFiles::FullName(const std::string& name) {
-    std::error_code error;
-    const std::filesystem::path full = std::filesystem::absolute(name, error);
-    return error || name.empty() ? name : full.lexically_normal().string();
-}
-
-std::error_code PosixFiles::Delete(const std::string& name) {
-    std::error_code error;
-    Length(name, error);
-    if (!error && ::unlink(name.c_str()) != 0)
-        error = LastError();
-    return error;
-}
-
-std::error_code PosixFiles::CreateFolder(const std::string& name) {
-    if (HasNul(name))
-        return std::make_error_code(std::errc::no_such_file_or_directory);
-    for (std::size_t end = 0; end != std::string::npos;) {
-        end = name.find('/', end + 1);
-        const std::string folder = name.substr(0, end);
-        // mkdir() may refuse a folder that exists for another reason than that.
-        if (::mkdir(folder.c_str(), S_IRWXU) == 0 || IsFolder(folder))
-            continue;
-        return errno == EEXIST ? std::make_error_code(std::errc::not_a_directory) : LastError();
-    }
-    return {};
-}
-
-std::unique_ptr<FileLock> PosixFiles::TryLock(const std::string& name, std::error_code& error) {
-    error.clear();
-    if (HasNul(name)) {
-        error = std::make_error_code(std::errc::no_such_file_or_directory);
-        return nullptr;
-    }
-    for (;;) {
-        FileDescriptor file =
-            FileDescriptor::Open(AT_FDCWD, name.c_str(), O_RDWR | O_CREAT | O_NOFOLLOW, S_IRUSR | S_IWUSR);
-        if (!file || ::flock(file.Get(), LOCK_EX | LOCK_NB) != 0) {
-            error = LastError();
-            return nullptr;
-        }
-        if (StandsUnderItsName(name, file.Get()))
-            return std::make_unique<LockFile>(name, std::move(file));
-    }
-}
-
-std::uint64_t PosixFiles::Length(const std::string& name, std::error_code& error) {
-    struct stat status {};
-    error.clear();
-    if (HasNul(name))
-        error = std::make_error_code(std::errc::no_such_file_or_directory);
-    else if (::stat(name.c_str(), &status) != 0)
-        error = LastError();
-    else
-        error = UnlessOrdinary(status);
-    return error ? 0 : static_cast<std::uint64_t>(status.st_size);
-}
-
-std::error_code PosixFiles::WriteAt(const std::string& name, std::uint64_t offset, std::string_view bytes) {
-    struct stat status {};
-    std::error_code error;
-    FileDescriptor file = OpenOrdinary(name, O_WRONLY | O_CREAT, ReadWriteForAll, status, error);
-    if (error)
-        return error;
-    if (::lseek(file.Get(), static_cast<off_t>(offset), SEEK_SET) < 0)
-        return LastError();
-    return WriteAndClose(std::move(file), bytes);
-}
-
-std::error_code PosixFiles::Append(const std::string& name, std::string_view bytes) {
-    struct stat status {};
-    std::error_code error;
-    FileDescriptor file = OpenOrdinary(name, O_WRONLY | O_CREAT | O_APPEND, ReadWriteForAll, status, error);
-    return error ? error : WriteAndClose(std::move(file), bytes);
-}
-
-std::unique_ptr<FileReader> PosixFiles::OpenForInput(const std::string& name, std::error_code& error) {
-    struct stat status {};
-    FileDescriptor file = OpenOrdinary(name, O_RDONLY, 0, status, error);
-    if (error)
-        return nullptr;
-    return std::make_unique<PosixFileReader>(std::move(file), static_cast<std::uint64_t>(status.st_size));
-}
-
-std::unique_ptr<FileWriter> PosixFiles::OpenForOutput(const std::string& name, std::error_code& error) {
-    return OpenReplacedFile(name, error);
 }
 
 }  // namespace quavix

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include <cstdlib>
+#include <memory>
 #include <optional>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -7,7 +8,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/common/environment.h"
-#include "platform/posix/posix_files.h"
+#include "platform/common/system_ports.h"
 #include "support/temporary_folder.h"
 
 namespace quavix {
@@ -17,71 +18,71 @@ using test::TemporaryFolder;
 
 TEST(Listing, GivesMatchingFilesInOrderWithoutFoldersAndHiddenOnes) {
     const TemporaryFolder folder;
-    PosixFiles files;
+    const std::unique_ptr<Files> files = MakeFiles();
     for (const char* name : {"b.QVX", "a.QVX", ".c.QVX", "a.lock"})
         folder.Put(name, "");
     std::filesystem::create_directory(folder.File("d.QVX"));
-    EXPECT_EQ(files.NormalFiles(folder.File("*.QVX")),
+    EXPECT_EQ(files->NormalFiles(folder.File("*.QVX")),
               (std::vector<std::string>{folder.File("a.QVX"), folder.File("b.QVX")}));
-    EXPECT_TRUE(files.NormalFiles(folder.File("missing/*")).empty());
+    EXPECT_TRUE(files->NormalFiles(folder.File("missing/*")).empty());
 }
 
 TEST(Deleting, TakesOrdinaryFilesOnly) {
     const TemporaryFolder folder;
-    PosixFiles files;
+    const std::unique_ptr<Files> files = MakeFiles();
     folder.Put("song", "");
-    EXPECT_FALSE(files.Delete(folder.File("song")));
-    EXPECT_EQ(files.Delete(folder.File("song")), std::errc::no_such_file_or_directory);
-    EXPECT_TRUE(files.Delete(folder.Path()));
+    EXPECT_FALSE(files->Delete(folder.File("song")));
+    EXPECT_EQ(files->Delete(folder.File("song")), std::errc::no_such_file_or_directory);
+    EXPECT_TRUE(files->Delete(folder.Path()));
     EXPECT_EQ(folder.EntryCount(), 0);
 }
 
 TEST(CreatingAFolder, CreatesThoseAboveItForTheUserAlone) {
     const TemporaryFolder folder;
-    PosixFiles files;
+    const std::unique_ptr<Files> files = MakeFiles();
     for (int time = 0; time < 2; ++time)
-        EXPECT_FALSE(files.CreateFolder(folder.File("a/b/c")));
+        EXPECT_FALSE(files->CreateFolder(folder.File("a/b/c")));
     struct stat status {};
     ASSERT_EQ(::stat(folder.File("a/b/c").c_str(), &status), 0);
     EXPECT_EQ(status.st_mode & 0777, 0700U);
     folder.Put("file", "");
-    EXPECT_EQ(files.CreateFolder(folder.File("file")), std::errc::not_a_directory);
-    EXPECT_TRUE(files.CreateFolder(folder.File("file/below")));
-    EXPECT_TRUE(files.CreateFolder(""));
+    EXPECT_EQ(files->CreateFolder(folder.File("file")), std::errc::not_a_directory);
+    EXPECT_TRUE(files->CreateFolder(folder.File("file/below")));
+    EXPECT_TRUE(files->CreateFolder(""));
 }
 
 TEST(Lock, IsHeldByOneAtATimeAndItsFileGoesWithIt) {
     const TemporaryFolder folder;
-    PosixFiles files;
+    const std::unique_ptr<Files> files = MakeFiles();
     std::error_code error;
-    auto first = files.TryLock(folder.File("lock"), error);
+    auto first = files->TryLock(folder.File("lock"), error);
     EXPECT_TRUE(first);
-    EXPECT_FALSE(files.TryLock(folder.File("lock"), error));
+    EXPECT_FALSE(files->TryLock(folder.File("lock"), error));
     EXPECT_EQ(error, std::errc::resource_unavailable_try_again);
     first.reset();
     EXPECT_EQ(folder.EntryCount(), 0);
-    EXPECT_TRUE(files.TryLock(folder.File("lock"), error));
+    EXPECT_TRUE(files->TryLock(folder.File("lock"), error));
     EXPECT_FALSE(error);
 }
 
 TEST(Lock, IsFreeIfOnlyTheFileOfAKilledProcessIsLeft) {
     const TemporaryFolder folder;
-    PosixFiles files;
+    const std::unique_ptr<Files> files = MakeFiles();
     folder.Put("lock", "");
     std::error_code error;
-    EXPECT_TRUE(files.TryLock(folder.File("lock"), error));
+    EXPECT_TRUE(files->TryLock(folder.File("lock"), error));
 }
 
 TEST(Lock, TheReasonForAMissingLockIsGiven) {
     const TemporaryFolder folder;
-    PosixFiles files;
+    const std::unique_ptr<Files> files = MakeFiles();
     std::error_code error;
-    EXPECT_FALSE(files.TryLock(folder.File("missing/lock"), error));
+    EXPECT_FALSE(files->TryLock(folder.File("missing/lock"), error));
     EXPECT_EQ(error, std::errc::no_such_file_or_directory);
-    EXPECT_FALSE(files.TryLock(folder.Path(), error));
+    EXPECT_FALSE(files->TryLock(folder.Path(), error));
     EXPECT_TRUE(error);
     std::filesystem::create_symlink(folder.File("elsewhere"), folder.File("link"));
-    EXPECT_FALSE(files.TryLock(folder.File("link"), error));
+    EXPECT_FALSE(files->TryLock(folder.File("link"), error));
     EXPECT_TRUE(error);
 }
 

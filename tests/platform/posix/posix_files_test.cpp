@@ -1,14 +1,15 @@
 // SPDX-License-Identifier: MIT
-#include "platform/posix/posix_files.h"
-
 #include <csignal>
 #include <fcntl.h>
+#include <filesystem>
+#include <memory>
 #include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <gtest/gtest.h>
 
+#include "platform/common/system_ports.h"
 #include "support/file_size_limit.h"
 #include "support/ordinary_user.h"
 #include "support/temporary_folder.h"
@@ -26,7 +27,7 @@ class PosixFilesTest : public testing::Test {
     PosixFilesTest() { fs::permissions(Folder.Path(), fs::perms::all); }
 
     std::string Read(const std::string& name, std::error_code& error) {
-        const auto file = Disk.OpenForInput(Folder.File(name), error);
+        const auto file = Disk->OpenForInput(Folder.File(name), error);
         std::string text;
         char buffer[7];
         while (file) {
@@ -40,7 +41,7 @@ class PosixFilesTest : public testing::Test {
 
     std::error_code Replace(const std::string& name, std::string_view content) {
         std::error_code error;
-        const auto file = Disk.OpenForOutput(Folder.File(name), error);
+        const auto file = Disk->OpenForOutput(Folder.File(name), error);
         if (!file)
             return error;
         if (const auto writeError = file->Write(content))
@@ -56,7 +57,7 @@ class PosixFilesTest : public testing::Test {
 
     std::error_code OpeningError(const std::string& name) {
         std::error_code error;
-        EXPECT_EQ(Disk.OpenForOutput(Folder.File(name), error), nullptr);
+        EXPECT_EQ(Disk->OpenForOutput(Folder.File(name), error), nullptr);
         return error;
     }
 
@@ -67,7 +68,7 @@ class PosixFilesTest : public testing::Test {
     }
 
     TemporaryFolder Folder;
-    PosixFiles Disk;
+    const std::unique_ptr<Files> Disk = MakeFiles();
 };
 
 TEST_F(PosixFilesTest, ReadsAFileFromItsFirstByteToItsLast) {
@@ -77,7 +78,7 @@ TEST_F(PosixFilesTest, ReadsAFileFromItsFirstByteToItsLast) {
     std::error_code error;
     EXPECT_EQ(Read("song", error), content);
     EXPECT_FALSE(error);
-    EXPECT_EQ(Disk.OpenForInput(Folder.File("song"), error)->Size(), content.size());
+    EXPECT_EQ(Disk->OpenForInput(Folder.File("song"), error)->Size(), content.size());
 }
 
 TEST_F(PosixFilesTest, SaysWhyAFileCannotBeRead) {
@@ -105,17 +106,17 @@ TEST_F(PosixFilesTest, RefusesPipesAndDevicesWithoutWaiting) {
     Read("pipe", error);
     EXPECT_EQ(error, std::errc::operation_not_supported);
     EXPECT_EQ(OpeningError("pipe"), std::errc::operation_not_supported);
-    EXPECT_TRUE(Disk.Append(Folder.File("pipe"), "x"));
-    EXPECT_EQ(Disk.OpenForInput("/dev/null", error), nullptr);
+    EXPECT_TRUE(Disk->Append(Folder.File("pipe"), "x"));
+    EXPECT_EQ(Disk->OpenForInput("/dev/null", error), nullptr);
     EXPECT_EQ(error, std::errc::operation_not_supported);
-    EXPECT_EQ(Disk.OpenForOutput("/dev/null", error), nullptr);
+    EXPECT_EQ(Disk->OpenForOutput("/dev/null", error), nullptr);
     EXPECT_EQ(error, std::errc::operation_not_supported);
 }
 
 TEST_F(PosixFilesTest, ReplacesAFileOnlyInCommit) {
     Folder.Put("song", "old");
     std::error_code error;
-    const auto file = Disk.OpenForOutput(Folder.File("song"), error);
+    const auto file = Disk->OpenForOutput(Folder.File("song"), error);
     ASSERT_TRUE(file);
     EXPECT_FALSE(file->Write("new"));
     EXPECT_EQ(Folder.Content("song"), "old");
@@ -126,8 +127,8 @@ TEST_F(PosixFilesTest, ReplacesAFileOnlyInCommit) {
 TEST_F(PosixFilesTest, TheLastOfTwoCommitsWins) {
     Folder.Put("song", "old");
     std::error_code error;
-    const auto one = Disk.OpenForOutput(Folder.File("song"), error);
-    const auto other = Disk.OpenForOutput(Folder.File("song"), error);
+    const auto one = Disk->OpenForOutput(Folder.File("song"), error);
+    const auto other = Disk->OpenForOutput(Folder.File("song"), error);
     ASSERT_TRUE(one && other);
     EXPECT_FALSE(one->Write("first half, "));
     EXPECT_FALSE(other->Write("other"));
@@ -140,8 +141,8 @@ TEST_F(PosixFilesTest, TheLastOfTwoCommitsWins) {
 TEST_F(PosixFilesTest, LeavesEverythingAsItWasWithoutCommit) {
     Folder.Put("song", "old");
     std::error_code error;
-    Disk.OpenForOutput(Folder.File("song"), error)->Write("new");
-    Disk.OpenForOutput(Folder.File("other"), error)->Write("new");
+    Disk->OpenForOutput(Folder.File("song"), error)->Write("new");
+    Disk->OpenForOutput(Folder.File("other"), error)->Write("new");
     EXPECT_EQ(Folder.Content("song"), "old");
     EXPECT_EQ(Folder.EntryCount(), 1);
 }
@@ -151,7 +152,7 @@ TEST_F(PosixFilesTest, WritesAFileWithoutANameWhereTheFileSystemHasSuch) {
     const int unnamed = ::open(Folder.Path().c_str(), O_WRONLY | O_TMPFILE, 0600);
     ::close(unnamed);
     std::error_code error;
-    const auto file = Disk.OpenForOutput(Folder.File("song"), error);
+    const auto file = Disk->OpenForOutput(Folder.File("song"), error);
     EXPECT_FALSE(file->Write("new"));
     EXPECT_EQ(Folder.EntryCount(), unnamed >= 0 ? 0 : 1);
     EXPECT_EQ(SongAfterCommitOf(*file), "new");
@@ -202,7 +203,7 @@ TEST_F(PosixFilesTest, SaysWhyAFileCannotBeReplaced) {
     Folder.Put("file", "x");
     EXPECT_EQ(OpeningError("file/song"), std::errc::not_a_directory);
     std::error_code error;
-    EXPECT_EQ(Disk.OpenForOutput("", error), nullptr);
+    EXPECT_EQ(Disk->OpenForOutput("", error), nullptr);
     EXPECT_EQ(error, std::errc::no_such_file_or_directory);
     EXPECT_EQ(Folder.EntryCount(), 3);
 }
@@ -248,17 +249,17 @@ TEST_F(PosixFilesTest, ReportsAWriteThatTheSystemRefusesAndLeavesTheOldFile) {
 }
 
 TEST_F(PosixFilesTest, AppendsAndWritesInPlace) {
-    EXPECT_FALSE(Disk.Append(Folder.File("log"), "one\r\n"));
-    EXPECT_FALSE(Disk.Append(Folder.File("log"), "two\r\n"));
-    EXPECT_FALSE(Disk.WriteAt(Folder.File("log"), 8, "x \r\n"));
+    EXPECT_FALSE(Disk->Append(Folder.File("log"), "one\r\n"));
+    EXPECT_FALSE(Disk->Append(Folder.File("log"), "two\r\n"));
+    EXPECT_FALSE(Disk->WriteAt(Folder.File("log"), 8, "x \r\n"));
     EXPECT_EQ(Folder.Content("log"), "one\r\ntwox \r\n");
     std::error_code error;
-    EXPECT_EQ(Disk.Length(Folder.File("log"), error), 12U);
+    EXPECT_EQ(Disk->Length(Folder.File("log"), error), 12U);
     EXPECT_FALSE(error);
-    EXPECT_EQ(Disk.Length(Folder.File("missing"), error), 0U);
+    EXPECT_EQ(Disk->Length(Folder.File("missing"), error), 0U);
     EXPECT_EQ(error, std::errc::no_such_file_or_directory);
-    EXPECT_EQ(Disk.Append(Folder.Path().string(), "x"), std::errc::is_a_directory);
-    EXPECT_EQ(Disk.WriteAt(Folder.File("missing/log"), 0, "x"), std::errc::no_such_file_or_directory);
+    EXPECT_EQ(Disk->Append(Folder.Path().string(), "x"), std::errc::is_a_directory);
+    EXPECT_EQ(Disk->WriteAt(Folder.File("missing/log"), 0, "x"), std::errc::no_such_file_or_directory);
 }
 
 TEST_F(PosixFilesTest, FindsOrdinaryFilesOnly) {
@@ -266,14 +267,14 @@ TEST_F(PosixFilesTest, FindsOrdinaryFilesOnly) {
     Folder.Put(".hidden.QVX", "x");
     fs::create_directory(Folder.File("folder.QVX2"));
     fs::create_symlink("nowhere", Folder.File("dangling"));
-    const auto finds = [this](const std::string& name) { return Disk.FindsNormalFile(Folder.File(name)); };
+    const auto finds = [this](const std::string& name) { return Disk->FindsNormalFile(Folder.File(name)); };
     EXPECT_TRUE(finds("song.QVX"));
     EXPECT_TRUE(finds("*.QVX"));
     EXPECT_TRUE(finds("s?ng.*"));
     for (const char* name : {"song", "*.qvy", ".hidden.QVX", ".h*", "*hidden*", "folder.QVX2", "*2",
                              "dangling", "missing/*", "folder.QVX2/"})
         EXPECT_FALSE(finds(name)) << name;
-    EXPECT_FALSE(Disk.FindsNormalFile(""));
+    EXPECT_FALSE(Disk->FindsNormalFile(""));
 }
 
 }  // namespace

@@ -70,9 +70,9 @@ class SongOnDisk : public testing::Test, protected test::SongsOnDisk {
     }
 
     test::TemporaryFolder Folder;
-    SongWriter Writer{Fields.Song, Fields.Entry, List, Disk, Boxes, Picker, Log};
+    SongWriter Writer{Fields.Song, Fields.Entry, List, *Disk, Boxes, Picker, Log};
     EditHistory History{Fields.Song, List};
-    SongDocument Document{{Fields.Song, Fields.State, List, Reader, Writer, Disk, Boxes, History, [] {}}};
+    SongDocument Document{{Fields.Song, Fields.State, List, Reader, Writer, *Disk, Boxes, History, [] {}}};
     MainWindowEnabled View;
     SaveLoad Window{View, Document};
     std::string Saved;
