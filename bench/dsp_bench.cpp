@@ -36,7 +36,7 @@ void SteadyTone(benchmark::State& state) {
     std::vector<float> block(BlockSize);
     for (auto _ : state) {
         SquareWave wave(static_cast<std::int32_t>(state.range(0)), Rate, Length);
-        while (!wave.Finished()) {
+        while (wave.Left() > 0) {
             wave.Render(block);
             benchmark::DoNotOptimize(block.data());
         }

@@ -76,13 +76,11 @@ void Resampler::Process(std::span<const float> in, std::vector<float>& out) {
 void Resampler::Finish(std::vector<float>& out) {
     if (fromRate_ == toRate_)
         return;
-    const std::int64_t inAll = taken_;
-    const std::int64_t outAll = (inAll * toRate_ + fromRate_ - 1) / fromRate_;
-    const std::size_t before = out.size();
-    const std::int64_t missing = outAll - given_;
+    const std::int64_t outAll = (taken_ * toRate_ + fromRate_ - 1) / fromRate_;
+    const std::size_t end = out.size() + static_cast<std::size_t>(outAll - given_);
     const std::vector<float> silence(static_cast<std::size_t>(2 * halfWidth_ + 1), 0.0F);
     Process(silence, out);
-    out.resize(std::min(out.size(), before + static_cast<std::size_t>(std::max<std::int64_t>(missing, 0))));
+    out.resize(end);
 }
 
 }  // namespace quavix

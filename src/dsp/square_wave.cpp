@@ -112,14 +112,13 @@ SquareWave::SquareWave(std::int32_t frequencyHz, std::int32_t sampleRate, std::i
 
 void SquareWave::Render(std::span<float> out) {
     while (!out.empty()) {
-        const std::int64_t left = length_ - position_;
-        if (left <= 0 || edgesPerSecond_ == 0) {
+        if (Left() == 0 || edgesPerSecond_ == 0) {
             std::fill(out.begin(), out.end(), 0.0F);
-            position_ += std::min(left, static_cast<std::int64_t>(out.size()));
+            position_ += std::min(Left(), static_cast<std::int64_t>(out.size()));
             return;
         }
-        const std::size_t size = std::min(
-            {out.size(), BlockSize, static_cast<std::size_t>(std::min<std::int64_t>(left, BlockSize))});
+        const std::size_t size =
+            std::min(out.size(), static_cast<std::size_t>(std::min<std::int64_t>(Left(), BlockSize)));
         RenderBlock(out.first(size));
         position_ += static_cast<std::int64_t>(size);
         out = out.subspan(size);

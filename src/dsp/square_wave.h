@@ -33,8 +33,8 @@ class SquareWave {
     /// call.
     void Render(std::span<float> out);
 
-    /// Returns true if all samples of the tone have been rendered.
-    bool Finished() const { return position_ >= length_; }
+    /// Returns the number of samples of the tone that have not been rendered yet.
+    std::int64_t Left() const { return length_ - position_; }
 
   private:
     void RenderBlock(std::span<float> block) const;

@@ -14,15 +14,13 @@ void RenderedSpeaker::Beep(std::int32_t frequency, std::int32_t durationMs) {
         return;
     Finish();
     time_.Block(durationMs);
-    std::int64_t left = FramesToGo();
-    SquareWave tone(CanSound(frequency) ? frequency : 0, out_.Rate(), left);
+    SquareWave tone(CanSound(frequency) ? frequency : 0, out_.Rate(), FramesToGo());
     std::array<float, 4096> block;
-    while (left > 0) {
-        const auto count = static_cast<std::size_t>(std::min<std::int64_t>(left, block.size()));
+    while (tone.Left() > 0) {
+        const auto count = static_cast<std::size_t>(std::min<std::int64_t>(tone.Left(), block.size()));
         const std::span<float> samples = std::span(block).first(count);
         tone.Render(samples);
         out_.Write(samples);
-        left -= static_cast<std::int64_t>(count);
     }
 }
 

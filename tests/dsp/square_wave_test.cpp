@@ -20,7 +20,7 @@ std::vector<float> Samples(std::int32_t frequencyHz, std::int64_t length, std::i
     SquareWave wave(frequencyHz, rate, length);
     std::vector<float> samples(static_cast<std::size_t>(length));
     wave.Render(samples);
-    EXPECT_TRUE(wave.Finished());
+    EXPECT_EQ(wave.Left(), 0);
     return samples;
 }
 
@@ -121,7 +121,7 @@ TEST(SquareWave, IsTheSameHoweverItIsDividedIntoCalls) {
         const std::vector<float> whole = Samples(frequency, 10000);
         SquareWave wave(frequency, Rate, 10000);
         std::vector<float> parts;
-        while (!wave.Finished()) {
+        while (wave.Left() > 0) {
             std::vector<float> part(std::min<std::size_t>(random() % 300, 10000 - parts.size()));
             wave.Render(part);
             parts.insert(parts.end(), part.begin(), part.end());
@@ -134,9 +134,9 @@ TEST(SquareWave, GivesZerosAfterItsEnd) {
     SquareWave wave(440, Rate, 1000);
     std::vector<float> samples(1500, 0.7F);
     wave.Render(std::span(samples).first(999));
-    EXPECT_FALSE(wave.Finished());
+    EXPECT_GT(wave.Left(), 0);
     wave.Render(std::span(samples).subspan(999, 200));
-    EXPECT_TRUE(wave.Finished());
+    EXPECT_EQ(wave.Left(), 0);
     wave.Render(std::span(samples).subspan(1199));
     EXPECT_TRUE(std::all_of(samples.begin() + 1000, samples.end(), [](float x) { return x == 0.0F; }));
     EXPECT_NE(samples[900], 0.0F);
@@ -153,15 +153,15 @@ TEST(SquareWave, OutsideTheFrequenciesOfTheRateIsSilenceOfTheSameLength) {
         std::vector<float> samples(299, 0.7F);
         wave.Render(samples);
         EXPECT_EQ(test::Peak(samples), 0.0) << bad.FrequencyHz;
-        EXPECT_FALSE(wave.Finished()) << bad.FrequencyHz;
+        EXPECT_GT(wave.Left(), 0) << bad.FrequencyHz;
         wave.Render(std::span(samples).first(1));
-        EXPECT_TRUE(wave.Finished()) << bad.FrequencyHz;
+        EXPECT_EQ(wave.Left(), 0) << bad.FrequencyHz;
     }
 }
 
 TEST(SquareWave, ALengthOfZeroIsFinishedAtOnce) {
-    EXPECT_TRUE(SquareWave(440, Rate, 0).Finished());
-    EXPECT_TRUE(SquareWave(440, Rate, -5).Finished());
+    EXPECT_EQ(SquareWave(440, Rate, 0).Left(), 0);
+    EXPECT_EQ(SquareWave(440, Rate, -5).Left(), 0);
 }
 
 TEST(SquareWave, TakesTheLargestNumbers) {
@@ -170,7 +170,7 @@ TEST(SquareWave, TakesTheLargestNumbers) {
     std::vector<float> samples(100);
     wave.Render(samples);
     EXPECT_LE(test::Peak(samples), 1.0);
-    EXPECT_FALSE(wave.Finished());
+    EXPECT_GT(wave.Left(), 0);
 }
 
 }  // namespace

@@ -135,12 +135,12 @@ TEST_F(SoundCardSpeakerOn, ReopeningACardWaitsFirst) {
     constexpr std::int32_t OpeningMs = 10'000;
     card.BeginOpening();
     card.AwaitOpening(OpeningMs);
-    ASSERT_EQ(card.Now(), SoundCard::State::Open);
+    ASSERT_EQ(card.Now().Is, SoundCard::State::Open);
     const std::int64_t start = MonotonicNs();
     card.BeginOpening();
     card.AwaitOpening(OpeningMs);
     EXPECT_GE(MonotonicNs() - start, 500 * NsPerMs) << "others may be closing theirs";
-    EXPECT_EQ(card.Now(), SoundCard::State::Open);
+    EXPECT_EQ(card.Now().Is, SoundCard::State::Open);
 }
 
 TEST_F(SoundCardSpeakerOn, WithoutADeviceItIsSilentAndKeepsTime) {

@@ -11,8 +11,6 @@
 namespace quavix {
 namespace {
 
-constexpr std::size_t TextSize = 1024;
-
 /// The module's functions for one direction.
 struct DirectionFunctions {
     decltype(QuavixMidiIoOutputCount)* Count = nullptr;
@@ -91,13 +89,15 @@ class Library {
     /// Null before Prepare() has succeeded.
     QuavixMidiIo* Io() const { return io_; }
 
-    std::string Text(decltype(QuavixMidiIoProblem)* call) const {
+    /// Returns the text that call(io, place, size of the place) gives; empty without a module.
+    template <typename Call>
+    std::string Text(Call call) const {
+        constexpr std::size_t TextSize = 1024;
         std::array<char, TextSize> text{};
-        return call(io_, text.data(), text.size()) == QUAVIX_MIDI_IO_OK ? text.data() : "";
+        return io_ != nullptr && call(io_, text.data(), text.size()) == QUAVIX_MIDI_IO_OK ? text.data() : "";
     }
 
     std::string Problem() const { return io_ == nullptr ? problem_ : Text(Calls.Problem); }
-    std::string SystemName() const { return io_ == nullptr ? "" : Text(Calls.SystemName); }
 
     Functions Calls;
 
@@ -117,7 +117,7 @@ class ModulePort : public Port {
     ModulePort(Library& library, const DirectionFunctions& calls) : library_(library), calls_(calls) {}
 
     std::string Prepare() override { return library_.Prepare(); }
-    std::string SystemName() override { return library_.SystemName(); }
+    std::string SystemName() override { return library_.Text(library_.Calls.SystemName); }
     std::string Problem() override { return library_.Problem(); }
 
     std::int32_t DeviceCount() override {
@@ -128,11 +128,9 @@ class ModulePort : public Port {
     }
 
     std::string DeviceName(std::int32_t device) override {
-        std::array<char, TextSize> name{};
-        if (library_.Io() == nullptr ||
-            calls_.Name(library_.Io(), device, name.data(), name.size()) != QUAVIX_MIDI_IO_OK)
-            return {};
-        return name.data();
+        return library_.Text([&](QuavixMidiIo* io, char* name, std::size_t size) {
+            return calls_.Name(io, device, name, size);
+        });
     }
 
     bool Open(std::int32_t device) override {

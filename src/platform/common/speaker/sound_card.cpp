@@ -14,9 +14,12 @@
 namespace quavix {
 namespace {
 
-std::unique_ptr<SoundStream> OpenStream(std::shared_ptr<TonePlayer>& player, std::string& problem) {
+/// Returns null if there is no card. Sets `facts` in any case.
+std::unique_ptr<SoundStream> OpenStream(SoundCard::Facts& facts) {
     constexpr StreamWish Wish{.Name = "Quavix speaker", .Period = 256, .Periods = 4};
-    return SoundStream::Open(
+    std::shared_ptr<TonePlayer> player;
+    std::string problem;
+    auto stream = SoundStream::Open(
         Wish,
         [&](const StreamFormat& device) -> SoundStream::Fill {
             player = std::make_shared<TonePlayer>(static_cast<std::int32_t>(device.FramesPerSecond),
@@ -26,6 +29,11 @@ std::unique_ptr<SoundStream> OpenStream(std::shared_ptr<TonePlayer>& player, std
             };
         },
         problem);
+    if (stream)
+        facts = {SoundCard::State::Open, stream->Format().Description, player};
+    else
+        facts = {SoundCard::State::Unavailable, problem};
+    return stream;
 }
 
 }  // namespace
@@ -33,11 +41,9 @@ std::unique_ptr<SoundStream> OpenStream(std::shared_ptr<TonePlayer>& player, std
 struct SoundCard::Shared {
     std::mutex Mutex;
     std::condition_variable Changed;
-    State Is = State::NotOpened;
+    Facts Now;
     bool Quit = false;
     bool Ended = false;
-    std::string Description;
-    std::shared_ptr<TonePlayer> Player;
 };
 
 SoundCard::SoundCard() : shared_(std::make_shared<Shared>()) {
@@ -53,37 +59,27 @@ SoundCard::~SoundCard() {
 
 void SoundCard::BeginOpening() {
     const std::lock_guard lock(shared_->Mutex);
-    shared_->Is = State::Opening;
-    shared_->Player.reset();
+    shared_->Now.Is = State::Opening;
+    shared_->Now.Player.reset();
     shared_->Changed.notify_all();
 }
 
 void SoundCard::AwaitOpening(std::int32_t mostMs) const {
     std::unique_lock lock(shared_->Mutex);
     shared_->Changed.wait_for(lock, std::chrono::milliseconds(mostMs),
-                              [this] { return shared_->Is != State::Opening; });
+                              [this] { return shared_->Now.Is != State::Opening; });
 }
 
-SoundCard::State SoundCard::Now() const {
+SoundCard::Facts SoundCard::Now() const {
     const std::lock_guard lock(shared_->Mutex);
-    return shared_->Is;
-}
-
-std::string SoundCard::Description() const {
-    const std::lock_guard lock(shared_->Mutex);
-    return shared_->Description;
-}
-
-std::shared_ptr<TonePlayer> SoundCard::Player() const {
-    const std::lock_guard lock(shared_->Mutex);
-    return shared_->Player;
+    return shared_->Now;
 }
 
 void SoundCard::Work(const std::shared_ptr<Shared>& shared) {
     std::unique_ptr<SoundStream> stream;
     std::unique_lock lock(shared->Mutex);
     for (;;) {
-        shared->Changed.wait(lock, [&] { return shared->Quit || shared->Is == State::Opening; });
+        shared->Changed.wait(lock, [&] { return shared->Quit || shared->Now.Is == State::Opening; });
         if (stream) {
             lock.unlock();
             SoundStream::Close(std::move(stream));
@@ -93,13 +89,10 @@ void SoundCard::Work(const std::shared_ptr<Shared>& shared) {
         if (shared->Quit)
             break;
         lock.unlock();
-        std::string problem;
-        std::shared_ptr<TonePlayer> player;
-        stream = OpenStream(player, problem);
+        Facts opened;
+        stream = OpenStream(opened);
         lock.lock();
-        shared->Is = stream ? State::Open : State::Unavailable;
-        shared->Description = stream ? stream->Format().Description : problem;
-        shared->Player = stream ? player : nullptr;
+        shared->Now = opened;
         shared->Changed.notify_all();
     }
     shared->Ended = true;

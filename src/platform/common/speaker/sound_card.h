@@ -17,6 +17,14 @@ class SoundCard {
   public:
     enum class State { NotOpened, Opening, Open, Unavailable };
 
+    struct Facts {
+        State Is = State::NotOpened;
+        /// Name of the open device, or the reason why none is open.
+        std::string Description{};
+        /// Null unless the card is open.
+        std::shared_ptr<TonePlayer> Player{};
+    };
+
     SoundCard();
 
     /// Closes the card; gives up after two seconds if the sound system does not answer.
@@ -31,13 +39,7 @@ class SoundCard {
     /// Waits until opening has ended, at most `mostMs` ms.
     void AwaitOpening(std::int32_t mostMs) const;
 
-    State Now() const;
-
-    /// Returns the name of the open device, or the reason why none is open.
-    std::string Description() const;
-
-    /// Null unless the card is open.
-    std::shared_ptr<TonePlayer> Player() const;
+    Facts Now() const;
 
   private:
     struct Shared;

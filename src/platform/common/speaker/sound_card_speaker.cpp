@@ -24,11 +24,11 @@ void SoundCardSpeaker::Settle() {
     const std::int64_t passedMs = (clock_.Now() - triedNs_) / NsPerMs;
     if (passedMs < OpeningPatienceMs)
         card_.AwaitOpening(OpeningPatienceMs - static_cast<std::int32_t>(passedMs));
-    refused_ = card_.Now() == SoundCard::State::Unavailable;
+    refused_ = card_.Now().Is == SoundCard::State::Unavailable;
 }
 
 SoundCardSpeaker::~SoundCardSpeaker() {
-    const auto player = card_.Player();
+    const auto player = card_.Now().Player;
     constexpr int MostWaits = 20;
     for (int wait = 0; player && !Lost(*player) && !player->Idle() && wait < MostWaits; ++wait)
         SleepUntil(MonotonicNs() + 5 * NsPerMs);
@@ -46,11 +46,10 @@ void SoundCardSpeaker::Beep(std::int32_t frequency, std::int32_t durationMs) {
 }
 
 std::shared_ptr<TonePlayer> SoundCardSpeaker::UsablePlayer(std::int64_t nowNs) {
-    const SoundCard::State state = card_.Now();
-    auto player = card_.Player();
-    if (player && !Lost(*player))
-        return player;
-    if (state != SoundCard::State::Opening && nowNs - triedNs_ >= RetryAfterNs) {
+    const SoundCard::Facts card = card_.Now();
+    if (card.Player && !Lost(*card.Player))
+        return card.Player;
+    if (card.Is != SoundCard::State::Opening && nowNs - triedNs_ >= RetryAfterNs) {
         triedNs_ = nowNs;
         card_.BeginOpening();
     }
@@ -62,26 +61,24 @@ bool SoundCardSpeaker::Lost(const TonePlayer& player) const {
 }
 
 SpeakerStatus SoundCardSpeaker::Status() const {
-    const auto player = card_.Player();
-    const SoundCard::State state = card_.Now();
-    const std::string description = card_.Description();
+    const SoundCard::Facts card = card_.Now();
     if (refused_)
         return {.InUse = "silent (no sound card)",
-                .Reason = fmt::format("No sound card could be opened: {}.", description),
+                .Reason = fmt::format("No sound card could be opened: {}.", card.Description),
                 .Silent = true};
-    switch (state) {
+    switch (card.Is) {
         case SoundCard::State::Open:
-            if (!player || !Lost(*player))
-                return {.InUse = fmt::format("sound card ({})", description)};
+            if (!Lost(*card.Player))
+                return {.InUse = fmt::format("sound card ({})", card.Description)};
             return {.InUse = "silent (sound card lost)",
                     .Reason = fmt::format(
                         "The sound card ({}) does not answer any more; later tones try to get it back.",
-                        description),
+                        card.Description),
                     .Silent = true};
         case SoundCard::State::Unavailable:
             return {.InUse = "silent (no sound card)",
                     .Reason = fmt::format("The sound card could not be opened ({}); later tones try again.",
-                                          description),
+                                          card.Description),
                     .Silent = true};
         case SoundCard::State::NotOpened:
         case SoundCard::State::Opening:

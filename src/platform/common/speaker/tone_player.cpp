@@ -15,7 +15,7 @@ bool TonePlayer::Play(std::int32_t frequency, std::int32_t durationMs, std::int6
     if (queued - taken_.load(std::memory_order_acquire) >= ring_.size())
         return false;
     const std::int64_t length = std::int64_t{durationMs} * sampleRate_ / 1000;
-    ring_[queued % ring_.size()] = {startNs, frequency, length, SquareWave(frequency, sampleRate_, length)};
+    ring_[queued % ring_.size()] = {startNs, frequency, SquareWave(frequency, sampleRate_, length)};
     queued_.store(queued + 1, std::memory_order_release);
     return true;
 }
@@ -45,12 +45,11 @@ void TonePlayer::RenderMono(std::span<float> out, std::int64_t nowNs) {
             std::fill(rest.begin(), rest.end(), 0.0F);
             waitFrames_ -= wave_ ? static_cast<std::int64_t>(rest.size()) : 0;
         } else {
-            rest = rest.first(std::min(rest.size(), static_cast<std::size_t>(remainingFrames_)));
+            rest = rest.first(std::min(rest.size(), static_cast<std::size_t>(wave_->Left())));
             wave_->Render(rest);
             for (float& sample : rest)
                 sample *= Gain;
-            remainingFrames_ -= static_cast<std::int64_t>(rest.size());
-            if (remainingFrames_ == 0) {
+            if (wave_->Left() == 0) {
                 wave_.reset();
                 sounding_.store(false, std::memory_order_release);
             }
@@ -66,16 +65,12 @@ void TonePlayer::TakeNext(std::int64_t positionNs) {
     const Tone& next = ring_[taken % ring_.size()];
     const std::int64_t waitNs = next.StartNs + latencyNs_ - positionNs;
     waitFrames_ = std::max<std::int64_t>(FramesIn(waitNs), 0);
-    remainingFrames_ = next.LengthFrames;
-    if (waitNs < -MostLagNs) {
-        remainingFrames_ = std::max<std::int64_t>(remainingFrames_ - FramesIn(-waitNs), 0);
-        wave_.emplace(next.Frequency, sampleRate_, remainingFrames_);
-    } else {
-        wave_ = next.Wave;
-    }
-    sounding_.store(remainingFrames_ > 0, std::memory_order_release);
+    wave_ = next.Wave;
+    if (waitNs < -MostLagNs)
+        wave_.emplace(next.Frequency, sampleRate_, next.Wave.Left() - FramesIn(-waitNs));
+    sounding_.store(wave_->Left() > 0, std::memory_order_release);
     taken_.store(taken + 1, std::memory_order_release);
-    if (remainingFrames_ == 0)
+    if (wave_->Left() == 0)
         wave_.reset();
 }
 

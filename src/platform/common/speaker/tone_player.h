@@ -46,7 +46,6 @@ class TonePlayer {
     struct Tone {
         std::int64_t StartNs = 0;
         std::int32_t Frequency = 0;
-        std::int64_t LengthFrames = 0;
         SquareWave Wave{0, 1, 0};
     };
 
@@ -69,7 +68,6 @@ class TonePlayer {
     // Used by the card's thread only.
     std::optional<SquareWave> wave_;
     std::int64_t waitFrames_ = 0;
-    std::int64_t remainingFrames_ = 0;
     std::int64_t windowStartNs_ = 0;
     std::int64_t windowFrames_ = 0;
 };

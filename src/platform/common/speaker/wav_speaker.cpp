@@ -38,18 +38,16 @@ void WavSpeaker::Beep(std::int32_t frequency, std::int32_t durationMs) {
 void WavSpeaker::WriteTone(std::int32_t frequency, std::int32_t durationMs, std::int64_t startNs) {
     constexpr std::int64_t NsPerUs = 1000;
     const std::int64_t at = (startNs - madeNs_) / NsPerUs * SampleRate / 1'000'000;
-    std::int64_t left = std::int64_t{durationMs} * SampleRate / 1000;
-    SquareWave wave(frequency, SampleRate, left);
+    SquareWave wave(frequency, SampleRate, std::int64_t{durationMs} * SampleRate / 1000);
     std::array<float, 4096> block{};
     bool isWritten = wav_->SkipSilence(at - wav_->Frames());
-    while (isWritten && left > 0) {
-        const auto count = static_cast<std::size_t>(std::min<std::int64_t>(left, block.size()));
+    while (isWritten && wave.Left() > 0) {
+        const auto count = static_cast<std::size_t>(std::min<std::int64_t>(wave.Left(), block.size()));
         const std::span<float> samples = std::span(block).first(count);
         wave.Render(samples);
         for (float& sample : samples)
             sample *= TonePlayer::Gain;
         isWritten = wav_->Write(samples);
-        left -= static_cast<std::int64_t>(count);
     }
     if (!wav_->StateSizes() || !isWritten)
         SetFailure();
