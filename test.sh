@@ -68,7 +68,7 @@ step "Tests"
 ctest --preset release -j "$jobs" --no-tests=error --output-on-failure
 
 step "clang-tidy"
-wait "$lint" || { cat build/lint/found.log; exit 1; }
+wait "$lint" || { status=$?; cat build/lint/found.log; echo "clang-tidy ended with $status"; exit 1; }
 printf 'nothing found\n'
 
 step "Passed"

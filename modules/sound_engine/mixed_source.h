@@ -23,6 +23,8 @@ class MixedSource {
     /// Begins with silence for the part of the delay that the device does not cover, and keeps as much ahead.
     /// Sets the mixer's rate to the device's. The mixer must not run yet.
     MixedSource(std::shared_ptr<Mixer> mixer, const StreamFormat& device, int delayFrames);
+    MixedSource(const MixedSource&) = delete;
+    MixedSource& operator=(const MixedSource&) = delete;
 
     /// Fills `out`, any number of frames.
     void Fill(std::span<float> out);

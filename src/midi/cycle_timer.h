@@ -39,7 +39,7 @@ class CycleTimer {
     void FollowAlternateTime();
 
     CycleTimerParts p_;
-    std::int32_t intervalMs_ = 2;
+    std::int32_t intervalMs_ = 2;  // until the alternate time is a number
     EventTimer timer_;
 };
 

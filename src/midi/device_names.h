@@ -27,7 +27,8 @@ inline std::int32_t PlaceOfDevice(const std::vector<std::string>& before, std::i
 }
 
 /// Searches for the devices from `first` on, for a list that shows them: `chosen` stays with its device, or
-/// becomes -1 if the device is gone. Without any device from 0 on, the list is empty.
+/// becomes -1 if the device is gone. If the port has no device, the list becomes empty, even if
+/// `first` is below 0.
 inline void FindDevicesAgain(MidiPort& port, std::int32_t first, Watched<std::vector<std::string>>& devices,
                              Watched<std::int32_t>& chosen) {
     const std::vector<std::string> before = devices;

@@ -112,7 +112,7 @@ void EditHistory::BeforeChange() {
         open_ = {.Name = "Change", .SelectionBefore = ListSelection::Of(list_)};
 }
 
-/// Makes a change outside a gesture a step, or joins it to the step before.
+/// Counts a change. Outside a gesture, makes it a step, or joins it to the step before.
 void EditHistory::Changed() {
     Changes = Changes + 1;
     if (restoring_ || depth_ > 0)

@@ -16,11 +16,10 @@ ListEditing::ListEditing(EntryOptions& options, const ProgramState& state, Music
       boxes_(boxes),
       history_(history),
       showPosition_(std::move(showPosition)) {
-    for (const Watched<bool>* box : {&options_.NoteClickAddCheck, &options_.NoteReplaceCheck}) {
-        box->Watch([this](bool) {
-            options_.NoteLengthReplaceCheckEnabled = options_.NoteClickAddCheck && options_.NoteReplaceCheck;
-        });
-    }
+    options_.NoteReplaceCheck.Watch(
+        [this](bool replaces) { options_.NoteLengthReplaceCheckEnabled = replaces; });
+    options_.NoteClickAddCheck.Watch(
+        [this](bool adds) { options_.NoteLengthReplaceCheckEnabled = adds && options_.NoteReplaceCheck; });
     // Option buttons of one group: selecting one clears the other.
     options_.AddNote1Option.Watch([this](bool selected) {
         if (selected)

@@ -40,7 +40,8 @@ struct EntryOptions {
     Watched<bool> AddNote2Option{false};
     Watched<bool> NoteReplaceCheck{false};
     Watched<bool> NoteLengthReplaceCheck{false};
-    /// The other options are enabled with NoteClickAddCheck; this one also depends on NoteReplaceCheck.
+    /// AddNote1Option, AddNote2Option and NoteReplaceCheck are enabled with NoteClickAddCheck;
+    /// NoteLengthReplaceCheck also needs NoteReplaceCheck.
     Watched<bool> NoteLengthReplaceCheckEnabled{false};
 };
 

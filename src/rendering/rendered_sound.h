@@ -49,6 +49,9 @@ std::int64_t FrameAt(std::int64_t counts, std::int64_t rate);
 /// The sound source of a rendering, on simulated time. Raises RenderError on failure.
 class RenderedSound {
   public:
+    RenderedSound() = default;
+    RenderedSound(const RenderedSound&) = delete;
+    RenderedSound& operator=(const RenderedSound&) = delete;
     virtual ~RenderedSound() = default;
 
     /// Makes the sound up to the current time. Has to be called before any change of the sound.

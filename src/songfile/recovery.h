@@ -45,7 +45,7 @@ struct RecoveryParts {
 /// A copy is written some seconds after a change, in one step, so that it is always a whole song; without
 /// changes nothing is written. Writing takes a moment, so it happens only in a timer's tick, and never while
 /// the music plays, a tone sounds or a song is loaded. Each process has its own copy, which is deleted when
-/// the song is saved or given up.
+/// the song is saved or given up. The destructor keeps it, as a killed process does.
 ///
 /// Recovery must outlive every change of the song.
 class Recovery {
@@ -57,7 +57,6 @@ class Recovery {
     /// Delay until the next attempt if the copy could not be written, in ms.
     static constexpr std::int32_t RetryAfterErrorMs = 30'000;
 
-    /// The destructor leaves the copy behind, as a killed process does.
     explicit Recovery(RecoveryParts parts);
 
     /// Offers the left-over copies one after another; skips those of running processes. Yes loads a copy as a

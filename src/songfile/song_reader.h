@@ -54,7 +54,7 @@ class SongReader {
     /// loaded so far stay. The list is consistent whenever handlers can run.
     LoadResult ActuallyLoadMusic(const std::string& fileToLoad);
 
-    /// Called when a file has been read, before the song is replaced.
+    /// Called when a file has been read, before the song is replaced. Must be set before a load.
     std::function<void()> OnReplace;
 
   private:

@@ -49,6 +49,7 @@ constexpr Key Keys[] = {
     {"alternatetime", [](auto& song, auto&, auto& value) { song.AlternateTime.Load(value); }},
     {"noteclickplay", [](auto&, auto& entry, auto& value) { entry.NoteClickPlayCheck = IsTicked(value); }},
     {"noteclickadd", [](auto&, auto& entry, auto& value) { entry.NoteClickAddCheck = IsTicked(value); }},
+    // ListEditing clears the other option of the group.
     {"addnote1", [](auto&, auto& entry, auto& value) { entry.AddNote1Option = ToBoolean(value); }},
     {"addnote2", [](auto&, auto& entry, auto& value) { entry.AddNote2Option = ToBoolean(value); }},
     {"notelengthreplace",

@@ -140,7 +140,7 @@ TEST(DesktopProgram, StartsTheSoundLibraryThatLiesBesideTheProgram) {
     EXPECT_FALSE(p.App.Outputs.SoundMods.Singer.IsLoaded()) << "only when it is wanted";
 }
 
-TEST(DesktopProgram, AMachineWithoutSoundIsToldOfInOneMessage) {
+TEST(DesktopProgram, AMachineWithoutSoundIsReportedInOneMessage) {
     Started p("");
     p.Disk.Put("/program/logenable", "");
     p.Disk.Put("/program/FMODex.dll", "a library");

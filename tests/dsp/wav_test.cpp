@@ -19,7 +19,7 @@ namespace {
 
 using namespace std::string_literals;
 
-// A pipe: what is written is there, nothing can be sought.
+// A pipe: it can be written but not sought.
 class Pipe : public std::streambuf {
   public:
     std::string Bytes;

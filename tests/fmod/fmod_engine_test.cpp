@@ -62,7 +62,7 @@ TEST_F(FmodEngineTest, WithoutTheLibraryNothingIsStartedAndNothingIsSaid) {
     EXPECT_EQ(P.Timeline.Text(), "");
 }
 
-TEST_F(FmodEngineTest, ALibraryThatCannotBeLoadedIsToldOfAndNotUsed) {
+TEST_F(FmodEngineTest, ALibraryThatCannotBeLoadedIsReportedAndNotUsed) {
     P.Library.LoadError = "it lacks FMOD_System_Init";
     P.App.Log.Enable();
     StartUp();

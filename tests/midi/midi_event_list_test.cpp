@@ -7,7 +7,7 @@
 #include <fmt/format.h>
 #include <gmock/gmock.h>
 
-#include "modules/midi_bytes.h"
+#include "modules/midi_file/midi_bytes.h"
 #include "platform/common/module_midi_file_reader.h"
 
 namespace quavix {

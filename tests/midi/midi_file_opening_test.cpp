@@ -117,7 +117,7 @@ TEST(MidiFileOpening, AFileThatCannotBePlayedIsReportedAndTheOldOneStays) {
     }
 }
 
-TEST(MidiFileOpening, AFileThatCannotBeReadIsToldOf) {
+TEST(MidiFileOpening, AFileThatCannotBeReadIsReported) {
     MidiFileProgram p;
     p.Picker.AnswerNext("/music/none.mid");
     p.Form.cmdBrowse_Click();
@@ -130,7 +130,7 @@ TEST(MidiFileOpening, AFileThatCannotBeReadIsToldOf) {
     EXPECT_FALSE(p.Form.frmPlaybackEnabled);
 }
 
-TEST(MidiFileOpening, AFileThatFailsWhileItIsReadIsToldOf) {
+TEST(MidiFileOpening, AFileThatFailsWhileItIsReadIsReported) {
     MidiFileProgram p;
     p.Disk.SetReadSize(10);
     p.Disk.BeforeRead([&](const std::string& name, std::uint64_t at) {

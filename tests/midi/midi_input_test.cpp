@@ -301,7 +301,7 @@ TEST_F(MidiInputTest, LostMessagesReleaseAllNotes) {
     EXPECT_TRUE(P.Boxes.Shown().empty());
 }
 
-TEST_F(MidiInputTest, ADeviceThatIsUnpluggedReleasesItsNotesIsToldOfOnceAndCanBeOpenedAgain) {
+TEST_F(MidiInputTest, ADeviceThatIsUnpluggedReleasesItsNotesIsReportedOnceAndCanBeOpenedAgain) {
     SwitchOn();
     P.MidiIn.ArriveAt(1, {On(60), On(64)});
     P.MidiIn.VanishAt(40);

@@ -137,7 +137,7 @@ TEST_F(MidiOutputTest, WithNoOutputDevicesTheListStaysEmptyAndOpeningSaysSoOnce)
     EXPECT_EQ(P.App.Log.LogIndent(), 0);
 }
 
-TEST_F(MidiOutputTest, ADeviceThatRefusesIsToldOfAndStopsTheMusicButLeavesTheBoxTicked) {
+TEST_F(MidiOutputTest, ADeviceThatRefusesIsReportedAndStopsTheMusicButLeavesTheBoxTicked) {
     SwitchOn();
     P.App.Log.Enable();
     Fields.State.MusicIsPlaying = true;

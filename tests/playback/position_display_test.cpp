@@ -117,7 +117,7 @@ TEST_F(PositionTest, TheComputationIsLogged) {
         "    WorkOutPlayPos(0) - START\n    'CurrentLine < 1' section\n    'Item count NOT = 0' section\n"
         "    Calculating play position by summing all line lengths\n"
         "    FixRoundingErrors() fixed an error.\n    WorkOutPlayPos() - END\n\n");
-    // Once more, with the sums known: the mended sum is told of again.
+    // Once more, with the sums known: the corrected sum is reported again.
     P.Disk.Delete("/program/debuglog.txt");
     PositionOf(4);
     EXPECT_EQ(P.LogText(),

@@ -35,13 +35,14 @@ jack_client_t* OpenClient() {
 }  // namespace
 
 // JACK knows of so many servers at most, and forgets one that was killed only when another of its name
-// starts: so there are few names, and each has one user at a time.
+// starts: so there are few names, and each has one user at a time. The locks lie where JACK keeps its
+// servers, which a chroot may share while it has a /tmp of its own.
 JackServer::JackServer() {
     constexpr int MostServers = 6;
     for (int number = 1; !lock_ && number <= MostServers; ++number) {
         name_ = "quavix-test-" + std::to_string(number);
         lock_ = FileDescriptor(
-            open(("/tmp/" + name_ + ".lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR));
+            open(("/dev/shm/" + name_ + ".lock").c_str(), O_RDWR | O_CREAT | O_CLOEXEC, S_IRUSR | S_IWUSR));
         if (flock(lock_.Get(), LOCK_EX | LOCK_NB) != 0)
             lock_.Close();
     }
@@ -125,6 +126,7 @@ JackRecorder::JackRecorder()
       recorded_(MostSamples) {
     sem_init(&arrived_, 0, 0);
     jack_set_process_callback(client_, &Process, this);
+    jack_set_xrun_callback(client_, &Xrun, this);
     EXPECT_EQ(jack_activate(client_), 0);
 }
 
@@ -176,6 +178,11 @@ bool JackRecorder::RecordUntil(const std::function<bool(const std::vector<float>
         if (end == recorded_.end())
             return false;
     }
+}
+
+int JackRecorder::Xrun(void* recorder) {
+    static_cast<JackRecorder*>(recorder)->gaps_.fetch_add(1, std::memory_order_acq_rel);
+    return 0;
 }
 
 int JackRecorder::Process(jack_nframes_t frames, void* recorder) {

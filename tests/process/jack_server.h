@@ -54,7 +54,8 @@ class JackRecorder {
     /// Samples recorded so far.
     std::size_t Size() const { return size_.load(std::memory_order_acquire); }
 
-    /// Number of times that the server has gone on without this client, or lost its own time.
+    /// Number of times that the server has gone on without this client, reported an xrun, or lost its own
+    /// time. Sound that is recorded meanwhile may have lost periods.
     int Gaps() const { return gaps_.load(std::memory_order_acquire); }
 
     /// Frames from the loudspeaker's port to the loudspeaker.
@@ -65,6 +66,7 @@ class JackRecorder {
 
   private:
     static int Process(jack_nframes_t frames, void* recorder);
+    static int Xrun(void* recorder);
     bool WaitForPeriod();
 
     jack_client_t* client_;

@@ -52,24 +52,33 @@ TEST_F(SoundCardSpeakerOn, AServerPlaysTheToneInTuneInItsLengthAndWithoutClicks)
     WaitUntilOpen(speaker);
     ASSERT_THAT(speaker.Status().InUse, HasSubstr("sound card (J"));
     ASSERT_FALSE(speaker.Status().Silent);
-    JackRecorder recorder;
-    ASSERT_TRUE(recorder.Listen());
 
     constexpr std::int32_t Hz = 441;
     constexpr std::int32_t LengthMs = 700;
     constexpr std::int64_t Length = Rate * LengthMs / 1000;
-    const std::int64_t start = MonotonicNs();
-    speaker.Beep(Hz, LengthMs);
-    const std::int64_t took = MonotonicNs() - start;
-    EXPECT_GE(took, LengthMs * NsPerMs);
-    EXPECT_LT(took, LengthMs * NsPerMs + HangNs);
-
     Samples all;
-    ASSERT_TRUE(recorder.RecordUntil([&](const Samples& recorded) {
-        const auto last = std::find_if(recorded.rbegin(), recorded.rend(), Loud);
-        all = recorded;
-        return last != recorded.rend() && last - recorded.rbegin() > Rate / 5;
-    }));
+    bool lostNothing = false;
+    // A busy machine lets the server go on without the speaker; that says nothing about the speaker.
+    constexpr int MostRuns = 20;
+    for (int run = 0; run < MostRuns && !lostNothing; ++run) {
+        JackRecorder recorder;
+        ASSERT_TRUE(recorder.Listen());
+        const int gaps = recorder.Gaps();
+        const std::int64_t start = MonotonicNs();
+        speaker.Beep(Hz, LengthMs);
+        const std::int64_t took = MonotonicNs() - start;
+        EXPECT_GE(took, LengthMs * NsPerMs);
+        EXPECT_LT(took, LengthMs * NsPerMs + HangNs);
+        // The silence afterwards is long enough for the report of an xrun during the tone.
+        ASSERT_TRUE(recorder.RecordUntil([&](const Samples& recorded) {
+            const auto last = std::find_if(recorded.rbegin(), recorded.rend(), Loud);
+            all = recorded;
+            return last != recorded.rend() && last - recorded.rbegin() > Rate / 5;
+        }));
+        lostNothing = recorder.Gaps() == gaps;
+    }
+    if (!lostNothing)
+        GTEST_SKIP() << "the JACK server does not get the time that it needs";
     // The server got the wave sample by sample: nothing was added, lost or repeated.
     SquareWave wave(Hz, Rate, Length);
     Samples expected(Length);

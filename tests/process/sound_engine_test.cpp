@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstdlib>
 #include <span>
+#include <utility>
 
 #include <gtest/gtest.h>
 
@@ -42,12 +43,18 @@ std::ptrdiff_t FirstSound(std::span<const float> sound) {
     return std::find_if(sound.begin(), sound.end(), [](float s) { return s != 0.0F; }) - sound.begin();
 }
 
-/// Records so much sound, from its first sample on.
+/// Records so much sound in which the server has lost nothing, from its first sample or a later one on.
 Samples Record(JackRecorder& recorder, std::size_t frames) {
+    constexpr std::size_t UntilXrunIsReported = 4800;
     Samples sound;
+    int gaps = recorder.Gaps();
+    std::size_t from = 0;
     EXPECT_TRUE(recorder.RecordUntil([&](const Samples& all) {
-        const std::ptrdiff_t first = FirstSound(all);
-        if (all.size() < static_cast<std::size_t>(first) + frames)
+        if (const int now = recorder.Gaps(); std::exchange(gaps, now) != now)
+            from = all.size();
+        const std::ptrdiff_t first =
+            static_cast<std::ptrdiff_t>(from) + FirstSound(std::span(all).subspan(from));
+        if (all.size() < static_cast<std::size_t>(first) + frames + UntilXrunIsReported)
             return false;
         sound.assign(all.begin() + first, all.begin() + first + static_cast<std::ptrdiff_t>(frames));
         return true;

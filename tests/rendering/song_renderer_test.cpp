@@ -221,7 +221,7 @@ TEST_F(SongRendererTest, WithoutTheSoundEngineItsOutputsCannotBeRendered) {
     EXPECT_EQ(Events.Text(), "");
 }
 
-TEST_F(SongRendererTest, AnEngineThatDoesNotStartIsToldOf) {
+TEST_F(SongRendererTest, AnEngineThatDoesNotStartIsReported) {
     PutSong("Quarter A4 A4 -");
     Disk.Put("/program/FMODex.dll", "a library");
     Library.Fail("FMOD_System_Init", 61);

@@ -59,7 +59,7 @@ TEST(LineText, OnlyTheMusicOfAWholeSongFileIsTaken) {
         "Quavix by Dastrel-204 file format\r\nRevision 148\r\n//When key is clicked,\r\nBPM 120\r\n"
         "MUSICLISTSTART\r\n//Length Note1 Note2\r\nHalf C4 - -\r\nwith best wishes, me\r\n");
     EXPECT_EQ(read.Lines, (std::vector<MusicLine>{{"Half", "C4", "", ""}}));
-    EXPECT_EQ(read.Rejected, 1U) << "the settings are none of the lines that are told of";
+    EXPECT_EQ(read.Rejected, 1U) << "rejected settings are not counted as rejected lines";
 }
 
 TEST(LineText, BehindTheStartOfAListLinesAreTakenAsInASongFile) {

@@ -5,7 +5,7 @@
 #include <initializer_list>
 #include <string>
 
-#include "modules/midi_bytes.h"
+#include "modules/midi_file/midi_bytes.h"
 
 namespace quavix::test {
 

@@ -35,11 +35,15 @@ TEST(NoteEntryPanel, GreysOutDependentOptions) {
     p.Click("NoteReplaceCheck");
     EXPECT_TRUE(enabled("NoteLengthReplaceCheck"));
     p.Click("NoteClickAddCheck");
-    for (const char* name :
-         {"AddNote1Option", "AddNote2Option", "NoteReplaceCheck", "NoteLengthReplaceCheck"})
+    constexpr std::array Dependent{"AddNote1Option", "AddNote2Option", "NoteReplaceCheck",
+                                   "NoteLengthReplaceCheck"};
+    for (const char* name : Dependent)
         EXPECT_FALSE(enabled(name)) << name;
     PressKey(p, 12);
     EXPECT_EQ(p.App.List.Count(), 0);
+    p.Click("NoteClickAddCheck");
+    for (const char* name : Dependent)
+        EXPECT_TRUE(enabled(name)) << name;
     EXPECT_NE(p.Timeline.Text("speaker"), "");
 }
 

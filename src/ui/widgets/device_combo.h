@@ -12,7 +12,7 @@
 
 namespace quavix {
 
-/// A choice of changing devices: opening the list searches for them.
+/// A choice of changing devices: opening the list searches for them. Bind() has to be called before.
 class DeviceCombo : public QComboBox {
     Q_OBJECT
 

@@ -41,7 +41,7 @@ class MusicListView : public QTableView, private MusicListObserver {
 
   private:
     // MusicListObserver: changes of the list's selection.
-    // The toolkit itself moves the selection by one row, which a load inserts a million times.
+    // The toolkit itself keeps the selection when one row is inserted.
     void RowsInserted(std::span<const std::int32_t> rows) override {
         if (rows.size() > 1)
             ShowSelection();

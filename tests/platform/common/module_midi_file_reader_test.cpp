@@ -5,7 +5,7 @@
 
 #include <gmock/gmock.h>
 
-#include "modules/midi_bytes.h"
+#include "modules/midi_file/midi_bytes.h"
 
 namespace quavix {
 namespace {

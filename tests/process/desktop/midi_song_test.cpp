@@ -115,7 +115,7 @@ class MidiSong : public testing::Test {
     JackServer Server;
 };
 
-/// Empty where the messages are those that are due, in their order.
+/// Returns a text unless the messages are those that are due, in their order.
 std::string Difference(const std::vector<TimedEvent>& received, const std::vector<TimedEvent>& due) {
     if (received.size() != due.size())
         return fmt::format("{} messages instead of {}", received.size(), due.size());

@@ -2,7 +2,7 @@
 // Files with faults: what can be played is read, the rest says what is wrong and where.
 #include <gmock/gmock.h>
 
-#include "modules/midi_bytes.h"
+#include "modules/midi_file/midi_bytes.h"
 
 namespace quavix::test {
 namespace {

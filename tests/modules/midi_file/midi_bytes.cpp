@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "modules/midi_bytes.h"
+#include "modules/midi_file/midi_bytes.h"
 
 #include <array>
 

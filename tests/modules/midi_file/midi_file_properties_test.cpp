@@ -6,7 +6,7 @@
 #include <fmt/format.h>
 #include <gmock/gmock.h>
 
-#include "modules/midi_bytes.h"
+#include "modules/midi_file/midi_bytes.h"
 
 namespace quavix::test {
 namespace {
