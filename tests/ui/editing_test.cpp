@@ -1,4 +1,6 @@
 // SPDX-License-Identifier: MIT
+#include <array>
+
 #include "ui/ui_program.h"
 #include "ui/widgets/piano_keyboard.h"
 
