@@ -14,12 +14,12 @@
 namespace quavix::test {
 
 /// Waits until a child has ended, and returns the status of waitpid(). Kills a child that still runs after
-/// PatienceMs, so that the test fails instead of waiting forever.
-inline int WaitForEnd(pid_t child) {
+/// `mostMs`, so that the test fails instead of waiting forever.
+inline int WaitForEnd(pid_t child, int mostMs = PatienceMs) {
     const FileDescriptor end(static_cast<int>(syscall(SYS_pidfd_open, child, 0)));
     pollfd waiting{end.Get(), POLLIN, 0};
     int ready = -1;
-    while (end.Get() >= 0 && (ready = poll(&waiting, 1, PatienceMs)) < 0 && errno == EINTR) {
+    while (end.Get() >= 0 && (ready = poll(&waiting, 1, mostMs)) < 0 && errno == EINTR) {
     }
     if (ready == 0)
         kill(child, SIGKILL);

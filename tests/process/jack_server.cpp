@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <ctime>
 #include <fcntl.h>
+#include <filesystem>
 #include <poll.h>
 #include <sys/file.h>
 #include <sys/prctl.h>
@@ -56,7 +57,24 @@ JackServer::~JackServer() {
     End(SIGTERM);
 }
 
+// A killed JACK process may leave the database of JACK's properties locked. Every later one of the user then
+// hangs, until the database is deleted.
 bool JackServer::Start(int sampleRate) {
+    constexpr int MostTries = 4;
+    std::string said;
+    for (int tries = 0; tries < MostTries; ++tries) {
+        if (TryToStart(sampleRate, said))
+            return true;
+        End(SIGKILL);
+        std::error_code ignored;
+        std::filesystem::remove_all("/dev/shm/jack_db-" + std::to_string(getuid()), ignored);
+    }
+    ADD_FAILURE() << "the JACK server does not start; it said:\n" << said;
+    return false;
+}
+
+bool JackServer::TryToStart(int sampleRate, std::string& said) {
+    constexpr std::int64_t StartNs = 20 * NsPerSecond;
     const std::string rate = std::to_string(sampleRate);
     std::array<int, 2> ends{-1, -1};
     if (pipe2(ends.data(), O_CLOEXEC) != 0)
@@ -75,16 +93,20 @@ bool JackServer::Start(int sampleRate) {
         _exit(127);
     }
     serversOutput.Close();
-    const std::int64_t until = MonotonicNs() + PatienceNs;
+    const std::int64_t until = MonotonicNs() + StartNs;
     while (MonotonicNs() < until) {
         if (Answers())
             return true;
         // It says something as it gets further; its end is an end of output.
         pollfd waiting{output.Get(), POLLIN, 0};
         constexpr int MostMs = 100;
-        std::array<char, 4096> said{};
-        if (poll(&waiting, 1, MostMs) == 1 && read(output.Get(), said.data(), said.size()) == 0)
+        std::array<char, 4096> bytes{};
+        if (poll(&waiting, 1, MostMs) != 1)
+            continue;
+        const ssize_t got = read(output.Get(), bytes.data(), bytes.size());
+        if (got <= 0)
             return false;
+        said.append(bytes.data(), static_cast<std::size_t>(got));
     }
     return false;
 }
@@ -100,7 +122,8 @@ bool JackServer::Answers() const {
         execlp("jack_lsp", "jack_lsp", nullptr);
         _exit(127);
     }
-    const int status = test::WaitForEnd(asking);
+    constexpr int MostMs = 5000;
+    const int status = test::WaitForEnd(asking, MostMs);
     return WIFEXITED(status) && WEXITSTATUS(status) == 0;
 }
 

@@ -21,7 +21,8 @@ class JackServer {
     JackServer();
     ~JackServer();
 
-    /// Starts the server and waits until clients can connect. False: they never could.
+    /// Starts the server and waits until clients can connect. Returns false, with a failure of the test, if
+    /// they never can.
     bool Start(int sampleRate = 48000);
 
     /// Kills the server.
@@ -31,6 +32,7 @@ class JackServer {
     void Stop();
 
   private:
+    bool TryToStart(int sampleRate, std::string& said);
     bool Answers() const;
     void End(int signal);
 
