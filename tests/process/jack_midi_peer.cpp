@@ -6,25 +6,18 @@
 #include <gtest/gtest.h>
 #include <jack/midiport.h>
 
+#include "jack_server.h"
+
 namespace quavix {
 
 namespace {
 
 constexpr auto Patience = std::chrono::seconds(60);
 
-/// A busy server may turn a client away at first.
-jack_client_t* Enter(const std::string& name) {
-    constexpr int MostTries = 20;
-    jack_client_t* client = nullptr;
-    for (int i = 0; i < MostTries && client == nullptr; ++i)
-        client = jack_client_open(name.c_str(), JackNoStartServer, nullptr);
-    return client;
-}
-
 }  // namespace
 
 JackMidiPeer::JackMidiPeer(const std::string& name)
-    : client_(Enter(name)),
+    : client_(EnterJack(name)),
       in_(jack_port_register(client_, "in", JACK_DEFAULT_MIDI_TYPE, JackPortIsInput, 0)),
       out_(jack_port_register(client_, "out", JACK_DEFAULT_MIDI_TYPE, JackPortIsOutput, 0)) {
     jack_set_process_callback(client_, &Process, this);

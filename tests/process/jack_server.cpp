@@ -10,6 +10,7 @@
 #include <fcntl.h>
 #include <filesystem>
 #include <poll.h>
+#include <stdexcept>
 #include <sys/file.h>
 #include <sys/prctl.h>
 #include <sys/stat.h>
@@ -29,11 +30,18 @@ namespace {
 constexpr std::int64_t PatienceNs = test::PatienceMs * NsPerMs;
 constexpr std::size_t MostSamples = 48000 * 20;
 
-jack_client_t* OpenClient() {
-    return jack_client_open("quavix test", JackNoStartServer, nullptr);
-}
-
 }  // namespace
+
+jack_client_t* EnterJack(const std::string& name) {
+    constexpr int MostTries = 1000;
+    constexpr std::int64_t BetweenTriesNs = 20 * NsPerMs;
+    for (int tries = 0; tries < MostTries; ++tries) {
+        if (jack_client_t* client = jack_client_open(name.c_str(), JackNoStartServer, nullptr))
+            return client;
+        SleepUntil(MonotonicNs() + BetweenTriesNs);
+    }
+    throw std::runtime_error("the JACK server refuses the client " + name);
+}
 
 // JACK knows of so many servers at most, and forgets one that was killed only when another of its name
 // starts: so there are few names, and each has one user at a time. The locks lie where JACK keeps its
@@ -144,7 +152,7 @@ void JackServer::End(int signal) {
 }
 
 JackRecorder::JackRecorder()
-    : client_(OpenClient()),
+    : client_(EnterJack("quavix test")),
       port_(jack_port_register(client_, "in", JACK_DEFAULT_AUDIO_TYPE, JackPortIsInput, 0)),
       recorded_(MostSamples) {
     sem_init(&arrived_, 0, 0);

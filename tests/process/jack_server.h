@@ -41,6 +41,10 @@ class JackServer {
     pid_t process_ = -1;
 };
 
+/// Enters the test's server as a JACK client. A busy server may refuse clients at first, so it tries for 20
+/// s, and throws std::runtime_error then.
+jack_client_t* EnterJack(const std::string& name);
+
 /// Recorder of the sound that arrives at the server's first loudspeaker.
 class JackRecorder {
   public:
