@@ -2,6 +2,7 @@
 #include "jack_midi_peer.h"
 
 #include <chrono>
+#include <utility>
 
 #include <gtest/gtest.h>
 #include <jack/midiport.h>
@@ -27,6 +28,11 @@ JackMidiPeer::JackMidiPeer(const std::string& name)
 
 JackMidiPeer::~JackMidiPeer() {
     jack_client_close(client_);
+}
+
+void KeepUntilExit(std::unique_ptr<JackMidiPeer> peer) {
+    static auto* const kept = new std::vector<std::unique_ptr<JackMidiPeer>>;
+    kept->push_back(std::move(peer));
 }
 
 bool JackMidiPeer::Listen(const std::string& source) {

@@ -4,6 +4,7 @@
 #include <condition_variable>
 #include <cstdint>
 #include <deque>
+#include <memory>
 #include <mutex>
 #include <string>
 #include <vector>
@@ -63,5 +64,9 @@ class JackMidiPeer {
     jack_time_t lastCycle_ = 0;
     int disturbances_ = 0;
 };
+
+/// Keeps a peer until the process ends, instead of leaving a server that was killed: JACK's thread ends the
+/// client by itself, and a call that closes it at the same time can end the process.
+void KeepUntilExit(std::unique_ptr<JackMidiPeer> peer);
 
 }  // namespace quavix

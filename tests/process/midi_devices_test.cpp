@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 // The MIDI module at a JACK server, loaded as the program loads it.
 #include <memory>
-#include <optional>
 
 #include <gmock/gmock.h>
 
@@ -265,13 +264,12 @@ TEST_F(MidiDevices, OtherPortsThatVanishChangeNothing) {
 
 TEST_F(MidiDevices, DevicesVanishWithADeadServerAndThoseOfANewOneAreFound) {
     ASSERT_TRUE(server_.Start());
-    {
-        const JackMidiPeer peer("keyboard");
-        ASSERT_TRUE(devices_.Out().Open(MidiOutPort::VirtualDevice));
-        ASSERT_TRUE(OpenByName(devices_.In(), "keyboard:out"));
-        server_.Kill();
-        EXPECT_TRUE(InputBecomes(MidiDeviceState::Gone));
-    }
+    auto oldPeer = std::make_unique<JackMidiPeer>("keyboard");
+    ASSERT_TRUE(devices_.Out().Open(MidiOutPort::VirtualDevice));
+    ASSERT_TRUE(OpenByName(devices_.In(), "keyboard:out"));
+    server_.Kill();
+    EXPECT_TRUE(InputBecomes(MidiDeviceState::Gone));
+    KeepUntilExit(std::move(oldPeer));
     EXPECT_EQ(devices_.Out().State(), MidiDeviceState::Gone);
     EXPECT_EQ(devices_.Out().Send({0x90, 60, 96}), MidiSendResult::NotOpen);
     EXPECT_EQ(devices_.Out().DeviceCount(), 0);
@@ -295,15 +293,14 @@ class MidiDevicesOfADeadServer : public MidiDevices {
   protected:
     void SetUp() override {
         ASSERT_TRUE(server_.Start());
-        peer_.emplace("synthesizer");
+        peer_ = std::make_unique<JackMidiPeer>("synthesizer");
     }
 
-    /// The peer's client goes first, as opening another client frees those of a dead server in the whole
-    /// process.
+    /// Opening another client frees those of a dead server in the whole process.
     void KillServer() {
         server_.Kill();
         AwaitEnd(devices_);
-        peer_.reset();
+        KeepUntilExit(std::move(peer_));
         if (jack_client_t* client = jack_client_open("another", JackNoStartServer, nullptr))
             jack_client_close(client);
     }
@@ -321,7 +318,7 @@ class MidiDevicesOfADeadServer : public MidiDevices {
 
     void ExpectANewServerToBeUsed() {
         ASSERT_TRUE(server_.Start());
-        peer_.emplace("synthesizer");
+        peer_ = std::make_unique<JackMidiPeer>("synthesizer");
         ASSERT_TRUE(OpenByName(devices_.Out(), "synthesizer:in"));
         ASSERT_TRUE(OpenByName(devices_.In(), "synthesizer:out"));
         EXPECT_EQ(Send(), MidiSendResult::Sent);
@@ -330,7 +327,7 @@ class MidiDevicesOfADeadServer : public MidiDevices {
         EXPECT_THAT(Receive(1), ElementsAre(MidiMessage{0x90, 61, 1}));
     }
 
-    std::optional<JackMidiPeer> peer_;
+    std::unique_ptr<JackMidiPeer> peer_;
 };
 
 TEST_F(MidiDevicesOfADeadServer, AnOutputThatPlaysIsGoneAndCanBeClosed) {

@@ -2,8 +2,10 @@
 // A JACK server that dies under the program that really runs, while that plays over MIDI and on the sound
 // card.
 #include <csignal>
+#include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 
 #include <QFile>
 #include <gtest/gtest.h>
@@ -21,7 +23,7 @@ class MidiServerJourney : public testing::Test {
 
     void SetUp() override {
         ASSERT_TRUE(server_.Start());
-        other_.emplace("other");
+        other_ = std::make_unique<JackMidiPeer>("other");
         process_.Put("song.QVX",
                      "Quavix by Dastrel-204 file format\r\nBPM 240\r\nMUSICLISTSTART\r\n1/16 C4 - -\r\n1/16 "
                      "E4 - -\r\n");
@@ -74,12 +76,12 @@ class MidiServerJourney : public testing::Test {
 
     void KillServer() {
         server_.Kill();
-        other_.reset();
+        KeepUntilExit(std::move(other_));
     }
 
     void StartServer() {
         ASSERT_TRUE(server_.Start());
-        other_.emplace("other");
+        other_ = std::make_unique<JackMidiPeer>("other");
     }
 
     /// Kills the server while music plays to its MIDI output, and has the notes on the next server.
@@ -94,7 +96,7 @@ class MidiServerJourney : public testing::Test {
     }
 
     JackServer server_;
-    std::optional<JackMidiPeer> other_;
+    std::unique_ptr<JackMidiPeer> other_;
     DesktopSession session_;
     QuavixProcess process_{session_.Environment()};
     QuavixWindow window_{session_, process_};
