@@ -65,17 +65,13 @@ JackServer::~JackServer() {
     End(SIGTERM);
 }
 
-// A killed JACK process may leave the database of JACK's properties locked. Every later one of the user then
-// hangs, until the database is deleted.
 bool JackServer::Start(int sampleRate) {
     constexpr int MostTries = 4;
     std::string said;
     for (int tries = 0; tries < MostTries; ++tries) {
         if (TryToStart(sampleRate, said))
             return true;
-        End(SIGKILL);
-        std::error_code ignored;
-        std::filesystem::remove_all("/dev/shm/jack_db-" + std::to_string(getuid()), ignored);
+        Kill();
     }
     ADD_FAILURE() << "the JACK server does not start; it said:\n" << said;
     return false;
@@ -135,8 +131,12 @@ bool JackServer::Answers() const {
     return WIFEXITED(status) && WEXITSTATUS(status) == 0;
 }
 
+// A killed server may leave the database of JACK's properties locked. Every later JACK process of the user
+// then hangs, until the database is deleted.
 void JackServer::Kill() {
     End(SIGKILL);
+    std::error_code ignored;
+    std::filesystem::remove_all("/dev/shm/jack_db-" + std::to_string(getuid()), ignored);
 }
 
 void JackServer::Stop() {

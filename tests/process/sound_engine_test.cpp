@@ -20,6 +20,7 @@ namespace {
 using Samples = std::vector<float>;
 
 constexpr std::int64_t Period = 128;
+constexpr const char* ServerIsStarved = "the JACK server does not get the time that it needs";
 
 class SoundEngineOn : public SoundServerTest {
   protected:
@@ -44,12 +45,13 @@ std::ptrdiff_t FirstSound(std::span<const float> sound) {
 }
 
 /// Records so much sound in which the server has lost nothing, from its first sample or a later one on.
+/// Returns nothing if a busy machine does not let the server play that long.
 Samples Record(JackRecorder& recorder, std::size_t frames) {
     constexpr std::size_t UntilXrunIsReported = 4800;
     Samples sound;
     int gaps = recorder.Gaps();
     std::size_t from = 0;
-    EXPECT_TRUE(recorder.RecordUntil([&](const Samples& all) {
+    const bool isComplete = recorder.RecordUntil([&](const Samples& all) {
         if (const int now = recorder.Gaps(); std::exchange(gaps, now) != now)
             from = all.size();
         const std::ptrdiff_t first =
@@ -58,7 +60,8 @@ Samples Record(JackRecorder& recorder, std::size_t frames) {
             return false;
         sound.assign(all.begin() + first, all.begin() + first + static_cast<std::ptrdiff_t>(frames));
         return true;
-    }));
+    });
+    EXPECT_TRUE(isComplete || recorder.Gaps() > 0);
     return sound;
 }
 
@@ -81,6 +84,8 @@ TEST_F(SoundEngineOn, AServerSoundsInTuneAtWhateverRateItRuns) {
             engine.Frequency(channel, 5277.888F);
             engine.Volume(channel, 0.18F);
             const Samples sound = Record(recorder, 30000);
+            if (sound.empty())
+                GTEST_SKIP() << ServerIsStarved;
             const double measured = FrequencyHz(std::span(sound).subspan(200), rate);
             EXPECT_LT(std::abs(Cents(measured, 4000.0 * 5277.888 / 48000.0)), 0.1) << rate;
             EXPECT_NEAR(Rms(std::span(sound).subspan(200)), 0.18, 0.005);
@@ -129,8 +134,9 @@ TEST_F(SoundEngineOn, AServerIsHeardAsLateAsTheBufferSizeSays) {
             return static_cast<std::size_t>(last - all.rbegin()) > Rest;
         }));
     }
+    if (delays.empty())
+        GTEST_SKIP() << ServerIsStarved;
     // The one in the middle: the server also goes on without an engine that a busy machine keeps waiting.
-    ASSERT_FALSE(delays.empty());
     std::sort(delays.begin(), delays.end());
     const std::int64_t least = delays[delays.size() / 2];
     const std::int64_t most = least + Period;
@@ -148,7 +154,8 @@ TEST_F(SoundEngineOn, AServerThatIsStoppedAndContinuedLosesOnlyTheGap) {
     {
         JackRecorder recorder;
         ASSERT_TRUE(recorder.ListenWhenThereIsSomething());
-        ASSERT_FALSE(Record(recorder, 4800).empty());
+        if (Record(recorder, 4800).empty())
+            GTEST_SKIP() << ServerIsStarved;
     }
     server_.Kill();
     // More calls than any queue of them would hold, among them all kinds of changes.
@@ -168,6 +175,8 @@ TEST_F(SoundEngineOn, AServerThatIsStoppedAndContinuedLosesOnlyTheGap) {
     JackRecorder recorder;
     ASSERT_TRUE(recorder.ListenWhenThereIsSomething());
     const Samples sound = Record(recorder, 30000);
+    if (sound.empty())
+        GTEST_SKIP() << ServerIsStarved;
     const auto settled = std::span(sound).subspan(1000);
     EXPECT_LT(std::abs(Cents(FrequencyHz(settled, 44100.0), 8000.0 * 12000.0 / 48000.0)), 0.1);
     EXPECT_NEAR(Rms(settled), 0.18 * 0.5 / std::sqrt(3.0), 0.001);
