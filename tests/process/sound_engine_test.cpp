@@ -51,7 +51,9 @@ Samples Record(JackRecorder& recorder, std::size_t frames) {
     Samples sound;
     int gaps = recorder.Gaps();
     std::size_t from = 0;
+    bool isHeard = false;
     const bool isComplete = recorder.RecordUntil([&](const Samples& all) {
+        isHeard = isHeard || all.back() != 0.0F;
         if (const int now = recorder.Gaps(); std::exchange(gaps, now) != now)
             from = all.size();
         const std::ptrdiff_t first =
@@ -61,7 +63,7 @@ Samples Record(JackRecorder& recorder, std::size_t frames) {
         sound.assign(all.begin() + first, all.begin() + first + static_cast<std::ptrdiff_t>(frames));
         return true;
     });
-    EXPECT_TRUE(isComplete || recorder.Gaps() > 0);
+    EXPECT_TRUE(isComplete || (isHeard && recorder.Gaps() > 0));
     return sound;
 }
 
@@ -154,8 +156,7 @@ TEST_F(SoundEngineOn, AServerThatIsStoppedAndContinuedLosesOnlyTheGap) {
     {
         JackRecorder recorder;
         ASSERT_TRUE(recorder.ListenWhenThereIsSomething());
-        if (Record(recorder, 4800).empty())
-            GTEST_SKIP() << ServerIsStarved;
+        Record(recorder, 4800);
     }
     server_.Kill();
     // More calls than any queue of them would hold, among them all kinds of changes.
