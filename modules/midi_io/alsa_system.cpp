@@ -57,7 +57,7 @@ class AlsaSystem : public MidiSystem {
 
     // RtMidi reports an error itself if the sequencer takes no more messages.
     bool TakesMessage(std::size_t) override { return true; }
-    void LetMessagesLeave() override {}
+    void Settle() override {}
 
   private:
     // Used for searching only; they never have a port.

@@ -8,6 +8,7 @@
 #include <jack/jack.h>
 
 #include "modules/midi_io/midi_system.h"
+#include "modules/midi_io/uncancelled.h"
 
 namespace quavix::midi_io {
 namespace {
@@ -102,12 +103,15 @@ class JackSystem : public MidiSystem {
         return true;
     }
 
-    void LetMessagesLeave() override {
+    /// Waits 4 cycles and 50 ms, because other clients of an asynchronous server may still be in an earlier
+    /// cycle; at most 2 s, and not for a dead server.
+    void Settle() override {
         constexpr auto Step = std::chrono::milliseconds(1);
-        constexpr int MostSteps = 500;
+        constexpr int FewSteps = 50;
+        constexpr int MostSteps = 2000;
+        const std::uint64_t end = cycles_ + CyclesToLeave;
         for (int step = 0; step < MostSteps && alive_; ++step) {
-            ForgetWhatHasLeft();
-            if (underWay_.empty())
+            if (step >= FewSteps && cycles_ >= end && cycles_ >= settlesAt_)
                 return;
             std::this_thread::sleep_for(Step);
         }
@@ -135,7 +139,6 @@ class JackSystem : public MidiSystem {
 
     /// Forgets messages that have left. Returns the current cycle.
     std::uint64_t ForgetWhatHasLeft() {
-        constexpr std::uint64_t CyclesToLeave = 4;
         const std::uint64_t now = cycles_;
         while (!underWay_.empty() && now - underWay_.front().Cycle >= CyclesToLeave) {
             bytesUnderWay_ -= underWay_.front().Bytes;
@@ -154,26 +157,34 @@ class JackSystem : public MidiSystem {
 
     static void ServerEnds(void* system) {
         auto& self = *static_cast<JackSystem*>(system);
-        self.alive_ = false;
-        self.changed_();
+        Uncancelled([&self] {
+            self.alive_ = false;
+            self.changed_();
+        });
     }
 
     static void PortComesOrGoes(jack_port_id_t, int comes, void* system) {
         auto& self = *static_cast<JackSystem*>(system);
         if (comes != 0)
             return;
-        self.settlesAt_ = self.cycles_ + CyclesToSettle;
-        ++self.removals_;
-        self.changed_();
+        Uncancelled([&self] {
+            self.settlesAt_ = self.cycles_ + CyclesToSettle;
+            ++self.removals_;
+            self.changed_();
+        });
     }
 
     static int Cycle(jack_nframes_t, void* system) {
         auto& self = *static_cast<JackSystem*>(system);
-        if (++self.cycles_ == self.settlesAt_)
-            self.changed_();
+        Uncancelled([&self] {
+            if (++self.cycles_ == self.settlesAt_)
+                self.changed_();
+        });
         return 0;
     }
 
+    // After so many cycles of a synchronous server, those that were in progress have ended in all clients.
+    static constexpr std::uint64_t CyclesToLeave = 4;
     // For one or two cycles after a change, the server still shows the old connections.
     static constexpr std::uint64_t CyclesToSettle = 4;
 

@@ -5,6 +5,8 @@
 #include <mutex>
 #include <utility>
 
+#include "modules/midi_io/uncancelled.h"
+
 namespace quavix::midi_io {
 namespace {
 
@@ -17,7 +19,7 @@ void DeliverTo(const std::shared_ptr<Arrivals>& arrivals, RtMidiIn& input) {
     input.ignoreTypes(Ignore, Ignore, Ignore);
     arrivals->StartOver();
     input.setCallback([](double, std::vector<unsigned char>* bytes,
-                         void* user) { static_cast<Arrivals*>(user)->Arrive(*bytes); },
+                         void* user) { Uncancelled([=] { static_cast<Arrivals*>(user)->Arrive(*bytes); }); },
                       arrivals.get());
 }
 
@@ -62,6 +64,11 @@ bool MidiIo::Connect() {
 void MidiIo::Disconnect() {
     output_.Gone |= output_.IsOpen();
     input_.Gone |= input_.IsOpen();
+    // Closing takes time in which the system may die.
+    if (output_.Device)
+        output_.Device->Close();
+    if (input_.Device)
+        input_.Device->Close();
     if (system_ && !system_->IsAlive()) {
         Keep(std::move(output_.Device));
         Keep(std::move(input_.Device));

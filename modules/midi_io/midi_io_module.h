@@ -10,8 +10,8 @@
  * midiio32.ocx: the machine's MIDI devices, through the ALSA sequencer or, if there is none, the JACK server.
  *
  * All calls for one QuavixMidiIo come from one thread. No call waits for a device, but opening and closing
- * may take some milliseconds, and closing up to a second if the JACK server has died. Texts are UTF-8, copied
- * into the caller's buffers and cut to fit. The module throws nothing.
+ * take some cycles of a JACK server, usually 0.1 to 0.2 s, and up to five seconds if it is overloaded. Texts
+ * are UTF-8, copied into the caller's buffers and cut to fit. The module throws nothing.
  */
 #ifdef __cplusplus
 extern "C" {

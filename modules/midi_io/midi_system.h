@@ -38,8 +38,11 @@ class MidiSystem {
     /// Returns true if a message of `size` bytes can be sent without waiting. The caller then has to send it.
     virtual bool TakesMessage(std::size_t size) = 0;
 
-    /// Waits until sent messages have left, because closing the port would lose them.
-    virtual void LetMessagesLeave() = 0;
+    /// Waits, for a limited time, until sent messages have left and callbacks in progress have returned. Call
+    /// it before a port is closed: closing drops messages that have not left, and is unsafe while the system
+    /// tells its clients about removed ports. Call it again before the RtMidi object is destroyed: RtMidi
+    /// frees an output's memory before it ends the thread that uses it.
+    virtual void Settle() = 0;
 };
 
 /// Called from any thread when ports have vanished or the system has died.

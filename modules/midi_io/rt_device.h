@@ -24,6 +24,8 @@ class RtDevice {
     /// `prepare` is called with every new RtMidi object before it is used.
     RtDevice(MidiSystem& system, std::string portName, std::function<void(Rt&)> prepare = {})
         : system_(system), portName_(std::move(portName)), prepare_(std::move(prepare)) {}
+    RtDevice(const RtDevice&) = delete;
+    RtDevice& operator=(const RtDevice&) = delete;
 
     /// Returns the names of all present devices except `own`, the port of the other direction.
     std::vector<std::string> Search(const std::string& own) {
@@ -56,12 +58,17 @@ class RtDevice {
         return QUAVIX_MIDI_IO_REFUSED;
     }
 
-    /// Destroys the RtMidi object too, so that no state of this device reaches the next one. If the system
-    /// has died, the object is left alone.
+    /// Closes the port and destroys the RtMidi object too, so that no state of this device reaches the next
+    /// one. Both wait for MidiSystem::Settle(). If the system has died, the object is left alone. To be
+    /// called before this is destroyed.
     void Close() {
         if (!isOpen_)
             return;
-        system_.LetMessagesLeave();
+        system_.Settle();
+        if (system_.IsAlive()) {
+            rt_->closePort();
+            system_.Settle();
+        }
         if (system_.IsAlive())
             rt_.reset();
         isOpen_ = false;

@@ -26,7 +26,7 @@ enum class MidiSendResult { Sent, Busy, NotOpen, NoMessage };
 /// A MIDI direction: the common part of input and output.
 ///
 /// Thread: the user-interface thread. No call raises an error or runs handlers. Calls return at once, but
-/// opening and closing may take some milliseconds, and closing up to a second if the MIDI system has died.
+/// opening and closing usually take 0.1 to 0.2 s, and up to five seconds if the MIDI system is overloaded.
 class MidiPort {
   public:
     virtual ~MidiPort() = default;

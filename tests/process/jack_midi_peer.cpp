@@ -8,6 +8,7 @@
 #include <jack/midiport.h>
 
 #include "jack_server.h"
+#include "modules/midi_io/uncancelled.h"
 
 namespace quavix {
 
@@ -74,21 +75,25 @@ void JackMidiPeer::Send(std::vector<Event> events) {
 
 int JackMidiPeer::Process(jack_nframes_t frames, void* peer) {
     auto& self = *static_cast<JackMidiPeer*>(peer);
-    const std::lock_guard lock(self.mutex_);
-    if (!self.isConnected_ && jack_port_connected(self.in_) > 0) {
-        self.isConnected_ = true;
-        self.arrived_.notify_all();
-    }
-    self.NoteTime(frames);
-    self.Receive(frames);
-    self.Transmit(frames);
+    midi_io::Uncancelled([&self, frames] {
+        const std::lock_guard lock(self.mutex_);
+        if (!self.isConnected_ && jack_port_connected(self.in_) > 0) {
+            self.isConnected_ = true;
+            self.arrived_.notify_all();
+        }
+        self.NoteTime(frames);
+        self.Receive(frames);
+        self.Transmit(frames);
+    });
     return 0;
 }
 
 int JackMidiPeer::Xrun(void* peer) {
     auto& self = *static_cast<JackMidiPeer*>(peer);
-    const std::lock_guard lock(self.mutex_);
-    ++self.disturbances_;
+    midi_io::Uncancelled([&self] {
+        const std::lock_guard lock(self.mutex_);
+        ++self.disturbances_;
+    });
     return 0;
 }
 

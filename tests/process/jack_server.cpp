@@ -20,6 +20,7 @@
 
 #include <gtest/gtest.h>
 
+#include "modules/midi_io/uncancelled.h"
 #include "platform/common/monotonic.h"
 #include "process/end_of_child.h"
 #include "process/patience.h"
@@ -218,16 +219,20 @@ int JackRecorder::Xrun(void* recorder) {
 
 int JackRecorder::Process(jack_nframes_t frames, void* recorder) {
     auto& self = *static_cast<JackRecorder*>(recorder);
-    const auto* in = static_cast<const float*>(jack_port_get_buffer(self.port_, frames));
-    const jack_nframes_t now = jack_last_frame_time(self.client_);
-    if (now != std::exchange(self.next_, now + frames))
-        self.gaps_.fetch_add(1, std::memory_order_acq_rel);
-    const std::size_t size = self.size_.load(std::memory_order_relaxed);
-    const std::size_t count = std::min<std::size_t>(frames, self.recorded_.size() - size);
-    std::copy_n(in, count, self.recorded_.begin() + static_cast<std::ptrdiff_t>(size));
-    self.size_.store(size + count, std::memory_order_release);
-    sem_post(&self.arrived_);
+    midi_io::Uncancelled([&self, frames] { self.Record(frames); });
     return 0;
+}
+
+void JackRecorder::Record(jack_nframes_t frames) {
+    const auto* in = static_cast<const float*>(jack_port_get_buffer(port_, frames));
+    const jack_nframes_t now = jack_last_frame_time(client_);
+    if (now != std::exchange(next_, now + frames))
+        gaps_.fetch_add(1, std::memory_order_acq_rel);
+    const std::size_t size = size_.load(std::memory_order_relaxed);
+    const std::size_t count = std::min<std::size_t>(frames, recorded_.size() - size);
+    std::copy_n(in, count, recorded_.begin() + static_cast<std::ptrdiff_t>(size));
+    size_.store(size + count, std::memory_order_release);
+    sem_post(&arrived_);
 }
 
 }  // namespace quavix

@@ -73,6 +73,7 @@ class JackRecorder {
   private:
     static int Process(jack_nframes_t frames, void* recorder);
     static int Xrun(void* recorder);
+    void Record(jack_nframes_t frames);
     bool WaitForPeriod();
 
     jack_client_t* client_;
