@@ -9,6 +9,7 @@
 #include <ctime>
 #include <fcntl.h>
 #include <filesystem>
+#include <fstream>
 #include <poll.h>
 #include <stdexcept>
 #include <sys/file.h>
@@ -30,6 +31,20 @@ namespace {
 
 constexpr std::int64_t PatienceNs = test::PatienceMs * NsPerMs;
 constexpr std::size_t MostSamples = 48000 * 20;
+
+/// Returns true if no thread of this process but the calling one runs, is ready to run or waits for memory.
+bool OtherThreadsSleep() {
+    for (const auto& thread : std::filesystem::directory_iterator("/proc/self/task")) {
+        std::ifstream file(thread.path() / "stat");
+        std::string stat;
+        std::getline(file, stat);
+        const std::size_t name = stat.rfind(") ");
+        const bool runs = name != std::string::npos && (stat[name + 2] == 'R' || stat[name + 2] == 'D');
+        if (runs && thread.path().filename() != std::to_string(gettid()))
+            return false;
+    }
+    return true;
+}
 
 }  // namespace
 
@@ -133,9 +148,16 @@ bool JackServer::Answers() const {
 }
 
 // A killed server may leave the database of JACK's properties locked. Every later JACK process of the user
-// then hangs, until the database is deleted.
+// then hangs, until the database is deleted. When this process enters a new server, JACK frees the dead one's
+// clients, even if their threads are still in the last cycle. So Kill() waits until these threads sleep.
 void JackServer::Kill() {
     End(SIGKILL);
+    const std::int64_t until = MonotonicNs() + PatienceNs;
+    while (!OtherThreadsSleep()) {
+        if (MonotonicNs() > until)
+            throw std::runtime_error("a thread runs on after the JACK server was killed");
+        SleepUntil(MonotonicNs() + NsPerMs);
+    }
     std::error_code ignored;
     std::filesystem::remove_all("/dev/shm/jack_db-" + std::to_string(getuid()), ignored);
 }
@@ -213,7 +235,8 @@ bool JackRecorder::RecordUntil(const std::function<bool(const std::vector<float>
 }
 
 int JackRecorder::Xrun(void* recorder) {
-    static_cast<JackRecorder*>(recorder)->gaps_.fetch_add(1, std::memory_order_acq_rel);
+    auto& self = *static_cast<JackRecorder*>(recorder);
+    midi_io::Uncancelled([&self] { self.gaps_.fetch_add(1, std::memory_order_acq_rel); });
     return 0;
 }
 

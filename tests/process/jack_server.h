@@ -25,7 +25,8 @@ class JackServer {
     /// they never can.
     bool Start(int sampleRate = 48000);
 
-    /// Kills the server.
+    /// Kills the server, and waits until the other threads of this process sleep. Throws std::runtime_error
+    /// if they never do.
     void Kill();
 
     /// Suspends the server until it is killed.
