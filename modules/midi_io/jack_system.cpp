@@ -183,7 +183,8 @@ class JackSystem : public MidiSystem {
         return 0;
     }
 
-    // After so many cycles of a synchronous server, those that were in progress have ended in all clients.
+    // After so many cycles a sent message has left, and no client of a synchronous server is in an older
+    // cycle.
     static constexpr std::uint64_t CyclesToLeave = 4;
     // For one or two cycles after a change, the server still shows the old connections.
     static constexpr std::uint64_t CyclesToSettle = 4;
